@@ -1,0 +1,18 @@
+# How every target of the project is compiled and linked.
+
+add_library(driver_feature_compile_options INTERFACE)
+target_include_directories(driver_feature_compile_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(driver_feature_compile_options INTERFACE
+  -Wall -Wextra -Wconversion -Wshadow
+  $<$<CXX_COMPILER_ID:Clang>:-Wstring-conversion>
+  $<$<BOOL:${DRIVER_FEATURE_WERROR}>:-Werror>)
+
+# Floats are compared as they are stored: on 32-bit x86 the x87 registers would
+# keep more digits than the variables.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  target_compile_options(driver_feature_compile_options INTERFACE -msse2 -mfpmath=sse)
+endif()
+
+# Everything a loader resolves is resolved at once and then made read-only.
+target_link_options(driver_feature_compile_options INTERFACE
+  LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack)

@@ -1,0 +1,36 @@
+# The library's sources are compiled once. Unit tests link the objects; hosts
+# and the plug-in tests load the shared library made of them.
+
+add_library(driver_feature_objects OBJECT
+  diagnostics/dump.cc
+  frame/plugin_record.cc
+  frame/state.cc
+  loader/feature_builder.cc
+  loader/group_builder.cc
+  loader/tag_handler.cc
+  model/driver_feature.cc
+  model/driver_feature_dynamic_group.cc
+  model/driver_feature_dynamic_group_records.cc
+  model/driver_feature_option.cc
+  model/driver_feature_options.cc
+  model/driver_feature_set.cc
+  model/driver_feature_static_group.cc
+  model/messages.cc
+  model/text_conversion.cc
+  model/vocabulary.cc
+  output/command_template.cc
+  output/conversion.cc
+  output/group_text.cc
+  output/group_ticket.cc
+  output/serialization.cc
+  output/ticket_attributes.cc
+)
+target_link_libraries(driver_feature_objects PUBLIC
+  driver_feature_compile_options common_api xml_parser)
+
+add_library(DriverFeature SHARED)
+target_link_libraries(DriverFeature PRIVATE driver_feature_objects)
+target_link_options(DriverFeature PRIVATE
+  LINKER:--version-script=${PROJECT_SOURCE_DIR}/driver_feature.map)
+set_target_properties(DriverFeature PROPERTIES
+  LINK_DEPENDS ${PROJECT_SOURCE_DIR}/driver_feature.map)

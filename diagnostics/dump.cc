@@ -1,0 +1,181 @@
+// A readable listing of the whole model, for people.
+
+#include <iostream>
+#include <locale>
+#include <span>
+#include <sstream>
+#include <string>
+
+#include "model/driver_feature.h"
+#include "model/driver_feature_dynamic_group.h"
+#include "model/driver_feature_set.h"
+#include "model/driver_feature_static_group.h"
+#include "model/vocabulary.h"
+
+namespace driver_feature {
+
+namespace {
+
+// A text property and the label that goes before it.
+struct LabelRow {
+  const char* property;
+  const char* label;
+};
+
+constexpr LabelRow kLabels[] = {
+    {"PJLCommand", "\nPJL Command: "},
+    {"PSCommand", "\nPS Command: "},
+    {"TESKJTAttributeName", "\nTESK JT Command: "},
+    {"TESKOAAttributeName", "\nTESK OA Command: "},
+    {"AddPJLCallbackRoutine", "\nPJL Callback: "},
+    {"AddPSCallbackRoutine", "\nPS Callback: "},
+    {"AddVORNCallbackRoutine", "\nVORN Callback: "},
+};
+constexpr std::span<const LabelRow> kCommandLabels = std::span(kLabels).first(4);
+
+constexpr LabelRow kOptionLabels[] = {
+    {"PJLCommand", "\n\t\t\"PJL Command\": \""},
+    {"PSCommand", "\n\t\t\"PS Command\": \""},
+    {"TESKCommand", "\n\t\t\"TESK Command\": \""},
+};
+
+const char* sensitivityWord(bool sensitive) { return sensitive ? "enabled" : "disabled"; }
+
+std::string nameOfObject(CoreFeature& object) {
+  std::string name;
+  object.getFeatureProperty(std::string("Name"), name);
+  return name;
+}
+
+bool readFlag(CoreFeature& object, const char* property) {
+  bool flag = false;
+  object.getFeatureProperty(std::string(property), &flag);
+  return flag;
+}
+
+class Dump {
+ public:
+  explicit Dump(std::ostream& out) : out_(out) {}
+
+  void writeFeature(DriverFeature& feature);
+  void writeGroup(DriverFeatureStaticGroup& group);
+  void writeGroup(DriverFeatureDynamicGroup& group);
+  void endSection() { out_ << '\n'; }
+
+ private:
+  void writeValue(DriverFeature& feature);
+  void writeOption(CoreOption* option);
+  void writeLabelled(CoreFeature& object, std::span<const LabelRow> rows);
+
+  std::ostream& out_;
+  // Of the last feature written.
+  std::string sensitivity_;
+  std::string visibility_;
+};
+
+void Dump::writeLabelled(CoreFeature& object, std::span<const LabelRow> rows) {
+  for (const LabelRow& row : rows) {
+    std::string text;
+    object.getFeatureProperty(std::string(row.property), text);
+    if (!text.empty()) out_ << row.label << text;
+  }
+}
+
+void Dump::writeFeature(DriverFeature& feature) {
+  const int type = feature.getFeatureType();
+  const auto typeIndex = static_cast<std::size_t>(type);
+  sensitivity_ = sensitivityWord(readFlag(feature, "Sensitivity"));
+  visibility_ = readFlag(feature, "Visibility") ? "visible" : "invisible";
+  out_ << "\n\"" << nameOfObject(feature) << "\" ("
+       << (typeIndex < kFeatureTypeNames.size() ? kFeatureTypeNames[typeIndex] : "") << '/'
+       << sensitivity_ << '/' << visibility_ << ')';
+  if (type == kUIOnly) return;
+  writeValue(feature);
+  out_ << " (" << (readFlag(feature, "FeatureInGroup") ? "in a group" : "not in a group") << ')';
+  writeLabelled(feature, kLabels);
+  if (type != kMultiSelect) return;
+  for (int i = 0; i < feature.getFeatureOptionCount(); ++i) {
+    writeOption(feature.fetchOptionByIndex(i));
+  }
+}
+
+void Dump::writeValue(DriverFeature& feature) {
+  int valueType = kNoValue;
+  feature.getFeatureProperty(std::string("FeatureValueType"), &valueType);
+  out_ << kValueTypeNames[static_cast<std::size_t>(valueType)] << ':';
+  if (valueType == kTextValue) {
+    std::string value;
+    feature.getFeatureProperty(std::string("CurrentTextValue"), value);
+    out_ << value;
+  } else if (valueType == kFloatValue) {
+    float value = 0;
+    feature.getFeatureProperty(std::string("CurrentFloatValue"), &value);
+    out_ << value;
+  } else if (valueType == kIntValue) {
+    int value = 0;
+    feature.getFeatureProperty(std::string("CurrentIntValue"), &value);
+    out_ << value;
+  }
+}
+
+void Dump::writeOption(CoreOption* option) {
+  if (option == nullptr) {
+    out_ << "\n\nError: NULL option pointer\n\n";
+    return;
+  }
+  std::string name;
+  option->getOptionProperty(std::string("Name"), name);
+  bool sensitive = false;
+  option->getOptionProperty(std::string("Sensitivity"), &sensitive);
+  out_ << "\n\t\"" << name << "\" (" << sensitivityWord(sensitive) << ')';
+  for (const LabelRow& row : kOptionLabels) {
+    std::string text;
+    if (!option->getOptionProperty(std::string(row.property), text)) continue;
+    out_ << row.label << text << '"';
+  }
+}
+
+void Dump::writeGroup(DriverFeatureStaticGroup& group) {
+  const bool standard = group.getFeatureType() == kStaticGroup;
+  const int count = group.fetchNumberOfFeaturesInGroup();
+  out_ << "\nStatic Feature Group:" << nameOfObject(group) << ':'
+       << (standard ? "Static Group" : "Dynamic Group Template") << " Contains " << count
+       << " Features";
+  writeLabelled(group, kLabels);
+  for (int i = 0; i < count; ++i) {
+    CoreFeature* member = group.fetchFeatureInGroupByIndex(static_cast<unsigned>(i));
+    if (member != nullptr) out_ << "\n\t" << nameOfObject(*member);
+  }
+}
+
+void Dump::writeGroup(DriverFeatureDynamicGroup& group) {
+  // Required: the words are the last feature's, whatever the group's own state.
+  out_ << "Dynamic Feature Group:" << nameOfObject(group) << ':'
+       << group.fetchNumberOfDynamicEntries() << '(' << sensitivity_ << ", " << visibility_
+       << ")\n";
+  writeLabelled(group, kCommandLabels);
+}
+
+}  // namespace
+
+}  // namespace driver_feature
+
+void DriverFeatureSet::dumpFeatureListValues() {
+  // Numbers look the same in every locale of the host.
+  std::ostringstream text;
+  text.imbue(std::locale::classic());
+  driver_feature::Dump dump(text);
+  for (int i = 0; i < fetchNumberOfFeatures(); ++i) {
+    if (DriverFeature* feature = fetchFeatureByIndex(i)) dump.writeFeature(*feature);
+  }
+  dump.endSection();
+  for (int i = 0; i < fetchNumberOfStaticGroups(); ++i) {
+    if (DriverFeatureStaticGroup* group = fetchStaticGroupByIndex(i)) dump.writeGroup(*group);
+  }
+  dump.endSection();
+  for (int i = 0; i < fetchNumberOfDynamicGroups(); ++i) {
+    if (DriverFeatureDynamicGroup* group = fetchDynamicGroupByIndex(i)) dump.writeGroup(*group);
+  }
+  dump.endSection();
+  std::cout << text.view() << std::flush;
+}

@@ -1,0 +1,47 @@
+// What libDriverFeature.so exports. A host finds these names with dlsym; it
+// may also link to them.
+//
+// None of them may be called from two threads at once.
+#ifndef FRAME_EXPORTS_H_
+#define FRAME_EXPORTS_H_
+
+#include <string>
+
+class AttributeMap;
+
+#define DRIVER_FEATURE_EXPORT __attribute__((visibility("default")))
+
+extern "C" {
+
+// The plug-in record. Each is a pointer to a constant, terminated text.
+extern DRIVER_FEATURE_EXPORT const char* const _KirvoSOVersion;
+extern DRIVER_FEATURE_EXPORT const char* const _KirvoSODisplayName;
+// The name, not the address, of the routine that takes the
+// feature-description element.
+extern DRIVER_FEATURE_EXPORT const char* const _KirvoNDTagHandlerFunction;
+
+// Builds the model from the feature-description element. Answers 1; a
+// description that cannot be built ends the process with status 1.
+DRIVER_FEATURE_EXPORT int FeatureXMLTagHandler(void* element);
+
+// The master set, a CoreFeatureSet*, made on the first call and never freed.
+DRIVER_FEATURE_EXPORT void* GetMasterFeatureList();
+
+// To be called once the description is loaded: from then on the features' own
+// change routines run.
+DRIVER_FEATURE_EXPORT void SetFeatureCreationCompleteFlag();
+
+// Hand a ticket element to the description's custom load routine, with mode 1
+// (installable options) and 0 (job ticket). Values that it sets notify
+// nobody; after a job ticket the update callback runs once. Always 1.
+DRIVER_FEATURE_EXPORT int InstOptVORNTagHandler(void* element);
+DRIVER_FEATURE_EXPORT int JobTicketVORNTagHandler(void* element);
+
+}  // extern "C"
+
+// Registers the routine that is called after a value changed, in place of the
+// earlier one. Its result is ignored. Null is stored as given and is not
+// called.
+DRIVER_FEATURE_EXPORT void setDriverFeatureUpdateCallback(bool (*callback)());
+
+#endif  // FRAME_EXPORTS_H_

@@ -1,0 +1,108 @@
+#include "host/description_index.h"
+
+#include <array>
+#include <charconv>
+
+#include "AttributeMap.h"
+#include "XMLDocument.h"
+#include "XMLParser.h"
+
+namespace driver_feature {
+
+namespace {
+
+std::string textOf(const AttributeMap& attributes, const std::string& name) {
+  std::string text;
+  attributes.loadMapVariable(name, text, nullptr);
+  return text;
+}
+
+std::optional<int> intOf(const AttributeMap& attributes, const std::string& name) {
+  int number = 0;
+  if (!attributes.loadMapVariable(name, number, nullptr)) return std::nullopt;
+  return number;
+}
+
+std::optional<float> floatOf(const AttributeMap& attributes, const std::string& name) {
+  double number = 0;
+  if (!attributes.loadMapVariable(name, number, nullptr)) return std::nullopt;
+  return static_cast<float>(number);
+}
+
+template <class Number>
+std::string composeRange(const std::optional<Number>& lowest,
+                         const std::optional<Number>& highest, std::string (*spell)(Number)) {
+  if (lowest && highest) return "from " + spell(*lowest) + " to " + spell(*highest);
+  if (lowest) return "at least " + spell(*lowest);
+  if (highest) return "at most " + spell(*highest);
+  return "";
+}
+
+}  // namespace
+
+DescriptionIndex::DescriptionIndex(void* description) { addChildren(description); }
+
+const FeatureLimits& DescriptionIndex::limitsOf(const std::string& featureName) const {
+  static const FeatureLimits kNone;
+  const auto found = features_.find(featureName);
+  return found != features_.end() ? found->second : kNone;
+}
+
+GroupKind DescriptionIndex::groupNamed(const std::string& name) const {
+  if (staticGroups_.contains(name)) return GroupKind::kStatic;
+  return dynamicGroups_.contains(name) ? GroupKind::kDynamic : GroupKind::kNone;
+}
+
+void DescriptionIndex::addChildren(void* element) {
+  for (void* child = pParserInstance->firstChild(element); child != nullptr;
+       child = pParserInstance->nextSibling(child)) {
+    std::string tag;
+    pParserInstance->tagName(child, tag);
+    AttributeMap attributes;
+    pParserInstance->attributes(child, attributes);
+    if (tag == "Feature") {
+      addFeature(child, attributes);
+    } else if (tag == "FeatureStaticGroup") {
+      staticGroups_.insert(textOf(attributes, "Name"));
+      addChildren(child);
+    } else if (tag == "FeatureDynamicGroup") {
+      dynamicGroups_.insert(textOf(attributes, "Name"));
+      addChildren(child);
+    }
+  }
+}
+
+void DescriptionIndex::addFeature(void* element, const AttributeMap& attributes) {
+  FeatureLimits limits;
+  limits.line = XMLDocument::lineOf(element);
+  // The library reads each limit for one type of feature only.
+  const std::string type = textOf(attributes, "FeatureType");
+  if (type == "IntEntry") {
+    limits.intMin = intOf(attributes, "IntMinValue");
+    limits.intMax = intOf(attributes, "IntMaxValue");
+  } else if (type == "FloatEntry") {
+    limits.floatMin = floatOf(attributes, "FloatMinValue");
+    limits.floatMax = floatOf(attributes, "FloatMaxValue");
+  } else if (type == "TextEntry") {
+    const auto length = intOf(attributes, "MaxTextLength");
+    if (length && *length > 0) limits.maxTextLength = length;
+    limits.allowedCharacters = textOf(attributes, "TextValidationCharSet");
+  }
+  features_[textOf(attributes, "Name")] = limits;
+}
+
+std::string rangeText(const std::optional<int>& lowest, const std::optional<int>& highest) {
+  return composeRange<int>(lowest, highest, [](int number) { return std::to_string(number); });
+}
+
+std::string rangeText(const std::optional<float>& lowest, const std::optional<float>& highest) {
+  return composeRange<float>(lowest, highest, &numberText);
+}
+
+std::string numberText(float number) {
+  std::array<char, 64> buffer{};
+  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
+  return {buffer.data(), result.ptr};
+}
+
+}  // namespace driver_feature

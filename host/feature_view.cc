@@ -1,0 +1,106 @@
+#include "host/feature_view.h"
+
+#include <array>
+
+namespace driver_feature {
+
+namespace {
+
+// The set hands out features as pointers to a class that a host does not see.
+// Its first and only base is the interface, so the address is the same.
+IntermediateCoreFeature* interfaceOf(DriverFeature* feature) {
+  return reinterpret_cast<IntermediateCoreFeature*>(feature);
+}
+
+}  // namespace
+
+FeatureType FeatureView::type() const {
+  return static_cast<FeatureType>(feature_->getFeatureType());
+}
+
+std::string FeatureView::typeName() const {
+  constexpr std::array<const char*, 6> kNames = {"UIOnly",    "MultiSelect", "IntEntry",
+                                                 "TextEntry", "FloatEntry",  "MVCList"};
+  const int code = feature_->getFeatureType();
+  if (code < 0 || code >= static_cast<int>(kNames.size())) return "type " + std::to_string(code);
+  return kNames[static_cast<std::size_t>(code)];
+}
+
+bool FeatureView::hasValue() const {
+  switch (type()) {
+    case FeatureType::kMultiSelect:
+    case FeatureType::kIntEntry:
+    case FeatureType::kTextEntry:
+    case FeatureType::kFloatEntry:
+      return true;
+    default:
+      return false;
+  }
+}
+
+int FeatureView::currentInt() const {
+  int value = 0;
+  feature_->getFeatureProperty(std::string("CurrentIntValue"), &value);
+  return value;
+}
+
+float FeatureView::currentFloat() const {
+  float value = 0;
+  feature_->getFeatureProperty(std::string("CurrentFloatValue"), &value);
+  return value;
+}
+
+std::string FeatureView::currentText() const {
+  std::string value;
+  feature_->getFeatureProperty(std::string("CurrentTextValue"), value);
+  return value;
+}
+
+std::optional<std::string> FeatureView::currentChoice() const {
+  // A routine may have stored any position; the library logs those outside.
+  const int position = currentInt();
+  if (position < 0 || position >= feature_->fetchNumberOfOptions()) return std::nullopt;
+  return choiceAt(position).name;
+}
+
+std::vector<Choice> FeatureView::choices() const {
+  std::vector<Choice> choices;
+  const int count = feature_->fetchNumberOfOptions();
+  for (int position = 0; position < count; ++position) choices.push_back(choiceAt(position));
+  return choices;
+}
+
+bool FeatureView::setValue(const std::string& text) const {
+  return feature_->setFeatureProperty(std::string("ValueString"), text);
+}
+
+bool FeatureView::flag(const std::string& property) const {
+  bool value = true;
+  feature_->getFeatureProperty(property, &value);
+  return value;
+}
+
+Choice FeatureView::choiceAt(int position) const {
+  Choice choice;
+  CoreOption* option = feature_->fetchOptionByIndex(position);
+  if (option == nullptr) return choice;
+  option->getOptionProperty(std::string("Name"), choice.name);
+  option->getOptionProperty(std::string("Sensitivity"), &choice.available);
+  option->getOptionProperty(std::string("Visibility"), &choice.visible);
+  return choice;
+}
+
+FeatureMap featuresOf(CoreFeatureSet& set) {
+  FeatureMap features;
+  const int count = set.fetchNumberOfFeatures();
+  for (int index = 0; index < count; ++index) {
+    IntermediateCoreFeature* feature = interfaceOf(set.fetchFeatureByIndex(index));
+    if (feature == nullptr) continue;
+    std::string name;
+    feature->getFeatureProperty(std::string("Name"), name);
+    features.emplace(name, FeatureView(*feature));
+  }
+  return features;
+}
+
+}  // namespace driver_feature

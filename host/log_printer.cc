@@ -1,0 +1,72 @@
+#include "host/log_printer.h"
+
+#include <string>
+
+#include "Log.h"
+
+#include "host/console.h"
+
+namespace driver_feature {
+
+namespace {
+
+// Nothing is wrong with a description that has no load routine.
+constexpr std::string_view kNoLoadRoutine =
+    "FeatureXMLTagHandler() - No Custom Load VORN Callback Handler element";
+
+const char* wordOf(int level) {
+  switch (level) {
+    case 1:
+      return "error";
+    case 2:
+      return "misuse";
+    case 3:
+      return "warning";
+    default:
+      return "info";
+  }
+}
+
+// The tag handler writes the reason for which it ends the process to standard
+// error, too. Of its level 1 lines only the one about the load routine is no
+// such reason.
+bool isWrittenByLibrary(int level, std::string_view text) {
+  return level == 1 && text.starts_with("FeatureXMLTagHandler() - ") &&
+         text != "FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer";
+}
+
+}  // namespace
+
+LogPrinter::LogPrinter(LogDetail detail) : detail_(detail) {
+  SetLogHandler(&LogPrinter::handle, this);
+}
+
+LogPrinter::~LogPrinter() { SetLogHandler(nullptr, nullptr); }
+
+void LogPrinter::handle(int level, const char* /*category*/, const char* text, std::size_t length,
+                        void* context) {
+  const std::string_view line(text, length);
+  if (!static_cast<const LogPrinter*>(context)->isShown(level, line)) return;
+  complain(std::string(wordOf(level)) + ": " + std::string(line));
+}
+
+bool LogPrinter::isShown(int level, std::string_view text) const {
+  if (isWrittenByLibrary(level, text)) return false;
+  switch (detail_) {
+    case LogDetail::kErrors:
+      return level <= 1;
+    case LogDetail::kUsual:
+      return level <= 2 && text != kNoLoadRoutine;
+    case LogDetail::kAll:
+      return true;
+  }
+  return true;
+}
+
+LogSilence::LogSilence() {
+  SetLogHandler([](int, const char*, const char*, std::size_t, void*) {}, nullptr);
+}
+
+LogSilence::~LogSilence() { SetLogHandler(nullptr, nullptr); }
+
+}  // namespace driver_feature

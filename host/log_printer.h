@@ -1,0 +1,48 @@
+// Shows the library's log lines on standard error.
+#ifndef HOST_LOG_PRINTER_H_
+#define HOST_LOG_PRINTER_H_
+
+#include <cstddef>
+#include <string_view>
+
+namespace driver_feature {
+
+enum class LogDetail {
+  kErrors,  // Level 1.
+  kUsual,   // Levels 1 and 2, without the notice that an optional setting is absent.
+  kAll,     // Every line.
+};
+
+// While it lives, the platform's log goes through it: every line that the
+// detail asks for comes out as "driver-feature: error: TEXT", with "misuse",
+// "warning" or "info" for levels 2 to 4. A line that the library itself
+// writes to standard error before it ends the process is left to it.
+//
+// One at a time; afterwards the platform's own handler is back.
+class LogPrinter {
+ public:
+  explicit LogPrinter(LogDetail detail);
+  ~LogPrinter();
+  LogPrinter(const LogPrinter&) = delete;
+  LogPrinter& operator=(const LogPrinter&) = delete;
+
+ private:
+  static void handle(int level, const char* category, const char* text, std::size_t length,
+                     void* context);
+  bool isShown(int level, std::string_view text) const;
+
+  LogDetail detail_;
+};
+
+// While it lives, log lines are dropped.
+class LogSilence {
+ public:
+  LogSilence();
+  ~LogSilence();
+  LogSilence(const LogSilence&) = delete;
+  LogSilence& operator=(const LogSilence&) = delete;
+};
+
+}  // namespace driver_feature
+
+#endif  // HOST_LOG_PRINTER_H_

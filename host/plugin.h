@@ -1,0 +1,68 @@
+// The feature library, loaded as a plug-in: through its exported record, and
+// without linking to it.
+#ifndef HOST_PLUGIN_H_
+#define HOST_PLUGIN_H_
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class CoreFeatureSet;
+
+namespace driver_feature {
+
+class Plugin {
+ public:
+  // Loads the library from `path` or, when that is empty, from the first of
+  // these places that has it: the library folders beside the program's
+  // folder, the program's folder, and wherever the system's loader looks.
+  // Null when there is none or when it is not such a plug-in; `problem` then
+  // says why. The library stays loaded until the process ends.
+  static std::unique_ptr<Plugin> load(const std::string& path, std::string& problem);
+
+  const std::string& path() const { return path_; }  // As handed to the loader.
+  const char* version() const { return version_; }
+  const char* displayName() const { return displayName_; }
+
+  // Hands over the feature-description element. Answers what the library's
+  // handler answers, 1 for success; a description that the library cannot
+  // build ends the process with status 1 from inside.
+  int handOver(void* description) const { return handler_(description); }
+
+  // Tells the library that the description is loaded.
+  void completeCreation() const { completeCreation_(); }
+
+  // Registers the routine that the library calls after a change.
+  void setUpdateCallback(bool (*callback)()) const { setUpdateCallback_(callback); }
+
+  // The features. The set lives as long as the process.
+  CoreFeatureSet& features() const;
+
+  // The address of an exported routine or record, or null.
+  void* find(const std::string& symbol) const;
+
+ private:
+  Plugin(void* library, const std::string& path) : library_(library), path_(path) {}
+  bool bind(std::string& problem);
+  bool bindRecord(std::string& problem);
+  template <class Pointer>
+  bool bindSymbol(const std::string& symbol, Pointer& pointer, std::string& problem) const;
+
+  void* library_;
+  std::string path_;
+  const char* version_ = nullptr;
+  const char* displayName_ = nullptr;
+  int (*handler_)(void*) = nullptr;
+  void* (*getFeatures_)() = nullptr;
+  void (*completeCreation_)() = nullptr;
+  void (*setUpdateCallback_)(bool (*)()) = nullptr;
+};
+
+// Loads a library of routines that a description names, so that they are
+// found by their names. False when it cannot be loaded; `problem` then says
+// why. The library stays loaded until the process ends.
+bool loadRoutines(const std::string& path, std::string& problem);
+
+}  // namespace driver_feature
+
+#endif  // HOST_PLUGIN_H_

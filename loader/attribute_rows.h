@@ -1,0 +1,86 @@
+// The attributes of a description's elements, as data: one row per attribute,
+// in the order in which they are read.
+#ifndef LOADER_ATTRIBUTE_ROWS_H_
+#define LOADER_ATTRIBUTE_ROWS_H_
+
+#include <span>
+#include <string>
+
+#include "model/driver_feature.h"
+#include "model/driver_feature_option.h"
+
+#include "AttributeMap.h"
+
+namespace driver_feature {
+
+enum class AttributeKind : unsigned char { kText, kBool, kInt, kFloat };
+
+// An attribute sets the property of its own name unless it names others, in
+// the order of setting.
+struct AttributeRow {
+  AttributeKind kind;
+  const char* attribute;
+  const char* property = nullptr;
+  const char* secondProperty = nullptr;
+};
+
+// Sets a property of a feature in silence. Required: flags are reported to the
+// host's update callback all the same.
+template <class Value>
+void assign(DriverFeature& feature, const std::string& property, const Value& value) {
+  if constexpr (std::is_same_v<Value, bool>) {
+    feature.setFeatureProperty(property, value);
+  } else {
+    feature.setFeaturePropertyWithConstraintControl(property, value, true);
+  }
+}
+
+template <class Value>
+void assign(DriverFeatureOption& option, const std::string& property, const Value& value) {
+  option.setOptionProperty(property, value);
+}
+
+// Groups have no silent setter for texts, and need none.
+template <class Value>
+void assign(CoreFeature& group, const std::string& property, const Value& value) {
+  group.setFeatureProperty(property, value);
+}
+
+// Reads an attribute as a Value; false when it is absent or does not convert
+// (the platform logs that).
+template <class Value>
+bool readAttribute(const AttributeMap& attributes, const std::string& name, Value& value) {
+  return attributes.loadMapVariable(name, value, static_cast<const Value*>(nullptr));
+}
+
+template <class Read, class Store, class Object>
+void applyAttribute(const AttributeRow& row, const AttributeMap& attributes, Object& object) {
+  Read value{};
+  if (!readAttribute(attributes, row.attribute, value)) return;
+  const auto stored = static_cast<Store>(value);
+  assign(object, row.property != nullptr ? row.property : row.attribute, stored);
+  if (row.secondProperty != nullptr) assign(object, row.secondProperty, stored);
+}
+
+// Sets the properties of the attributes that are present.
+template <class Object>
+void applyAttributes(std::span<const AttributeRow> rows, const AttributeMap& attributes,
+                     Object& object) {
+  for (const AttributeRow& row : rows) {
+    if (row.kind == AttributeKind::kText) {
+      applyAttribute<std::string, std::string>(row, attributes, object);
+    } else if (row.kind == AttributeKind::kBool) {
+      applyAttribute<bool, bool>(row, attributes, object);
+    } else if constexpr (std::is_same_v<Object, DriverFeature>) {
+      if (row.kind == AttributeKind::kInt) {
+        applyAttribute<int, int>(row, attributes, object);
+      } else {
+        applyAttribute<double, float>(row, attributes, object);
+      }
+    }
+  }
+}
+
+}  // namespace driver_feature
+
+#endif  // LOADER_ATTRIBUTE_ROWS_H_

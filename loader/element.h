@@ -1,0 +1,47 @@
+// A look at one element of the description through the host's parser.
+#ifndef LOADER_ELEMENT_H_
+#define LOADER_ELEMENT_H_
+
+#include <string>
+
+#include "AttributeMap.h"
+#include "XMLParser.h"
+
+namespace driver_feature {
+
+// Walks the children of an element in document order:
+//
+//   for (ChildElements child(element); child.handle() != nullptr; child.next()) ...
+//
+// The tag and the attributes are those of the current child alone.
+class ChildElements {
+ public:
+  explicit ChildElements(void* element) : handle_(pParserInstance->firstChild(element)) { read(); }
+
+  void* handle() const { return handle_; }
+  const std::string& tag() const { return tag_; }
+  AttributeMap& attributes() { return attributes_; }
+
+  // Past the last child there is nothing, and going on changes nothing.
+  void next() {
+    if (handle_ == nullptr) return;
+    handle_ = pParserInstance->nextSibling(handle_);
+    attributes_.clear();
+    read();
+  }
+
+ private:
+  void read() {
+    if (handle_ == nullptr) return;
+    pParserInstance->tagName(handle_, tag_);
+    pParserInstance->attributes(handle_, attributes_);
+  }
+
+  void* handle_;
+  std::string tag_;
+  AttributeMap attributes_;
+};
+
+}  // namespace driver_feature
+
+#endif  // LOADER_ELEMENT_H_

@@ -1,0 +1,26 @@
+// Builds features and their options from the description.
+#ifndef LOADER_FEATURE_BUILDER_H_
+#define LOADER_FEATURE_BUILDER_H_
+
+class AttributeMap;
+class DriverFeature;
+class DriverFeatureOption;
+
+namespace driver_feature {
+
+// A new option from the attributes of its element; null, after a level 1
+// line, when it has no name.
+DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes);
+
+// A new feature from a "Feature" element and its attributes, filed in the
+// master set under its name. Null, after a level 1 line, when the feature
+// cannot be built; what has been made by then is neither filed nor freed,
+// because the process is about to end.
+//
+// Each "Sensitivity" and "Visibility", and "Encrypted" on a text feature,
+// calls the host's update callback.
+DriverFeature* CreateFeature(void* element, const AttributeMap& attributes);
+
+}  // namespace driver_feature
+
+#endif  // LOADER_FEATURE_BUILDER_H_

@@ -1,0 +1,108 @@
+// The entry point that builds the whole model from a feature description.
+
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+#include <new>
+#include <string>
+
+#include "frame/exports.h"
+#include "frame/state.h"
+#include "loader/attribute_rows.h"
+#include "loader/element.h"
+#include "loader/feature_builder.h"
+#include "loader/group_builder.h"
+#include "model/messages.h"
+
+#include "Symbols.h"
+
+// Of libxml2; the host's ticket library brings it along.
+extern "C" int isolat1ToUTF8(unsigned char* out, int* outlen, const unsigned char* in, int* inlen);
+
+namespace driver_feature {
+
+namespace {
+
+[[noreturn]] void endProcess(const std::string& text) {
+  std::cerr << text << std::endl;
+  std::exit(1);
+}
+
+void requireBuilt(const void* object) {
+  // Its builder has logged why.
+  if (object == nullptr) endProcess("Feature Tag fatal error");
+}
+
+void registerUpdateCallback(const AttributeMap& attributes) {
+  std::string name;
+  if (!readAttribute(attributes, "DefaultCallbackHandler", name)) {
+    constexpr const char* kText = "FeatureXMLTagHandler() - No Default Callback Handler element";
+    logFixed(Level::kError, kText);
+    endProcess(kText);
+  }
+  void* routine = FetchSymbol(name.c_str());
+  if (routine == nullptr) {
+    constexpr const char* kText = "FeatureXMLTagHandler() - Null Default Callback Handler pointer";
+    logFixed(Level::kError, kText);
+    endProcess(kText);
+  }
+  setDriverFeatureUpdateCallback(reinterpret_cast<UpdateCallback>(routine));
+}
+
+void registerLoadCallback(const AttributeMap& attributes) {
+  std::string name;
+  if (!readAttribute(attributes, "LoadVORNCallbackHandler", name)) {
+    logFixed(Level::kMisuse,
+             "FeatureXMLTagHandler() - No Custom Load VORN Callback Handler element");
+    return;
+  }
+  void* routine = FetchSymbol(name.c_str());
+  libraryState().loadCallback = reinterpret_cast<LoadCallback>(routine);
+  if (routine == nullptr) {
+    logFixed(Level::kError,
+             "FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer");
+  }
+}
+
+void buildChild(ChildElements& child) {
+  const std::string& tag = child.tag();
+  if (tag == "Feature") {
+    requireBuilt(CreateFeature(child.handle(), child.attributes()));
+  } else if (tag == "FeatureStaticGroup") {
+    requireBuilt(CreateStaticFeatureGroup(child.handle(), child.attributes()));
+  } else if (tag == "FeatureDynamicGroup") {
+    requireBuilt(CreateDynamicFeatureGroup(child.handle(), child.attributes()));
+  } else if (tag == "BaseFeatureInfo") {
+    registerUpdateCallback(child.attributes());
+    registerLoadCallback(child.attributes());
+  } else {
+    const std::string text = "FeatureXMLTagHandler() - Invalid element tag \"" + tag + "\".";
+    logComposed(Level::kError, "FeatureXMLTagHandler() - Invalid element tag \"{}\".", tag);
+    endProcess(text);
+  }
+}
+
+// Required: the handler converts its log category and keeps the result for as
+// long as the process lives. Nothing reads it.
+void convertLogCategory() {
+  int inputLength = static_cast<int>(std::strlen(kLogCategory));
+  int outputLength = 2 * inputLength + 1;
+  auto* converted = new unsigned char[static_cast<std::size_t>(outputLength)];
+  isolat1ToUTF8(converted, &outputLength, reinterpret_cast<const unsigned char*>(kLogCategory),
+                &inputLength);
+}
+
+}  // namespace
+
+}  // namespace driver_feature
+
+int FeatureXMLTagHandler(void* element) try {
+  GetMasterFeatureList();
+  driver_feature::convertLogCategory();
+  for (driver_feature::ChildElements child(element); child.handle() != nullptr; child.next()) {
+    driver_feature::buildChild(child);
+  }
+  return 1;
+} catch (...) {
+  return 0;
+}

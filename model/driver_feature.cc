@@ -1,0 +1,301 @@
+#include "model/driver_feature.h"
+
+#include <string_view>
+
+#include "frame/state.h"
+#include "model/constraint_set.h"
+#include "model/driver_feature_option.h"
+#include "model/driver_feature_properties.h"
+#include "model/messages.h"
+#include "model/text_conversion.h"
+
+#include "Symbols.h"
+
+using driver_feature::Access;
+using driver_feature::Level;
+using driver_feature::logComposed;
+using driver_feature::logFixed;
+using driver_feature::memberOf;
+using driver_feature::Messages;
+using driver_feature::Needs;
+using driver_feature::Rule;
+
+namespace {
+
+// A value as a type-mismatch line shows it. Required: only a text is shown as
+// text; a number is one character that holds its low eight bits.
+const std::string& shownValue(const std::string& value) { return value; }
+
+std::string shownValue(int value) { return std::string(1, static_cast<char>(value & 0xFF)); }
+
+std::string shownValue(bool value) { return shownValue(value ? 1 : 0); }
+
+std::string shownValue(float value) {
+  constexpr float kLimit = 2147483648.0F;
+  const bool fits = value >= -kLimit && value < kLimit;  // False for NaN, too.
+  return shownValue(fits ? static_cast<int>(value) : 0);
+}
+
+std::string_view wordFor(Needs needs) {
+  if (needs == Needs::kInt) return "int";
+  return needs == Needs::kText ? "text" : "float";
+}
+
+}  // namespace
+
+DriverFeature::DriverFeature(DriverFeature* source) {
+  source->getFeatureProperty(std::string("Name"), name_);
+  source->getFeatureProperty(std::string("FeatureType"), &type_);
+  source->getFeatureProperty(std::string("FeatureValueType"), &valueType_);
+  source->getFeatureProperty(std::string("CurrentIntValue"), &currentInt_);
+  source->getFeatureProperty(std::string("CurrentTextValue"), currentText_);
+  source->getFeatureProperty(std::string("CurrentFloatValue"), &currentFloat_);
+  if (isMultiSelect()) copyOptionNames(*source);
+}
+
+void DriverFeature::copyOptionNames(DriverFeature& source) {
+  for (int i = 0; i < source.getFeatureOptionCount(); ++i) {
+    CoreOption* option = source.fetchOptionByIndex(i);
+    std::string name;
+    if (option == nullptr || !option->getOptionProperty(std::string("Name"), name)) {
+      logFixed(Level::kInformation,
+               "DriverFeature(DriverFeature*) - Cannot get MultiSelect feature option name");
+      return;
+    }
+    options_[i] = new DriverFeatureOption(name);
+  }
+}
+
+template <class Value>
+bool DriverFeature::store(const std::string& name, const Value& value, bool suppressUpdate) {
+  const Row* row = Properties::kTable.find<Value>(name, Access::kSet);
+  if (row == nullptr) {
+    logComposed(Level::kWarning, Messages<Value>::kSetUnrecognized, name, name_);
+    return false;
+  }
+  // Required: a value of the wrong type is reported and answers true.
+  if (row->needs != Needs::kAny && static_cast<int>(row->needs) != valueType_) {
+    logComposed(Level::kWarning, Messages<Value>::kWrongType, name, name_, shownValue(value),
+                wordFor(row->needs));
+    return true;
+  }
+  return storeByRule(*row, value, suppressUpdate);
+}
+
+template <class Value>
+bool DriverFeature::storeByRule(const Row& row, const Value& value, bool suppressUpdate) {
+  auto& member = memberOf<Value>(*this, row);
+  if (row.rule == Rule::kChange) return storeChanged(member, value, suppressUpdate);
+  if constexpr (std::is_same_v<Value, std::string>) {
+    if (row.rule == Rule::kRoutine) return storeChangeRoutine(value);
+    if (row.rule == Rule::kValueString) return storeValueString(value, suppressUpdate);
+  }
+  if constexpr (std::is_same_v<Value, int>) {
+    if (row.rule == Rule::kFeatureType) return storeFeatureType(value);
+    if (row.rule == Rule::kValueType) return storeValueType(value);
+  }
+  member = value;
+  if (row.rule == Rule::kFlag) driver_feature::notifyUpdate(suppressUpdate);
+  return true;
+}
+
+template <class Value>
+bool DriverFeature::storeChanged(Value& current, const Value& value, bool suppressUpdate) {
+  if (current == value) return true;
+  current = value;
+  notifyChange(suppressUpdate);
+  return true;
+}
+
+void DriverFeature::notifyChange(bool suppressUpdate) {
+  if (changeRoutine_ != nullptr && driver_feature::libraryState().creationComplete) {
+    changeRoutine_();
+  }
+  driver_feature::notifyUpdate(suppressUpdate);
+}
+
+bool DriverFeature::storeFeatureType(int value) {
+  if (value < 0 || value > driver_feature::kHighestFeatureType) {
+    return refuseValue(driver_feature::Property::kFeatureType, value);
+  }
+  type_ = value;
+  if (const auto valueType = driver_feature::valueTypeOf(value)) valueType_ = *valueType;
+  return true;
+}
+
+bool DriverFeature::storeValueType(int value) {
+  if (value < 0 || value > driver_feature::kHighestValueType) {
+    return refuseValue(driver_feature::Property::kFeatureValueType, value);
+  }
+  valueType_ = value;
+  return true;
+}
+
+bool DriverFeature::refuseValue(driver_feature::Property property, int value) {
+  logComposed(Level::kWarning,
+              "DriverFeature::setFeatureProperty(int) - Invalid feature property value \"{}\" for "
+              "feature property \"{}\" for feature \"{}.",
+              driver_feature::toDecimalText(value), driver_feature::nameOf(property), name_);
+  return false;
+}
+
+bool DriverFeature::storeChangeRoutine(const std::string& routineName) {
+  callbackRoutine_ = routineName;
+  changeRoutine_ = reinterpret_cast<void (*)()>(FetchSymbol(routineName.c_str()));
+  if (changeRoutine_ == nullptr) {
+    logComposed(Level::kMisuse,
+                "DriverFeature::setFeatureProperty(string):  Failed to load custom feature "
+                "callback:  {}",
+                routineName);
+  }
+  return true;
+}
+
+bool DriverFeature::storeValueString(const std::string& text, bool suppressUpdate) {
+  switch (valueType_) {
+    case driver_feature::kTextValue:
+      return storeChanged(currentText_, text, suppressUpdate);
+    case driver_feature::kFloatValue:
+      return storeChanged(currentFloat_, driver_feature::toFloat(text), suppressUpdate);
+    case driver_feature::kIntValue:
+      break;
+    default:
+      return true;
+  }
+  if (type_ == driver_feature::kIntEntry) {
+    return storeChanged(currentInt_, driver_feature::toInt(text), suppressUpdate);
+  }
+  // Required: equality comes first, so that an absent option is no failure
+  // while the position is -1 already.
+  const int position = fetchOptionIndexByName(text);
+  if (position == -1 && currentInt_ != -1) return false;
+  return storeChanged(currentInt_, position, suppressUpdate);
+}
+
+template <class Value>
+bool DriverFeature::fetch(const std::string& name, Value& value) {
+  const Row* row = Properties::kTable.find<Value>(name, Access::kGet);
+  if (row == nullptr) {
+    logComposed(Level::kWarning, Messages<Value>::kGetUnrecognized, name, name_);
+    return false;
+  }
+  const Value& member = memberOf<Value>(*this, *row);
+  if constexpr (std::is_same_v<Value, std::string>) {
+    if (row->rule == Rule::kValueString) return fetchValueString(value);
+    if (row->rule == Rule::kHideEmpty && member.empty()) return false;
+  }
+  value = member;
+  return true;
+}
+
+bool DriverFeature::fetchValueString(std::string& text) {
+  switch (valueType_) {
+    case driver_feature::kTextValue:
+      text = currentText_;
+      return true;
+    case driver_feature::kFloatValue:
+      text = driver_feature::toFixedText(currentFloat_);
+      return true;
+    case driver_feature::kIntValue:
+      break;
+    default:
+      logComposed(Level::kWarning,
+                  "DriverFeature::getFeatureProperty(string&) - Unrecognized value type for "
+                  "feature property: \"ValueString\" for feature \"{}\".",
+                  name_);
+      return false;
+  }
+  if (type_ == driver_feature::kIntEntry) {
+    text = driver_feature::toDecimalText(currentInt_);
+    return true;
+  }
+  // Required: the answer is true whether or not there is an option to name.
+  if (CoreOption* option = fetchCurrentOption()) {
+    option->getOptionProperty(std::string("Name"), text);
+  }
+  return true;
+}
+
+bool DriverFeature::setFeatureProperty(const std::string& name, const std::string& value) {
+  return setFeaturePropertyWithConstraintControl(name, value, false);
+}
+
+bool DriverFeature::setFeatureProperty(const std::string& name, int value) {
+  return setFeaturePropertyWithConstraintControl(name, value, false);
+}
+
+bool DriverFeature::setFeatureProperty(const std::string& name, float value) {
+  return setFeaturePropertyWithConstraintControl(name, value, false);
+}
+
+bool DriverFeature::setFeatureProperty(const std::string& name, bool value) {
+  return setFeaturePropertyWithConstraintControl(name, value, false);
+}
+
+bool DriverFeature::setFeaturePropertyWithConstraintControl(const std::string& name,
+                                                            const std::string& value,
+                                                            bool suppressUpdate) {
+  return store(name, value, suppressUpdate);
+}
+
+bool DriverFeature::setFeaturePropertyWithConstraintControl(const std::string& name, int value,
+                                                            bool suppressUpdate) {
+  return store(name, value, suppressUpdate);
+}
+
+bool DriverFeature::setFeaturePropertyWithConstraintControl(const std::string& name, float value,
+                                                            bool suppressUpdate) {
+  return store(name, value, suppressUpdate);
+}
+
+bool DriverFeature::setFeaturePropertyWithConstraintControl(const std::string& name, bool value,
+                                                            bool suppressUpdate) {
+  return store(name, value, suppressUpdate);
+}
+
+bool DriverFeature::getFeatureProperty(const std::string& name, std::string& value) {
+  return fetch(name, value);
+}
+
+bool DriverFeature::getFeatureProperty(const std::string& name, int* value) {
+  return fetch(name, *value);
+}
+
+bool DriverFeature::getFeatureProperty(const std::string& name, bool* value) {
+  return fetch(name, *value);
+}
+
+bool DriverFeature::getFeatureProperty(const std::string& name, float* value) {
+  return fetch(name, *value);
+}
+
+int DriverFeature::getFeatureType() { return type_; }
+
+bool DriverFeature::applyOptionConstraint(const std::string& optionName, long id, bool hide) {
+  if (id < 0) return false;
+  CoreOption* option = fetchOptionByName(optionName);
+  if (option == nullptr) return false;
+  if (fetchCurrentOption() == option) {
+    int position = currentInt_;
+    if (!findNextAvailableOption(&position)) return false;
+    setFeatureProperty(std::string("CurrentIntValue"), position);
+  }
+  if (auto* constrained = dynamic_cast<IntermediateCoreOption*>(option)) {
+    constrained->addConstraint(id);
+  }
+  option->setOptionProperty(std::string("Sensitivity"), false);
+  if (hide) option->setOptionProperty(std::string("Visibility"), false);
+  return true;
+}
+
+bool DriverFeature::isConstraintSetEmpty() { return constraints_.empty(); }
+
+bool DriverFeature::addConstraint(const long& id) {
+  return driver_feature::insertIdentifier(constraints_, id);
+}
+
+bool DriverFeature::removeConstraint(const long& id) {
+  return driver_feature::eraseIdentifier(constraints_, id);
+}
+
+std::set<long>* DriverFeature::getConstraintSet() { return &constraints_; }

@@ -1,0 +1,251 @@
+// The records of a dynamic group.
+
+#include <new>
+#include <utility>
+
+#include "frame/state.h"
+#include "model/driver_feature.h"
+#include "model/driver_feature_dynamic_group.h"
+#include "model/messages.h"
+
+#include "AttributeMap.h"
+#include "Symbols.h"
+
+using driver_feature::Level;
+using driver_feature::logComposed;
+using driver_feature::logFixed;
+
+bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroup(AttributeMap& values) {
+  return addStaticGroupToDynamicGroupWithSort(values, true);
+}
+
+bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroupWithSort(AttributeMap& values,
+                                                                     bool sort) {
+  DriverFeatureStaticGroup* record = createRecord(values);
+  if (record == nullptr) return false;
+  records_.push_back(record);
+  if (sort && !sortFunctionName_.empty()) {
+    loadSortRoutine();
+    if (sortRoutine_ != nullptr) sortList();
+  }
+  driver_feature::callUpdateCallback();
+  return true;
+}
+
+DriverFeatureStaticGroup* DriverFeatureDynamicGroup::createRecord(AttributeMap& values) {
+  if (template_ == nullptr) {
+    logFixed(Level::kMisuse,
+             "addStaticGroupToDynamicGroupWithSort() - Null static group template");
+    return nullptr;
+  }
+  const int count = template_->fetchNumberOfFeaturesInGroup();
+  if (values.size() != count) {
+    logFixed(Level::kMisuse,
+             "addStaticGroupToDynamicGroupWithSort() - Wrong number of entries in map");
+    return nullptr;
+  }
+  auto* record = new (std::nothrow) DriverFeatureStaticGroup;
+  if (record == nullptr) {
+    logFixed(Level::kMisuse,
+             "addStaticGroupToDynamicGroupWithSort() - Cannot create static group copy");
+    return nullptr;
+  }
+  for (int i = 0; i < count; ++i) {
+    CoreFeature* member = template_->fetchFeatureInGroupByIndex(static_cast<unsigned>(i));
+    if (!copyMemberToRecord(*member, values, *record)) return nullptr;
+  }
+  return record;
+}
+
+bool DriverFeatureDynamicGroup::copyMemberToRecord(CoreFeature& member, AttributeMap& values,
+                                                   DriverFeatureStaticGroup& record) {
+  std::string name;
+  member.getFeatureProperty(std::string("Name"), name);
+  std::string value;
+  if (!values.loadMapVariable(name, value, static_cast<const std::string*>(nullptr))) {
+    logComposed(Level::kMisuse,
+                "addStaticGroupToDynamicGroupWithSort() - Feature not found in map:{}", name);
+    return false;
+  }
+  const int type = member.getFeatureType();
+  if (type < driver_feature::kMultiSelect || type > driver_feature::kFloatEntry) return true;
+  auto* feature = dynamic_cast<DriverFeature*>(&member);
+  if (feature == nullptr) return true;
+  auto* copy = new DriverFeature(feature);
+  copy->setFeaturePropertyWithConstraintControl(std::string("ValueString"), value, true);
+  record.addFeatureToGroup(copy);
+  return true;
+}
+
+void DriverFeatureDynamicGroup::loadSortRoutine() {
+  if (sortRoutine_ != nullptr) return;
+  sortRoutine_ = reinterpret_cast<SortRoutine>(FetchSymbol(sortFunctionName_.c_str()));
+  if (sortRoutine_ == nullptr) {
+    logComposed(Level::kMisuse,
+                "addStaticGroupToDynamicGroupWithSort:  Failed to load custom sort callback:  {}",
+                sortFunctionName_);
+  }
+}
+
+// Required: a bubble sort, so that the host's routine sees the pairs in this
+// order, and maps that are cleared after a swap only, so that it finds what
+// earlier records have left there.
+bool DriverFeatureDynamicGroup::sortList() {
+  if (sortRoutine_ == nullptr) return records_.size() < 2;
+  AttributeMap first;
+  AttributeMap second;
+  bool swapped = true;
+  int bound = static_cast<int>(records_.size()) - 1;
+  while (swapped) {
+    swapped = false;
+    if (!sortPass(bound, first, second, swapped)) return false;
+    --bound;
+  }
+  return true;
+}
+
+bool DriverFeatureDynamicGroup::sortPass(int bound, AttributeMap& first, AttributeMap& second,
+                                         bool& swapped) {
+  for (int i = 0; i < bound; ++i) {
+    if (!readRecord(i, first) || !readRecord(i + 1, second)) return false;
+    if (sortRoutine_(first, second) <= 0) continue;
+    const auto left = static_cast<std::size_t>(i);
+    // The routine may have removed records.
+    if (left + 1 < records_.size()) std::swap(records_[left], records_[left + 1]);
+    swapped = true;
+    first.clear();
+    second.clear();
+  }
+  return true;
+}
+
+// Adds the record's member names and values to `values`. False, after a level
+// 2 line, when the record or one of its members is missing.
+bool DriverFeatureDynamicGroup::readRecord(int index, AttributeMap& values) {
+  const auto position = static_cast<std::size_t>(index);
+  DriverFeatureStaticGroup* record = position < records_.size() ? records_[position] : nullptr;
+  if (record == nullptr) {
+    logComposed(Level::kMisuse, "sortList() - Null static record pointer");
+    return false;
+  }
+  for (int i = 0; i < record->fetchNumberOfFeaturesInGroup(); ++i) {
+    CoreFeature* member = record->fetchFeatureInGroupByIndex(static_cast<unsigned>(i));
+    if (member == nullptr) {
+      // Required: the line names another operation.
+      logComposed(Level::kMisuse,
+                  "getDynamicEntryByIndex() - Null feature pointer in static record");
+      return false;
+    }
+    std::string name;
+    std::string value;
+    member->getFeatureProperty(std::string("Name"), name);
+    member->getFeatureProperty(std::string("ValueString"), value);
+    values[name] = value;
+  }
+  return true;
+}
+
+int DriverFeatureDynamicGroup::fetchNumberOfDynamicEntries() {
+  return static_cast<int>(records_.size());
+}
+
+IntermediateStaticFeatureGroup* DriverFeatureDynamicGroup::getDynamicEntryByIndex(unsigned index) {
+  if (template_ == nullptr) {
+    logFixed(Level::kMisuse, "getDynamicEntryByIndex() - Null static group template");
+    return nullptr;
+  }
+  if (index >= records_.size()) return nullptr;
+  DriverFeatureStaticGroup* record = records_[index];
+  if (record == nullptr) {
+    logFixed(Level::kMisuse, "getDynamicEntryByIndex() - Null static record pointer");
+    return nullptr;
+  }
+  for (int i = 0; i < record->fetchNumberOfFeaturesInGroup(); ++i) {
+    CoreFeature* member = record->fetchFeatureInGroupByIndex(static_cast<unsigned>(i));
+    if (member == nullptr) {
+      logFixed(Level::kMisuse, "getDynamicEntryByIndex() - Null feature pointer in static record");
+      return nullptr;
+    }
+    if (!loadRecordMember(*member)) return nullptr;
+  }
+  return template_;
+}
+
+bool DriverFeatureDynamicGroup::loadRecordMember(CoreFeature& member) {
+  std::string name;
+  std::string value;
+  member.getFeatureProperty(std::string("Name"), name);
+  member.getFeatureProperty(std::string("ValueString"), value);
+  CoreFeature* target = template_->fetchFeatureInGroupByName(name);
+  if (target == nullptr) {
+    logFixed(Level::kMisuse,
+             "getDynamicEntryByIndex() - Null feature pointer in real feature group record");
+    return false;
+  }
+  if (auto* feature = dynamic_cast<IntermediateCoreFeature*>(target)) {
+    feature->setFeaturePropertyWithConstraintControl(std::string("ValueString"), value, true);
+  }
+  return true;
+}
+
+bool DriverFeatureDynamicGroup::removeDynamicEntryByIndex(unsigned index) {
+  if (index >= records_.size()) return false;
+  records_.erase(records_.begin() + static_cast<std::ptrdiff_t>(index));
+  driver_feature::callUpdateCallback();
+  return true;
+}
+
+bool DriverFeatureDynamicGroup::removeAllDynamicEntries() {
+  const bool hadRecords = !records_.empty();
+  records_.clear();
+  recordInFocus_ = -1;
+  if (hadRecords) driver_feature::callUpdateCallback();
+  return true;
+}
+
+bool DriverFeatureDynamicGroup::detectDuplicateRecord(AttributeMap& values) {
+  if (template_ == nullptr) return false;
+  if (values.size() != template_->fetchNumberOfFeaturesInGroup()) return false;
+  for (DriverFeatureStaticGroup* record : records_) {
+    if (record == nullptr) {
+      logFixed(Level::kWarning,
+               "DriverFeatureDynamicGroup::detectDuplicateRecord() - Cannot get feature from "
+               "static group record");
+      continue;
+    }
+    if (recordHolds(*record, values)) return true;
+  }
+  return false;
+}
+
+// Whether the record holds every one of the values. A value that cannot be
+// compared makes it not hold them.
+bool DriverFeatureDynamicGroup::recordHolds(DriverFeatureStaticGroup& record,
+                                            AttributeMap& values) {
+  for (long i = 0; i < values.size(); ++i) {
+    std::string name;
+    std::string wanted;
+    if (!values.fetchAttributeValueByIndex(i, name, wanted)) {
+      logFixed(Level::kWarning,
+               "DriverFeatureDynamicGroup::detectDuplicateRecord() - Cannot get test feature name "
+               "and value from AttributeMap");
+      return false;
+    }
+    CoreFeature* member = record.fetchFeatureInGroupByName(name);
+    if (member == nullptr) {
+      logFixed(Level::kWarning,
+               "DriverFeatureDynamicGroup::detectDuplicateRecord() - Cannot find test feature name "
+               "in static group record");
+      return false;
+    }
+    std::string value;
+    if (!member->getFeatureProperty(std::string("ValueString"), value)) {
+      logFixed(Level::kWarning,
+               "DriverFeatureDynamicGroup::detectDuplicateRecord() - Cannot get test feature value "
+               "from static group record");
+      return false;
+    }
+    if (value != wanted) return false;
+  }
+  return true;
+}

@@ -1,0 +1,62 @@
+// Features and nested static groups that are written out together, as one
+// command, and found by one name. Also the shape and the records of a dynamic
+// group.
+#ifndef MODEL_DRIVER_FEATURE_STATIC_GROUP_H_
+#define MODEL_DRIVER_FEATURE_STATIC_GROUP_H_
+
+#include <string>
+#include <vector>
+
+#include "model/core_feature_group.h"
+#include "model/vocabulary.h"
+
+// A group has no value and notifies nobody. Unknown text properties are
+// refused in silence, all others with a level 3 line. Groups are made with
+// new and never freed.
+class DriverFeatureStaticGroup : public IntermediateStaticFeatureGroup {
+ public:
+  DriverFeatureStaticGroup() = default;
+  explicit DriverFeatureStaticGroup(const std::string& name) : name_(name) {}
+  DriverFeatureStaticGroup(const DriverFeatureStaticGroup&) = delete;
+  DriverFeatureStaticGroup& operator=(const DriverFeatureStaticGroup&) = delete;
+
+  bool setFeatureProperty(const std::string& name, const std::string& value) override;
+  bool setFeatureProperty(const std::string& name, int value) override;
+  bool setFeatureProperty(const std::string& name, float value) override;
+  bool setFeatureProperty(const std::string& name, bool value) override;
+  bool getFeatureProperty(const std::string& name, std::string& value) override;
+  bool getFeatureProperty(const std::string& name, int* value) override;
+  bool getFeatureProperty(const std::string& name, bool* value) override;
+  bool getFeatureProperty(const std::string& name, float* value) override;
+  int getFeatureType() override;
+  int fetchNumberOfFeaturesInGroup() override;
+  CoreFeature* fetchFeatureInGroupByIndex(unsigned index) override;
+
+  // Appends a member and tells it that it is in a group. False for null, and
+  // when the member refuses to be told; it is in the list all the same. Keeps
+  // the pointer; never frees it. A feature may stand in the list twice.
+  bool addFeatureToGroup(CoreFeature* member);
+
+  // The first member of that name, or null.
+  CoreFeature* fetchFeatureInGroupByName(const std::string& name);
+
+ private:
+  struct Properties;
+
+  std::string name_;
+  int type_ = driver_feature::kStaticGroup;
+  bool inGroup_ = false;
+  std::string pjlCommand_;
+  std::string psCommand_;
+  std::string teskOAAttributeName_;
+  std::string teskJTAttributeName_;
+  std::string instOptAttributeName_;
+  std::string nonVORNAttributeName_;
+  std::string teskAttributeSyntax_;
+  std::string pjlCallbackRoutine_;
+  std::string psCallbackRoutine_;
+  std::string vornCallbackRoutine_;
+  std::vector<CoreFeature*> members_;
+};
+
+#endif  // MODEL_DRIVER_FEATURE_STATIC_GROUP_H_

@@ -1,0 +1,110 @@
+// What a class knows about its properties, as data: one row per property.
+//
+// A class declares a nested `struct Properties` and defines in its source file
+//
+//   struct Sample::Properties {
+//     static constexpr PropertyTable kTable{std::to_array<PropertyRow<Sample, Property>>({
+//         {Property::kName, &Sample::name_, Access::kBoth},
+//         {Property::kCurrentIntValue, &Sample::current_, Access::kBoth, Needs::kInt, Rule::kChange},
+//     })};
+//   };
+//
+// The type of the member decides which overloads accept the property. A name
+// without a row of that type and access is treated as unknown.
+#ifndef MODEL_PROPERTY_TABLE_H_
+#define MODEL_PROPERTY_TABLE_H_
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <type_traits>
+#include <variant>
+
+#include "model/vocabulary.h"
+
+namespace driver_feature {
+
+enum class Access : unsigned char { kSet, kGet, kBoth };
+
+// The value type that a feature must have before the property can be set.
+enum class Needs : signed char {
+  kAny = -1,
+  kInt = kIntValue,
+  kText = kTextValue,
+  kFloat = kFloatValue,
+};
+
+// What storing the property does beyond storing it.
+enum class Rule : unsigned char {
+  kPlain,
+  kChange,       // A current value: a change runs the change notification.
+  kFlag,         // Reported to the host at every store.
+  kRoutine,      // A routine's name: the routine is looked up.
+  kFeatureType,  // Checked, and decides the value type.
+  kValueType,    // Checked.
+  kValueString,  // Stands for the current value of whatever type.
+  kHideEmpty,    // Read as absent while it is empty.
+};
+
+template <class Object, class Name>
+struct PropertyRow {
+  using Member = std::variant<std::string Object::*, int Object::*, float Object::*, bool Object::*>;
+
+  Name property;
+  Member member;
+  Access access;
+  Needs needs = Needs::kAny;
+  Rule rule = Rule::kPlain;
+};
+
+template <class Object, class Name, std::size_t kRows>
+class PropertyTable {
+ public:
+  using Row = PropertyRow<Object, Name>;
+
+  consteval explicit PropertyTable(const std::array<Row, kRows>& rows) : rows_(rows) {
+    for (std::size_t i = 0; i < kRows; ++i) {
+      auto& position = positions_[static_cast<std::size_t>(rows_[i].property)];
+      if (position != 0) throw "a property has two rows";
+      position = static_cast<unsigned char>(i + 1);
+    }
+  }
+
+  // The row that lets a Value be set or read (`access` is one of the two)
+  // under `name`, or null.
+  template <class Value>
+  const Row* find(const std::string& name, Access access) const {
+    const auto property = lookUp(name);
+    if (!property) return nullptr;
+    const std::size_t position = positions_[static_cast<std::size_t>(*property)];
+    if (position == 0) return nullptr;
+    const Row& row = rows_[position - 1];
+    const bool accessible = row.access == Access::kBoth || row.access == access;
+    const bool fits = std::holds_alternative<Value Object::*>(row.member);
+    return accessible && fits ? &row : nullptr;
+  }
+
+ private:
+  static auto lookUp(const std::string& name) {
+    if constexpr (std::is_same_v<Name, Property>) {
+      return findProperty(name);
+    } else {
+      return findOptionProperty(name);
+    }
+  }
+
+  std::array<Row, kRows> rows_;
+  // Per property the number of its row counted from 1; 0 where it has none.
+  std::array<unsigned char, kPropertyCount> positions_{};
+};
+
+// The member that a row names, as a Value. The row must have been found for
+// that type.
+template <class Value, class Object, class Name>
+Value& memberOf(Object& object, const PropertyRow<Object, Name>& row) {
+  return object.*(*std::get_if<Value Object::*>(&row.member));
+}
+
+}  // namespace driver_feature
+
+#endif  // MODEL_PROPERTY_TABLE_H_

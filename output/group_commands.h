@@ -1,0 +1,32 @@
+// Writes one static group and the groups nested in it.
+//
+// What cannot be written is logged and left out. A group that contains itself
+// is not entered a second time.
+#ifndef OUTPUT_GROUP_COMMANDS_H_
+#define OUTPUT_GROUP_COMMANDS_H_
+
+#include <string>
+
+#include "model/core_feature.h"
+
+#include "VORNWriter.h"
+
+namespace driver_feature {
+
+// Adds the group's node, with one node per member, to the ticket: under
+// `parentNode`, or at top level when that is null. `attributeName` carries the
+// group's own ticket name in and is undefined afterwards. `jobTicketAttribute`
+// chooses which ticket name of the members counts and where a top-level group
+// goes. `topLevel` refuses a group that another group writes.
+void processVORNStaticGroup(CoreFeature& group, VORNWriter& writer, std::string& attributeName,
+                            bool jobTicketAttribute, _xmlNode* parentNode, bool topLevel);
+
+// Replace `output` by the group's text: the members' texts joined and put into
+// the group's command template, or what the group's routine writes; empty when
+// there is neither.
+void processPSStaticGroup(CoreFeature& group, std::string& output, bool topLevel);
+void processPJLStaticGroup(CoreFeature& group, std::string& output, bool topLevel);
+
+}  // namespace driver_feature
+
+#endif  // OUTPUT_GROUP_COMMANDS_H_

@@ -1,0 +1,49 @@
+// Host routines that write in the place of a feature or group.
+#ifndef OUTPUT_OUTPUT_ROUTINE_H_
+#define OUTPUT_OUTPUT_ROUTINE_H_
+
+#include <string>
+
+#include "frame/master_set.h"
+#include "model/core_feature.h"
+
+#include "VORNWriter.h"
+
+namespace driver_feature {
+
+using TextRoutine = void (*)(DriverFeatureSet* set, std::string& text);
+using TicketRoutine = void (*)(DriverFeatureSet* set, VORNWriter* writer, _xmlNode* parent);
+
+// Reads a text property into `text`; true when it can be read and is not
+// empty.
+inline bool readNonEmpty(CoreFeature& object, const char* property, std::string& text) {
+  return object.getFeatureProperty(std::string(property), text) && !text.empty();
+}
+
+// Whether the object is written by a static group that holds it.
+inline bool isInGroup(CoreFeature& object) {
+  bool inGroup = false;
+  object.getFeatureProperty(std::string("FeatureInGroup"), &inGroup);
+  return inGroup;
+}
+
+// Run the host's routine of that name. False when there is none.
+inline bool runTextRoutine(const std::string& name, std::string& text) {
+  DriverFeatureSet& set = masterSet();
+  const auto routine = reinterpret_cast<TextRoutine>(set.fetchCallbackRoutine(name));
+  if (routine == nullptr) return false;
+  routine(&set, text);
+  return true;
+}
+
+inline bool runTicketRoutine(const std::string& name, VORNWriter& writer, _xmlNode* parent) {
+  DriverFeatureSet& set = masterSet();
+  const auto routine = reinterpret_cast<TicketRoutine>(set.fetchCallbackRoutine(name));
+  if (routine == nullptr) return false;
+  routine(&set, &writer, parent);
+  return true;
+}
+
+}  // namespace driver_feature
+
+#endif  // OUTPUT_OUTPUT_ROUTINE_H_

@@ -1,0 +1,175 @@
+// The set as PostScript, PJL or a job ticket.
+
+#include "model/driver_feature.h"
+#include "model/driver_feature_set.h"
+#include "model/driver_feature_static_group.h"
+#include "model/messages.h"
+#include "model/text_conversion.h"
+#include "output/group_commands.h"
+#include "output/output_routine.h"
+#include "output/text_dialect.h"
+#include "output/ticket_attributes.h"
+
+#include "VORNWriter.h"
+
+namespace driver_feature {
+
+namespace {
+
+enum PDLType : int { kTypePJL = 0, kTypePostScript = 1, kTypeTicket = 2 };
+
+// A property that may hold a feature's ticket name, and the kind of node that
+// it makes.
+struct TicketNameRow {
+  const char* property;
+  bool jobTicketAttribute;
+  bool onlyWithInstallableOptions;
+};
+
+constexpr TicketNameRow kTicketNames[] = {
+    {"TESKJTAttributeName", true, false},
+    {"TESKOAAttributeName", false, false},
+    {"InstOptAttributeName", true, true},
+    {"NonVORNAttributeName", true, false},
+};
+
+// Required: a group goes by its first two names only.
+constexpr TicketNameRow kGroupTicketNames[] = {kTicketNames[0], kTicketNames[1]};
+
+void logMissingFeature(int index) {
+  logComposed(Level::kMisuse, "serialize() - Cannot get reference to feature {}",
+              toDecimalText(index));
+}
+
+void logMissingGroup(int number) {
+  logComposed(Level::kMisuse, "serialize() - Cannot get reference to static group {}",
+              toDecimalText(number));
+}
+
+void writeFeatureText(CoreFeature& feature, int index, const TextDialect& dialect,
+                      std::string& output) {
+  if (isInGroup(feature)) {
+    if (dialect.logsFeatureInGroup) {
+      logComposed(Level::kInformation, "serialize() - Feature {} is in a group",
+                  toDecimalText(index));
+    }
+    return;
+  }
+  std::string commandTemplate;
+  if (readNonEmpty(feature, dialect.commandProperty, commandTemplate)) {
+    std::string piece;
+    createTicketPDLAttributes(feature, commandTemplate, piece, dialect.isPostScript);
+    output += piece;
+    return;
+  }
+  std::string routineName;
+  if (!readNonEmpty(feature, dialect.routineProperty, routineName)) return;
+  if (runTextRoutine(routineName, output)) return;
+  logComposed(Level::kMisuse, dialect.featureRoutineMissing, routineName);
+}
+
+void writeText(DriverFeatureSet& set, const TextDialect& dialect, std::string& output) {
+  output.clear();
+  for (int i = 0; i < set.fetchNumberOfFeatures(); ++i) {
+    if (DriverFeature* feature = set.fetchFeatureByIndex(i)) {
+      writeFeatureText(*feature, i, dialect, output);
+    } else {
+      logMissingFeature(i);
+    }
+  }
+  const auto processGroup = dialect.isPostScript ? processPSStaticGroup : processPJLStaticGroup;
+  for (int j = 0; j < set.fetchNumberOfStaticGroups(); ++j) {
+    DriverFeatureStaticGroup* group = set.fetchStaticGroupByIndex(j);
+    if (group == nullptr) {
+      logMissingGroup(j);
+      continue;
+    }
+    std::string piece;
+    processGroup(*group, piece, true);
+    output += piece;
+  }
+}
+
+// Runs the object's ticket routine at top level. False when it names none.
+bool runOwnTicketRoutine(CoreFeature& object, VORNWriter& writer) {
+  std::string routineName;
+  if (!readNonEmpty(object, "AddVORNCallbackRoutine", routineName)) return false;
+  if (!runTicketRoutine(routineName, writer, nullptr)) {
+    logComposed(Level::kMisuse, "serialize() - Cannot load VORN Command callback: {}",
+                routineName);
+  }
+  return true;
+}
+
+void writeFeatureNode(CoreFeature& feature, VORNWriter& writer, bool includeInstOpt) {
+  if (isInGroup(feature)) return;
+  for (const TicketNameRow& row : kTicketNames) {
+    std::string name;
+    if (row.onlyWithInstallableOptions && !includeInstOpt) continue;
+    if (!readNonEmpty(feature, row.property, name)) continue;
+    std::string syntax;
+    std::string value;
+    if (createTicketNodeAttributes(feature, syntax, value)) {
+      writer.createCommandNode(name, syntax, value, row.jobTicketAttribute);
+    }
+    return;
+  }
+  runOwnTicketRoutine(feature, writer);
+}
+
+void writeGroupNode(CoreFeature& group, VORNWriter& writer, int numberOfFeatures) {
+  for (const TicketNameRow& row : kGroupTicketNames) {
+    std::string name;
+    if (!readNonEmpty(group, row.property, name)) continue;
+    processVORNStaticGroup(group, writer, name, row.jobTicketAttribute, nullptr, true);
+    return;
+  }
+  if (runOwnTicketRoutine(group, writer)) return;
+  // Required: prints the number of features, not the group's index; log
+  // readers rely on it.
+  logComposed(Level::kInformation, "serialize() - StaticGroup {} has no VORN attributes",
+              toDecimalText(numberOfFeatures));
+}
+
+void writeTicket(DriverFeatureSet& set, std::string& output, bool includeInstOpt,
+                 const char* argument1, const char* argument2) {
+  // A routine may keep the writer, so it is never freed.
+  auto* writer = new VORNWriter;
+  writer->initializeJobTicketDOM(argument1, argument2);
+  int index = 0;
+  for (; index < set.fetchNumberOfFeatures(); ++index) {
+    if (DriverFeature* feature = set.fetchFeatureByIndex(index)) {
+      writeFeatureNode(*feature, *writer, includeInstOpt);
+    } else {
+      logMissingFeature(index);
+    }
+  }
+  for (int number = set.fetchNumberOfStaticGroups(); number > 0; --number) {
+    if (DriverFeatureStaticGroup* group = set.fetchStaticGroupByIndex(number - 1)) {
+      writeGroupNode(*group, *writer, index);
+    } else {
+      // Required: counted from 1 here.
+      logMissingGroup(number);
+    }
+  }
+  writer->serializeTicket(output);
+}
+
+}  // namespace
+
+}  // namespace driver_feature
+
+void DriverFeatureSet::serialize(std::string& output, int pdlType, bool includeInstOpt,
+                                 const char* ticketArgument1, const char* ticketArgument2) {
+  switch (pdlType) {
+    case driver_feature::kTypePJL:
+      return driver_feature::writeText(*this, driver_feature::kPJL, output);
+    case driver_feature::kTypePostScript:
+      return driver_feature::writeText(*this, driver_feature::kPostScript, output);
+    case driver_feature::kTypeTicket:
+      return driver_feature::writeTicket(*this, output, includeInstOpt, ticketArgument1,
+                                         ticketArgument2);
+    default:
+      driver_feature::logFixed(driver_feature::Level::kMisuse, "serialize() - Invalid PDL type");
+  }
+}

@@ -1,0 +1,163 @@
+#include "output/ticket_attributes.h"
+
+#include <string_view>
+
+#include "model/messages.h"
+#include "model/text_conversion.h"
+#include "model/vocabulary.h"
+#include "output/command_template.h"
+#include "output/text_dialect.h"
+
+namespace driver_feature {
+
+namespace {
+
+bool readOptionCommand(CoreFeature& feature, std::string& value) {
+  CoreOption* option = feature.fetchCurrentOption();
+  if (option == nullptr) {
+    logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get current feature option");
+    return false;
+  }
+  if (!option->getOptionProperty(std::string("TESKCommand"), value)) {
+    logFixed(Level::kWarning,
+             "createTicketNodeAttributes() - Cannot get current feature option command");
+    return false;
+  }
+  if (value.empty()) {
+    logFixed(Level::kWarning,
+             "createTicketNodeAttributes() - Empty feature option command - skipping");
+    return false;
+  }
+  return true;
+}
+
+bool readIntValue(CoreFeature& feature, std::string& value) {
+  int number = 0;
+  if (!feature.getFeatureProperty(std::string("CurrentIntValue"), &number)) {
+    logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get feature int value");
+    return false;
+  }
+  value = toDecimalText(number);
+  return true;
+}
+
+bool readTextValue(CoreFeature& feature, std::string& value) {
+  if (!feature.getFeatureProperty(std::string("CurrentTextValue"), value)) {
+    logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get feature text value");
+    return false;
+  }
+  if (value.empty()) {
+    logFixed(Level::kWarning, "createTicketNodeAttributes() - Empty text value");
+    return false;
+  }
+  return true;
+}
+
+bool readFloatValue(CoreFeature& feature, std::string& value) {
+  float number = 0;
+  if (!feature.getFeatureProperty(std::string("CurrentFloatValue"), &number)) {
+    logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get feature float value");
+    return false;
+  }
+  value = toFixedText(static_cast<double>(number));
+  return true;
+}
+
+template <class Value>
+void format(const std::string& commandTemplate, const Value& value, std::string& output) {
+  if (formatCommand(commandTemplate, value, output)) return;
+  logComposed(Level::kWarning,
+              "createTicketPDLAttributes() - Cannot format value with command template \"{}\"",
+              commandTemplate);
+}
+
+void formatOption(CoreFeature& feature, const std::string& commandTemplate, std::string& output,
+                  const TextDialect& dialect) {
+  CoreOption* option = feature.fetchCurrentOption();
+  if (option == nullptr) {
+    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get current feature option");
+    return;
+  }
+  std::string command;
+  if (!option->getOptionProperty(std::string(dialect.commandProperty), command)) {
+    logFixed(Level::kWarning, dialect.optionCommandUnreadable);
+    return;
+  }
+  format(commandTemplate, std::string_view(command), output);
+}
+
+void formatInt(CoreFeature& feature, const std::string& commandTemplate, std::string& output) {
+  int value = 0;
+  if (!feature.getFeatureProperty(std::string("CurrentIntValue"), &value)) {
+    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature int value");
+    return;
+  }
+  format(commandTemplate, value, output);
+}
+
+void formatText(CoreFeature& feature, const std::string& commandTemplate, std::string& output) {
+  std::string value;
+  if (!feature.getFeatureProperty(std::string("CurrentTextValue"), value)) {
+    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature text value");
+    return;
+  }
+  format(commandTemplate, std::string_view(value), output);
+}
+
+void formatFloat(CoreFeature& feature, const std::string& commandTemplate, std::string& output) {
+  float value = 0;
+  if (!feature.getFeatureProperty(std::string("CurrentFloatValue"), &value)) {
+    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature float value");
+    return;
+  }
+  format(commandTemplate, static_cast<double>(value), output);
+}
+
+}  // namespace
+
+bool createTicketNodeAttributes(CoreFeature& feature, std::string& syntax, std::string& value) {
+  if (!feature.getFeatureProperty(std::string("TESKAttributeSyntax"), syntax)) {
+    logFixed(Level::kWarning, "createTicketNodeAttributes() - Cannot get feature syntax");
+    return false;
+  }
+  switch (feature.getFeatureType()) {
+    case kMultiSelect:
+      return readOptionCommand(feature, value);
+    case kIntEntry:
+      return readIntValue(feature, value);
+    case kTextEntry:
+      return readTextValue(feature, value);
+    case kFloatEntry:
+      return readFloatValue(feature, value);
+    default:
+      logFixed(Level::kMisuse,
+               "createTicketNodeAttributes() - Feature has an invalid feature type");
+      return false;
+  }
+}
+
+void createTicketPDLAttributes(CoreFeature& feature, const std::string& commandTemplate,
+                               std::string& output, bool forPostScript) {
+  output.clear();
+  switch (feature.getFeatureType()) {
+    case kMultiSelect:
+      return formatOption(feature, commandTemplate, output, forPostScript ? kPostScript : kPJL);
+    case kIntEntry:
+      return formatInt(feature, commandTemplate, output);
+    case kTextEntry:
+      return formatText(feature, commandTemplate, output);
+    case kFloatEntry:
+      return formatFloat(feature, commandTemplate, output);
+    default:
+      logFixed(Level::kMisuse,
+               "createTicketPDLAttributes() - Feature has an invalid feature type");
+  }
+}
+
+bool createTicketAttributes(CoreFeature& feature, std::string& syntax) {
+  if (feature.getFeatureProperty(std::string("TESKAttributeSyntax"), syntax)) return true;
+  logFixed(Level::kWarning, "createTicketAttributes() - Cannot get feature syntax");
+  return false;
+}
+
+}  // namespace driver_feature

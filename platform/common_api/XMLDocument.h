@@ -1,0 +1,53 @@
+// Reads XML files for host programs. Of the development edition only: a real
+// host has its own way to a document.
+//
+// The handles that a document gives out are the ones pParserInstance takes.
+//
+//   XMLProblem problem;
+//   auto document = XMLDocument::parseFile("office.xml", problem);
+//   if (!document) report(problem.line, problem.column, problem.text);
+//   void* element = document->root();
+#ifndef PLATFORM_COMMON_API_XML_DOCUMENT_H_
+#define PLATFORM_COMMON_API_XML_DOCUMENT_H_
+
+#include <memory>
+#include <string>
+
+// Why a document could not be read. Line and column count from 1 and are 0
+// when the problem has no place (a file that is not there).
+struct XMLProblem {
+  int line = 0;
+  int column = 0;
+  std::string text;
+};
+
+class XMLDocument {
+ public:
+  // Read a document; null and a filled `problem` when that fails. Nothing is
+  // fetched from a network, no external subset is read, a document that
+  // declares entities is refused, and so are files above 64 MiB and elements
+  // nested deeper than 256.
+  static std::unique_ptr<XMLDocument> parseFile(const std::string& path, XMLProblem& problem);
+
+  // The same from memory; `name` stands for the file's name in messages.
+  static std::unique_ptr<XMLDocument> parseText(const std::string& text, const std::string& name,
+                                                XMLProblem& problem);
+
+  ~XMLDocument();
+  XMLDocument(const XMLDocument&) = delete;
+  XMLDocument& operator=(const XMLDocument&) = delete;
+
+  // The root element. Handles live as long as the document.
+  void* root() const;
+
+  // The line, counted from 1, on which the start tag of `element` ends, or 0
+  // for null.
+  static int lineOf(void* element);
+
+ private:
+  struct Tree;
+  explicit XMLDocument(std::unique_ptr<Tree> tree);
+  std::unique_ptr<Tree> tree_;
+};
+
+#endif  // PLATFORM_COMMON_API_XML_DOCUMENT_H_

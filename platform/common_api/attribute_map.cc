@@ -1,0 +1,102 @@
+#include "AttributeMap.h"
+
+#include <charconv>
+#include <iterator>
+#include <optional>
+
+#include "Log.h"
+
+namespace {
+
+// Converts the whole of `text`; nothing when it does not convert.
+std::optional<bool> convert(const std::string& text, bool /*tag*/) {
+  if (text == "true" || text == "1") return true;
+  if (text == "false" || text == "0") return false;
+  return std::nullopt;
+}
+
+template <class Number>
+std::optional<Number> convertNumber(const std::string& text) {
+  const std::size_t digits = text.starts_with('-') ? 1 : 0;
+  const bool isDecimal = text.find_first_not_of("0123456789+-.eE") == std::string::npos;
+  if (text.size() == digits || !isDecimal) return std::nullopt;
+  Number number{};
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  return number;
+}
+
+std::optional<int> convert(const std::string& text, int /*tag*/) {
+  return convertNumber<int>(text);
+}
+
+std::optional<double> convert(const std::string& text, double /*tag*/) {
+  return convertNumber<double>(text);
+}
+
+const char* wantedForm(bool /*tag*/) { return "\"true\", \"false\", \"1\" or \"0\""; }
+const char* wantedForm(int /*tag*/) { return "a decimal 32-bit number"; }
+const char* wantedForm(double /*tag*/) { return "a decimal number"; }
+
+template <class Value>
+bool load(const std::map<std::string, std::string>& entries, const std::string& name, Value& value,
+          const Value* fallback) {
+  const auto found = entries.find(name);
+  if (found != entries.end()) {
+    if (const auto converted = convert(found->second, Value{})) {
+      value = *converted;
+      return true;
+    }
+    UnicodeString line;
+    line = "AttributeMap::loadMapVariable() - Attribute \"" + name + "\" holds \"" +
+           found->second + "\" where " + wantedForm(Value{}) + " is needed.";
+    LogStringMessage(3, "CommonAPI", line);
+  }
+  if (fallback == nullptr) return false;
+  value = *fallback;
+  return true;
+}
+
+}  // namespace
+
+AttributeMap::AttributeMap() = default;
+
+void AttributeMap::clear() { entries_.clear(); }
+
+long AttributeMap::size() const { return static_cast<long>(entries_.size()); }
+
+bool AttributeMap::loadMapVariable(const std::string& name, std::string& value,
+                                   const std::string* fallback) const {
+  const auto found = entries_.find(name);
+  const std::string* text = found != entries_.end() ? &found->second : fallback;
+  if (text == nullptr) return false;
+  value = *text;
+  return true;
+}
+
+bool AttributeMap::loadMapVariable(const std::string& name, bool& value,
+                                   const bool* fallback) const {
+  return load(entries_, name, value, fallback);
+}
+
+bool AttributeMap::loadMapVariable(const std::string& name, int& value,
+                                   const int* fallback) const {
+  return load(entries_, name, value, fallback);
+}
+
+bool AttributeMap::loadMapVariable(const std::string& name, double& value,
+                                   const double* fallback) const {
+  return load(entries_, name, value, fallback);
+}
+
+bool AttributeMap::fetchAttributeValueByIndex(const long& index, std::string& name,
+                                              std::string& value) const {
+  if (index < 0 || index >= size()) return false;
+  const auto entry = std::next(entries_.begin(), index);
+  name = entry->first;
+  value = entry->second;
+  return true;
+}
+
+std::string& AttributeMap::operator[](const std::string& name) { return entries_[name]; }

@@ -1,0 +1,64 @@
+#include "XMLParser.h"
+
+#include <libxml/tree.h>
+
+#include "AttributeMap.h"
+
+namespace {
+
+const char* textOf(const xmlChar* text) {
+  return text != nullptr ? reinterpret_cast<const char*>(text) : "";
+}
+
+xmlNode* nodeOf(void* element) { return static_cast<xmlNode*>(element); }
+
+// `node`, or the next element after it.
+xmlNode* elementFrom(xmlNode* node) {
+  while (node != nullptr && node->type != XML_ELEMENT_NODE) node = node->next;
+  return node;
+}
+
+class LibXml2Parser final : public XMLParser {
+ public:
+  void tagName(void* element, std::string& tag) override {
+    tag = element != nullptr ? textOf(nodeOf(element)->name) : "";
+  }
+
+  void reserved1() override {}
+
+  void* firstChild(void* element) override {
+    return element != nullptr ? elementFrom(nodeOf(element)->children) : nullptr;
+  }
+
+  void* nextSibling(void* element) override {
+    return element != nullptr ? elementFrom(nodeOf(element)->next) : nullptr;
+  }
+
+  void reserved4() override {}
+
+  int childCount(void* element) override {
+    int count = 0;
+    for (void* child = firstChild(element); child != nullptr; child = nextSibling(child)) ++count;
+    return count;
+  }
+
+  void attributes(void* element, AttributeMap& map) override {
+    if (element == nullptr) return;
+    for (const xmlAttr* attribute = nodeOf(element)->properties; attribute != nullptr;
+         attribute = attribute->next) {
+      std::string name = textOf(attribute->name);
+      if (attribute->ns != nullptr && attribute->ns->prefix != nullptr) {
+        name = std::string(textOf(attribute->ns->prefix)) + ':' + name;
+      }
+      xmlChar* value = xmlNodeListGetString(attribute->doc, attribute->children, 1);
+      map[name] = textOf(value);
+      xmlFree(value);
+    }
+  }
+};
+
+LibXml2Parser parser;
+
+}  // namespace
+
+XMLParser* pParserInstance = &parser;

@@ -1,0 +1,400 @@
+#!/usr/bin/env bash
+# Tests of the task runner: dev_test.sh PROJECT_DIRECTORY
+#
+# A copy of the script and its package list runs with a PATH that holds a few
+# essential tools and stand-ins for the rest. A stand-in writes its name and
+# arguments to the file `calls`, and its exit status comes from `status.NAME`
+# where that file exists.
+#
+# shellcheck disable=SC2016  # stand-ins expand their lines themselves
+set -uo pipefail
+
+source_dir=$(cd -- "$1" && pwd) || exit 1
+work=$(mktemp -d) || exit 1
+trap 'rm -rf -- "$work"' EXIT
+bash_path=$(command -v bash)
+
+failures=0
+checks=0
+current=
+
+# begin NAME: a fresh copy of the project's frame, with every package there.
+begin() {
+  current=$1
+  rm -rf "${work:?}"/*
+  mkdir -p "$work/bin" "$work/project/cmake" "$work/project/.ci" "$work/elsewhere"
+  cp "$source_dir/dev" "$work/project/"
+  cp "$source_dir/cmake/debian-packages.txt" "$work/project/cmake/"
+  : >"$work/calls"
+  : >"$work/missing"
+  local tool
+  for tool in bash cat dirname env find grep rm sed sort tr xargs; do
+    ln -s "$(command -v "$tool")" "$work/bin/$tool"
+  done
+  fakeDpkgQuery
+  fake apt-get
+  fake id 'echo 0'
+  fake nproc 'echo 3'
+}
+
+# fake NAME [SHELL-LINE]: puts a recording stand-in on the PATH.
+fake() {
+  cat >"$work/bin/$1" <<EOF
+#!$bash_path
+case $1 in id | nproc) ;; *) echo "$1 \$*" >>"$work/calls" ;; esac
+${2:-}
+if [ -f "$work/status.$1" ]; then exit "\$(<"$work/status.$1")"; fi
+EOF
+  chmod +x "$work/bin/$1"
+}
+
+# Answers like dpkg-query -W -f '${db:Status-Status} ${Package}\n': names in
+# `missing` are unknown, a name in `removed` left its configuration behind.
+fakeDpkgQuery() {
+  cat >"$work/bin/dpkg-query" <<EOF
+#!$bash_path
+[ "\$1 \$2 \$3" = "-W -f \\\${db:Status-Status} \\\${Package}\\\\n" ] || exit 2
+shift 3
+status=0
+for name; do
+  if grep -qxF -- "\$name" "$work/missing"; then
+    echo "dpkg-query: no packages found matching \$name" >&2
+    status=1
+  elif [ -f "$work/removed" ] && grep -qxF -- "\$name" "$work/removed"; then
+    echo "config-files \$name"
+  else
+    echo "installed \$name"
+  fi
+done
+exit "\$status"
+EOF
+  chmod +x "$work/bin/dpkg-query"
+}
+
+# Runs the copy from another directory, without standard input.
+dev() {
+  (cd "$work/elsewhere" && env -i PATH="$work/bin" HOME="$work" "${environment[@]}" \
+    "$bash_path" "$work/project/dev" "$@") <&- >"$work/out" 2>"$work/err"
+  status=$?
+}
+environment=(LANG=C)
+
+fail() {
+  failures=$((failures + 1))
+  printf 'FAILED %s: %s\n' "$current" "$1"
+  sed 's/^/  out: /' "$work/out"
+  sed 's/^/  err: /' "$work/err"
+  sed 's/^/  call: /' "$work/calls"
+}
+
+expectStatus() {
+  checks=$((checks + 1))
+  [ "$status" -eq "$1" ] || fail "status $status, expected $1"
+}
+
+# expectCalls LINE...: the recorded calls are these, in this order.
+expectCalls() {
+  checks=$((checks + 1))
+  local expected=''
+  if [ $# -gt 0 ]; then expected=$(printf '%s\n' "$@"); fi
+  [ "$(<"$work/calls")" = "$expected" ] || fail "calls differ from: $expected"
+}
+
+# expectLine FILE TEXT: one line of FILE is TEXT.
+expectLine() {
+  checks=$((checks + 1))
+  grep -qxF -- "$2" "$work/$1" || fail "no line '$2' in $1"
+}
+
+expectEmpty() {
+  checks=$((checks + 1))
+  [ ! -s "$work/$1" ] || fail "$1 is not empty"
+}
+
+updateCall='apt-get -qq -o DPkg::Lock::Timeout=300 update'
+installCall='apt-get -q -y -o DPkg::Lock::Timeout=300 install --no-install-recommends'
+
+begin Setup_NothingMissing_CallsNoApt
+dev setup
+expectStatus 0
+expectCalls
+expectEmpty err
+
+begin Setup_TwoMissing_InstallsExactlyThese
+printf 'cmake\n' >"$work/missing"
+printf 'g++\n' >"$work/removed"
+dev setup
+expectStatus 0
+expectCalls "$updateCall" "$installCall g++ cmake"
+expectLine out 'dev: installing: g++ cmake'
+
+begin Setup_EverythingMissing_InstallsTheWholeList
+sed -e 's/[[:space:]]*#.*//' -e '/^$/d' "$source_dir/cmake/debian-packages.txt" >"$work/missing"
+dev setup
+expectStatus 0
+expectCalls "$updateCall" "$installCall $(tr '\n' ' ' <"$work/missing" | sed 's/ $//')"
+
+begin Setup_MissingAsRoot_AptAsksNothing
+printf 'cmake\n' >"$work/missing"
+fake apt-get 'echo "frontend $DEBIAN_FRONTEND"'
+dev setup
+expectStatus 0
+expectLine out 'frontend noninteractive'
+
+begin Setup_UpdateFails_InstallsAllTheSame
+printf 'cmake\n' >"$work/missing"
+fake apt-get 'case "$*" in *update) exit 100 ;; esac'
+dev setup
+expectStatus 0
+expectCalls "$updateCall" "$installCall cmake"
+expectLine err 'dev: apt-get update failed; going on with the package lists at hand'
+
+begin Setup_InstallFails_NamesPackagesAndStops
+printf 'cmake\n' >"$work/missing"
+echo 100 >"$work/status.apt-get"
+fake cmake
+dev build
+expectStatus 1
+expectCalls "$updateCall" "$installCall cmake"
+expectLine err '  cmake               configures the build and runs the tests'
+expectLine err 'dev: apt-get could not install them; its own message stands above.'
+
+begin Setup_NotRootWithSudo_InstallsThroughSudo
+printf 'cmake\n' >"$work/missing"
+fake id 'echo 1000'
+fake sudo 'exec "$@"'
+dev setup
+expectStatus 0
+expectCalls "sudo env DEBIAN_FRONTEND=noninteractive $updateCall" "$updateCall" \
+  "sudo env DEBIAN_FRONTEND=noninteractive $installCall cmake" "$installCall cmake"
+
+begin Setup_NotRootWithoutSudo_SaysWhatRootMustRun
+printf 'cmake\nghostscript\n' >"$work/missing"
+fake id 'echo 1000'
+dev setup
+expectStatus 1
+expectCalls
+expectLine err 'dev: these Debian packages are needed and not installed:'
+expectLine err '  cmake               configures the build and runs the tests'
+expectLine err '  ghostscript         runs in tests the PostScript that was generated'
+expectLine err 'dev: You are not root and there is no sudo, so they cannot be installed from here.'
+expectLine err "dev: Have root run 'apt-get install --no-install-recommends cmake ghostscript', then run ./dev again."
+
+begin Setup_NotRootNothingMissing_Succeeds
+fake id 'echo 1000'
+dev setup
+expectStatus 0
+expectCalls
+expectEmpty err
+
+begin Setup_NoApt_NamesThePackages
+printf 'cmake\n' >"$work/missing"
+rm "$work/bin/apt-get"
+dev setup
+expectStatus 1
+expectLine err '  cmake               configures the build and runs the tests'
+expectLine err 'dev: There is no apt-get here, so they cannot be installed from here.'
+
+begin Setup_NoDpkg_NamesEveryPackage
+rm "$work/bin/apt-get" "$work/bin/dpkg-query"
+dev setup
+expectStatus 1
+while IFS= read -r name; do
+  checks=$((checks + 1))
+  grep -q -- "^  ${name} " "$work/err" || fail "does not name $name"
+done < <(sed -e 's/[[:space:]]*#.*//' -e '/^$/d' "$source_dir/cmake/debian-packages.txt")
+expectLine err "dev: Install what they hold in your system's own way, then run ./dev with DEV_NO_SETUP=1."
+
+begin Setup_SwitchedOff_LooksForNothing
+rm "$work/bin/apt-get" "$work/bin/dpkg-query"
+environment=(DEV_NO_SETUP=1)
+dev setup
+environment=(LANG=C)
+expectStatus 0
+expectEmpty err
+
+begin Setup_NoPackageList_Fails
+rm "$work/project/cmake/debian-packages.txt"
+dev setup
+[ "$status" -ne 0 ] || fail "succeeded without a list"
+
+begin PackageList_EveryLine_HasANameAndAPurpose
+: >"$work/out"
+: >"$work/err"
+checks=$((checks + 1))
+if grep -vE '^(#.*|[a-z0-9][a-z0-9+.-]+ +# [^ ].*|)$' "$source_dir/cmake/debian-packages.txt" >"$work/out"; then
+  fail 'lines of another form'
+fi
+
+begin Test_Arguments_ReachCtest
+fake cmake
+fake ctest
+dev test -R Option --repeat until-fail:2
+expectStatus 0
+expectCalls 'cmake --preset release --log-level=WARNING' \
+  'cmake --build --preset release --parallel 3' \
+  'ctest --preset release --output-on-failure --no-tests=error -j3 -R Option --repeat until-fail:2'
+
+begin Test_OtherPreset_IsBuiltAndTested
+fake cmake
+fake ctest 'echo "$ASAN_OPTIONS"'
+dev test --preset asan
+expectStatus 0
+expectCalls 'cmake --preset asan --log-level=WARNING' 'cmake --build --preset asan --parallel 3' \
+  'ctest --preset asan --output-on-failure --no-tests=error -j3'
+expectLine out detect_leaks=0
+
+begin Test_PresetWithoutName_IsRefused
+fake cmake
+dev test --preset
+expectStatus 2
+expectCalls
+
+begin Test_BuildFails_RunsNoTest
+fake cmake
+fake ctest
+echo 3 >"$work/status.cmake"
+dev test
+expectStatus 3
+expectCalls 'cmake --preset release --log-level=WARNING'
+
+begin Test_CtestFails_PassesItsStatusOn
+fake cmake
+fake ctest
+echo 8 >"$work/status.ctest"
+dev test
+expectStatus 8
+
+begin Build_Preset_IsPassedOn
+fake cmake
+dev build clang
+expectStatus 0
+expectCalls 'cmake --preset clang --log-level=WARNING' 'cmake --build --preset clang --parallel 3'
+
+begin Demo_BuildsItsTargetsOnly_AndRunsTheScript
+fake cmake
+mkdir "$work/project/descriptions"
+printf 'echo "demo of $1"; exit 7\n' >"$work/project/descriptions/demo.sh"
+dev demo
+expectStatus 7
+expectCalls 'cmake --preset release --log-level=WARNING' \
+  'cmake --build --preset release --parallel 3 --target driver-feature DriverFeature office_routines'
+expectLine out 'demo of build/release'
+
+# prepareLint: two sources (one that is not compiled, one in the build
+# directory) and tools that find nothing.
+prepareLint() {
+  mkdir -p "$work/project/model" "$work/project/build/release"
+  : >"$work/project/model/a.cc"
+  : >"$work/project/model/a.h"
+  : >"$work/project/model/run.sh"
+  : >"$work/project/build/release/generated.cc"
+  printf '  "file": "%s",\n' "$work/project/model/a.cc" \
+    "$work/project/build/release/generated.cc" >"$work/project/build/release/compile_commands.json"
+  fake cmake
+  fake clang-format
+  fake clang-tidy
+  fake shellcheck
+}
+
+begin Lint_NoFindings_ChecksProjectFilesOnly
+prepareLint
+dev lint
+expectStatus 0
+checks=$((checks + 1))
+expected=$(printf '%s\n' 'clang-format --dry-run -Werror ./model/a.cc ./model/a.h' \
+  "clang-tidy --quiet -p build/release $work/project/model/a.cc" \
+  'cmake --preset release --log-level=WARNING' 'shellcheck -x dev .ci/run ./model/run.sh')
+actual=$(sed 's|\./model/a\.h \./model/a\.cc|./model/a.cc ./model/a.h|' "$work/calls" | LC_ALL=C sort)
+[ "$actual" = "$expected" ] || fail "calls differ from: $expected"
+
+for tool in clang-format clang-tidy shellcheck; do
+  begin "Lint_FindingsOf_${tool}_Fail"
+  prepareLint
+  echo 1 >"$work/status.$tool"
+  dev lint
+  expectStatus 1
+  expectLine err "dev: lint found faults: $tool"
+done
+
+begin Lint_Findings_ArePrinted
+prepareLint
+fake clang-tidy 'echo "a.cc:1: a finding" >&2; exit 1'
+dev lint
+expectStatus 1
+expectLine out 'a.cc:1: a finding'
+
+begin Format_SourcesAndHeaders_AreLaidOut
+prepareLint
+dev format
+expectStatus 0
+checks=$((checks + 1))
+grep -qE '^clang-format -i \./model/a\.(cc|h) \./model/a\.(cc|h)$' "$work/calls" || fail 'not laid out'
+
+begin Clean_BuildDirectory_IsGone
+prepareLint
+dev clean
+expectStatus 0
+checks=$((checks + 1))
+[ ! -e "$work/project/build" ] || fail 'build is still there'
+[ -e "$work/project/model/a.cc" ] || fail 'a source is gone'
+
+begin Help_ListsEveryCommand
+dev help
+expectStatus 0
+expectEmpty err
+for name in setup build test demo lint format clean help; do
+  checks=$((checks + 1))
+  grep -qE -- "^  $name( [^ ].*)?  *[a-z].*" "$work/out" || fail "does not list $name"
+done
+while IFS= read -r name; do
+  checks=$((checks + 1))
+  grep -qE -- "^  ${name//_/-} " "$work/out" || fail "does not list $name"
+done < <(sed -n 's/^command_\([a-z0-9_]*\)() {$/\1/p' "$source_dir/dev")
+
+begin UnknownCommand_UsageOnStandardError
+dev tset
+expectStatus 2
+expectEmpty out
+expectLine err "dev: unknown command 'tset'"
+expectLine err 'usage: ./dev COMMAND [ARGUMENT]...'
+
+begin NoCommand_UsageOnStandardError
+dev
+expectStatus 2
+expectEmpty out
+expectLine err 'usage: ./dev COMMAND [ARGUMENT]...'
+
+begin ArgumentsToACommandWithout_AreRefused
+dev clean everything
+expectStatus 2
+expectLine err 'dev: clean takes no arguments'
+
+# The legs of continuous integration run against a stand-in for dev.
+begin Ci_AllLegsPass_SummaryNamesThem
+cp "$source_dir/.ci/run" "$work/project/.ci/"
+printf 'echo "dev $*" >>"%s/calls"\n' "$work" >"$work/project/dev"
+sed -i "1i #!$bash_path" "$work/project/dev"
+chmod +x "$work/project/dev"
+(cd "$work/elsewhere" && bash "$work/project/.ci/run") <&- >"$work/out" 2>"$work/err"
+status=$?
+expectStatus 0
+expectCalls 'dev test' 'dev test --preset clang' 'dev test --preset asan' 'dev lint' 'dev demo'
+checks=$((checks + 1))
+[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 5 ] || fail 'summary is not whole'
+
+begin Ci_ALegFails_EndsWithItsStatus
+cp "$source_dir/.ci/run" "$work/project/.ci/"
+printf '#!%s\necho "dev $*" >>"%s/calls"\ncase "$*" in *clang) exit 9 ;; esac\n' \
+  "$bash_path" "$work" >"$work/project/dev"
+chmod +x "$work/project/dev"
+bash "$work/project/.ci/run" </dev/null >"$work/out" 2>"$work/err"
+status=$?
+expectStatus 9
+expectCalls 'dev test' 'dev test --preset clang'
+expectLine out 'not run  lint'
+checks=$((checks + 1))
+grep -qE '^FAILED with status 9  tests with clang  ' "$work/out" || fail 'summary does not name the leg'
+
+printf '%d checks, %d failed\n' "$checks" "$failures"
+[ "$failures" -eq 0 ]
