@@ -4,7 +4,9 @@
 add_library(driver_feature_objects OBJECT
   diagnostics/dump.cc
   frame/plugin_record.cc
+  frame/saved_values.cc
   frame/state.cc
+  frame/value_access.cc
   loader/feature_builder.cc
   loader/group_builder.cc
   loader/tag_handler.cc

@@ -37,6 +37,30 @@ DRIVER_FEATURE_EXPORT void SetFeatureCreationCompleteFlag();
 DRIVER_FEATURE_EXPORT int InstOptVORNTagHandler(void* element);
 DRIVER_FEATURE_EXPORT int JobTicketVORNTagHandler(void* element);
 
+// Read or write the property `name` of the feature, static group or dynamic
+// group `target`, as its own operation of that type does, and answer what that
+// answers. A target that is not there answers 0, after a level 3 and a level 2
+// line, and leaves the value alone. GetMasterFeatureList() must have been
+// called before.
+DRIVER_FEATURE_EXPORT int GetFeatureIntValue(std::string& target, const char* name, int* value);
+DRIVER_FEATURE_EXPORT int GetFeatureFloatValue(std::string& target, const char* name,
+                                               float* value);
+DRIVER_FEATURE_EXPORT int GetFeatureBoolValue(std::string& target, const char* name, bool* value);
+DRIVER_FEATURE_EXPORT int GetFeatureTextValue(std::string& target, const char* name,
+                                              std::string& value);
+DRIVER_FEATURE_EXPORT int SetFeatureIntValue(std::string& target, const char* name, int value);
+DRIVER_FEATURE_EXPORT int SetFeatureFloatValue(std::string& target, const char* name, float value);
+DRIVER_FEATURE_EXPORT int SetFeatureBoolValue(std::string& target, const char* name, bool value);
+DRIVER_FEATURE_EXPORT int SetFeatureTextValue(std::string& target, const char* name,
+                                              const std::string& value);
+
+// Copy the current values of the features that `names` lists into their
+// original values, and back. The values of the map are not looked at. A name
+// that is not there is logged and passed over. Restoring a value notifies as
+// any setting of it does.
+DRIVER_FEATURE_EXPORT void SaveCurrentFeatureValues(AttributeMap& names);
+DRIVER_FEATURE_EXPORT void RestoreOriginalFeatureValues(AttributeMap& names);
+
 }  // extern "C"
 
 // Registers the routine that is called after a value changed, in place of the

@@ -14,8 +14,8 @@ IntermediateCoreFeature* interfaceOf(DriverFeature* feature) {
 
 }  // namespace
 
-FeatureType FeatureView::type() const {
-  return static_cast<FeatureType>(feature_->getFeatureType());
+FeatureKind FeatureView::kind() const {
+  return static_cast<FeatureKind>(feature_->getFeatureType());
 }
 
 std::string FeatureView::typeName() const {
@@ -27,11 +27,11 @@ std::string FeatureView::typeName() const {
 }
 
 bool FeatureView::hasValue() const {
-  switch (type()) {
-    case FeatureType::kMultiSelect:
-    case FeatureType::kIntEntry:
-    case FeatureType::kTextEntry:
-    case FeatureType::kFloatEntry:
+  switch (kind()) {
+    case FeatureKind::kMultiSelect:
+    case FeatureKind::kIntEntry:
+    case FeatureKind::kTextEntry:
+    case FeatureKind::kFloatEntry:
       return true;
     default:
       return false;
@@ -57,7 +57,8 @@ std::string FeatureView::currentText() const {
 }
 
 std::optional<std::string> FeatureView::currentChoice() const {
-  // A routine may have stored any position; the library logs those outside.
+  if (kind() != FeatureKind::kMultiSelect) return std::nullopt;
+  // A routine may have stored any position; the library logs a look-up outside.
   const int position = currentInt();
   if (position < 0 || position >= feature_->fetchNumberOfOptions()) return std::nullopt;
   return choiceAt(position).name;
@@ -65,6 +66,8 @@ std::optional<std::string> FeatureView::currentChoice() const {
 
 std::vector<Choice> FeatureView::choices() const {
   std::vector<Choice> choices;
+  // The library logs a question about options to another feature as misuse.
+  if (kind() != FeatureKind::kMultiSelect) return choices;
   const int count = feature_->fetchNumberOfOptions();
   for (int position = 0; position < count; ++position) choices.push_back(choiceAt(position));
   return choices;

@@ -13,7 +13,7 @@
 namespace driver_feature {
 
 // The library's feature-type codes.
-enum class FeatureType : int {
+enum class FeatureKind : int {
   kUIOnly = 0,
   kMultiSelect = 1,
   kIntEntry = 2,
@@ -35,7 +35,7 @@ class FeatureView {
  public:
   explicit FeatureView(IntermediateCoreFeature& feature) : feature_(&feature) {}
 
-  FeatureType type() const;
+  FeatureKind kind() const;
   // "MultiSelect" and so on; "type N" for a code without a name.
   std::string typeName() const;
   bool hasValue() const;  // False for the types that hold no value to set.
@@ -47,10 +47,11 @@ class FeatureView {
   int currentInt() const;
   float currentFloat() const;
   std::string currentText() const;
-  // The name of the current option; nothing when there is none.
+  // The name of a "MultiSelect" feature's current option; nothing when there
+  // is none.
   std::optional<std::string> currentChoice() const;
 
-  // All options, in their order.
+  // All options, in their order; none unless this is a "MultiSelect" feature.
   std::vector<Choice> choices() const;
 
   // Stores the current value from a text. True when the library took it.

@@ -69,23 +69,26 @@ bool Plugin::bindSymbol(const std::string& symbol, Pointer& pointer, std::string
   return false;
 }
 
+bool Plugin::bindText(const std::string& symbol, const char*& text, std::string& problem) const {
+  const char* const* record = nullptr;
+  if (!bindSymbol(symbol, record, problem)) return false;
+  text = *record != nullptr ? *record : "";
+  return true;
+}
+
 bool Plugin::bindRecord(std::string& problem) {
-  const char* const* version = nullptr;
-  const char* const* displayName = nullptr;
-  const char* const* handlerName = nullptr;
-  if (!bindSymbol("_KirvoSOVersion", version, problem) ||
-      !bindSymbol("_KirvoSODisplayName", displayName, problem) ||
-      !bindSymbol("_KirvoNDTagHandlerFunction", handlerName, problem)) {
+  const char* handlerName = nullptr;
+  if (!bindText("_KirvoSOVersion", version_, problem) ||
+      !bindText("_KirvoSODisplayName", displayName_, problem) ||
+      !bindText("_KirvoNDTagHandlerFunction", handlerName, problem)) {
     return false;
   }
-  version_ = *version;
-  displayName_ = *displayName;
   if (version_ != kInterfaceVersion) {
     problem = path_ + ": speaks version \"" + version_ + "\" of the plug-in interface, not \"" +
               std::string(kInterfaceVersion) + "\"; name another library with --library PATH";
     return false;
   }
-  return bindSymbol(*handlerName, handler_, problem);
+  return bindSymbol(handlerName, handler_, problem);
 }
 
 bool Plugin::bind(std::string& problem) {

@@ -45,6 +45,7 @@ class Plugin {
   Plugin(void* library, const std::string& path) : library_(library), path_(path) {}
   bool bind(std::string& problem);
   bool bindRecord(std::string& problem);
+  bool bindText(const std::string& symbol, const char*& text, std::string& problem) const;
   template <class Pointer>
   bool bindSymbol(const std::string& symbol, Pointer& pointer, std::string& problem) const;
 

@@ -1,0 +1,26 @@
+// The features of a model with their current values, for reading.
+#ifndef HOST_SHOW_H_
+#define HOST_SHOW_H_
+
+#include <cstddef>
+#include <string>
+
+#include "host/settings.h"
+
+namespace driver_feature {
+
+// A table with a heading and one row per feature, in the order of the names.
+// `width` is the number of columns of the terminal, 0 when the table goes
+// somewhere else: then nothing is wrapped or cut.
+std::string showTable(const Model& model, std::size_t width);
+
+// The same as an indented JSON document with a line end.
+std::string showJson(const Model& model);
+
+// The columns of the terminal that standard output goes to; 0 when it goes
+// elsewhere, and 80 for a terminal that does not tell.
+std::size_t terminalWidth();
+
+}  // namespace driver_feature
+
+#endif  // HOST_SHOW_H_
