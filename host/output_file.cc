@@ -109,12 +109,17 @@ WriteProblem replaceFile(const std::string& path, const fs::path& target, const 
   return std::nullopt;
 }
 
-// What a chain of symbolic links ends at, whether it exists or not.
+bool isProcessFile(const fs::path& path) { return path.string().starts_with("/proc/"); }
+
+// What a chain of symbolic links ends at, whether it exists or not. The links
+// to the open files of a process are left as they are.
 fs::path followLinks(fs::path path) {
   constexpr int kLongestChain = 40;
   std::error_code error;
   for (int i = 0; i < kLongestChain && fs::is_symlink(path, error); ++i) {
-    path = path.parent_path() / fs::read_symlink(path, error);
+    const fs::path folder = fs::canonical(path.parent_path() / ".", error);
+    if (isProcessFile(folder / path.filename())) return folder / path.filename();
+    path = folder / fs::read_symlink(path, error);
   }
   return path;
 }
@@ -134,7 +139,7 @@ WriteProblem writeToFile(const std::string& path, std::string_view bytes) {
     return replaceFile(path, followLinks(path), nullptr, bytes);
   }
   const fs::path target = followLinks(path);
-  if (!S_ISREG(old.st_mode) || target.string().starts_with("/proc/")) {
+  if (!S_ISREG(old.st_mode) || isProcessFile(target)) {
     return writeDirectly(path, bytes);
   }
   // Replacing the file would get around its write protection.

@@ -5,6 +5,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -60,7 +61,10 @@ std::vector<std::string> choicesAndLimits(const FeatureView& feature,
 }
 
 // A float as the decimal number that a reader expects: 0.1, not 0.10000000149.
-Json floatJson(float number) { return Json::parse(numberText(number), nullptr, false); }
+Json floatJson(float number) {
+  if (!std::isfinite(number)) return nullptr;
+  return Json::parse(numberText(number));
+}
 
 Json valueJson(const FeatureView& feature) {
   switch (feature.kind()) {

@@ -1,0 +1,27 @@
+// The program's arguments.
+#ifndef HOST_COMMAND_LINE_H_
+#define HOST_COMMAND_LINE_H_
+
+#include <optional>
+
+#include "host/emit.h"
+#include "host/session.h"
+
+namespace driver_feature {
+
+enum class Command { kShow, kEmit, kVersion };
+
+struct CommandLine {
+  Command command = Command::kShow;
+  SessionRequest session;
+  EmitRequest emit;
+  bool json = false;  // For Command::kShow.
+};
+
+// Reads the arguments. Answers the status with which the program has to end
+// at once (after help, or after a line about wrong usage), else nothing.
+std::optional<int> readCommandLine(int argc, const char* const* argv, CommandLine& line);
+
+}  // namespace driver_feature
+
+#endif  // HOST_COMMAND_LINE_H_

@@ -1,0 +1,52 @@
+// A loaded description: what every command works on.
+#ifndef HOST_SESSION_H_
+#define HOST_SESSION_H_
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/description_file.h"
+#include "host/log_printer.h"
+#include "host/plugin.h"
+#include "host/settings.h"
+
+namespace driver_feature {
+
+// Where the parts of a session come from.
+struct SessionRequest {
+  std::string description;            // The file.
+  std::string library;                // The feature library; empty to search it.
+  std::vector<std::string> routines;  // Libraries of routines that the description names.
+  LogDetail detail = LogDetail::kUsual;
+};
+
+class Session {
+ public:
+  // Reads the description, loads the libraries and builds the features. Null
+  // when that fails, after a line on standard error; `status` is then the
+  // program's exit status. A description that the feature library cannot
+  // build ends the process with status 1. One session per process, because
+  // the library keeps one set of features.
+  static std::unique_ptr<Session> open(const SessionRequest& request, int& status);
+
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  const Model& model() const { return *model_; }
+  CoreFeatureSet& features() const { return plugin_->features(); }
+
+ private:
+  explicit Session(LogDetail detail) : log_(detail) {}
+  bool load(const SessionRequest& request, int& status);
+
+  LogPrinter log_;
+  std::unique_ptr<DescriptionFile> file_;
+  std::unique_ptr<Plugin> plugin_;
+  std::unique_ptr<Model> model_;
+};
+
+}  // namespace driver_feature
+
+#endif  // HOST_SESSION_H_
