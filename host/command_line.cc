@@ -135,15 +135,16 @@ class Arguments {
   }
 
   std::string reasonOf(const CLI::ParseError& error) const {
-    const std::vector<std::string> extras = program_.remaining();
-    const bool unknownCommand = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr &&
-                                !extras.empty() && !extras.front().starts_with('-') &&
-                                program_.get_subcommands().empty();
-    if (!unknownCommand) {
-      return std::string(error.what()) + "; driver-feature --help explains the usage";
-    }
-    const auto nearest = nearestName(extras.front(), {"show", "emit"});
-    return "there is no command \"" + extras.front() + "\"; " +
+    const bool commandGiven = !program_.get_subcommands().empty();
+    const std::string command = commandGiven ? program_.get_subcommands().front()->get_name() : "";
+    const std::string help = "; driver-feature " + command + (commandGiven ? " " : "") +
+                             "--help explains the usage";
+    if (dynamic_cast<const CLI::ExtrasError*>(&error) == nullptr) return error.what() + help;
+    const std::vector<std::string> extras = program_.remaining(true);
+    const std::string extra = extras.empty() ? "" : extras.front();
+    if (commandGiven || extra.starts_with('-')) return "\"" + extra + "\" is not expected" + help;
+    const auto nearest = nearestName(extra, {"show", "emit"});
+    return "there is no command \"" + extra + "\"; " +
            (nearest ? "did you mean \"" + *nearest + "\"?" : "give show or emit");
   }
 

@@ -33,6 +33,7 @@ void complain(std::string_view text) {
 
 void prepareStandardStreams() {
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
     if (::fcntl(stream, F_GETFD) != -1) continue;
     // The lowest free number is given out, which is this one. The direction is

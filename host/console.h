@@ -18,8 +18,8 @@ void complain(std::string_view text);
 
 // Puts something in the place of each standard stream that the caller has
 // closed, so that no file opened later is taken for one of them. A write to a
-// closed standard output still fails. Also makes a write to a broken pipe
-// fail instead of ending the process.
+// closed standard output still fails. Also makes a write to a broken pipe, or
+// beyond the largest file allowed, fail instead of ending the process.
 void prepareStandardStreams();
 
 // While it lives, what anybody writes to standard output goes to standard

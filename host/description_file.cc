@@ -53,9 +53,8 @@ std::unique_ptr<DescriptionFile> DescriptionFile::read(const std::string& path,
   void* element = findDescription(root);
   if (element == nullptr) {
     problem = errorAt(path, XMLDocument::lineOf(root), 1,
-                      "there is no " + std::string(kElementName) +
-                          " element; name the root <" + tagOf(root) +
-                          ">, or a child of it, <" + kElementName + ">");
+                      std::string("there is no ") + kElementName + " element; the root <" +
+                          tagOf(root) + "> or one of its children must be <" + kElementName + ">");
     return nullptr;
   }
   return std::unique_ptr<DescriptionFile>(

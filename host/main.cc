@@ -34,6 +34,8 @@ int show(const CommandLine& line) {
   return print(text);
 }
 
+// A library that is not there is no reason to hide the program's version,
+// unless the caller has asked for that library.
 int printVersions(const CommandLine& line) {
   std::string text = "driver-feature " DRIVER_FEATURE_VERSION "\n";
   std::string problem;
@@ -41,6 +43,9 @@ int printVersions(const CommandLine& line) {
   if (plugin) {
     text += std::string(plugin->displayName()) + " " + plugin->version() + " (" + plugin->path() +
             ")\n";
+  } else if (!line.session.library.empty()) {
+    complain(problem);
+    return kFailure;
   }
   return print(text);
 }

@@ -63,7 +63,7 @@ std::vector<std::string> choicesAndLimits(const FeatureView& feature,
 // A float as the decimal number that a reader expects: 0.1, not 0.10000000149.
 Json floatJson(float number) {
   if (!std::isfinite(number)) return nullptr;
-  return Json::parse(numberText(number));
+  return Json::parse(numberText(number)).get<double>();
 }
 
 Json valueJson(const FeatureView& feature) {

@@ -1,0 +1,52 @@
+// Routines that the descriptions of the tests name.
+
+#include <dlfcn.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "model/core_feature_set.h"
+
+#define EXPORTED __attribute__((visibility("default")))
+
+namespace {
+
+// The library is loaded already, but not globally.
+CoreFeatureSet* features() {
+  void* library = dlopen("libDriverFeature.so", RTLD_NOW | RTLD_NOLOAD);
+  if (library == nullptr) return nullptr;
+  auto* getFeatures = reinterpret_cast<void* (*)()>(dlsym(library, "GetMasterFeatureList"));
+  return static_cast<CoreFeatureSet*>(getFeatures());
+}
+
+}  // namespace
+
+extern "C" {
+
+EXPORTED bool testUpdate() { return true; }
+
+EXPORTED bool endProcess() {
+  std::exit(7);
+  return true;
+}
+
+// Change routine: from now on there is no duplex printing.
+EXPORTED void forbidDuplex() {
+  features()->FindFeatureInFeatureList(std::string("Duplex"))
+      ->setFeatureProperty(std::string("Sensitivity"), false);
+}
+
+// Change routine: prints, as a careless routine does.
+EXPORTED void printSomething() {
+  std::puts("printed by puts");
+  std::cout << "printed by a stream" << '\n';
+}
+
+// PostScript output routine: bytes that no text function could carry.
+EXPORTED void writeBytes(DriverFeatureSet* /*set*/, std::string& output) {
+  output += std::string("\0\x80\xFF\r\n\x1A", 6);
+}
+
+}  // extern "C"

@@ -1,0 +1,28 @@
+# Tests of the program driver-feature: of its parts, and of the built program
+# as a child process.
+
+driver_feature_test(host_unit_tests GLOB host/*_test.cc LINK driver_feature_host)
+driver_feature_test(host_program_tests
+  GLOB tests/host/*_test.cc tests/host/program_runner.cc)
+
+# Libraries that the tests load: routines that descriptions name, and two that
+# are no feature library of the right version.
+add_library(host_test_routines MODULE host/libraries/routines.cc)
+target_link_libraries(host_test_routines PRIVATE driver_feature_compile_options common_api)
+add_library(host_test_no_plugin MODULE host/libraries/no_plugin.cc)
+add_library(host_test_other_plugin MODULE host/libraries/other_plugin.cc)
+target_link_libraries(host_test_other_plugin PRIVATE driver_feature_compile_options)
+
+foreach(program host_unit_tests host_program_tests)
+  target_compile_definitions(${program} PRIVATE
+    DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
+    NO_PLUGIN_LIBRARY="$<TARGET_FILE:host_test_no_plugin>"
+    OTHER_PLUGIN_LIBRARY="$<TARGET_FILE:host_test_other_plugin>"
+    ROUTINES_LIBRARY="$<TARGET_FILE:host_test_routines>")
+  add_dependencies(${program}
+    DriverFeature host_test_no_plugin host_test_other_plugin host_test_routines)
+endforeach()
+target_compile_definitions(host_program_tests PRIVATE
+  DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
+  DRIVER_FEATURE_PROGRAM_VERSION="${PROJECT_VERSION}")
+add_dependencies(host_program_tests driver-feature)
