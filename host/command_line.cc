@@ -137,8 +137,8 @@ class Arguments {
   std::string reasonOf(const CLI::ParseError& error) const {
     const bool commandGiven = !program_.get_subcommands().empty();
     const std::string command = commandGiven ? program_.get_subcommands().front()->get_name() : "";
-    const std::string help = "; driver-feature " + command + (commandGiven ? " " : "") +
-                             "--help explains the usage";
+    const std::string help =
+        "; driver-feature " + command + (commandGiven ? " " : "") + "--help explains the usage";
     if (dynamic_cast<const CLI::ExtrasError*>(&error) == nullptr) return error.what() + help;
     const std::vector<std::string> extras = program_.remaining(true);
     const std::string extra = extras.empty() ? "" : extras.front();
@@ -149,9 +149,10 @@ class Arguments {
   }
 
   CommandLine& line_;
-  CLI::App program_{"Loads the feature description of a printer driver, shows its features, and\n"
-                    "writes printer-ready output of them.",
-                    "driver-feature"};
+  CLI::App program_{
+      "Loads the feature description of a printer driver, shows its features, and\n"
+      "writes printer-ready output of them.",
+      "driver-feature"};
   CLI::App* show_ = nullptr;
   CLI::App* emit_ = nullptr;
   bool version_ = false;

@@ -57,8 +57,7 @@ std::unique_ptr<DescriptionFile> DescriptionFile::read(const std::string& path,
                           tagOf(root) + "> or one of its children must be <" + kElementName + ">");
     return nullptr;
   }
-  return std::unique_ptr<DescriptionFile>(
-      new DescriptionFile(path, std::move(document), element));
+  return std::unique_ptr<DescriptionFile>(new DescriptionFile(path, std::move(document), element));
 }
 
 }  // namespace driver_feature

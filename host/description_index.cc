@@ -30,8 +30,8 @@ std::optional<float> floatOf(const AttributeMap& attributes, const std::string& 
 }
 
 template <class Number>
-std::string composeRange(const std::optional<Number>& lowest,
-                         const std::optional<Number>& highest, std::string (*spell)(Number)) {
+std::string composeRange(const std::optional<Number>& lowest, const std::optional<Number>& highest,
+                         std::string (*spell)(Number)) {
   if (lowest && highest) return "from " + spell(*lowest) + " to " + spell(*highest);
   if (lowest) return "at least " + spell(*lowest);
   if (highest) return "at most " + spell(*highest);
@@ -40,7 +40,9 @@ std::string composeRange(const std::optional<Number>& lowest,
 
 }  // namespace
 
-DescriptionIndex::DescriptionIndex(void* description) { addChildren(description); }
+DescriptionIndex::DescriptionIndex(void* description) {
+  addChildren(description);
+}
 
 const FeatureLimits& DescriptionIndex::limitsOf(const std::string& featureName) const {
   static const FeatureLimits kNone;

@@ -20,16 +20,14 @@ bool applySettings(const Session& session, const std::vector<std::string>& setti
 }
 
 // Answers the exit status; for success the bytes are in `output`.
-int produce(const SessionRequest& sessionRequest, const EmitRequest& request,
-            std::string& output) {
+int produce(const SessionRequest& sessionRequest, const EmitRequest& request, std::string& output) {
   const StandardOutputDiversion diversion;
   int status = kSuccess;
   const auto session = Session::open(sessionRequest, status);
   if (!session) return status;
   if (!applySettings(*session, request.settings)) return kUnusable;
-  session->features().serialize(output, static_cast<int>(request.form),
-                                request.installableOptions, request.ticketArgument1.c_str(),
-                                request.ticketArgument2.c_str());
+  session->features().serialize(output, static_cast<int>(request.form), request.installableOptions,
+                                request.ticketArgument1.c_str(), request.ticketArgument2.c_str());
   return kSuccess;
 }
 
@@ -39,8 +37,8 @@ int emit(const SessionRequest& sessionRequest, const EmitRequest& request) {
   std::string output;
   const int status = produce(sessionRequest, request, output);
   if (status != kSuccess) return status;
-  const WriteProblem problem = request.file.empty() ? writeToStandardOutput(output)
-                                                    : writeToFile(request.file, output);
+  const WriteProblem problem =
+      request.file.empty() ? writeToStandardOutput(output) : writeToFile(request.file, output);
   if (!problem) return kSuccess;
   complain(*problem);
   return kFailure;

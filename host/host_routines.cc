@@ -29,9 +29,13 @@ Refusal applyElement(void* element) {
 
 }  // namespace
 
-long updateCount() { return updates; }
+long updateCount() {
+  return updates;
+}
 
-void setLoadTarget(const Model* model) { loadTarget = model; }
+void setLoadTarget(const Model* model) {
+  loadTarget = model;
+}
 
 }  // namespace driver_feature
 

@@ -18,7 +18,9 @@ LoadWatch::LoadWatch(const std::string& file) : file_(file) {
   watchedFile = &file_;
 }
 
-LoadWatch::~LoadWatch() { watchedFile = nullptr; }
+LoadWatch::~LoadWatch() {
+  watchedFile = nullptr;
+}
 
 void LoadWatch::report() {
   // exit() leaves the objects of the functions that called it alive.

@@ -41,7 +41,9 @@ LogPrinter::LogPrinter(LogDetail detail) : detail_(detail) {
   SetLogHandler(&LogPrinter::handle, this);
 }
 
-LogPrinter::~LogPrinter() { SetLogHandler(nullptr, nullptr); }
+LogPrinter::~LogPrinter() {
+  SetLogHandler(nullptr, nullptr);
+}
 
 void LogPrinter::handle(int level, const char* /*category*/, const char* text, std::size_t length,
                         void* context) {
@@ -67,6 +69,8 @@ LogSilence::LogSilence() {
   SetLogHandler([](int, const char*, const char*, std::size_t, void*) {}, nullptr);
 }
 
-LogSilence::~LogSilence() { SetLogHandler(nullptr, nullptr); }
+LogSilence::~LogSilence() {
+  SetLogHandler(nullptr, nullptr);
+}
 
 }  // namespace driver_feature

@@ -49,8 +49,8 @@ std::optional<std::string> nearestName(const std::string& wanted,
   std::size_t best = changes * kChange + kChange - 1;
   std::optional<std::string> nearest;
   for (const std::string& name : names) {
-    const std::size_t lengths = std::max(name.size(), wanted.size()) -
-                                std::min(name.size(), wanted.size());
+    const std::size_t lengths =
+        std::max(name.size(), wanted.size()) - std::min(name.size(), wanted.size());
     if (lengths * kChange > best) continue;
     const std::size_t away = distance(wanted, name);
     if (away > best || (nearest && away == best)) continue;

@@ -109,7 +109,9 @@ WriteProblem replaceFile(const std::string& path, const fs::path& target, const 
   return std::nullopt;
 }
 
-bool isProcessFile(const fs::path& path) { return path.string().starts_with("/proc/"); }
+bool isProcessFile(const fs::path& path) {
+  return path.string().starts_with("/proc/");
+}
 
 // What a chain of symbolic links ends at, whether it exists or not. The links
 // to the open files of a process are left as they are.
@@ -143,7 +145,9 @@ WriteProblem writeToFile(const std::string& path, std::string_view bytes) {
     return writeDirectly(path, bytes);
   }
   // Replacing the file would get around its write protection.
-  if (::access(path.c_str(), W_OK) != 0) return problemOf(path, "cannot be opened");
+  if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
+    return problemOf(path, "cannot be opened");
+  }
   return replaceFile(path, target, &old, bytes);
 }
 

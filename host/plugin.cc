@@ -45,8 +45,8 @@ std::unique_ptr<Plugin> Plugin::load(const std::string& path, std::string& probl
   const std::string file = path.empty() ? findLibrary() : asPath(path);
   void* library = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) {
-    problem = "the feature library cannot be loaded: " + loaderError() +
-              "; name it with --library PATH";
+    problem =
+        "the feature library cannot be loaded: " + loaderError() + "; name it with --library PATH";
     return nullptr;
   }
   std::unique_ptr<Plugin> plugin(new Plugin(library, file));
@@ -54,7 +54,9 @@ std::unique_ptr<Plugin> Plugin::load(const std::string& path, std::string& probl
   return plugin;
 }
 
-CoreFeatureSet& Plugin::features() const { return *static_cast<CoreFeatureSet*>(getFeatures_()); }
+CoreFeatureSet& Plugin::features() const {
+  return *static_cast<CoreFeatureSet*>(getFeatures_());
+}
 
 void* Plugin::find(const std::string& symbol) const {
   return ::dlsym(library_, symbol.c_str());

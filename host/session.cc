@@ -49,7 +49,9 @@ std::unique_ptr<Session> Session::open(const SessionRequest& request, int& statu
   return session;
 }
 
-Session::~Session() { setLoadTarget(nullptr); }
+Session::~Session() {
+  setLoadTarget(nullptr);
+}
 
 bool Session::load(const SessionRequest& request, int& status) {
   std::string problem;

@@ -14,7 +14,9 @@ namespace driver_feature {
 
 namespace {
 
-std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+std::string quoted(std::string_view text) {
+  return "\"" + std::string(text) + "\"";
+}
 
 // The whole of `text` as a decimal number, with or without a sign.
 template <class Number>
@@ -65,8 +67,8 @@ class Check {
     for (const Choice& choice : choices) {
       if (choice.available) names.push_back(choice.name);
     }
-    const std::string remedy =
-        names.empty() ? "leave it out, since none is available" : "choose one of " + join(names, ", ");
+    const std::string remedy = names.empty() ? "leave it out, since none is available"
+                                             : "choose one of " + join(names, ", ");
     if (chosen == choices.end()) {
       const auto nearest = nearestName(setting_.value, names);
       return feature + " has no option " + quoted(setting_.value) + "; " +
@@ -87,17 +89,16 @@ class Check {
   Refusal checkFloat() const {
     double number = 0;
     const std::errc error = readNumber(setting_.value, number);
-    const bool isNumber = error == std::errc() ? std::isfinite(number)
-                                               : error == std::errc::result_out_of_range;
+    const bool isNumber =
+        error == std::errc() ? std::isfinite(number) : error == std::errc::result_out_of_range;
     const bool wide = error != std::errc() || std::fabs(number) > std::numeric_limits<float>::max();
     return checkNumber<float>(isNumber, wide, wide ? 0 : static_cast<float>(number),
                               limits_.floatMin, limits_.floatMax, "decimal number");
   }
 
   template <class Number>
-  Refusal checkNumber(bool isNumber, bool wide, Number number,
-                      const std::optional<Number>& lowest, const std::optional<Number>& highest,
-                      const std::string& kind) const {
+  Refusal checkNumber(bool isNumber, bool wide, Number number, const std::optional<Number>& lowest,
+                      const std::optional<Number>& highest, const std::string& kind) const {
     const std::string range = rangeText(lowest, highest);
     if (lowest && highest && *lowest > *highest) {
       return "no number is allowed, because the limits are " + range +
@@ -111,8 +112,9 @@ class Check {
     using Limits = std::numeric_limits<Number>;
     const std::string outside = setting_.value + " is out of range" + give + ", ";
     if (wide) {
-      return outside + rangeText(std::optional(lowest.value_or(Limits::lowest())),
-                                 std::optional(highest.value_or(Limits::max()))) +
+      return outside +
+             rangeText(std::optional(lowest.value_or(Limits::lowest())),
+                       std::optional(highest.value_or(Limits::max()))) +
              (range.empty() ? "" : place_);
     }
     const bool fits = (!lowest || number >= *lowest) && (!highest || number <= *highest);

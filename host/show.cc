@@ -42,8 +42,7 @@ std::string choiceText(const Choice& choice) {
   return choice.visible ? choice.name : choice.name + " (hidden)";
 }
 
-std::vector<std::string> choicesAndLimits(const FeatureView& feature,
-                                          const FeatureLimits& limits) {
+std::vector<std::string> choicesAndLimits(const FeatureView& feature, const FeatureLimits& limits) {
   std::vector<std::string> parts;
   for (const Choice& choice : feature.choices()) parts.push_back(choiceText(choice));
   for (std::string range :
@@ -86,9 +85,8 @@ Json valueJson(const FeatureView& feature) {
 Json choicesJson(const std::vector<Choice>& choices) {
   Json list = Json::array();
   for (const Choice& choice : choices) {
-    list.push_back({{"name", choice.name},
-                    {"available", choice.available},
-                    {"visible", choice.visible}});
+    list.push_back(
+        {{"name", choice.name}, {"available", choice.available}, {"visible", choice.visible}});
   }
   return list;
 }

@@ -52,7 +52,9 @@ void PrintTo(const RunResult& result, std::ostream* stream) {
 
 ProgramTest::ProgramTest() : folder_(makeFolder()) {}
 
-ProgramTest::~ProgramTest() { fs::remove_all(folder_); }
+ProgramTest::~ProgramTest() {
+  fs::remove_all(folder_);
+}
 
 RunResult ProgramTest::run(const std::vector<std::string>& arguments,
                            const std::function<void()>& prepare) const {
@@ -93,7 +95,9 @@ void ProgramTest::describe(const std::string& name, const std::vector<std::strin
   write(name, text + "</FeatureDescription>\n");
 }
 
-std::string ProgramTest::read(const std::string& name) const { return readFile(folder_ / name); }
+std::string ProgramTest::read(const std::string& name) const {
+  return readFile(folder_ / name);
+}
 
 std::vector<std::string> ProgramTest::fileNames() const {
   std::vector<std::string> names;
@@ -104,6 +108,10 @@ std::vector<std::string> ProgramTest::fileNames() const {
   return names;
 }
 
-RunResult success(const std::string& output) { return {0, output, ""}; }
+RunResult success(const std::string& output) {
+  return {0, output, ""};
+}
 
-RunResult failure(int status, const std::string& errors) { return {status, "", errors}; }
+RunResult failure(int status, const std::string& errors) {
+  return {status, "", errors};
+}

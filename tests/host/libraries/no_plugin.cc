@@ -1,2 +1,4 @@
 // A shared library that is no plug-in: it exports nothing that a host needs.
-extern "C" __attribute__((visibility("default"))) int somethingElse() { return 0; }
+extern "C" __attribute__((visibility("default"))) int somethingElse() {
+  return 0;
+}

@@ -9,6 +9,8 @@
 
 #include "model/core_feature_set.h"
 
+class DriverFeatureSet;
+
 #define EXPORTED __attribute__((visibility("default")))
 
 namespace {
@@ -25,7 +27,9 @@ CoreFeatureSet* features() {
 
 extern "C" {
 
-EXPORTED bool testUpdate() { return true; }
+EXPORTED bool testUpdate() {
+  return true;
+}
 
 EXPORTED bool endProcess() {
   std::exit(7);
@@ -34,7 +38,8 @@ EXPORTED bool endProcess() {
 
 // Change routine: from now on there is no duplex printing.
 EXPORTED void forbidDuplex() {
-  features()->FindFeatureInFeatureList(std::string("Duplex"))
+  features()
+      ->FindFeatureInFeatureList(std::string("Duplex"))
       ->setFeatureProperty(std::string("Sensitivity"), false);
 }
 
@@ -42,6 +47,12 @@ EXPORTED void forbidDuplex() {
 EXPORTED void printSomething() {
   std::puts("printed by puts");
   std::cout << "printed by a stream" << '\n';
+}
+
+// Update callback that prints.
+EXPORTED bool printAndAgree() {
+  printSomething();
+  return true;
 }
 
 // PostScript output routine: bytes that no text function could carry.

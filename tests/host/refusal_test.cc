@@ -1,0 +1,194 @@
+// Settings that are refused: one exact line, status 2, and nothing written.
+
+#include "host/program_runner.h"
+
+namespace {
+
+class RefusalTest : public ProgramTest {
+ protected:
+  RefusalTest() {
+    describe(
+        "o.xml",
+        {"<Feature FeatureType='MultiSelect' Name='PageSize' DefaultValue='A4'><O Name='A4'/>"
+         "<O Name='Letter'/><O Name='Legal' Sensitivity='false'/></Feature>",
+         "<Feature FeatureType='IntEntry' Name='Copies' IntMinValue='1' IntMaxValue='999'/>",
+         "<Feature FeatureType='IntEntry' Name='AtLeast' IntMinValue='0'/>",
+         "<Feature FeatureType='IntEntry' Name='AtMost' IntMaxValue='0'/>",
+         "<Feature FeatureType='IntEntry' Name='Free'/>",
+         "<Feature FeatureType='IntEntry' Name='Crossed' IntMinValue='5' IntMaxValue='1'/>",
+         "<Feature FeatureType='FloatEntry' Name='Scale' FloatMinValue='0.1' FloatMaxValue='4'/>",
+         "<Feature FeatureType='FloatEntry' Name='Angle'/>",
+         "<Feature FeatureType='TextEntry' Name='Pin' TextValidationCharSet='0123456789'"
+         " MaxTextLength='4'/>",
+         "<Feature FeatureType='TextEntry' Name='Owner' MaxTextLength='3'/>",
+         "<Feature FeatureType='TextEntry' Name='Street' TextValidationCharSet='a&#xE9;&#xDF;'/>",
+         "<Feature FeatureType='UIOnly' Name='About'/>",
+         "<Feature FeatureType='MVCList' Name='Overlays'/>",
+         "<Feature FeatureType='IntEntry' Name='Tray' Sensitivity='false'/>",
+         "<Feature FeatureType='MultiSelect' Name='Spent' DefaultValue='x'>"
+         "<O Name='x' Sensitivity='false'/></Feature>",
+         "<FeatureStaticGroup Name='Finishing'>"
+         "<Feature FeatureType='IntEntry' Name='Staples' IntMaxValue='2'/></FeatureStaticGroup>",
+         "<FeatureDynamicGroup Name='Pages'><FeatureStaticGroup Name='Page'>"
+         "<Feature FeatureType='IntEntry' Name='Number'/></FeatureStaticGroup>"
+         "</FeatureDynamicGroup>"});
+  }
+
+  RunResult emit(const std::vector<std::string>& settings) const {
+    std::vector<std::string> arguments = {"emit", "o.xml", "--to", "ps", "--output", "job.ps"};
+    for (const std::string& setting : settings) {
+      arguments.insert(arguments.end(), {"-o", setting});
+    }
+    return run(arguments);
+  }
+
+  void expectRefused(const std::string& setting, const std::string& reason) const {
+    const RunResult expected = failure(2, "driver-feature: -o " + setting + ": " + reason + "\n");
+    EXPECT_EQ(emit({setting}), expected);
+    // The settings before it are no reason to write anything.
+    EXPECT_EQ(emit({"Free=1", setting, "Free=2"}), expected);
+    EXPECT_EQ(run({"emit", "o.xml", "--to", "ps", "-o", setting}), expected);
+  }
+};
+
+struct Row {
+  const char* setting;
+  const char* reason;
+};
+
+TEST_F(RefusalTest, Emit_RefusedSetting_SaysWhyAndWritesNothing) {
+  constexpr Row kRows[] = {
+      {"Copies", "there is no value; write NAME=VALUE"},
+      {"", "there is no value; write NAME=VALUE"},
+      {"=1", "there is no feature name; write NAME=VALUE"},
+      {"copies=1", "there is no feature \"copies\"; did you mean \"Copies\"?"},
+      {"Copie=1", "there is no feature \"Copie\"; did you mean \"Copies\"?"},
+      {"Watermark=1",
+       "there is no feature \"Watermark\"; \"driver-feature show\" lists the features"},
+      {"Copies =1", "there is no feature \"Copies \"; did you mean \"Copies\"?"},
+      {"Finishing=1",
+       "\"Finishing\" is a static group and holds no value; set its features instead"},
+      {"Page=1", "\"Page\" is a static group and holds no value; set its features instead"},
+      {"Pages=1", "\"Pages\" is a dynamic group and holds records, not a value; leave it out"},
+      {"About=1", "\"About\" is a UIOnly feature and holds no value; leave it out"},
+      {"Overlays=1", "\"Overlays\" is a MVCList feature and holds no value; leave it out"},
+      {"Tray=1", "feature \"Tray\" is unavailable; leave it out"},
+      {"PageSize=A5",
+       "feature \"PageSize\" has no option \"A5\"; did you mean \"A4\"? (choose one "
+       "of A4, Letter)"},
+      {"PageSize=Ledger",
+       "feature \"PageSize\" has no option \"Ledger\"; did you mean \"Letter\"? "
+       "(choose one of A4, Letter)"},
+      {"PageSize=Photo", "feature \"PageSize\" has no option \"Photo\"; choose one of A4, Letter"},
+      {"PageSize=", "feature \"PageSize\" has no option \"\"; choose one of A4, Letter"},
+      {"PageSize=1", "feature \"PageSize\" has no option \"1\"; choose one of A4, Letter"},
+      {"PageSize=Legal",
+       "option \"Legal\" of feature \"PageSize\" is unavailable; choose one of A4, Letter"},
+      {"Spent=x",
+       "option \"x\" of feature \"Spent\" is unavailable; leave it out, since none is "
+       "available"},
+      {"Copies=0", "0 is out of range; give a whole number, from 1 to 999 (o.xml:3)"},
+      {"Copies=1000", "1000 is out of range; give a whole number, from 1 to 999 (o.xml:3)"},
+      {"Copies=99999999999",
+       "99999999999 is out of range; give a whole number, from 1 to 999 (o.xml:3)"},
+      {"Copies=12x", "\"12x\" is not a whole number; give a whole number, from 1 to 999 (o.xml:3)"},
+      {"Copies=1.5", "\"1.5\" is not a whole number; give a whole number, from 1 to 999 (o.xml:3)"},
+      {"Copies= 2", "\" 2\" is not a whole number; give a whole number, from 1 to 999 (o.xml:3)"},
+      {"Copies=", "\"\" is not a whole number; give a whole number, from 1 to 999 (o.xml:3)"},
+      {"Copies=++2", "\"++2\" is not a whole number; give a whole number, from 1 to 999 (o.xml:3)"},
+      {"Copies=+-2", "\"+-2\" is not a whole number; give a whole number, from 1 to 999 (o.xml:3)"},
+      {"AtLeast=-1", "-1 is out of range; give a whole number, at least 0 (o.xml:4)"},
+      {"AtLeast=3000000000",
+       "3000000000 is out of range; give a whole number, from 0 to 2147483647 (o.xml:4)"},
+      {"AtMost=1", "1 is out of range; give a whole number, at most 0 (o.xml:5)"},
+      {"Free=x", "\"x\" is not a whole number; give a whole number"},
+      {"Free=2147483648",
+       "2147483648 is out of range; give a whole number, from -2147483648 to 2147483647"},
+      {"Crossed=3",
+       "no number is allowed, because the limits are from 5 to 1; correct them in the "
+       "description (o.xml:7)"},
+      {"Scale=0.0999", "0.0999 is out of range; give a decimal number, from 0.1 to 4 (o.xml:8)"},
+      {"Scale=4.001", "4.001 is out of range; give a decimal number, from 0.1 to 4 (o.xml:8)"},
+      {"Scale=1,5",
+       "\"1,5\" is not a decimal number; give a decimal number, from 0.1 to 4 "
+       "(o.xml:8)"},
+      {"Scale=nan",
+       "\"nan\" is not a decimal number; give a decimal number, from 0.1 to 4 "
+       "(o.xml:8)"},
+      {"Angle=inf", "\"inf\" is not a decimal number; give a decimal number"},
+      {"Angle=1e39",
+       "1e39 is out of range; give a decimal number, from -3.4028235e+38 to "
+       "3.4028235e+38"},
+      {"Angle=1e999",
+       "1e999 is out of range; give a decimal number, from -3.4028235e+38 to "
+       "3.4028235e+38"},
+      {"Angle=0x10", "\"0x10\" is not a decimal number; give a decimal number"},
+      {"Pin=12345", "the text has 5 characters; give at most 4 (o.xml:10)"},
+      {"Pin=12a4", "character \"a\" is not allowed; use only \"0123456789\" (o.xml:10)"},
+      {"Owner=gr\xC3\xBC\xC3\x9F", "the text has 4 characters; give at most 3 (o.xml:11)"},
+      {"Street=a\xC3\xA8",
+       "character \"\xC3\xA8\" is not allowed; use only \"a\xC3\xA9\xC3\x9F\" "
+       "(o.xml:12)"},
+      {"Staples=3", "3 is out of range; give a whole number, at most 2 (o.xml:17)"},
+  };
+  for (const Row& row : kRows) {
+    SCOPED_TRACE(row.setting);
+    expectRefused(row.setting, row.reason);
+  }
+  EXPECT_EQ(fileNames(), std::vector<std::string>{"o.xml"});
+}
+
+TEST_F(RefusalTest, Emit_LimitsThemselves_AreTaken) {
+  for (const char* setting :
+       {"Copies=1", "Copies=999", "AtLeast=0", "AtLeast=2147483647", "AtMost=0",
+        "AtMost=-2147483648", "Scale=0.1", "Scale=4", "Pin=0129", "Pin=", "Owner=\xC3\xBC\xC3\x9F.",
+        "Street=\xC3\xA9\xC3\x9F"
+        "a",
+        "PageSize=Letter", "Staples=2", "Number=1"}) {
+    EXPECT_EQ(emit({setting}), success("")) << setting;
+  }
+}
+
+TEST_F(RefusalTest, Emit_ExistingFile_IsUntouched) {
+  write("job.ps", "old");
+  EXPECT_EQ(emit({"Copies=2", "PageSize=Legal"}),
+            failure(2,
+                    "driver-feature: -o PageSize=Legal: option \"Legal\" of feature "
+                    "\"PageSize\" is unavailable; choose one of A4, Letter\n"));
+  EXPECT_EQ(read("job.ps"), "old");
+  EXPECT_EQ(fileNames(), (std::vector<std::string>{"job.ps", "o.xml"}));
+}
+
+TEST_F(RefusalTest, Emit_SeveralRefused_NamesTheFirst) {
+  EXPECT_EQ(emit({"Free=x", "Copies=0"}),
+            failure(2,
+                    "driver-feature: -o Free=x: \"x\" is not a whole number; give a whole "
+                    "number\n"));
+}
+
+TEST_F(RefusalTest, Emit_LineEndInTheSetting_StaysOnOneLine) {
+  EXPECT_EQ(emit({"Free=1\n2\x1B"}),
+            failure(2,
+                    "driver-feature: -o Free=1\\n2\\x1b: \"1\\n2\\x1b\" is not a whole number; "
+                    "give a whole number\n"));
+}
+
+TEST_F(RefusalTest, Emit_EarlierSettingMakesAFeatureUnavailable_RefusesTheLater) {
+  describe("rules.xml",
+           {"<Feature FeatureType='IntEntry' Name='Booklet' AddCallbackRoutine='forbidDuplex'/>",
+            "<Feature FeatureType='IntEntry' Name='Duplex' PSCommand='%d duplex&#10;'/>"});
+  const std::vector<std::string> arguments = {"emit", "rules.xml",   "--to",
+                                              "ps",   "--callbacks", ROUTINES_LIBRARY};
+  const auto with = [&arguments](const std::vector<std::string>& settings) {
+    std::vector<std::string> all = arguments;
+    for (const std::string& setting : settings) all.insert(all.end(), {"-o", setting});
+    return all;
+  };
+  EXPECT_EQ(run(with({"Duplex=1", "Booklet=1"})), success("1 duplex\n"));
+  EXPECT_EQ(run(with({"Booklet=1", "Duplex=1"})),
+            failure(2,
+                    "driver-feature: -o Duplex=1: feature \"Duplex\" is unavailable; leave it "
+                    "out\n"));
+}
+
+}  // namespace

@@ -1,0 +1,140 @@
+// Arguments: help, versions, and what is refused before any file is read.
+
+#include <cstdlib>
+
+#include "host/program_runner.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class UsageTest : public ProgramTest {};
+
+struct Row {
+  std::vector<std::string> arguments;
+  const char* errors;
+};
+
+TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
+  const Row kRows[] = {
+      {{},
+       "driver-feature: a command is needed: show or emit; driver-feature --help explains them\n"},
+      {{"shwo"}, "driver-feature: there is no command \"shwo\"; did you mean \"show\"?\n"},
+      {{"print", "a.xml"}, "driver-feature: there is no command \"print\"; give show or emit\n"},
+      {{"--frob"},
+       "driver-feature: \"--frob\" is not expected; driver-feature --help explains the usage\n"},
+      {{"show"},
+       "driver-feature: DESC is required; driver-feature show --help explains the usage\n"},
+      {{"show", "a.xml", "--frob"},
+       "driver-feature: \"--frob\" is not expected; driver-feature show --help explains the "
+       "usage\n"},
+      {{"show", "a.xml", "b.xml"},
+       "driver-feature: \"b.xml\" is not expected; driver-feature show --help explains the "
+       "usage\n"},
+      {{"show", "a.xml", "-v", "-q"},
+       "driver-feature: --verbose excludes --quiet; driver-feature show --help explains the "
+       "usage\n"},
+      {{"emit", "a.xml"},
+       "driver-feature: --to is required; driver-feature emit --help explains the usage\n"},
+      {{"emit", "--to", "ps"},
+       "driver-feature: DESC is required; driver-feature emit --help explains the usage\n"},
+      {{"emit", "a.xml", "--to", "pdf"},
+       "driver-feature: --to: no such form \"pdf\"; give ps, pjl or ticket; driver-feature emit "
+       "--help explains the usage\n"},
+      {{"emit", "a.xml", "--to", "ps", "-o"},
+       "driver-feature: --option: 1 required NAME=VALUE missing; driver-feature emit --help "
+       "explains the usage\n"},
+      {{"emit", "a.xml", "--to", "ps", "--json"},
+       "driver-feature: \"--json\" is not expected; driver-feature emit --help explains the "
+       "usage\n"},
+  };
+  for (const Row& row : kRows) {
+    EXPECT_EQ(run(row.arguments), failure(2, row.errors)) << testing::PrintToString(row.arguments);
+  }
+}
+
+TEST_F(UsageTest, Help_ProgramAndCommands_EndsWithZeroAndShowsExamples) {
+  const RunResult program = run({"--help"});
+  EXPECT_EQ(program.status, 0);
+  EXPECT_EQ(program.errors, "");
+  for (const char* text : {"Usage: driver-feature ", "  show  ", "  emit  ", "--callbacks LIB.so",
+                           "--library PATH", "-v,--verbose", "-q,--quiet", "--version",
+                           "Examples:\n  driver-feature show office.xml\n", "Exit status: 0 "}) {
+    EXPECT_NE(program.output.find(text), std::string::npos) << text;
+  }
+  const RunResult emit = run({"emit", "--help"});
+  EXPECT_EQ(emit.status, 0);
+  EXPECT_EQ(emit.errors, "");
+  for (const char* text : {"Usage: driver-feature emit ", "--to FORM", "-o,--option NAME=VALUE",
+                           "--output FILE", "--inst-opt", "--ticket-arg1 TEXT",
+                           "--ticket-arg2 TEXT", "Examples:\n  driver-feature emit office.xml"}) {
+    EXPECT_NE(emit.output.find(text), std::string::npos) << text;
+  }
+  const RunResult show = run({"show", "--help"});
+  EXPECT_EQ(show.status, 0);
+  EXPECT_EQ(show.errors, "");
+  for (const char* text : {"Usage: driver-feature show ", "--json", "Examples:\n"}) {
+    EXPECT_NE(show.output.find(text), std::string::npos) << text;
+  }
+}
+
+// The program in a folder of its own, with the library where a row puts it.
+class LibrarySearchTest : public ProgramTest {
+ protected:
+  LibrarySearchTest() {
+    fs::create_directories(folder() / "bin");
+    fs::create_directories(folder() / "lib");
+    fs::copy(DRIVER_FEATURE_PROGRAM, folder() / "bin");
+  }
+
+  RunResult versionOf(const std::function<void()>& prepare = {}) const {
+    return runIn(folder(), folder() / "bin/driver-feature", {"--version"}, prepare);
+  }
+
+  std::string versionsWith(const std::string& library) const {
+    return "driver-feature " DRIVER_FEATURE_PROGRAM_VERSION "\nDriver Feature Library v1.0 (" +
+           library + ")\n";
+  }
+};
+
+TEST_F(LibrarySearchTest, Version_LibraryInTheLibraryFolder_NamesIt) {
+  fs::copy(DRIVER_FEATURE_LIBRARY, folder() / "lib");
+  fs::copy(DRIVER_FEATURE_LIBRARY, folder() / "bin");
+  EXPECT_EQ(versionOf(), success(versionsWith(folder() / "lib/libDriverFeature.so")));
+}
+
+TEST_F(LibrarySearchTest, Version_LibraryBesideTheProgram_NamesIt) {
+  fs::copy(DRIVER_FEATURE_LIBRARY, folder() / "bin");
+  EXPECT_EQ(versionOf(), success(versionsWith(folder() / "bin/libDriverFeature.so")));
+}
+
+TEST_F(LibrarySearchTest, Version_LibraryElsewhere_IsLeftToTheLoader) {
+  const std::string place = fs::path(DRIVER_FEATURE_LIBRARY).parent_path();
+  EXPECT_EQ(versionOf([&place] { setenv("LD_LIBRARY_PATH", place.c_str(), 1); }),
+            success(versionsWith("libDriverFeature.so")));
+}
+
+TEST_F(LibrarySearchTest, Version_NoLibrary_PrintsTheProgramsOnly) {
+  write("lib/libDriverFeature.so", "no library");
+  EXPECT_EQ(versionOf(), success("driver-feature " DRIVER_FEATURE_PROGRAM_VERSION "\n"));
+}
+
+TEST_F(UsageTest, Version_LibraryGivenButUnusable_Fails) {
+  EXPECT_EQ(run({"--version", "--library", NO_PLUGIN_LIBRARY}),
+            failure(1, "driver-feature: " NO_PLUGIN_LIBRARY
+                       ": is not a feature library, because it does not export _KirvoSOVersion; "
+                       "name another one with --library PATH\n"));
+}
+
+TEST_F(UsageTest, Library_GivenBeforeOrBehindTheCommand_IsLoaded) {
+  describe("a.xml", {});
+  const RunResult refused =
+      failure(1,
+              "driver-feature: the feature library cannot be loaded: ./x.so: cannot open shared "
+              "object file: No such file or directory; name it with --library PATH\n");
+  EXPECT_EQ(run({"--library", "x.so", "show", "a.xml"}), refused);
+  EXPECT_EQ(run({"show", "a.xml", "--library", "x.so"}), refused);
+  EXPECT_EQ(run({"emit", "a.xml", "--to", "ps", "--library", DRIVER_FEATURE_LIBRARY}), success(""));
+}
+
+}  // namespace
