@@ -1,0 +1,261 @@
+// Properties, selection and template of a dynamic group.
+
+#include "model/driver_feature_dynamic_group.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "frame/state.h"
+#include "support/property_names.h"
+#include "support/recording_host.h"
+
+#include "Log.h"
+
+namespace driver_feature::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+const std::vector<std::string> kReadableTexts = {
+    "Name",
+    "TESKOAAttributeName",
+    "TESKJTAttributeName",
+    "InstOptAttributeName",
+    "NonVORNAttributeName",
+    "TESKAttributeSyntax",
+    "AddPJLCallbackRoutine",
+    "AddPSCallbackRoutine",
+    "AddVORNCallbackRoutine"};
+const std::vector<std::string> kHiddenTexts = {"PJLCommand", "PSCommand", "SortFunctionName"};
+
+bool contains(const std::vector<std::string>& names, const std::string& name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+// Sets through one of the three ways: the plain setter, and the one with
+// constraint control with and without notification.
+enum class Way { kPlain, kNotifying, kSilent };
+constexpr Way kWays[] = {Way::kPlain, Way::kNotifying, Way::kSilent};
+
+template <class Value>
+bool set(DriverFeatureDynamicGroup& group, Way way, const std::string& name, const Value& value) {
+  if (way == Way::kPlain) return group.setFeatureProperty(name, value);
+  return group.setFeaturePropertyWithConstraintControl(name, value, way == Way::kSilent);
+}
+
+class DynamicGroupTest : public ::testing::Test {
+ protected:
+  DynamicGroupTest() { host_.registerUpdateCallback(); }
+
+  RecordingHost host_;
+  DriverFeatureDynamicGroup group_{std::string("Pages")};
+};
+
+TEST_F(DynamicGroupTest, NewGroup_HasTheDefaults) {
+  for (const std::string& name : kReadableTexts) {
+    std::string value = "unset";
+    EXPECT_TRUE(group_.getFeatureProperty(name, value)) << name;
+    EXPECT_EQ(value, name == "Name" ? "Pages" : "") << name;
+  }
+  EXPECT_EQ(group_.getFeatureType(), 8);
+  int record = 0;
+  EXPECT_TRUE(group_.getFeatureProperty(std::string("RecordInFocus"), &record));
+  EXPECT_EQ(record, -1);
+  for (const std::string name : {"Sensitivity", "Visibility"}) {
+    bool flag = false;
+    EXPECT_TRUE(group_.getFeatureProperty(name, &flag)) << name;
+    EXPECT_TRUE(flag) << name;
+  }
+  EXPECT_EQ(group_.fetchStaticGroupTemplate(), nullptr);
+  EXPECT_EQ(group_.fetchNumberOfDynamicEntries(), 0);
+  EXPECT_TRUE(group_.isSelectionEmpty());
+  EXPECT_EQ(group_.fetchNumberOfOptions(), 0);
+  EXPECT_EQ(group_.fetchOptionIndexByName(std::string("A")), -1);
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+}
+
+TEST_F(DynamicGroupTest, Text_EveryName_IsStoredOrRefusedInSilence) {
+  for (const Way way : kWays) {
+    for (const std::string& name : everyName()) {
+      SCOPED_TRACE(name);
+      DriverFeatureDynamicGroup group(std::string("Pages"));
+      const bool readable = contains(kReadableTexts, name);
+      EXPECT_EQ(set(group, way, name, std::string("stored")),
+                readable || contains(kHiddenTexts, name));
+      std::string value = "kept";
+      EXPECT_EQ(group.getFeatureProperty(name, value), readable);
+      EXPECT_EQ(value, readable ? "stored" : "kept");
+    }
+  }
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+}
+
+TEST_F(DynamicGroupTest, Text_EachProperty_HasAPlaceOfItsOwn) {
+  for (const std::string& name : kReadableTexts) {
+    group_.setFeatureProperty(name, std::string("text of " + name));
+  }
+  for (const std::string& name : kHiddenTexts) group_.setFeatureProperty(name, std::string("x"));
+  for (const std::string& name : kReadableTexts) {
+    std::string value;
+    EXPECT_TRUE(group_.getFeatureProperty(name, value));
+    EXPECT_EQ(value, "text of " + name);
+  }
+}
+
+TEST_F(DynamicGroupTest, Int_EveryOtherName_IsLoggedWithTheGroupAlone) {
+  for (const Way way : kWays) {
+    for (const std::string& name : everyName()) {
+      if (name == "RecordInFocus") continue;
+      SCOPED_TRACE(name);
+      EXPECT_FALSE(set(group_, way, name, 1));
+      int value = 77;
+      EXPECT_FALSE(group_.getFeatureProperty(name, &value));
+      EXPECT_EQ(value, 77);
+      EXPECT_THAT(
+          host_.takeEvents(),
+          ElementsAre(
+              logLine(3,
+                      "DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(int) - "
+                      "Unrecognized property for group:  \"Pages."),
+              logLine(3,
+                      "DriverFeatureDynamicGroup::getFeatureProperty(int) - Unrecognized property "
+                      "for group:  \"Pages.")));
+    }
+  }
+}
+
+TEST_F(DynamicGroupTest, Float_EveryName_IsLoggedWithTheGroupAlone) {
+  for (const Way way : kWays) {
+    for (const std::string& name : everyName()) {
+      SCOPED_TRACE(name);
+      EXPECT_FALSE(set(group_, way, name, 1.0F));
+      float value = 7.5F;
+      EXPECT_FALSE(group_.getFeatureProperty(name, &value));
+      EXPECT_EQ(value, 7.5F);
+      EXPECT_THAT(
+          host_.takeEvents(),
+          ElementsAre(
+              logLine(3,
+                      "DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(float) - "
+                      "No float group properties for group:  \"Pages."),
+              logLine(3,
+                      "DriverFeatureDynamicGroup::getFeatureProperty(float) - No float group "
+                      "properties for group:  \"Pages.")));
+    }
+  }
+}
+
+TEST_F(DynamicGroupTest, Bool_EveryOtherName_IsLoggedWithTheProperty) {
+  for (const Way way : kWays) {
+    for (const std::string& name : everyName()) {
+      if (name == "Sensitivity" || name == "Visibility") continue;
+      SCOPED_TRACE(name);
+      EXPECT_FALSE(set(group_, way, name, true));
+      bool value = true;
+      EXPECT_FALSE(group_.getFeatureProperty(name, &value));
+      EXPECT_TRUE(value);
+      EXPECT_THAT(
+          host_.takeEvents(),
+          ElementsAre(
+              logLine(3,
+                      "DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(bool) - "
+                      "Unrecognized feature property:  \"" +
+                          name + "\" for feature \"Pages."),
+              logLine(3,
+                      "DriverFeatureDynamicGroup::getFeatureProperty(bool*) - Unrecognized feature "
+                      "property:  \"" +
+                          name + "\" for feature \"Pages.")));
+    }
+  }
+}
+
+TEST_F(DynamicGroupTest, RecordInFocus_EveryWay_IsStoredAndReported) {
+  for (const Way way : kWays) {
+    EXPECT_TRUE(set(group_, way, "RecordInFocus", 5));
+    int record = 0;
+    EXPECT_TRUE(group_.getFeatureProperty(std::string("RecordInFocus"), &record));
+    EXPECT_EQ(record, 5);
+    // Every store is reported, changed or not, unless silence is asked for.
+    EXPECT_EQ(host_.takeEvents().size(), way == Way::kSilent ? 0U : 1U);
+  }
+}
+
+TEST_F(DynamicGroupTest, Flags_EveryWay_AreStoredAndReported) {
+  for (const std::string name : {"Sensitivity", "Visibility"}) {
+    const std::string other = name == "Sensitivity" ? "Visibility" : "Sensitivity";
+    for (const Way way : kWays) {
+      for (const bool wanted : {false, true}) {
+        EXPECT_TRUE(set(group_, way, name, wanted));
+        bool flag = !wanted;
+        EXPECT_TRUE(group_.getFeatureProperty(name, &flag));
+        EXPECT_EQ(flag, wanted);
+        EXPECT_TRUE(group_.getFeatureProperty(other, &flag));
+        EXPECT_TRUE(flag);
+        EXPECT_EQ(host_.takeEvents().size(), way == Way::kSilent ? 0U : 1U);
+      }
+    }
+  }
+}
+
+TEST_F(DynamicGroupTest, NumbersAndFlags_WhileATicketIsLoaded_AreStoredInSilence) {
+  libraryState().ticketLoading = true;
+  EXPECT_TRUE(group_.setFeatureProperty(std::string("RecordInFocus"), 2));
+  EXPECT_TRUE(group_.setFeatureProperty(std::string("Visibility"), false));
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+}
+
+TEST_F(DynamicGroupTest, NumbersAndFlags_WithoutUpdateCallback_AreStored) {
+  libraryState().updateCallback = nullptr;
+  EXPECT_TRUE(group_.setFeatureProperty(std::string("RecordInFocus"), 2));
+  EXPECT_TRUE(group_.removeAllDynamicEntries());
+}
+
+TEST_F(DynamicGroupTest, Selection_BySlotAndByName_IsOneSet) {
+  IntermediateDynamicFeatureGroup& slots = group_;
+  EXPECT_TRUE(group_.selectDynamicEntry(3));
+  EXPECT_FALSE(slots.addConstraint(3));
+  EXPECT_TRUE(slots.addConstraint(0));
+  EXPECT_FALSE(group_.isSelectionEmpty());
+  EXPECT_FALSE(slots.isConstraintSetEmpty());
+  EXPECT_THAT(*slots.fetchSelectedEntries(), ElementsAre(0, 3));
+  EXPECT_TRUE(slots.removeConstraint(3));
+  EXPECT_FALSE(group_.deselectDynamicEntry(3));
+  EXPECT_TRUE(group_.deselectDynamicEntry(0));
+  EXPECT_TRUE(group_.isSelectionEmpty());
+  EXPECT_TRUE(slots.isConstraintSetEmpty());
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+}
+
+TEST_F(DynamicGroupTest, Selection_NegativeIndex_IsRefused) {
+  EXPECT_FALSE(group_.selectDynamicEntry(-1));
+  EXPECT_FALSE(group_.deselectDynamicEntry(-1));
+  EXPECT_TRUE(group_.isSelectionEmpty());
+}
+
+TEST_F(DynamicGroupTest, Template_SetOnce_Stays) {
+  DriverFeatureStaticGroup first;
+  DriverFeatureStaticGroup second;
+  LogMessageBuffer = "untouched";
+  EXPECT_FALSE(group_.addDefaultStaticGroupTemplate(nullptr));
+  EXPECT_THAT(host_.takeEvents(),
+              ElementsAre(logLine(3,
+                                  "DriverFeatureDynamicGroup::addDefaultStaticGroupTemplate(bool) "
+                                  "- Null static group template pointer")));
+  EXPECT_TRUE(group_.addDefaultStaticGroupTemplate(&first));
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+  EXPECT_FALSE(group_.addDefaultStaticGroupTemplate(&second));
+  EXPECT_EQ(group_.fetchStaticGroupTemplate(), &first);
+  EXPECT_THAT(host_.takeEvents(),
+              ElementsAre(logLine(3,
+                                  "DriverFeatureDynamicGroup::addDefaultStaticGroupTemplate() - "
+                                  "Dynamic group static template already assigned")));
+  EXPECT_EQ(LogMessageBuffer.utf8(), "untouched");
+}
+
+}  // namespace
+}  // namespace driver_feature::testing
