@@ -11,6 +11,7 @@ add_library(driver_feature_objects OBJECT
   loader/group_builder.cc
   loader/tag_handler.cc
   model/driver_feature.cc
+  model/driver_feature_constraints.cc
   model/driver_feature_dynamic_group.cc
   model/driver_feature_dynamic_group_records.cc
   model/driver_feature_option.cc

@@ -39,7 +39,9 @@ constexpr LabelRow kOptionLabels[] = {
     {"TESKCommand", "\n\t\t\"TESK Command\": \""},
 };
 
-const char* sensitivityWord(bool sensitive) { return sensitive ? "enabled" : "disabled"; }
+const char* sensitivityWord(bool sensitive) {
+  return sensitive ? "enabled" : "disabled";
+}
 
 std::string nameOfObject(CoreFeature& object) {
   std::string name;

@@ -65,9 +65,14 @@ struct FloatRow {
 
 TEST_F(DumpTest, FloatFeature_HasSixSignificantDigits) {
   DriverFeature& gamma = model_.feature("Gamma", 4);
-  constexpr FloatRow kRows[] = {{2.5F, "2.5"},       {1e-7F, "1e-07"},       {0.1F, "0.1"},
-                                {1234567.0F, "1.23457e+06"}, {100000.0F, "100000"}, {-0.5F, "-0.5"},
-                                {3.14159274F, "3.14159"},    {0.0F, "0"}};
+  constexpr FloatRow kRows[] = {{2.5F, "2.5"},
+                                {1e-7F, "1e-07"},
+                                {0.1F, "0.1"},
+                                {1234567.0F, "1.23457e+06"},
+                                {100000.0F, "100000"},
+                                {-0.5F, "-0.5"},
+                                {3.14159274F, "3.14159"},
+                                {0.0F, "0"}};
   for (const FloatRow& row : kRows) {
     gamma.setFeatureProperty(std::string("CurrentFloatValue"), row.value);
     EXPECT_EQ(dump(), std::string("\n\"Gamma\" (FloatEntry/enabled/visible)Float:") + row.text +
@@ -201,12 +206,12 @@ TEST_F(DumpTest, DynamicGroup_ShowsItsRecordsAndTheLastFeaturesState) {
   setFlag(b, "Sensitivity", false);
   setFlag(b, "Visibility", false);
   DriverFeatureStaticGroup shape;
-  DriverFeatureDynamicGroup& pages = model_.dynamicGroup("Pages",
-                                                         {{"PJLCommand", "cannot be read back"},
-                                                          {"PSCommand", "cannot be read back"},
-                                                          {"TESKJTAttributeName", "jt"},
-                                                          {"TESKOAAttributeName", "oa"},
-                                                          {"AddPSCallbackRoutine", "not shown"}});
+  DriverFeatureDynamicGroup& pages =
+      model_.dynamicGroup("Pages", {{"PJLCommand", "cannot be read back"},
+                                    {"PSCommand", "cannot be read back"},
+                                    {"TESKJTAttributeName", "jt"},
+                                    {"TESKOAAttributeName", "oa"},
+                                    {"AddPSCallbackRoutine", "not shown"}});
   pages.addDefaultStaticGroupTemplate(&shape);
   AttributeMap empty;
   pages.addStaticGroupToDynamicGroup(empty);

@@ -43,8 +43,7 @@ DRIVER_FEATURE_EXPORT int JobTicketVORNTagHandler(void* element);
 // line, and leaves the value alone. GetMasterFeatureList() must have been
 // called before.
 DRIVER_FEATURE_EXPORT int GetFeatureIntValue(std::string& target, const char* name, int* value);
-DRIVER_FEATURE_EXPORT int GetFeatureFloatValue(std::string& target, const char* name,
-                                               float* value);
+DRIVER_FEATURE_EXPORT int GetFeatureFloatValue(std::string& target, const char* name, float* value);
 DRIVER_FEATURE_EXPORT int GetFeatureBoolValue(std::string& target, const char* name, bool* value);
 DRIVER_FEATURE_EXPORT int GetFeatureTextValue(std::string& target, const char* name,
                                               std::string& value);

@@ -47,7 +47,9 @@ void* GetMasterFeatureList() {
   return static_cast<CoreFeatureSet*>(set);
 }
 
-void SetFeatureCreationCompleteFlag() { libraryState().creationComplete = true; }
+void SetFeatureCreationCompleteFlag() {
+  libraryState().creationComplete = true;
+}
 
 void setDriverFeatureUpdateCallback(bool (*callback)()) {
   libraryState().updateCallback = callback;

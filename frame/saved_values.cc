@@ -75,8 +75,7 @@ void copyValues(AttributeMap& names, const ValueNames& from, const ValueNames& t
 }  // namespace
 
 void SaveCurrentFeatureValues(AttributeMap& names) {
-  copyValues(names, kCurrent, kOriginal,
-             "SaveCurrentFeatureValues() - Cannot find feature \"{}\"");
+  copyValues(names, kCurrent, kOriginal, "SaveCurrentFeatureValues() - Cannot find feature \"{}\"");
 }
 
 void RestoreOriginalFeatureValues(AttributeMap& names) {

@@ -8,7 +8,9 @@ constinit LibraryState state{};
 
 }  // namespace
 
-LibraryState& libraryState() { return state; }
+LibraryState& libraryState() {
+  return state;
+}
 
 void callUpdateCallback() {
   if (state.updateCallback != nullptr) state.updateCallback();

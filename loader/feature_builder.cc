@@ -17,9 +17,8 @@ namespace {
 using Kind = AttributeKind;
 
 constexpr AttributeRow kOptionAttributes[] = {
-    {Kind::kBool, "Sensitivity"}, {Kind::kText, "PJLCommand"},
-    {Kind::kText, "PSCommand"},   {Kind::kText, "TESKCommand"},
-    {Kind::kText, "TESKTicketCommand"}, {Kind::kText, "SNMPValue"},
+    {Kind::kBool, "Sensitivity"}, {Kind::kText, "PJLCommand"},        {Kind::kText, "PSCommand"},
+    {Kind::kText, "TESKCommand"}, {Kind::kText, "TESKTicketCommand"}, {Kind::kText, "SNMPValue"},
     {Kind::kText, "CLOKey"},
 };
 
@@ -108,9 +107,8 @@ bool addOptions(void* element, DriverFeature& feature, const std::string& featur
     if (feature.addOptionToFeature(option)) continue;
     std::string optionName;
     option->getOptionProperty(std::string("Name"), optionName);
-    logComposed(Level::kError,
-                "CreateFeature() - Cannot add option \"{}\" to feature \"{}\".", optionName,
-                featureName);
+    logComposed(Level::kError, "CreateFeature() - Cannot add option \"{}\" to feature \"{}\".",
+                optionName, featureName);
     return false;
   }
   return true;
@@ -121,8 +119,8 @@ int findDefaultOption(const AttributeMap& attributes, DriverFeature& feature,
                       const std::string& featureName) {
   std::string value;
   if (!readAttribute(attributes, "DefaultValue", value)) {
-    logComposed(Level::kWarning,
-                "CreateFeature() - No default value for feature \"{}\", using 0.", featureName);
+    logComposed(Level::kWarning, "CreateFeature() - No default value for feature \"{}\", using 0.",
+                featureName);
     return 0;
   }
   const int position = feature.fetchOptionIndexByName(value);
@@ -182,8 +180,8 @@ DriverFeature* CreateFeature(void* element, const AttributeMap& attributes) {
   }
   const auto type = findType(keyword);
   if (!type) {
-    logComposed(Level::kError,
-                "CreateFeature() - Invalid feature type \"{}\" for feature \"{}\".", keyword, name);
+    logComposed(Level::kError, "CreateFeature() - Invalid feature type \"{}\" for feature \"{}\".",
+                keyword, name);
     return nullptr;
   }
   assign(*feature, "FeatureType", *type);

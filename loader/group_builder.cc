@@ -18,23 +18,16 @@ namespace {
 using Kind = AttributeKind;
 
 constexpr AttributeRow kStaticGroupAttributes[] = {
-    {Kind::kText, "PJLCommand"},
-    {Kind::kText, "PSCommand"},
-    {Kind::kText, "TESKOAAttributeName"},
-    {Kind::kText, "TESKJTAttributeName"},
-    {Kind::kText, "TESKAttributeSyntax"},
-    {Kind::kText, "AddPJLCallbackRoutine"},
-    {Kind::kText, "AddPSCallbackRoutine"},
-    {Kind::kText, "AddVORNCallbackRoutine"},
+    {Kind::kText, "PJLCommand"},           {Kind::kText, "PSCommand"},
+    {Kind::kText, "TESKOAAttributeName"},  {Kind::kText, "TESKJTAttributeName"},
+    {Kind::kText, "TESKAttributeSyntax"},  {Kind::kText, "AddPJLCallbackRoutine"},
+    {Kind::kText, "AddPSCallbackRoutine"}, {Kind::kText, "AddVORNCallbackRoutine"},
 };
 
 constexpr AttributeRow kDynamicGroupAttributes[] = {
-    {Kind::kText, "PJLCommand"},
-    {Kind::kText, "PSCommand"},
-    {Kind::kText, "TESKOAAttributeName"},
-    {Kind::kText, "TESKJTAttributeName"},
-    {Kind::kText, "TESKAttributeSyntax"},
-    {Kind::kText, "SortFunctionName"},
+    {Kind::kText, "PJLCommand"},          {Kind::kText, "PSCommand"},
+    {Kind::kText, "TESKOAAttributeName"}, {Kind::kText, "TESKJTAttributeName"},
+    {Kind::kText, "TESKAttributeSyntax"}, {Kind::kText, "SortFunctionName"},
 };
 
 std::string nameOfMember(CoreFeature& member) {

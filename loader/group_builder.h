@@ -15,8 +15,7 @@ namespace driver_feature {
 DriverFeatureStaticGroup* CreateStaticFeatureGroup(void* element, const AttributeMap& attributes);
 
 // A new dynamic group, whose only child is its template. Null as above.
-DriverFeatureDynamicGroup* CreateDynamicFeatureGroup(void* element,
-                                                     const AttributeMap& attributes);
+DriverFeatureDynamicGroup* CreateDynamicFeatureGroup(void* element, const AttributeMap& attributes);
 
 }  // namespace driver_feature
 

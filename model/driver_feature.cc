@@ -3,8 +3,6 @@
 #include <string_view>
 
 #include "frame/state.h"
-#include "model/constraint_set.h"
-#include "model/driver_feature_option.h"
 #include "model/driver_feature_properties.h"
 #include "model/messages.h"
 #include "model/text_conversion.h"
@@ -14,7 +12,6 @@
 using driver_feature::Access;
 using driver_feature::Level;
 using driver_feature::logComposed;
-using driver_feature::logFixed;
 using driver_feature::memberOf;
 using driver_feature::Messages;
 using driver_feature::Needs;
@@ -24,11 +21,17 @@ namespace {
 
 // A value as a type-mismatch line shows it. Required: only a text is shown as
 // text; a number is one character that holds its low eight bits.
-const std::string& shownValue(const std::string& value) { return value; }
+const std::string& shownValue(const std::string& value) {
+  return value;
+}
 
-std::string shownValue(int value) { return std::string(1, static_cast<char>(value & 0xFF)); }
+std::string shownValue(int value) {
+  return std::string(1, static_cast<char>(value & 0xFF));
+}
 
-std::string shownValue(bool value) { return shownValue(value ? 1 : 0); }
+std::string shownValue(bool value) {
+  return shownValue(value ? 1 : 0);
+}
 
 std::string shownValue(float value) {
   constexpr float kLimit = 2147483648.0F;
@@ -51,19 +54,6 @@ DriverFeature::DriverFeature(DriverFeature* source) {
   source->getFeatureProperty(std::string("CurrentTextValue"), currentText_);
   source->getFeatureProperty(std::string("CurrentFloatValue"), &currentFloat_);
   if (isMultiSelect()) copyOptionNames(*source);
-}
-
-void DriverFeature::copyOptionNames(DriverFeature& source) {
-  for (int i = 0; i < source.getFeatureOptionCount(); ++i) {
-    CoreOption* option = source.fetchOptionByIndex(i);
-    std::string name;
-    if (option == nullptr || !option->getOptionProperty(std::string("Name"), name)) {
-      logFixed(Level::kInformation,
-               "DriverFeature(DriverFeature*) - Cannot get MultiSelect feature option name");
-      return;
-    }
-    options_[i] = new DriverFeatureOption(name);
-  }
 }
 
 template <class Value>
@@ -269,33 +259,6 @@ bool DriverFeature::getFeatureProperty(const std::string& name, float* value) {
   return fetch(name, *value);
 }
 
-int DriverFeature::getFeatureType() { return type_; }
-
-bool DriverFeature::applyOptionConstraint(const std::string& optionName, long id, bool hide) {
-  if (id < 0) return false;
-  CoreOption* option = fetchOptionByName(optionName);
-  if (option == nullptr) return false;
-  if (fetchCurrentOption() == option) {
-    int position = currentInt_;
-    if (!findNextAvailableOption(&position)) return false;
-    setFeatureProperty(std::string("CurrentIntValue"), position);
-  }
-  if (auto* constrained = dynamic_cast<IntermediateCoreOption*>(option)) {
-    constrained->addConstraint(id);
-  }
-  option->setOptionProperty(std::string("Sensitivity"), false);
-  if (hide) option->setOptionProperty(std::string("Visibility"), false);
-  return true;
+int DriverFeature::getFeatureType() {
+  return type_;
 }
-
-bool DriverFeature::isConstraintSetEmpty() { return constraints_.empty(); }
-
-bool DriverFeature::addConstraint(const long& id) {
-  return driver_feature::insertIdentifier(constraints_, id);
-}
-
-bool DriverFeature::removeConstraint(const long& id) {
-  return driver_feature::eraseIdentifier(constraints_, id);
-}
-
-std::set<long>* DriverFeature::getConstraintSet() { return &constraints_; }

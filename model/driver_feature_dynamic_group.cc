@@ -87,8 +87,9 @@ bool DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(const st
   return false;
 }
 
-bool DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(
-    const std::string& /*name*/, float /*value*/, bool /*suppressUpdate*/) {
+bool DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(const std::string& /*name*/,
+                                                                        float /*value*/,
+                                                                        bool /*suppressUpdate*/) {
   logComposed(Level::kWarning,
               "DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(float) - No "
               "float group properties for group:  \"{}.",
@@ -148,9 +149,13 @@ bool DriverFeatureDynamicGroup::getFeatureProperty(const std::string& /*name*/, 
   return false;
 }
 
-int DriverFeatureDynamicGroup::getFeatureType() { return type_; }
+int DriverFeatureDynamicGroup::getFeatureType() {
+  return type_;
+}
 
-bool DriverFeatureDynamicGroup::isConstraintSetEmpty() { return selectedEntries_.empty(); }
+bool DriverFeatureDynamicGroup::isConstraintSetEmpty() {
+  return selectedEntries_.empty();
+}
 
 bool DriverFeatureDynamicGroup::addConstraint(const long& index) {
   return driver_feature::insertIdentifier(selectedEntries_, index);
@@ -160,7 +165,9 @@ bool DriverFeatureDynamicGroup::removeConstraint(const long& index) {
   return driver_feature::eraseIdentifier(selectedEntries_, index);
 }
 
-std::set<long>* DriverFeatureDynamicGroup::fetchSelectedEntries() { return &selectedEntries_; }
+std::set<long>* DriverFeatureDynamicGroup::fetchSelectedEntries() {
+  return &selectedEntries_;
+}
 
 bool DriverFeatureDynamicGroup::addDefaultStaticGroupTemplate(DriverFeatureStaticGroup* group) {
   if (group == nullptr) {

@@ -34,8 +34,7 @@ bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroupWithSort(AttributeMa
 
 DriverFeatureStaticGroup* DriverFeatureDynamicGroup::createRecord(AttributeMap& values) {
   if (template_ == nullptr) {
-    logFixed(Level::kMisuse,
-             "addStaticGroupToDynamicGroupWithSort() - Null static group template");
+    logFixed(Level::kMisuse, "addStaticGroupToDynamicGroupWithSort() - Null static group template");
     return nullptr;
   }
   const int count = template_->fetchNumberOfFeaturesInGroup();

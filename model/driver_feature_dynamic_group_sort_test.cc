@@ -135,9 +135,10 @@ TEST_F(SortTest, Add_NoRoutineNamed_GoesLastInSilence) {
 TEST_F(SortTest, Add_UnknownRoutine_IsLookedUpAgainAtEachAdd) {
   host_.registerUpdateCallback();
   group_.setFeatureProperty(std::string("SortFunctionName"), std::string("NoSuchRoutine"));
-  const std::string line = logLine(
-      2, "addStaticGroupToDynamicGroupWithSort:  Failed to load custom sort callback:  "
-         "NoSuchRoutine");
+  const std::string line =
+      logLine(2,
+              "addStaticGroupToDynamicGroupWithSort:  Failed to load custom sort callback:  "
+              "NoSuchRoutine");
   EXPECT_TRUE(add("2"));
   EXPECT_TRUE(add("1"));
   EXPECT_THAT(host_.takeEvents(), ElementsAre(line, kUpdateCalled, line, kUpdateCalled));
@@ -188,9 +189,9 @@ TEST_F(SortTest, SortList_WithoutSwap_KeepsWhatTheRoutineLeavesInTheMaps) {
   };
   EXPECT_TRUE(group_.sortList());
   // Cleared by the swap after the second call only.
-  EXPECT_THAT(calls, ElementsAre("Mark=,Page=1|Mark=,Page=2",
-                                 "Left=behind,Mark=,Page=2|Mark=,Page=3",
-                                 "Mark=,Page=1|Mark=,Page=3"));
+  EXPECT_THAT(calls,
+              ElementsAre("Mark=,Page=1|Mark=,Page=2", "Left=behind,Mark=,Page=2|Mark=,Page=3",
+                          "Mark=,Page=1|Mark=,Page=3"));
 }
 
 TEST_F(SortTest, SortList_RoutineThatAlwaysSwaps_Ends) {

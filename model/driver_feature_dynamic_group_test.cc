@@ -21,16 +21,15 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-const std::vector<std::string> kReadableTexts = {
-    "Name",
-    "TESKOAAttributeName",
-    "TESKJTAttributeName",
-    "InstOptAttributeName",
-    "NonVORNAttributeName",
-    "TESKAttributeSyntax",
-    "AddPJLCallbackRoutine",
-    "AddPSCallbackRoutine",
-    "AddVORNCallbackRoutine"};
+const std::vector<std::string> kReadableTexts = {"Name",
+                                                 "TESKOAAttributeName",
+                                                 "TESKJTAttributeName",
+                                                 "InstOptAttributeName",
+                                                 "NonVORNAttributeName",
+                                                 "TESKAttributeSyntax",
+                                                 "AddPJLCallbackRoutine",
+                                                 "AddPSCallbackRoutine",
+                                                 "AddVORNCallbackRoutine"};
 const std::vector<std::string> kHiddenTexts = {"PJLCommand", "PSCommand", "SortFunctionName"};
 
 bool contains(const std::vector<std::string>& names, const std::string& name) {

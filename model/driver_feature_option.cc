@@ -95,7 +95,9 @@ bool DriverFeatureOption::setOptionProperty(const std::string& name, bool value)
   return store(name, value);
 }
 
-bool DriverFeatureOption::isConstraintSetEmpty() { return constraints_.empty(); }
+bool DriverFeatureOption::isConstraintSetEmpty() {
+  return constraints_.empty();
+}
 
 bool DriverFeatureOption::addConstraint(const long& id) {
   return driver_feature::insertIdentifier(constraints_, id);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/driver_feature.h"
+#include "model/driver_feature_option.h"
 #include "model/messages.h"
 
 using driver_feature::Level;
@@ -170,4 +171,17 @@ bool DriverFeature::isAvailable(int position) {
   bool sensitive = false;
   return found != options_.end() &&
          found->second->getOptionProperty(std::string("Sensitivity"), &sensitive) && sensitive;
+}
+
+void DriverFeature::copyOptionNames(DriverFeature& source) {
+  for (int i = 0; i < source.getFeatureOptionCount(); ++i) {
+    CoreOption* option = source.fetchOptionByIndex(i);
+    std::string name;
+    if (option == nullptr || !option->getOptionProperty(std::string("Name"), name)) {
+      logFixed(Level::kInformation,
+               "DriverFeature(DriverFeature*) - Cannot get MultiSelect feature option name");
+      return;
+    }
+    options_[i] = new DriverFeatureOption(name);
+  }
 }

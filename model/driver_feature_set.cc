@@ -56,7 +56,9 @@ void restoreDefault(DriverFeature& feature, const char* from, const char* to) {
 
 }  // namespace
 
-int DriverFeatureSet::fetchNumberOfFeatures() { return static_cast<int>(features_.size()); }
+int DriverFeatureSet::fetchNumberOfFeatures() {
+  return static_cast<int>(features_.size());
+}
 
 DriverFeature* DriverFeatureSet::fetchFeatureByIndex(int index) {
   if (index < 0 || index >= fetchNumberOfFeatures()) return nullptr;

@@ -28,8 +28,8 @@ class DriverFeatureSet : public CoreFeatureSet {
                                         const std::string& value) override;
   __attribute__((visibility("default"))) DriverFeatureOption* CreateOptionForFeature(
       const std::string& featureName, const std::string& optionName, int number) override;
-  void serialize(std::string& output, int pdlType, bool includeInstOpt,
-                 const char* ticketArgument1, const char* ticketArgument2) override;
+  void serialize(std::string& output, int pdlType, bool includeInstOpt, const char* ticketArgument1,
+                 const char* ticketArgument2) override;
   void restoreDefaultFeatureValues() override;
 
   // Files a feature under `name`, in place of an earlier one of that name. 0

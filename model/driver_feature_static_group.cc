@@ -123,7 +123,9 @@ bool DriverFeatureStaticGroup::getFeatureProperty(const std::string& /*name*/, f
   return false;
 }
 
-int DriverFeatureStaticGroup::getFeatureType() { return type_; }
+int DriverFeatureStaticGroup::getFeatureType() {
+  return type_;
+}
 
 int DriverFeatureStaticGroup::fetchNumberOfFeaturesInGroup() {
   return static_cast<int>(members_.size());

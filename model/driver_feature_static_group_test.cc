@@ -20,18 +20,17 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 // The text properties of a static group.
-const std::vector<std::string> kTextNames = {
-    "Name",
-    "PJLCommand",
-    "PSCommand",
-    "TESKOAAttributeName",
-    "TESKJTAttributeName",
-    "InstOptAttributeName",
-    "NonVORNAttributeName",
-    "TESKAttributeSyntax",
-    "AddPJLCallbackRoutine",
-    "AddPSCallbackRoutine",
-    "AddVORNCallbackRoutine"};
+const std::vector<std::string> kTextNames = {"Name",
+                                             "PJLCommand",
+                                             "PSCommand",
+                                             "TESKOAAttributeName",
+                                             "TESKJTAttributeName",
+                                             "InstOptAttributeName",
+                                             "NonVORNAttributeName",
+                                             "TESKAttributeSyntax",
+                                             "AddPJLCallbackRoutine",
+                                             "AddPSCallbackRoutine",
+                                             "AddVORNCallbackRoutine"};
 
 bool contains(const std::vector<std::string>& names, const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
@@ -124,8 +123,10 @@ TEST_F(StaticGroupTest, Bool_EveryOtherName_IsLoggedAndRefused) {
       EXPECT_EQ(value, before);
     }
     const std::string getLine = logLine(
-        3, "DriverFeatureStaticGroup::getFeatureProperty(bool*) - Unrecognized feature property:  "
-           "\"" + name + "\" for feature \"Quality.");
+        3,
+        "DriverFeatureStaticGroup::getFeatureProperty(bool*) - Unrecognized feature property:  "
+        "\"" +
+            name + "\" for feature \"Quality.");
     EXPECT_THAT(host_.takeEvents(),
                 ElementsAre(logLine(3,
                                     "DriverFeatureStaticGroup::setFeatureProperty(bool) - "

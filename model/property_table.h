@@ -5,7 +5,8 @@
 //   struct Sample::Properties {
 //     static constexpr PropertyTable kTable{std::to_array<PropertyRow<Sample, Property>>({
 //         {Property::kName, &Sample::name_, Access::kBoth},
-//         {Property::kCurrentIntValue, &Sample::current_, Access::kBoth, Needs::kInt, Rule::kChange},
+//         {Property::kCurrentIntValue, &Sample::current_, Access::kBoth, Needs::kInt,
+//         Rule::kChange},
 //     })};
 //   };
 //
@@ -48,7 +49,8 @@ enum class Rule : unsigned char {
 
 template <class Object, class Name>
 struct PropertyRow {
-  using Member = std::variant<std::string Object::*, int Object::*, float Object::*, bool Object::*>;
+  using Member =
+      std::variant<std::string Object::*, int Object::*, float Object::*, bool Object::*>;
 
   Name property;
   Member member;

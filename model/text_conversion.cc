@@ -38,9 +38,9 @@ bool isHexadecimal(std::string_view text) {
 // place of its first digit that counts, moved by the exponent, decides.
 bool isTooLarge(std::string_view number, bool hexadecimal) {
   const std::string_view digits = hexadecimal ? kHexDigits : kDigits;
-  const std::size_t mantissaEnd = std::min(
-      number.find_first_of(hexadecimal ? std::string_view("pP") : std::string_view("eE")),
-      number.size());
+  const std::size_t mantissaEnd =
+      std::min(number.find_first_of(hexadecimal ? std::string_view("pP") : std::string_view("eE")),
+               number.size());
   const std::string_view mantissa = number.substr(0, mantissaEnd);
   const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
   const std::size_t first = mantissa.find_first_of(digits.substr(1));

@@ -18,11 +18,24 @@ TEST(TextConversionTest, ToInt_AnyText_ReadsTheNumberAtItsStart) {
   constexpr int kHighest = std::numeric_limits<int>::max();
   constexpr int kLowest = std::numeric_limits<int>::min();
   constexpr IntRow kRows[] = {
-      {"12", 12},           {"12abc", 12},        {"  \t\n\v\f\r-7", -7}, {"+5", 5},
-      {"", 0},              {"abc", 0},           {"- 5", 0},             {"--5", 0},
-      {"+-5", 0},           {"3.9", 3},           {"0x10", 0},            {"007", 7},
-      {"2147483647", kHighest}, {"2147483648", kHighest}, {"99999999999999999999", kHighest},
-      {"-2147483648", kLowest}, {"-2147483649", kLowest}, {"-99999999999999999999", kLowest},
+      {"12", 12},
+      {"12abc", 12},
+      {"  \t\n\v\f\r-7", -7},
+      {"+5", 5},
+      {"", 0},
+      {"abc", 0},
+      {"- 5", 0},
+      {"--5", 0},
+      {"+-5", 0},
+      {"3.9", 3},
+      {"0x10", 0},
+      {"007", 7},
+      {"2147483647", kHighest},
+      {"2147483648", kHighest},
+      {"99999999999999999999", kHighest},
+      {"-2147483648", kLowest},
+      {"-2147483649", kLowest},
+      {"-99999999999999999999", kLowest},
   };
   for (const IntRow& row : kRows) EXPECT_EQ(toInt(row.text), row.value) << '"' << row.text << '"';
 }
@@ -39,17 +52,39 @@ TEST(TextConversionTest, ToFloat_AnyText_ReadsTheNumberAtItsStart) {
   const std::string huge = "1" + manyZeros + "e-10";
   const std::string balanced = "1" + manyZeros + "e-400";
   const FloatRow rows[] = {
-      {"2.5", 2.5F},     {"2.5abc", 2.5F},   {" \t+0.1", 0.1F},  {"-1e3", -1000.0F},
-      {"1e", 1.0F},      {".5", 0.5F},       {"5.", 5.0F},       {"", 0.0F},
-      {"x", 0.0F},       {"- 5", 0.0F},      {"--5", 0.0F},      {"2,5", 2.0F},
-      {"0x10", 16.0F},   {"0x1.8p1", 3.0F},  {"-0X.8", -0.5F},   {"0xg", 0.0F},
-      {"inf", kInfinity}, {"-Infinity", -kInfinity},
-      {"1e39", kInfinity}, {"-1e39", -kInfinity}, {"1e999", kInfinity}, {"-1e999", -kInfinity},
-      {"1e99999999999999999999", kInfinity}, {"1e-99999999999999999999", 0.0F},
-      {"1e-999", 0.0F},  {"0x1p9999", kInfinity}, {"0x1p-9999", 0.0F},
-      {tiny.c_str(), 0.0F}, {huge.c_str(), kInfinity}, {balanced.c_str(), 1.0F},
+      {"2.5", 2.5F},
+      {"2.5abc", 2.5F},
+      {" \t+0.1", 0.1F},
+      {"-1e3", -1000.0F},
+      {"1e", 1.0F},
+      {".5", 0.5F},
+      {"5.", 5.0F},
+      {"", 0.0F},
+      {"x", 0.0F},
+      {"- 5", 0.0F},
+      {"--5", 0.0F},
+      {"2,5", 2.0F},
+      {"0x10", 16.0F},
+      {"0x1.8p1", 3.0F},
+      {"-0X.8", -0.5F},
+      {"0xg", 0.0F},
+      {"inf", kInfinity},
+      {"-Infinity", -kInfinity},
+      {"1e39", kInfinity},
+      {"-1e39", -kInfinity},
+      {"1e999", kInfinity},
+      {"-1e999", -kInfinity},
+      {"1e99999999999999999999", kInfinity},
+      {"1e-99999999999999999999", 0.0F},
+      {"1e-999", 0.0F},
+      {"0x1p9999", kInfinity},
+      {"0x1p-9999", 0.0F},
+      {tiny.c_str(), 0.0F},
+      {huge.c_str(), kInfinity},
+      {balanced.c_str(), 1.0F},
   };
-  for (const FloatRow& row : rows) EXPECT_EQ(toFloat(row.text), row.value) << '"' << row.text << '"';
+  for (const FloatRow& row : rows)
+    EXPECT_EQ(toFloat(row.text), row.value) << '"' << row.text << '"';
   EXPECT_TRUE(std::isnan(toFloat("nan")));
 }
 

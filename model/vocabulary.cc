@@ -109,7 +109,9 @@ std::optional<Name> find(const std::array<const char*, kCount>& names, const std
 
 }  // namespace
 
-const char* nameOf(Property property) { return kPropertyNames[static_cast<std::size_t>(property)]; }
+const char* nameOf(Property property) {
+  return kPropertyNames[static_cast<std::size_t>(property)];
+}
 
 const char* nameOf(OptionProperty property) {
   return kOptionPropertyNames[static_cast<std::size_t>(property)];

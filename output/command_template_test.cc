@@ -138,12 +138,8 @@ struct LiteralRow {
 
 TEST(CommandTemplateTest, NoConversion_AnyValue_GivesTheTemplateText) {
   const LiteralRow rows[] = {
-      {"", ""},
-      {"plain", "plain"},
-      {"100%%", "100%"},
-      {"%%%%", "%%"},
-      {"%%s", "%s"},
-      {std::string("a\0b", 3), std::string("a\0b", 3)},
+      {"", ""},       {"plain", "plain"}, {"100%%", "100%"},
+      {"%%%%", "%%"}, {"%%s", "%s"},      {std::string("a\0b", 3), std::string("a\0b", 3)},
   };
   for (const LiteralRow& row : rows) {
     std::string text = "unset";
@@ -203,10 +199,32 @@ TEST(CommandTemplateTest, AnyValue_LongResult_ComesOutWhole) {
 }
 
 TEST(CommandTemplateTest, AnyValue_IllFormedTemplate_IsRefused) {
-  for (const std::string t :
-       {"%", "a%", "%%%", "%n", "%5%", "%-%", "%*d", "%.*f", "%*s", "%1$d", "%q", "%p", "%m", "%ld%",
-        "%4097d", "%.4097d", "%99999999999999999999d", "%.99999999999999999999f", "%4097s", "%h",
-        "%.", "%-", "%'d", "%Id", "%hhhd", "%lld%d"}) {
+  for (const std::string t : {"%",
+                              "a%",
+                              "%%%",
+                              "%n",
+                              "%5%",
+                              "%-%",
+                              "%*d",
+                              "%.*f",
+                              "%*s",
+                              "%1$d",
+                              "%q",
+                              "%p",
+                              "%m",
+                              "%ld%",
+                              "%4097d",
+                              "%.4097d",
+                              "%99999999999999999999d",
+                              "%.99999999999999999999f",
+                              "%4097s",
+                              "%h",
+                              "%.",
+                              "%-",
+                              "%'d",
+                              "%Id",
+                              "%hhhd",
+                              "%lld%d"}) {
     std::string text = "kept";
     EXPECT_FALSE(formatCommand(t, std::string_view("v"), text)) << t;
     EXPECT_FALSE(formatCommand(t, 1, text)) << t;

@@ -161,9 +161,9 @@ std::string generalWithZeros(double magnitude, int precision) {
   const char* first = scientific.data() + at + (scientific[at] == '+' ? 1 : 0);
   std::from_chars(first, scientific.data() + scientific.size(), exponent);
   const bool fixed = exponent >= -4 && exponent < significant;
-  std::string digits = fixed ? floatDigits(magnitude, std::chars_format::fixed,
-                                           significant - 1 - exponent)
-                             : scientific;
+  std::string digits =
+      fixed ? floatDigits(magnitude, std::chars_format::fixed, significant - 1 - exponent)
+            : scientific;
   addPoint(digits, "e");
   return digits;
 }
@@ -208,7 +208,8 @@ std::optional<Conversion> takeConversion(std::string_view& text) {
 
 std::optional<std::string> convert(const Conversion& conversion, std::string_view value) {
   if (conversion.letter != 's' || !conversion.length.empty()) return std::nullopt;
-  if (conversion.precision) value = value.substr(0, static_cast<std::size_t>(*conversion.precision));
+  if (conversion.precision)
+    value = value.substr(0, static_cast<std::size_t>(*conversion.precision));
   return pad(conversion, {"", std::string(value)}, false);
 }
 

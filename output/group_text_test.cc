@@ -186,9 +186,8 @@ TEST_P(GroupTextTest, MemberWithoutCommandOrRoutine_IsLoggedAndAddsNothing) {
   DriverFeature& a = numberFeature("A", "a%d");
   DriverFeature& silent = model_.feature("S", 2);
   EXPECT_EQ(process(group("G", "<%s>", {&a, &silent})), "<a0>");
-  EXPECT_THAT(
-      host_.takeEvents(),
-      ElementsAre(line(4, "Cannot get <> command for feature 1 - will look for callback")));
+  EXPECT_THAT(host_.takeEvents(),
+              ElementsAre(line(4, "Cannot get <> command for feature 1 - will look for callback")));
 }
 
 TEST_P(GroupTextTest, GroupThatContainsItself_EndsInSilence) {
@@ -277,8 +276,8 @@ TEST_F(GroupTextDifferenceTest, PJLMemberWithoutCommand_RunsTheGroupsRoutineAndA
 
 TEST_F(GroupTextDifferenceTest, PJLMemberWithoutCommand_UnknownGroupRoutine_IsLogged) {
   DriverFeature& a = model_.feature("A", 0);
-  DriverFeatureStaticGroup& g = model_.group(
-      "G", {{"PJLCommand", "<%s>"}, {"AddPJLCallbackRoutine", "NoSuchRoutine"}}, {&a});
+  DriverFeatureStaticGroup& g =
+      model_.group("G", {{"PJLCommand", "<%s>"}, {"AddPJLCallbackRoutine", "NoSuchRoutine"}}, {&a});
   std::string output;
   processPJLStaticGroup(g, output, true);
   EXPECT_EQ(output, "<>");

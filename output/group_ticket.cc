@@ -20,8 +20,8 @@ struct TicketGroupWriter {
 
   void writeGroup(CoreFeature& object, std::string& attributeName, _xmlNode* parentNode,
                   bool topLevel, const GroupTrail* outer);
-  void writeMember(CoreFeature& member, int index, std::string& attributeName,
-                   _xmlNode* groupNode, const GroupTrail& trail);
+  void writeMember(CoreFeature& member, int index, std::string& attributeName, _xmlNode* groupNode,
+                   const GroupTrail& trail);
   void runMemberRoutine(CoreFeature& member, int index, _xmlNode* groupNode);
 };
 
@@ -52,8 +52,7 @@ void TicketGroupWriter::writeGroup(CoreFeature& object, std::string& attributeNa
   for (int i = 0; i < group->fetchNumberOfFeaturesInGroup(); ++i) {
     CoreFeature* member = group->fetchFeatureInGroupByIndex(static_cast<unsigned>(i));
     if (member == nullptr) {
-      logComposed(Level::kMisuse,
-                  "processVORNStaticGroup() - Cannot get reference to feature {}",
+      logComposed(Level::kMisuse, "processVORNStaticGroup() - Cannot get reference to feature {}",
                   toDecimalText(i));
       continue;
     }

@@ -49,7 +49,8 @@ class GroupTicketTest : public ::testing::Test {
 
   static std::string ticket(const std::string& jobTicketSection,
                             const std::string& outputSection = "  <OutputAttributes/>\n") {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<JobTicket argument1=\"\" argument2=\"\">\n" +
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<JobTicket argument1=\"\" "
+           "argument2=\"\">\n" +
            jobTicketSection + outputSection + "</JobTicket>\n";
   }
 
@@ -187,9 +188,9 @@ TEST_F(GroupTicketTest, MissingMember_IsLoggedAndLeftOut) {
   EXPECT_EQ(process(g), inJobTicket("    <Group name=\"group\" syntax=\"\">\n"
                                     "      <Command name=\"a\" syntax=\"\" value=\"0\"/>\n"
                                     "    </Group>\n"));
-  EXPECT_THAT(host_.takeEvents(),
-              ElementsAre(logLine(2,
-                                  "processVORNStaticGroup() - Cannot get reference to feature 0")));
+  EXPECT_THAT(
+      host_.takeEvents(),
+      ElementsAre(logLine(2, "processVORNStaticGroup() - Cannot get reference to feature 0")));
 }
 
 TEST_F(GroupTicketTest, MemberThatGivesNoNode_IsLeftOut) {

@@ -95,8 +95,7 @@ bool runOwnTicketRoutine(CoreFeature& object, VORNWriter& writer) {
   std::string routineName;
   if (!readNonEmpty(object, "AddVORNCallbackRoutine", routineName)) return false;
   if (!runTicketRoutine(routineName, writer, nullptr)) {
-    logComposed(Level::kMisuse, "serialize() - Cannot load VORN Command callback: {}",
-                routineName);
+    logComposed(Level::kMisuse, "serialize() - Cannot load VORN Command callback: {}", routineName);
   }
   return true;
 }

@@ -14,8 +14,8 @@ extern "C" {
 void AppendFeatureText(DriverFeatureSet* set, std::string& text) {
   using driver_feature::testing::RecordingHost;
   const bool isMaster = set == &driver_feature::masterSet();
-  RecordingHost::record(std::string("feature routine, ") +
-                        (isMaster ? "master set" : "other set") + ", \"" + text + '"');
+  RecordingHost::record(std::string("feature routine, ") + (isMaster ? "master set" : "other set") +
+                        ", \"" + text + '"');
   text += "[routine]";
 }
 

@@ -149,8 +149,7 @@ void createTicketPDLAttributes(CoreFeature& feature, const std::string& commandT
     case kFloatEntry:
       return formatFloat(feature, commandTemplate, output);
     default:
-      logFixed(Level::kMisuse,
-               "createTicketPDLAttributes() - Feature has an invalid feature type");
+      logFixed(Level::kMisuse, "createTicketPDLAttributes() - Feature has an invalid feature type");
   }
 }
 

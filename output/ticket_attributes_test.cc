@@ -146,9 +146,8 @@ TEST_F(TicketAttributesTest, NodeAndText_StaticGroup_AreOfAnInvalidType) {
   EXPECT_EQ(text(group, "x", true), "");
   EXPECT_THAT(
       host_.takeEvents(),
-      ElementsAre(
-          logLine(2, "createTicketNodeAttributes() - Feature has an invalid feature type"),
-          logLine(2, "createTicketPDLAttributes() - Feature has an invalid feature type")));
+      ElementsAre(logLine(2, "createTicketNodeAttributes() - Feature has an invalid feature type"),
+                  logLine(2, "createTicketPDLAttributes() - Feature has an invalid feature type")));
 }
 
 TEST_F(TicketAttributesTest, Node_UnreadableSyntax_IsRefusedBeforeTheValueIsRead) {

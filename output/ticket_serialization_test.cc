@@ -78,10 +78,9 @@ TEST_F(TicketSerializationTest, SyntaxAndValue_AreTheFeatures) {
   DriverFeature& title = model_.feature(
       "Title", 3, {{"TESKJTAttributeName", "title"}, {"TESKAttributeSyntax", "text"}});
   title.setFeatureProperty(std::string("CurrentTextValue"), std::string("A & \"B\""));
-  EXPECT_EQ(serialize(),
-            ticket("    <Command name=\"title\" syntax=\"text\" value=\"A &amp; "
-                   "&quot;B&quot;\"/>\n",
-                   ""));
+  EXPECT_EQ(serialize(), ticket("    <Command name=\"title\" syntax=\"text\" value=\"A &amp; "
+                                "&quot;B&quot;\"/>\n",
+                                ""));
 }
 
 struct NameRow {
@@ -94,16 +93,34 @@ struct NameRow {
 
 TEST_F(TicketSerializationTest, NodeName_IsTheFirstThatCounts) {
   const NameRow rows[] = {
-      {"all four, the first", {{"TESKJTAttributeName", "jt"}, {"TESKOAAttributeName", "oa"},
-        {"InstOptAttributeName", "io"}, {"NonVORNAttributeName", "nv"}}, true, "jt", ""},
-      {"two, the first", {{"TESKJTAttributeName", "jt"}, {"TESKOAAttributeName", "oa"}}, false,
-       "jt", ""},
-      {"the second", {{"TESKOAAttributeName", "oa"}, {"InstOptAttributeName", "io"}}, true, "",
-       "oa"},
-      {"the third", {{"InstOptAttributeName", "io"}, {"NonVORNAttributeName", "nv"}}, true, "io",
+      {"all four, the first",
+       {{"TESKJTAttributeName", "jt"},
+        {"TESKOAAttributeName", "oa"},
+        {"InstOptAttributeName", "io"},
+        {"NonVORNAttributeName", "nv"}},
+       true,
+       "jt",
        ""},
-      {"the third not asked for", {{"InstOptAttributeName", "io"}, {"NonVORNAttributeName", "nv"}},
-       false, "nv", ""},
+      {"two, the first",
+       {{"TESKJTAttributeName", "jt"}, {"TESKOAAttributeName", "oa"}},
+       false,
+       "jt",
+       ""},
+      {"the second",
+       {{"TESKOAAttributeName", "oa"}, {"InstOptAttributeName", "io"}},
+       true,
+       "",
+       "oa"},
+      {"the third",
+       {{"InstOptAttributeName", "io"}, {"NonVORNAttributeName", "nv"}},
+       true,
+       "io",
+       ""},
+      {"the third not asked for",
+       {{"InstOptAttributeName", "io"}, {"NonVORNAttributeName", "nv"}},
+       false,
+       "nv",
+       ""},
       {"the third alone, not asked for", {{"InstOptAttributeName", "io"}}, false, "", ""},
       {"the fourth", {{"NonVORNAttributeName", "nv"}}, false, "nv", ""},
       {"the fourth with the third asked for", {{"NonVORNAttributeName", "nv"}}, true, "nv", ""},
@@ -122,9 +139,10 @@ TEST_F(TicketSerializationTest, NodeName_IsTheFirstThatCounts) {
 }
 
 TEST_F(TicketSerializationTest, NameFoundAndValueRefused_DoesNotTryTheNextName) {
-  model_.feature("F", 0, {{"TESKJTAttributeName", "jt"},
-                          {"TESKOAAttributeName", "oa"},
-                          {"AddVORNCallbackRoutine", "WriteTicketNode"}});
+  model_.feature("F", 0,
+                 {{"TESKJTAttributeName", "jt"},
+                  {"TESKOAAttributeName", "oa"},
+                  {"AddVORNCallbackRoutine", "WriteTicketNode"}});
   EXPECT_EQ(serialize(), ticket("", ""));
   EXPECT_THAT(host_.takeEvents(),
               ElementsAre(logLine(2,
@@ -134,8 +152,7 @@ TEST_F(TicketSerializationTest, NameFoundAndValueRefused_DoesNotTryTheNextName) 
 
 TEST_F(TicketSerializationTest, FeatureWithoutName_IsWrittenByItsRoutine) {
   model_.feature("A", 0, {{"AddVORNCallbackRoutine", "WriteTicketNode"}});
-  EXPECT_EQ(serialize(),
-            ticket("    <Command name=\"routine\" syntax=\"\" value=\"\"/>\n", ""));
+  EXPECT_EQ(serialize(), ticket("    <Command name=\"routine\" syntax=\"\" value=\"\"/>\n", ""));
   EXPECT_THAT(host_.takeEvents(), ElementsAre("ticket routine, master set, at top level"));
 }
 
@@ -176,8 +193,7 @@ TEST_F(TicketSerializationTest, GroupWithTheSecondName_IsAnOutputAttribute) {
 
 TEST_F(TicketSerializationTest, GroupWithoutNames_IsWrittenByItsRoutine) {
   model_.group("G", {{"AddVORNCallbackRoutine", "WriteTicketNode"}});
-  EXPECT_EQ(serialize(),
-            ticket("    <Command name=\"routine\" syntax=\"\" value=\"\"/>\n", ""));
+  EXPECT_EQ(serialize(), ticket("    <Command name=\"routine\" syntax=\"\" value=\"\"/>\n", ""));
   EXPECT_THAT(host_.takeEvents(), ElementsAre("ticket routine, master set, at top level"));
 }
 

@@ -38,9 +38,13 @@ RecordingHost::~RecordingHost() {
   current = nullptr;
 }
 
-void RecordingHost::registerUpdateCallback() { libraryState().updateCallback = RecordUpdate; }
+void RecordingHost::registerUpdateCallback() {
+  libraryState().updateCallback = RecordUpdate;
+}
 
-std::vector<std::string> RecordingHost::takeEvents() { return std::exchange(events_, {}); }
+std::vector<std::string> RecordingHost::takeEvents() {
+  return std::exchange(events_, {});
+}
 
 void* RecordingHost::parse(const std::string& xml) {
   XMLProblem problem;

@@ -1,0 +1,64 @@
+#include "frame/state.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/recording_host.h"
+
+namespace driver_feature::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+struct NotifyRow {
+  const char* name;
+  bool suppressUpdate;
+  bool ticketLoading;
+  bool called;
+};
+
+constexpr NotifyRow kNotifyRows[] = {
+    {"wanted", false, false, true},
+    {"suppressed by the caller", true, false, false},
+    {"a ticket is being loaded", false, true, false},
+    {"suppressed during a ticket", true, true, false},
+};
+
+TEST(StateTest, NotifyUpdate_EachCombination_CallsOnlyWhenNothingSilencesIt) {
+  for (const NotifyRow& row : kNotifyRows) {
+    SCOPED_TRACE(row.name);
+    RecordingHost host;
+    host.registerUpdateCallback();
+    libraryState().ticketLoading = row.ticketLoading;
+    notifyUpdate(row.suppressUpdate);
+    if (row.called) {
+      EXPECT_THAT(host.takeEvents(), ElementsAre(kUpdateCalled));
+    } else {
+      EXPECT_THAT(host.takeEvents(), IsEmpty());
+    }
+  }
+}
+
+TEST(StateTest, NotifyUpdate_NoCallback_DoesNothing) {
+  RecordingHost host;
+  notifyUpdate(false);
+  EXPECT_THAT(host.takeEvents(), IsEmpty());
+}
+
+TEST(StateTest, CallUpdateCallback_DuringATicket_CallsAllTheSame) {
+  RecordingHost host;
+  host.registerUpdateCallback();
+  libraryState().ticketLoading = true;
+  callUpdateCallback();
+  EXPECT_THAT(host.takeEvents(), ElementsAre(kUpdateCalled));
+}
+
+TEST(StateTest, CallUpdateCallback_NoCallback_DoesNothing) {
+  RecordingHost host;
+  callUpdateCallback();
+  EXPECT_THAT(host.takeEvents(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace driver_feature::testing
