@@ -107,7 +107,7 @@ void applyLeastDigits(const Conversion& conversion, bool isZero, std::string& di
 Number signedNumber(const Conversion& conversion, int value) {
   long long narrowed = value;
   if (conversion.length == "h") narrowed = static_cast<short>(value);
-  if (conversion.length == "hh") narrowed = static_cast<signed char>(value);
+  if (conversion.length == "hh") narrowed = static_cast<int>(static_cast<signed char>(value));
   const bool negative = narrowed < 0;
   const auto magnitude = static_cast<unsigned long long>(negative ? -narrowed : narrowed);
   Number number{signFor(conversion, negative), digitsOf(magnitude, 10)};
