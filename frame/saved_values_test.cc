@@ -1,3 +1,4 @@
+#include <new>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -180,6 +181,20 @@ TEST_F(SavedValuesTest, Save_UnreadableValueFirst_WritesZeroOrNothing) {
   EXPECT_EQ(number.number("OriginalIntValue"), 0);
   EXPECT_EQ(fraction.fraction("OriginalFloatValue"), 0.0F);
   EXPECT_EQ(text.text("OriginalTextValue"), "");
+}
+
+TEST_F(SavedValuesTest, SaveAndRestore_ThatThrowInside_EndInSilence) {
+  class Throwing : public DriverFeature {
+   public:
+    using DriverFeature::DriverFeature;
+    using DriverFeature::getFeatureProperty;
+    bool getFeatureProperty(const std::string&, int*) override { throw std::bad_alloc(); }
+  };
+  Throwing feature(std::string("Number"));
+  file(feature, 2);
+  EXPECT_NO_THROW(SaveCurrentFeatureValues(names_));
+  EXPECT_NO_THROW(RestoreOriginalFeatureValues(names_));
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
 TEST_F(SavedValuesTest, Restore_WhileATicketIsLoaded_NotifiesNobody) {

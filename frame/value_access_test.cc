@@ -1,3 +1,4 @@
+#include <new>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -140,6 +141,23 @@ TEST_F(ValueAccessTest, AnyFunction_UnknownTarget_LogsTwoLinesAndAnswersZero) {
   expectRefusal();
   EXPECT_EQ(SetFeatureTextValue(missing_, "CurrentTextValue", text), 0);
   expectRefusal();
+}
+
+TEST_F(ValueAccessTest, AnyFunction_ThatThrowsInside_AnswersZero) {
+  class Throwing : public DriverFeature {
+   public:
+    using DriverFeature::DriverFeature;
+    using DriverFeature::getFeatureProperty;
+    using DriverFeature::setFeatureProperty;
+    bool getFeatureProperty(const std::string&, int*) override { throw std::bad_alloc(); }
+    bool setFeatureProperty(const std::string&, int) override { throw std::bad_alloc(); }
+  };
+  Throwing feature(std::string("Missing"));
+  masterSet().addFeatureToFeatureList("Missing", &feature);
+  int number = 5;
+  EXPECT_EQ(GetFeatureIntValue(missing_, "CurrentIntValue", &number), 0);
+  EXPECT_EQ(SetFeatureIntValue(missing_, "CurrentIntValue", 1), 0);
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
 TEST_F(ValueAccessTest, Set_RefusedTypeOfValue_AnswersTheFeaturesTrue) {
