@@ -1,0 +1,60 @@
+#include "model/vocabulary.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "support/property_names.h"
+
+namespace driver_feature {
+namespace {
+
+using testing::kAllPropertyNames;
+using testing::kUnknownNames;
+
+TEST(VocabularyTest, Properties_AreTheFortyFiveNamesInOrder) {
+  ASSERT_EQ(kAllPropertyNames.size(), kPropertyCount);
+  for (std::size_t i = 0; i < kPropertyCount; ++i) {
+    EXPECT_EQ(nameOf(static_cast<Property>(i)), kAllPropertyNames[i]);
+    EXPECT_EQ(findProperty(kAllPropertyNames[i]), static_cast<Property>(i));
+  }
+  EXPECT_EQ(findProperty("CurrentIntValue"), Property::kCurrentIntValue);
+  EXPECT_EQ(findProperty("Visibility"), Property::kVisibility);
+}
+
+TEST(VocabularyTest, OptionProperties_AreTheTenNamesInOrder) {
+  const std::string names[] = {
+      "CLOKey",    "DisplayText", "Name",        "PJLCommand",        "PSCommand",
+      "SNMPValue", "Sensitivity", "TESKCommand", "TESKTicketCommand", "Visibility"};
+  ASSERT_EQ(std::size(names), kOptionPropertyCount);
+  for (std::size_t i = 0; i < kOptionPropertyCount; ++i) {
+    EXPECT_EQ(nameOf(static_cast<OptionProperty>(i)), names[i]);
+    EXPECT_EQ(findOptionProperty(names[i]), static_cast<OptionProperty>(i));
+  }
+  EXPECT_EQ(findOptionProperty("SNMPValue"), OptionProperty::kSNMPValue);
+}
+
+TEST(VocabularyTest, OtherNames_AreUnknown) {
+  for (const std::string& name : kUnknownNames) EXPECT_EQ(findProperty(name), std::nullopt) << name;
+  for (const std::string& name :
+       {std::string(), std::string("name"), std::string("Encrypted"), std::string("CLOKey "),
+        std::string("Zebra"), std::string("Name\0", 5)}) {
+    EXPECT_EQ(findOptionProperty(name), std::nullopt) << name;
+  }
+}
+
+TEST(VocabularyTest, DisplayNames_StandAtTheirCodes) {
+  EXPECT_STREQ(kFeatureTypeNames[0], "UIOnly");
+  EXPECT_STREQ(kFeatureTypeNames[1], "MultiSelect");
+  EXPECT_STREQ(kFeatureTypeNames[2], "IntEntry");
+  EXPECT_STREQ(kFeatureTypeNames[3], "TextEntry");
+  EXPECT_STREQ(kFeatureTypeNames[4], "FloatEntry");
+  EXPECT_STREQ(kFeatureTypeNames[5], "MVCList");
+  EXPECT_STREQ(kValueTypeNames[0], "UIOnly");
+  EXPECT_STREQ(kValueTypeNames[1], "Int");
+  EXPECT_STREQ(kValueTypeNames[2], "Text");
+  EXPECT_STREQ(kValueTypeNames[3], "Float");
+}
+
+}  // namespace
+}  // namespace driver_feature
