@@ -120,7 +120,9 @@ TEST_F(OutputFileTest, WriteToFile_Folder_SaysSo) {
 class OrdinaryUser {
  public:
   OrdinaryUser() {
-    if (user_ == 0) EXPECT_EQ(::seteuid(65534), 0);
+    if (user_ == 0) {
+      EXPECT_EQ(::seteuid(65534), 0);
+    }
   }
   ~OrdinaryUser() { EXPECT_EQ(::seteuid(user_), 0); }
   OrdinaryUser(const OrdinaryUser&) = delete;
@@ -169,7 +171,8 @@ TEST_F(OutputFileTest, WriteToFile_FileOfAnotherUser_KeepsItsOwnerOrIsMineWithou
   EXPECT_EQ(modeOf("old"), 04666U);
   {
     const OrdinaryUser user;
-    EXPECT_EQ(writeToFile(path("old"), "by another"), std::nullopt);
+    // Writing bytes would clear the set-user bit anyway.
+    EXPECT_EQ(writeToFile(path("old"), ""), std::nullopt);
   }
   ASSERT_EQ(::stat(path("old").c_str(), &status), 0);
   EXPECT_EQ(status.st_uid, 65534U);

@@ -8,7 +8,9 @@ driver_feature_test(host_program_tests
 # Libraries that the tests load: routines that descriptions name, and two that
 # are no feature library of the right version.
 add_library(host_test_routines MODULE host/libraries/routines.cc)
-target_link_libraries(host_test_routines PRIVATE driver_feature_compile_options common_api)
+target_link_libraries(host_test_routines PRIVATE driver_feature_compile_options)
+target_compile_definitions(host_test_routines PRIVATE
+  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>")
 add_library(host_test_no_plugin MODULE host/libraries/no_plugin.cc)
 add_library(host_test_other_plugin MODULE host/libraries/other_plugin.cc)
 target_link_libraries(host_test_other_plugin PRIVATE driver_feature_compile_options)

@@ -110,9 +110,11 @@ TEST_F(EmitTest, Emit_RoutineIsMissing_SaysSoAndWritesTheRest) {
 TEST_F(EmitTest, Emit_RoutineThatPrints_PutsNothingBetween) {
   describe("noisy.xml", {"<Feature FeatureType='IntEntry' Name='A' PSCommand='%d&#10;'"
                          " AddCallbackRoutine='printSomething'/>"});
-  EXPECT_EQ(run({"emit", "noisy.xml", "--to", "ps", "--callbacks", ROUTINES_LIBRARY, "-o", "A=1",
-                 "--output", "/dev/stdout"}),
-            (RunResult{0, "1\n", "printed by puts\nprinted by a stream\n"}));
+  const std::vector<std::string> arguments = {"emit",        "noisy.xml",      "--to", "ps",
+                                              "--callbacks", ROUTINES_LIBRARY, "-o",   "A=1",
+                                              "--output",    "/dev/stdout"};
+  EXPECT_EQ(run(arguments), (RunResult{0, "1\n", "printed by puts\nprinted by a stream\n"}));
+  EXPECT_EQ(run(arguments, [] { close(STDERR_FILENO); }), success("1\n"));
 }
 
 TEST_F(EmitTest, EmitOutput_NewAndExistingFile_HoldsTheOutput) {

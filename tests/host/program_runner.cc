@@ -95,6 +95,12 @@ void ProgramTest::describe(const std::string& name, const std::vector<std::strin
   write(name, text + "</FeatureDescription>\n");
 }
 
+std::string ProgramTest::feature(const std::string& type, const std::string& name,
+                                 const std::string& attributes, const std::string& options) {
+  return "<Feature FeatureType='" + type + "' Name='" + name + "' " + attributes + ">" + options +
+         "</Feature>";
+}
+
 std::string ProgramTest::read(const std::string& name) const {
   return readFile(folder_ / name);
 }

@@ -41,6 +41,9 @@ class ProgramTest : public testing::Test {
   // Wraps the elements in a FeatureDescription that begins in line 1; each
   // element of `lines` has a line of its own, the first one line 2.
   void describe(const std::string& name, const std::vector<std::string>& lines) const;
+  // A "Feature" element on one line.
+  static std::string feature(const std::string& type, const std::string& name,
+                             const std::string& attributes = "", const std::string& options = "");
   std::string read(const std::string& name) const;
   std::vector<std::string> fileNames() const;  // Sorted.
 

@@ -9,29 +9,24 @@ class RefusalTest : public ProgramTest {
   RefusalTest() {
     describe(
         "o.xml",
-        {"<Feature FeatureType='MultiSelect' Name='PageSize' DefaultValue='A4'><O Name='A4'/>"
-         "<O Name='Letter'/><O Name='Legal' Sensitivity='false'/></Feature>",
-         "<Feature FeatureType='IntEntry' Name='Copies' IntMinValue='1' IntMaxValue='999'/>",
-         "<Feature FeatureType='IntEntry' Name='AtLeast' IntMinValue='0'/>",
-         "<Feature FeatureType='IntEntry' Name='AtMost' IntMaxValue='0'/>",
-         "<Feature FeatureType='IntEntry' Name='Free'/>",
-         "<Feature FeatureType='IntEntry' Name='Crossed' IntMinValue='5' IntMaxValue='1'/>",
-         "<Feature FeatureType='FloatEntry' Name='Scale' FloatMinValue='0.1' FloatMaxValue='4'/>",
-         "<Feature FeatureType='FloatEntry' Name='Angle'/>",
-         "<Feature FeatureType='TextEntry' Name='Pin' TextValidationCharSet='0123456789'"
-         " MaxTextLength='4'/>",
-         "<Feature FeatureType='TextEntry' Name='Owner' MaxTextLength='3'/>",
-         "<Feature FeatureType='TextEntry' Name='Street' TextValidationCharSet='a&#xE9;&#xDF;'/>",
-         "<Feature FeatureType='UIOnly' Name='About'/>",
-         "<Feature FeatureType='MVCList' Name='Overlays'/>",
-         "<Feature FeatureType='IntEntry' Name='Tray' Sensitivity='false'/>",
-         "<Feature FeatureType='MultiSelect' Name='Spent' DefaultValue='x'>"
-         "<O Name='x' Sensitivity='false'/></Feature>",
-         "<FeatureStaticGroup Name='Finishing'>"
-         "<Feature FeatureType='IntEntry' Name='Staples' IntMaxValue='2'/></FeatureStaticGroup>",
-         "<FeatureDynamicGroup Name='Pages'><FeatureStaticGroup Name='Page'>"
-         "<Feature FeatureType='IntEntry' Name='Number'/></FeatureStaticGroup>"
-         "</FeatureDynamicGroup>"});
+        {feature("MultiSelect", "PageSize", "DefaultValue='A4'",
+                 "<O Name='A4'/><O Name='Letter'/><O Name='Legal' Sensitivity='false'/>"),
+         feature("IntEntry", "Copies", "IntMinValue='1' IntMaxValue='999'"),
+         feature("IntEntry", "AtLeast", "IntMinValue='0'"),
+         feature("IntEntry", "AtMost", "IntMaxValue='0'"), feature("IntEntry", "Free"),
+         feature("IntEntry", "Crossed", "IntMinValue='5' IntMaxValue='1'"),
+         feature("FloatEntry", "Scale", "FloatMinValue='0.1' FloatMaxValue='4'"),
+         feature("FloatEntry", "Angle"),
+         feature("TextEntry", "Pin", "TextValidationCharSet='0123456789' MaxTextLength='4'"),
+         feature("TextEntry", "Owner", "MaxTextLength='3'"),
+         feature("TextEntry", "Street", "TextValidationCharSet='a&#xE9;&#xDF;'"),
+         feature("UIOnly", "About"), feature("MVCList", "Overlays"),
+         feature("IntEntry", "Tray", "Sensitivity='false'"),
+         feature("MultiSelect", "Spent", "DefaultValue='x'", "<O Name='x' Sensitivity='false'/>"),
+         "<FeatureStaticGroup Name='Finishing'>" +
+             feature("IntEntry", "Staples", "IntMaxValue='2'") + "</FeatureStaticGroup>",
+         "<FeatureDynamicGroup Name='Pages'><FeatureStaticGroup Name='Page'>" +
+             feature("IntEntry", "Number") + "</FeatureStaticGroup></FeatureDynamicGroup>"});
   }
 
   RunResult emit(const std::vector<std::string>& settings) const {
@@ -142,9 +137,7 @@ TEST_F(RefusalTest, Emit_LimitsThemselves_AreTaken) {
   for (const char* setting :
        {"Copies=1", "Copies=999", "AtLeast=0", "AtLeast=2147483647", "AtMost=0",
         "AtMost=-2147483648", "Scale=0.1", "Scale=4", "Pin=0129", "Pin=", "Owner=\xC3\xBC\xC3\x9F.",
-        "Street=\xC3\xA9\xC3\x9F"
-        "a",
-        "PageSize=Letter", "Staples=2", "Number=1"}) {
+        "Street=a\xC3\xA9\xC3\x9F", "PageSize=Letter", "Staples=2", "Number=1"}) {
     EXPECT_EQ(emit({setting}), success("")) << setting;
   }
 }

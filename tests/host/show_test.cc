@@ -16,17 +16,16 @@ class ShowTest : public ProgramTest {
   ShowTest() {
     describe(
         "office.xml",
-        {"<Feature FeatureType='MultiSelect' Name='PageSize' DefaultValue='Letter'><O Name='A4'/>"
-         "<O Name='Letter'/><O Name='Legal' Sensitivity='false'/></Feature>",
-         "<Feature FeatureType='IntEntry' Name='Copies' DefaultValue='2' IntMinValue='1'/>",
-         "<Feature FeatureType='FloatEntry' Name='Scale' DefaultValue='0.1' FloatMinValue='0.1'"
-         " FloatMaxValue='4'/>",
-         "<Feature FeatureType='TextEntry' Name='Pin' DefaultValue='01' MaxTextLength='4'"
-         " TextValidationCharSet='012' Encrypted='true'/>",
-         "<Feature FeatureType='UIOnly' Name='About' Visibility='false'/>",
-         "<Feature FeatureType='MVCList' Name='Overlays' Sensitivity='false'/>",
-         "<Feature FeatureType='IntEntry' Name='Zoom' Sensitivity='false' Visibility='false'"
-         " IntMaxValue='5'/>"});
+        {feature("MultiSelect", "PageSize", "DefaultValue='Letter'",
+                 "<O Name='A4'/><O Name='Letter'/><O Name='Legal' Sensitivity='false'/>"),
+         feature("IntEntry", "Copies", "DefaultValue='2' IntMinValue='1'"),
+         feature("FloatEntry", "Scale", "DefaultValue='0.1' FloatMinValue='0.1' FloatMaxValue='4'"),
+         feature("TextEntry", "Pin",
+                 "DefaultValue='01' MaxTextLength='4' TextValidationCharSet='012' "
+                 "Encrypted='true'"),
+         feature("UIOnly", "About", "Visibility='false'"),
+         feature("MVCList", "Overlays", "Sensitivity='false'"),
+         feature("IntEntry", "Zoom", "Sensitivity='false' Visibility='false' IntMaxValue='5'")});
   }
 
   // What the program prints on a terminal of that many columns.

@@ -100,8 +100,8 @@ class LoaderTest : public ::testing::Test {
   RecordingHost host_;
 
  private:
-  template <class Build>
-  auto build(const std::string& xml, Build create) {
+  template <class Object>
+  Object* build(const std::string& xml, Object* (*create)(void*, const AttributeMap&)) {
     void* element = host_.parse(xml);
     AttributeMap attributes;
     pParserInstance->attributes(element, attributes);

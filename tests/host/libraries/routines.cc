@@ -17,7 +17,7 @@ namespace {
 
 // The library is loaded already, but not globally.
 CoreFeatureSet* features() {
-  void* library = dlopen("libDriverFeature.so", RTLD_NOW | RTLD_NOLOAD);
+  void* library = dlopen(DRIVER_FEATURE_LIBRARY, RTLD_NOW | RTLD_NOLOAD);
   if (library == nullptr) return nullptr;
   auto* getFeatures = reinterpret_cast<void* (*)()>(dlsym(library, "GetMasterFeatureList"));
   return static_cast<CoreFeatureSet*>(getFeatures());

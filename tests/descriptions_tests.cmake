@@ -1,0 +1,28 @@
+# Tests of the shipped descriptions and their routines: in the process, and
+# with the built program as a child process.
+
+find_package(nlohmann_json REQUIRED)
+find_program(GHOSTSCRIPT gs REQUIRED)
+
+add_library(descriptions_test_text OBJECT ${PROJECT_SOURCE_DIR}/descriptions/printer_text.cc)
+target_link_libraries(descriptions_test_text PUBLIC driver_feature_compile_options)
+
+driver_feature_test(descriptions_tests
+  GLOB descriptions/*_test.cc LINK descriptions_test_text driver_feature_host)
+driver_feature_test(golden_tests
+  GLOB tests/golden/*.cc tests/host/program_runner.cc)
+target_link_libraries(golden_tests PRIVATE nlohmann_json::nlohmann_json)
+
+foreach(program descriptions_tests golden_tests)
+  target_compile_definitions(${program} PRIVATE
+    DESCRIPTIONS_FOLDER="${PROJECT_SOURCE_DIR}/descriptions"
+    DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
+    DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
+    GHOSTSCRIPT="${GHOSTSCRIPT}"
+    GOLDEN_FOLDER="${CMAKE_CURRENT_LIST_DIR}/golden"
+    ROUTINES_LIBRARY="$<TARGET_FILE:office_routines>")
+  add_dependencies(${program} driver-feature DriverFeature office_routines)
+endforeach()
+
+add_test(NAME demo
+  COMMAND ${PROJECT_SOURCE_DIR}/descriptions/demo.sh ${PROJECT_BINARY_DIR})

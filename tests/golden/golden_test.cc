@@ -1,0 +1,61 @@
+// Compares what the program writes for the shipped descriptions with the files
+// of this folder, byte for byte.
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "host/program_runner.h"
+
+namespace {
+
+std::string readGolden(const std::string& name) {
+  std::ifstream file(std::string(GOLDEN_FOLDER) + "/" + name, std::ios::binary);
+  EXPECT_TRUE(file.is_open()) << name;
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+// One argument in each line.
+std::vector<std::string> readArguments(const std::string& name) {
+  std::ifstream file(std::string(GOLDEN_FOLDER) + "/" + name);
+  EXPECT_TRUE(file.is_open()) << name;
+  std::vector<std::string> arguments;
+  for (std::string line; std::getline(file, line);) arguments.push_back(line);
+  return arguments;
+}
+
+// Description, settings, form of output.
+using GoldenCase = std::tuple<std::string, std::string, std::string>;
+
+class GoldenTest : public ProgramTest, public testing::WithParamInterface<GoldenCase> {};
+
+TEST_P(GoldenTest, Emit_ShippedDescription_WritesTheGoldenFile) {
+  const auto& [description, settings, form] = GetParam();
+  std::vector<std::string> line = {
+      "--callbacks", ROUTINES_LIBRARY,
+      "emit",        std::string(DESCRIPTIONS_FOLDER) + "/" + description + ".xml",
+      "--to",        form};
+  if (settings != "default") {
+    const auto arguments = readArguments(description + "." + settings + ".arguments");
+    ASSERT_GT(arguments.size(), 10U);
+    line.insert(line.end(), arguments.begin(), arguments.end());
+  }
+  const std::string golden = readGolden(description + "." + settings + "." + form);
+  ASSERT_GT(golden.size(), 300U);
+  EXPECT_EQ(run(line), success(golden));
+}
+
+INSTANTIATE_TEST_SUITE_P(Shipped, GoldenTest,
+                         testing::Combine(testing::Values("office_laser", "label_printer"),
+                                          testing::Values("default", "changed"),
+                                          testing::Values("ps", "pjl", "ticket")),
+                         [](const auto& row) {
+                           return std::get<0>(row.param) + "_" + std::get<1>(row.param) + "_" +
+                                  std::get<2>(row.param);
+                         });
+
+}  // namespace

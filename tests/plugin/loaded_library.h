@@ -1,0 +1,80 @@
+// The library as a host has it: loaded by its path, reached through names and
+// virtual tables alone. The end of its life unloads it, so that every test
+// starts with a library that has just been loaded.
+#ifndef TESTS_PLUGIN_LOADED_LIBRARY_H_
+#define TESTS_PLUGIN_LOADED_LIBRARY_H_
+
+#include <dlfcn.h>
+
+#include <memory>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "model/core_feature_set.h"
+
+#include "XMLDocument.h"
+
+namespace driver_feature::testing {
+
+class LoadedLibrary {
+ public:
+  LoadedLibrary() : handle_(dlopen(DRIVER_FEATURE_LIBRARY, RTLD_NOW | RTLD_LOCAL)) {
+    if (handle_ == nullptr) problem_ = dlerror();
+  }
+  ~LoadedLibrary() {
+    if (handle_ != nullptr) dlclose(handle_);
+  }
+  LoadedLibrary(const LoadedLibrary&) = delete;
+  LoadedLibrary& operator=(const LoadedLibrary&) = delete;
+
+  // Empty when the library has been loaded.
+  const std::string& problem() const { return problem_; }
+
+  // The address of an exported name, or null.
+  void* find(const std::string& name) const { return dlsym(handle_, name.c_str()); }
+
+  // An exported function; the test fails when there is none.
+  template <class Function>
+  Function* function(const std::string& name) const {
+    void* address = find(name);
+    EXPECT_NE(address, nullptr) << name;
+    return reinterpret_cast<Function*>(address);
+  }
+
+  // The text of a record of the plug-in.
+  std::string record(const std::string& name) const {
+    auto* pointer = static_cast<const char* const*>(find(name));
+    return pointer != nullptr && *pointer != nullptr ? *pointer : "(no record)";
+  }
+
+  // The handler, by the name that the record holds.
+  int load(const std::string& xml) {
+    XMLProblem problem;
+    document_ = XMLDocument::parseText(xml, "test", problem);
+    EXPECT_NE(document_, nullptr) << problem.text;
+    if (!document_) return -1;
+    return function<int(void*)>(record("_KirvoNDTagHandlerFunction"))(document_->root());
+  }
+
+  CoreFeatureSet& set() const {
+    return *static_cast<CoreFeatureSet*>(function<void*()>("GetMasterFeatureList")());
+  }
+
+ private:
+  void* handle_;
+  std::string problem_;
+  std::unique_ptr<XMLDocument> document_;
+};
+
+// A fixture whose tests have a library that has just been loaded.
+class LoadedLibraryTest : public ::testing::Test {
+ protected:
+  void SetUp() override { ASSERT_EQ(library_.problem(), ""); }
+
+  LoadedLibrary library_;
+};
+
+}  // namespace driver_feature::testing
+
+#endif  // TESTS_PLUGIN_LOADED_LIBRARY_H_

@@ -1,0 +1,22 @@
+# The built library as a host sees it: loaded with dlopen, with none of its
+# objects or classes linked in.
+
+driver_feature_test(plugin_tests
+  GLOB tests/plugin/*_test.cc
+  LINK ${CMAKE_DL_LIBS})
+target_compile_definitions(plugin_tests PRIVATE
+  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
+  EXPORTS_LIST="${CMAKE_CURRENT_SOURCE_DIR}/plugin/exports.txt"
+  IMPORTS_LIST="${CMAKE_CURRENT_SOURCE_DIR}/plugin/platform_imports.txt"
+  NM_PROGRAM="${CMAKE_NM}")
+
+# Defines platform routines itself, which would be in the way of other tests.
+driver_feature_test(plugin_interposition_tests
+  GLOB tests/plugin/interposition/*_test.cc
+  LINK ${CMAKE_DL_LIBS})
+target_compile_definitions(plugin_interposition_tests PRIVATE
+  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>")
+
+foreach(program plugin_tests plugin_interposition_tests)
+  add_dependencies(${program} DriverFeature)
+endforeach()
