@@ -11,12 +11,15 @@ namespace driver_feature {
 
 // Walks the children of an element in document order:
 //
-//   for (ChildElements child(element); child.handle() != nullptr; child.next()) ...
+//   for (ChildElements child(element); child.handle() != nullptr; child.next()) {
+//     child.read();
+//     ... child.tag() ... child.attributes() ...
+//   }
 //
-// The tag and the attributes are those of the current child alone.
+// A child that is not read costs the parser nothing.
 class ChildElements {
  public:
-  explicit ChildElements(void* element) : handle_(pParserInstance->firstChild(element)) { read(); }
+  explicit ChildElements(void* element) : handle_(pParserInstance->firstChild(element)) {}
 
   void* handle() const { return handle_; }
   const std::string& tag() const { return tag_; }
@@ -27,16 +30,17 @@ class ChildElements {
     if (handle_ == nullptr) return;
     handle_ = pParserInstance->nextSibling(handle_);
     attributes_.clear();
-    read();
   }
 
- private:
+  // Reads the tag and the attributes of the current child. Where there is
+  // none, the tag stays and there are no attributes.
   void read() {
     if (handle_ == nullptr) return;
     pParserInstance->tagName(handle_, tag_);
     pParserInstance->attributes(handle_, attributes_);
   }
 
+ private:
   void* handle_;
   std::string tag_;
   AttributeMap attributes_;

@@ -99,6 +99,7 @@ bool addOptions(void* element, DriverFeature& feature, const std::string& featur
   // Every child is an option, whatever its tag.
   ChildElements child(element);
   for (int i = 0; i < count; ++i, child.next()) {
+    child.read();
     DriverFeatureOption* option = CreateFeatureOption(child.attributes());
     if (option == nullptr) {
       logFixed(Level::kError, "CreateFeature() - Could not create MultiSelect feature option");

@@ -81,6 +81,7 @@ bool addMember(ChildElements& child, DriverFeatureStaticGroup& group,
 // hands it to the group.
 bool addTemplate(void* element, DriverFeatureDynamicGroup& group, const std::string& groupName) {
   ChildElements child(element);
+  child.read();
   if (child.tag() != "FeatureStaticGroup") {
     logComposed(Level::kError, "CreateDynamicFeatureGroup() - Invalid node tag \"{}\".",
                 child.tag());
@@ -133,6 +134,7 @@ DriverFeatureStaticGroup* CreateStaticFeatureGroup(void* element, const Attribut
   }
   ChildElements child(element);
   for (int i = 0; i < count; ++i, child.next()) {
+    child.read();
     if (!addMember(child, *group, name)) return nullptr;
   }
   if (masterSet().addStaticGroupToFeatureList(group) == 0) {

@@ -65,6 +65,7 @@ void registerLoadCallback(const AttributeMap& attributes) {
 }
 
 void buildChild(ChildElements& child) {
+  child.read();
   const std::string& tag = child.tag();
   if (tag == "Feature") {
     requireBuilt(CreateFeature(child.handle(), child.attributes()));
