@@ -70,6 +70,19 @@ run emit "$kOffice" --to pjl -o "JobName=Quarterly report" -o HoldJob=Private -o
 heading "The job ticket, with the installed options"
 run emit "$kOffice" --to ticket --inst-opt -o PageSize=A3 -o Fold=Half -o Watermark=Draft
 
+heading "Groups and records: exceptions for pages, put in order by a routine"
+run show "$kOffice" --records PageExceptions descriptions/page_exceptions.json |
+  sed -n '/^GROUP/,$p'
+printf '\n'
+run emit "$kOffice" --to ticket --records PageExceptions descriptions/page_exceptions.json |
+  sed -n '/page-overrides/,/\/Group/p'
+
+heading "Values saved, changed and restored"
+run try "$kOffice" -o MediaType=Transparency -o Copies=5 -o HoldJob=Private
+
+heading "What the library says of itself: the end of its dump"
+run dump "$kOffice" --records PageExceptions descriptions/page_exceptions.json | tail -n 25
+
 heading "Settings that are refused"
 refuse emit "$kOffice" --to ps -o Copies=1000
 refuse emit "$kOffice" --to ps -o PageSise=A3

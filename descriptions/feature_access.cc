@@ -43,6 +43,12 @@ IntermediateCoreFeature* Features::find(const std::string& name) const {
   return static_cast<IntermediateCoreFeature*>(found);
 }
 
+IntermediateDynamicFeatureGroup* Features::findRecords(const std::string& group) const {
+  CoreFeature* found = set_ != nullptr ? set_->FindFeatureInFeatureList(group) : nullptr;
+  if (found == nullptr || found->getFeatureType() != 8) return nullptr;
+  return static_cast<IntermediateDynamicFeatureGroup*>(found);
+}
+
 std::string Features::text(const std::string& name) const {
   std::string value;
   if (auto* feature = find(name)) feature->getFeatureProperty(std::string("ValueString"), value);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "model/core_feature.h"
+#include "model/core_feature_group.h"
 #include "model/core_feature_set.h"
 
 class DriverFeatureSet;  // A CoreFeatureSet, its only base.
@@ -23,6 +24,8 @@ class Features {
   static Features ofMasterSet();
 
   IntermediateCoreFeature* find(const std::string& name) const;  // Null when there is none.
+
+  IntermediateDynamicFeatureGroup* findRecords(const std::string& group) const;  // Or null.
 
   std::string text(const std::string& name) const;  // The current value as text.
   int whole(const std::string& name) const;

@@ -10,6 +10,7 @@
 
 #include "frame/exports.h"
 
+class AttributeMap;
 class DriverFeatureSet;
 class VORNWriter;
 struct _xmlNode;
@@ -56,7 +57,7 @@ DRIVER_FEATURE_EXPORT void OfficeWriteWatermark(DriverFeatureSet* set, std::stri
 // The size of a label, made of the roll's width and the label's length.
 DRIVER_FEATURE_EXPORT void LabelWritePageSize(DriverFeatureSet* set, std::string& output);
 
-// Ticket output routines; each adds one group to `parent`, or to the ticket
+// Ticket output routines; each adds its group to `parent`, or to the ticket
 // itself when that is null.
 // The two lengths; nothing unless the page size is "Custom".
 DRIVER_FEATURE_EXPORT void OfficeAddCustomPageSize(DriverFeatureSet* set, VORNWriter* writer,
@@ -67,6 +68,14 @@ DRIVER_FEATURE_EXPORT void OfficeAddHoldPin(DriverFeatureSet* set, VORNWriter* w
 // Text, angle and size of the watermark; nothing for "None".
 DRIVER_FEATURE_EXPORT void OfficeAddWatermark(DriverFeatureSet* set, VORNWriter* writer,
                                               _xmlNode* parent);
+
+// One group for each record of the page exceptions, in their order.
+DRIVER_FEATURE_EXPORT void OfficeAddPageExceptions(DriverFeatureSet* set, VORNWriter* writer,
+                                                   _xmlNode* parent);
+
+// Sort routine of the page exceptions: by first page, then by last page. Above
+// 0 when `first` comes after `second`, below 0 when before, else 0.
+DRIVER_FEATURE_EXPORT int OfficeComparePages(AttributeMap& first, AttributeMap& second);
 
 }  // extern "C"
 

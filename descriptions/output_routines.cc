@@ -1,5 +1,6 @@
 #include <string>
 
+#include "AttributeMap.h"
 #include "VORNWriter.h"
 
 #include "descriptions/feature_access.h"
@@ -123,6 +124,35 @@ void OfficeAddHoldPin(DriverFeatureSet* set, VORNWriter* writer, _xmlNode* paren
   _xmlNode* group = addGroup(*writer, parent, "job-password", true);
   addCommand(*writer, group, "password", "octetString", features.text("HoldPin"));
   addCommand(*writer, group, "encryption", "keyword", "none");
+}
+
+void OfficeAddPageExceptions(DriverFeatureSet* set, VORNWriter* writer, _xmlNode* parent) {
+  const Features features(set);
+  auto* exceptions = features.findRecords("PageExceptions");
+  if (exceptions == nullptr) return;
+  for (int i = 0; i < exceptions->fetchNumberOfDynamicEntries(); ++i) {
+    // Loads the record into the features of the template.
+    exceptions->getDynamicEntryByIndex(static_cast<unsigned>(i));
+    _xmlNode* group = addGroup(*writer, parent, "page-overrides", true);
+    addCommand(*writer, group, "first-page", "integer", features.text("ExceptionFirstPage"));
+    addCommand(*writer, group, "last-page", "integer", features.text("ExceptionLastPage"));
+    addCommand(*writer, group, "media-type", "keyword",
+               features.optionText("ExceptionMediaType", "TESKCommand"));
+    addCommand(*writer, group, "sides", "keyword",
+               features.optionText("ExceptionDuplex", "TESKCommand"));
+  }
+}
+
+int OfficeComparePages(AttributeMap& first, AttributeMap& second) {
+  for (const char* name : {"ExceptionFirstPage", "ExceptionLastPage"}) {
+    const int none = 0;
+    int left = 0;
+    int right = 0;
+    first.loadMapVariable(name, left, &none);
+    second.loadMapVariable(name, right, &none);
+    if (left != right) return left < right ? -1 : 1;
+  }
+  return 0;
 }
 
 void OfficeAddWatermark(DriverFeatureSet* set, VORNWriter* writer, _xmlNode* parent) {

@@ -9,6 +9,7 @@
 #include "host/console.h"
 #include "host/nearest_name.h"
 #include "host/output_file.h"
+#include "host/text.h"
 
 namespace driver_feature {
 
@@ -26,7 +27,8 @@ constexpr const char* kExamples =
 constexpr const char* kShowExamples =
     "Examples:\n"
     "  driver-feature show office.xml\n"
-    "  driver-feature show office.xml --json | jq '.features[].name'";
+    "  driver-feature show office.xml --json | jq '.features[].name'\n"
+    "  driver-feature show office.xml --records StoredJobs jobs.json";
 
 constexpr const char* kEmitExamples =
     "Settings are checked and applied in the order given; when one is refused,\n"
@@ -36,6 +38,20 @@ constexpr const char* kEmitExamples =
     "  driver-feature emit office.xml --to ps -o PageSize=A4 -o Copies=2\n"
     "  driver-feature emit office.xml --to pjl --output job.pjl\n"
     "  driver-feature emit office.xml --to ticket --inst-opt";
+
+constexpr const char* kDumpExamples =
+    "Examples:\n"
+    "  driver-feature dump office.xml\n"
+    "  driver-feature dump office.xml -o Duplex=LongEdge";
+
+constexpr const char* kTryExamples =
+    "The table holds every feature that the changes have reached, directly or\n"
+    "through a routine of the description.\n"
+    "\n"
+    "Examples:\n"
+    "  driver-feature try office.xml -o MediaType=Envelope";
+
+const std::vector<std::string> kCommands = {"show", "emit", "dump", "try"};
 
 class Arguments {
  public:
@@ -54,6 +70,8 @@ class Arguments {
     program_.add_flag("-q,--quiet", quiet_, "Show errors only")->excludes(verbose);
     addShow();
     addEmit();
+    addDump();
+    addTry();
   }
 
   std::optional<int> read(int argc, const char* const* argv) {
@@ -70,8 +88,12 @@ class Arguments {
       line_.command = Command::kShow;
     } else if (*emit_) {
       line_.command = Command::kEmit;
+    } else if (*dump_) {
+      line_.command = Command::kDump;
+    } else if (*try_) {
+      line_.command = Command::kTry;
     } else {
-      complain("a command is needed: show or emit; driver-feature --help explains them");
+      complain("a command is needed: " + commandNames() + "; driver-feature --help explains them");
       return kUnusable;
     }
     return std::nullopt;
@@ -82,7 +104,42 @@ class Arguments {
     show_ = program_.add_subcommand("show", "Show the features with their values and choices");
     addDescription(show_, kShowExamples);
     show_->add_flag("--json", line_.json, "Print a JSON document");
+    addChanges(show_);
   }
+
+  void addDump() {
+    dump_ = program_.add_subcommand("dump", "Let the library print its whole model");
+    addDescription(dump_, kDumpExamples);
+    addChanges(dump_);
+  }
+
+  void addTry() {
+    try_ = program_.add_subcommand(
+        "try", "Save all values, make the changes, restore the values, and show each step");
+    addDescription(try_, kTryExamples);
+    addChanges(try_);
+  }
+
+  // What every command changes before it does its work.
+  void addChanges(CLI::App* command) {
+    command->add_option("-o,--option", line_.changes.settings, "Set a feature; may be repeated")
+        ->type_name("NAME=VALUE")
+        ->allow_extra_args(false);
+    command
+        ->add_option_function<std::vector<std::string>>(
+            "--records",
+            [this](const std::vector<std::string>& words) {
+              for (std::size_t i = 0; i + 1 < words.size(); i += 2) {
+                line_.changes.records.push_back({words[i], words[i + 1]});
+              }
+            },
+            "Add the records of a JSON file to a dynamic group; may be repeated")
+        ->type_name("GROUP FILE")
+        ->type_size(2)
+        ->allow_extra_args(false);
+  }
+
+  static std::string commandNames() { return join(kCommands, ", "); }
 
   void addEmit() {
     emit_ = program_.add_subcommand("emit", "Write printer-ready output of the features");
@@ -100,11 +157,7 @@ class Arguments {
           return kForms.contains(form) ? std::string()
                                        : "no such form \"" + form + "\"; give ps, pjl or ticket";
         });
-    emit_
-        ->add_option("-o,--option", line_.emit.settings,
-                     "Set a feature before writing; may be repeated")
-        ->type_name("NAME=VALUE")
-        ->allow_extra_args(false);
+    addChanges(emit_);
     emit_->add_option("--output", line_.emit.file, "Write to a file, whole or not at all")
         ->type_name("FILE");
     emit_->add_flag("--inst-opt", line_.emit.installableOptions,
@@ -143,9 +196,9 @@ class Arguments {
     const std::vector<std::string> extras = program_.remaining(true);
     const std::string extra = extras.empty() ? "" : extras.front();
     if (commandGiven || extra.starts_with('-')) return "\"" + extra + "\" is not expected" + help;
-    const auto nearest = nearestName(extra, {"show", "emit"});
+    const auto nearest = nearestName(extra, kCommands);
     return "there is no command \"" + extra + "\"; " +
-           (nearest ? "did you mean \"" + *nearest + "\"?" : "give show or emit");
+           (nearest ? "did you mean \"" + *nearest + "\"?" : "give one of " + commandNames());
   }
 
   CommandLine& line_;
@@ -155,6 +208,8 @@ class Arguments {
       "driver-feature"};
   CLI::App* show_ = nullptr;
   CLI::App* emit_ = nullptr;
+  CLI::App* dump_ = nullptr;
+  CLI::App* try_ = nullptr;
   bool version_ = false;
   bool verbose_ = false;
   bool quiet_ = false;

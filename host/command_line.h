@@ -4,16 +4,18 @@
 
 #include <optional>
 
+#include "host/changes.h"
 #include "host/emit.h"
 #include "host/session.h"
 
 namespace driver_feature {
 
-enum class Command { kShow, kEmit, kVersion };
+enum class Command { kShow, kEmit, kDump, kTry, kVersion };
 
 struct CommandLine {
   Command command = Command::kShow;
   SessionRequest session;
+  Changes changes;
   EmitRequest emit;
   bool json = false;  // For Command::kShow.
 };

@@ -41,7 +41,7 @@ std::string composeRange(const std::optional<Number>& lowest, const std::optiona
 }  // namespace
 
 DescriptionIndex::DescriptionIndex(void* description) {
-  addChildren(description);
+  addChildren(description, "");
 }
 
 const FeatureLimits& DescriptionIndex::limitsOf(const std::string& featureName) const {
@@ -51,11 +51,23 @@ const FeatureLimits& DescriptionIndex::limitsOf(const std::string& featureName) 
 }
 
 GroupKind DescriptionIndex::groupNamed(const std::string& name) const {
-  if (staticGroups_.contains(name)) return GroupKind::kStatic;
-  return dynamicGroups_.contains(name) ? GroupKind::kDynamic : GroupKind::kNone;
+  GroupKind found = GroupKind::kNone;
+  for (const GroupEntry& group : groups_) {
+    if (group.name == name && found != GroupKind::kStatic) found = group.kind;
+  }
+  return found;
 }
 
-void DescriptionIndex::addChildren(void* element) {
+std::string DescriptionIndex::templateOf(const std::string& dynamicGroup) const {
+  for (std::size_t i = 0; i + 1 < groups_.size(); ++i) {
+    // The template is the dynamic group's only child.
+    const bool isDynamic = groups_[i].kind == GroupKind::kDynamic;
+    if (isDynamic && groups_[i].name == dynamicGroup) return groups_[i + 1].name;
+  }
+  return "";
+}
+
+void DescriptionIndex::addChildren(void* element, const std::string& outer) {
   for (void* child = pParserInstance->firstChild(element); child != nullptr;
        child = pParserInstance->nextSibling(child)) {
     std::string tag;
@@ -64,12 +76,11 @@ void DescriptionIndex::addChildren(void* element) {
     pParserInstance->attributes(child, attributes);
     if (tag == "Feature") {
       addFeature(child, attributes);
-    } else if (tag == "FeatureStaticGroup") {
-      staticGroups_.insert(textOf(attributes, "Name"));
-      addChildren(child);
-    } else if (tag == "FeatureDynamicGroup") {
-      dynamicGroups_.insert(textOf(attributes, "Name"));
-      addChildren(child);
+    } else if (tag == "FeatureStaticGroup" || tag == "FeatureDynamicGroup") {
+      const std::string name = textOf(attributes, "Name");
+      const auto kind = tag == "FeatureStaticGroup" ? GroupKind::kStatic : GroupKind::kDynamic;
+      groups_.push_back({name, kind, outer, XMLDocument::lineOf(child)});
+      addChildren(child, name);
     }
   }
 }

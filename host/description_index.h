@@ -8,8 +8,8 @@
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
+#include <vector>
 
 class AttributeMap;
 
@@ -31,6 +31,14 @@ struct FeatureLimits {
 
 enum class GroupKind { kNone, kStatic, kDynamic };
 
+// One group of the description.
+struct GroupEntry {
+  std::string name;
+  GroupKind kind = GroupKind::kStatic;
+  std::string outer;  // The name of the group around it; empty at top level.
+  int line = 0;
+};
+
 class DescriptionIndex {
  public:
   // Walks a feature-description element, groups within groups included. When
@@ -45,13 +53,19 @@ class DescriptionIndex {
   // dynamic one of the same name.
   GroupKind groupNamed(const std::string& name) const;
 
+  // All groups in the order of their start tags.
+  const std::vector<GroupEntry>& groups() const { return groups_; }
+
+  // The name of the static group that is a dynamic group's template; empty
+  // when the description has no dynamic group of that name.
+  std::string templateOf(const std::string& dynamicGroup) const;
+
  private:
-  void addChildren(void* element);
+  void addChildren(void* element, const std::string& outer);
   void addFeature(void* element, const AttributeMap& attributes);
 
   std::map<std::string, FeatureLimits> features_;
-  std::set<std::string> staticGroups_;
-  std::set<std::string> dynamicGroups_;
+  std::vector<GroupEntry> groups_;
 };
 
 // "from 1 to 999", "at least 1", "at most 999", or empty without a limit.

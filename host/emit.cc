@@ -7,25 +7,14 @@ namespace driver_feature {
 
 namespace {
 
-bool applySettings(const Session& session, const std::vector<std::string>& settings) {
-  for (const std::string& text : settings) {
-    Setting setting;
-    Refusal refusal = parseSetting(text, setting);
-    if (!refusal) refusal = applySetting(session.model(), setting);
-    if (!refusal) continue;
-    complain("-o " + text + ": " + *refusal);
-    return false;
-  }
-  return true;
-}
-
 // Answers the exit status; for success the bytes are in `output`.
-int produce(const SessionRequest& sessionRequest, const EmitRequest& request, std::string& output) {
+int produce(const SessionRequest& sessionRequest, const Changes& changes,
+            const EmitRequest& request, std::string& output) {
   const StandardOutputDiversion diversion;
   int status = kSuccess;
   const auto session = Session::open(sessionRequest, status);
   if (!session) return status;
-  if (!applySettings(*session, request.settings)) return kUnusable;
+  if (!makeChanges(*session, changes)) return kUnusable;
   session->features().serialize(output, static_cast<int>(request.form), request.installableOptions,
                                 request.ticketArgument1.c_str(), request.ticketArgument2.c_str());
   return kSuccess;
@@ -33,9 +22,9 @@ int produce(const SessionRequest& sessionRequest, const EmitRequest& request, st
 
 }  // namespace
 
-int emit(const SessionRequest& sessionRequest, const EmitRequest& request) {
+int emit(const SessionRequest& sessionRequest, const Changes& changes, const EmitRequest& request) {
   std::string output;
-  const int status = produce(sessionRequest, request, output);
+  const int status = produce(sessionRequest, changes, request, output);
   if (status != kSuccess) return status;
   const WriteProblem problem =
       request.file.empty() ? writeToStandardOutput(output) : writeToFile(request.file, output);

@@ -3,8 +3,8 @@
 #define HOST_EMIT_H_
 
 #include <string>
-#include <vector>
 
+#include "host/changes.h"
 #include "host/session.h"
 
 namespace driver_feature {
@@ -14,17 +14,15 @@ enum class OutputForm : int { kPjl = 0, kPostScript = 1, kTicket = 2 };
 
 struct EmitRequest {
   OutputForm form = OutputForm::kPostScript;
-  std::vector<std::string> settings;  // NAME=VALUE, applied in this order.
-  bool installableOptions = false;    // The ticket may use the names of installable options.
-  std::string ticketArgument1;        // Handed on to the ticket writer.
+  bool installableOptions = false;  // The ticket may use the names of installable options.
+  std::string ticketArgument1;      // Handed on to the ticket writer.
   std::string ticketArgument2;
   std::string file;  // Empty for standard output.
 };
 
-// Opens the session, applies the settings and writes the output. Answers the
-// program's exit status. Nothing is written unless every setting was taken:
-// the first one refused gets a line on standard error.
-int emit(const SessionRequest& sessionRequest, const EmitRequest& request);
+// Opens the session, makes the changes and writes the output. Answers the
+// program's exit status. Nothing is written unless every change was made.
+int emit(const SessionRequest& sessionRequest, const Changes& changes, const EmitRequest& request);
 
 }  // namespace driver_feature
 

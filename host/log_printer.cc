@@ -35,14 +35,22 @@ bool isWrittenByLibrary(int level, std::string_view text) {
          text != "FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer";
 }
 
+LogPrinter* current = nullptr;
+
 }  // namespace
 
 LogPrinter::LogPrinter(LogDetail detail) : detail_(detail) {
-  SetLogHandler(&LogPrinter::handle, this);
+  current = this;
+  takeOver();
 }
 
 LogPrinter::~LogPrinter() {
-  SetLogHandler(nullptr, nullptr);
+  current = nullptr;
+  takeOver();
+}
+
+void LogPrinter::takeOver() {
+  SetLogHandler(current != nullptr ? &LogPrinter::handle : nullptr, current);
 }
 
 void LogPrinter::handle(int level, const char* /*category*/, const char* text, std::size_t length,
@@ -70,7 +78,7 @@ LogSilence::LogSilence() {
 }
 
 LogSilence::~LogSilence() {
-  SetLogHandler(nullptr, nullptr);
+  LogPrinter::takeOver();
 }
 
 }  // namespace driver_feature

@@ -26,6 +26,10 @@ class LogPrinter {
   LogPrinter(const LogPrinter&) = delete;
   LogPrinter& operator=(const LogPrinter&) = delete;
 
+  // Sends log lines to the printer that lives now, or to the platform's own
+  // handler when there is none.
+  static void takeOver();
+
  private:
   static void handle(int level, const char* category, const char* text, std::size_t length,
                      void* context);
@@ -34,7 +38,8 @@ class LogPrinter {
   LogDetail detail_;
 };
 
-// While it lives, log lines are dropped.
+// While it lives, log lines are dropped. Afterwards they go where
+// LogPrinter::takeOver() sends them. Not to be nested.
 class LogSilence {
  public:
   LogSilence();

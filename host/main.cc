@@ -6,9 +6,11 @@
 
 #include "host/command_line.h"
 #include "host/console.h"
+#include "host/dump.h"
 #include "host/output_file.h"
 #include "host/plugin.h"
 #include "host/show.h"
+#include "host/trial.h"
 
 namespace driver_feature {
 
@@ -29,7 +31,9 @@ int show(const CommandLine& line) {
     int status = kSuccess;
     const auto session = Session::open(line.session, status);
     if (!session) return status;
-    text = line.json ? showJson(session->model()) : showTable(session->model(), width);
+    if (!makeChanges(*session, line.changes)) return kUnusable;
+    text = line.json ? showJson(session->model(), session->features())
+                     : showTable(session->model(), session->features(), width);
   }
   return print(text);
 }
@@ -57,7 +61,11 @@ int run(int argc, char** argv) {
     case Command::kShow:
       return show(line);
     case Command::kEmit:
-      return emit(line.session, line.emit);
+      return emit(line.session, line.changes, line.emit);
+    case Command::kDump:
+      return dump(line.session, line.changes);
+    case Command::kTry:
+      return tryChanges(line.session, line.changes);
     case Command::kVersion:
       return printVersions(line);
   }

@@ -96,7 +96,9 @@ bool Plugin::bindRecord(std::string& problem) {
 bool Plugin::bind(std::string& problem) {
   return bindRecord(problem) && bindSymbol("GetMasterFeatureList", getFeatures_, problem) &&
          bindSymbol("SetFeatureCreationCompleteFlag", completeCreation_, problem) &&
-         bindSymbol("_Z30setDriverFeatureUpdateCallbackPFbvE", setUpdateCallback_, problem);
+         bindSymbol("_Z30setDriverFeatureUpdateCallbackPFbvE", setUpdateCallback_, problem) &&
+         bindSymbol("SaveCurrentFeatureValues", save_, problem) &&
+         bindSymbol("RestoreOriginalFeatureValues", restore_, problem);
 }
 
 bool loadRoutines(const std::string& path, std::string& problem) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+class AttributeMap;
 class CoreFeatureSet;
 
 namespace driver_feature {
@@ -35,6 +36,11 @@ class Plugin {
   // Registers the routine that the library calls after a change.
   void setUpdateCallback(bool (*callback)()) const { setUpdateCallback_(callback); }
 
+  // Lets the library copy the current values of the named features into their
+  // original values, and back.
+  void save(AttributeMap& names) const { save_(names); }
+  void restore(AttributeMap& names) const { restore_(names); }
+
   // The features. The set lives as long as the process.
   CoreFeatureSet& features() const;
 
@@ -57,6 +63,8 @@ class Plugin {
   void* (*getFeatures_)() = nullptr;
   void (*completeCreation_)() = nullptr;
   void (*setUpdateCallback_)(bool (*)()) = nullptr;
+  void (*save_)(AttributeMap&) = nullptr;
+  void (*restore_)(AttributeMap&) = nullptr;
 };
 
 // Loads a library of routines that a description names, so that they are

@@ -37,6 +37,10 @@ class Session {
   const Model& model() const { return *model_; }
   CoreFeatureSet& features() const { return plugin_->features(); }
 
+  // Save the current values of the named features, and restore them.
+  void save(AttributeMap& names) const { plugin_->save(names); }
+  void restore(AttributeMap& names) const { plugin_->restore(names); }
+
  private:
   explicit Session(LogDetail detail) : log_(detail) {}
   bool load(const SessionRequest& request, int& status);

@@ -172,11 +172,15 @@ Refusal parseSetting(const std::string& text, Setting& setting) {
   return std::nullopt;
 }
 
-Refusal applySetting(const Model& model, const Setting& setting) {
+Refusal checkSetting(const Model& model, const Setting& setting) {
   const auto found = model.features.find(setting.name);
   if (found == model.features.end()) return refuseName(model, setting.name);
-  if (Refusal refusal = Check(model, setting, found->second).run()) return refusal;
-  if (found->second.setValue(setting.value)) return std::nullopt;
+  return Check(model, setting, found->second).run();
+}
+
+Refusal applySetting(const Model& model, const Setting& setting) {
+  if (Refusal refusal = checkSetting(model, setting)) return refusal;
+  if (model.features.at(setting.name).setValue(setting.value)) return std::nullopt;
   return "the feature library refuses the value; run again with --verbose to see why";
 }
 

@@ -38,6 +38,9 @@ Refusal parseSetting(const std::string& text, Setting& setting);
 // allowed. Characters are UTF-8 code points.
 Refusal applySetting(const Model& model, const Setting& setting);
 
+// The same checks, and nothing stored.
+Refusal checkSetting(const Model& model, const Setting& setting);
+
 }  // namespace driver_feature
 
 #endif  // HOST_SETTINGS_H_

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/show_groups.h"
 #include "host/table.h"
 
 namespace driver_feature {
@@ -16,21 +17,6 @@ namespace driver_feature {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-std::string valueText(const FeatureView& feature) {
-  switch (feature.kind()) {
-    case FeatureKind::kMultiSelect:
-      return feature.currentChoice().value_or("(none)");
-    case FeatureKind::kIntEntry:
-      return std::to_string(feature.currentInt());
-    case FeatureKind::kTextEntry:
-      return "\"" + feature.currentText() + "\"";
-    case FeatureKind::kFloatEntry:
-      return numberText(feature.currentFloat());
-    default:
-      return "-";
-  }
-}
 
 std::string availabilityText(bool available, bool visible) {
   const std::string text = available ? "available" : "unavailable";
@@ -104,7 +90,22 @@ Json limitsJson(const FeatureLimits& limits) {
 
 }  // namespace
 
-std::string showTable(const Model& model, std::size_t width) {
+std::string valueText(const FeatureView& feature) {
+  switch (feature.kind()) {
+    case FeatureKind::kMultiSelect:
+      return feature.currentChoice().value_or("(none)");
+    case FeatureKind::kIntEntry:
+      return std::to_string(feature.currentInt());
+    case FeatureKind::kTextEntry:
+      return "\"" + feature.currentText() + "\"";
+    case FeatureKind::kFloatEntry:
+      return numberText(feature.currentFloat());
+    default:
+      return "-";
+  }
+}
+
+std::string showTable(const Model& model, CoreFeatureSet& set, std::size_t width) {
   std::vector<TableRow> rows = {
       {{"NAME", "TYPE", "VALUE", "AVAILABILITY"}, {"CHOICES AND LIMITS"}}};
   for (const auto& [name, feature] : model.features) {
@@ -112,10 +113,10 @@ std::string showTable(const Model& model, std::size_t width) {
                      availabilityText(feature.isAvailable(), feature.isVisible())},
                     choicesAndLimits(feature, model.index.limitsOf(name))});
   }
-  return layOut(rows, width);
+  return layOut(rows, width) + showGroups(model, set, width);
 }
 
-std::string showJson(const Model& model) {
+std::string showJson(const Model& model, CoreFeatureSet& set) {
   Json features = Json::array();
   for (const auto& [name, feature] : model.features) {
     const FeatureLimits& limits = model.index.limitsOf(name);
@@ -132,7 +133,8 @@ std::string showJson(const Model& model) {
     if (!limitsFound.empty()) json["limits"] = limitsFound;
     features.push_back(json);
   }
-  const Json document = {{"description", model.file}, {"features", features}};
+  const Json document = {
+      {"description", model.file}, {"features", features}, {"groups", groupsJson(model, set)}};
   return document.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 

@@ -17,13 +17,20 @@ cd -- "$(dirname -- "${BASH_SOURCE[0]}")"
 for description in office_laser label_printer; do
   for settings in default changed; do
     arguments=()
+    ticketArguments=()
     if [ "$settings" != default ]; then
       mapfile -t arguments <"$description.$settings.arguments"
+      ticketArguments=(--inst-opt)
+      if [ "$description" = office_laser ]; then
+        arguments+=(--records PageExceptions ../../descriptions/page_exceptions.json)
+      fi
     fi
+    program=("$build/bin/driver-feature" --callbacks "$build/lib/liboffice_routines.so")
     for form in ps pjl ticket; do
-      "$build/bin/driver-feature" --callbacks "$build/lib/liboffice_routines.so" \
-        emit "../../descriptions/$description.xml" --to "$form" "${arguments[@]}" \
-        --output "$description.$settings.$form"
+      "${program[@]}" emit "../../descriptions/$description.xml" --to "$form" \
+        "${ticketArguments[@]}" "${arguments[@]}" --output "$description.$settings.$form"
     done
+    "${program[@]}" dump "../../descriptions/$description.xml" "${arguments[@]}" \
+      >"$description.$settings.dump"
   done
 done

@@ -109,7 +109,8 @@ TEST_F(ShowTest, ShowJson_EveryType_HoldsTypedValues) {
       {"name": "Scale", "type": "FloatEntry", "value": 0.1, "available": true, "visible": true,
        "encrypted": false, "line": 4, "limits": {"minimum": 0.1, "maximum": 4.0}},
       {"name": "Zoom", "type": "IntEntry", "value": 0, "available": false, "visible": false,
-       "encrypted": false, "line": 8, "limits": {"maximum": 5}}]})");
+       "encrypted": false, "line": 8, "limits": {"maximum": 5}}],
+    "groups": []})");
   EXPECT_EQ(nlohmann::json::parse(result.output), expected);
   // Floats keep their type and are short.
   EXPECT_NE(result.output.find("\"value\": 0.1,\n"), std::string::npos);
