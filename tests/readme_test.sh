@@ -5,8 +5,8 @@
 # usage: readme_test.sh README DRIVER_FEATURE
 set -u
 
-readme=$1
-program=$2
+readme=$(realpath "$1")
+program=$(realpath "$2")
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
 
