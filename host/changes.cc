@@ -4,22 +4,38 @@
 
 namespace driver_feature {
 
-bool makeChanges(const Session& session, const Changes& changes) {
-  for (const std::string& text : changes.settings) {
+namespace {
+
+Refusal setAll(const Model& model, const std::vector<std::string>& settings) {
+  for (const std::string& text : settings) {
     Setting setting;
     Refusal refusal = parseSetting(text, setting);
-    if (!refusal) refusal = applySetting(session.model(), setting);
-    if (!refusal) continue;
-    complain("-o " + text + ": " + *refusal);
-    return false;
+    if (!refusal) refusal = applySetting(model, setting);
+    if (refusal) return "-o " + text + ": " + *refusal;
   }
-  for (const RecordsRequest& request : changes.records) {
+  return std::nullopt;
+}
+
+Refusal addAll(const Session& session, const std::vector<RecordsRequest>& requests) {
+  for (const RecordsRequest& request : requests) {
     const Refusal refusal = addRecords(session.features(), session.model(), request);
-    if (!refusal) continue;
-    complain("--records " + request.group + " " + request.file + ": " + *refusal);
-    return false;
+    if (refusal) return "--records " + request.group + " " + request.file + ": " + *refusal;
   }
-  return true;
+  return std::nullopt;
+}
+
+}  // namespace
+
+bool makeChanges(Session& session, const Changes& changes) {
+  Refusal refusal = setAll(session.model(), changes.settings);
+  if (!refusal) refusal = addAll(session, changes.records);
+  if (!refusal) {
+    session.log().release();
+    return true;
+  }
+  session.log().discard();
+  complain(*refusal);
+  return false;
 }
 
 }  // namespace driver_feature

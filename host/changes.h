@@ -15,9 +15,10 @@ struct Changes {
   std::vector<RecordsRequest> records;  // Made after the settings.
 };
 
-// Makes the changes. False after a line on standard error about the first one
-// that is refused; the ones before it have been made.
-bool makeChanges(const Session& session, const Changes& changes);
+// Makes the changes and releases the log lines that they and the load have
+// caused. False after a line on standard error about the first change that is
+// refused, which is then the only line; the changes before it have been made.
+bool makeChanges(Session& session, const Changes& changes);
 
 }  // namespace driver_feature
 

@@ -162,9 +162,12 @@ class Arguments {
         ->type_name("FILE");
     emit_->add_flag("--inst-opt", line_.emit.installableOptions,
                     "Let a ticket use the names of installable options");
-    emit_->add_option("--ticket-arg1", line_.emit.ticketArgument1, "First argument of a ticket")
+    emit_
+        ->add_option("--ticket-argument1", line_.emit.ticketArgument1, "First argument of a ticket")
         ->type_name("TEXT");
-    emit_->add_option("--ticket-arg2", line_.emit.ticketArgument2, "Second argument of a ticket")
+    emit_
+        ->add_option("--ticket-argument2", line_.emit.ticketArgument2,
+                     "Second argument of a ticket")
         ->type_name("TEXT");
   }
 

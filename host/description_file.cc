@@ -30,9 +30,10 @@ std::string errorAt(const std::string& path, int line, int column, const std::st
 }
 
 std::string composeProblem(const std::string& path, const XMLProblem& problem) {
-  const char* remedy = problem.line == 0 ? "; give the path of a readable feature description"
-                                         : "; correct the XML there";
-  return errorAt(path, problem.line, problem.column, problem.text + remedy);
+  if (problem.line == 0) {
+    return path + ": error: " + problem.text + "; give the path of a readable feature description";
+  }
+  return errorAt(path, problem.line, problem.column, problem.text + "; correct the XML there");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "host/log_printer.h"
 
+#include <cstdlib>
 #include <string>
 
 #include "Log.h"
@@ -45,8 +46,36 @@ LogPrinter::LogPrinter(LogDetail detail) : detail_(detail) {
 }
 
 LogPrinter::~LogPrinter() {
+  release();
   current = nullptr;
   takeOver();
+}
+
+void LogPrinter::hold() {
+  if (detail_ == LogDetail::kAll) return;
+  static const int kRegistered = std::atexit(&LogPrinter::releaseAtExit);
+  static_cast<void>(kRegistered);
+  holding_ = true;
+}
+
+void LogPrinter::release() {
+  holding_ = false;
+  printHeld();
+}
+
+void LogPrinter::discard() {
+  holding_ = false;
+  held_.clear();
+}
+
+void LogPrinter::releaseAtExit() {
+  // exit() leaves a printer alive that one of its callers owns.
+  if (current != nullptr) current->release();
+}
+
+void LogPrinter::printHeld() {
+  for (const std::string& line : held_) complain(line);
+  held_.clear();
 }
 
 void LogPrinter::takeOver() {
@@ -55,9 +84,19 @@ void LogPrinter::takeOver() {
 
 void LogPrinter::handle(int level, const char* /*category*/, const char* text, std::size_t length,
                         void* context) {
-  const std::string_view line(text, length);
-  if (!static_cast<const LogPrinter*>(context)->isShown(level, line)) return;
-  complain(std::string(wordOf(level)) + ": " + std::string(line));
+  static_cast<LogPrinter*>(context)->take(level, {text, length});
+}
+
+void LogPrinter::take(int level, std::string_view text) {
+  // An error ends the load, and the lines before it may tell why.
+  if (level <= 1) printHeld();
+  if (!isShown(level, text)) return;
+  const std::string line = std::string(wordOf(level)) + ": " + std::string(text);
+  if (holding_ && level > 1) {
+    held_.push_back(line);
+  } else {
+    complain(line);
+  }
 }
 
 bool LogPrinter::isShown(int level, std::string_view text) const {

@@ -3,7 +3,9 @@
 #define HOST_LOG_PRINTER_H_
 
 #include <cstddef>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace driver_feature {
 
@@ -26,6 +28,18 @@ class LogPrinter {
   LogPrinter(const LogPrinter&) = delete;
   LogPrinter& operator=(const LogPrinter&) = delete;
 
+  // From now on lines are kept, until it is known whether they matter: when a
+  // setting is refused, the refusal is all that is told. An error brings out
+  // what is kept, and so does the end of the process. Without effect when
+  // every line is to be shown.
+  void hold();
+
+  // Prints what is kept; later lines come out at once.
+  void release();
+
+  // Drops what is kept; later lines come out at once.
+  void discard();
+
   // Sends log lines to the printer that lives now, or to the platform's own
   // handler when there is none.
   static void takeOver();
@@ -33,9 +47,14 @@ class LogPrinter {
  private:
   static void handle(int level, const char* category, const char* text, std::size_t length,
                      void* context);
+  static void releaseAtExit();
+  void printHeld();
+  void take(int level, std::string_view text);
   bool isShown(int level, std::string_view text) const;
 
   LogDetail detail_;
+  bool holding_ = false;
+  std::vector<std::string> held_;
 };
 
 // While it lives, log lines are dropped. Afterwards they go where

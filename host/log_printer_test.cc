@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 
 #include "Log.h"
+
+#include "host/console.h"
 
 namespace driver_feature {
 
@@ -66,6 +69,71 @@ TEST(LogPrinterTest, Handle_LineEndAndNulInTheText_StayOnOneLine) {
     LogStringMessage(2, "DriverFeature", LogMessageBuffer);
   }
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "driver-feature: misuse: a\\nb\\x00c\n");
+}
+
+// Standard error after a line of that level has been held, and after `then`.
+std::string printedAfterHolding(int level, LogDetail detail,
+                                const std::function<void(LogPrinter&)>& then) {
+  testing::internal::CaptureStderr();
+  {
+    LogPrinter printer(detail);
+    printer.hold();
+    LogMessage(level, "DriverFeature", "held");
+    complain("between");
+    then(printer);
+  }
+  return testing::internal::GetCapturedStderr();
+}
+
+TEST(LogPrinterTest, Hold_ThenReleased_PrintsLater) {
+  EXPECT_EQ(printedAfterHolding(2, LogDetail::kUsual,
+                                [](LogPrinter& printer) {
+                                  printer.release();
+                                  LogMessage(2, "DriverFeature", "next");
+                                  complain("last");
+                                }),
+            "driver-feature: between\n"
+            "driver-feature: misuse: held\n"
+            "driver-feature: misuse: next\n"
+            "driver-feature: last\n");
+}
+
+TEST(LogPrinterTest, Hold_ThenDiscarded_PrintsOnlyWhatFollows) {
+  EXPECT_EQ(printedAfterHolding(2, LogDetail::kUsual,
+                                [](LogPrinter& printer) {
+                                  printer.discard();
+                                  LogMessage(2, "DriverFeature", "next");
+                                  complain("last");
+                                }),
+            "driver-feature: between\n"
+            "driver-feature: misuse: next\n"
+            "driver-feature: last\n");
+}
+
+TEST(LogPrinterTest, Hold_AnError_BringsOutWhatIsHeld) {
+  EXPECT_EQ(printedAfterHolding(2, LogDetail::kUsual,
+                                [](LogPrinter& printer) {
+                                  LogMessage(1, "DriverFeature", "fatal");
+                                  printer.discard();
+                                }),
+            "driver-feature: between\n"
+            "driver-feature: misuse: held\n"
+            "driver-feature: error: fatal\n");
+  EXPECT_EQ(printedAfterHolding(1, LogDetail::kUsual, [](LogPrinter&) {}),
+            "driver-feature: error: held\n"
+            "driver-feature: between\n");
+}
+
+TEST(LogPrinterTest, Hold_EveryLineIsToBeShown_HoldsNothing) {
+  EXPECT_EQ(printedAfterHolding(4, LogDetail::kAll, [](LogPrinter&) {}),
+            "driver-feature: info: held\n"
+            "driver-feature: between\n");
+}
+
+TEST(LogPrinterTest, Destructor_HeldLines_ArePrinted) {
+  EXPECT_EQ(printedAfterHolding(2, LogDetail::kUsual, [](LogPrinter&) {}),
+            "driver-feature: between\n"
+            "driver-feature: misuse: held\n");
 }
 
 TEST(LogPrinterTest, Destructor_RestoresThePlatformsHandler) {

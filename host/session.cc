@@ -41,6 +41,7 @@ std::unique_ptr<Session> Session::open(const SessionRequest& request, int& statu
   }
   DescriptionIndex index = indexSilently(file->element());
   std::unique_ptr<Session> session(new Session(request.detail));
+  session->log_.hold();
   session->file_ = std::move(file);
   if (!session->load(request, status)) return nullptr;
   session->model_ = std::make_unique<Model>(

@@ -34,6 +34,10 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
+  // Holds its lines back from the beginning of the load; whoever knows that
+  // the command goes on releases them.
+  LogPrinter& log() { return log_; }
+
   const Model& model() const { return *model_; }
   CoreFeatureSet& features() const { return plugin_->features(); }
 

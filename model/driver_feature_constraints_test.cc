@@ -1,4 +1,4 @@
-// Constraints of the host, and copies of features.
+// Constraints of the host on features and their options.
 
 #include <climits>
 #include <string>
@@ -10,9 +10,6 @@
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
 #include "support/recording_host.h"
-#include "support/scripted_feature.h"
-
-#include "Log.h"
 
 namespace driver_feature::testing {
 namespace {
@@ -60,6 +57,10 @@ TEST_F(ConstraintsTest, ConstraintSet_TakesIdentifiersFromZero) {
   EXPECT_FALSE(slots.removeConstraint(0));
   EXPECT_TRUE(slots.removeConstraint(LONG_MAX));
   EXPECT_TRUE(slots.isConstraintSetEmpty());
+  // It is the feature's own set, not a copy.
+  slots.getConstraintSet()->insert(4);
+  EXPECT_FALSE(slots.isConstraintSetEmpty());
+  EXPECT_TRUE(slots.removeConstraint(4));
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
@@ -129,102 +130,65 @@ TEST_F(ConstraintsTest, Apply_UnknownOption_IsLoggedAndRefused) {
                                   "\"Tray\" was not found.")));
 }
 
-class CopyTest : public ConstraintsTest {};
+TEST_F(ConstraintsTest, Apply_FirstOfAName_IsTheOneDisabled) {
+  DriverFeatureOption second(std::string("B"));
+  feature_.addOptionToFeature(&second);
+  EXPECT_TRUE(feature_.applyOptionConstraint("B", 7, true));
+  EXPECT_FALSE(flag(b_, "Sensitivity"));
+  EXPECT_TRUE(flag(second, "Sensitivity"));
+  EXPECT_TRUE(second.isConstraintSetEmpty());
+}
 
-TEST_F(CopyTest, Copy_TakesSixValuesAndTheNamesOfOptions) {
-  feature_.setFeatureProperty(std::string("CurrentIntValue"), 1);
-  feature_.setFeatureProperty(std::string("DefaultIntValue"), 2);
-  feature_.setFeatureProperty(std::string("PSCommand"), std::string("ps"));
-  feature_.setFeatureProperty(std::string("Sensitivity"), false);
-  feature_.addConstraint(3);
-  b_.setOptionProperty(std::string("PSCommand"), std::string("ps"));
-  b_.setOptionProperty(std::string("Sensitivity"), false);
+TEST_F(ConstraintsTest, Apply_LastOptionIsCurrent_WrapsToTheFirst) {
+  feature_.setFeatureProperty(std::string("CurrentIntValue"), 2);
   host_.takeEvents();
-  DriverFeature copy(&feature_);
-  EXPECT_THAT(host_.takeEvents(), IsEmpty());
-  std::string text;
-  EXPECT_TRUE(copy.getFeatureProperty(std::string("Name"), text));
-  EXPECT_EQ(text, "Tray");
-  int number = -1;
-  EXPECT_TRUE(copy.getFeatureProperty(std::string("CurrentIntValue"), &number));
-  EXPECT_EQ(number, 1);
-  EXPECT_TRUE(copy.getFeatureProperty(std::string("DefaultIntValue"), &number));
-  EXPECT_EQ(number, 0);
-  EXPECT_TRUE(copy.getFeatureProperty(std::string("PSCommand"), text));
-  EXPECT_EQ(text, "");
-  bool sensitive = false;
-  EXPECT_TRUE(copy.getFeatureProperty(std::string("Sensitivity"), &sensitive));
-  EXPECT_TRUE(sensitive);
-  EXPECT_TRUE(copy.isConstraintSetEmpty());
-
-  ASSERT_EQ(copy.getFeatureOptionCount(), 3);
-  CoreOption* option = copy.fetchOptionByIndex(1);
-  EXPECT_NE(option, &b_);
-  EXPECT_TRUE(option->getOptionProperty(std::string("Name"), text));
-  EXPECT_EQ(text, "B");
-  EXPECT_TRUE(option->getOptionProperty(std::string("PSCommand"), text));
-  EXPECT_EQ(text, "");
-  EXPECT_TRUE(option->getOptionProperty(std::string("Sensitivity"), &sensitive));
-  EXPECT_TRUE(sensitive);
+  EXPECT_TRUE(feature_.applyOptionConstraint("C", 7, true));
+  EXPECT_EQ(current(), 0);
+  EXPECT_FALSE(flag(c_, "Visibility"));
+  EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled));
 }
 
-TEST_F(CopyTest, Copy_OfOtherTypes_TakesTheirValues) {
-  DriverFeature source(std::string("Source"));
-  source.setFeatureProperty(std::string("FeatureType"), 3);
-  source.setFeatureProperty(std::string("CurrentTextValue"), std::string("text"));
-  DriverFeature textCopy(&source);
-  EXPECT_EQ(textCopy.getFeatureType(), 3);
-  std::string text;
-  EXPECT_TRUE(textCopy.getFeatureProperty(std::string("ValueString"), text));
-  EXPECT_EQ(text, "text");
-  source.setFeatureProperty(std::string("FeatureType"), 4);
-  source.setFeatureProperty(std::string("CurrentFloatValue"), 2.5F);
-  source.setFeatureProperty(std::string("FeatureType"), 5);
-  DriverFeature floatCopy(&source);
-  EXPECT_EQ(floatCopy.getFeatureType(), 5);
-  EXPECT_TRUE(floatCopy.getFeatureProperty(std::string("ValueString"), text));
-  EXPECT_EQ(text, "2.500000");
-}
-
-TEST_F(CopyTest, Copy_OfATypeWithoutOptions_AsksForNone) {
-  feature_.setFeatureProperty(std::string("FeatureType"), 5);
-  DriverFeature copy(&feature_);
-  EXPECT_THAT(host_.takeEvents(), IsEmpty());
-  copy.setFeatureProperty(std::string("FeatureType"), 1);
-  EXPECT_EQ(copy.getFeatureOptionCount(), 0);
-}
-
-TEST_F(CopyTest, Copy_UnreadableOption_StopsAtIt) {
-  UnreadableOption unreadable;
-  DriverFeature source(std::string("Source"));
-  source.addOptionToFeature(&a_);
-  source.addOptionToFeature(&unreadable);
-  source.addOptionToFeature(&c_);
-  LogMessageBuffer = "untouched";
-  DriverFeature copy(&source);
+TEST_F(ConstraintsTest, Apply_WithoutCurrentOption_DisablesTheOptionAllTheSame) {
+  feature_.setFeatureProperty(std::string("CurrentIntValue"), 3);
+  host_.takeEvents();
+  EXPECT_TRUE(feature_.applyOptionConstraint("A", 7, false));
+  EXPECT_EQ(current(), 3);
+  EXPECT_FALSE(flag(a_, "Sensitivity"));
+  EXPECT_TRUE(a_.removeConstraint(7));
   EXPECT_THAT(host_.takeEvents(),
-              ElementsAre(logLine(4,
-                                  "DriverFeature(DriverFeature*) - Cannot get MultiSelect feature "
-                                  "option name")));
-  EXPECT_EQ(LogMessageBuffer.utf8(), "untouched");
-  EXPECT_EQ(copy.getFeatureOptionCount(), 1);
+              ElementsAre(logLine(2,
+                                  "DriverFeature::fetchOptionByIndex() - Attempt to fetch feature "
+                                  "option with index out of range for feature \"Tray\".")));
 }
 
-TEST_F(CopyTest, Copy_MissingOption_StopsAtIt) {
-  class Holed : public DriverFeature {
-   public:
-    CoreOption* fetchOptionByIndex(int index) override {
-      return index == 1 ? nullptr : DriverFeature::fetchOptionByIndex(index);
-    }
-  };
-  Holed source;
-  for (DriverFeatureOption* option : {&a_, &b_, &c_}) source.addOptionToFeature(option);
-  DriverFeature copy(&source);
+TEST_F(ConstraintsTest, Apply_TypeWithoutOptions_IsLoggedAndRefused) {
+  feature_.setFeatureProperty(std::string("FeatureType"), 2);
+  EXPECT_FALSE(feature_.applyOptionConstraint("A", 1, false));
+  EXPECT_TRUE(flag(a_, "Sensitivity"));
+  EXPECT_TRUE(a_.isConstraintSetEmpty());
   EXPECT_THAT(host_.takeEvents(),
-              ElementsAre(logLine(4,
-                                  "DriverFeature(DriverFeature*) - Cannot get MultiSelect feature "
-                                  "option name")));
-  EXPECT_EQ(copy.getFeatureOptionCount(), 1);
+              ElementsAre(logLine(2,
+                                  "DriverFeature::fetchOptionByName() - Attempt to fetch feature "
+                                  "option of non-combobox feature \"Tray\".")));
+}
+
+// Writes down what reaches the plain setter.
+class PlainSetterFeature : public DriverFeature {
+ public:
+  using DriverFeature::DriverFeature;
+  using DriverFeature::setFeatureProperty;
+  bool setFeatureProperty(const std::string& name, int value) override {
+    RecordingHost::record("set " + name + " " + std::to_string(value));
+    return DriverFeature::setFeatureProperty(name, value);
+  }
+};
+
+TEST_F(ConstraintsTest, Apply_CurrentOption_MovesThroughThePlainSetter) {
+  PlainSetterFeature feature(std::string("Tray"));
+  feature.addOptionToFeature(&a_);
+  feature.addOptionToFeature(&b_);
+  EXPECT_TRUE(feature.applyOptionConstraint("A", 7, false));
+  EXPECT_THAT(host_.takeEvents(), ElementsAre("set CurrentIntValue 1", kUpdateCalled));
 }
 
 }  // namespace

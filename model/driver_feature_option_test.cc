@@ -38,6 +38,30 @@ std::string line(const std::string& operation, const std::string& name) {
                         name + "\" for option \"A4\".");
 }
 
+// What all ten properties hold.
+std::vector<std::string> snapshotOf(DriverFeatureOption& option) {
+  std::vector<std::string> values;
+  for (const std::string& name : kTexts) {
+    EXPECT_TRUE(option.getOptionProperty(name, values.emplace_back("unread"))) << name;
+  }
+  for (const std::string& name : kFlags) {
+    bool flag = false;
+    EXPECT_TRUE(option.getOptionProperty(name, &flag)) << name;
+    values.emplace_back(flag ? "true" : "false");
+  }
+  return values;
+}
+
+// The same with another value for one of them.
+std::vector<std::string> withValue(std::vector<std::string> values, const std::string& name,
+                                   const std::string& value) {
+  std::vector<std::string> names = kTexts;
+  names.insert(names.end(), kFlags.begin(), kFlags.end());
+  const auto at = std::find(names.begin(), names.end(), name) - names.begin();
+  values.at(static_cast<std::size_t>(at)) = value;
+  return values;
+}
+
 class OptionTest : public ::testing::Test {
  protected:
   OptionTest() { host_.registerUpdateCallback(); }
@@ -68,30 +92,21 @@ TEST_F(OptionTest, Text_EveryName_IsStoredOrLogged) {
   for (const std::string& name : everyOptionName()) {
     SCOPED_TRACE(name);
     DriverFeatureOption option(std::string("A4"));
-    const bool accepted = contains(kTexts, name);
+    const std::vector<std::string> before = snapshotOf(option);
     std::string text = "kept";
-    if (!accepted) {
+    if (!contains(kTexts, name)) {
       EXPECT_FALSE(option.getOptionProperty(name, text));
       EXPECT_EQ(text, "kept");
       EXPECT_FALSE(option.setOptionProperty(name, std::string("stored")));
       EXPECT_THAT(host_.takeEvents(), ElementsAre(line("getOptionProperty(string&)", name),
                                                   line("setOptionProperty(string)", name)));
+      EXPECT_EQ(snapshotOf(option), before);
       continue;
     }
     EXPECT_TRUE(option.setOptionProperty(name, std::string("stored")));
     EXPECT_TRUE(option.setOptionProperty(name, std::string("stored")));
-    EXPECT_TRUE(option.getOptionProperty(name, text));
-    EXPECT_EQ(text, "stored");
+    EXPECT_EQ(snapshotOf(option), withValue(before, name, "stored"));
     EXPECT_THAT(host_.takeEvents(), IsEmpty());
-  }
-}
-
-TEST_F(OptionTest, Text_EachProperty_HasAPlaceOfItsOwn) {
-  for (const std::string& name : kTexts) option_.setOptionProperty(name, std::string("of " + name));
-  for (const std::string& name : kTexts) {
-    std::string text;
-    EXPECT_TRUE(option_.getOptionProperty(name, text));
-    EXPECT_EQ(text, "of " + name);
   }
 }
 
@@ -99,21 +114,24 @@ TEST_F(OptionTest, Flag_EveryName_IsStoredOrLogged) {
   for (const std::string& name : everyOptionName()) {
     SCOPED_TRACE(name);
     DriverFeatureOption option(std::string("A4"));
-    bool flag = true;
+    const std::vector<std::string> before = snapshotOf(option);
     if (!contains(kFlags, name)) {
-      EXPECT_FALSE(option.getOptionProperty(name, &flag));
-      EXPECT_TRUE(flag);
-      EXPECT_FALSE(option.setOptionProperty(name, false));
-      EXPECT_THAT(host_.takeEvents(), ElementsAre(line("getOptionProperty(bool*)", name),
-                                                  line("setOptionProperty(bool)", name)));
+      for (const bool output : {true, false}) {
+        bool flag = output;
+        EXPECT_FALSE(option.getOptionProperty(name, &flag));
+        EXPECT_EQ(flag, output);
+        EXPECT_FALSE(option.setOptionProperty(name, output));
+        EXPECT_THAT(host_.takeEvents(), ElementsAre(line("getOptionProperty(bool*)", name),
+                                                    line("setOptionProperty(bool)", name)));
+      }
+      EXPECT_EQ(snapshotOf(option), before);
       continue;
     }
     EXPECT_TRUE(option.setOptionProperty(name, false));
-    EXPECT_TRUE(option.getOptionProperty(name, &flag));
-    EXPECT_FALSE(flag);
-    const std::string other = name == "Sensitivity" ? "Visibility" : "Sensitivity";
-    EXPECT_TRUE(option.getOptionProperty(other, &flag));
-    EXPECT_TRUE(flag);
+    EXPECT_TRUE(option.setOptionProperty(name, false));
+    EXPECT_EQ(snapshotOf(option), withValue(before, name, "false"));
+    EXPECT_TRUE(option.setOptionProperty(name, true));
+    EXPECT_EQ(snapshotOf(option), before);
     EXPECT_THAT(host_.takeEvents(), IsEmpty());
   }
 }

@@ -8,9 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "frame/state.h"
 #include "model/driver_feature.h"
-#include "model/driver_feature_option.h"
 #include "support/recording_host.h"
 
 namespace driver_feature::testing {
@@ -92,7 +90,7 @@ TEST_F(FeatureValuesTest, NewFeature_HasTheDefaults) {
 
 struct TypeRow {
   int type;
-  int valueType;  // After setting the type, when it was 7 before.
+  int valueType;  // After setting the type.
 };
 
 TEST_F(FeatureValuesTest, FeatureType_InRange_DecidesTheValueType) {
@@ -175,81 +173,6 @@ TEST_F(FeatureValuesTest, MismatchLine_OfANumber_ShowsItsLowEightBits) {
   setType(2);
   EXPECT_TRUE(set("Encrypted", false));
   EXPECT_THAT(host_.takeEvents(), ElementsAre(lineFor("bool", "Encrypted", '\0', "text")));
-}
-
-TEST_F(FeatureValuesTest, CurrentValue_Unchanged_TellsNobody) {
-  libraryState().creationComplete = true;
-  set("AddCallbackRoutine", std::string("RecordChange"));
-  EXPECT_TRUE(set("CurrentIntValue", 0));
-  setType(3);
-  EXPECT_TRUE(set("CurrentTextValue", std::string("")));
-  setType(4);
-  EXPECT_TRUE(set("CurrentFloatValue", -0.0F));  // Equal to 0.
-  EXPECT_THAT(host_.takeEvents(), IsEmpty());
-  EXPECT_TRUE(set("CurrentFloatValue", 0.5F));
-  EXPECT_THAT(host_.takeEvents(), ElementsAre(kChangeCalled, kUpdateCalled));
-}
-
-TEST_F(FeatureValuesTest, CurrentFloat_NotANumber_IsAlwaysAChange) {
-  setType(4);
-  const float nan = std::numeric_limits<float>::quiet_NaN();
-  EXPECT_TRUE(set("CurrentFloatValue", nan));
-  EXPECT_TRUE(set("CurrentFloatValue", nan));
-  EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled, kUpdateCalled));
-}
-
-TEST_F(FeatureValuesTest, Change_BeforeCreationIsComplete_SkipsTheChangeRoutine) {
-  set("AddCallbackRoutine", std::string("RecordChange"));
-  set("CurrentIntValue", 1);
-  EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled));
-  libraryState().creationComplete = true;
-  set("CurrentIntValue", 2);
-  EXPECT_THAT(host_.takeEvents(), ElementsAre(kChangeCalled, kUpdateCalled));
-}
-
-TEST_F(FeatureValuesTest, Change_SilentOrWhileATicketIsLoaded_RunsTheChangeRoutineAlone) {
-  libraryState().creationComplete = true;
-  set("AddCallbackRoutine", std::string("RecordChange"));
-  feature_.setFeaturePropertyWithConstraintControl(std::string("CurrentIntValue"), 1, true);
-  EXPECT_THAT(host_.takeEvents(), ElementsAre(kChangeCalled));
-  libraryState().ticketLoading = true;
-  set("CurrentIntValue", 2);
-  EXPECT_THAT(host_.takeEvents(), ElementsAre(kChangeCalled));
-  set("Visibility", true);
-  EXPECT_THAT(host_.takeEvents(), IsEmpty());
-}
-
-TEST_F(FeatureValuesTest, Flag_Stored_SkipsTheChangeRoutine) {
-  libraryState().creationComplete = true;
-  setType(3);
-  set("AddCallbackRoutine", std::string("RecordChange"));
-  for (const char* name : {"Sensitivity", "Visibility", "Encrypted"}) {
-    EXPECT_TRUE(set(name, false));
-    EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled)) << name;
-  }
-  EXPECT_TRUE(set("FeatureInGroup", true));
-  EXPECT_THAT(host_.takeEvents(), IsEmpty());
-}
-
-TEST_F(FeatureValuesTest, Change_WithoutUpdateCallback_IsStored) {
-  libraryState().updateCallback = nullptr;
-  EXPECT_TRUE(set("CurrentIntValue", 3));
-  EXPECT_TRUE(set("Sensitivity", false));
-  EXPECT_EQ(readInt("CurrentIntValue"), 3);
-  EXPECT_THAT(host_.takeEvents(), IsEmpty());
-}
-
-TEST_F(FeatureValuesTest, ChangeRoutine_UnknownName_ClearsTheOneBefore) {
-  libraryState().creationComplete = true;
-  EXPECT_TRUE(set("AddCallbackRoutine", std::string("RecordChange")));
-  EXPECT_THAT(host_.takeEvents(), IsEmpty());
-  EXPECT_TRUE(set("AddCallbackRoutine", std::string("NoSuchRoutine")));
-  EXPECT_THAT(host_.takeEvents(),
-              ElementsAre(logLine(2,
-                                  "DriverFeature::setFeatureProperty(string):  Failed to load "
-                                  "custom feature callback:  NoSuchRoutine")));
-  set("CurrentIntValue", 1);
-  EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled));
 }
 
 TEST_F(FeatureValuesTest, DeferredAndDefaultValues_AreStoredOnly) {

@@ -9,8 +9,6 @@
 #include "support/recording_host.h"
 #include "support/scripted_feature.h"
 
-#include "Log.h"
-
 namespace driver_feature::testing {
 namespace {
 
@@ -84,7 +82,7 @@ TEST_F(OptionListTest, Add_Null_IsRefused) {
 }
 
 TEST_F(OptionListTest, EveryOperation_OfAnotherType_IsRefused) {
-  for (const int type : {0, 2, 3, 4, 5, 6}) {
+  for (const int type : {0, 2, 3, 4, 5, 6, 7, 8}) {
     feature_.setFeatureProperty(std::string("FeatureType"), type);
     EXPECT_FALSE(feature_.addOptionToFeature(&a_));
     EXPECT_EQ(feature_.getFeatureOptionCount(), -1);
@@ -125,6 +123,22 @@ TEST_F(OptionListTest, ByIndex_OutOfRange_IsLoggedAndNull) {
     EXPECT_EQ(feature_.fetchCurrentOption(), nullptr);
     EXPECT_THAT(host_.takeEvents(), ElementsAre(outOfRange_, outOfRange_));
   }
+}
+
+TEST_F(OptionListTest, Current_IsFetchedThroughTheSlot) {
+  class Asked : public DriverFeature {
+   public:
+    explicit Asked(CoreOption& only) : only_(only) {}
+    CoreOption* fetchOptionByIndex(int index) override { return index == 5 ? &only_ : nullptr; }
+
+   private:
+    CoreOption& only_;
+  };
+  Asked feature(a_);
+  EXPECT_EQ(feature.fetchCurrentOption(), nullptr);
+  feature.setFeaturePropertyWithConstraintControl(std::string("CurrentIntValue"), 5, true);
+  EXPECT_EQ(feature.fetchCurrentOption(), &a_);
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
 TEST_F(OptionListTest, ByName_Absent_IsLoggedAndNull) {
@@ -181,85 +195,6 @@ TEST_F(OptionListTest, ByProperty_UnreadableOption_KeepsTheTextOfTheOneBefore) {
   EXPECT_EQ(feature.fetchOptionIndexByName(std::string("SNMPValue"), std::string("7")), 0);
   EXPECT_EQ(feature.fetchOptionIndexByName(std::string("SNMPValue"), std::string("")), -1);
   EXPECT_EQ(feature.fetchOptionByName(std::string("SNMPValue"), std::string("7")), &a_);
-}
-
-// Which options are available, and where the search starts and ends.
-struct SearchRow {
-  const char* what;
-  bool available[3];
-  int start;
-  int found;  // -1 when none is.
-};
-
-TEST_F(OptionListTest, NextAvailable_AnyStart_WrapsAroundAndNeverAnswersTheStart) {
-  const SearchRow rows[] = {
-      {"the next", {true, true, true}, 0, 1},
-      {"wraps from the last", {true, true, true}, 2, 0},
-      {"over an unavailable one", {true, false, true}, 0, 2},
-      {"tests C, then A", {true, false, false}, 1, 0},
-      {"only the start", {false, true, false}, 1, -1},
-      {"none", {false, false, false}, 0, -1},
-      {"behind the last, all", {true, false, false}, 3, 0},
-      {"behind the last, the last", {false, false, true}, 3, 2},
-      {"far behind, all in the second pass", {false, true, false}, 100, 1},
-      {"largest", {false, false, true}, INT_MAX, 2},
-      {"before the first", {true, false, false}, -1, 0},
-      {"far before", {false, true, false}, -100, 1},
-      {"smallest", {false, false, true}, INT_MIN, 2},
-  };
-  DriverFeatureOption* const options[] = {&a_, &b_, &c_};
-  for (const SearchRow& row : rows) {
-    SCOPED_TRACE(row.what);
-    for (int i = 0; i < 3; ++i) {
-      options[i]->setOptionProperty(std::string("Sensitivity"), row.available[i]);
-    }
-    int position = row.start;
-    LogMessageBuffer = "untouched";
-    EXPECT_EQ(feature_.findNextAvailableOption(&position), row.found >= 0);
-    EXPECT_EQ(position, row.found >= 0 ? row.found : row.start);
-    EXPECT_EQ(LogMessageBuffer.utf8(), "untouched");
-    if (row.found >= 0) {
-      EXPECT_THAT(host_.takeEvents(), IsEmpty());
-    } else {
-      EXPECT_THAT(host_.takeEvents(),
-                  ElementsAre(logLine(2,
-                                      "DriverFeatureOption::findNextAvailableOption() - No options "
-                                      "are available!")));
-    }
-  }
-}
-
-TEST_F(OptionListTest, NextAvailable_HiddenOption_IsAvailable) {
-  b_.setOptionProperty(std::string("Visibility"), false);
-  int position = 0;
-  EXPECT_TRUE(feature_.findNextAvailableOption(&position));
-  EXPECT_EQ(position, 1);
-}
-
-TEST_F(OptionListTest, NextAvailable_UnreadableOption_IsPassedOver) {
-  UnreadableOption unreadable;
-  DriverFeature feature;
-  feature.addOptionToFeature(&a_);
-  feature.addOptionToFeature(&unreadable);
-  feature.addOptionToFeature(&c_);
-  int position = 0;
-  EXPECT_TRUE(feature.findNextAvailableOption(&position));
-  EXPECT_EQ(position, 2);
-}
-
-TEST_F(OptionListTest, NextAvailable_OfAnotherType_SearchesAllTheSame) {
-  feature_.setFeatureProperty(std::string("FeatureType"), 2);
-  int position = 0;
-  EXPECT_TRUE(feature_.findNextAvailableOption(&position));
-  EXPECT_EQ(position, 1);
-  EXPECT_THAT(host_.takeEvents(), IsEmpty());
-}
-
-TEST_F(OptionListTest, NextAvailable_EmptyList_HasNone) {
-  DriverFeature empty;
-  int position = 0;
-  EXPECT_FALSE(empty.findNextAvailableOption(&position));
-  EXPECT_EQ(position, 0);
 }
 
 }  // namespace

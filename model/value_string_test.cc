@@ -9,6 +9,7 @@
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
 #include "support/recording_host.h"
+#include "support/scripted_feature.h"
 
 namespace driver_feature::testing {
 namespace {
@@ -85,6 +86,15 @@ TEST_F(ValueStringTest, MultiSelect_WithoutCurrentOption_AnswersTrueAndNothing) 
                                   "option with index out of range for feature \"Tray\".")));
 }
 
+TEST_F(ValueStringTest, MultiSelect_UnreadableOption_AnswersTrueAndNothing) {
+  UnreadableOption unreadable;
+  feature_.addOptionToFeature(&unreadable);
+  feature_.setFeatureProperty(std::string("CurrentIntValue"), 2);
+  host_.takeEvents();
+  EXPECT_EQ(get(), "left alone");
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+}
+
 TEST_F(ValueStringTest, TypeWithoutOptions_IsRefusedByTheOptionList) {
   setType(5);
   EXPECT_FALSE(set("A4"));
@@ -130,6 +140,11 @@ TEST_F(ValueStringTest, FloatEntry_Text_IsReadAsANumber) {
   float value = 0;
   EXPECT_TRUE(feature_.getFeatureProperty(std::string("CurrentFloatValue"), &value));
   EXPECT_EQ(value, 0.1F);
+  host_.takeEvents();
+  EXPECT_TRUE(set("nan"));
+  EXPECT_TRUE(set("nan"));
+  EXPECT_THAT(host_.takeEvents(),
+              ElementsAre(kChangeCalled, kUpdateCalled, kChangeCalled, kUpdateCalled));
 }
 
 TEST_F(ValueStringTest, TextEntry_Text_IsTheValue) {

@@ -19,8 +19,9 @@ class AttributeMap {
   // fallback, stores the fallback and answers true; without one (null)
   // answers false and leaves `value` alone. A text that is present but does
   // not convert is also logged at level 3. A bool is "true", "false", "1" or
-  // "0"; an int a decimal 32-bit number; a double a decimal number with a
-  // point, whatever the locale of the process.
+  // "0"; an int a decimal 32-bit number; a double a finite decimal number with
+  // a point and perhaps an exponent, whatever the locale of the process. No
+  // sign but "-" and no blanks are taken.
   bool loadMapVariable(const std::string& name, std::string& value,
                        const std::string* fallback) const;
   bool loadMapVariable(const std::string& name, bool& value, const bool* fallback) const;

@@ -7,6 +7,7 @@
 
 #include "UnicodeString.h"
 
+// Write one line. A null category or text counts as empty.
 void LogMessage(int level, const char* category, const char* text);
 void LogStringMessage(int level, const char* category, const UnicodeString& text);
 

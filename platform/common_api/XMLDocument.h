@@ -13,8 +13,8 @@
 #include <memory>
 #include <string>
 
-// Why a document could not be read. Line and column count from 1 and are 0
-// when the problem has no place (a file that is not there).
+// Why a document could not be read: its first error. Line and column count
+// from 1 and are 0 when the problem has no place (a file that is not there).
 struct XMLProblem {
   int line = 0;
   int column = 0;
@@ -23,10 +23,14 @@ struct XMLProblem {
 
 class XMLDocument {
  public:
-  // Read a document; null and a filled `problem` when that fails. Nothing is
-  // fetched from a network, no external subset is read, a document that
-  // declares entities is refused, and so are files above 64 MiB and elements
-  // nested deeper than 256.
+  // Read a document; null and a filled `problem` when that fails. The text may
+  // be in any encoding that its declaration or its byte order mark names.
+  //
+  // Nothing else is read: no external subset, no network, no inclusions.
+  // Refused are documents that declare entities or default values of
+  // attributes (the place is the end of that declaration's text), that use
+  // prefixes without a namespace, that nest elements deeper than 256, or that
+  // are larger than 64 MiB.
   static std::unique_ptr<XMLDocument> parseFile(const std::string& path, XMLProblem& problem);
 
   // The same from memory; `name` stands for the file's name in messages.

@@ -4,6 +4,10 @@
 // host's other operations in their places. An element handle is opaque, and
 // the handle of nothing is null. Only elements count as children and
 // siblings.
+//
+// The parser of the development edition reads documents of XMLDocument.h. The
+// tag of an element comes without its namespace prefix, the name of an
+// attribute with it, so that a foreign attribute is no attribute of ours.
 #ifndef PLATFORM_COMMON_API_XML_PARSER_H_
 #define PLATFORM_COMMON_API_XML_PARSER_H_
 
@@ -13,13 +17,13 @@ class AttributeMap;
 
 class XMLParser {
  public:
-  virtual void tagName(void* element, std::string& tag) = 0;          // Slot 0.
+  virtual void tagName(void* element, std::string& tag) = 0;  // Slot 0.
   virtual void reserved1() = 0;
-  virtual void* firstChild(void* element) = 0;                        // Slot 2.
-  virtual void* nextSibling(void* element) = 0;                       // Slot 3.
+  virtual void* firstChild(void* element) = 0;   // Slot 2.
+  virtual void* nextSibling(void* element) = 0;  // Slot 3.
   virtual void reserved4() = 0;
-  virtual int childCount(void* element) = 0;                          // Slot 5.
-  virtual void attributes(void* element, AttributeMap& map) = 0;      // Slot 6: adds to the map.
+  virtual int childCount(void* element) = 0;                      // Slot 5.
+  virtual void attributes(void* element, AttributeMap& map) = 0;  // Slot 6: adds to the map.
 
  protected:
   ~XMLParser() = default;

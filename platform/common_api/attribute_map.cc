@@ -1,8 +1,10 @@
 #include "AttributeMap.h"
 
 #include <charconv>
+#include <cmath>
 #include <iterator>
 #include <optional>
+#include <system_error>
 
 #include "Log.h"
 
@@ -17,9 +19,6 @@ std::optional<bool> convert(const std::string& text, bool /*tag*/) {
 
 template <class Number>
 std::optional<Number> convertNumber(const std::string& text) {
-  const std::size_t digits = text.starts_with('-') ? 1 : 0;
-  const bool isDecimal = text.find_first_not_of("0123456789+-.eE") == std::string::npos;
-  if (text.size() == digits || !isDecimal) return std::nullopt;
   Number number{};
   const char* end = text.data() + text.size();
   const auto result = std::from_chars(text.data(), end, number);
@@ -31,13 +30,22 @@ std::optional<int> convert(const std::string& text, int /*tag*/) {
   return convertNumber<int>(text);
 }
 
+// The words for infinity and for what is no number convert, but are no
+// decimal numbers.
 std::optional<double> convert(const std::string& text, double /*tag*/) {
-  return convertNumber<double>(text);
+  const auto number = convertNumber<double>(text);
+  return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
-const char* wantedForm(bool /*tag*/) { return "\"true\", \"false\", \"1\" or \"0\""; }
-const char* wantedForm(int /*tag*/) { return "a decimal 32-bit number"; }
-const char* wantedForm(double /*tag*/) { return "a decimal number"; }
+const char* wantedForm(bool /*tag*/) {
+  return "\"true\", \"false\", \"1\" or \"0\"";
+}
+const char* wantedForm(int /*tag*/) {
+  return "a decimal 32-bit number";
+}
+const char* wantedForm(double /*tag*/) {
+  return "a decimal number";
+}
 
 template <class Value>
 bool load(const std::map<std::string, std::string>& entries, const std::string& name, Value& value,
@@ -49,8 +57,8 @@ bool load(const std::map<std::string, std::string>& entries, const std::string& 
       return true;
     }
     UnicodeString line;
-    line = "AttributeMap::loadMapVariable() - Attribute \"" + name + "\" holds \"" +
-           found->second + "\" where " + wantedForm(Value{}) + " is needed.";
+    line = "AttributeMap::loadMapVariable() - Attribute \"" + name + "\" holds \"" + found->second +
+           "\" where " + wantedForm(Value{}) + " is needed.";
     LogStringMessage(3, "CommonAPI", line);
   }
   if (fallback == nullptr) return false;
@@ -62,9 +70,13 @@ bool load(const std::map<std::string, std::string>& entries, const std::string& 
 
 AttributeMap::AttributeMap() = default;
 
-void AttributeMap::clear() { entries_.clear(); }
+void AttributeMap::clear() {
+  entries_.clear();
+}
 
-long AttributeMap::size() const { return static_cast<long>(entries_.size()); }
+long AttributeMap::size() const {
+  return static_cast<long>(entries_.size());
+}
 
 bool AttributeMap::loadMapVariable(const std::string& name, std::string& value,
                                    const std::string* fallback) const {
@@ -80,8 +92,7 @@ bool AttributeMap::loadMapVariable(const std::string& name, bool& value,
   return load(entries_, name, value, fallback);
 }
 
-bool AttributeMap::loadMapVariable(const std::string& name, int& value,
-                                   const int* fallback) const {
+bool AttributeMap::loadMapVariable(const std::string& name, int& value, const int* fallback) const {
   return load(entries_, name, value, fallback);
 }
 
@@ -92,11 +103,13 @@ bool AttributeMap::loadMapVariable(const std::string& name, double& value,
 
 bool AttributeMap::fetchAttributeValueByIndex(const long& index, std::string& name,
                                               std::string& value) const {
-  if (index < 0 || index >= size()) return false;
+  if (index < 0 || index >= static_cast<long>(entries_.size())) return false;
   const auto entry = std::next(entries_.begin(), index);
   name = entry->first;
   value = entry->second;
   return true;
 }
 
-std::string& AttributeMap::operator[](const std::string& name) { return entries_[name]; }
+std::string& AttributeMap::operator[](const std::string& name) {
+  return entries_[name];
+}

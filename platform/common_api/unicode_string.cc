@@ -12,4 +12,6 @@ UnicodeString& UnicodeString::operator=(const char* text) {
   return *this;
 }
 
-const std::string& UnicodeString::utf8() const { return text_; }
+const std::string& UnicodeString::utf8() const {
+  return text_;
+}

@@ -1,74 +1,29 @@
 #include "XMLDocument.h"
 
-#include <libxml/parser.h>
 #include <libxml/tree.h>
-#include <libxml/xmlerror.h>
 
 #include <sys/stat.h>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <memory>
+#include <utility>
+
+#include "xml_reader.h"
 
 struct XMLDocument::Tree {
-  explicit Tree(xmlDoc* tree) : document(tree) {}
-  ~Tree() { xmlFreeDoc(document); }
-  Tree(const Tree&) = delete;
-  Tree& operator=(const Tree&) = delete;
-
-  xmlDoc* document;
+  driver_feature::TreePointer document;
 };
 
 namespace {
 
 constexpr std::size_t kHighestSize = std::size_t{64} * 1024 * 1024;
-
-struct ContextDeleter {
-  void operator()(xmlParserCtxt* context) const {
-    if (context->myDoc != nullptr) xmlFreeDoc(context->myDoc);
-    context->myDoc = nullptr;
-    xmlFreeParserCtxt(context);
-  }
-};
-using Context = std::unique_ptr<xmlParserCtxt, ContextDeleter>;
-
-// What a parse has found; the first error is the one that tells.
-struct ParseReport {
-  XMLProblem problem;
-  bool failed = false;
-};
-
-ParseReport& reportOf(xmlParserCtxt* context) {
-  return *static_cast<ParseReport*>(context->_private);
-}
-
-void noteProblem(ParseReport& report, int line, int column, const std::string& text) {
-  if (report.failed) return;
-  report.failed = true;
-  report.problem = {line, column, text};
-}
-
-void onError(void* context, xmlError* error) {
-  auto* parser = static_cast<xmlParserCtxt*>(context);
-  if (error->level < XML_ERR_ERROR) return;
-  std::string text = error->message != nullptr ? error->message : "cannot be read";
-  while (!text.empty() && text.back() == '\n') text.pop_back();
-  noteProblem(reportOf(parser), error->line, error->int2, text);
-}
-
-void onEntityDeclaration(void* context, const xmlChar* name, int /*type*/,
-                         const xmlChar* /*publicId*/, const xmlChar* /*systemId*/,
-                         xmlChar* /*content*/) {
-  auto* parser = static_cast<xmlParserCtxt*>(context);
-  noteProblem(reportOf(parser), xmlSAX2GetLineNumber(parser), xmlSAX2GetColumnNumber(parser),
-              "entity '" + std::string(reinterpret_cast<const char*>(name)) +
-                  "' is declared; entity declarations are not accepted");
-  xmlStopParser(parser);
-}
+constexpr const char* kTooLarge = "is larger than 64 MiB";
 
 bool readFile(const std::string& path, std::string& text, XMLProblem& problem) {
-  std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
-                                                       &std::fclose);
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rbe"),
+                                                             &std::fclose);
   if (!file) {
     problem.text = std::string("cannot be opened: ") + std::strerror(errno);
     return false;
@@ -83,7 +38,7 @@ bool readFile(const std::string& path, std::string& text, XMLProblem& problem) {
   while ((count = std::fread(buffer, 1, sizeof buffer, file.get())) > 0) {
     text.append(buffer, count);
     if (text.size() <= kHighestSize) continue;
-    problem.text = "is larger than 64 MiB";
+    problem.text = kTooLarge;
     return false;
   }
   if (std::ferror(file.get()) == 0) return true;
@@ -112,31 +67,19 @@ std::unique_ptr<XMLDocument> XMLDocument::parseText(const std::string& text,
     return nullptr;
   }
   if (text.size() > kHighestSize) {
-    problem.text = "is larger than 64 MiB";
+    problem.text = kTooLarge;
     return nullptr;
   }
-  const Context context(xmlNewParserCtxt());
-  if (!context) {
-    problem.text = "cannot be read: out of memory";
-    return nullptr;
-  }
-  ParseReport report;
-  context->_private = &report;
-  context->sax->serror = onError;
-  context->sax->entityDecl = onEntityDeclaration;
-  xmlDoc* document =
-      xmlCtxtReadMemory(context.get(), text.data(), static_cast<int>(text.size()), name.c_str(),
-                        nullptr, XML_PARSE_NONET | XML_PARSE_BIG_LINES);
-  if (document != nullptr && !report.failed && xmlDocGetRootElement(document) != nullptr) {
-    return std::unique_ptr<XMLDocument>(new XMLDocument(std::make_unique<Tree>(document)));
-  }
-  xmlFreeDoc(document);
-  problem = report.failed ? report.problem : XMLProblem{1, 1, "cannot be read"};
-  return nullptr;
+  auto tree = std::make_unique<Tree>();
+  tree->document = driver_feature::readTree(text, name, problem);
+  if (!tree->document) return nullptr;
+  return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
 }
 
-void* XMLDocument::root() const { return xmlDocGetRootElement(tree_->document); }
+void* XMLDocument::root() const {
+  return xmlDocGetRootElement(tree_->document.get());
+}
 
 int XMLDocument::lineOf(void* element) {
-  return element != nullptr ? static_cast<int>(xmlGetLineNo(static_cast<xmlNode*>(element))) : 0;
+  return element != nullptr ? driver_feature::notedLine(*static_cast<xmlNode*>(element)) : 0;
 }

@@ -10,7 +10,9 @@ const char* textOf(const xmlChar* text) {
   return text != nullptr ? reinterpret_cast<const char*>(text) : "";
 }
 
-xmlNode* nodeOf(void* element) { return static_cast<xmlNode*>(element); }
+xmlNode* nodeOf(void* element) {
+  return static_cast<xmlNode*>(element);
+}
 
 // `node`, or the next element after it.
 xmlNode* elementFrom(xmlNode* node) {
@@ -48,7 +50,7 @@ class LibXml2Parser final : public XMLParser {
          attribute = attribute->next) {
       std::string name = textOf(attribute->name);
       if (attribute->ns != nullptr && attribute->ns->prefix != nullptr) {
-        name = std::string(textOf(attribute->ns->prefix)) + ':' + name;
+        name.insert(0, std::string(textOf(attribute->ns->prefix)) + ':');
       }
       xmlChar* value = xmlNodeListGetString(attribute->doc, attribute->children, 1);
       map[name] = textOf(value);

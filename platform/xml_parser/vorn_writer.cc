@@ -1,17 +1,22 @@
 #include "VORNWriter.h"
 
-#include <libxml/encoding.h>
 #include <libxml/tree.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <optional>
 
 #include "Log.h"
+#include "xml_text.h"
 
 namespace {
 
-const xmlChar* asXml(const char* text) { return reinterpret_cast<const xmlChar*>(text); }
-const xmlChar* asXml(const std::string& text) { return asXml(text.c_str()); }
+const xmlChar* asXml(const char* text) {
+  return reinterpret_cast<const xmlChar*>(text);
+}
+const xmlChar* asXml(const std::string& text) {
+  return asXml(text.c_str());
+}
 
 void logRefusal(const std::string& what) {
   UnicodeString line;
@@ -19,55 +24,42 @@ void logRefusal(const std::string& what) {
   LogStringMessage(1, "XMLParser", line);
 }
 
-bool isXmlCharacter(std::uint32_t character) {
-  if (character < 0x20) return character == '\t' || character == '\n' || character == '\r';
-  return character <= 0xD7FF || (character >= 0xE000 && character <= 0xFFFD) ||
-         character >= 0x10000;
+// "U+0007" and the like.
+std::string characterName(std::uint32_t character) {
+  char name[16];
+  std::snprintf(name, sizeof name, "U+%04X", static_cast<unsigned>(character));
+  return name;
 }
 
-// The character at `position` of a valid UTF-8 text, and the position after it.
-std::uint32_t nextCharacter(const std::string& text, std::size_t& position) {
-  const auto lead = static_cast<unsigned char>(text[position++]);
-  const int more = lead < 0x80 ? 0 : (lead < 0xE0 ? 1 : (lead < 0xF0 ? 2 : 3));
-  std::uint32_t character = more == 0 ? lead : lead & (0x3FU >> more);
-  for (int i = 0; i < more; ++i) {
-    character = character << 6 | (static_cast<unsigned char>(text[position++]) & 0x3FU);
-  }
-  return character;
-}
-
-std::string fromLatin1(const std::string& text) {
-  std::string converted;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x80) {
-      converted += c;
-    } else {
-      converted += static_cast<char>(0xC0U | (byte >> 6));
-      converted += static_cast<char>(0x80U | (byte & 0x3FU));
-    }
-  }
-  return converted;
-}
-
-// The text as an XML document holds it; nothing, after a log line, when it
-// holds a character that XML cannot hold. `role` names the text in that line.
-std::optional<std::string> toXmlText(const char* role, const std::string& text) {
-  const bool hasNul = text.find('\0') != std::string::npos;
-  const std::string utf8 = hasNul || xmlCheckUTF8(asXml(text)) != 0 ? text : fromLatin1(text);
-  for (std::size_t position = 0; !hasNul && position < utf8.size();) {
-    if (isXmlCharacter(nextCharacter(utf8, position))) continue;
-    logRefusal(std::string("The ") + role + " holds a character that XML cannot hold.");
-    return std::nullopt;
-  }
-  if (!hasNul) return utf8;
-  logRefusal(std::string("The ") + role + " holds a character that XML cannot hold.");
+// The text as the document holds it; nothing, after a log line, when it holds
+// a character that XML cannot hold. `role` names the text in that line.
+std::optional<std::string> toAttributeText(const char* role, const std::string& text) {
+  std::string utf8 = driver_feature::toUtf8(text);
+  const auto forbidden = driver_feature::findForbiddenCharacter(utf8);
+  if (!forbidden) return utf8;
+  logRefusal(std::string("The ") + role + " holds the character " + characterName(*forbidden) +
+             ", which XML cannot hold.");
   return std::nullopt;
 }
 
-void setArgument(xmlNode* root, const char* name, const char* text) {
-  const auto value = toXmlText(name, text != nullptr ? text : "");
-  xmlNewProp(root, asXml(name), asXml(value.value_or("")));
+// False without memory: libxml2 then makes an attribute that lacks its name or
+// its text.
+bool setAttribute(xmlNode* node, const char* name, const std::string& value) {
+  const xmlAttr* attribute = xmlNewProp(node, asXml(name), asXml(value));
+  if (attribute == nullptr || attribute->name == nullptr) return false;
+  const xmlNode* text = attribute->children;
+  return value.empty() || (text != nullptr && text->content != nullptr);
+}
+
+// False without memory: libxml2 then makes no element, or one without a name.
+bool isNamed(const xmlNode* element) {
+  return element != nullptr && element->name != nullptr;
+}
+
+// An argument that XML cannot hold is logged and stays empty.
+bool setArgument(xmlNode* root, const char* name, const char* text) {
+  const auto value = toAttributeText(name, text != nullptr ? text : "");
+  return setAttribute(root, name, value.value_or(""));
 }
 
 // The section of job-ticket attributes is the root's first element, that of
@@ -81,24 +73,37 @@ xmlNode* sectionOf(xmlDoc* document, bool jobTicketAttribute) {
   return jobTicketAttribute ? first : first->next;
 }
 
+// A parent that a caller hands in; null is logged.
+xmlNode* checkedParent(xmlNode* parent) {
+  if (parent == nullptr) logRefusal("A node is made without a parent.");
+  return parent;
+}
+
 struct NamedText {
   const char* attribute;
   const std::string* text;
 };
 
+// Null for a null parent, for a text that is refused, and without memory; the
+// parent is then as it was.
 template <std::size_t kCount>
 xmlNode* addElement(xmlNode* parent, const char* tag, const NamedText (&texts)[kCount]) {
   if (parent == nullptr) return nullptr;
   std::optional<std::string> values[kCount];
   for (std::size_t i = 0; i < kCount; ++i) {
-    values[i] = toXmlText(texts[i].attribute, *texts[i].text);
+    values[i] = toAttributeText(texts[i].attribute, *texts[i].text);
     if (!values[i]) return nullptr;
   }
   xmlNode* node = xmlNewChild(parent, nullptr, asXml(tag), nullptr);
-  for (std::size_t i = 0; node != nullptr && i < kCount; ++i) {
-    xmlNewProp(node, asXml(texts[i].attribute), asXml(*values[i]));
+  bool isWhole = isNamed(node);
+  for (std::size_t i = 0; isWhole && i < kCount; ++i) {
+    isWhole = setAttribute(node, texts[i].attribute, *values[i]);
   }
-  return node;
+  if (isWhole) return node;
+  logRefusal("Out of memory.");
+  xmlUnlinkNode(node);
+  xmlFreeNode(node);
+  return nullptr;
 }
 
 xmlNode* addCommand(xmlNode* parent, const std::string& name, const std::string& syntax,
@@ -110,19 +115,34 @@ xmlNode* addGroup(xmlNode* parent, const std::string& name, const std::string& s
   return addElement(parent, "Group", {{"name", &name}, {"syntax", &syntax}});
 }
 
+// Puts the root, its arguments and the sections into the document. False
+// without memory.
+bool addFrame(xmlDoc* document, const char* argument1, const char* argument2) {
+  xmlNode* root = xmlNewDocNode(document, nullptr, asXml("JobTicket"), nullptr);
+  if (root == nullptr) return false;
+  xmlDocSetRootElement(document, root);
+  return isNamed(root) && setArgument(root, "argument1", argument1) &&
+         setArgument(root, "argument2", argument2) &&
+         isNamed(xmlNewChild(root, nullptr, asXml("JobTicketAttributes"), nullptr)) &&
+         isNamed(xmlNewChild(root, nullptr, asXml("OutputAttributes"), nullptr));
+}
+
+// A ticket without commands; null, after a log line, without memory.
+xmlDoc* makeDocument(const char* argument1, const char* argument2) {
+  xmlDoc* document = xmlNewDoc(asXml("1.0"));
+  if (document != nullptr && addFrame(document, argument1, argument2)) return document;
+  xmlFreeDoc(document);
+  logRefusal("Out of memory.");
+  return nullptr;
+}
+
 }  // namespace
 
 VORNWriter::VORNWriter() = default;
 
 void VORNWriter::initializeJobTicketDOM(const char* argument1, const char* argument2) {
   xmlFreeDoc(document_);
-  document_ = xmlNewDoc(asXml("1.0"));
-  xmlNode* root = xmlNewNode(nullptr, asXml("JobTicket"));
-  xmlDocSetRootElement(document_, root);
-  setArgument(root, "argument1", argument1);
-  setArgument(root, "argument2", argument2);
-  xmlNewChild(root, nullptr, asXml("JobTicketAttributes"), nullptr);
-  xmlNewChild(root, nullptr, asXml("OutputAttributes"), nullptr);
+  document_ = makeDocument(argument1, argument2);
 }
 
 _xmlNode* VORNWriter::createCommandNode(std::string& name, std::string& syntax, std::string& value,
@@ -137,20 +157,26 @@ _xmlNode* VORNWriter::createGroupCommandNode(std::string& name, std::string& syn
 
 _xmlNode* VORNWriter::createChildGroupCommandNode(_xmlNode* parent, std::string& name,
                                                   std::string& syntax) {
-  return addGroup(parent, name, syntax);
+  return addGroup(checkedParent(parent), name, syntax);
 }
 
 _xmlNode* VORNWriter::createChildCommandNode(_xmlNode* parent, std::string& name,
                                              std::string& syntax, std::string& value) {
-  return addCommand(parent, name, syntax, value);
+  return addCommand(checkedParent(parent), name, syntax, value);
 }
 
 void VORNWriter::serializeTicket(std::string& output) {
+  output.clear();
   if (document_ == nullptr) initializeJobTicketDOM(nullptr, nullptr);
+  if (document_ == nullptr) return;
   xmlChar* text = nullptr;
   int size = 0;
   xmlDocDumpFormatMemoryEnc(document_, &text, &size, "UTF-8", 1);
-  output.assign(reinterpret_cast<const char*>(text), static_cast<std::size_t>(size));
+  if (text != nullptr) {
+    output.assign(reinterpret_cast<const char*>(text), static_cast<std::size_t>(size));
+  } else {
+    logRefusal("Out of memory.");
+  }
   xmlFree(text);
   xmlFreeDoc(document_);
   document_ = nullptr;

@@ -17,7 +17,7 @@ class DescriptionTest : public ProgramTest {
 TEST_F(DescriptionTest, Show_FileIsMissing_EndsWithTwo) {
   EXPECT_EQ(show("missing.xml"),
             failure(2,
-                    "driver-feature: missing.xml:0:0: error: cannot be opened: No such file or "
+                    "driver-feature: missing.xml: error: cannot be opened: No such file or "
                     "directory; give the path of a readable feature description\n"));
 }
 
@@ -25,7 +25,7 @@ TEST_F(DescriptionTest, Show_Folder_EndsWithTwo) {
   fs::create_directory(folder() / "office.xml");
   EXPECT_EQ(show("office.xml"),
             failure(2,
-                    "driver-feature: office.xml:0:0: error: is a directory; give the path of a "
+                    "driver-feature: office.xml: error: is a directory; give the path of a "
                     "readable feature description\n"));
 }
 
@@ -179,6 +179,16 @@ TEST_F(DescriptionTest, Callbacks_RoutineEndsTheProcess_SaysWhatWasLoaded) {
                           "<Feature FeatureType='IntEntry' Name='A' Visibility='true'/>"});
   EXPECT_EQ(run({"show", "office.xml", "--callbacks", ROUTINES_LIBRARY}),
             failure(7, "driver-feature: office.xml: the description could not be loaded\n"));
+}
+
+TEST_F(DescriptionTest, Callbacks_RoutineEndsTheProcessLater_LosesNoLogLine) {
+  describe("office.xml", {"<Feature FeatureType='IntEntry' Name='A' AddCallbackRoutine='gone'/>",
+                          "<Feature FeatureType='IntEntry' Name='B'"
+                          " AddCallbackRoutine='endProcess'/>"});
+  EXPECT_EQ(run({"show", "office.xml", "--callbacks", ROUTINES_LIBRARY, "-o", "B=1"}),
+            failure(7,
+                    "driver-feature: misuse: DriverFeature::setFeatureProperty(string):  Failed to "
+                    "load custom feature callback:  gone\n"));
 }
 
 }  // namespace

@@ -74,8 +74,8 @@ TEST_F(EmitTest, Emit_Ticket_TakesArgumentsAndInstallableOptions) {
                     "  </JobTicketAttributes>\n"
                     "  <OutputAttributes/>\n"
                     "</JobTicket>\n"));
-  EXPECT_EQ(run({"emit", "office.xml", "--to", "ticket", "--inst-opt", "--ticket-arg1", "a b",
-                 "--ticket-arg2", "<", "-o", "Copies=9"}),
+  EXPECT_EQ(run({"emit", "office.xml", "--to", "ticket", "--inst-opt", "--ticket-argument1", "a b",
+                 "--ticket-argument2", "<", "-o", "Copies=9"}),
             success("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                     "<JobTicket argument1=\"a b\" argument2=\"&lt;\">\n"
                     "  <JobTicketAttributes>\n"

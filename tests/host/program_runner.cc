@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -65,6 +66,8 @@ RunResult ProgramTest::runIn(const fs::path& folder, const std::string& program,
                              const std::vector<std::string>& arguments,
                              const std::function<void()>& prepare) {
   const fs::path streams = makeFolder();
+  // What is still in this program's buffer must not reach the child's output.
+  std::fflush(stdout);
   const pid_t child = fork();
   if (child == 0) {
     redirect(STDOUT_FILENO, streams / "output");

@@ -159,6 +159,23 @@ TEST_F(RefusalTest, Emit_SeveralRefused_NamesTheFirst) {
                     "number\n"));
 }
 
+TEST_F(RefusalTest, Emit_LoadAndEarlierSettingsHaveLogged_StillIsOneLine) {
+  describe("gone.xml", {"<Feature FeatureType='IntEntry' Name='A' AddCallbackRoutine='gone'/>",
+                        "<Feature FeatureType='IntEntry' Name='B' PSCommand='%d&#10;'/>"});
+  const std::string misuse =
+      "driver-feature: misuse: DriverFeature::setFeatureProperty(string):  Failed to load custom "
+      "feature callback:  gone\n";
+  const std::string refusal =
+      "driver-feature: -o B=x: \"x\" is not a whole number; give a whole number\n";
+  EXPECT_EQ(run({"emit", "gone.xml", "--to", "ps", "-o", "B=1"}), (RunResult{0, "1\n", misuse}));
+  EXPECT_EQ(run({"emit", "gone.xml", "--to", "ps", "-o", "B=1", "-o", "B=x"}), failure(2, refusal));
+  EXPECT_EQ(run({"show", "gone.xml", "-o", "B=x"}), failure(2, refusal));
+  // Who asks for every line gets it.
+  const RunResult verbose = run({"-v", "emit", "gone.xml", "--to", "ps", "-o", "B=x"});
+  EXPECT_NE(verbose.errors.find(misuse), std::string::npos);
+  EXPECT_TRUE(verbose.errors.ends_with(refusal)) << verbose.errors;
+}
+
 TEST_F(RefusalTest, Emit_LineEndInTheSetting_StaysOnOneLine) {
   EXPECT_EQ(emit({"Free=1\n2\x1B"}),
             failure(2,

@@ -67,9 +67,10 @@ TEST_F(UsageTest, Help_ProgramAndCommands_EndsWithZeroAndShowsExamples) {
   const RunResult emit = run({"emit", "--help"});
   EXPECT_EQ(emit.status, 0);
   EXPECT_EQ(emit.errors, "");
-  for (const char* text : {"Usage: driver-feature emit ", "--to FORM", "-o,--option NAME=VALUE",
-                           "--output FILE", "--inst-opt", "--ticket-arg1 TEXT",
-                           "--ticket-arg2 TEXT", "Examples:\n  driver-feature emit office.xml"}) {
+  for (const char* text :
+       {"Usage: driver-feature emit ", "--to FORM", "-o,--option NAME=VALUE", "--output FILE",
+        "--inst-opt", "--ticket-argument1 TEXT", "--ticket-argument2 TEXT",
+        "Examples:\n  driver-feature emit office.xml"}) {
     EXPECT_NE(emit.output.find(text), std::string::npos) << text;
   }
   const RunResult show = run({"show", "--help"});

@@ -18,6 +18,15 @@ namespace driver_feature::testing {
 
 using Texts = std::initializer_list<std::pair<const char*, const char*>>;
 
+// The model's classes have no virtual destructor, because their objects are
+// never deleted. A builder's are, as objects of a class that nobody derives
+// from.
+template <class Object>
+class Owned final : public Object {
+ public:
+  using Object::Object;
+};
+
 class ModelBuilder {
  public:
   // A feature of a type with text properties, filed in the master set.
@@ -63,10 +72,10 @@ class ModelBuilder {
     }
   }
 
-  std::deque<DriverFeature> features_;
-  std::deque<DriverFeatureOption> options_;
-  std::deque<DriverFeatureStaticGroup> staticGroups_;
-  std::deque<DriverFeatureDynamicGroup> dynamicGroups_;
+  std::deque<Owned<DriverFeature>> features_;
+  std::deque<Owned<DriverFeatureOption>> options_;
+  std::deque<Owned<DriverFeatureStaticGroup>> staticGroups_;
+  std::deque<Owned<DriverFeatureDynamicGroup>> dynamicGroups_;
 };
 
 }  // namespace driver_feature::testing

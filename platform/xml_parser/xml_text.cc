@@ -1,0 +1,85 @@
+#include "xml_text.h"
+
+namespace driver_feature {
+
+namespace {
+
+// The forms of a character of one to four bytes: the fixed bits of its first
+// byte, and the lowest and highest character that may be written so.
+struct Form {
+  unsigned mask;
+  unsigned lead;
+  std::uint32_t lowest;
+  std::uint32_t highest;
+};
+constexpr Form kForms[] = {{0x80, 0x00, 0, 0x7F},
+                           {0xE0, 0xC0, 0x80, 0x7FF},
+                           {0xF0, 0xE0, 0x800, 0xFFFF},
+                           {0xF8, 0xF0, 0x10000, 0x10FFFF}};
+
+unsigned byteAt(const std::string& text, std::size_t position) {
+  return static_cast<unsigned char>(text[position]);
+}
+
+// The character at `position`, which moves behind it; nothing when no whole
+// character in its shortest form stands there.
+std::optional<std::uint32_t> takeCharacter(const std::string& text, std::size_t& position) {
+  const unsigned first = byteAt(text, position++);
+  std::size_t more = 0;
+  for (const Form& form : kForms) {
+    if ((first & form.mask) != form.lead) {
+      ++more;
+      continue;
+    }
+    std::uint32_t character = first & ~form.mask;
+    for (const std::size_t end = position + more; position < end; ++position) {
+      if (position == text.size() || (byteAt(text, position) & 0xC0U) != 0x80U) return {};
+      character = character << 6 | (byteAt(text, position) & 0x3FU);
+    }
+    if (character < form.lowest || character > form.highest) return {};
+    return character;
+  }
+  return {};
+}
+
+bool isUtf8(const std::string& text) {
+  for (std::size_t position = 0; position < text.size();) {
+    if (!takeCharacter(text, position)) return false;
+  }
+  return true;
+}
+
+std::string fromLatin1(const std::string& text) {
+  std::string converted;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80) {
+      converted += c;
+    } else {
+      converted += static_cast<char>(0xC0U | (byte >> 6));
+      converted += static_cast<char>(0x80U | (byte & 0x3FU));
+    }
+  }
+  return converted;
+}
+
+bool isForbidden(std::uint32_t character) {
+  if (character < 0x20) return character != '\t' && character != '\n' && character != '\r';
+  return (character >= 0xD800 && character <= 0xDFFF) || character == 0xFFFE || character == 0xFFFF;
+}
+
+}  // namespace
+
+std::string toUtf8(const std::string& text) {
+  return isUtf8(text) ? text : fromLatin1(text);
+}
+
+std::optional<std::uint32_t> findForbiddenCharacter(const std::string& utf8) {
+  for (std::size_t position = 0; position < utf8.size();) {
+    const auto character = takeCharacter(utf8, position);
+    if (character && isForbidden(*character)) return character;
+  }
+  return {};
+}
+
+}  // namespace driver_feature
