@@ -3,6 +3,5 @@
 #include <dlfcn.h>
 
 void* FetchSymbol(const char* name) {
-  if (name == nullptr || *name == '\0') return nullptr;
-  return dlsym(RTLD_DEFAULT, name);
+  return name != nullptr ? dlsym(RTLD_DEFAULT, name) : nullptr;
 }

@@ -33,7 +33,8 @@ std::optional<std::uint32_t> takeCharacter(const std::string& text, std::size_t&
     }
     std::uint32_t character = first & ~form.mask;
     for (const std::size_t end = position + more; position < end; ++position) {
-      if (position == text.size() || (byteAt(text, position) & 0xC0U) != 0x80U) return {};
+      // The NUL at the text's end is no byte of this kind either.
+      if ((byteAt(text, position) & 0xC0U) != 0x80U) return {};
       character = character << 6 | (byteAt(text, position) & 0x3FU);
     }
     if (character < form.lowest || character > form.highest) return {};
