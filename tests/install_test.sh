@@ -12,7 +12,6 @@ trap 'rm -rf -- "$folder"' EXIT
 
 cmake --install "$build" --prefix "$folder" >"$folder/log"
 cd "$folder"
-unset LD_LIBRARY_PATH
 
 description=share/driver-feature/label_printer.xml
 library=$(find "$folder" -name libDriverFeature.so)
