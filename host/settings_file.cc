@@ -4,10 +4,9 @@
 #include <cerrno>
 #include <charconv>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
 #include "host/group_view.h"
+#include "host/input_file.h"
 #include "host/process_copy.h"
 #include "host/settings_plan.h"
 #include "host/settings_text.h"
@@ -37,16 +36,6 @@ std::string recordLines(CoreFeatureSet& set, const Model& model, const std::stri
     }
   }
   return lines;
-}
-
-Refusal readFile(const std::string& path, std::string& text) {
-  errno = 0;
-  std::ifstream file(path, std::ios::binary);
-  if (file) text.assign(std::istreambuf_iterator<char>(file), {});
-  // A folder can be opened and fails only when it is read.
-  if (file && !file.bad() && errno != EISDIR) return std::nullopt;
-  return path + ": cannot be read: " + std::strerror(errno != 0 ? errno : EIO) +
-         "; give a settings file";
 }
 
 // The refusals that the plan has in a copy of the process.
@@ -112,7 +101,9 @@ std::string composeSettings(CoreFeatureSet& set, const Model& model) {
 std::vector<std::string> loadSettings(CoreFeatureSet& set, const Model& model,
                                       const std::string& file) {
   std::string bytes;
-  if (const Refusal refusal = readFile(file, bytes)) return {*refusal};
+  if (!readFile(file, bytes)) {
+    return {file + ": cannot be read: " + std::strerror(errno) + "; give a settings file"};
+  }
   SettingsText text = parseSettings(bytes);
   std::vector<LineRefusal> refusals = text.refusals;
   const std::vector<LineRefusal> more = findOrder(set, model, text);
