@@ -32,9 +32,18 @@ done
 test "$(find include -name '*.h' | wc -l)" -eq 14
 
 # Nothing in the tree names the place where it was built or first installed.
+# (Programs do where they hold what a debugger needs, but not as a path of the
+# loader.)
 for place in "$build" "$folder/first"; do
-  if grep -rlF -- "$place" .; then
+  if grep -rlIF -- "$place" .; then
     echo "these files name $place"
     exit 1
   fi
 done
+paths=$(readelf -d bin/driver-feature "$(dirname -- "$library")"/*.so | grep -E 'R(UN)?PATH')
+test "$(wc -l <<<"$paths")" -eq 5
+# shellcheck disable=SC2016  # a word of the loader's, not of the shell's
+if grep -vF '[$ORIGIN' <<<"$paths"; then
+  echo "these loader paths would not move with the tree"
+  exit 1
+fi
