@@ -244,6 +244,75 @@ expectCalls 'cmake --preset asan --log-level=WARNING' 'cmake --build --preset as
   'ctest --preset asan --output-on-failure --no-tests=error -j3'
 expectLine out detect_leaks=0
 
+# fakeI386Root: a stand-in for the script that makes the 32-bit libraries.
+fakeI386Root() {
+  mkdir -p "$work/project/cmake/i386"
+  printf 'echo "make_root $*" >>"%s/calls"\n%s\n' "$work" "${1:-}" \
+    >"$work/project/cmake/i386/make_root.sh"
+}
+
+begin TestI386_LibrariesAreMadeFirst_ArgumentsReachCtest
+fakeI386Root
+fake cmake
+fake ctest
+dev test-i386 -R Option
+expectStatus 0
+expectCalls 'make_root build/i386-root' 'cmake --preset i386 --log-level=WARNING' \
+  'cmake --build --preset i386 --parallel 3' \
+  'ctest --preset i386 --output-on-failure --no-tests=error -j3 -R Option'
+
+begin TestI386_LibrariesCannotBeMade_BuildsNothing
+fakeI386Root 'exit 1'
+fake cmake
+dev test-i386
+expectStatus 1
+expectCalls 'make_root build/i386-root'
+
+# fakeComparison: a stand-in for the comparison of binary interfaces.
+fakeComparison() {
+  mkdir -p "$work/project/tests/abi"
+  printf 'echo "compare $*" >>"%s/calls"\n%s\n' "$work" "${1:-}" \
+    >"$work/project/tests/abi/compare.sh"
+}
+
+begin Abi_BothArchitectures_AreBuiltAndCompared
+fakeI386Root
+fakeComparison
+fake cmake
+dev abi
+expectStatus 0
+expectCalls 'cmake --preset release --log-level=WARNING' \
+  'cmake --build --preset release --parallel 3 --target DriverFeature host_view' \
+  'make_root build/i386-root' 'cmake --preset i386 --log-level=WARNING' \
+  'cmake --build --preset i386 --parallel 3 --target DriverFeature host_view' \
+  'compare build/release tests/abi/baseline/x86_64' \
+  'compare build/i386 tests/abi/baseline/i386'
+
+begin Abi_Update_IsPassedOn
+fakeI386Root
+fakeComparison
+fake cmake
+dev abi --update
+expectStatus 0
+checks=$((checks + 1))
+[ "$(grep -c '^compare --update build/' "$work/calls")" -eq 2 ] || fail 'not passed on twice'
+
+begin Abi_FirstArchitectureDiffers_FailsAndComparesTheOther
+fakeI386Root
+fakeComparison 'case "$*" in *x86_64) exit 1 ;; esac'
+fake cmake
+dev abi
+expectStatus 1
+checks=$((checks + 1))
+[ "$(grep -c '^compare build/' "$work/calls")" -eq 2 ] || fail 'not compared twice'
+
+begin Abi_OtherArgument_IsRefused
+fake cmake
+dev abi --upgrade
+expectStatus 2
+expectCalls
+expectLine err 'dev: abi takes no argument but --update'
+
 begin Test_PresetWithoutName_IsRefused
 fake cmake
 dev test --preset
@@ -343,7 +412,7 @@ begin Help_ListsEveryCommand
 dev help
 expectStatus 0
 expectEmpty err
-for name in setup build test demo lint format clean help; do
+for name in setup build test test-i386 abi demo lint format clean help; do
   checks=$((checks + 1))
   grep -qE -- "^  $name( [^ ].*)?  *[a-z].*" "$work/out" || fail "does not list $name"
 done
@@ -379,9 +448,10 @@ chmod +x "$work/project/dev"
 (cd "$work/elsewhere" && bash "$work/project/.ci/run") <&- >"$work/out" 2>"$work/err"
 status=$?
 expectStatus 0
-expectCalls 'dev test' 'dev test --preset clang' 'dev test --preset asan' 'dev lint' 'dev demo'
+expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset clang' 'dev test --preset asan' \
+  'dev lint' 'dev demo'
 checks=$((checks + 1))
-[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 5 ] || fail 'summary is not whole'
+[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 7 ] || fail 'summary is not whole'
 
 begin Ci_ALegFails_EndsWithItsStatus
 cp "$source_dir/.ci/run" "$work/project/.ci/"
@@ -391,7 +461,7 @@ chmod +x "$work/project/dev"
 bash "$work/project/.ci/run" </dev/null >"$work/out" 2>"$work/err"
 status=$?
 expectStatus 9
-expectCalls 'dev test' 'dev test --preset clang'
+expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset clang'
 expectLine out 'not run  lint'
 checks=$((checks + 1))
 grep -qE '^FAILED with status 9  tests with clang  ' "$work/out" || fail 'summary does not name the leg'

@@ -10,7 +10,6 @@ build=$1
 compiler=$2
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
-unset LD_LIBRARY_PATH
 
 mkdir "$folder/first"
 cmake --install "$build" --prefix "$folder/first" >"$folder/log"

@@ -3,16 +3,17 @@
 # was moved since, with CMake and with pkg-config. Both programs must write the
 # same three outputs and refuse the same things.
 #
-# usage: minimal_host_test.sh EXAMPLE_DIR BUILD_DIR CXX_COMPILER CXX_FLAGS
+# usage: minimal_host_test.sh EXAMPLE_DIR BUILD_DIR CXX_COMPILER CXX_FLAGS LINKER_FLAGS
 set -eu
 
 example=$1
 build=$2
 export CXX=$3
 export CXXFLAGS="$4 -Wall -Wextra -Wconversion -Wshadow -Werror"
+export LDFLAGS=$5
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
-unset LD_LIBRARY_PATH DESTDIR PKG_CONFIG_LIBDIR MAKEFLAGS
+unset DESTDIR PKG_CONFIG_LIBDIR MAKEFLAGS
 # What the library holds at the end of the process is never freed, by design.
 export ASAN_OPTIONS=${ASAN_OPTIONS-detect_leaks=0}
 
