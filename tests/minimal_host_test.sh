@@ -101,7 +101,7 @@ expect() {
 
 # refuse SETTING TEXT [LOG-LINE]
 refuse() {
-  expect 2 "$kLoaded${3:+
+  expect 1 "$kLoaded${3:+
 $3}
 minimal_host: $1: $2" "$plugin" "$example/desk_printer.xml" run Copies=2 "$1"
 }
@@ -116,10 +116,10 @@ values changed: 0" "$plugin" "$example/desk_printer.xml" run
 values changed: 4" "$plugin" "$example/desk_printer.xml" run Quality=Draft Quality=Best
   grep -qxF '<< /HWResolution [1200 1200] >> setpagedevice' run.ps
   grep -qxF '<< /EconoMode false >> setpagedevice' run.ps
-  refuse Quality=Photo "the option is not available"
-  refuse Quality=Poor "there is no option of that name"
-  refuse Copies=100 "100 is out of range; give a number from 1 to 99"
-  refuse Copies=0 "0 is out of range; give a number from 1 to 99"
+  refuse Quality=Photo "there is no such option, or it is not available"
+  refuse Quality=Poor "there is no such option, or it is not available"
+  refuse Copies=100 "the limit is 99"
+  refuse Copies=0 "the limit is 1"
   refuse Copies=3x "that is no whole number"
   refuse Copies= "that is no whole number"
   refuse Copies=99999999999 "that is no whole number"
@@ -128,7 +128,7 @@ values changed: 4" "$plugin" "$example/desk_printer.xml" run Quality=Draft Quali
     '3 DriverFeature: FindFeatureInFeatureList() - Did not find feature "Paper".'
   expect 2 "usage: minimal_host PLUGIN DESCRIPTION STEM [NAME=VALUE]..." "$plugin"
   expect 1 "loaded: Driver Feature Library v1.0
-minimal_host: other.xml: there is no FeatureDescription in it" "$plugin" other.xml run
+minimal_host: other.xml: has no FeatureDescription" "$plugin" other.xml run
   expect 1 "loaded: Driver Feature Library v1.0
 minimal_host: broken.xml:1: Opening and ending tag mismatch: Window line 1 and Driver" \
     "$plugin" broken.xml run

@@ -3,14 +3,11 @@
 //
 //   minimal_host PLUGIN DESCRIPTION STEM [NAME=VALUE]...
 //
-// writes STEM.ps, STEM.pjl and STEM.xml. Ends with 0 when all is well, 1 when
-// the plug-in or the description is of no use or a file cannot be written, and
-// 2 for a wrong call or a setting that is refused; no file is written then.
+// writes STEM.ps, STEM.pjl and STEM.xml, after all settings have been made.
 
 #include <dlfcn.h>
 
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -27,9 +24,9 @@
 
 namespace {
 
-struct Refused : std::runtime_error {  // Of a setting; anything else is a std::runtime_error.
-  using std::runtime_error::runtime_error;
-};
+[[noreturn]] void fail(const std::string& reason) {
+  throw std::runtime_error(reason);
+}
 
 // Codes of feature types, as getFeatureType() answers them.
 enum { kMultiSelect = 1, kIntEntry = 2 };
@@ -40,14 +37,12 @@ struct Plugin {
   decltype(&FeatureXMLTagHandler) handleDescription = nullptr;
   decltype(&GetMasterFeatureList) getFeatures = nullptr;
   decltype(&SetFeatureCreationCompleteFlag) completeCreation = nullptr;
-  decltype(&GetFeatureIntValue) getInt = nullptr;
   decltype(&SetFeatureIntValue) setInt = nullptr;
 
   template <class Pointer>
   void bind(Pointer& pointer, const char* name) const {
     pointer = reinterpret_cast<Pointer>(dlsym(library, name));
-    if (pointer == nullptr)
-      throw std::runtime_error(std::string("no feature library: ") + dlerror());
+    if (pointer == nullptr) fail(std::string("no feature library: ") + dlerror());
   }
 };
 
@@ -57,7 +52,7 @@ int valueChanges = 0;
 Plugin loadPlugin(const std::string& path) {
   Plugin loaded;
   loaded.library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (loaded.library == nullptr) throw std::runtime_error(dlerror());
+  if (loaded.library == nullptr) fail(dlerror());
   // The three records say what the library is and who takes the description.
   const char* const* version = nullptr;
   const char* const* displayName = nullptr;
@@ -65,13 +60,10 @@ Plugin loadPlugin(const std::string& path) {
   loaded.bind(version, "_KirvoSOVersion");
   loaded.bind(displayName, "_KirvoSODisplayName");
   loaded.bind(handlerName, "_KirvoNDTagHandlerFunction");
-  if (std::strcmp(*version, "v1.0") != 0) {
-    throw std::runtime_error(path + ": speaks plug-in interface " + *version + ", not v1.0");
-  }
+  if (*version != std::string("v1.0")) fail(path + ": speaks plug-in interface " + *version);
   loaded.bind(loaded.handleDescription, *handlerName);
   loaded.bind(loaded.getFeatures, "GetMasterFeatureList");
   loaded.bind(loaded.completeCreation, "SetFeatureCreationCompleteFlag");
-  loaded.bind(loaded.getInt, "GetFeatureIntValue");
   loaded.bind(loaded.setInt, "SetFeatureIntValue");
   std::cerr << "loaded: " << *displayName << ' ' << *version << '\n';
   return loaded;
@@ -97,30 +89,25 @@ void checkLimits(void* description, const std::string& name, int value) {
   for (; feature != nullptr; feature = pParserInstance->nextSibling(feature)) {
     AttributeMap attributes;
     pParserInstance->attributes(feature, attributes);
-    std::string found;
-    if (!attributes.loadMapVariable("Name", found, nullptr) || found != name) continue;
-    int lowest = INT_MIN;
-    int highest = INT_MAX;
-    attributes.loadMapVariable("IntMinValue", lowest, nullptr);
-    attributes.loadMapVariable("IntMaxValue", highest, nullptr);
-    if (value >= lowest && value <= highest) return;
-    throw Refused(std::to_string(value) + " is out of range; give a number from " +
-                  std::to_string(lowest) + " to " + std::to_string(highest));
+    if (attributes["Name"] != name) continue;
+    int limit = 0;
+    if ((attributes.loadMapVariable("IntMinValue", limit, nullptr) && value < limit) ||
+        (attributes.loadMapVariable("IntMaxValue", limit, nullptr) && value > limit)) {
+      fail("the limit is " + std::to_string(limit));
+    }
   }
 }
 
 // Through the virtual interface.
 void choose(CoreFeature& feature, const std::string& name) {
   const int position = feature.fetchOptionIndexByName(name);
-  if (position < 0) throw Refused("there is no option of that name");
-  CoreOption* option = feature.fetchOptionByIndex(position);
   bool available = false;
-  if (option == nullptr || !option->getOptionProperty("Sensitivity", &available) || !available) {
-    throw Refused("the option is not available");
+  if (position < 0 ||
+      !feature.fetchOptionByIndex(position)->getOptionProperty("Sensitivity", &available) ||
+      !available) {
+    fail("there is no such option, or it is not available");
   }
-  if (!feature.setFeatureProperty("CurrentIntValue", position)) {
-    throw Refused("the library refuses it");
-  }
+  if (!feature.setFeatureProperty("CurrentIntValue", position)) fail("the library refuses it");
 }
 
 // Through the C functions.
@@ -128,43 +115,34 @@ void enterNumber(void* description, std::string name, const std::string& text) {
   char* end = nullptr;
   errno = 0;
   const long number = std::strtol(text.c_str(), &end, 10);
-  if (text.empty() || *end != '\0' || errno != 0 || number < INT_MIN || number > INT_MAX) {
-    throw Refused("that is no whole number");
-  }
   const int value = static_cast<int>(number);
+  if (text.empty() || *end != '\0' || errno != 0 || value != number)
+    fail("that is no whole number");
   checkLimits(description, name, value);
-  int stored = 0;
-  if (plugin.setInt(name, "CurrentIntValue", value) == 0 ||
-      plugin.getInt(name, "CurrentIntValue", &stored) == 0 || stored != value) {
-    throw Refused("the library refuses it");
-  }
+  if (plugin.setInt(name, "CurrentIntValue", value) == 0) fail("the library refuses it");
 }
 
 void set(CoreFeatureSet& features, void* description, const std::string& setting) {
   const std::size_t sign = setting.find('=');
-  if (sign == std::string::npos) throw Refused("write NAME=VALUE");
+  if (sign == std::string::npos) fail("write NAME=VALUE");
   const std::string name = setting.substr(0, sign);
   const std::string value = setting.substr(sign + 1);
   CoreFeature* feature = features.FindFeatureInFeatureList(name);
-  if (feature == nullptr) throw Refused("there is no feature of that name");
-  bool available = false;
-  if (!feature->getFeatureProperty("Sensitivity", &available) || !available) {
-    throw Refused("the feature is not available");
-  }
+  if (feature == nullptr) fail("there is no feature of that name");
   switch (feature->getFeatureType()) {
     case kMultiSelect:
       return choose(*feature, value);
     case kIntEntry:
       return enterNumber(description, name, value);
     default:
-      throw Refused("this host sets choices and whole numbers only");
+      fail("this host sets choices and whole numbers only");
   }
 }
 
 void writeFile(const std::string& path, const std::string& bytes) {
   std::ofstream file(path, std::ios::binary);
   file << bytes << std::flush;
-  if (!file) throw std::runtime_error(path + ": cannot be written: " + std::strerror(errno));
+  if (!file) fail(path + ": cannot be written: " + std::strerror(errno));
 }
 
 void run(int count, char** arguments) {
@@ -172,30 +150,27 @@ void run(int count, char** arguments) {
   XMLProblem problem;
   const auto document = XMLDocument::parseFile(arguments[2], problem);
   if (!document) {
-    throw std::runtime_error(std::string(arguments[2]) + ":" + std::to_string(problem.line) + ": " +
-                             problem.text);
+    fail(std::string(arguments[2]) + ":" + std::to_string(problem.line) + ": " + problem.text);
   }
   void* description = findElement(document->root(), "FeatureDescription");
-  if (description == nullptr) {
-    throw std::runtime_error(std::string(arguments[2]) + ": there is no FeatureDescription in it");
-  }
+  if (description == nullptr) fail(std::string(arguments[2]) + ": has no FeatureDescription");
   // A description that cannot be built ends the process from inside.
-  if (plugin.handleDescription(description) != 1)
-    throw std::runtime_error("no features were built");
+  if (plugin.handleDescription(description) != 1) fail("no features were built");
   plugin.completeCreation();
 
   CoreFeatureSet& features = *static_cast<CoreFeatureSet*>(plugin.getFeatures());
   for (int i = 4; i < count; ++i) {
     try {
       set(features, description, arguments[i]);
-    } catch (const Refused& reason) {
-      throw Refused(std::string(arguments[i]) + ": " + reason.what());
+    } catch (const std::exception& reason) {
+      fail(std::string(arguments[i]) + ": " + reason.what());
     }
   }
   const char* const endings[] = {".pjl", ".ps", ".xml"};  // In the order of serialize().
   std::string outputs[3];
-  for (int form = 0; form < 3; ++form)
+  for (int form = 0; form < 3; ++form) {
     features.serialize(outputs[form], form, false, "1.0", "desk");
+  }
   for (int form = 0; form < 3; ++form)
     writeFile(arguments[3] + std::string(endings[form]), outputs[form]);
   std::cerr << "values changed: " << valueChanges << '\n';
@@ -232,9 +207,6 @@ int main(int count, char** arguments) {
   try {
     run(count, arguments);
     return 0;
-  } catch (const Refused& problem) {
-    std::cerr << "minimal_host: " << problem.what() << '\n';
-    return 2;
   } catch (const std::exception& problem) {
     std::cerr << "minimal_host: " << problem.what() << '\n';
     return 1;
