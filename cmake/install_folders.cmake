@@ -12,3 +12,6 @@ foreach(folder CMAKE_INSTALL_LIBDIR CMAKE_INSTALL_BINDIR CMAKE_INSTALL_INCLUDEDI
                         "CMAKE_INSTALL_PREFIX.")
   endif()
 endforeach()
+
+# Rules that name no component are the tools'.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME tools)
