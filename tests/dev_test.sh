@@ -368,7 +368,7 @@ preparePackage() {
 expectPackageCalls() {
   local folder=$work/project/build/package
   expectCalls 'dpkg-buildflags --get CXXFLAGS' 'dpkg-buildflags --get CPPFLAGS' "${@:1:$#-1}" \
-    "cmake --preset release -B $folder/tree --log-level=WARNING -DCMAKE_CXX_FLAGS=-of-CXXFLAGS -of-CPPFLAGS -DCMAKE_INSTALL_PREFIX=/usr -DBUILD_TESTING=OFF -DDRIVER_FEATURE_PACKAGE_FOLDER=$folder" \
+    "cmake --preset release -B $folder/tree --log-level=WARNING -DCMAKE_CXX_FLAGS=-of-CXXFLAGS -of-CPPFLAGS -g0 -DCMAKE_INSTALL_PREFIX=/usr -DBUILD_TESTING=OFF -DDRIVER_FEATURE_PACKAGE_FOLDER=$folder" \
     "cmake --build $folder/tree --parallel 3" \
     "cpack --config $folder/tree/CPackConfig.cmake" "time ${*: -1}" \
     "ctest --test-dir $folder/tree --output-on-failure --no-tests=error -L ^package\$"
