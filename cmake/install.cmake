@@ -67,3 +67,6 @@ cmake_path(RELATIVE_PATH prefix_from_pkgconfig BASE_DIRECTORY /${pkgconfig_folde
 configure_file(cmake/driver-feature.pc.in ${PROJECT_BINARY_DIR}/driver-feature.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/driver-feature.pc
   DESTINATION ${pkgconfig_folder} COMPONENT development)
+
+install(DIRECTORY examples/minimal_host
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libdriverfeature-dev/examples COMPONENT development)

@@ -12,3 +12,10 @@ foreach(folder CMAKE_INSTALL_LIBDIR CMAKE_INSTALL_BINDIR CMAKE_INSTALL_INCLUDEDI
                         "CMAKE_INSTALL_PREFIX.")
   endif()
 endforeach()
+
+# Rules that name no component are the tools'.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME tools)
+
+# Programs of the build tree find its libraries from where they stand, too, so
+# that no byte of them depends on where the tree is.
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
