@@ -12,3 +12,13 @@ target_link_libraries(raw_slot_tests PRIVATE
   GTest::gmock GTest::gtest GTest::gtest_main ${CMAKE_DL_LIBS})
 add_dependencies(raw_slot_tests DriverFeature)
 gtest_discover_tests(raw_slot_tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+
+# The tables and the file of the built library, and what the headers promise.
+driver_feature_test(abi_tests
+  GLOB tests/abi/*_test.cc tests/abi/elf_file.cc
+  LINK ${CMAKE_DL_LIBS})
+target_compile_definitions(abi_tests PRIVATE
+  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
+  EXPORTS_LIST="${exports_list}"
+  NEEDED_LIST="${CMAKE_CURRENT_SOURCE_DIR}/abi/needed.txt")
+add_dependencies(abi_tests DriverFeature)
