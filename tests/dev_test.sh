@@ -499,9 +499,9 @@ chmod +x "$work/project/dev"
 status=$?
 expectStatus 0
 expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset clang' 'dev test --preset asan' \
-  'dev lint' 'dev demo'
+  'dev package' 'dev lint' 'dev demo'
 checks=$((checks + 1))
-[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 7 ] || fail 'summary is not whole'
+[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 8 ] || fail 'summary is not whole'
 
 begin Ci_ALegFails_EndsWithItsStatus
 cp "$source_dir/.ci/run" "$work/project/.ci/"
