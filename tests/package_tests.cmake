@@ -17,3 +17,7 @@ add_test(NAME minimal_host
 list(JOIN CMAKE_BUILD_RPATH ":" foreign_libraries)
 set_tests_properties(install minimal_host PROPERTIES
   TIMEOUT 300 RESOURCE_LOCK install ENVIRONMENT "LD_LIBRARY_PATH=${foreign_libraries}")
+
+add_test(NAME build_id
+  COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/build_id_test.sh ${PROJECT_SOURCE_DIR})
+set_tests_properties(build_id PROPERTIES TIMEOUT 120)
