@@ -5,10 +5,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include <cmath>
-#include <utility>
 #include <vector>
 
+#include "host/limits_view.h"
 #include "host/show_groups.h"
 #include "host/table.h"
 
@@ -31,24 +30,9 @@ std::string choiceText(const Choice& choice) {
 std::vector<std::string> choicesAndLimits(const FeatureView& feature, const FeatureLimits& limits) {
   std::vector<std::string> parts;
   for (const Choice& choice : feature.choices()) parts.push_back(choiceText(choice));
-  for (std::string range :
-       {rangeText(limits.intMin, limits.intMax), rangeText(limits.floatMin, limits.floatMax)}) {
-    if (!range.empty()) parts.push_back(std::move(range));
-  }
-  if (limits.maxTextLength) {
-    parts.push_back("at most " + std::to_string(*limits.maxTextLength) + " characters");
-  }
-  if (!limits.allowedCharacters.empty()) {
-    parts.push_back("only \"" + limits.allowedCharacters + "\"");
-  }
+  for (const std::string& text : limitTexts(limits)) parts.push_back(text);
   if (feature.isEncrypted()) parts.emplace_back("encrypted");
   return parts;
-}
-
-// A float as the decimal number that a reader expects: 0.1, not 0.10000000149.
-Json floatJson(float number) {
-  if (!std::isfinite(number)) return nullptr;
-  return Json::parse(numberText(number)).get<double>();
 }
 
 Json valueJson(const FeatureView& feature) {
@@ -75,17 +59,6 @@ Json choicesJson(const std::vector<Choice>& choices) {
         {{"name", choice.name}, {"available", choice.available}, {"visible", choice.visible}});
   }
   return list;
-}
-
-Json limitsJson(const FeatureLimits& limits) {
-  Json json = Json::object();
-  if (limits.intMin) json["minimum"] = *limits.intMin;
-  if (limits.intMax) json["maximum"] = *limits.intMax;
-  if (limits.floatMin) json["minimum"] = floatJson(*limits.floatMin);
-  if (limits.floatMax) json["maximum"] = floatJson(*limits.floatMax);
-  if (limits.maxTextLength) json["maximumLength"] = *limits.maxTextLength;
-  if (!limits.allowedCharacters.empty()) json["characters"] = limits.allowedCharacters;
-  return json;
 }
 
 }  // namespace
