@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/check/check_command.h"
 #include "host/console.h"
 #include "host/nearest_name.h"
 #include "host/output_file.h"
@@ -51,7 +52,7 @@ constexpr const char* kTryExamples =
     "Examples:\n"
     "  driver-feature try office.xml -o MediaType=Envelope";
 
-const std::vector<std::string> kCommands = {"show", "emit", "dump", "try"};
+const std::vector<std::string> kCommands = {"show", "emit", "dump", "try", "check"};
 
 class Arguments {
  public:
@@ -72,6 +73,7 @@ class Arguments {
     addEmit();
     addDump();
     addTry();
+    check_ = addCheckCommand(program_, line.session);
   }
 
   std::optional<int> read(int argc, const char* const* argv) {
@@ -83,15 +85,18 @@ class Arguments {
     if (verbose_) line_.session.detail = LogDetail::kAll;
     if (quiet_) line_.session.detail = LogDetail::kErrors;
     if (version_) {
-      line_.command = Command::kVersion;
+      line_.command = CommandKind::kVersion;
     } else if (*show_) {
-      line_.command = Command::kShow;
+      line_.command = CommandKind::kShow;
     } else if (*emit_) {
-      line_.command = Command::kEmit;
+      line_.command = CommandKind::kEmit;
     } else if (*dump_) {
-      line_.command = Command::kDump;
+      line_.command = CommandKind::kDump;
     } else if (*try_) {
-      line_.command = Command::kTry;
+      line_.command = CommandKind::kTry;
+    } else if (*check_.arguments) {
+      line_.command = CommandKind::kCheck;
+      line_.run = check_.run;
     } else {
       complain("a command is needed: " + commandNames() + "; driver-feature --help explains them");
       return kUnusable;
@@ -213,6 +218,7 @@ class Arguments {
   CLI::App* emit_ = nullptr;
   CLI::App* dump_ = nullptr;
   CLI::App* try_ = nullptr;
+  Command check_;
   bool version_ = false;
   bool verbose_ = false;
   bool quiet_ = false;

@@ -2,6 +2,7 @@
 #ifndef HOST_COMMAND_LINE_H_
 #define HOST_COMMAND_LINE_H_
 
+#include <functional>
 #include <optional>
 
 #include "host/changes.h"
@@ -10,14 +11,15 @@
 
 namespace driver_feature {
 
-enum class Command { kShow, kEmit, kDump, kTry, kVersion };
+enum class CommandKind { kShow, kEmit, kDump, kTry, kCheck, kVersion };
 
 struct CommandLine {
-  Command command = Command::kShow;
+  CommandKind command = CommandKind::kShow;
+  std::function<int()> run;  // For CommandKind::kCheck.
   SessionRequest session;
   Changes changes;
   EmitRequest emit;
-  bool json = false;  // For Command::kShow.
+  bool json = false;  // For CommandKind::kShow.
 };
 
 // Reads the arguments. Answers the status with which the program has to end

@@ -58,15 +58,17 @@ int run(int argc, char** argv) {
   CommandLine line;
   if (const auto status = readCommandLine(argc, argv, line)) return *status;
   switch (line.command) {
-    case Command::kShow:
+    case CommandKind::kShow:
       return show(line);
-    case Command::kEmit:
+    case CommandKind::kEmit:
       return emit(line.session, line.changes, line.emit);
-    case Command::kDump:
+    case CommandKind::kDump:
       return dump(line.session, line.changes);
-    case Command::kTry:
+    case CommandKind::kTry:
       return tryChanges(line.session, line.changes);
-    case Command::kVersion:
+    case CommandKind::kCheck:
+      return line.run();
+    case CommandKind::kVersion:
       return printVersions(line);
   }
   return kUnusable;
