@@ -16,10 +16,8 @@ FileReport checkFile(const std::string& path, const Plugin& plugin) {
   if (!report.usable) return report;
   const Element& description = *source->elements;
   for (const Finding& finding : applyRules(description)) report.findings.push_back(finding);
-  const LoadReport load = loadInChild(plugin, source->handle);
-  report.loaded = load.loaded;
-  report.loadEnd = load.end;
-  compareVerdicts(load, description.position, report.findings);
+  report.load = loadInChild(plugin, source->handle);
+  compareVerdicts(*report.load, description.position, report.findings);
   checkSchema(source->text, description, report.findings);
   sortByPosition(report.findings);
   return report;

@@ -88,8 +88,7 @@ int runCheck(const CheckRequest& request, const SessionRequest& general) {
   }
   const std::vector<FileReport> reports = checkAll(request, general);
   if (reports.empty()) return kFailure;
-  const bool brief = general.detail == LogDetail::kErrors && !request.strict;
-  return print(request.json ? reportJson(reports) : reportText(reports, brief),
+  return print(request.json ? reportJson(reports) : reportText(reports, general.detail),
                statusOf(reports, request.strict));
 }
 

@@ -47,6 +47,31 @@ Totals totalsOf(const std::vector<FileReport>& reports) {
   return totals;
 }
 
+// What the library says of a description that it does not load, or of any
+// when everything is wanted.
+std::string loadText(const FileReport& report, LogDetail detail) {
+  if (!report.load) return "";
+  const LoadReport& load = *report.load;
+  if (load.loaded && detail != LogDetail::kAll) return "";
+  std::string text =
+      printable(report.file) + ": note: the library " +
+      (load.loaded ? "loads the description" : "does not load the description (" + load.end + ")") +
+      "\n";
+  for (const LoadLine& line : load.lines) {
+    if (line.level > 1 && detail != LogDetail::kAll) continue;
+    text += "    log: " + printable(line.text) + "\n";
+  }
+  return text;
+}
+
+Json loadJson(const LoadReport& load) {
+  Json lines = Json::array();
+  for (const LoadLine& line : load.lines) {
+    lines.push_back({{"level", line.level}, {"text", line.text}});
+  }
+  return {{"loaded", load.loaded}, {"end", load.end}, {"log", lines}};
+}
+
 Json findingJson(const Finding& finding) {
   const CodeRow& row = rowOf(finding.code);
   return {{"line", finding.position.line},
@@ -61,20 +86,20 @@ Json findingJson(const Finding& finding) {
 Json fileJson(const FileReport& report) {
   Json findings = Json::array();
   for (const Finding& finding : report.findings) findings.push_back(findingJson(finding));
-  Json load;  // Null without a trial.
-  if (!report.loadEnd.empty()) load = {{"loaded", report.loaded}, {"end", report.loadEnd}};
+  const Json load = report.load ? loadJson(*report.load) : Json();
   return {{"file", report.file}, {"usable", report.usable}, {"load", load}, {"findings", findings}};
 }
 
 }  // namespace
 
-std::string reportText(const std::vector<FileReport>& reports, bool brief) {
+std::string reportText(const std::vector<FileReport>& reports, LogDetail detail) {
   std::string text;
   for (const FileReport& report : reports) {
     for (const Finding& finding : report.findings) {
-      if (brief && rowOf(finding.code).severity != Severity::kError) continue;
-      text += findingText(report.file, finding);
+      const bool isError = rowOf(finding.code).severity == Severity::kError;
+      if (isError || detail != LogDetail::kErrors) text += findingText(report.file, finding);
     }
+    text += loadText(report, detail);
   }
   const Totals totals = totalsOf(reports);
   return text + counted(static_cast<long>(reports.size()), "file") +

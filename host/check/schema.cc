@@ -31,6 +31,7 @@ using ElementMap = std::map<const xmlNode*, const Element*>;
 struct Complaint {
   const Element* element;
   std::string text;
+  int code;  // Of libxml2.
 };
 
 struct Net {
@@ -56,7 +57,7 @@ void noteError(void* context, Error* error) {
   while (node != nullptr && node->type != XML_ELEMENT_NODE) node = node->parent;
   const auto found = net.elements.find(node);
   if (found == net.elements.end()) return;
-  net.complaints.push_back({found->second, sentenceOf(error->message)});
+  net.complaints.push_back({found->second, sentenceOf(error->message), error->code});
 }
 
 xmlNode* nextElement(xmlNode* node) {
@@ -109,16 +110,33 @@ DocumentPointer takeOut(xmlNode* description) {
   return document;
 }
 
-bool isReported(const Element& element, const Findings& findings) {
-  bool reported = false;
-  forEachElement(element, [&](const Element& inner) {
-    if (reported) return;
-    reported = std::any_of(findings.begin(), findings.end(), [&inner](const Finding& finding) {
-      const bool atAttribute = std::any_of(
-          inner.attributes.begin(), inner.attributes.end(),
-          [&finding](const Attribute& item) { return item.position == finding.position; });
-      return atAttribute || finding.position == inner.position;
+bool isReportedItself(const Element& element, const Findings& findings) {
+  return std::any_of(findings.begin(), findings.end(), [&element](const Finding& finding) {
+    const bool atAttribute = std::any_of(
+        element.attributes.begin(), element.attributes.end(),
+        [&finding](const Attribute& item) { return item.position == finding.position; });
+    return atAttribute || finding.position == element.position;
+  });
+}
+
+// Where the cause of a complaint may lie: inside of the element, or, for one
+// that is only too many, anywhere in its parent.
+const Element& causeOf(const Complaint& complaint) {
+  const bool isExtra = complaint.code == XML_RELAXNG_ERR_EXTRACONTENT;
+  const Element& element = *complaint.element;
+  return isExtra && element.parent != nullptr ? *element.parent : element;
+}
+
+bool isReported(const Complaint& complaint, const Findings& findings) {
+  // Text stands in the element itself, whatever else is wrong in there.
+  if (complaint.code == XML_RELAXNG_ERR_TEXTWRONG) {
+    return std::any_of(findings.begin(), findings.end(), [&complaint](const Finding& finding) {
+      return finding.code == Code::kSchema && finding.position == complaint.element->position;
     });
+  }
+  bool reported = false;
+  forEachElement(causeOf(complaint), [&](const Element& inner) {
+    reported = reported || isReportedItself(inner, findings);
   });
   return reported;
 }
@@ -150,7 +168,7 @@ void checkSchema(const std::string& document, const Element& description, Findin
                      return left.element->number > right.element->number;
                    });
   for (const Complaint& complaint : net.complaints) {
-    if (isReported(*complaint.element, findings)) continue;
+    if (isReported(complaint, findings)) continue;
     findings.push_back({Code::kSchema,
                         complaint.element->position,
                         "the schema does not allow this: " + complaint.text,
