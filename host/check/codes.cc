@@ -46,6 +46,8 @@ constexpr CodeRow kCodes[] = {
      "A second BaseFeatureInfo replaces the callbacks of the first."},
     {Code::kSecondDescription, "DF110", kWarning,
      "Only the first FeatureDescription of a document is read."},
+    {Code::kStrayText, "DF111", kError,
+     "Text stands between elements. The library reads elements and attributes only."},
     {Code::kSchema, "DF199", kError,
      "The schema of feature descriptions does not allow this, and no other rule has reported the "
      "place."},

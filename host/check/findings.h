@@ -28,6 +28,7 @@ enum class Code : unsigned char {
   kLateBaseInfo,
   kRepeatedBaseInfo,
   kSecondDescription,
+  kStrayText,
   kSchema,
   kMissingAttribute,
   kUnknownType,

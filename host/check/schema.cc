@@ -10,6 +10,8 @@
 #include <memory>
 #include <stdexcept>
 
+#include "host/text.h"
+
 namespace driver_feature {
 
 namespace {
@@ -28,10 +30,12 @@ using ValidatorPointer =
 // The element of the tree for each element of the parsed document.
 using ElementMap = std::map<const xmlNode*, const Element*>;
 
+constexpr std::size_t kShownCharacters = 20;
+
 struct Complaint {
   const Element* element;
   std::string text;
-  int code;  // Of libxml2.
+  bool isExtra;  // Whether it is about the element as one too many.
 };
 
 struct Net {
@@ -53,11 +57,12 @@ std::string sentenceOf(const char* message) {
 template <class Error>
 void noteError(void* context, Error* error) {
   auto& net = *static_cast<Net*>(context);
-  const auto* node = static_cast<const xmlNode*>(error->node);
-  while (node != nullptr && node->type != XML_ELEMENT_NODE) node = node->parent;
-  const auto found = net.elements.find(node);
-  if (found == net.elements.end()) return;
-  net.complaints.push_back({found->second, sentenceOf(error->message), error->code});
+  const auto found = net.elements.find(static_cast<const xmlNode*>(error->node));
+  // What is wrong with text is reported without the schema.
+  const bool isText = error->code == XML_RELAXNG_ERR_TEXTWRONG;
+  if (isText || found == net.elements.end()) return;
+  net.complaints.push_back(
+      {found->second, sentenceOf(error->message), error->code == XML_RELAXNG_ERR_EXTRACONTENT});
 }
 
 xmlNode* nextElement(xmlNode* node) {
@@ -122,23 +127,48 @@ bool isReportedItself(const Element& element, const Findings& findings) {
 // Where the cause of a complaint may lie: inside of the element, or, for one
 // that is only too many, anywhere in its parent.
 const Element& causeOf(const Complaint& complaint) {
-  const bool isExtra = complaint.code == XML_RELAXNG_ERR_EXTRACONTENT;
   const Element& element = *complaint.element;
-  return isExtra && element.parent != nullptr ? *element.parent : element;
+  return complaint.isExtra && element.parent != nullptr ? *element.parent : element;
 }
 
 bool isReported(const Complaint& complaint, const Findings& findings) {
-  // Text stands in the element itself, whatever else is wrong in there.
-  if (complaint.code == XML_RELAXNG_ERR_TEXTWRONG) {
-    return std::any_of(findings.begin(), findings.end(), [&complaint](const Finding& finding) {
-      return finding.code == Code::kSchema && finding.position == complaint.element->position;
-    });
-  }
   bool reported = false;
   forEachElement(causeOf(complaint), [&](const Element& inner) {
     reported = reported || isReportedItself(inner, findings);
   });
   return reported;
+}
+
+// The first text of an element that is more than blanks, shortened.
+std::string strayText(const xmlNode& element) {
+  for (const xmlNode* child = element.children; child != nullptr; child = child->next) {
+    const bool isText = child->type == XML_TEXT_NODE || child->type == XML_CDATA_SECTION_NODE;
+    if (!isText || child->content == nullptr) continue;
+    const std::string text = reinterpret_cast<const char*>(child->content);
+    const std::size_t begin = text.find_first_not_of(" \t\r\n");
+    if (begin == std::string::npos) continue;
+    const std::string shown = text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
+    const auto characters = splitCharacters(shown);
+    if (characters.size() <= kShownCharacters) return shown;
+    const char* end = characters[kShownCharacters].data();
+    return shown.substr(0, static_cast<std::size_t>(end - shown.data())) + "...";
+  }
+  return "";
+}
+
+void reportStrayTexts(const ElementMap& elements, Findings& findings) {
+  for (const auto& [node, element] : elements) {
+    const std::string text = strayText(*node);
+    // What stands in an element that is not read is not read either.
+    const bool isRead = element->role != Role::kOther;
+    if (!isRead || text.empty()) continue;
+    findings.push_back(
+        {Code::kStrayText,
+         element->position,
+         "the text \"" + text + "\" inside of " + describeElement(*element) + " is not read",
+         "remove it, or put it into a comment",
+         {}});
+  }
 }
 
 void validate(xmlDoc* document, Net& net) {
@@ -161,6 +191,7 @@ void checkSchema(const std::string& document, const Element& description, Findin
   if (!alone) return;
   Net net;
   mapElements(xmlDocGetRootElement(alone.get()), description, net.elements);
+  reportStrayTexts(net.elements, findings);
   validate(alone.get(), net);
   // The innermost element is what is wrong; those around it fail with it.
   std::stable_sort(net.complaints.begin(), net.complaints.end(),

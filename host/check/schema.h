@@ -12,7 +12,8 @@ namespace driver_feature {
 // The text of the schema.
 extern const char* const kFeatureDescriptionSchema;
 
-// Adds what the schema does not allow in the description, a finding for each
+// Adds text between the elements, which no rule sees, and what the schema
+// does not allow in the description: a finding for each
 // element; none for an element that `findings` already has a place of, itself
 // or inside of it. `document` is the whole text, which has been read before.
 void checkSchema(const std::string& document, const Element& description, Findings& findings);

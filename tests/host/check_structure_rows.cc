@@ -76,10 +76,15 @@ const std::vector<CheckRow>& structureRows() {
        {"<BaseFeatureInfo DefaultCallbackHandler='testUpdate'/>"},
        "@:3:1: warning: this BaseFeatureInfo replaces the callbacks of line 2; remove one of them "
        "[DF109]\n"},
-      {"text that nobody reads",
-       {"<Feature FeatureType='UIOnly' Name='A'>shown only</Feature>"},
-       "@:3:1: error: the schema does not allow this: Element Feature has extra content: "
-       "text; correct feature \"A\" [DF199]\n"},
+      {"text that nobody reads, beside other faults; comments and blanks are none",
+       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>a<!-- b -->",
+        "<Option Name='x' Zzz=''><![CDATA[text that goes on and on]]></Option></Feature>"},
+       "@:3:1: error: the text \"a\" inside of feature \"A\" is not read; remove it, or put it "
+       "into a comment [DF111]\n"
+       "@:4:1: error: the text \"text that goes on an...\" inside of option \"x\" of feature "
+       "\"A\" is not read; remove it, or put it into a comment [DF111]\n"
+       "@:4:18: error: there is no attribute \"Zzz\" of option \"x\" of feature \"A\"; remove it "
+       "[DF203]\n"},
       {"attributes that are required, missing in the order of the load",
        {"<BaseFeatureInfo/>", "<Feature/>",
         "<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>", "<Option/></Feature>",

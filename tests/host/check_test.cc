@@ -70,12 +70,11 @@ TEST_F(CheckTest, Rows_Together_ProduceEveryCode) {
   for (std::sregex_iterator at(text.begin(), text.end(), code), end; at != end; ++at) {
     listed.insert((*at)[2]);
   }
-  std::set<std::string> produced = {// Of files that are no descriptions, below.
-                                    "DF001", "DF002", "DF003",
-                                    // Without a BaseFeatureInfo, and with two descriptions, below.
-                                    "DF107", "DF110",
-                                    // Of a library that disagrees, in host/check/verdict_test.cc.
-                                    "DF902", "DF903"};
+  // Those of files that are no descriptions, of BaseFeatureInfo in the wrong
+  // place or none, of a second description and of the schema are produced
+  // below; those of a library that disagrees in host/check/verdict_test.cc.
+  std::set<std::string> produced = {"DF001", "DF002", "DF003", "DF107", "DF108",
+                                    "DF110", "DF199", "DF902", "DF903"};
   const std::regex mark("\\[(DF[0-9]{3})\\]\n");
   for (const CheckRow* row : allRows()) {
     for (std::sregex_iterator at(row->expected.begin(), row->expected.end(), mark), end; at != end;
@@ -84,7 +83,7 @@ TEST_F(CheckTest, Rows_Together_ProduceEveryCode) {
     }
   }
   EXPECT_EQ(produced, listed);
-  EXPECT_EQ(listed.size(), 63U);
+  EXPECT_EQ(listed.size(), 64U);
 }
 
 TEST_F(CheckTest, Check_CleanDescription_EndsWithZero) {
@@ -101,6 +100,30 @@ TEST_F(CheckTest, Check_WarningsOnly_FailWhenStrict) {
   EXPECT_EQ(check({"d.xml"}), success(text));
   EXPECT_EQ(check({"d.xml", "--strict"}), (RunResult{1, text, ""}));
   EXPECT_EQ(check({"d.xml", "--quiet"}), success("1 file checked: 0 errors, 1 warning\n"));
+}
+
+TEST_F(CheckTest, Check_BaseFeatureInfoTooLate_NamesTheFirstThatNotifies) {
+  describe("d.xml", {feature("IntEntry", "A"), feature("UIOnly", "B", "Visibility='false'"),
+                     feature("UIOnly", "C", "Sensitivity='true'"), kBaseInfo});
+  EXPECT_EQ(check({"d.xml"}),
+            success("d.xml:5:1: warning: BaseFeatureInfo comes after \"Visibility\" of feature "
+                    "\"B\" in line 3; move it before the first feature [DF108]\n"
+                    "1 file checked: 0 errors, 1 warning\n"));
+  describe("d.xml",
+           {feature("IntEntry", "A"), kBaseInfo, feature("UIOnly", "B", "Visibility='false'")});
+  EXPECT_EQ(check({"d.xml"}), success("1 file checked: 0 errors, 0 warnings\n"));
+}
+
+TEST_F(CheckTest, Check_OnlyTheSchemaObjects_ItsFindingIsReported) {
+  write("d.xml", std::string("<FeatureDescription Version='1' xmlns:o='urn:o' o:Version='1'>") +
+                     kBaseInfo + "</FeatureDescription>\n");
+  EXPECT_EQ(check({"d.xml"}),
+            (RunResult{1,
+                       "d.xml:1:1: error: the schema does not allow this: Invalid attribute "
+                       "Version for element FeatureDescription; correct element "
+                       "<FeatureDescription> [DF199]\n"
+                       "1 file checked: 1 error, 0 warnings\n",
+                       ""}));
 }
 
 TEST_F(CheckTest, Check_UnusableFiles_AreReportedWithTheOthers) {
