@@ -82,7 +82,7 @@ const std::vector<CheckRow>& reachRows() {
        "@:3:90: warning: InstOptAttributeName of feature \"A\" is never used, because "
        "TESKJTAttributeName comes first; remove it [DF608]\n"},
       {"option without a ticket command",
-       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x' TESKJTAttributeName='a' "
+       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='y' TESKJTAttributeName='a' "
         "TESKAttributeSyntax='keyword'>",
         "<Option Name='x' TESKCommand='x'/><Option Name='y'/></Feature>"},
        "@:4:35: warning: option \"y\" of feature \"A\" has no TESKCommand; with it the feature is "

@@ -86,6 +86,31 @@ TEST_F(CheckTest, Rows_Together_ProduceEveryCode) {
   EXPECT_EQ(listed.size(), 64U);
 }
 
+// The lines that a finding foretells, and what the library says when the
+// description is loaded and written to everything. It sorts only when a record
+// is added.
+TEST_F(CheckTest, Check_LogLinesOfFindings_AreTheLibrarysOwn) {
+  long compared = 0;
+  for (const CheckRow* row : allRows()) {
+    SCOPED_TRACE(row->name);
+    if (row->expected.find("@: note: ") != std::string::npos) continue;
+    describeRow(row->elements);
+    std::string said;
+    for (const char* form : {"ps", "pjl", "ticket"}) {
+      said += run({"-v", "emit", "d.xml", "--to", form, "--callbacks", ROUTINES_LIBRARY}).errors;
+    }
+    const std::regex foretold("    log: (.*)\n");
+    for (std::sregex_iterator at(row->expected.begin(), row->expected.end(), foretold), end;
+         at != end; ++at) {
+      const std::string line = (*at)[1];
+      if (line.starts_with("addStaticGroupToDynamicGroupWithSort")) continue;
+      ++compared;
+      EXPECT_NE(said.find(": " + line + "\n"), std::string::npos) << line << "\n" << said;
+    }
+  }
+  EXPECT_GE(compared, 25);
+}
+
 TEST_F(CheckTest, Check_CleanDescription_EndsWithZero) {
   describeRow({feature("IntEntry", "Copies", "PSCommand='%d copies&#10;'")});
   EXPECT_EQ(check({"d.xml", "--strict"}), success("1 file checked: 0 errors, 0 warnings\n"));
