@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "host/check/check_command.h"
 #include "host/command.h"
 #include "host/console.h"
 #include "host/diff_command.h"
@@ -36,11 +37,12 @@ constexpr const char* kExamples =
 
 // Every command, in the order of the help.
 constexpr std::array kCommands = {
-    &addShowCommand,  //
-    &addEmitCommand,  //
-    &addDumpCommand,  //
-    &addTryCommand,   //
-    &addDiffCommand,  //
+    &addCheckCommand,  //
+    &addShowCommand,   //
+    &addEmitCommand,   //
+    &addDumpCommand,   //
+    &addTryCommand,    //
+    &addDiffCommand,   //
 };
 
 class CommandLine {
@@ -71,8 +73,9 @@ class CommandLine {
     if (verbose_) general_.detail = LogDetail::kAll;
     if (quiet_) general_.detail = LogDetail::kErrors;
     if (version_) return printVersions(general_.library);
-    const auto chosen = std::find_if(commands_.begin(), commands_.end(),
-                                     [](const Command& command) { return command.arguments->parsed(); });
+    const auto chosen =
+        std::find_if(commands_.begin(), commands_.end(),
+                     [](const Command& command) { return command.arguments->parsed(); });
     if (chosen != commands_.end()) return chosen->run();
     complain("a command is needed: " + join(names(), ", ") +
              "; driver-feature --help explains them");

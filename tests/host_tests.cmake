@@ -1,9 +1,15 @@
 # Tests of the program driver-feature: of its parts, and of the built program
 # as a child process.
 
-driver_feature_test(host_unit_tests GLOB host/*_test.cc LINK driver_feature_host)
+driver_feature_test(host_unit_tests
+  GLOB host/*_test.cc host/check/*_test.cc LINK driver_feature_host)
 driver_feature_test(host_program_tests
-  GLOB tests/host/*_test.cc tests/host/program_runner.cc)
+  GLOB tests/host/*_test.cc tests/host/check_*_rows.cc tests/host/program_runner.cc)
+find_package(nlohmann_json REQUIRED)
+target_link_libraries(host_program_tests PRIVATE nlohmann_json::nlohmann_json)
+# GCC 12 warns of the inside of std::regex when it compiles run-time checks in.
+target_compile_options(host_program_tests PRIVATE
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 
 # Libraries that the tests load: routines that descriptions name, and two that
 # are no feature library of the right version.
