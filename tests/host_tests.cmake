@@ -1,7 +1,7 @@
 # Tests of the program driver-feature: of its parts, and of the built program
 # as a child process.
 
-driver_feature_test(host_unit_tests GLOB host/*_test.cc LINK driver_feature_host)
+driver_feature_test(host_unit_tests GLOB host/*_test.cc host/shell/*_test.cc LINK driver_feature_host)
 driver_feature_test(host_program_tests
   GLOB tests/host/*_test.cc tests/host/program_runner.cc)
 
