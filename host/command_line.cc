@@ -9,6 +9,7 @@
 #include "host/console.h"
 #include "host/nearest_name.h"
 #include "host/output_file.h"
+#include "host/shell/shell_command.h"
 #include "host/text.h"
 
 namespace driver_feature {
@@ -51,7 +52,7 @@ constexpr const char* kTryExamples =
     "Examples:\n"
     "  driver-feature try office.xml -o MediaType=Envelope";
 
-const std::vector<std::string> kCommands = {"show", "emit", "dump", "try"};
+const std::vector<std::string> kCommands = {"show", "emit", "dump", "try", "shell"};
 
 class Arguments {
  public:
@@ -72,6 +73,7 @@ class Arguments {
     addEmit();
     addDump();
     addTry();
+    line.other = addShellCommand(program_, line.session);
   }
 
   std::optional<int> read(int argc, const char* const* argv) {
@@ -83,15 +85,17 @@ class Arguments {
     if (verbose_) line_.session.detail = LogDetail::kAll;
     if (quiet_) line_.session.detail = LogDetail::kErrors;
     if (version_) {
-      line_.command = Command::kVersion;
+      line_.command = CommandCode::kVersion;
     } else if (*show_) {
-      line_.command = Command::kShow;
+      line_.command = CommandCode::kShow;
     } else if (*emit_) {
-      line_.command = Command::kEmit;
+      line_.command = CommandCode::kEmit;
     } else if (*dump_) {
-      line_.command = Command::kDump;
+      line_.command = CommandCode::kDump;
     } else if (*try_) {
-      line_.command = Command::kTry;
+      line_.command = CommandCode::kTry;
+    } else if (*line_.other.arguments) {
+      line_.command = CommandCode::kOther;
     } else {
       complain("a command is needed: " + commandNames() + "; driver-feature --help explains them");
       return kUnusable;

@@ -5,19 +5,21 @@
 #include <optional>
 
 #include "host/changes.h"
+#include "host/command.h"
 #include "host/emit.h"
 #include "host/session.h"
 
 namespace driver_feature {
 
-enum class Command { kShow, kEmit, kDump, kTry, kVersion };
+enum class CommandCode { kShow, kEmit, kDump, kTry, kVersion, kOther };
 
 struct CommandLine {
-  Command command = Command::kShow;
+  CommandCode command = CommandCode::kShow;
+  Command other;  // For CommandCode::kOther.
   SessionRequest session;
   Changes changes;
   EmitRequest emit;
-  bool json = false;  // For Command::kShow.
+  bool json = false;  // For CommandCode::kShow.
 };
 
 // Reads the arguments. Answers the status with which the program has to end

@@ -58,15 +58,17 @@ int run(int argc, char** argv) {
   CommandLine line;
   if (const auto status = readCommandLine(argc, argv, line)) return *status;
   switch (line.command) {
-    case Command::kShow:
+    case CommandCode::kShow:
       return show(line);
-    case Command::kEmit:
+    case CommandCode::kEmit:
       return emit(line.session, line.changes, line.emit);
-    case Command::kDump:
+    case CommandCode::kDump:
       return dump(line.session, line.changes);
-    case Command::kTry:
+    case CommandCode::kTry:
       return tryChanges(line.session, line.changes);
-    case Command::kVersion:
+    case CommandCode::kOther:
+      return line.other.run();
+    case CommandCode::kVersion:
       return printVersions(line);
   }
   return kUnusable;

@@ -6,8 +6,8 @@
 //   get Owner                  # a comment begins at a word's begin
 //
 // Escapes: \n line feed, \r carriage return, \t tab, \e escape (ESC), \xNN the
-// byte of two hexadecimal digits, and \ before a blank, a quote, a # or a \
-// for that character.
+// byte of two hexadecimal digits, and a backslash before a blank, a quote, a #
+// or a backslash for that character.
 #ifndef HOST_SHELL_WORDS_H_
 #define HOST_SHELL_WORDS_H_
 
