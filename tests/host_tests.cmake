@@ -3,12 +3,14 @@
 
 driver_feature_test(host_unit_tests GLOB host/*_test.cc host/shell/*_test.cc LINK driver_feature_host)
 driver_feature_test(host_program_tests
-  GLOB tests/host/*_test.cc tests/host/program_runner.cc)
+  GLOB tests/host/*_test.cc tests/host/program_runner.cc tests/host/shell_fixture.cc
+  LINK util)
 
 # Libraries that the tests load: routines that descriptions name, and two that
 # are no feature library of the right version.
-add_library(host_test_routines MODULE host/libraries/routines.cc)
-target_link_libraries(host_test_routines PRIVATE driver_feature_compile_options)
+add_library(host_test_routines MODULE
+  host/libraries/routines.cc host/libraries/sort_routines.cc)
+target_link_libraries(host_test_routines PRIVATE driver_feature_compile_options common_api)
 target_compile_definitions(host_test_routines PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>")
 add_library(host_test_no_plugin MODULE host/libraries/no_plugin.cc)

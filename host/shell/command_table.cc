@@ -34,7 +34,7 @@ constexpr const char* kSaveDetails =
 
 constexpr const char* kRestoreDetails =
     "Lets the library copy the original values of the features, or of all, back into\n"
-    "their current values.\n";
+    "their current values. Before the first save these are 0 and empty.\n";
 
 constexpr const char* kRecordsDetails =
     "  list                   the records; * marks a selected one\n"

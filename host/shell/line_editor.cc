@@ -119,6 +119,7 @@ LineEditor::LineEditor(const Shell& shell) : shell_(shell), historyFile_(history
   completed = &shell;
   struct sigaction action {};
   action.sa_handler = &onInterrupt;
+  action.sa_flags = SA_RESTART;
   ::sigaction(SIGINT, &action, nullptr);
   prepareEditor();
   using_history();

@@ -23,7 +23,9 @@ CoreFeature* lookUp(Shell& shell, const std::string& name) {
 std::string meant(const std::string& name, const std::vector<std::string>& names) {
   if (const auto nearest = nearestName(name, names))
     return "did you mean " + quoted(*nearest) + "?";
-  return names.empty() ? "the description has none" : "give one of " + join(names, ", ");
+  if (names.empty()) return "the description has none";
+  constexpr std::size_t kMostShown = 12;
+  return names.size() > kMostShown ? "\"show\" lists them" : "give one of " + join(names, ", ");
 }
 
 }  // namespace
