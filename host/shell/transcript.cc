@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <string_view>
 
 #include "host/text.h"
@@ -25,6 +26,9 @@ std::string environment(const char* name) {
 }
 
 void writeError(const std::string& text) {
+  // What a routine has printed before comes before.
+  std::cout.flush();
+  std::fflush(stdout);
   std::fwrite(text.data(), 1, text.size(), stderr);
   std::fflush(stderr);
 }

@@ -32,7 +32,7 @@ ShellTest::ShellTest() {
       {"<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'"
        " LoadVORNCallbackHandler='DriverFeatureHostLoad'/>",
        feature("MultiSelect", "Media", "AddCallbackRoutine='forbidDuplex' PSCommand='(%s) m&#10;'",
-               "<O Name='Plain'/><O Name='Foil'/>"),
+               "<O Name='Plain' PSCommand='plain'/><O Name='Foil' PSCommand='foil'/>"),
        feature("MultiSelect", "Duplex", "", "<O Name='Off'/><O Name='Long'/><O Name='Short'/>"),
        feature("IntEntry", "Copies", "DefaultValue='1' IntMinValue='1' IntMaxValue='9'"
                                      " PSCommand='/Copies %d def&#10;'"),
