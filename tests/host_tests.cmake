@@ -1,7 +1,8 @@
 # Tests of the program driver-feature: of its parts, and of the built program
 # as a child process.
 
-driver_feature_test(host_unit_tests GLOB host/*_test.cc host/shell/*_test.cc LINK driver_feature_host)
+driver_feature_test(host_unit_tests GLOB host/*_test.cc LINK driver_feature_host)
+driver_feature_test(host_shell_tests GLOB host/shell/*_test.cc LINK driver_feature_host)
 driver_feature_test(host_program_tests
   GLOB tests/host/*_test.cc tests/host/program_runner.cc tests/host/shell_fixture.cc
   LINK util)
@@ -17,7 +18,7 @@ add_library(host_test_no_plugin MODULE host/libraries/no_plugin.cc)
 add_library(host_test_other_plugin MODULE host/libraries/other_plugin.cc)
 target_link_libraries(host_test_other_plugin PRIVATE driver_feature_compile_options)
 
-foreach(program host_unit_tests host_program_tests)
+foreach(program host_unit_tests host_shell_tests host_program_tests)
   target_compile_definitions(${program} PRIVATE
     DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
     NO_PLUGIN_LIBRARY="$<TARGET_FILE:host_test_no_plugin>"

@@ -140,7 +140,8 @@ bool LineEditor::read(std::string& line) {
   rl_callback_handler_install(kPrompt, &onLine);
   waitForLine();
   if (inputEnded) {
-    std::fputc('\n', stderr);
+    // With bracketed paste, the editor has ended the line itself.
+    if (::strcmp(rl_variable_value("enable-bracketed-paste"), "on") != 0) std::fputc('\n', stderr);
     return false;
   }
   line = lineRead;

@@ -34,8 +34,9 @@ ShellTest::ShellTest() {
        feature("MultiSelect", "Media", "AddCallbackRoutine='forbidDuplex' PSCommand='(%s) m&#10;'",
                "<O Name='Plain' PSCommand='plain'/><O Name='Foil' PSCommand='foil'/>"),
        feature("MultiSelect", "Duplex", "", "<O Name='Off'/><O Name='Long'/><O Name='Short'/>"),
-       feature("IntEntry", "Copies", "DefaultValue='1' IntMinValue='1' IntMaxValue='9'"
-                                     " PSCommand='/Copies %d def&#10;'"),
+       feature("IntEntry", "Copies",
+               "DefaultValue='1' IntMinValue='1' IntMaxValue='9'"
+               " PSCommand='/Copies %d def&#10;'"),
        feature("FloatEntry", "Scale", "DefaultValue='0.5'"),
        feature("TextEntry", "Owner", "DefaultValue='me' MaxTextLength='20'"),
        feature("UIOnly", "Heading"),

@@ -30,8 +30,9 @@ constexpr const char* kFirstError =
 TEST_F(ShellOutputTest, Emit_EveryForm_WritesItsBytes) {
   EXPECT_EQ(runScript({"emit ps"}), success(kPostScript));
   EXPECT_EQ(runScript({"set Copies PJLCommand '%d\\n'", "emit pjl"}), success("1\\n"));
-  EXPECT_EQ(runScript({"set Copies PSCommand \"\\x00\\xff%d\"", "set Media PSCommand ''", "emit ps"}),
-            success(std::string("\0\xFF", 2) + "1"));
+  EXPECT_EQ(
+      runScript({"set Copies PSCommand \"\\x00\\xff%d\"", "set Media PSCommand ''", "emit ps"}),
+      success(std::string("\0\xFF", 2) + "1"));
   EXPECT_EQ(runScript({"set Copies TESKAttributeSyntax integer",
                        "set Copies InstOptAttributeName copies", "emit ticket --inst-opt"}),
             success("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
@@ -56,17 +57,21 @@ TEST_F(ShellOutputTest, Emit_ToFile_WritesItWhole) {
 
 TEST_F(ShellOutputTest, Emit_Refused_SaysWhyWithItsStatus) {
   EXPECT_EQ(runScript({"emit pcl"}),
-            failure(2, "driver-feature: standard input:1: there is no form \"pcl\"; give ps, pjl "
-                       "or ticket\n"));
+            failure(2,
+                    "driver-feature: standard input:1: there is no form \"pcl\"; give ps, pjl "
+                    "or ticket\n"));
   EXPECT_EQ(runScript({"emit --inst-opt"}),
-            failure(2, "driver-feature: standard input:1: a form is missing; write emit "
-                       "ps|pjl|ticket [FILE] [--inst-opt]\n"));
+            failure(2,
+                    "driver-feature: standard input:1: a form is missing; write emit "
+                    "ps|pjl|ticket [FILE] [--inst-opt]\n"));
   EXPECT_EQ(runScript({"emit ps a b"}),
-            failure(2, "driver-feature: standard input:1: too many arguments; write emit "
-                       "ps|pjl|ticket [FILE] [--inst-opt]\n"));
+            failure(2,
+                    "driver-feature: standard input:1: too many arguments; write emit "
+                    "ps|pjl|ticket [FILE] [--inst-opt]\n"));
   EXPECT_EQ(runScript({"emit ps gone/job.ps"}),
-            failure(1, "driver-feature: standard input:1: gone/job.ps: a temporary file beside it "
-                       "cannot be created: No such file or directory\n"));
+            failure(1,
+                    "driver-feature: standard input:1: gone/job.ps: a temporary file beside it "
+                    "cannot be created: No such file or directory\n"));
 }
 
 TEST_F(ShellOutputTest, Dump_IsWhatTheCommandPrints) {
@@ -118,18 +123,18 @@ TEST_F(ShellOutputTest, Script_FullOutput_IsReportedAndEndsIt) {
     dup2(open("/dev/full", O_WRONLY), STDOUT_FILENO);
   };
   EXPECT_EQ(runPrepared({}, toFullDevice),
-            failure(1, "driver-feature: standard input:1: standard output: cannot be written: No "
-                       "space left on device\n"));
+            failure(1,
+                    "driver-feature: standard input:1: standard output: cannot be written: No "
+                    "space left on device\n"));
 }
 
 TEST_F(ShellOutputTest, Routine_ThatPrints_DoesNotGetIntoAnAnswer) {
   describe("office.xml", {feature("IntEntry", "Copies", "AddCallbackRoutine='printSomething'")});
-  EXPECT_EQ(runScript({"set Copies 2", "get Copies"}),
-            (RunResult{0, "2\n",
-                       "printed by puts\n"
-                       "printed by a stream\n"
-                       "  changed Copies: 0 -> 2\n"
-                       "  update callback\n"}));
+  EXPECT_EQ(runScript({"set Copies 2", "get Copies"}), (RunResult{0, "2\n",
+                                                                  "printed by puts\n"
+                                                                  "printed by a stream\n"
+                                                                  "  changed Copies: 0 -> 2\n"
+                                                                  "  update callback\n"}));
 }
 
 TEST_F(ShellOutputTest, UpdateCallback_OfTheDescription_IsCalledStill) {
@@ -158,8 +163,9 @@ TEST_F(ShellOutputTest, Log_Detail_DecidesWhatIsShown) {
                 "not a text valued feature.\n");
   EXPECT_EQ(transcriptOf({"log"}, {"--quiet"}), "quiet\n");
   EXPECT_EQ(runScript({"log some"}),
-            failure(2, "driver-feature: standard input:1: there is no detail \"some\"; give quiet, "
-                       "usual or all\n"));
+            failure(2,
+                    "driver-feature: standard input:1: there is no detail \"some\"; give quiet, "
+                    "usual or all\n"));
 }
 
 TEST_F(ShellOutputTest, Help_Command_ShowsUsageAndDetails) {
@@ -172,8 +178,9 @@ TEST_F(ShellOutputTest, Help_Command_ShowsUsageAndDetails) {
                     "argument, it\n"
                     "tells which is set.\n"));
   EXPECT_EQ(runScript({"help lgo"}),
-            failure(2, "driver-feature: standard input:1: there is no command \"lgo\"; did you "
-                       "mean \"log\"?\n"));
+            failure(2,
+                    "driver-feature: standard input:1: there is no command \"lgo\"; did you "
+                    "mean \"log\"?\n"));
 }
 
 TEST_F(ShellOutputTest, Help_Alone_ListsEveryCommand) {

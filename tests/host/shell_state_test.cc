@@ -81,30 +81,30 @@ TEST_F(ShellStateTest, Constrain_Refused_SaysWhy) {
 }
 
 TEST_F(ShellStateTest, Records_AddedByWords_AreSortedAndListed) {
-  EXPECT_EQ(transcriptOf({"records Pages", "records Pages add First=7 Tray=Lower",
-                          "records Pages add Tray=Upper First=2", "records Pages list",
-                          "records Pages has First=2 Tray=Upper",
-                          "records Pages has First=2 Tray=Lower", "records Pages select 1",
-                          "records Pages", "records Pages deselect 1", "records Pages load 1",
-                          "records Pages remove 0", "records Pages", "records Pages clear",
-                          "records Pages clear", "records Pages sort"}),
-            "no records\n"
-            "  update callback\n"
-            "  update callback\n"
-            "RECORD  First  Tray\n"
-            "0       2      Upper\n"
-            "1       7      Lower\n"
-            "yes\n"
-            "no\n"
-            "RECORD  First  Tray\n"
-            "0       2      Upper\n"
-            "1*      7      Lower\n"
-            "  changed First: 1 -> 7\n"
-            "  changed Tray: Upper -> Lower\n"
-            "  update callback\n"
-            "RECORD  First  Tray\n"
-            "0       7      Lower\n"
-            "  update callback\n");
+  EXPECT_EQ(
+      transcriptOf({"records Pages", "records Pages add First=7 Tray=Lower",
+                    "records Pages add Tray=Upper First=2", "records Pages list",
+                    "records Pages has First=2 Tray=Upper", "records Pages has First=2 Tray=Lower",
+                    "records Pages select 1", "records Pages", "records Pages deselect 1",
+                    "records Pages load 1", "records Pages remove 0", "records Pages",
+                    "records Pages clear", "records Pages clear", "records Pages sort"}),
+      "no records\n"
+      "  update callback\n"
+      "  update callback\n"
+      "RECORD  First  Tray\n"
+      "0       2      Upper\n"
+      "1       7      Lower\n"
+      "yes\n"
+      "no\n"
+      "RECORD  First  Tray\n"
+      "0       2      Upper\n"
+      "1*      7      Lower\n"
+      "  changed First: 1 -> 7\n"
+      "  changed Tray: Upper -> Lower\n"
+      "  update callback\n"
+      "RECORD  First  Tray\n"
+      "0       7      Lower\n"
+      "  update callback\n");
 }
 
 TEST_F(ShellStateTest, Records_File_IsAddedWhole) {
@@ -151,9 +151,10 @@ TEST_F(ShellStateTest, Records_Refused_SaysWhy) {
 TEST_F(ShellStateTest, Records_SelectedTwice_IsRefused) {
   EXPECT_EQ(runScript({"log quiet", "records Pages add First=1 Tray=Upper",
                        "records Pages select 0", "records Pages select 0"}),
-            failure(2, "  update callback\n"
-                       "driver-feature: standard input:4: record 0 is selected already; \"records "
-                       "Pages list\" shows which are\n"));
+            failure(2,
+                    "  update callback\n"
+                    "driver-feature: standard input:4: record 0 is selected already; \"records "
+                    "Pages list\" shows which are\n"));
 }
 
 }  // namespace

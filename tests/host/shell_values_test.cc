@@ -36,24 +36,24 @@ TEST_F(ShellValuesTest, Set_ChangeRoutine_IsSeenByWhatItChanges) {
 }
 
 TEST_F(ShellValuesTest, Set_Property_GoesToTheOverloadOfItsType) {
-  EXPECT_EQ(transcriptOf({"set Copies DefaultIntValue -7", "get Copies DefaultIntValue",
-                          "set Scale DeferredFloatValue +.25", "get Scale DeferredFloatValue",
-                          "set Owner CLOKey \"\\e a\\x41\"", "get Owner CLOKey",
-                          "set Duplex Visibility 0", "get Duplex Visibility",
-                          "set Copies CurrentIntValue 3000", "set Pages RecordInFocus 4",
-                          "get Pages RecordInFocus", "set Page PSCommand '%s'",
-                          "get Page PSCommand"}),
-            "-7\n"
-            "0.25\n"
-            "\"\\e aA\"\n"
-            "  changed Duplex: Off -> Off, hidden\n"
-            "  update callback\n"
-            "false\n"
-            "  changed Copies: 1 -> 3000\n"
-            "  update callback\n"
-            "  update callback\n"
-            "4\n"
-            "%s\n");
+  EXPECT_EQ(
+      transcriptOf({"set Copies DefaultIntValue -7", "get Copies DefaultIntValue",
+                    "set Scale DeferredFloatValue +.25", "get Scale DeferredFloatValue",
+                    "set Owner CLOKey \"\\e a\\x41\"", "get Owner CLOKey",
+                    "set Duplex Visibility 0", "get Duplex Visibility",
+                    "set Copies CurrentIntValue 3000", "set Pages RecordInFocus 4",
+                    "get Pages RecordInFocus", "set Page PSCommand '%s'", "get Page PSCommand"}),
+      "-7\n"
+      "0.25\n"
+      "\"\\e aA\"\n"
+      "  changed Duplex: Off -> Off, hidden\n"
+      "  update callback\n"
+      "false\n"
+      "  changed Copies: 1 -> 3000\n"
+      "  update callback\n"
+      "  update callback\n"
+      "4\n"
+      "%s\n");
 }
 
 TEST_F(ShellValuesTest, Set_WrongTypeOfFeature_ShowsTheLibrarysLine) {
@@ -71,8 +71,9 @@ TEST_F(ShellValuesTest, Set_Refused_SaysWhyAndChangesNothing) {
   const Row rows[] = {
       {"set Copies 10", "10 is out of range; give a whole number, from 1 to 9 (office.xml:5)"},
       {"set Copis 2", "there is no feature \"Copis\"; did you mean \"Copies\"?"},
-      {"set Duplex Lon", "feature \"Duplex\" has no option \"Lon\"; did you mean \"Long\"? (choose "
-                         "one of Off, Long, Short)"},
+      {"set Duplex Lon",
+       "feature \"Duplex\" has no option \"Lon\"; did you mean \"Long\"? (choose "
+       "one of Off, Long, Short)"},
       {"set Pages 1", "\"Pages\" is a dynamic group and holds records, not a value; leave it out"},
       {"set Copies", "an argument is missing; write set NAME [PROPERTY] VALUE"},
       {"set Copies a b c", "too many arguments; write set NAME [PROPERTY] VALUE"},
@@ -81,7 +82,8 @@ TEST_F(ShellValuesTest, Set_Refused_SaysWhyAndChangesNothing) {
       {"set Copies DefaultIntValue 1.5",
        "\"1.5\" is no value for \"DefaultIntValue\"; give a whole number from -2147483648 to "
        "2147483647"},
-      {"set Scale FloatMinValue ''", "\"\" is no value for \"FloatMinValue\"; give a decimal number"},
+      {"set Scale FloatMinValue ''",
+       "\"\" is no value for \"FloatMinValue\"; give a decimal number"},
       {"set Copies Visibility yes", "\"yes\" is no value for \"Visibility\"; give true or false"},
       {"set Copies FeatureType 9",
        "the library refuses this value of \"FeatureType\" for \"Copies\"; \"log all\" shows why"},
@@ -196,8 +198,9 @@ TEST_F(ShellValuesTest, Show_OneOrAll_ShowsTheTable) {
                     "Pages  dynamic   -      0        First, Tray\n"
                     "Page   template  Pages  -        First, Tray\n"));
   EXPECT_EQ(runScript({"show Pagen"}),
-            failure(2, "driver-feature: standard input:1: there is no feature or group \"Pagen\"; "
-                       "did you mean \"Pages\"?\n"));
+            failure(2,
+                    "driver-feature: standard input:1: there is no feature or group \"Pagen\"; "
+                    "did you mean \"Pages\"?\n"));
 }
 
 }  // namespace
