@@ -6,6 +6,7 @@
 #include "Symbols.h"
 #include "XMLParser.h"
 
+#include "host/group_view.h"
 #include "host/host_routines.h"
 #include "host/shell/words.h"
 
@@ -58,7 +59,7 @@ std::string currentValueWord(const FeatureView& feature) {
   }
 }
 
-ModelState stateOf(const Model& model) {
+ModelState stateOf(const Model& model, CoreFeatureSet& set) {
   ModelState state;
   for (const auto& [name, feature] : model.features) {
     state[name] = currentValueWord(feature) + flagsText(feature.isAvailable(), feature.isVisible());
@@ -67,13 +68,18 @@ ModelState stateOf(const Model& model) {
           (choice.available ? "available" : "unavailable") + flagsText(true, choice.visible);
     }
   }
+  for (const GroupEntry& entry : model.index.groups()) {
+    if (entry.kind != GroupKind::kDynamic) continue;
+    const auto group = findDynamicGroup(set, model.index, entry.name);
+    if (group) state[entry.name + " records"] = std::to_string(group->count());
+  }
   return state;
 }
 
 EventWatch::EventWatch(Session& session, Tell tell)
     : session_(session),
       tell_(std::move(tell)),
-      state_(stateOf(session.model())),
+      state_(stateOf(session.model(), session.features())),
       ownCallback_(callbackOf(session.description())) {
   current = this;
   session_.setUpdateCallback(&EventWatch::onUpdate);
@@ -85,12 +91,14 @@ EventWatch::~EventWatch() {
 }
 
 void EventWatch::look() {
-  ModelState now = stateOf(session_.model());
+  ModelState now = stateOf(session_.model(), session_.features());
   for (const auto& [what, value] : now) {
     const auto before = state_.find(what);
     if (before != state_.end() && before->second == value) continue;
-    const std::string old = before != state_.end() ? before->second : "absent";
-    tell_(EventKind::kChange, what + ": " + old + " -> " + value);
+    std::string change = what + ": ";
+    change += before != state_.end() ? before->second : "absent";
+    change += " -> " + value;
+    tell_(EventKind::kChange, change);
   }
   state_ = std::move(now);
 }

@@ -14,10 +14,10 @@ namespace driver_feature {
 
 enum class EventKind { kChange, kNotification };
 
-// What can change about the features and their options, as texts by what they
-// belong to: "Copies" or "Duplex option LongEdge".
+// What can change about the features, their options and the records, as texts
+// by what they belong to: "Copies", "Duplex option LongEdge", "Pages records".
 using ModelState = std::map<std::string, std::string>;
-ModelState stateOf(const Model& model);
+ModelState stateOf(const Model& model, CoreFeatureSet& set);
 
 // A feature's current value as a word that can be typed again; "(none)" for a
 // "MultiSelect" feature without a current option, "no value" for a feature

@@ -1,6 +1,8 @@
 #include "host/shell/history.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -32,12 +34,16 @@ std::string historyFile() {
   return folder / "driver-feature" / "history";
 }
 
-void makeFoldersOf(const std::string& file) {
+bool makeHistoryFile(const std::string& file) {
   fs::path folder;
   for (const fs::path& part : fs::path(file).parent_path()) {
     folder /= part;
     ::mkdir(folder.c_str(), S_IRWXU);
   }
+  const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (descriptor == -1) return false;
+  ::close(descriptor);
+  return true;
 }
 
 bool isKept(const Model& model, const std::string& line) {

@@ -13,9 +13,9 @@ namespace driver_feature {
 // no such place. A relative path in XDG_STATE_HOME does not count.
 std::string historyFile();
 
-// Makes the folders of a file, for their owner only. What cannot be made is
-// left out silently.
-void makeFoldersOf(const std::string& file);
+// Makes a file that is not there yet and its folders, for their owner only.
+// False when the file cannot be written.
+bool makeHistoryFile(const std::string& file);
 
 // False for a line that is not to be kept: an empty one, one that begins with
 // a blank, and one that may hold the value of an encrypted feature.

@@ -129,9 +129,10 @@ LineEditor::LineEditor(const Shell& shell) : shell_(shell), historyFile_(history
 
 LineEditor::~LineEditor() {
   completed = nullptr;
-  if (historyFile_.empty()) return;
-  makeFoldersOf(historyFile_);
-  write_history(historyFile_.c_str());
+  if (historyFile_.empty() || !makeHistoryFile(historyFile_)) return;
+  // Another shell may have added lines of its own meanwhile.
+  append_history(added_, historyFile_.c_str());
+  history_truncate_file(historyFile_.c_str(), kLongestHistory);
 }
 
 bool LineEditor::read(std::string& line) {
@@ -153,7 +154,9 @@ void LineEditor::keep(const std::string& line) {
   if (!isKept(shell_.model(), line)) return;
   const HIST_ENTRY* last =
       history_length > 0 ? history_get(history_base + history_length - 1) : nullptr;
-  if (last == nullptr || line != last->line) add_history(line.c_str());
+  if (last != nullptr && line == last->line) return;
+  add_history(line.c_str());
+  if (added_ < kLongestHistory) ++added_;
 }
 
 }  // namespace driver_feature

@@ -14,7 +14,8 @@ class LineEditor {
  public:
   // Reads the history. The shell must outlive the editor.
   explicit LineEditor(const Shell& shell);
-  // Writes the history; does nothing when that cannot be written.
+  // Appends the lines of this use to the history; does nothing when that
+  // cannot be written.
   ~LineEditor();
   LineEditor(const LineEditor&) = delete;
   LineEditor& operator=(const LineEditor&) = delete;
@@ -28,6 +29,7 @@ class LineEditor {
 
   const Shell& shell_;
   std::string historyFile_;
+  int added_ = 0;  // Lines of this use in the history.
 };
 
 }  // namespace driver_feature

@@ -44,7 +44,7 @@ Refusal Shell::execute(const std::string& line) {
   {
     // Routines of the description may print, and that is no answer.
     const StandardOutputDiversion diversion;
-    const Refusal refusal = command->run(*this, words);
+    Refusal refusal = command->run(*this, words);
     watch_.look();
     if (refusal) return refusal;
   }

@@ -89,7 +89,9 @@ TEST_F(ShellStateTest, Records_AddedByWords_AreSortedAndListed) {
                     "records Pages load 1", "records Pages remove 0", "records Pages",
                     "records Pages clear", "records Pages clear", "records Pages sort"}),
       "no records\n"
+      "  changed Pages records: 0 -> 1\n"
       "  update callback\n"
+      "  changed Pages records: 1 -> 2\n"
       "  update callback\n"
       "RECORD  First  Tray\n"
       "0       2      Upper\n"
@@ -101,16 +103,20 @@ TEST_F(ShellStateTest, Records_AddedByWords_AreSortedAndListed) {
       "1*      7      Lower\n"
       "  changed First: 1 -> 7\n"
       "  changed Tray: Upper -> Lower\n"
+      "  changed Pages records: 2 -> 1\n"
       "  update callback\n"
       "RECORD  First  Tray\n"
       "0       7      Lower\n"
+      "  changed Pages records: 1 -> 0\n"
       "  update callback\n");
 }
 
 TEST_F(ShellStateTest, Records_File_IsAddedWhole) {
   write("pages.json", R"([{"First": 9, "Tray": "Upper"}, {"First": 4, "Tray": "Lower"}])");
   EXPECT_EQ(transcriptOf({"records Pages add-file pages.json", "records Pages"}),
+            "  changed Pages records: 0 -> 1\n"
             "  update callback\n"
+            "  changed Pages records: 1 -> 2\n"
             "  update callback\n"
             "RECORD  First  Tray\n"
             "0       4      Lower\n"
@@ -152,6 +158,7 @@ TEST_F(ShellStateTest, Records_SelectedTwice_IsRefused) {
   EXPECT_EQ(runScript({"log quiet", "records Pages add First=1 Tray=Upper",
                        "records Pages select 0", "records Pages select 0"}),
             failure(2,
+                    "  changed Pages records: 0 -> 1\n"
                     "  update callback\n"
                     "driver-feature: standard input:4: record 0 is selected already; \"records "
                     "Pages list\" shows which are\n"));

@@ -196,6 +196,18 @@ TEST_F(ShellTerminalTest, History_IsKeptForTheNextUse) {
   EXPECT_TRUE(shown.ends_with("get Copies\r\n0\r\ndriver-feature> ")) << shown;
 }
 
+TEST_F(ShellTerminalTest, History_OfTwoShells_KeepsTheLinesOfBoth) {
+  const auto first = start();
+  const auto second = start();
+  for (const auto* terminal : {&second, &first}) {
+    (*terminal)->press(terminal == &first ? "get Copies\r" : "get Duplex\r");
+    (*terminal)->readPrompt();
+    (*terminal)->press("\x04");
+    EXPECT_EQ((*terminal)->end(), 0);
+  }
+  EXPECT_EQ(read("state/driver-feature/history"), "get Duplex\nget Copies\n");
+}
+
 TEST_F(ShellTerminalTest, History_WithoutAPlace_IsNoFailure) {
   write("state", "a file, not a folder");
   const auto terminal = start();
