@@ -81,9 +81,11 @@ Refusal findObject(Shell& shell, const std::string& name, CoreFeature*& object) 
 
 Refusal findFeature(Shell& shell, const std::string& name, IntermediateCoreFeature*& feature) {
   CoreFeature* found = lookUp(shell, name);
-  if (found == nullptr || !shell.model().features.contains(name) ||
-      found->getFeatureType() >= kFirstGroupType) {
+  if (found == nullptr || !shell.model().features.contains(name)) {
     return "there is no feature " + quoted(name) + "; " + meant(name, featureNames(shell.model()));
+  }
+  if (found->getFeatureType() >= kFirstGroupType) {
+    return "feature " + quoted(name) + " has the type of a group; set its FeatureType to 0 to 5";
   }
   feature = static_cast<IntermediateCoreFeature*>(found);
   return std::nullopt;

@@ -54,12 +54,13 @@ TEST_F(ShellStateTest, Defaults_ChangedValues_ComeBackWithOneNotification) {
 
 TEST_F(ShellStateTest, Constrain_CurrentOption_MovesTheValueFirst) {
   EXPECT_EQ(transcriptOf({"constrain Duplex Off 5", "constrain Duplex Short 6 hide",
-                          "constrain Duplex Short 7", "release Duplex Short 6",
+                          "constrain Duplex Short 7", "release Duplex Short 6", "get Copies",
                           "release Duplex Short 7", "release Duplex Off 5"}),
             "  changed Duplex: Off -> Long\n"
             "  update callback\n"
             "  changed Duplex option Off: available -> unavailable\n"
             "  changed Duplex option Short: available -> unavailable, hidden\n"
+            "1\n"
             "  changed Duplex option Short: unavailable, hidden -> available\n"
             "  changed Duplex option Off: unavailable -> available\n");
 }
@@ -152,6 +153,13 @@ TEST_F(ShellStateTest, Records_Refused_SaysWhy) {
             "an argument is missing; \"help records\" shows what select takes\n");
   EXPECT_EQ(refusalOf("", "records Pages sort now"),
             "too many arguments; \"help records\" shows what sort takes\n");
+}
+
+TEST_F(ShellStateTest, Records_FeatureThatCallsItselfAGroup_IsRefused) {
+  EXPECT_EQ(refusalOf("set Copies FeatureType 8", "records Copies"),
+            "there is no dynamic group \"Copies\"; give one of Pages\n");
+  EXPECT_EQ(refusalOf("set Duplex FeatureType 6", "constrain Duplex Off 1"),
+            "feature \"Duplex\" has the type of a group; set its FeatureType to 0 to 5\n");
 }
 
 TEST_F(ShellStateTest, Records_SelectedTwice_IsRefused) {

@@ -116,6 +116,16 @@ TEST_F(ShellTerminalTest, Tab_PressedTwice_ShowsTheProposals) {
   EXPECT_TRUE(shown.ends_with("First=  Tray=   \r\n")) << shown;
 }
 
+TEST_F(ShellTerminalTest, Tab_BehindAMember_GoesOnWithItsValue) {
+  const auto terminal = start();
+  terminal->press("records Pages add Fi\t3 Tr\tL\t\r");
+  EXPECT_EQ(terminal->readPrompt(),
+            "records Pages add First=3 Tray=Lower \r\n"
+            "  changed Pages records: 0 -> 1\r\n"
+            "  update callback\r\n"
+            "driver-feature> ");
+}
+
 TEST_F(ShellTerminalTest, Tab_InAFile_CompletesItsName) {
   write("report.ps", "");
   const auto terminal = start();
