@@ -1,6 +1,7 @@
 #include "host/shell/command_table.h"
 
 #include "host/nearest_name.h"
+#include "host/shell/option_commands.h"
 #include "host/shell/output_commands.h"
 #include "host/shell/record_commands.h"
 #include "host/shell/state_commands.h"
@@ -23,6 +24,10 @@ constexpr const char* kGetDetails =
     "Without a PROPERTY, the current value of a feature. \"all\" lists every property\n"
     "that the library gives back, the default, original and deferred values among\n"
     "them. Texts with blanks or control characters are shown as they may be typed.\n";
+
+constexpr const char* kOptionDetails =
+    "Without a PROPERTY, all of them. The library gets the value as it is.\n"
+    "  option Duplex LongEdge PSCommand \"true\"\n";
 
 constexpr const char* kEmitDetails =
     "Writes to standard output, or to a file, whole or not at all. --inst-opt lets a\n"
@@ -67,6 +72,8 @@ constexpr ShellCommand kCommands[] = {
     {"get", "NAME [PROPERTY|all]", "Shows a value, a property, or all properties", kGetDetails, 1,
      2, &runGet, &proposeGet},
     {"show", "[NAME]", "Shows all features and groups, or one", "", 0, 1, &runShow, &proposeShow},
+    {"option", "NAME OPTION [PROPERTY [VALUE]]", "Shows or sets the properties of an option",
+     kOptionDetails, 2, 4, &runOption, &proposeOption},
     {"emit", "ps|pjl|ticket [FILE] [--inst-opt]", "Writes printer-ready output", kEmitDetails, 1, 3,
      &runEmit, &proposeEmit},
     {"save", "[NAME...]", "Saves current values as original values", kSaveDetails, 0, kAnyNumber,

@@ -62,8 +62,9 @@ std::unique_ptr<Shell> CompletionTest::shell;
 const Words kNames = {"Copies", "Duplex", "First", "Page", "Pages", "Password", "Tray"};
 
 TEST_F(CompletionTest, Complete_FirstWord_IsACommand) {
-  EXPECT_EQ(words(""), (Words{"constrain", "defaults", "dump", "emit", "get", "help", "log", "quit",
-                              "records", "release", "restore", "save", "set", "show"}));
+  EXPECT_EQ(words(""),
+            (Words{"constrain", "defaults", "dump", "emit", "get", "help", "log", "option", "quit",
+                   "records", "release", "restore", "save", "set", "show"}));
   EXPECT_EQ(words("  re"), (Words{"records", "release", "restore"}));
   EXPECT_EQ(words("help s"), (Words{"save", "set", "show"}));
   EXPECT_EQ(words("zz"), Words{});
@@ -113,6 +114,15 @@ TEST_F(CompletionTest, Complete_Records_KnowsActionsMembersAndOptions) {
   EXPECT_EQ(options.words, (Words{"Tray=Lower", "Tray=Upper"}));
   EXPECT_FALSE(options.unfinished);
   EXPECT_EQ(words("records Nothing add "), Words{});
+}
+
+TEST_F(CompletionTest, Complete_Option_KnowsOptionsAndTheirProperties) {
+  EXPECT_EQ(words("option "), (Words{"Duplex", "Tray"}));
+  EXPECT_EQ(words("option Tray "), (Words{"Lower", "Upper"}));
+  EXPECT_EQ(words("option Tray Lower TESK"), (Words{"TESKCommand", "TESKTicketCommand"}));
+  EXPECT_EQ(words("option Tray Lower ").size(), 10U);
+  EXPECT_EQ(words("option Tray Lower Visibility "), (Words{"false", "true"}));
+  EXPECT_EQ(words("option Tray Lower Name "), Words{});
 }
 
 TEST_F(CompletionTest, Complete_Files_AreProposedWhereTheyBelong) {

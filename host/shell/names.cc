@@ -69,6 +69,14 @@ std::vector<std::string> optionNames(const Model& model, const std::string& feat
   return names;
 }
 
+std::vector<std::string> namesWithOptions(const Model& model) {
+  std::vector<std::string> names = featureNames(model);
+  std::erase_if(names, [&model](const std::string& name) {
+    return model.features.at(name).choices().empty();
+  });
+  return names;
+}
+
 Refusal findObject(Shell& shell, const std::string& name, CoreFeature*& object) {
   CoreFeature* found = lookUp(shell, name);
   if (found == nullptr) {

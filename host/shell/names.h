@@ -20,6 +20,8 @@ std::vector<std::string> dynamicGroupNames(const Model& model);
 std::vector<std::string> allNames(const Model& model);
 // The options of a feature; none for any other name.
 std::vector<std::string> optionNames(const Model& model, const std::string& feature);
+// The features that have options.
+std::vector<std::string> namesWithOptions(const Model& model);
 
 // Each refuses a name that nothing of its kind has and leaves its last
 // argument alone. What they find lives as long as the process.

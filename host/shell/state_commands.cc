@@ -110,12 +110,7 @@ Proposals proposeFeatures(const Shell& shell, const Words& /*before*/,
 
 Proposals proposeRelease(const Shell& shell, const Words& before, const std::string& /*word*/) {
   if (before.size() == 1) return {optionNames(shell.model(), before[0])};
-  if (!before.empty()) return {};
-  Proposals proposals;
-  for (const std::string& name : featureNames(shell.model())) {
-    if (!optionNames(shell.model(), name).empty()) proposals.words.push_back(name);
-  }
-  return proposals;
+  return before.empty() ? Proposals{namesWithOptions(shell.model())} : Proposals{};
 }
 
 Proposals proposeConstrain(const Shell& shell, const Words& before, const std::string& word) {

@@ -191,6 +191,7 @@ TEST_F(ShellOutputTest, Help_Alone_ListsEveryCommand) {
           "group\n"
           "get NAME [PROPERTY|all]                 Shows a value, a property, or all properties\n"
           "show [NAME]                             Shows all features and groups, or one\n"
+          "option NAME OPTION [PROPERTY [VALUE]]   Shows or sets the properties of an option\n"
           "emit ps|pjl|ticket [FILE] [--inst-opt]  Writes printer-ready output\n"
           "save [NAME...]                          Saves current values as original values\n"
           "restore [NAME...]                       Restores the saved values\n"

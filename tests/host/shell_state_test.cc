@@ -81,6 +81,33 @@ TEST_F(ShellStateTest, Constrain_Refused_SaysWhy) {
             "no constraint 2 holds option \"Off\"; give the number of one that does\n");
 }
 
+TEST_F(ShellStateTest, Option_Property_IsShownAndSet) {
+  EXPECT_EQ(transcriptOf({"option Media Foil", "option Media Foil PSCommand 'a b'",
+                          "option Media Foil PSCommand", "option Media Foil Sensitivity 0",
+                          "option Media Foil Sensitivity", "option Media Foil Visibility true"}),
+            "CLOKey             \"\"\n"
+            "DisplayText        \"\"\n"
+            "Name               Foil\n"
+            "PJLCommand         \"\"\n"
+            "PSCommand          foil\n"
+            "SNMPValue          \"\"\n"
+            "Sensitivity        true\n"
+            "TESKCommand        \"\"\n"
+            "TESKTicketCommand  \"\"\n"
+            "Visibility         true\n"
+            "\"a b\"\n"
+            "  changed Media option Foil: available -> unavailable\n"
+            "false\n");
+  EXPECT_EQ(refusalOf("", "option Media Foil Encrypted"),
+            "options have no property \"Encrypted\"; give one of CLOKey, DisplayText, Name, "
+            "PJLCommand, PSCommand, SNMPValue, Sensitivity, TESKCommand, TESKTicketCommand, "
+            "Visibility\n");
+  EXPECT_EQ(refusalOf("", "option Media Foil Visibility maybe"),
+            "\"maybe\" is no value for \"Visibility\"; give true or false\n");
+  EXPECT_EQ(refusalOf("", "option Media Fool"),
+            "feature \"Media\" has no option \"Fool\"; did you mean \"Foil\"?\n");
+}
+
 TEST_F(ShellStateTest, Records_AddedByWords_AreSortedAndListed) {
   EXPECT_EQ(
       transcriptOf({"records Pages", "records Pages add First=7 Tray=Lower",
