@@ -60,6 +60,7 @@ Refusal runOption(Shell& shell, const Words& arguments) {
   if (Refusal refusal = findOption(shell, arguments[0], arguments[1], option)) return refusal;
   if (arguments.size() == 2) {
     std::vector<TableRow> rows;
+    rows.reserve(kProperties.size());
     for (const std::string& property : kProperties) {
       rows.push_back({{property}, {textOf(*option, property)}});
     }
