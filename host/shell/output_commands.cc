@@ -72,12 +72,10 @@ Refusal runEmit(Shell& shell, const Words& arguments) {
   if (Refusal refusal = readForm(words[0], form)) return refusal;
   std::string output;
   shell.session().features().serialize(output, static_cast<int>(form), installable, "", "");
-  if (words.size() == 1) {
+  if (words.size() == 1 || words[1] == "-") {
     shell.answer(shell.transcript().shownOutput(output));
-    return std::nullopt;
-  }
-  if (const WriteProblem problem = writeToFile(words[1], output)) {
-    return shell.failToWrite(*problem);
+  } else {
+    shell.answerTo(words[1], output);
   }
   return std::nullopt;
 }

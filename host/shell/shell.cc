@@ -40,6 +40,7 @@ Refusal Shell::execute(const std::string& line) {
   words.erase(words.begin());
   if (Refusal refusal = checkCount(*command, words.size())) return refusal;
   answer_.clear();
+  files_.clear();
   width_ = terminalWidth();
   {
     // Routines of the description may print, and that is no answer.
@@ -48,8 +49,15 @@ Refusal Shell::execute(const std::string& line) {
     watch_.look();
     if (refusal) return refusal;
   }
-  if (const WriteProblem problem = Transcript::answer(answer_)) return failToWrite(*problem);
+  if (const WriteProblem problem = writeAnswers()) return failToWrite(*problem);
   return std::nullopt;
+}
+
+WriteProblem Shell::writeAnswers() const {
+  for (const auto& [file, bytes] : files_) {
+    if (WriteProblem problem = writeToFile(file, bytes)) return problem;
+  }
+  return Transcript::answer(answer_);
 }
 
 Refusal Shell::failToWrite(const std::string& problem) {

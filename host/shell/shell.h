@@ -41,6 +41,8 @@ class Shell {
   // Columns of the terminal that answers go to; 0 when they go elsewhere.
   std::size_t width() const { return width_; }
   void answer(const std::string& text) { answer_ += text; }
+  // Writes `bytes` to a file, whole or not at all, once the command has ended.
+  void answerTo(const std::string& file, const std::string& bytes) { files_[file] = bytes; }
   Refusal failToWrite(const std::string& problem);
   void end() { ended_ = true; }
 
@@ -53,11 +55,14 @@ class Shell {
   ConstrainedOptions& constrainedOptions() { return constrained_; }
 
  private:
+  WriteProblem writeAnswers() const;
+
   Session& session_;
   const Transcript& transcript_;
   EventWatch watch_;
   std::size_t width_ = 0;
   std::string answer_;
+  std::map<std::string, std::string> files_;
   int status_ = kSuccess;
   bool ended_ = false;
   ConstrainedOptions constrained_;

@@ -45,6 +45,10 @@ void Transcript::event(EventKind kind, const std::string& text) const {
              (kind == EventKind::kChange ? "changed " : "") + text);
 }
 
+void Transcript::note(const std::string& text) const {
+  writeEvent(kYellow, text);
+}
+
 void Transcript::logLine(const std::string& line) const {
   const bool grave = line.starts_with("error:") || line.starts_with("misuse:");
   writeEvent(grave ? kYellow : kFaint, line);

@@ -18,6 +18,7 @@ class Transcript {
   Transcript();
 
   void event(EventKind kind, const std::string& text) const;
+  void note(const std::string& text) const;     // Anything else that matters.
   void logLine(const std::string& line) const;  // "warning: TEXT".
 
   // A refusal as somebody at a terminal reads it.

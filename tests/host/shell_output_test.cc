@@ -55,6 +55,11 @@ TEST_F(ShellOutputTest, Emit_ToFile_WritesItWhole) {
             "</JobTicket>\n");
 }
 
+TEST_F(ShellOutputTest, Emit_ToStandardOutputByName_WritesThere) {
+  EXPECT_EQ(runScript({"emit ps -", "emit ps /dev/stdout", "emit ps /dev/fd/1"}),
+            success(std::string(kPostScript) + kPostScript + kPostScript));
+}
+
 TEST_F(ShellOutputTest, Emit_Refused_SaysWhyWithItsStatus) {
   EXPECT_EQ(runScript({"emit pcl"}),
             failure(2,
