@@ -16,6 +16,7 @@
 #include "host/emit_command.h"
 #include "host/nearest_name.h"
 #include "host/output_file.h"
+#include "host/shell/shell_command.h"
 #include "host/show_command.h"
 #include "host/text.h"
 #include "host/try_command.h"
@@ -43,6 +44,7 @@ constexpr std::array kCommands = {
     &addDumpCommand,   //
     &addTryCommand,    //
     &addDiffCommand,   //
+    &addShellCommand,  //
 };
 
 class CommandLine {

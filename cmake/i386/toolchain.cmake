@@ -22,5 +22,7 @@ endforeach()
 
 set(LIBXML2_INCLUDE_DIR "${I386_ROOT}/usr/include/libxml2" CACHE PATH "")
 set(LIBXML2_LIBRARY "${I386_ROOT}/usr/lib/i386-linux-gnu/libxml2.so" CACHE FILEPATH "")
+set(READLINE_INCLUDE_FOLDER "${I386_ROOT}/usr/include" CACHE PATH "")
+set(READLINE_LIBRARY "${I386_ROOT}/lib/i386-linux-gnu/libreadline.so.8" CACHE FILEPATH "")
 set(GTest_DIR "${I386_ROOT}/usr/lib/cmake/GTest" CACHE PATH "")
 set(benchmark_DIR "${I386_ROOT}/usr/lib/cmake/benchmark" CACHE PATH "")
