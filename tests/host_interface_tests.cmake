@@ -28,11 +28,13 @@ target_include_directories(host_interface_examples PRIVATE ${PROJECT_SOURCE_DIR}
 target_link_libraries(host_interface_examples
   PRIVATE driver_feature_compile_options common_api xml_parser ${CMAKE_DL_LIBS})
 
-driver_feature_test(host_interface_doc_tests GLOB tests/host_interface_doc/*_test.cc)
+driver_feature_test(host_interface_doc_tests GLOB tests/host_interface_doc/*_test.cc tests/host_interface_doc/markdown.cc
+  LINK ${CMAKE_DL_LIBS})
 target_compile_definitions(host_interface_doc_tests PRIVATE
   DOCS_FOLDER="${PROJECT_SOURCE_DIR}/docs"
   EXPORTS_FOLDER="${CMAKE_CURRENT_SOURCE_DIR}/plugin"
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
+  EXAMPLES_SOURCE="${CMAKE_CURRENT_BINARY_DIR}/host_interface_examples.cc"
   EXAMPLES_PROGRAM="$<TARGET_FILE:host_interface_examples>"
   EXAMPLES_OUTPUT="${CMAKE_CURRENT_BINARY_DIR}/host_interface_examples.txt")
 add_dependencies(host_interface_doc_tests host_interface_examples DriverFeature)
