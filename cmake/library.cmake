@@ -30,6 +30,10 @@ add_library(driver_feature_objects OBJECT
 )
 target_link_libraries(driver_feature_objects PUBLIC
   driver_feature_compile_options common_api xml_parser)
+# Debugging information in every build: a host's crash can be read, and the
+# binary interface can be compared. It names no folder of the build machine.
+target_compile_options(driver_feature_objects PRIVATE
+  -g -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 
 add_library(DriverFeature SHARED)
 target_link_libraries(DriverFeature PRIVATE driver_feature_objects)

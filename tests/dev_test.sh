@@ -244,6 +244,75 @@ expectCalls 'cmake --preset asan --log-level=WARNING' 'cmake --build --preset as
   'ctest --preset asan --output-on-failure --no-tests=error -j3'
 expectLine out detect_leaks=0
 
+# fakeI386Root: a stand-in for the script that makes the 32-bit libraries.
+fakeI386Root() {
+  mkdir -p "$work/project/cmake/i386"
+  printf 'echo "make_root $*" >>"%s/calls"\n%s\n' "$work" "${1:-}" \
+    >"$work/project/cmake/i386/make_root.sh"
+}
+
+begin TestI386_LibrariesAreMadeFirst_ArgumentsReachCtest
+fakeI386Root
+fake cmake
+fake ctest
+dev test-i386 -R Option
+expectStatus 0
+expectCalls 'make_root build/i386-root' 'cmake --preset i386 --log-level=WARNING' \
+  'cmake --build --preset i386 --parallel 3' \
+  'ctest --preset i386 --output-on-failure --no-tests=error -j3 -R Option'
+
+begin TestI386_LibrariesCannotBeMade_BuildsNothing
+fakeI386Root 'exit 1'
+fake cmake
+dev test-i386
+expectStatus 1
+expectCalls 'make_root build/i386-root'
+
+# fakeComparison: a stand-in for the comparison of binary interfaces.
+fakeComparison() {
+  mkdir -p "$work/project/tests/abi"
+  printf 'echo "compare $*" >>"%s/calls"\n%s\n' "$work" "${1:-}" \
+    >"$work/project/tests/abi/compare.sh"
+}
+
+begin Abi_BothArchitectures_AreBuiltAndCompared
+fakeI386Root
+fakeComparison
+fake cmake
+dev abi
+expectStatus 0
+expectCalls 'cmake --preset release --log-level=WARNING' \
+  'cmake --build --preset release --parallel 3 --target DriverFeature host_view' \
+  'make_root build/i386-root' 'cmake --preset i386 --log-level=WARNING' \
+  'cmake --build --preset i386 --parallel 3 --target DriverFeature host_view' \
+  'compare build/release tests/abi/baseline/x86_64' \
+  'compare build/i386 tests/abi/baseline/i386'
+
+begin Abi_Update_IsPassedOn
+fakeI386Root
+fakeComparison
+fake cmake
+dev abi --update
+expectStatus 0
+checks=$((checks + 1))
+[ "$(grep -c '^compare --update build/' "$work/calls")" -eq 2 ] || fail 'not passed on twice'
+
+begin Abi_FirstArchitectureDiffers_FailsAndComparesTheOther
+fakeI386Root
+fakeComparison 'case "$*" in *x86_64) exit 1 ;; esac'
+fake cmake
+dev abi
+expectStatus 1
+checks=$((checks + 1))
+[ "$(grep -c '^compare build/' "$work/calls")" -eq 2 ] || fail 'not compared twice'
+
+begin Abi_OtherArgument_IsRefused
+fake cmake
+dev abi --upgrade
+expectStatus 2
+expectCalls
+expectLine err 'dev: abi takes no argument but --update'
+
 begin Test_PresetWithoutName_IsRefused
 fake cmake
 dev test --preset
@@ -280,6 +349,56 @@ expectStatus 7
 expectCalls 'cmake --preset release --log-level=WARNING' \
   'cmake --build --preset release --parallel 3 --target driver-feature DriverFeature office_routines'
 expectLine out 'demo of build/release'
+
+# preparePackage: stand-ins for everything that makes packages.
+preparePackage() {
+  mkdir -p "$work/project/packaging" "$work/project/build/package"
+  : >"$work/project/packaging/changelog"
+  : >"$work/project/build/package/old.deb"
+  fake cmake
+  fake cpack 'echo "time $SOURCE_DATE_EPOCH" >>'"$work/calls"
+  fake ctest
+  fake dpkg-buildflags 'echo "-of-$2"'
+  fake git 'echo 1234'
+  fake stat 'echo 5678'
+}
+
+# expectPackageCalls TIME-CALL... TIME: the calls of a whole run, with what
+# finds the time and what it finds.
+expectPackageCalls() {
+  local folder=$work/project/build/package
+  expectCalls 'dpkg-buildflags --get CXXFLAGS' 'dpkg-buildflags --get CPPFLAGS' "${@:1:$#-1}" \
+    "cmake --preset release -B $folder/tree --log-level=WARNING -DCMAKE_CXX_FLAGS=-of-CXXFLAGS -of-CPPFLAGS -g0 -DCMAKE_INSTALL_PREFIX=/usr -DBUILD_TESTING=OFF -DDRIVER_FEATURE_PACKAGE_FOLDER=$folder" \
+    "cmake --build $folder/tree --parallel 3" \
+    "cpack --config $folder/tree/CPackConfig.cmake" "time ${*: -1}" \
+    "ctest --test-dir $folder/tree --output-on-failure --no-tests=error -L ^package\$"
+}
+
+begin Package_IsBuiltPackedAndTried
+preparePackage
+dev package
+expectStatus 0
+expectPackageCalls 'git log -1 --format=%ct' 1234
+checks=$((checks + 1))
+[ ! -e "$work/project/build/package/old.deb" ] || fail 'an old package is still there'
+
+begin Package_NoHistory_TakesTheTimeOfTheChangelog
+preparePackage
+echo 128 >"$work/status.git"
+fake git
+dev package
+expectStatus 0
+expectPackageCalls 'git log -1 --format=%ct' 'stat -c %Y packaging/changelog' 5678
+
+for tool in cmake cpack ctest dpkg-buildflags; do
+  begin "Package_FailureOf_${tool}_IsPassedOn"
+  preparePackage
+  echo 3 >"$work/status.$tool"
+  dev package
+  expectStatus 3
+  checks=$((checks + 1))
+  ! grep -q 'the packages are in' "$work/out" || fail 'promises packages'
+done
 
 # prepareLint: two sources (one that is not compiled, one in the build
 # directory) and tools that find nothing.
@@ -343,7 +462,7 @@ begin Help_ListsEveryCommand
 dev help
 expectStatus 0
 expectEmpty err
-for name in setup build test demo lint format clean help; do
+for name in setup build test test-i386 abi demo package lint format clean help; do
   checks=$((checks + 1))
   grep -qE -- "^  $name( [^ ].*)?  *[a-z].*" "$work/out" || fail "does not list $name"
 done
@@ -379,9 +498,10 @@ chmod +x "$work/project/dev"
 (cd "$work/elsewhere" && bash "$work/project/.ci/run") <&- >"$work/out" 2>"$work/err"
 status=$?
 expectStatus 0
-expectCalls 'dev test' 'dev test --preset clang' 'dev test --preset asan' 'dev lint' 'dev demo'
+expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset clang' 'dev test --preset asan' \
+  'dev package' 'dev lint' 'dev demo'
 checks=$((checks + 1))
-[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 5 ] || fail 'summary is not whole'
+[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 8 ] || fail 'summary is not whole'
 
 begin Ci_ALegFails_EndsWithItsStatus
 cp "$source_dir/.ci/run" "$work/project/.ci/"
@@ -391,7 +511,7 @@ chmod +x "$work/project/dev"
 bash "$work/project/.ci/run" </dev/null >"$work/out" 2>"$work/err"
 status=$?
 expectStatus 9
-expectCalls 'dev test' 'dev test --preset clang'
+expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset clang'
 expectLine out 'not run  lint'
 checks=$((checks + 1))
 grep -qE '^FAILED with status 9  tests with clang  ' "$work/out" || fail 'summary does not name the leg'

@@ -88,6 +88,12 @@ class LibrarySearchTest : public ProgramTest {
     fs::create_directories(folder() / "bin");
     fs::create_directories(folder() / "lib");
     fs::copy(DRIVER_FEATURE_PROGRAM, folder() / "bin");
+    // Program and library look for the platform's libraries around themselves.
+    const fs::path built = fs::path(DRIVER_FEATURE_LIBRARY).parent_path();
+    for (const char* name : {"libCommonAPI.so", "libXMLParser.so"}) {
+      fs::copy(built / name, folder() / "lib");
+      fs::copy(built / name, folder() / "bin");
+    }
   }
 
   RunResult versionOf(const std::function<void()>& prepare = {}) const {
