@@ -5,4 +5,12 @@ separate_arguments(document_compiler UNIX_COMMAND "${CMAKE_CXX_COMPILER} ${CMAKE
 
 add_test(NAME description_format_examples
   COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/description-format.md
-          ${PROJECT_SOURCE_DIR} $<TARGET_FILE:driver-feature> ${document_compiler})
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
+add_test(NAME description_format_attributes
+  COMMAND ${CMAKE_CURRENT_LIST_DIR}/description_docs/attributes_test.sh
+          ${CMAKE_CURRENT_LIST_DIR}/description_docs/attributes.txt
+          ${PROJECT_SOURCE_DIR}/docs/description-format.md)
+add_test(NAME description_format_faults
+  COMMAND ${CMAKE_CURRENT_LIST_DIR}/description_docs/faults_test.sh
+          ${CMAKE_CURRENT_LIST_DIR}/description_docs/faults.txt
+          ${PROJECT_SOURCE_DIR}/docs/description-format.md $<TARGET_FILE:driver-feature>)

@@ -26,12 +26,14 @@ listBlocks() {
 }
 
 # runSession FILE: runs the commands of a console block in the current folder
-# and shell, and prints them with their output, as they stand in the block.
+# and shell, and prints them with their output, as they stand in the block. A
+# command goes on in the next line after a backslash.
 runSession() {
-  local sessionLine
-  while IFS= read -r sessionLine; do
-    [[ $sessionLine == '$ '* ]] || continue
-    printf '%s\n' "$sessionLine"
-    eval "${sessionLine#'$ '}" </dev/null 2>&1
+  local command next
+  while IFS= read -r command; do
+    [[ $command == '$ '* ]] || continue
+    while [[ $command == *\\ ]] && IFS= read -r next; do command+=$'\n'$next; done
+    printf '%s\n' "$command"
+    eval "${command#'$ '}" </dev/null 2>&1
   done <"$1"
 }

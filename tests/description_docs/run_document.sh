@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Runs the examples of a document in the order in which they stand there.
 #
-# usage: run_document.sh wrap|grow DOCUMENT SOURCES DRIVER_FEATURE COMPILER [FLAG...]
+# usage: run_document.sh wrap|grow DOCUMENT SOURCES BUILD COMPILER [FLAG...]
 #
 # A block after the comment "<!-- file: NAME -->" is written to that file. An
 # xml block that is a whole FeatureDescription becomes the description as it
@@ -16,7 +16,8 @@ set -u
 mode=$1
 document=$(realpath "$2")
 DRIVER_FEATURE=$(realpath "$3")
-program=$(realpath "$4")
+DRIVER_FEATURE_BUILD=$(realpath "$4")
+program=$DRIVER_FEATURE_BUILD/bin/driver-feature
 compiler=$5
 flags=("${@:6}")
 tools=$(dirname -- "$(realpath "${BASH_SOURCE[0]}")")
@@ -24,7 +25,7 @@ folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
 # shellcheck source=tests/description_docs/console.sh
 . "$tools/console.sh"
-export DRIVER_FEATURE
+export DRIVER_FEATURE DRIVER_FEATURE_BUILD
 
 blocks=$folder/blocks
 mkdir "$blocks" "$folder/work"
@@ -33,9 +34,9 @@ cd "$folder/work" || exit 1
 
 # The names that the document uses for the program and the compiler.
 # shellcheck disable=SC2317  # called by the sessions
-driver-feature() { "$program" "$@"; }
+driver-feature() { command "$program" "$@"; }
 # shellcheck disable=SC2317  # called by the sessions
-c++() { "$compiler" "${flags[@]}" "$@"; }
+c++() { command "$compiler" "${flags[@]}" "$@"; }
 
 fail() {
   printf '%s:%s: %s\n' "$document" "$line" "$1"
