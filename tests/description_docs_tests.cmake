@@ -14,3 +14,6 @@ add_test(NAME description_format_faults
   COMMAND ${CMAKE_CURRENT_LIST_DIR}/description_docs/faults_test.sh
           ${CMAKE_CURRENT_LIST_DIR}/description_docs/faults.txt
           ${PROJECT_SOURCE_DIR}/docs/description-format.md $<TARGET_FILE:driver-feature>)
+add_test(NAME tutorial
+  COMMAND ${document_runner} grow ${PROJECT_SOURCE_DIR}/docs/tutorial.md
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
