@@ -1,7 +1,8 @@
 # Tests that run the documents for authors of descriptions.
 
 set(document_runner ${CMAKE_CURRENT_LIST_DIR}/description_docs/run_document.sh)
-separate_arguments(document_compiler UNIX_COMMAND "${CMAKE_CXX_COMPILER} ${CMAKE_CXX_FLAGS}")
+separate_arguments(document_compiler UNIX_COMMAND
+  "${CMAKE_CXX_COMPILER} ${CMAKE_CXX_FLAGS} ${CMAKE_SHARED_LINKER_FLAGS}")
 
 add_test(NAME description_format_examples
   COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/description-format.md

@@ -4,7 +4,7 @@
 # use every one of them, each in its place.
 #
 # usage: attributes_test.sh ATTRIBUTES DOCUMENT
-set -u
+set -eu
 
 attributes=$(realpath "$1")
 document=$(realpath "$2")
@@ -13,7 +13,7 @@ folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
 # shellcheck source=tests/description_docs/console.sh
 . "$tools/console.sh"
-cd "$folder" || exit 1
+cd "$folder"
 
 # The rows of the document's tables of attributes.
 documented() {
@@ -61,7 +61,7 @@ grep -v '^#' "$attributes" >expected
 documented >actual
 same list document expected actual
 
-list=$(listBlocks "$document" .) || exit 1
+list=$(listBlocks "$document" .)
 cut -d ' ' -f 1,2 expected | sort -u >expectedUse
 used "$list" >actualUse
 same list examples expectedUse actualUse

@@ -4,14 +4,14 @@
 # tables hold just these lines.
 #
 # usage: faults_test.sh FAULTS DOCUMENT DRIVER_FEATURE
-set -u
+set -eu
 
 faults=$(realpath "$1")
 document=$(realpath "$2")
 program=$(realpath "$3")
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
-cd "$folder" || exit 1
+cd "$folder"
 
 # try KIND ELEMENTS: prints the fault with the lines of the program.
 try() {

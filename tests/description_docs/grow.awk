@@ -29,6 +29,10 @@ FNR == NR {
 }
 
 FNR == 1 {
+  if (count == 0) {
+    print "there is no element to put in" > "/dev/stderr"
+    exit 1
+  }
   for (i = 1; i <= count; ++i) {
     names[i] = nameOf(elements[i])
     added[names[i]] = elements[i]

@@ -10,8 +10,9 @@
 # so far ("grow", printer.xml). Every description must load without a line of
 # complaint. The commands of a console block must print what stands there,
 # byte for byte. A block after the comment "<!-- needs: COMMAND -->" is passed
-# over when the program has no such command.
-set -u
+# over when the program has no such command, and one after "<!-- not run -->"
+# always.
+set -eu
 
 mode=$1
 document=$(realpath "$2")
@@ -29,8 +30,8 @@ export DRIVER_FEATURE DRIVER_FEATURE_BUILD
 
 blocks=$folder/blocks
 mkdir "$blocks" "$folder/work"
-list=$(listBlocks "$document" "$blocks") || exit 1
-cd "$folder/work" || exit 1
+list=$(listBlocks "$document" "$blocks")
+cd "$folder/work"
 
 # The names that the document uses for the program and the compiler.
 # shellcheck disable=SC2317  # called by the sessions
@@ -67,7 +68,8 @@ takeDescription() {
   if grep -q '^<FeatureDescription>$' "$block"; then
     cp -- "$block" "$description"
   elif [ "$mode" = grow ]; then
-    awk -f "$tools/grow.awk" "$block" "$description" >grown && mv grown "$description"
+    awk -f "$tools/grow.awk" "$block" "$description" >grown
+    mv grown "$description"
   else
     wrapElements "$block" >"$description"
   fi
@@ -98,8 +100,8 @@ while read -r number language line key value; do
     takeDescription "$block"
   elif [ "$language" = console ]; then
     takeSession "$block"
-  elif [ "$language" != text ]; then
-    fail "nobody knows what to do with a block in \"$language\""
+  elif [ "$key $value" != "not run" ]; then
+    fail "nobody knows what to do with this block in \"$language\""
   fi
 done <<<"$list"
 
