@@ -9,6 +9,7 @@ add_test(NAME description_format_examples
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
 add_test(NAME description_format_attributes
   COMMAND ${CMAKE_CURRENT_LIST_DIR}/description_docs/attributes_test.sh
+          ${CMAKE_CURRENT_LIST_DIR}/description_docs/elements.txt
           ${CMAKE_CURRENT_LIST_DIR}/description_docs/attributes.txt
           ${PROJECT_SOURCE_DIR}/docs/description-format.md)
 add_test(NAME description_format_faults

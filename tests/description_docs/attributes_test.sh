@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# Proves that the reference of the description names every attribute in its
-# place, with its type and default, and nothing else; and that its examples
-# use every one of them, each in its place.
+# Proves that the reference of the description names every element, type of
+# feature and attribute in its place, and nothing else; and that its examples
+# use every attribute, each in its place.
 #
-# usage: attributes_test.sh ATTRIBUTES DOCUMENT
+# usage: attributes_test.sh ELEMENTS ATTRIBUTES DOCUMENT
 set -eu
 
-attributes=$(realpath "$1")
-document=$(realpath "$2")
+elements=$(realpath "$1")
+attributes=$(realpath "$2")
+document=$(realpath "$3")
 tools=$(dirname -- "$(realpath "${BASH_SOURCE[0]}")")
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
@@ -15,8 +16,25 @@ trap 'rm -rf -- "$folder"' EXIT
 . "$tools/console.sh"
 cd "$folder"
 
+# The rows of the document's tables of elements, each with the elements that it
+# stands in, and of types.
+documentedElements() {
+  awk -F ' *\\| *' '
+    !/^\|/ { row = 0; next }
+    ++row == 1 { wanted = $2 == "Element" || $2 == "`FeatureType`" }
+    wanted && row > 2 {
+      match($2, /`[A-Za-z]+`/)
+      text = substr($2, RSTART + 1, RLENGTH - 2)
+      while (match($3, /`[A-Z][A-Za-z]+`/)) {
+        text = text " " substr($3, RSTART + 1, RLENGTH - 2)
+        $3 = substr($3, RSTART + RLENGTH)
+      }
+      print text
+    }' "$document"
+}
+
 # The rows of the document's tables of attributes.
-documented() {
+documentedAttributes() {
   awk -F ' *\\| *' '
     /^##/ { place = $0; sub(/^#+ /, "", place) }
     /^\| / { inTable = inTable || $2 == "Attribute" && $3 == "Type" }
@@ -57,8 +75,12 @@ used() {
 failures=0
 same() { diff -u --label "$1" --label "$2" "$3" "$4" || failures=$((failures + 1)); }
 
+grep -v '^#' "$elements" >expected
+documentedElements >actual
+same list document expected actual
+
 grep -v '^#' "$attributes" >expected
-documented >actual
+documentedAttributes >actual
 same list document expected actual
 
 list=$(listBlocks "$document" .)
