@@ -171,6 +171,32 @@ TEST_F(SettingsFileTest, Settings_Refused_CallNoRoutine) {
                     "show\" lists the features\n"));
 }
 
+// A feature keeps its value when another one's routine makes it unavailable,
+// so it has to be set first, wherever its line stands.
+TEST_F(SettingsFileTest, Settings_LineThatForbidsALaterOne_AreMadeInAnotherOrder) {
+  describe("duplex.xml",
+           {feature("IntEntry", "Copies", "PSCommand='%d,' AddCallbackRoutine='forbidDuplex'"),
+            feature("IntEntry", "Duplex", "PSCommand='%d'")});
+  write("in.conf", "Copies=2\nDuplex=1\n");
+  EXPECT_EQ(run({"emit", "duplex.xml", "--to", "ps", "--callbacks", ROUTINES_LIBRARY, "--settings",
+                 "in.conf"}),
+            success("2,1"));
+  EXPECT_EQ(run({"emit", "duplex.xml", "--to", "ps", "--callbacks", ROUTINES_LIBRARY, "-o",
+                 "Copies=2", "--settings", "in.conf", "-o", "Duplex=3"}),
+            failure(2,
+                    "driver-feature: -o Duplex=3: feature \"Duplex\" is unavailable; leave it "
+                    "out\n"));
+}
+
+TEST_F(SettingsFileTest, Settings_RoutineEndsTheProgram_IsRefused) {
+  describe("end.xml", {feature("IntEntry", "A", "AddCallbackRoutine='endProcess'")});
+  write("in.conf", "A=2\n");
+  EXPECT_EQ(run({"show", "end.xml", "--callbacks", ROUTINES_LIBRARY, "--settings", "in.conf"}),
+            failure(2,
+                    "driver-feature: in.conf: the program ends when the settings are made, which a "
+                    "routine of the description may do; leave lines out to find the one\n"));
+}
+
 TEST_F(SettingsFileTest, Save_FileGrowsTooLarge_LeavesTheOldOneAndWritesNoOutput) {
   write("old.conf", "old");
   const RunResult result = run({"emit", "office.xml", "--to", "ps=job.ps", "--save", "old.conf",
