@@ -188,6 +188,25 @@ TEST_F(SettingsFileTest, Settings_LineThatForbidsALaterOne_AreMadeInAnotherOrder
                     "out\n"));
 }
 
+TEST_F(SettingsFileTest, Settings_RoutineChangesAnEarlierLine_MakesItAgain) {
+  describe("scale.xml",
+           {feature("IntEntry", "Copies", "PSCommand='%d,' AddCallbackRoutine='resetScale'"),
+            feature("IntEntry", "Scale", "PSCommand='%d'")});
+  write("in.conf", "Scale=4\nCopies=2\n");
+  EXPECT_EQ(run({"emit", "scale.xml", "--to", "ps", "--callbacks", ROUTINES_LIBRARY, "--settings",
+                 "in.conf"}),
+            success("2,4"));
+}
+
+TEST_F(SettingsFileTest, Settings_TwoFiles_TheLaterOnesRecordsReplaceTheOthers) {
+  write("a.conf", "[Logs]\nLevel=1\n[Jobs]\nTitle=t\nShift=1\n");
+  write("b.conf", "[Logs]\nLevel=2\n[Jobs] none\n");
+  EXPECT_EQ(run({"emit", "office.xml", "--to", "ticket=t.xml", "--settings", "a.conf", "--settings",
+                 "b.conf", "--save", "out.conf"}),
+            success(""));
+  EXPECT_TRUE(read("out.conf").ends_with("\nWrong=7\n\n[Jobs] none\n\n[Logs]\nLevel=2\n"));
+}
+
 TEST_F(SettingsFileTest, Settings_RoutineEndsTheProgram_IsRefused) {
   describe("end.xml", {feature("IntEntry", "A", "AddCallbackRoutine='endProcess'")});
   write("in.conf", "A=2\n");
