@@ -147,7 +147,7 @@ std::string strayText(const xmlNode& element) {
     const std::string text = reinterpret_cast<const char*>(child->content);
     const std::size_t begin = text.find_first_not_of(" \t\r\n");
     if (begin == std::string::npos) continue;
-    const std::string shown = text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
+    std::string shown = text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
     const auto characters = splitCharacters(shown);
     if (characters.size() <= kShownCharacters) return shown;
     const char* end = characters[kShownCharacters].data();

@@ -141,6 +141,8 @@ const std::vector<CheckRow>& structureRows() {
        "remove it; it belongs to IntEntry features [DF204]\n"
        "@:3:60: error: attribute \"Encrypted\" has no effect on feature \"A\" (FloatEntry); remove "
        "it; it belongs to TextEntry features [DF204]\n"
+       "    log: DriverFeature::setFeatureProperty(bool) - Attempt to set feature property:  "
+       "\"Encrypted\" for feature \"A\" to \\x01where the feature is not a text valued feature.\n"
        "@:4:40: error: attribute \"DefaultValue\" has no effect on feature \"B\" (UIOnly); remove "
        "it; it belongs to MultiSelect features, TextEntry features, IntEntry features, FloatEntry "
        "features [DF204]\n"

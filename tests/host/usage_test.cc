@@ -18,11 +18,11 @@ struct Row {
 TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
   const Row kRows[] = {
       {{},
-       "driver-feature: a command is needed: show, emit, dump, try; driver-feature --help explains "
+       "driver-feature: a command is needed: show, emit, dump, try, check; driver-feature --help explains "
        "them\n"},
       {{"shwo"}, "driver-feature: there is no command \"shwo\"; did you mean \"show\"?\n"},
       {{"print", "a.xml"},
-       "driver-feature: there is no command \"print\"; give one of show, emit, dump, try\n"},
+       "driver-feature: there is no command \"print\"; give one of show, emit, dump, try, check\n"},
       {{"--frob"},
        "driver-feature: \"--frob\" is not expected; driver-feature --help explains the usage\n"},
       {{"show"},
