@@ -76,6 +76,11 @@ const std::vector<CheckRow>& structureRows() {
        {"<BaseFeatureInfo DefaultCallbackHandler='testUpdate'/>"},
        "@:3:1: warning: this BaseFeatureInfo replaces the callbacks of line 2; remove one of them "
        "[DF109]\n"},
+      {"fault of one option, of which its sibling has none",
+       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>",
+        "<Option Name='x'/><Optoin Name='y'/><Option Name='z'/></Feature>"},
+       "@:4:19: warning: element <Optoin> is read as an option of feature \"A\"; name it <Option>, "
+       "or move it out of the feature [DF106]\n"},
       {"text that nobody reads, beside other faults; comments and blanks are none",
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>a<!-- b -->",
         "<Option Name='x' Zzz=''><![CDATA[text that goes on and on]]></Option></Feature>"},
