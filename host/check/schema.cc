@@ -124,11 +124,14 @@ bool isReportedItself(const Element& element, const Findings& findings) {
   });
 }
 
-// Where the cause of a complaint may lie: inside of the element, or, for one
-// that is only too many, anywhere in its parent.
+// Where the cause of a complaint may lie. libxml2 names the element at which
+// it gave up, which may be one behind the faulty one or inside of it. A child
+// of the description is trusted, unless it is only one too many.
 const Element& causeOf(const Complaint& complaint) {
   const Element& element = *complaint.element;
-  return complaint.isExtra && element.parent != nullptr ? *element.parent : element;
+  if (element.parent == nullptr) return element;
+  const bool isTrusted = element.parent->role == Role::kDescription && !complaint.isExtra;
+  return isTrusted ? element : *element.parent;
 }
 
 bool isReported(const Complaint& complaint, const Findings& findings) {

@@ -76,6 +76,14 @@ const std::vector<CheckRow>& structureRows() {
        {"<BaseFeatureInfo DefaultCallbackHandler='testUpdate'/>"},
        "@:3:1: warning: this BaseFeatureInfo replaces the callbacks of line 2; remove one of them "
        "[DF109]\n"},
+      {"fault of a list, which its options have no part in",
+       {"<Feature FeatureType='MultiSelect' Nam='A' DefaultValue='x'><Option Name='x'/></Feature>"},
+       "@:3:1: error: element <Feature> has no attribute \"Name\"; name it [DF201]\n"
+       "    log: CreateFeature() - No name defined for feature\n"
+       "@:3:36: error: there is no attribute \"Nam\" of element <Feature> (MultiSelect); did you "
+       "mean \"Name\"? [DF203]\n"
+       "@: note: the library does not load the description (exit status 1)\n"
+       "    log: CreateFeature() - No name defined for feature\n"},
       {"fault of one option, of which its sibling has none",
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>",
         "<Option Name='x'/><Optoin Name='y'/><Option Name='z'/></Feature>"},
