@@ -25,14 +25,25 @@ std::string placeOf(const Element& element) {
   return text;
 }
 
+// What the library logs about an attribute that it reads and cannot use.
+std::vector<std::string> linesAbout(const Element& element, const Attribute& attribute) {
+  if (element.role != Role::kFeature || attribute.name != "Encrypted") return {};
+  std::string line;
+  const auto value = boolOf(element, attribute.name, &line);
+  if (!value) return {line};
+  return {
+      "DriverFeature::setFeatureProperty(bool) - Attempt to set feature property:  "
+      "\"Encrypted\" for feature \"" +
+      element.name() + "\" to " + std::string(1, *value ? '\1' : '\0') +
+      "where the feature is not a text valued feature."};
+}
+
 void reportUnread(const Element& element, const Attribute& attribute, Findings& findings) {
   const std::string owners = ownersOf(attribute.name);
   if (!owners.empty()) {
-    findings.push_back({Code::kMisplacedAttribute,
-                        attribute.position,
+    findings.push_back({Code::kMisplacedAttribute, attribute.position,
                         "attribute \"" + attribute.name + "\" has no effect on " + placeOf(element),
-                        "remove it; it belongs to " + owners,
-                        {}});
+                        "remove it; it belongs to " + owners, linesAbout(element, attribute)});
     return;
   }
   const std::vector<std::string> names = attributeNames(element);

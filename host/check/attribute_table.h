@@ -15,8 +15,8 @@ enum class ValueForm : unsigned char { kText, kBool, kInt, kFloat };
 // One attribute of one kind of element. An attribute whose form depends on
 // the type of feature has one row for each form.
 struct AttributeRule {
-  Role role;
   const char* name;
+  Role role;
   ValueForm form = ValueForm::kText;
   unsigned kinds = ~0U;  // The types of feature that have it, a bit for each.
 };

@@ -17,18 +17,18 @@ const std::vector<std::string> kTypeWords = {"UIOnly",    "MultiSelect", "IntEnt
 
 struct TagRole {
   Role parent;
-  const char* tag;
   Role role;
+  const char* tag;
 };
 
 constexpr TagRole kTagRoles[] = {
-    {Role::kDescription, "Feature", Role::kFeature},
-    {Role::kDescription, "FeatureStaticGroup", Role::kStaticGroup},
-    {Role::kDescription, "FeatureDynamicGroup", Role::kDynamicGroup},
-    {Role::kDescription, "BaseFeatureInfo", Role::kBaseInfo},
-    {Role::kStaticGroup, "FeatureStaticGroup", Role::kStaticGroup},
-    {Role::kStaticGroup, "Feature", Role::kFeature},
-    {Role::kDynamicGroup, "FeatureStaticGroup", Role::kStaticGroup},
+    {Role::kDescription, Role::kFeature, "Feature"},
+    {Role::kDescription, Role::kStaticGroup, "FeatureStaticGroup"},
+    {Role::kDescription, Role::kDynamicGroup, "FeatureDynamicGroup"},
+    {Role::kDescription, Role::kBaseInfo, "BaseFeatureInfo"},
+    {Role::kStaticGroup, Role::kStaticGroup, "FeatureStaticGroup"},
+    {Role::kStaticGroup, Role::kFeature, "Feature"},
+    {Role::kDynamicGroup, Role::kStaticGroup, "FeatureStaticGroup"},
 };
 
 // Every child of a list feature is an option, whatever its tag. A feature of

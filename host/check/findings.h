@@ -83,8 +83,8 @@ enum class Code : unsigned char {
 
 struct CodeRow {
   Code code;
-  const char* name;  // As in "DF101". Never given to another kind of finding.
   Severity severity;
+  const char* name;         // As in "DF101". Never given to another kind of finding.
   const char* explanation;  // One or two sentences.
 };
 

@@ -49,7 +49,10 @@ bool hasRoutines(const Element& element) {
 }
 
 void checkRoutine(const Element& element, const RoutineRow& row, Findings& findings) {
-  if (!element.has(row.attribute)) return;
+  // The name of a change routine is looked for even when it is empty.
+  const bool isSought = row.code == Code::kNoChangeRoutine ? element.find(row.attribute) != nullptr
+                                                           : element.has(row.attribute);
+  if (!isSought) return;
   // Elsewhere the attribute is not read.
   if ((row.attribute == std::string("SortFunctionName")) != (element.role == Role::kDynamicGroup)) {
     return;

@@ -124,11 +124,14 @@ bool isReportedItself(const Element& element, const Findings& findings) {
   });
 }
 
-// Where the cause of a complaint may lie: inside of the element, or, for one
-// that is only too many, anywhere in its parent.
+// Where the cause of a complaint may lie. libxml2 names the element at which
+// it gave up, which may be one behind the faulty one or inside of it. A child
+// of the description is trusted, unless it is only one too many.
 const Element& causeOf(const Complaint& complaint) {
   const Element& element = *complaint.element;
-  return complaint.isExtra && element.parent != nullptr ? *element.parent : element;
+  if (element.parent == nullptr) return element;
+  const bool isTrusted = element.parent->role == Role::kDescription && !complaint.isExtra;
+  return isTrusted ? element : *element.parent;
 }
 
 bool isReported(const Complaint& complaint, const Findings& findings) {
@@ -147,7 +150,7 @@ std::string strayText(const xmlNode& element) {
     const std::string text = reinterpret_cast<const char*>(child->content);
     const std::size_t begin = text.find_first_not_of(" \t\r\n");
     if (begin == std::string::npos) continue;
-    const std::string shown = text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
+    std::string shown = text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
     const auto characters = splitCharacters(shown);
     if (characters.size() <= kShownCharacters) return shown;
     const char* end = characters[kShownCharacters].data();

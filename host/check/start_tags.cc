@@ -121,7 +121,7 @@ bool skipMarkup(Scanner& scanner) {
 }
 
 std::string convertToUtf8(const std::string& bytes, const char* encoding) {
-  const iconv_t converter = iconv_open("UTF-8", encoding);
+  iconv_t converter = iconv_open("UTF-8", encoding);
   // NOLINTNEXTLINE(performance-no-int-to-ptr): the failure value of iconv_open().
   if (converter == reinterpret_cast<iconv_t>(-1)) return bytes;
   std::string input = bytes;

@@ -15,7 +15,10 @@ struct Position {
   int line = 0;
   int column = 0;
 
-  friend auto operator<=>(const Position&, const Position&) = default;
+  bool operator==(const Position&) const = default;
+  bool operator<(const Position& other) const {
+    return line != other.line ? line < other.line : column < other.column;
+  }
 };
 
 struct StartTag {

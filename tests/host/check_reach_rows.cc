@@ -46,7 +46,11 @@ const std::vector<CheckRow>& reachRows() {
         "<FeatureStaticGroup Name='I' TESKJTAttributeName='i' TESKOAAttributeName='i' "
         "TESKAttributeSyntax='c'>",
         "<Feature FeatureType='IntEntry' Name='C' TESKOAAttributeName='c' "
-        "TESKAttributeSyntax='integer'/></FeatureStaticGroup></FeatureStaticGroup>"},
+        "TESKAttributeSyntax='integer'/></FeatureStaticGroup></FeatureStaticGroup>",
+        "<FeatureStaticGroup Name='J' AddPSCallbackRoutine='writeBytes' "
+        "AddVORNCallbackRoutine='writeBytes'><Feature FeatureType='IntEntry' Name='D' "
+        "PSCommand='%d' TESKJTAttributeName='d' TESKAttributeSyntax='integer'/>"
+        "</FeatureStaticGroup>"},
        "@:4:42: error: PSCommand of feature \"A\" is never written, because static group \"G\" has "
        "neither PSCommand nor AddPSCallbackRoutine; give the group PSCommand=\"%s\" [DF604]\n"
        "@:5:42: error: TESKOAAttributeName of feature \"B\" is never written, because static group "

@@ -32,11 +32,16 @@ const std::vector<CheckRow>& routineRows() {
        "    log: FeatureXMLTagHandler() - Invalid element tag \"Other\".\n"},
       {"change routine",
        {"<Feature FeatureType='IntEntry' Name='A' AddCallbackRoutine='gone'/>",
+        "<Feature FeatureType='IntEntry' Name='C' AddCallbackRoutine=''/>",
         "<Feature FeatureType='IntEntry' Name='B' AddCallbackRoutine='forbidDuplex'/>"},
        "@:3:42: error: there is no routine \"gone\" for AddCallbackRoutine of feature \"A\"; "
        "correct the name or give the library that has the routine with --callbacks [DF803]\n"
        "    log: DriverFeature::setFeatureProperty(string):  Failed to load custom feature "
-       "callback:  gone\n"},
+       "callback:  gone\n"
+       "@:4:42: error: there is no routine \"\" for AddCallbackRoutine of feature \"C\"; correct "
+       "the name or give the library that has the routine with --callbacks [DF803]\n"
+       "    log: DriverFeature::setFeatureProperty(string):  Failed to load custom feature "
+       "callback:  \n"},
       {"output routines, at top level and in groups",
        {"<Feature FeatureType='IntEntry' Name='A' AddPJLCallbackRoutine='gone'/>",
         "<FeatureStaticGroup Name='G' AddVORNCallbackRoutine='gone' PSCommand='%s'>",

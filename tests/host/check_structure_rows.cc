@@ -76,6 +76,19 @@ const std::vector<CheckRow>& structureRows() {
        {"<BaseFeatureInfo DefaultCallbackHandler='testUpdate'/>"},
        "@:3:1: warning: this BaseFeatureInfo replaces the callbacks of line 2; remove one of them "
        "[DF109]\n"},
+      {"fault of a list, which its options have no part in",
+       {"<Feature FeatureType='MultiSelect' Nam='A' DefaultValue='x'><Option Name='x'/></Feature>"},
+       "@:3:1: error: element <Feature> has no attribute \"Name\"; name it [DF201]\n"
+       "    log: CreateFeature() - No name defined for feature\n"
+       "@:3:36: error: there is no attribute \"Nam\" of element <Feature> (MultiSelect); did you "
+       "mean \"Name\"? [DF203]\n"
+       "@: note: the library does not load the description (exit status 1)\n"
+       "    log: CreateFeature() - No name defined for feature\n"},
+      {"fault of one option, of which its sibling has none",
+       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>",
+        "<Option Name='x'/><Optoin Name='y'/><Option Name='z'/></Feature>"},
+       "@:4:19: warning: element <Optoin> is read as an option of feature \"A\"; name it <Option>, "
+       "or move it out of the feature [DF106]\n"},
       {"text that nobody reads, beside other faults; comments and blanks are none",
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>a<!-- b -->",
         "<Option Name='x' Zzz=''><![CDATA[text that goes on and on]]></Option></Feature>"},
@@ -141,6 +154,8 @@ const std::vector<CheckRow>& structureRows() {
        "remove it; it belongs to IntEntry features [DF204]\n"
        "@:3:60: error: attribute \"Encrypted\" has no effect on feature \"A\" (FloatEntry); remove "
        "it; it belongs to TextEntry features [DF204]\n"
+       "    log: DriverFeature::setFeatureProperty(bool) - Attempt to set feature property:  "
+       "\"Encrypted\" for feature \"A\" to \\x01where the feature is not a text valued feature.\n"
        "@:4:40: error: attribute \"DefaultValue\" has no effect on feature \"B\" (UIOnly); remove "
        "it; it belongs to MultiSelect features, TextEntry features, IntEntry features, FloatEntry "
        "features [DF204]\n"

@@ -170,7 +170,7 @@ TEST_F(CheckTest, Check_UnusableFiles_AreReportedWithTheOthers) {
 TEST_F(CheckTest, Check_DescriptionInsideOfAnother_PlacesCountFromTheFile) {
   write("d.xml",
         "<!DOCTYPE D [<!ELEMENT D ANY> <!-- ]> -->]>\n<D a='>'><P b=']]>'/>"
-        "<![CDATA[<X>]]>\n\n"
+        "<![CDATA[ > <X>]]>\n\n"
         "\xC3\xA4 <FeatureDescription><BaseFeatureInfo\n   DefaultCallbackHandler =\n"
         " 'DriverFeatureHostUpdate' c='\xC3\xA4' d=''/></FeatureDescription>\n"
         "<FeatureDescription/></D>\n");
