@@ -100,6 +100,7 @@ void DescriptionIndex::addFeature(void* element, const AttributeMap& attributes)
     const auto length = intOf(attributes, "MaxTextLength");
     if (length && *length > 0) limits.maxTextLength = length;
     limits.allowedCharacters = textOf(attributes, "TextValidationCharSet");
+    limits.changeRoutine = textOf(attributes, "AddCallbackRoutine");
   }
   features_[textOf(attributes, "Name")] = limits;
 }

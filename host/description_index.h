@@ -27,6 +27,7 @@ struct FeatureLimits {
   std::optional<float> floatMax;
   std::optional<int> maxTextLength;  // In characters.
   std::string allowedCharacters;
+  std::string changeRoutine;  // Its name, which the library does not tell either.
 };
 
 enum class GroupKind { kNone, kStatic, kDynamic };

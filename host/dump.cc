@@ -13,10 +13,11 @@ int dump(const SessionRequest& sessionRequest, const Changes& changes) {
   {
     const StandardOutputDiversion diversion;
     int status = kSuccess;
-    session = Session::open(sessionRequest, status);
+    session = openChanged(sessionRequest, changes, status);
     if (!session) return status;
-    if (!makeChanges(*session, changes)) return kUnusable;
   }
+  const int saved = deliver(saveResults(*session, changes));
+  if (saved != kSuccess) return saved;
   // The library prints through the C++ stream that this program shares.
   errno = 0;
   session->features().dumpFeatureListValues();

@@ -1,36 +1,38 @@
 #include "host/emit.h"
 
+#include <map>
+
 #include "host/console.h"
-#include "host/output_file.h"
 
 namespace driver_feature {
 
 namespace {
 
-// Answers the exit status; for success the bytes are in `output`.
-int produce(const SessionRequest& sessionRequest, const Changes& changes,
-            const EmitRequest& request, std::string& output) {
-  const StandardOutputDiversion diversion;
-  int status = kSuccess;
-  const auto session = Session::open(sessionRequest, status);
-  if (!session) return status;
-  if (!makeChanges(*session, changes)) return kUnusable;
-  session->features().serialize(output, static_cast<int>(request.form), request.installableOptions,
-                                request.ticketArgument1.c_str(), request.ticketArgument2.c_str());
-  return kSuccess;
+Result produce(CoreFeatureSet& set, const EmitRequest& request, const FormRequest& form) {
+  Result result{form.file.empty() ? request.file : form.file, ""};
+  set.serialize(result.bytes, static_cast<int>(form.form), request.installableOptions,
+                request.ticketArgument1.c_str(), request.ticketArgument2.c_str());
+  return result;
 }
 
 }  // namespace
 
+std::optional<OutputForm> formNamed(const std::string& name) {
+  static const std::map<std::string, OutputForm> kForms = {
+      {"pjl", OutputForm::kPjl}, {"ps", OutputForm::kPostScript}, {"ticket", OutputForm::kTicket}};
+  const auto found = kForms.find(name);
+  if (found == kForms.end()) return std::nullopt;
+  return found->second;
+}
+
 int emit(const SessionRequest& sessionRequest, const Changes& changes, const EmitRequest& request) {
-  std::string output;
-  const int status = produce(sessionRequest, changes, request, output);
-  if (status != kSuccess) return status;
-  const WriteProblem problem =
-      request.file.empty() ? writeToStandardOutput(output) : writeToFile(request.file, output);
-  if (!problem) return kSuccess;
-  complain(*problem);
-  return kFailure;
+  return workOnDescription(sessionRequest, changes,
+                           [&request](Session& session, std::vector<Result>& results) {
+                             for (const FormRequest& form : request.forms) {
+                               results.push_back(produce(session.features(), request, form));
+                             }
+                             return kSuccess;
+                           });
 }
 
 }  // namespace driver_feature

@@ -8,7 +8,8 @@ namespace driver_feature {
 
 namespace {
 
-// The library's type codes of groups.
+// The library's type codes of groups, and of the features that hold a float.
+constexpr int kFloatEntry = 4;
 constexpr int kStaticGroup = 6;
 constexpr int kTemplate = 7;
 constexpr int kDynamicGroup = 8;
@@ -57,8 +58,16 @@ int DynamicGroupView::count() const {
 
 Record DynamicGroupView::templateValues() const {
   Record values;
-  forEachMember(*shapeGroup_,
-                [&](CoreFeature& member) { values.push_back(textOf(member, "ValueString")); });
+  forEachMember(*shapeGroup_, [&](CoreFeature& member) {
+    if (member.getFeatureType() == kFloatEntry) {
+      // The value's own text has six decimals and may be another number's.
+      float number = 0;
+      member.getFeatureProperty(std::string("CurrentFloatValue"), &number);
+      values.push_back(numberText(number));
+    } else {
+      values.push_back(textOf(member, "ValueString"));
+    }
+  });
   return values;
 }
 
@@ -86,10 +95,22 @@ std::vector<Record> DynamicGroupView::records() const {
 }
 
 bool DynamicGroupView::add(const Record& values) const {
+  return add(values, true);
+}
+
+bool DynamicGroupView::addUnsorted(const Record& values) const {
+  return add(values, false);
+}
+
+void DynamicGroupView::removeAll() const {
+  group_->removeAllDynamicEntries();
+}
+
+bool DynamicGroupView::add(const Record& values, bool sort) const {
   AttributeMap map;
   const std::vector<std::string> names = memberNames();
   for (std::size_t i = 0; i < names.size(); ++i) map[names[i]] = values[i];
-  return group_->addStaticGroupToDynamicGroup(map);
+  return group_->addStaticGroupToDynamicGroupWithSort(map, sort);
 }
 
 std::optional<StaticGroupView> findStaticGroup(CoreFeatureSet& set, const std::string& name) {

@@ -49,7 +49,13 @@ class DynamicGroupView {
   // the library refuses it.
   bool add(const Record& values) const;
 
+  // Adds a record behind the others. False when the library refuses it.
+  bool addUnsorted(const Record& values) const;
+
+  void removeAll() const;
+
  private:
+  bool add(const Record& values, bool sort) const;
   Record templateValues() const;
   void setTemplateValues(const Record& values) const;
 

@@ -4,11 +4,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <memory>
+#include <utility>
+
+#include "host/temporary_file.h"
 
 namespace driver_feature {
 
@@ -21,61 +25,11 @@ std::string problemOf(const std::string& file, const std::string& action) {
   return file + ": " + action + ": " + std::strerror(errno);
 }
 
-bool writeAll(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
 mode_t modeOfNewFile() {
   const mode_t mask = ::umask(0);
   ::umask(mask);
   return 0666U & ~mask;
 }
-
-// A file that is removed again unless it has been given its final name.
-class TemporaryFile {
- public:
-  explicit TemporaryFile(const fs::path& folder)
-      : path_((folder / ".driver-feature-XXXXXX").string()),
-        descriptor_(::mkostemp(path_.data(), O_CLOEXEC)) {}
-  ~TemporaryFile() {
-    if (descriptor_ == -1) return;
-    ::close(descriptor_);
-    if (!path_.empty()) ::unlink(path_.c_str());
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-  bool isOpen() const { return descriptor_ != -1; }
-
-  bool write(std::string_view bytes) const {
-    return writeAll(descriptor_, bytes) && ::fsync(descriptor_) == 0;
-  }
-
-  // The owner can be kept by the superuser only, and is worth a try.
-  bool takeOver(const struct stat& old) const {
-    const bool owned = ::fchown(descriptor_, old.st_uid, old.st_gid) == 0;
-    // Without the owner the set-user bit would be another user's.
-    return ::fchmod(descriptor_, old.st_mode & (owned ? 07777U : 0777U)) == 0;
-  }
-
-  bool setMode(mode_t mode) const { return ::fchmod(descriptor_, mode) == 0; }
-
-  bool rename(const fs::path& target) {
-    if (::rename(path_.c_str(), target.c_str()) != 0) return false;
-    path_.clear();
-    return true;
-  }
-
- private:
-  std::string path_;
-  int descriptor_;
-};
 
 // A file name is durable once its folder is. Not every file system can do
 // that, and the bytes are safe already.
@@ -97,18 +51,6 @@ WriteProblem writeDirectly(const std::string& path, std::string_view bytes) {
   return problem;
 }
 
-WriteProblem replaceFile(const std::string& path, const fs::path& target, const struct stat* old,
-                         std::string_view bytes) {
-  const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-  TemporaryFile file(folder);
-  if (!file.isOpen()) return problemOf(path, "a temporary file beside it cannot be created");
-  const bool prepared = old != nullptr ? file.takeOver(*old) : file.setMode(modeOfNewFile());
-  if (!prepared || !file.write(bytes)) return problemOf(path, "cannot be written");
-  if (!file.rename(target)) return problemOf(path, "cannot be replaced");
-  flushFolder(folder);
-  return std::nullopt;
-}
-
 bool isProcessFile(const fs::path& path) {
   return path.string().starts_with("/proc/");
 }
@@ -126,6 +68,104 @@ fs::path followLinks(fs::path path) {
   return path;
 }
 
+// One result on its way to its file.
+class Delivery {
+ public:
+  Delivery(const std::string& path, std::string_view bytes)
+      : path_(path.empty() ? "-" : path), bytes_(bytes) {}
+
+  // Finds out where the result goes.
+  WriteProblem locate() {
+    if (path_ == "-") return std::nullopt;
+    struct stat old {};
+    if (::stat(path_.c_str(), &old) != 0) {
+      if (errno != ENOENT) return problemOf(path_, "cannot be opened");
+      target_ = followLinks(path_);
+      return std::nullopt;
+    }
+    const fs::path target = followLinks(path_);
+    if (!S_ISREG(old.st_mode) || isProcessFile(target)) return std::nullopt;
+    // Replacing the file would get around its write protection.
+    if (::faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0) {
+      return problemOf(path_, "cannot be opened");
+    }
+    target_ = target;
+    old_ = old;
+    return std::nullopt;
+  }
+
+  const std::string& path() const { return path_; }
+
+  bool hasSameFileAs(const Delivery& other) const {
+    if (target_.empty() || other.target_.empty()) return false;
+    std::error_code error;
+    return fs::weakly_canonical(folder(), error) / target_.filename() ==
+           fs::weakly_canonical(other.folder(), error) / other.target_.filename();
+  }
+
+  // Brings the bytes of a file to the disk.
+  WriteProblem stage(SignalDelay& delay) {
+    if (target_.empty()) return std::nullopt;
+    file_ = std::make_unique<TemporaryFile>(folder(), delay);
+    if (!file_->isOpen()) {
+      return problemOf(path_, "a temporary file beside it cannot be created");
+    }
+    const bool prepared = old_ ? file_->takeOver(*old_) : file_->setMode(modeOfNewFile());
+    if (prepared && file_->write(bytes_)) return std::nullopt;
+    return problemOf(path_, "cannot be written");
+  }
+
+  // Writes to what is no file.
+  WriteProblem send() const {
+    if (!target_.empty()) return std::nullopt;
+    return path_ == "-" ? writeToStandardOutput(bytes_) : writeDirectly(path_, bytes_);
+  }
+
+  // Makes the bytes the content of the file.
+  WriteProblem finish() {
+    if (target_.empty()) return std::nullopt;
+    if (!file_->rename(target_)) return problemOf(path_, "cannot be replaced");
+    flushFolder(folder());
+    return std::nullopt;
+  }
+
+ private:
+  fs::path folder() const {
+    return target_.has_parent_path() ? target_.parent_path() : fs::path(".");
+  }
+
+  std::string path_;
+  std::string_view bytes_;
+  fs::path target_;  // Of a file; empty for anything else.
+  std::optional<struct stat> old_;
+  std::unique_ptr<TemporaryFile> file_;
+};
+
+WriteProblem locateAll(std::vector<Delivery>& deliveries) {
+  for (auto delivery = deliveries.begin(); delivery != deliveries.end(); ++delivery) {
+    if (WriteProblem problem = delivery->locate()) return problem;
+    const bool again = std::any_of(deliveries.begin(), delivery, [&](const Delivery& other) {
+      return other.hasSameFileAs(*delivery);
+    });
+    if (again) return delivery->path() + ": is given for two outputs; give each its own file";
+  }
+  return std::nullopt;
+}
+
+WriteProblem deliverAll(std::vector<Delivery> deliveries, SignalDelay& delay) {
+  if (WriteProblem problem = locateAll(deliveries)) return problem;
+  for (Delivery& delivery : deliveries) {
+    if (WriteProblem problem = delivery.stage(delay)) return problem;
+  }
+  for (const Delivery& delivery : deliveries) {
+    if (WriteProblem problem = delivery.send()) return problem;
+  }
+  for (Delivery& delivery : deliveries) {
+    if (WriteProblem problem = delivery.finish()) return problem;
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 WriteProblem writeToStandardOutput(std::string_view bytes) {
@@ -134,21 +174,17 @@ WriteProblem writeToStandardOutput(std::string_view bytes) {
 }
 
 WriteProblem writeToFile(const std::string& path, std::string_view bytes) {
-  if (path == "-") return writeToStandardOutput(bytes);
-  struct stat old {};
-  if (::stat(path.c_str(), &old) != 0) {
-    if (errno != ENOENT) return problemOf(path, "cannot be opened");
-    return replaceFile(path, followLinks(path), nullptr, bytes);
-  }
-  const fs::path target = followLinks(path);
-  if (!S_ISREG(old.st_mode) || isProcessFile(target)) {
-    return writeDirectly(path, bytes);
-  }
-  // Replacing the file would get around its write protection.
-  if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
-    return problemOf(path, "cannot be opened");
-  }
-  return replaceFile(path, target, &old, bytes);
+  SignalDelay delay;
+  std::vector<Delivery> deliveries;
+  deliveries.emplace_back(path, bytes);
+  return deliverAll(std::move(deliveries), delay);
+}
+
+WriteProblem writeResults(const std::vector<Result>& results) {
+  SignalDelay delay;
+  std::vector<Delivery> deliveries;
+  for (const Result& result : results) deliveries.emplace_back(result.path, result.bytes);
+  return deliverAll(std::move(deliveries), delay);
 }
 
 }  // namespace driver_feature

@@ -103,7 +103,9 @@ class RecordCheck {
   const std::vector<std::string>& members_;
 };
 
-Refusal refuseGroup(const Model& model, const std::string& name) {
+}  // namespace
+
+std::string refuseDynamicGroup(const Model& model, const std::string& name) {
   std::vector<std::string> names;
   for (const GroupEntry& group : model.index.groups()) {
     if (group.kind == GroupKind::kDynamic) names.push_back(group.name);
@@ -112,11 +114,9 @@ Refusal refuseGroup(const Model& model, const std::string& name) {
   return "there is no dynamic group " + quoted(name) + "; give one of " + join(names, ", ");
 }
 
-}  // namespace
-
 Refusal addRecords(CoreFeatureSet& set, const Model& model, const RecordsRequest& request) {
   const auto group = findDynamicGroup(set, model.index, request.group);
-  if (!group) return refuseGroup(model, request.group);
+  if (!group) return refuseDynamicGroup(model, request.group);
   std::string text;
   Json json;
   if (Refusal refusal = readFile(request.file, text)) return refusal;

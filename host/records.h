@@ -25,6 +25,9 @@ struct RecordsRequest {
 // the checks.
 Refusal addRecords(CoreFeatureSet& set, const Model& model, const RecordsRequest& request);
 
+// Why a name that belongs to no dynamic group takes no records.
+std::string refuseDynamicGroup(const Model& model, const std::string& name);
+
 }  // namespace driver_feature
 
 #endif  // HOST_RECORDS_H_

@@ -5,10 +5,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include <cmath>
-#include <utility>
 #include <vector>
 
+#include "host/limits_view.h"
 #include "host/show_groups.h"
 #include "host/table.h"
 
@@ -31,35 +30,9 @@ std::string choiceText(const Choice& choice) {
 std::vector<std::string> choicesAndLimits(const FeatureView& feature, const FeatureLimits& limits) {
   std::vector<std::string> parts;
   for (const Choice& choice : feature.choices()) parts.push_back(choiceText(choice));
-  for (std::string range :
-       {rangeText(limits.intMin, limits.intMax), rangeText(limits.floatMin, limits.floatMax)}) {
-    if (!range.empty()) parts.push_back(std::move(range));
-  }
-  if (limits.maxTextLength) {
-    parts.push_back("at most " + std::to_string(*limits.maxTextLength) + " characters");
-  }
-  if (!limits.allowedCharacters.empty()) {
-    parts.push_back("only \"" + limits.allowedCharacters + "\"");
-  }
+  for (const std::string& text : limitTexts(limits)) parts.push_back(text);
   if (feature.isEncrypted()) parts.emplace_back("encrypted");
   return parts;
-}
-
-TableRow headingRow() {
-  return {{"NAME", "TYPE", "VALUE", "AVAILABILITY"}, {"CHOICES AND LIMITS"}};
-}
-
-TableRow featureRow(const std::string& name, const FeatureView& feature,
-                    const FeatureLimits& limits) {
-  return {{name, feature.typeName(), valueText(feature),
-           availabilityText(feature.isAvailable(), feature.isVisible())},
-          choicesAndLimits(feature, limits)};
-}
-
-// A float as the decimal number that a reader expects: 0.1, not 0.10000000149.
-Json floatJson(float number) {
-  if (!std::isfinite(number)) return nullptr;
-  return Json::parse(numberText(number)).get<double>();
 }
 
 Json valueJson(const FeatureView& feature) {
@@ -88,17 +61,6 @@ Json choicesJson(const std::vector<Choice>& choices) {
   return list;
 }
 
-Json limitsJson(const FeatureLimits& limits) {
-  Json json = Json::object();
-  if (limits.intMin) json["minimum"] = *limits.intMin;
-  if (limits.intMax) json["maximum"] = *limits.intMax;
-  if (limits.floatMin) json["minimum"] = floatJson(*limits.floatMin);
-  if (limits.floatMax) json["maximum"] = floatJson(*limits.floatMax);
-  if (limits.maxTextLength) json["maximumLength"] = *limits.maxTextLength;
-  if (!limits.allowedCharacters.empty()) json["characters"] = limits.allowedCharacters;
-  return json;
-}
-
 }  // namespace
 
 std::string valueText(const FeatureView& feature) {
@@ -117,16 +79,14 @@ std::string valueText(const FeatureView& feature) {
 }
 
 std::string showTable(const Model& model, CoreFeatureSet& set, std::size_t width) {
-  std::vector<TableRow> rows = {headingRow()};
+  std::vector<TableRow> rows = {
+      {{"NAME", "TYPE", "VALUE", "AVAILABILITY"}, {"CHOICES AND LIMITS"}}};
   for (const auto& [name, feature] : model.features) {
-    rows.push_back(featureRow(name, feature, model.index.limitsOf(name)));
+    rows.push_back({{name, feature.typeName(), valueText(feature),
+                     availabilityText(feature.isAvailable(), feature.isVisible())},
+                    choicesAndLimits(feature, model.index.limitsOf(name))});
   }
   return layOut(rows, width) + showGroups(model, set, width);
-}
-
-std::string showFeature(const Model& model, const std::string& name, std::size_t width) {
-  const FeatureView& feature = model.features.at(name);
-  return layOut({headingRow(), featureRow(name, feature, model.index.limitsOf(name))}, width);
 }
 
 std::string showJson(const Model& model, CoreFeatureSet& set) {

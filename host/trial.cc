@@ -45,7 +45,7 @@ bool compare(const Values& before, const Values& changed, const Values& after, s
 }  // namespace
 
 int tryChanges(const SessionRequest& sessionRequest, const Changes& changes) {
-  std::string text;
+  std::vector<Result> results;
   bool restored = false;
   {
     const StandardOutputDiversion diversion;
@@ -58,13 +58,12 @@ int tryChanges(const SessionRequest& sessionRequest, const Changes& changes) {
     session->save(names);
     if (!makeChanges(*session, changes)) return kUnusable;
     const Values changed = valuesOf(model);
+    results = saveResults(*session, changes);
     session->restore(names);
-    restored = compare(before, changed, valuesOf(model), text);
+    results.emplace_back();
+    restored = compare(before, changed, valuesOf(model), results.back().bytes);
   }
-  if (const WriteProblem problem = writeToStandardOutput(text)) {
-    complain(*problem);
-    return kFailure;
-  }
+  if (const int status = deliver(results); status != kSuccess) return status;
   if (restored) return kSuccess;
   complain("not every value was restored; a routine of the description changes them");
   return kFailure;

@@ -1,5 +1,7 @@
 // Arguments: help, versions, and what is refused before any file is read.
 
+#include <gmock/gmock.h>
+
 #include <cstdlib>
 
 #include "host/program_runner.h"
@@ -18,11 +20,12 @@ struct Row {
 TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
   const Row kRows[] = {
       {{},
-       "driver-feature: a command is needed: show, emit, dump, try, shell; driver-feature --help "
-       "explains them\n"},
+       "driver-feature: a command is needed: show, emit, dump, try, diff, shell; driver-feature "
+       "--help explains them\n"},
       {{"shwo"}, "driver-feature: there is no command \"shwo\"; did you mean \"show\"?\n"},
       {{"print", "a.xml"},
-       "driver-feature: there is no command \"print\"; give one of show, emit, dump, try, shell\n"},
+       "driver-feature: there is no command \"print\"; give one of show, emit, dump, try, diff, "
+       "shell\n"},
       {{"--frob"},
        "driver-feature: \"--frob\" is not expected; driver-feature --help explains the usage\n"},
       {{"show"},
@@ -30,7 +33,7 @@ TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
       {{"show", "a.xml", "--frob"},
        "driver-feature: \"--frob\" is not expected; driver-feature show --help explains the "
        "usage\n"},
-      {{"show", "a.xml", "b.xml"},
+      {{"show", "a.xml", "B", "b.xml"},
        "driver-feature: \"b.xml\" is not expected; driver-feature show --help explains the "
        "usage\n"},
       {{"show", "a.xml", "-v", "-q"},
@@ -68,8 +71,8 @@ TEST_F(UsageTest, Help_ProgramAndCommands_EndsWithZeroAndShowsExamples) {
   EXPECT_EQ(emit.status, 0);
   EXPECT_EQ(emit.errors, "");
   for (const char* text :
-       {"Usage: driver-feature emit ", "--to FORM", "-o,--option NAME=VALUE", "--output FILE",
-        "--inst-opt", "--ticket-argument1 TEXT", "--ticket-argument2 TEXT",
+       {"Usage: driver-feature emit ", "--to FORM[=FILE]", "-o,--option NAME=VALUE",
+        "--output FILE", "--inst-opt", "--ticket-argument1 TEXT", "--ticket-argument2 TEXT",
         "Examples:\n  driver-feature emit office.xml"}) {
     EXPECT_NE(emit.output.find(text), std::string::npos) << text;
   }
@@ -94,32 +97,42 @@ class LibrarySearchTest : public ProgramTest {
     return runIn(folder(), folder() / "bin/driver-feature", {"--version"}, prepare);
   }
 
-  std::string versionsWith(const std::string& library) const {
-    return "driver-feature " DRIVER_FEATURE_PROGRAM_VERSION "\nDriver Feature Library v1.0 (" +
-           library + ")\n";
+  // Expects the program's version and build, and then this library.
+  void expectVersions(const RunResult& result, const std::string& library) const {
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    const std::size_t end = result.output.find('\n') + 1;
+    EXPECT_THAT(result.output.substr(0, end),
+                testing::MatchesRegex("driver-feature " DRIVER_FEATURE_PROGRAM_VERSION
+                                      " \\([^,]+, (GCC|Clang) [^,]+, [a-z0-9_]+\\)\n"));
+    EXPECT_EQ(result.output.substr(end), library);
+  }
+
+  static std::string versionsWith(const std::string& library) {
+    return "Driver Feature Library v1.0 (" + library + ")\n";
   }
 };
 
 TEST_F(LibrarySearchTest, Version_LibraryInTheLibraryFolder_NamesIt) {
   fs::copy(DRIVER_FEATURE_LIBRARY, folder() / "lib");
   fs::copy(DRIVER_FEATURE_LIBRARY, folder() / "bin");
-  EXPECT_EQ(versionOf(), success(versionsWith(folder() / "lib/libDriverFeature.so")));
+  expectVersions(versionOf(), versionsWith(folder() / "lib/libDriverFeature.so"));
 }
 
 TEST_F(LibrarySearchTest, Version_LibraryBesideTheProgram_NamesIt) {
   fs::copy(DRIVER_FEATURE_LIBRARY, folder() / "bin");
-  EXPECT_EQ(versionOf(), success(versionsWith(folder() / "bin/libDriverFeature.so")));
+  expectVersions(versionOf(), versionsWith(folder() / "bin/libDriverFeature.so"));
 }
 
 TEST_F(LibrarySearchTest, Version_LibraryElsewhere_IsLeftToTheLoader) {
   const std::string place = fs::path(DRIVER_FEATURE_LIBRARY).parent_path();
-  EXPECT_EQ(versionOf([&place] { setenv("LD_LIBRARY_PATH", place.c_str(), 1); }),
-            success(versionsWith("libDriverFeature.so")));
+  expectVersions(versionOf([&place] { setenv("LD_LIBRARY_PATH", place.c_str(), 1); }),
+                 versionsWith("libDriverFeature.so"));
 }
 
 TEST_F(LibrarySearchTest, Version_NoLibrary_PrintsTheProgramsOnly) {
   write("lib/libDriverFeature.so", "no library");
-  EXPECT_EQ(versionOf(), success("driver-feature " DRIVER_FEATURE_PROGRAM_VERSION "\n"));
+  expectVersions(versionOf(), "");
 }
 
 TEST_F(UsageTest, Version_LibraryGivenButUnusable_Fails) {

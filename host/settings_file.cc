@@ -1,0 +1,145 @@
+#include "host/settings_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+
+#include "host/group_view.h"
+#include "host/process_copy.h"
+#include "host/settings_plan.h"
+#include "host/settings_text.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kHeading =
+    "# Settings of driver-feature.\n"
+    "# NAME=VALUE sets a feature. \"[GROUP]\" begins a record of a dynamic group.\n"
+    "# In values: \\\\ backslash, \\s blank at an end, \\t tab, \\n line end, \\xNN byte.\n";
+
+std::string recordLines(CoreFeatureSet& set, const Model& model, const std::string& name) {
+  const auto group = findDynamicGroup(set, model.index, name);
+  if (!group) return "";
+  const std::vector<std::string> members = group->memberNames();
+  const std::vector<Record> records = group->records();
+  if (records.empty()) return "\n" + noRecordsLine(name);
+  std::string lines;
+  for (const Record& record : records) {
+    lines += "\n" + recordLine(name);
+    for (std::size_t i = 0; i < members.size(); ++i) {
+      const auto feature = model.features.find(members[i]);
+      if (feature == model.features.end() || !feature->second.hasValue()) continue;
+      lines += settingLine({members[i], record[i]});
+    }
+  }
+  return lines;
+}
+
+Refusal readFile(const std::string& path, std::string& text) {
+  errno = 0;
+  std::ifstream file(path, std::ios::binary);
+  if (file) text.assign(std::istreambuf_iterator<char>(file), {});
+  // A folder can be opened and fails only when it is read.
+  if (file && !file.bad() && errno != EISDIR) return std::nullopt;
+  return path + ": cannot be read: " + std::strerror(errno != 0 ? errno : EIO) +
+         "; give a settings file";
+}
+
+// The refusals that the plan has in a copy of the process.
+std::vector<LineRefusal> rehearse(CoreFeatureSet& set, const Model& model,
+                                  const SettingsText& text) {
+  const auto texts = runInCopy(CopyStreams::kMuted, [&] {
+    std::vector<std::string> told;
+    for (const LineRefusal& refusal : applyLines(set, model, text)) {
+      told.push_back(std::to_string(refusal.line));
+      told.push_back(refusal.reason);
+    }
+    return told;
+  });
+  if (!texts) {
+    return {
+        {1, "the settings end the program when they are made; leave lines out to find the one"}};
+  }
+  std::vector<LineRefusal> refusals;
+  for (std::size_t i = 0; i + 1 < texts->size(); i += 2) {
+    LineRefusal refusal{0, (*texts)[i + 1]};
+    const std::string& line = (*texts)[i];
+    std::from_chars(line.data(), line.data() + line.size(), refusal.line);
+    refusals.push_back(refusal);
+  }
+  return refusals;
+}
+
+bool isRefused(const std::vector<LineRefusal>& refusals, int line) {
+  return std::any_of(refusals.begin(), refusals.end(),
+                     [line](const LineRefusal& refusal) { return refusal.line == line; });
+}
+
+// Finds an order in which every line can be made, by making refused lines
+// before the others: a feature keeps a value although another one's makes it
+// unavailable later. Answers the refusals of the file's own order when there
+// is none.
+std::vector<LineRefusal> findOrder(CoreFeatureSet& set, const Model& model, SettingsText& text) {
+  constexpr int kAttempts = 4;
+  const std::vector<LineRefusal> first = rehearse(set, model, text);
+  std::vector<LineRefusal> refusals = first;
+  for (int attempt = 1; !refusals.empty() && attempt < kAttempts; ++attempt) {
+    std::stable_partition(
+        text.features.begin(), text.features.end(),
+        [&refusals](const SettingsLine& line) { return isRefused(refusals, line.line); });
+    refusals = rehearse(set, model, text);
+  }
+  return refusals.empty() ? refusals : first;
+}
+
+}  // namespace
+
+std::string composeSettings(CoreFeatureSet& set, const Model& model) {
+  std::string text = kHeading;
+  for (const auto& [name, feature] : model.features) {
+    if (const auto value = settingText(feature)) text += settingLine({name, *value});
+  }
+  for (const GroupEntry& group : model.index.groups()) {
+    if (group.kind == GroupKind::kDynamic) text += recordLines(set, model, group.name);
+  }
+  return text;
+}
+
+std::vector<std::string> loadSettings(CoreFeatureSet& set, const Model& model,
+                                      const std::string& file) {
+  std::string bytes;
+  if (const Refusal refusal = readFile(file, bytes)) return {*refusal};
+  SettingsText text = parseSettings(bytes);
+  std::vector<LineRefusal> refusals = text.refusals;
+  const std::vector<LineRefusal> more = findOrder(set, model, text);
+  refusals.insert(refusals.end(), more.begin(), more.end());
+  if (refusals.empty()) refusals = applyLines(set, model, text);
+  std::stable_sort(refusals.begin(), refusals.end(),
+                   [](const LineRefusal& a, const LineRefusal& b) { return a.line < b.line; });
+  std::vector<std::string> told;
+  for (const LineRefusal& refusal : refusals) {
+    told.push_back(file + ":" + std::to_string(refusal.line) + ": " + refusal.reason);
+  }
+  return told;
+}
+
+std::optional<std::string> settingText(const FeatureView& feature) {
+  switch (feature.kind()) {
+    case FeatureKind::kMultiSelect:
+      return feature.currentChoice();
+    case FeatureKind::kIntEntry:
+      return std::to_string(feature.currentInt());
+    case FeatureKind::kTextEntry:
+      return feature.currentText();
+    case FeatureKind::kFloatEntry:
+      return numberText(feature.currentFloat());
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace driver_feature

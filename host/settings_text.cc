@@ -1,0 +1,176 @@
+#include "host/settings_text.h"
+
+#include <optional>
+
+#include "host/text.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\f\v";
+constexpr std::string_view kDigits = "0123456789abcdef";
+
+struct Escape {
+  char letter;
+  char character;
+};
+
+constexpr Escape kEscapes[] = {
+    {'\\', '\\'}, {'s', ' '}, {'t', '\t'}, {'n', '\n'}, {'r', '\r'},
+};
+
+std::string_view trim(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+std::string escapeByte(char byte) {
+  for (const Escape& escape : kEscapes) {
+    if (escape.character == byte) return {'\\', escape.letter};
+  }
+  const auto code = static_cast<unsigned char>(byte);
+  return {'\\', 'x', kDigits[code >> 4U], kDigits[code & 0xFU]};
+}
+
+// `special` are the characters that mean something where the text stands.
+std::string escape(std::string_view text, std::string_view special) {
+  std::string escaped;
+  for (const std::string_view character : splitCharacters(text)) {
+    const char byte = character.front();
+    const auto code = static_cast<unsigned char>(byte);
+    const bool atEdge = character.data() == text.data() || &character.back() == &text.back();
+    const bool plain = code >= 0x20 && code < 0x7F && byte != '\\' && !(byte == ' ' && atEdge) &&
+                       special.find(byte) == std::string_view::npos;
+    escaped += plain || character.size() > 1 ? std::string(character) : escapeByte(byte);
+  }
+  return escaped;
+}
+
+std::optional<unsigned> digitOf(char character) {
+  const char lower =
+      character >= 'A' && character <= 'F' ? static_cast<char>(character - 'A' + 'a') : character;
+  const std::size_t digit = kDigits.find(lower);
+  if (digit == std::string_view::npos) return std::nullopt;
+  return static_cast<unsigned>(digit);
+}
+
+// Takes the escape behind a backslash off the front of `rest`.
+bool takeEscape(std::string_view& rest, std::string& text) {
+  if (rest.empty()) return false;
+  for (const Escape& escape : kEscapes) {
+    if (escape.letter != rest.front()) continue;
+    text += escape.character;
+    rest.remove_prefix(1);
+    return true;
+  }
+  if (rest.front() != 'x' || rest.size() < 3) return false;
+  const auto high = digitOf(rest[1]);
+  const auto low = digitOf(rest[2]);
+  if (!high || !low) return false;
+  text += static_cast<char>(*high * 16U + *low);
+  rest.remove_prefix(3);
+  return true;
+}
+
+Refusal unescape(std::string_view escaped, std::string& text) {
+  std::string_view rest = escaped;
+  while (!rest.empty()) {
+    const char character = rest.front();
+    rest.remove_prefix(1);
+    if (character != '\\') {
+      text += character;
+    } else if (!takeEscape(rest, text)) {
+      return "there is no escape \"\\" +
+             std::string(rest.substr(0, rest.starts_with('x') ? 3 : 1)) +
+             "\"; write \\\\, \\s, \\t, \\n, \\r or \\xNN, and a backslash as \\\\";
+    }
+  }
+  return std::nullopt;
+}
+
+class Reader {
+ public:
+  SettingsText read(std::string_view text) {
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);  // A byte-order mark.
+    while (!text.empty()) {
+      ++line_;
+      const std::size_t end = text.find('\n');
+      readLine(trim(text.substr(0, end)));
+      text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+    return std::move(result_);
+  }
+
+ private:
+  void readLine(std::string_view line) {
+    if (line.empty() || line.front() == '#') return;
+    const Refusal refusal = line.front() == '[' ? readRecord(line) : readSetting(line);
+    if (refusal) result_.refusals.push_back({line_, *refusal});
+  }
+
+  Refusal readRecord(std::string_view line) {
+    inRecord_ = true;
+    const std::size_t end = line.find(']');
+    SettingsRecord record;
+    record.line = line_;
+    const std::string_view rest =
+        end == std::string_view::npos ? std::string_view() : trim(line.substr(end + 1));
+    record.isNone = rest == "none";
+    Refusal refusal;
+    if (end == std::string_view::npos || (!rest.empty() && !record.isNone)) {
+      refusal = "a record begins with [GROUP]; write that, or \"[GROUP] none\" for no records";
+    } else {
+      refusal = unescape(trim(line.substr(1, end - 1)), record.group);
+    }
+    isReadable_ = !refusal;
+    if (isReadable_) result_.records.push_back(record);
+    return refusal;
+  }
+
+  Refusal readSetting(std::string_view line) {
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) {
+      return "there is no equals sign; write NAME=VALUE, or # before a comment";
+    }
+    SettingsLine setting{line_, {}};
+    Refusal refusal = unescape(trim(line.substr(0, equals)), setting.setting.name);
+    if (!refusal && setting.setting.name.empty()) {
+      refusal = "there is no name before the equals sign; write NAME=VALUE";
+    }
+    if (!refusal) refusal = unescape(trim(line.substr(equals + 1)), setting.setting.value);
+    if (refusal) return refusal;
+    if (!inRecord_) {
+      result_.features.push_back(setting);
+    } else if (isReadable_) {
+      result_.records.back().members.push_back(setting);
+    }
+    return std::nullopt;
+  }
+
+  SettingsText result_;
+  int line_ = 0;
+  bool inRecord_ = false;
+  bool isReadable_ = false;  // The record that the lines belong to.
+};
+
+}  // namespace
+
+SettingsText parseSettings(std::string_view text) {
+  return Reader().read(text);
+}
+
+std::string settingLine(const Setting& setting) {
+  return escape(setting.name, "=#[") + "=" + escape(setting.value, "") + "\n";
+}
+
+std::string recordLine(const std::string& group) {
+  return "[" + escape(group, "]") + "]\n";
+}
+
+std::string noRecordsLine(const std::string& group) {
+  return "[" + escape(group, "]") + "] none\n";
+}
+
+}  // namespace driver_feature

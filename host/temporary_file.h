@@ -1,0 +1,69 @@
+// A file that takes its name only when it is complete.
+#ifndef HOST_TEMPORARY_FILE_H_
+#define HOST_TEMPORARY_FILE_H_
+
+#include <sys/stat.h>
+
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace driver_feature {
+
+// Writes all bytes. False, with errno set, when that fails.
+bool writeAll(int descriptor, std::string_view bytes);
+
+// Keeps the signals that end the program waiting while a file with a passing
+// name exists, so that none is left behind. They arrive when it is destroyed.
+class SignalDelay {
+ public:
+  SignalDelay() = default;
+  ~SignalDelay();
+  SignalDelay(const SignalDelay&) = delete;
+  SignalDelay& operator=(const SignalDelay&) = delete;
+
+  // Without effect the second time.
+  void begin();
+
+ private:
+  sigset_t before_{};
+  bool begun_ = false;
+};
+
+// A file that is gone again unless it has been given its final name. It has no
+// name at all until then where the file system can do that. Every operation
+// answers false and sets errno when it fails.
+class TemporaryFile {
+ public:
+  // Creates it in the folder. `delay` must outlive it.
+  TemporaryFile(std::filesystem::path folder, SignalDelay& delay);
+  ~TemporaryFile();
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  bool isOpen() const { return descriptor_ != -1; }
+
+  // Writes the bytes and flushes them to the disk.
+  bool write(std::string_view bytes) const;
+
+  // Gives it the owner, as far as this user may, and the permissions of a file.
+  bool takeOver(const struct stat& old) const;
+
+  bool setMode(mode_t mode) const;
+
+  // Puts it in the place of `target`, in the same folder.
+  bool rename(const std::filesystem::path& target);
+
+ private:
+  bool giveName();
+
+  std::filesystem::path folder_;
+  SignalDelay& delay_;
+  std::string name_;  // Empty while the file has none.
+  int descriptor_ = -1;
+};
+
+}  // namespace driver_feature
+
+#endif  // HOST_TEMPORARY_FILE_H_
