@@ -73,8 +73,9 @@ class CommandLine {
     if (verbose_) general_.detail = LogDetail::kAll;
     if (quiet_) general_.detail = LogDetail::kErrors;
     if (version_) return printVersions(general_.library);
-    const auto chosen = std::find_if(commands_.begin(), commands_.end(),
-                                     [](const Command& command) { return command.arguments->parsed(); });
+    const auto chosen =
+        std::find_if(commands_.begin(), commands_.end(),
+                     [](const Command& command) { return command.arguments->parsed(); });
     if (chosen != commands_.end()) return chosen->run();
     complain("a command is needed: " + join(names(), ", ") +
              "; driver-feature --help explains them");

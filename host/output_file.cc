@@ -95,6 +95,7 @@ class Delivery {
   }
 
   const std::string& path() const { return path_; }
+  bool isFile() const { return !target_.empty(); }
 
   bool hasSameFileAs(const Delivery& other) const {
     if (target_.empty() || other.target_.empty()) return false;
@@ -158,6 +159,8 @@ WriteProblem deliverAll(std::vector<Delivery> deliveries, SignalDelay& delay) {
     if (WriteProblem problem = delivery.stage(delay)) return problem;
   }
   for (const Delivery& delivery : deliveries) {
+    // Nobody may read a pipe, and then only a signal ends the waiting.
+    if (!delivery.isFile()) delay.end();
     if (WriteProblem problem = delivery.send()) return problem;
   }
   for (Delivery& delivery : deliveries) {

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
 #include "host/group_view.h"
+#include "host/input_file.h"
 #include "host/nearest_name.h"
 #include "host/text.h"
 
@@ -21,13 +20,6 @@ using Json = nlohmann::ordered_json;
 
 std::string quoted(const std::string& text) {
   return "\"" + text + "\"";
-}
-
-Refusal readFile(const std::string& path, std::string& text) {
-  std::ifstream file(path, std::ios::binary);
-  if (file) text.assign(std::istreambuf_iterator<char>(file), {});
-  if (file && !file.bad()) return std::nullopt;
-  return std::string("the file cannot be read: ") + std::strerror(errno) + "; give a JSON file";
 }
 
 // "line 3, column 5" of a byte counted from 1.
@@ -119,7 +111,9 @@ Refusal addRecords(CoreFeatureSet& set, const Model& model, const RecordsRequest
   if (!group) return refuseDynamicGroup(model, request.group);
   std::string text;
   Json json;
-  if (Refusal refusal = readFile(request.file, text)) return refusal;
+  if (!readFile(request.file, text)) {
+    return std::string("the file cannot be read: ") + std::strerror(errno) + "; give a JSON file";
+  }
   if (Refusal refusal = parse(text, json)) return refusal;
   const std::vector<std::string> members = group->memberNames();
   const RecordCheck check(model, members);

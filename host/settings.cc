@@ -91,8 +91,13 @@ class Check {
     const std::errc error = readNumber(setting_.value, number);
     const bool isNumber =
         error == std::errc() ? std::isfinite(number) : error == std::errc::result_out_of_range;
-    const bool wide = error != std::errc() || std::fabs(number) > std::numeric_limits<float>::max();
-    return checkNumber<float>(isNumber, wide, wide ? 0 : static_cast<float>(number),
+    // A little more than the largest float still rounds to it; so does its own
+    // shortest text.
+    constexpr double kTooLarge = 0x1.ffffffp127;
+    constexpr double kLargest = std::numeric_limits<float>::max();
+    const bool wide = error != std::errc() || std::fabs(number) >= kTooLarge;
+    const double fitting = std::clamp(number, -kLargest, kLargest);
+    return checkNumber<float>(isNumber, wide, wide ? 0 : static_cast<float>(fitting),
                               limits_.floatMin, limits_.floatMax, "decimal number");
   }
 

@@ -4,10 +4,9 @@
 #include <cerrno>
 #include <charconv>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
 #include "host/group_view.h"
+#include "host/input_file.h"
 #include "host/process_copy.h"
 #include "host/settings_plan.h"
 #include "host/settings_text.h"
@@ -39,16 +38,6 @@ std::string recordLines(CoreFeatureSet& set, const Model& model, const std::stri
   return lines;
 }
 
-Refusal readFile(const std::string& path, std::string& text) {
-  errno = 0;
-  std::ifstream file(path, std::ios::binary);
-  if (file) text.assign(std::istreambuf_iterator<char>(file), {});
-  // A folder can be opened and fails only when it is read.
-  if (file && !file.bad() && errno != EISDIR) return std::nullopt;
-  return path + ": cannot be read: " + std::strerror(errno != 0 ? errno : EIO) +
-         "; give a settings file";
-}
-
 // The refusals that the plan has in a copy of the process.
 std::vector<LineRefusal> rehearse(CoreFeatureSet& set, const Model& model,
                                   const SettingsText& text) {
@@ -61,8 +50,9 @@ std::vector<LineRefusal> rehearse(CoreFeatureSet& set, const Model& model,
     return told;
   });
   if (!texts) {
-    return {
-        {1, "the settings end the program when they are made; leave lines out to find the one"}};
+    return {{0,
+             "the program ends when the settings are made, which a routine of the description may "
+             "do; leave lines out to find the one"}};
   }
   std::vector<LineRefusal> refusals;
   for (std::size_t i = 0; i + 1 < texts->size(); i += 2) {
@@ -112,7 +102,9 @@ std::string composeSettings(CoreFeatureSet& set, const Model& model) {
 std::vector<std::string> loadSettings(CoreFeatureSet& set, const Model& model,
                                       const std::string& file) {
   std::string bytes;
-  if (const Refusal refusal = readFile(file, bytes)) return {*refusal};
+  if (!readFile(file, bytes)) {
+    return {file + ": cannot be read: " + std::strerror(errno) + "; give a settings file"};
+  }
   SettingsText text = parseSettings(bytes);
   std::vector<LineRefusal> refusals = text.refusals;
   const std::vector<LineRefusal> more = findOrder(set, model, text);
@@ -122,7 +114,8 @@ std::vector<std::string> loadSettings(CoreFeatureSet& set, const Model& model,
                    [](const LineRefusal& a, const LineRefusal& b) { return a.line < b.line; });
   std::vector<std::string> told;
   for (const LineRefusal& refusal : refusals) {
-    told.push_back(file + ":" + std::to_string(refusal.line) + ": " + refusal.reason);
+    const std::string place = refusal.line > 0 ? ":" + std::to_string(refusal.line) : "";
+    told.push_back(file + place + ": " + refusal.reason);
   }
   return told;
 }

@@ -21,7 +21,12 @@ bool writeAll(int descriptor, std::string_view bytes) {
 }
 
 SignalDelay::~SignalDelay() {
+  end();
+}
+
+void SignalDelay::end() {
   if (begun_) ::sigprocmask(SIG_SETMASK, &before_, nullptr);
+  begun_ = false;
 }
 
 void SignalDelay::begin() {

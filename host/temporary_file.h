@@ -23,8 +23,10 @@ class SignalDelay {
   SignalDelay(const SignalDelay&) = delete;
   SignalDelay& operator=(const SignalDelay&) = delete;
 
-  // Without effect the second time.
+  // Without effect while the signals wait already.
   void begin();
+
+  void end();
 
  private:
   sigset_t before_{};
