@@ -197,7 +197,10 @@ TEST_F(ShellValuesTest, Show_OneOrAll_ShowsTheTable) {
     EXPECT_NE(details.output.find(name), std::string::npos);
     EXPECT_EQ(runScript({std::string("show ") + name}), details);
   }
-  EXPECT_EQ(runScript({"show Pagen"}).status, 2);
+  EXPECT_EQ(runScript({"show Pagen"}),
+            failure(2,
+                    "driver-feature: standard input:1: there is no feature or group \"Pagen\"; "
+                    "did you mean \"Pages\"?\n"));
 }
 
 }  // namespace
