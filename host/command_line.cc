@@ -37,11 +37,11 @@ constexpr const char* kExamples =
 
 // Every command, in the order of the help.
 constexpr std::array kCommands = {
-    &addShowCommand,  //
-    &addEmitCommand,  //
-    &addDumpCommand,  //
-    &addTryCommand,   //
-    &addDiffCommand,  //
+    &addShowCommand,   //
+    &addEmitCommand,   //
+    &addDumpCommand,   //
+    &addTryCommand,    //
+    &addDiffCommand,   //
     &addShellCommand,  //
 };
 
