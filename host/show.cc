@@ -35,17 +35,6 @@ std::vector<std::string> choicesAndLimits(const FeatureView& feature, const Feat
   return parts;
 }
 
-TableRow headingRow() {
-  return {{"NAME", "TYPE", "VALUE", "AVAILABILITY"}, {"CHOICES AND LIMITS"}};
-}
-
-TableRow featureRow(const std::string& name, const FeatureView& feature,
-                    const FeatureLimits& limits) {
-  return {{name, feature.typeName(), valueText(feature),
-           availabilityText(feature.isAvailable(), feature.isVisible())},
-          choicesAndLimits(feature, limits)};
-}
-
 Json valueJson(const FeatureView& feature) {
   switch (feature.kind()) {
     case FeatureKind::kMultiSelect: {
@@ -90,16 +79,14 @@ std::string valueText(const FeatureView& feature) {
 }
 
 std::string showTable(const Model& model, CoreFeatureSet& set, std::size_t width) {
-  std::vector<TableRow> rows = {headingRow()};
+  std::vector<TableRow> rows = {
+      {{"NAME", "TYPE", "VALUE", "AVAILABILITY"}, {"CHOICES AND LIMITS"}}};
   for (const auto& [name, feature] : model.features) {
-    rows.push_back(featureRow(name, feature, model.index.limitsOf(name)));
+    rows.push_back({{name, feature.typeName(), valueText(feature),
+                     availabilityText(feature.isAvailable(), feature.isVisible())},
+                    choicesAndLimits(feature, model.index.limitsOf(name))});
   }
   return layOut(rows, width) + showGroups(model, set, width);
-}
-
-std::string showFeature(const Model& model, const std::string& name, std::size_t width) {
-  const FeatureView& feature = model.features.at(name);
-  return layOut({headingRow(), featureRow(name, feature, model.index.limitsOf(name))}, width);
 }
 
 std::string showJson(const Model& model, CoreFeatureSet& set) {

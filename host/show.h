@@ -15,10 +15,7 @@ namespace driver_feature {
 // is wrapped or cut.
 std::string showTable(const Model& model, CoreFeatureSet& set, std::size_t width);
 
-// The heading and the row of one feature, which must be in the model.
-std::string showFeature(const Model& model, const std::string& name, std::size_t width);
-
-// The whole table as an indented JSON document with a line end.
+// The same as an indented JSON document with a line end.
 std::string showJson(const Model& model, CoreFeatureSet& set);
 
 // A feature's current value as the table shows it; "-" when it has none.

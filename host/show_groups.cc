@@ -55,7 +55,11 @@ std::string recordsTable(const GroupSummary& group, std::size_t width) {
   return "\n" + group.name + "\n" + layOut(rows, width);
 }
 
-std::string layOutGroups(const std::vector<GroupSummary>& groups, std::size_t width) {
+}  // namespace
+
+std::string showGroups(const Model& model, CoreFeatureSet& set, std::size_t width) {
+  const std::vector<GroupSummary> groups = summariesOf(model, set);
+  if (groups.empty()) return "";
   std::vector<TableRow> rows = {{{"GROUP", "KIND", "IN", "RECORDS"}, {"MEMBERS"}}};
   std::string records;
   for (const GroupSummary& group : groups) {
@@ -65,21 +69,7 @@ std::string layOutGroups(const std::vector<GroupSummary>& groups, std::size_t wi
                     group.members});
     if (!group.records.empty()) records += recordsTable(group, width);
   }
-  return layOut(rows, width) + records;
-}
-
-}  // namespace
-
-std::string showGroups(const Model& model, CoreFeatureSet& set, std::size_t width) {
-  const std::vector<GroupSummary> groups = summariesOf(model, set);
-  return groups.empty() ? "" : "\n" + layOutGroups(groups, width);
-}
-
-std::string showGroup(const Model& model, CoreFeatureSet& set, const std::string& name,
-                      std::size_t width) {
-  std::vector<GroupSummary> groups = summariesOf(model, set);
-  std::erase_if(groups, [&name](const GroupSummary& group) { return group.name != name; });
-  return layOutGroups(groups, width);
+  return "\n" + layOut(rows, width) + records;
 }
 
 nlohmann::ordered_json groupsJson(const Model& model, CoreFeatureSet& set) {

@@ -17,11 +17,7 @@ namespace driver_feature {
 // is as for showTable().
 std::string showGroups(const Model& model, CoreFeatureSet& set, std::size_t width);
 
-// The same for the groups of one name.
-std::string showGroup(const Model& model, CoreFeatureSet& set, const std::string& name,
-                      std::size_t width);
-
-// All groups as a JSON array.
+// The same as a JSON array.
 nlohmann::ordered_json groupsJson(const Model& model, CoreFeatureSet& set);
 
 }  // namespace driver_feature

@@ -4,6 +4,7 @@
 #include "host/shell/option_commands.h"
 #include "host/shell/output_commands.h"
 #include "host/shell/record_commands.h"
+#include "host/shell/settings_commands.h"
 #include "host/shell/state_commands.h"
 #include "host/shell/value_commands.h"
 #include "host/text.h"
@@ -36,6 +37,10 @@ constexpr const char* kEmitDetails =
 constexpr const char* kSaveDetails =
     "Lets the library copy the current values of the features, or of all, into their\n"
     "original values.\n";
+
+constexpr const char* kLoadDetails =
+    "The values are checked as \"set\" checks them. When one is refused, nothing is\n"
+    "changed.\n";
 
 constexpr const char* kRestoreDetails =
     "Lets the library copy the original values of the features, or of all, back into\n"
@@ -80,6 +85,10 @@ constexpr ShellCommand kCommands[] = {
      &runSave, &proposeFeatures},
     {"restore", "[NAME...]", "Restores the saved values", kRestoreDetails, 0, kAnyNumber,
      &runRestore, &proposeFeatures},
+    {"write", "FILE", "Writes all values and records to a settings file", "", 1, 1, &runWrite,
+     &proposeFile},
+    {"load", "FILE", "Makes the values and records those of a settings file", kLoadDetails, 1, 1,
+     &runLoad, &proposeFile},
     {"defaults", "", "Sets every feature to its default value", "", 0, 0, &runDefaults, nullptr},
     {"records", "GROUP [ACTION ...]", "Lists or changes the records of a dynamic group",
      kRecordsDetails, 1, kAnyNumber, &runRecords, &proposeRecords},

@@ -63,8 +63,8 @@ const Words kNames = {"Copies", "Duplex", "First", "Page", "Pages", "Password", 
 
 TEST_F(CompletionTest, Complete_FirstWord_IsACommand) {
   EXPECT_EQ(words(""),
-            (Words{"constrain", "defaults", "dump", "emit", "get", "help", "log", "option", "quit",
-                   "records", "release", "restore", "save", "set", "show"}));
+            (Words{"constrain", "defaults", "dump", "emit", "get", "help", "load", "log", "option",
+                   "quit", "records", "release", "restore", "save", "set", "show", "write"}));
   EXPECT_EQ(words("  re"), (Words{"records", "release", "restore"}));
   EXPECT_EQ(words("help s"), (Words{"save", "set", "show"}));
   EXPECT_EQ(words("zz"), Words{});
@@ -134,6 +134,8 @@ TEST_F(CompletionTest, Complete_Files_AreProposedWhereTheyBelong) {
   EXPECT_FALSE(complete(*shell, "records Pages add-file a ").files);
   EXPECT_FALSE(complete(*shell, "records Pages remove ").files);
   EXPECT_FALSE(complete(*shell, "set ").files);
+  EXPECT_TRUE(complete(*shell, "write ").files);
+  EXPECT_TRUE(complete(*shell, "load ").files);
 }
 
 TEST_F(CompletionTest, IsKept_Line_IsNoSecretAndNotEmpty) {

@@ -5,7 +5,7 @@
 #include "host/shell/names.h"
 #include "host/shell/properties.h"
 #include "host/show.h"
-#include "host/show_groups.h"
+#include "host/show_details.h"
 #include "host/table.h"
 
 namespace driver_feature {
@@ -79,10 +79,8 @@ Refusal runShow(Shell& shell, const Words& arguments) {
     return std::nullopt;
   }
   const std::string& name = arguments.front();
-  CoreFeature* object = nullptr;
-  if (Refusal refusal = findObject(shell, name, object)) return refusal;
-  shell.answer(model.features.contains(name) ? showFeature(model, name, shell.width())
-                                             : showGroup(model, set, name, shell.width()));
+  if (Refusal refusal = refuseDetails(model, name)) return refusal;
+  shell.answer(detailsText(model, set, name, shell.width()));
   return std::nullopt;
 }
 

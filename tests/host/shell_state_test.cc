@@ -52,6 +52,34 @@ TEST_F(ShellStateTest, Defaults_ChangedValues_ComeBackWithOneNotification) {
             "  update callback\n");
 }
 
+TEST_F(ShellStateTest, WriteAndLoad_SettingsFile_BringsTheValuesBack) {
+  EXPECT_EQ(transcriptOf({"set Copies 3", "write my.settings", "set Copies 4", "load my.settings",
+                          "get Copies"}),
+            "  changed Copies: 1 -> 3\n"
+            "  update callback\n"
+            "  changed Copies: 3 -> 4\n"
+            "  update callback\n"
+            "  changed Copies: 4 -> 3\n"
+            "  update callback\n"
+            "3\n");
+}
+
+TEST_F(ShellStateTest, Load_Refused_ChangesNothing) {
+  write("one.settings", "Scale=2\nCopies=0\n");
+  EXPECT_EQ(refusalOf("", "load one.settings"),
+            "one.settings:2: 0 is out of range; give a whole number, from 1 to 9 "
+            "(office.xml:5)\n");
+  write("two.settings", "Copies=0\nScale=2\nOwnr=x\n");
+  EXPECT_EQ(runScript({"load two.settings", "get Scale"}, {"--keep-going"}),
+            (RunResult{2, "0.5\n",
+                       "  two.settings:1: 0 is out of range; give a whole number, from 1 to 9 "
+                       "(office.xml:5)\n"
+                       "  two.settings:3: there is no feature \"Ownr\"; did you mean "
+                       "\"Owner\"?\n"
+                       "driver-feature: standard input:1: two.settings: nothing was loaded; "
+                       "correct the lines above\n"}));
+}
+
 TEST_F(ShellStateTest, Constrain_CurrentOption_MovesTheValueFirst) {
   EXPECT_EQ(transcriptOf({"constrain Duplex Off 5", "constrain Duplex Short 6 hide",
                           "constrain Duplex Short 7", "release Duplex Short 6", "get Copies",
