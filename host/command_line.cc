@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "host/check/check_command.h"
 #include "host/command.h"
 #include "host/completion/candidates.h"
 #include "host/console.h"
@@ -16,6 +17,7 @@
 #include "host/emit_command.h"
 #include "host/nearest_name.h"
 #include "host/output_file.h"
+#include "host/shell/shell_command.h"
 #include "host/show_command.h"
 #include "host/text.h"
 #include "host/try_command.h"
@@ -37,11 +39,13 @@ constexpr const char* kExamples =
 
 // Every command, in the order of the help.
 constexpr std::array kCommands = {
-    &addShowCommand,  //
-    &addEmitCommand,  //
-    &addDumpCommand,  //
-    &addTryCommand,   //
-    &addDiffCommand,  //
+    &addCheckCommand,  //
+    &addShowCommand,   //
+    &addEmitCommand,   //
+    &addDumpCommand,   //
+    &addTryCommand,    //
+    &addDiffCommand,   //
+    &addShellCommand,  //
 };
 
 class CommandLine {

@@ -5,8 +5,6 @@
 
 #include "Log.h"
 
-#include "host/console.h"
-
 namespace driver_feature {
 
 namespace {
@@ -74,7 +72,7 @@ void LogPrinter::releaseAtExit() {
 }
 
 void LogPrinter::printHeld() {
-  for (const std::string& line : held_) complain(line);
+  for (const std::string& line : held_) tell_(line);
   held_.clear();
 }
 
@@ -95,7 +93,7 @@ void LogPrinter::take(int level, std::string_view text) {
   if (holding_ && level > 1) {
     held_.push_back(line);
   } else {
-    complain(line);
+    tell_(line);
   }
 }
 

@@ -3,9 +3,13 @@
 #define HOST_LOG_PRINTER_H_
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
+
+#include "host/console.h"
 
 namespace driver_feature {
 
@@ -40,6 +44,13 @@ class LogPrinter {
   // Drops what is kept; later lines come out at once.
   void discard();
 
+  // Which lines are shown from now on.
+  LogDetail detail() const { return detail_; }
+  void setDetail(LogDetail detail) { detail_ = detail; }
+
+  // Hands the lines that are shown, "warning: TEXT", to `tell` from now on.
+  void setTeller(std::function<void(const std::string& line)> tell) { tell_ = std::move(tell); }
+
   // Sends log lines to the printer that lives now, or to the platform's own
   // handler when there is none.
   static void takeOver();
@@ -53,6 +64,7 @@ class LogPrinter {
   bool isShown(int level, std::string_view text) const;
 
   LogDetail detail_;
+  std::function<void(const std::string& line)> tell_ = &complain;
   bool holding_ = false;
   std::vector<std::string> held_;
 };

@@ -40,6 +40,10 @@ class Session {
 
   const Model& model() const { return *model_; }
   CoreFeatureSet& features() const { return plugin_->features(); }
+  void* description() const { return file_->element(); }  // The feature-description element.
+
+  // Registers the routine that the library calls after a change.
+  void setUpdateCallback(bool (*callback)()) const { plugin_->setUpdateCallback(callback); }
 
   // Save the current values of the named features, and restore them.
   void save(AttributeMap& names) const { plugin_->save(names); }

@@ -50,8 +50,9 @@ std::vector<LineRefusal> rehearse(CoreFeatureSet& set, const Model& model,
     return told;
   });
   if (!texts) {
-    return {
-        {1, "the settings end the program when they are made; leave lines out to find the one"}};
+    return {{0,
+             "the program ends when the settings are made, which a routine of the description may "
+             "do; leave lines out to find the one"}};
   }
   std::vector<LineRefusal> refusals;
   for (std::size_t i = 0; i + 1 < texts->size(); i += 2) {
@@ -113,7 +114,8 @@ std::vector<std::string> loadSettings(CoreFeatureSet& set, const Model& model,
                    [](const LineRefusal& a, const LineRefusal& b) { return a.line < b.line; });
   std::vector<std::string> told;
   for (const LineRefusal& refusal : refusals) {
-    told.push_back(file + ":" + std::to_string(refusal.line) + ": " + refusal.reason);
+    const std::string place = refusal.line > 0 ? ":" + std::to_string(refusal.line) : "";
+    told.push_back(file + place + ": " + refusal.reason);
   }
   return told;
 }

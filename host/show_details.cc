@@ -7,8 +7,8 @@
 
 #include "host/group_view.h"
 #include "host/limits_view.h"
-#include "host/log_printer.h"
 #include "host/nearest_name.h"
+#include "host/property_view.h"
 #include "host/table.h"
 
 namespace driver_feature {
@@ -16,84 +16,6 @@ namespace driver_feature {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-constexpr const char* kTextProperties[] = {"ValueString",
-                                           "CurrentTextValue",
-                                           "DefaultTextValue",
-                                           "OriginalTextValue",
-                                           "DeferredTextValue",
-                                           "TextValidationCharSet",
-                                           "PSCommand",
-                                           "PJLCommand",
-                                           "TESKAttributeSyntax",
-                                           "TESKJTAttributeName",
-                                           "TESKOAAttributeName",
-                                           "NonVORNAttributeName",
-                                           "InstOptAttributeName",
-                                           "AddPSCallbackRoutine",
-                                           "AddPJLCallbackRoutine",
-                                           "AddVORNCallbackRoutine",
-                                           "SortFunctionName",
-                                           "CLOKey",
-                                           "SNMPOID",
-                                           "SNMPOIDPrefix",
-                                           "BiDiDataSection"};
-constexpr const char* kIntProperties[] = {"FeatureType",     "FeatureValueType", "CurrentIntValue",
-                                          "DefaultIntValue", "OriginalIntValue", "DeferredIntValue",
-                                          "MaxTextLength",   "RecordInFocus"};
-constexpr const char* kFloatProperties[] = {"CurrentFloatValue",  "DefaultFloatValue",
-                                            "OriginalFloatValue", "DeferredFloatValue",
-                                            "FloatMinValue",      "FloatMaxValue"};
-constexpr const char* kFlagProperties[] = {"Sensitivity", "Visibility", "Encrypted",
-                                           "FeatureInGroup"};
-constexpr const char* kOptionProperties[] = {"Name",       "DisplayText", "PSCommand",
-                                             "PJLCommand", "TESKCommand", "TESKTicketCommand",
-                                             "CLOKey",     "SNMPValue"};
-constexpr const char* kOptionFlags[] = {"Sensitivity", "Visibility"};
-
-// The groups store no floats, and answer a question for one with a log line
-// and nothing else.
-Json propertiesOf(CoreFeature& object) {
-  Json json = Json::object();
-  for (const char* property : kTextProperties) {
-    std::string text;
-    if (object.getFeatureProperty(std::string(property), text)) json[property] = text;
-  }
-  for (const char* property : kIntProperties) {
-    int number = 0;
-    if (object.getFeatureProperty(std::string(property), &number)) json[property] = number;
-  }
-  for (const char* property : kFloatProperties) {
-    float number = 0;
-    if (object.getFeatureProperty(std::string(property), &number)) {
-      json[property] = floatJson(number);
-    }
-  }
-  for (const char* property : kFlagProperties) {
-    bool flag = false;
-    if (object.getFeatureProperty(std::string(property), &flag)) json[property] = flag;
-  }
-  return json;
-}
-
-Json optionsOf(CoreFeature& object) {
-  Json list = Json::array();
-  for (int i = 0; i < object.fetchNumberOfOptions(); ++i) {
-    CoreOption* option = object.fetchOptionByIndex(i);
-    if (option == nullptr) continue;
-    Json json = Json::object();
-    for (const char* property : kOptionProperties) {
-      std::string text;
-      if (option->getOptionProperty(std::string(property), text)) json[property] = text;
-    }
-    for (const char* property : kOptionFlags) {
-      bool flag = false;
-      if (option->getOptionProperty(std::string(property), &flag)) json[property] = flag;
-    }
-    list.push_back(json);
-  }
-  return list;
-}
 
 std::vector<std::string> membersOf(const Model& model, CoreFeatureSet& set,
                                    const GroupEntry& entry) {
@@ -168,7 +90,6 @@ Json describe(const Model& model, CoreFeatureSet& set, const std::string& name) 
   Json json = isFeature ? describeFeature(model, set, name)
                         : describeGroup(model, set, *findGroup(model, name));
   json["properties"] = Json::object();
-  const LogSilence silence;  // The library logs each property that the object has not.
   CoreFeature* object = set.FindFeatureInFeatureList(name);
   if (object == nullptr) return json;
   json["properties"] = propertiesOf(*object);

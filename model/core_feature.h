@@ -39,7 +39,9 @@ class CoreFeature {
   virtual bool getFeatureProperty(const std::string& name, bool* value) = 0;
   virtual bool getFeatureProperty(const std::string& name, float* value) = 0;
 
-  // Slot 8. The feature-type code, 0 to 8 (see vocabulary.h).
+  // Slot 8. The feature-type code: 0 "UIOnly", 1 "MultiSelect", 2 "IntEntry",
+  // 3 "TextEntry", 4 "FloatEntry", 5 "MVCList", 6 static group, 7 template of
+  // a dynamic group, 8 dynamic group.
   virtual int getFeatureType() = 0;
 
   // Slots 9 to 14. The options of a "MultiSelect" feature. What has no

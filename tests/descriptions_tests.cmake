@@ -29,3 +29,8 @@ endforeach()
 
 add_test(NAME demo
   COMMAND ${PROJECT_SOURCE_DIR}/descriptions/demo.sh ${PROJECT_BINARY_DIR})
+
+add_test(NAME descriptions_check
+  COMMAND driver-feature check --strict --callbacks $<TARGET_FILE:office_routines>
+          ${PROJECT_SOURCE_DIR}/descriptions/label_printer.xml
+          ${PROJECT_SOURCE_DIR}/descriptions/office_laser.xml)

@@ -350,6 +350,56 @@ expectCalls 'cmake --preset release --log-level=WARNING' \
   'cmake --build --preset release --parallel 3 --target driver-feature DriverFeature office_routines'
 expectLine out 'demo of build/release'
 
+# preparePackage: stand-ins for everything that makes packages.
+preparePackage() {
+  mkdir -p "$work/project/packaging" "$work/project/build/package"
+  : >"$work/project/packaging/changelog"
+  : >"$work/project/build/package/old.deb"
+  fake cmake
+  fake cpack 'echo "time $SOURCE_DATE_EPOCH" >>'"$work/calls"
+  fake ctest
+  fake dpkg-buildflags 'echo "-of-$2"'
+  fake git 'echo 1234'
+  fake stat 'echo 5678'
+}
+
+# expectPackageCalls TIME-CALL... TIME: the calls of a whole run, with what
+# finds the time and what it finds.
+expectPackageCalls() {
+  local folder=$work/project/build/package
+  expectCalls 'dpkg-buildflags --get CXXFLAGS' 'dpkg-buildflags --get CPPFLAGS' "${@:1:$#-1}" \
+    "cmake --preset release -B $folder/tree --log-level=WARNING -DCMAKE_CXX_FLAGS=-of-CXXFLAGS -of-CPPFLAGS -g0 -DCMAKE_INSTALL_PREFIX=/usr -DBUILD_TESTING=OFF -DDRIVER_FEATURE_PACKAGE_FOLDER=$folder" \
+    "cmake --build $folder/tree --parallel 3" \
+    "cpack --config $folder/tree/CPackConfig.cmake" "time ${*: -1}" \
+    "ctest --test-dir $folder/tree --output-on-failure --no-tests=error -L ^package\$"
+}
+
+begin Package_IsBuiltPackedAndTried
+preparePackage
+dev package
+expectStatus 0
+expectPackageCalls 'git log -1 --format=%ct' 1234
+checks=$((checks + 1))
+[ ! -e "$work/project/build/package/old.deb" ] || fail 'an old package is still there'
+
+begin Package_NoHistory_TakesTheTimeOfTheChangelog
+preparePackage
+echo 128 >"$work/status.git"
+fake git
+dev package
+expectStatus 0
+expectPackageCalls 'git log -1 --format=%ct' 'stat -c %Y packaging/changelog' 5678
+
+for tool in cmake cpack ctest dpkg-buildflags; do
+  begin "Package_FailureOf_${tool}_IsPassedOn"
+  preparePackage
+  echo 3 >"$work/status.$tool"
+  dev package
+  expectStatus 3
+  checks=$((checks + 1))
+  ! grep -q 'the packages are in' "$work/out" || fail 'promises packages'
+done
+
 # prepareLint: two sources (one that is not compiled, one in the build
 # directory) and tools that find nothing.
 prepareLint() {
@@ -412,7 +462,7 @@ begin Help_ListsEveryCommand
 dev help
 expectStatus 0
 expectEmpty err
-for name in setup build test test-i386 abi demo lint format clean help; do
+for name in setup build test test-i386 abi demo package lint format clean help; do
   checks=$((checks + 1))
   grep -qE -- "^  $name( [^ ].*)?  *[a-z].*" "$work/out" || fail "does not list $name"
 done
@@ -449,9 +499,9 @@ chmod +x "$work/project/dev"
 status=$?
 expectStatus 0
 expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset clang' 'dev test --preset asan' \
-  'dev lint' 'dev demo'
+  'dev package' 'dev lint' 'dev demo'
 checks=$((checks + 1))
-[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 7 ] || fail 'summary is not whole'
+[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 8 ] || fail 'summary is not whole'
 
 begin Ci_ALegFails_EndsWithItsStatus
 cp "$source_dir/.ci/run" "$work/project/.ci/"

@@ -1,21 +1,31 @@
 # Tests of the program driver-feature: of its parts, and of the built program
 # as a child process.
 
-driver_feature_test(host_unit_tests GLOB host/*_test.cc LINK driver_feature_host)
+driver_feature_test(host_unit_tests
+  GLOB host/*_test.cc host/check/*_test.cc LINK driver_feature_host)
+driver_feature_test(host_shell_tests GLOB host/shell/*_test.cc LINK driver_feature_host)
 driver_feature_test(host_program_tests
-  GLOB tests/host/*_test.cc tests/host/program_runner.cc)
+  GLOB tests/host/*_test.cc tests/host/check_*_rows.cc tests/host/program_runner.cc
+       tests/host/shell_fixture.cc
+  LINK util)
+find_package(nlohmann_json REQUIRED)
+target_link_libraries(host_program_tests PRIVATE nlohmann_json::nlohmann_json)
+# GCC 12 warns of the inside of std::regex when it compiles run-time checks in.
+target_compile_options(host_program_tests PRIVATE
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 
 # Libraries that the tests load: routines that descriptions name, and two that
 # are no feature library of the right version.
-add_library(host_test_routines MODULE host/libraries/routines.cc)
-target_link_libraries(host_test_routines PRIVATE driver_feature_compile_options)
+add_library(host_test_routines MODULE
+  host/libraries/routines.cc host/libraries/sort_routines.cc)
+target_link_libraries(host_test_routines PRIVATE driver_feature_compile_options common_api)
 target_compile_definitions(host_test_routines PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>")
 add_library(host_test_no_plugin MODULE host/libraries/no_plugin.cc)
 add_library(host_test_other_plugin MODULE host/libraries/other_plugin.cc)
 target_link_libraries(host_test_other_plugin PRIVATE driver_feature_compile_options)
 
-foreach(program host_unit_tests host_program_tests)
+foreach(program host_unit_tests host_shell_tests host_program_tests)
   target_compile_definitions(${program} PRIVATE
     DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
     NO_PLUGIN_LIBRARY="$<TARGET_FILE:host_test_no_plugin>"

@@ -30,7 +30,8 @@ begin() {
   fake dpkg-query 'echo 1.0'
   fake g++ 'echo g++ 1.0'
   # What is downloaded lands in the folder from which apt-get is called.
-  fake apt-get 'case "$*" in *" download "*) : >libxml2_1_i386.deb ;; esac'
+  fake apt-get 'case "$*" in *" download "*) : >libxml2_1_i386.deb ;; *" source "*) : >benchmark_1.orig.tar.gz ;; esac'
+  fake tar
   fake dpkg-deb 'mkdir -p "$3/usr/lib"; : >"$3/usr/lib/unpacked"'
   fake cmake 'case "$1" in -S) mkdir -p "$4" ;; esac'
 }
@@ -53,20 +54,24 @@ ended() { [ "$status" -eq "$1" ]; }
 says() { grep -qF -- "$2" "$work/$1"; }
 saysNot() { ! says "$@"; }
 
-begin EmptyFolder_Made_HoldsPackagesAndGoogleTest
+begin EmptyFolder_Made_HoldsPackagesAndCompiledLibraries
 makeRoot
 check 'fails' ended 0
 check 'the lists are not those of 32-bit packages' \
   says calls '-o APT::Architecture=i386 -o APT::Architectures=i386'
 check 'apt-get works outside of the folder' \
   says calls "-o Dir::State::Lists=$work/root/apt/lists"
-for name in libxml2 libxml2-dev libicu72 liblzma5 zlib1g; do
+for name in libxml2 libxml2-dev libicu72 liblzma5 zlib1g libreadline8 libreadline-dev libtinfo6; do
   check "does not fetch $name" grep -qE " download .*\\b$name\\b" "$work/calls"
 done
 check 'nothing is unpacked' test -f "$work/root/usr/lib/unpacked"
 check 'GoogleTest is not 32-bit' says calls '-DCMAKE_CXX_FLAGS=-m32 -msse2 -mfpmath=sse'
-check 'GoogleTest is not installed' says calls "cmake --install $work/root/googletest"
+check 'GoogleTest is not installed' says calls "cmake --install $work/root/work/googletest"
+check "Benchmark's source is not unpacked" \
+  says calls "tar -x -f $work/root/apt/packages/benchmark_1.orig.tar.gz"
+check 'Benchmark is not installed' says calls "cmake --install $work/root/work/benchmark"
 check 'what was downloaded stays' test ! -e "$work/root/apt"
+check 'what was compiled stays' test ! -e "$work/root/work"
 
 begin FolderUpToDate_MadeAgain_IsLeftAlone
 makeRoot
@@ -80,14 +85,14 @@ begin PackageList_Changed_IsMadeAnew
 makeRoot
 : >"$work/calls"
 : >"$work/root/old"
-echo 'libtinfo6  # more' >>"$work/i386/packages.txt"
+echo 'libmore1  # more' >>"$work/i386/packages.txt"
 makeRoot
 check 'fails' ended 0
-check 'does not fetch the new package' grep -qE ' download .*\blibtinfo6\b' "$work/calls"
+check 'does not fetch the new package' grep -qE ' download .*\blibmore1\b' "$work/calls"
 check 'the old folder stays' test ! -e "$work/root/old"
 
 begin ListUpdate_FailsForOneIndex_GoesOn
-fake apt-get 'case "$*" in *update) exit 100 ;; *" download "*) : >libxml2_1_i386.deb ;; esac'
+fake apt-get 'case "$*" in *update) exit 100 ;; *" download "*) : >libxml2_1_i386.deb ;; *" source "*) : >benchmark_1.orig.tar.gz ;; esac'
 makeRoot
 check 'fails' ended 0
 check 'does not say so' says out 'apt-get update reports a failure'

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs the build into an empty folder and runs the program there: it must
-# find its libraries where it stands, and the headers must compile alone.
+# Installs the build into an empty folder, moves that folder elsewhere and runs
+# the program there: it must find its libraries where it stands, and every
+# header must compile alone, in C++11 too.
 #
 # usage: install_test.sh BUILD_DIR CXX_COMPILER
 set -eu
@@ -10,18 +11,38 @@ compiler=$2
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
 
-cmake --install "$build" --prefix "$folder" >"$folder/log"
-cd "$folder"
+mkdir "$folder/first"
+cmake --install "$build" --prefix "$folder/first" >"$folder/log"
+mv "$folder/first" "$folder/second"
+cd "$folder/second"
 
 description=share/driver-feature/label_printer.xml
-library=$(find "$folder" -name libDriverFeature.so)
-routines=$(find "$folder" -name liboffice_routines.so)
+library=$(find "$PWD" -name libDriverFeature.so)
+routines=$(find "$PWD" -name liboffice_routines.so)
 bin/driver-feature --version | grep -qxF "Driver Feature Library v1.0 ($library)"
-bin/driver-feature --callbacks "$routines" emit "$description" --to ps >out.ps
-grep -q setpagedevice out.ps
+bin/driver-feature --callbacks "$routines" emit "$description" --to ps >../out.ps
+grep -q setpagedevice ../out.ps
 
 for header in include/driver_feature/*/*.h; do
-  "$compiler" -std=c++20 -fsyntax-only -x c++ -Iinclude/driver_feature "$header"
+  "$compiler" -std=c++11 -Wall -Wextra -Werror -fsyntax-only -x c++ \
+    -Iinclude/driver_feature -Iinclude/driver_feature/platform - <<<"#include \"$PWD/$header\""
 done
-# Five headers, or the loop has checked nothing.
-test "$(find include -name '*.h' | wc -l)" -eq 5
+# Fourteen headers, or the loop has checked nothing.
+test "$(find include -name '*.h' | wc -l)" -eq 14
+
+# Nothing in the tree names the place where it was built or first installed.
+# (Programs do where they hold what a debugger needs, but not as a path of the
+# loader.)
+for place in "$build" "$folder/first"; do
+  if grep -rlIF -- "$place" .; then
+    echo "these files name $place"
+    exit 1
+  fi
+done
+paths=$(readelf -d bin/driver-feature "$(dirname -- "$library")"/*.so | grep -E 'R(UN)?PATH')
+test "$(wc -l <<<"$paths")" -eq 5
+# shellcheck disable=SC2016  # a word of the loader's, not of the shell's
+if grep -vF '[$ORIGIN' <<<"$paths"; then
+  echo "these loader paths would not move with the tree"
+  exit 1
+fi

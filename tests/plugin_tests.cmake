@@ -1,12 +1,18 @@
 # The built library as a host sees it: loaded with dlopen, with none of its
 # objects or classes linked in.
 
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  set(exports_list ${CMAKE_CURRENT_SOURCE_DIR}/plugin/exports.i386.txt)
+else()
+  set(exports_list ${CMAKE_CURRENT_SOURCE_DIR}/plugin/exports.x86_64.txt)
+endif()
+
 driver_feature_test(plugin_tests
   GLOB tests/plugin/*_test.cc
   LINK ${CMAKE_DL_LIBS})
 target_compile_definitions(plugin_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
-  EXPORTS_LIST="${CMAKE_CURRENT_SOURCE_DIR}/plugin/exports.txt"
+  EXPORTS_LIST="${exports_list}"
   IMPORTS_LIST="${CMAKE_CURRENT_SOURCE_DIR}/plugin/platform_imports.txt"
   NM_PROGRAM="${CMAKE_NM}")
 

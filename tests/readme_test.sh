@@ -9,12 +9,17 @@ readme=$(realpath "$1")
 program=$(realpath "$2")
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
+# shellcheck source=tests/description_docs/console.sh
+. "$(dirname -- "${BASH_SOURCE[0]}")/description_docs/console.sh"
 
-# The lines of the first block of that kind.
+mkdir "$folder/blocks"
+list=$(listBlocks "$readme" "$folder/blocks") || exit 1
+
+# The first block in that language.
 block() {
-  awk -v start="^\`\`\`$1\$" '$0 ~ start && !done { inside = 1; next }
-                              /^```$/ && inside { inside = 0; done = 1 }
-                              inside' "$readme"
+  local number
+  number=$(awk -v language="$1" '$2 == language { print $1; exit }' <<<"$list")
+  [ -z "$number" ] || cat "$folder/blocks/$number"
 }
 
 block xml >"$folder/simple.xml"
@@ -26,10 +31,6 @@ fi
 
 cd "$folder" || exit 1
 driver-feature() { "$program" "$@"; }
-while IFS= read -r line; do
-  [[ $line == '$ '* ]] || continue
-  printf '%s\n' "$line"
-  eval "${line#'$ '}" </dev/null 2>&1
-done <expected >actual
+runSession expected >actual
 
 diff -u expected actual

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Makes the folder of 32-bit libraries that the preset i386 builds with:
-# the packages of packages.txt, and GoogleTest compiled from Debian's sources.
+# Makes the folder of 32-bit libraries that the preset i386 builds with: the
+# packages of packages.txt, and GoogleTest and Benchmark compiled from Debian's
+# sources.
 # Neither root's rights nor a change of the system's package lists is needed:
 # apt works in folders of its own. A folder that is up to date is left alone.
 #
@@ -30,16 +31,32 @@ recipe() {
   dpkg-query -W -f '${Version}\n' googletest
 }
 
+# Names the system's package sources to an apt of our own, with their source
+# packages.
+writeSourceLists() {
+  local list
+  mkdir -p "$1"
+  for list in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
+    if [ -f "$list" ]; then sed -n -e p -e 's/^deb /deb-src /p' "$list" >"$1/${list##*/}.list"; fi
+  done
+  for list in /etc/apt/sources.list.d/*.sources; do
+    if [ -f "$list" ]; then sed 's/^Types:.*/Types: deb deb-src/' "$list" >"$1/${list##*/}"; fi
+  done
+}
+
 # The options that keep apt inside a folder and to 32-bit packages.
 aptOptions() {
   printf '%s\n' -q -o APT::Architecture=i386 -o APT::Architectures=i386 \
-    -o Dir::State::Lists="$1/lists" -o Dir::State::status="$1/status" -o Dir::Cache="$1/cache"
+    -o Dir::State::Lists="$1/lists" -o Dir::State::status="$1/status" -o Dir::Cache="$1/cache" \
+    -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$1/sources"
 }
 
-downloadPackages() {
+# Fetches the packages, and the archives of Benchmark's source package.
+download() {
   local apt=$1 names options
   mkdir -p "$apt/lists/partial" "$apt/cache/archives/partial" "$apt/packages"
   : >"$apt/status"
+  writeSourceLists "$apt/sources"
   mapfile -t options < <(aptOptions "$apt")
   mapfile -t names < <(packageNames)
   say "fetching the 32-bit package lists"
@@ -47,8 +64,12 @@ downloadPackages() {
   # stand in the others.
   apt-get "${options[@]}" update >"$apt/update.log" 2>&1 ||
     say "apt-get update reports a failure (see $apt/update.log); going on with the other lists"
-  say "fetching ${names[*]}"
-  (cd "$apt/packages" && apt-get "${options[@]}" download "${names[@]}") >"$apt/download.log" 2>&1 || {
+  say "fetching ${names[*]} and the source of benchmark"
+  (
+    cd "$apt/packages"
+    apt-get "${options[@]}" download "${names[@]}" &&
+      apt-get "${options[@]}" source --download-only benchmark
+  ) >"$apt/download.log" 2>&1 || {
     cat "$apt/update.log" "$apt/download.log" >&2
     fail "the 32-bit packages cannot be fetched; apt's own messages stand above." \
       "Check the network and the names in cmake/i386/packages.txt, then try again."
@@ -62,17 +83,26 @@ unpackPackages() {
   done
 }
 
-buildGoogleTest() {
-  say "building GoogleTest"
+# build NAME SOURCE [CMAKE_OPTION]...: compiles a library into the root.
+build() {
+  local name=$1 source=$2 folder=$root/work/$1
+  say "building $name"
   {
-    cmake -S "$kGoogleTest" -B "$1" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+    cmake -S "$source" -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE=Release \
       -DCMAKE_CXX_FLAGS="$kFlags" -DCMAKE_C_FLAGS="$kFlags" -DCMAKE_INSTALL_LIBDIR=lib \
-      -DCMAKE_INSTALL_PREFIX="$2" &&
-      cmake --build "$1" --parallel "$(nproc)" && cmake --install "$1"
-  } >"$1.log" 2>&1 || {
-    cat "$1.log" >&2
-    fail "GoogleTest cannot be built for 32 bits; the messages stand above."
+      -DCMAKE_INSTALL_PREFIX="$root/usr" "${@:3}" &&
+      cmake --build "$folder" --parallel "$(nproc)" && cmake --install "$folder"
+  } >"$root/$name.log" 2>&1 || {
+    cat "$root/$name.log" >&2
+    fail "$name cannot be built for 32 bits; the messages stand above."
   }
+}
+
+buildBenchmark() {
+  local source=$root/work/benchmark-source
+  mkdir -p "$source"
+  tar -x -f "$1"/benchmark_*.orig.tar.* -C "$source" --strip-components=1
+  build benchmark "$source" -DBENCHMARK_ENABLE_TESTING=OFF -DBENCHMARK_ENABLE_WERROR=OFF
 }
 
 main() {
@@ -84,10 +114,11 @@ main() {
   rm -rf -- "$root"
   mkdir -p "$root"
   root=$(cd -- "$root" && pwd)
-  downloadPackages "$root/apt"
+  download "$root/apt"
   unpackPackages "$root/apt" "$root"
-  buildGoogleTest "$root/googletest" "$root/usr"
-  rm -rf -- "$root/apt" "$root/googletest"
+  build googletest "$kGoogleTest"
+  buildBenchmark "$root/apt/packages"
+  rm -rf -- "$root/apt" "$root/work"
   recipe >"$root/recipe"
 }
 

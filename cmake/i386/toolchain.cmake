@@ -12,8 +12,6 @@ set(CMAKE_CXX_FLAGS_INIT "-m32 -msse2 -mfpmath=sse")
 # well, but only if it is of the old kind (DT_RPATH): libxml2 finds its own
 # dependencies in this way.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-Wl,--disable-new-dtags")
-set(CMAKE_SHARED_LINKER_FLAGS_INIT "-Wl,--disable-new-dtags")
-set(CMAKE_MODULE_LINKER_FLAGS_INIT "-Wl,--disable-new-dtags")
 set(I386_LIBRARY_FOLDERS "${I386_ROOT}/usr/lib/i386-linux-gnu" "${I386_ROOT}/lib/i386-linux-gnu")
 set(CMAKE_BUILD_RPATH ${I386_LIBRARY_FOLDERS})
 foreach(folder IN LISTS I386_LIBRARY_FOLDERS)
@@ -24,4 +22,7 @@ endforeach()
 
 set(LIBXML2_INCLUDE_DIR "${I386_ROOT}/usr/include/libxml2" CACHE PATH "")
 set(LIBXML2_LIBRARY "${I386_ROOT}/usr/lib/i386-linux-gnu/libxml2.so" CACHE FILEPATH "")
+set(READLINE_INCLUDE_FOLDER "${I386_ROOT}/usr/include" CACHE PATH "")
+set(READLINE_LIBRARY "${I386_ROOT}/lib/i386-linux-gnu/libreadline.so.8" CACHE FILEPATH "")
 set(GTest_DIR "${I386_ROOT}/usr/lib/cmake/GTest" CACHE PATH "")
+set(benchmark_DIR "${I386_ROOT}/usr/lib/cmake/benchmark" CACHE PATH "")

@@ -171,6 +171,51 @@ TEST_F(SettingsFileTest, Settings_Refused_CallNoRoutine) {
                     "show\" lists the features\n"));
 }
 
+// A feature keeps its value when another one's routine makes it unavailable,
+// so it has to be set first, wherever its line stands.
+TEST_F(SettingsFileTest, Settings_LineThatForbidsALaterOne_AreMadeInAnotherOrder) {
+  describe("duplex.xml",
+           {feature("IntEntry", "Copies", "PSCommand='%d,' AddCallbackRoutine='forbidDuplex'"),
+            feature("IntEntry", "Duplex", "PSCommand='%d'")});
+  write("in.conf", "Copies=2\nDuplex=1\n");
+  EXPECT_EQ(run({"emit", "duplex.xml", "--to", "ps", "--callbacks", ROUTINES_LIBRARY, "--settings",
+                 "in.conf"}),
+            success("2,1"));
+  EXPECT_EQ(run({"emit", "duplex.xml", "--to", "ps", "--callbacks", ROUTINES_LIBRARY, "-o",
+                 "Copies=2", "--settings", "in.conf", "-o", "Duplex=3"}),
+            failure(2,
+                    "driver-feature: -o Duplex=3: feature \"Duplex\" is unavailable; leave it "
+                    "out\n"));
+}
+
+TEST_F(SettingsFileTest, Settings_RoutineChangesAnEarlierLine_MakesItAgain) {
+  describe("scale.xml",
+           {feature("IntEntry", "Copies", "PSCommand='%d,' AddCallbackRoutine='resetScale'"),
+            feature("IntEntry", "Scale", "PSCommand='%d'")});
+  write("in.conf", "Scale=4\nCopies=2\n");
+  EXPECT_EQ(run({"emit", "scale.xml", "--to", "ps", "--callbacks", ROUTINES_LIBRARY, "--settings",
+                 "in.conf"}),
+            success("2,4"));
+}
+
+TEST_F(SettingsFileTest, Settings_TwoFiles_TheLaterOnesRecordsReplaceTheOthers) {
+  write("a.conf", "[Logs]\nLevel=1\n[Jobs]\nTitle=t\nShift=1\n");
+  write("b.conf", "[Logs]\nLevel=2\n[Jobs] none\n");
+  EXPECT_EQ(run({"emit", "office.xml", "--to", "ticket=t.xml", "--settings", "a.conf", "--settings",
+                 "b.conf", "--save", "out.conf"}),
+            success(""));
+  EXPECT_TRUE(read("out.conf").ends_with("\nWrong=7\n\n[Jobs] none\n\n[Logs]\nLevel=2\n"));
+}
+
+TEST_F(SettingsFileTest, Settings_RoutineEndsTheProgram_IsRefused) {
+  describe("end.xml", {feature("IntEntry", "A", "AddCallbackRoutine='endProcess'")});
+  write("in.conf", "A=2\n");
+  EXPECT_EQ(run({"show", "end.xml", "--callbacks", ROUTINES_LIBRARY, "--settings", "in.conf"}),
+            failure(2,
+                    "driver-feature: in.conf: the program ends when the settings are made, which a "
+                    "routine of the description may do; leave lines out to find the one\n"));
+}
+
 TEST_F(SettingsFileTest, Save_FileGrowsTooLarge_LeavesTheOldOneAndWritesNoOutput) {
   write("old.conf", "old");
   const RunResult result = run({"emit", "office.xml", "--to", "ps=job.ps", "--save", "old.conf",

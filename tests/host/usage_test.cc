@@ -20,11 +20,13 @@ struct Row {
 TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
   const Row kRows[] = {
       {{},
-       "driver-feature: a command is needed: show, emit, dump, try, diff; driver-feature --help "
+       "driver-feature: a command is needed: check, show, emit, dump, try, diff, shell; "
+       "driver-feature --help "
        "explains them\n"},
       {{"shwo"}, "driver-feature: there is no command \"shwo\"; did you mean \"show\"?\n"},
       {{"print", "a.xml"},
-       "driver-feature: there is no command \"print\"; give one of show, emit, dump, try, diff\n"},
+       "driver-feature: there is no command \"print\"; give one of check, show, emit, dump, try, "
+       "diff, shell\n"},
       {{"--frob"},
        "driver-feature: \"--frob\" is not expected; driver-feature --help explains the usage\n"},
       {{"show"},
@@ -90,6 +92,12 @@ class LibrarySearchTest : public ProgramTest {
     fs::create_directories(folder() / "bin");
     fs::create_directories(folder() / "lib");
     fs::copy(DRIVER_FEATURE_PROGRAM, folder() / "bin");
+    // Program and library look for the platform's libraries around themselves.
+    const fs::path built = fs::path(DRIVER_FEATURE_LIBRARY).parent_path();
+    for (const char* name : {"libCommonAPI.so", "libXMLParser.so"}) {
+      fs::copy(built / name, folder() / "lib");
+      fs::copy(built / name, folder() / "bin");
+    }
   }
 
   RunResult versionOf(const std::function<void()>& prepare = {}) const {

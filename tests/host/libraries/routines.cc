@@ -43,6 +43,13 @@ EXPORTED void forbidDuplex() {
       ->setFeatureProperty(std::string("Sensitivity"), false);
 }
 
+// Change routine: whatever happens, the scale is 0 afterwards.
+EXPORTED void resetScale() {
+  features()
+      ->FindFeatureInFeatureList(std::string("Scale"))
+      ->setFeatureProperty(std::string("CurrentIntValue"), 0);
+}
+
 // Change routine: prints, as a careless routine does.
 EXPORTED void printSomething() {
   std::puts("printed by puts");

@@ -1,0 +1,113 @@
+// Attributes that the library passes over, and values that it cannot convert.
+
+#include <algorithm>
+
+#include "host/check/attribute_table.h"
+#include "host/check/rules.h"
+#include "host/text.h"
+
+namespace driver_feature {
+
+namespace {
+
+bool isRead(const Element& element) {
+  return element.role != Role::kOther && element.role != Role::kDescription;
+}
+
+// A prefix marks an attribute of another program.
+bool isForeign(const Attribute& attribute) {
+  return attribute.name.find(':') != std::string::npos;
+}
+
+std::string placeOf(const Element& element) {
+  std::string text = describeElement(element);
+  if (element.kind) text += std::string(" (") + wordOf(*element.kind) + ")";
+  return text;
+}
+
+// What the library logs about an attribute that it reads and cannot use.
+std::vector<std::string> linesAbout(const Element& element, const Attribute& attribute) {
+  if (element.role != Role::kFeature || attribute.name != "Encrypted") return {};
+  std::string line;
+  const auto value = boolOf(element, attribute.name, &line);
+  if (!value) return {line};
+  return {
+      "DriverFeature::setFeatureProperty(bool) - Attempt to set feature property:  "
+      "\"Encrypted\" for feature \"" +
+      element.name() + "\" to " + std::string(1, *value ? '\1' : '\0') +
+      "where the feature is not a text valued feature."};
+}
+
+void reportUnread(const Element& element, const Attribute& attribute, Findings& findings) {
+  const std::string owners = ownersOf(attribute.name);
+  if (!owners.empty()) {
+    findings.push_back({Code::kMisplacedAttribute, attribute.position,
+                        "attribute \"" + attribute.name + "\" has no effect on " + placeOf(element),
+                        "remove it; it belongs to " + owners, linesAbout(element, attribute)});
+    return;
+  }
+  const std::vector<std::string> names = attributeNames(element);
+  findings.push_back({Code::kUnknownAttribute,
+                      attribute.position,
+                      "there is no attribute \"" + attribute.name + "\" of " + placeOf(element),
+                      didYouMean(attribute.name, names, "remove it"),
+                      {}});
+}
+
+const char* wantedForm(ValueForm form) {
+  switch (form) {
+    case ValueForm::kBool:
+      return "give true, false, 1 or 0";
+    case ValueForm::kInt:
+      return "give a whole number from -2147483648 to 2147483647, without blanks";
+    default:
+      return "give a decimal number with a point, without blanks";
+  }
+}
+
+bool converts(const Element& element, const AttributeRule& rule, std::string& log) {
+  switch (rule.form) {
+    case ValueForm::kBool:
+      return boolOf(element, rule.name, &log).has_value();
+    case ValueForm::kInt:
+      return intOf(element, rule.name, &log).has_value();
+    case ValueForm::kFloat:
+      return doubleOf(element, rule.name, &log).has_value();
+    default:
+      return true;
+  }
+}
+
+}  // namespace
+
+void checkAttributes(const Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const Element& element) {
+    if (!isRead(element)) return;
+    for (const Attribute& attribute : element.attributes) {
+      if (isForeign(attribute) || findRule(element, attribute.name) != nullptr) continue;
+      reportUnread(element, attribute, findings);
+    }
+  });
+}
+
+void checkValues(const Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const Element& element) {
+    if (!isRead(element)) return;
+    for (const Attribute& attribute : element.attributes) {
+      const AttributeRule* rule = findRule(element, attribute.name);
+      std::string log;
+      // Without a type it is not known what DefaultValue should hold.
+      const bool unclear = element.role == Role::kFeature && !element.kind;
+      if (rule == nullptr || converts(element, *rule, log)) continue;
+      if (unclear && rule->form != ValueForm::kBool) continue;
+      findings.push_back({Code::kNotConvertible,
+                          attribute.position,
+                          "\"" + attribute.value + "\" is no value for \"" + attribute.name +
+                              "\" of " + describeElement(element),
+                          wantedForm(rule->form),
+                          {log}});
+    }
+  });
+}
+
+}  // namespace driver_feature

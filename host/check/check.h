@@ -1,0 +1,18 @@
+// One description under all rules, the schema and the library.
+#ifndef HOST_CHECK_CHECK_H_
+#define HOST_CHECK_CHECK_H_
+
+#include <string>
+
+#include "host/check/report.h"
+#include "host/plugin.h"
+
+namespace driver_feature {
+
+// Checks a file. Routines that it names are looked up among what the process
+// has loaded by now.
+FileReport checkFile(const std::string& path, const Plugin& plugin);
+
+}  // namespace driver_feature
+
+#endif  // HOST_CHECK_CHECK_H_

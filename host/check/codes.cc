@@ -1,0 +1,225 @@
+// The table of all codes.
+
+#include <algorithm>
+#include <cctype>
+
+#include "host/check/findings.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr Severity kError = Severity::kError;
+constexpr Severity kWarning = Severity::kWarning;
+
+constexpr CodeRow kCodes[] = {
+    // The file.
+    {Code::kUnreadable, kError, "DF001", "The file cannot be opened or read."},
+    {Code::kNotXml, kError, "DF002",
+     "The file is no XML document, or one with declarations that are not accepted: entities and "
+     "default values of attributes."},
+    {Code::kNoDescription, kError, "DF003",
+     "Neither the root element nor one of its children is named FeatureDescription."},
+
+    // Structure.
+    {Code::kInvalidElement, kError, "DF101",
+     "An element stands where the library does not expect one of its name. The library ends the "
+     "process."},
+    {Code::kEmptyStaticGroup, kError, "DF102",
+     "A static group has no members. The library ends the process."},
+    {Code::kDynamicGroupChildren, kError, "DF103",
+     "A dynamic group has no template or more than one child. The library ends the process."},
+    {Code::kNoOptions, kError, "DF104",
+     "A feature of type MultiSelect has no options. The library ends the process."},
+    {Code::kIgnoredElement, kError, "DF105",
+     "The library passes over this element: its parent takes no children."},
+    {Code::kOptionTag, kWarning, "DF106",
+     "Every child of a MultiSelect feature is read as an option, whatever its name. A name other "
+     "than Option may be a mistake."},
+    {Code::kNoBaseInfo, kWarning, "DF107",
+     "The description registers no update callback, so that the host does not hear of changes "
+     "unless it registers one itself."},
+    {Code::kLateBaseInfo, kWarning, "DF108",
+     "A feature reports Sensitivity, Visibility or Encrypted to the update callback before "
+     "BaseFeatureInfo registers it. A host that registers none itself may end there."},
+    {Code::kRepeatedBaseInfo, kWarning, "DF109",
+     "A second BaseFeatureInfo replaces the callbacks of the first."},
+    {Code::kSecondDescription, kWarning, "DF110",
+     "Only the first FeatureDescription of a document is read."},
+    {Code::kStrayText, kError, "DF111",
+     "Text stands between elements. The library reads elements and attributes only."},
+    {Code::kSchema, kError, "DF199",
+     "The schema of feature descriptions does not allow this, and no other rule has reported the "
+     "place."},
+
+    // Attributes.
+    {Code::kMissingAttribute, kError, "DF201",
+     "A required attribute is absent. The library ends the process."},
+    {Code::kUnknownType, kError, "DF202",
+     "FeatureType holds none of the six types. The library ends the process."},
+    {Code::kUnknownAttribute, kError, "DF203",
+     "No element of a description has this attribute. The library passes over it without a word. "
+     "Attributes with a prefix are left to other programs and not reported."},
+    {Code::kMisplacedAttribute, kError, "DF204",
+     "The attribute belongs to another element or to another type of feature. The library does "
+     "not use it here."},
+
+    // Values.
+    {Code::kNotConvertible, kError, "DF301",
+     "The text is no value of the attribute's type: true, false, 1 or 0; a decimal 32-bit number; "
+     "a decimal number with a point. The library leaves the setting as it is without the "
+     "attribute."},
+    {Code::kUnknownDefault, kError, "DF302",
+     "DefaultValue names no option of the feature. The library takes the first option."},
+    {Code::kNoDefault, kWarning, "DF303",
+     "A MultiSelect feature has no DefaultValue. The library takes the first option."},
+    {Code::kDefaultOutOfRange, kError, "DF304",
+     "DefaultValue lies below the minimum or above the maximum. The library does not notice."},
+    {Code::kDefaultTooLong, kError, "DF305",
+     "DefaultValue has more characters than MaxTextLength allows. The library does not notice."},
+    {Code::kDefaultCharacters, kError, "DF306",
+     "DefaultValue holds a character that is not in TextValidationCharSet. The library does not "
+     "notice."},
+    {Code::kCrossedLimits, kError, "DF307",
+     "The minimum is above the maximum, so that no value is valid."},
+    {Code::kNoLengthLimit, kWarning, "DF308",
+     "A MaxTextLength of 0 or less is no limit, as if the attribute were absent."},
+    {Code::kNoCharacterSet, kWarning, "DF309",
+     "A text that may hold any character is written to PJL or PostScript. Control characters and "
+     "delimiters in it can change the command or add others."},
+    {Code::kHarmfulCharacterSet, kWarning, "DF310",
+     "TextValidationCharSet allows characters that can end the PJL line, the PJL string or the "
+     "PostScript string that the value is written into."},
+    {Code::kFloatTooLarge, kError, "DF311",
+     "The number is beyond the range of single-precision numbers, in which the library keeps it."},
+
+    // Names.
+    {Code::kRepeatedFeature, kError, "DF401",
+     "Two features have one name. The later replaces the earlier."},
+    {Code::kRepeatedGroup, kError, "DF402",
+     "A group's name already belongs to a feature or to another group, which is found in its "
+     "place."},
+    {Code::kRepeatedOption, kError, "DF403",
+     "Two options of a feature have one name. The later cannot be selected by its name."},
+    {Code::kEmptyName, kError, "DF404",
+     "The name is empty. The library does not file such a feature, and nobody finds such a group "
+     "or option."},
+
+    // Commands.
+    {Code::kBadTemplate, kError, "DF501",
+     "The command template can never be formatted: it holds a lone per cent sign, a second "
+     "conversion, a conversion that does not exist, or a width or precision above 4096. The "
+     "library writes nothing."},
+    {Code::kWrongConversion, kError, "DF502",
+     "The conversion does not fit the value: texts and options take s; integers d, i, u, x, X, o "
+     "and c; floats f, F, e, E, g, G, a and A. The library writes nothing."},
+    {Code::kNoConversion, kWarning, "DF503",
+     "The command template has no conversion, so that the value or the members' text is not "
+     "written."},
+    {Code::kNoLineEnd, kWarning, "DF504",
+     "A PJL command does not end its line, so that the next command continues it. The library "
+     "adds no line ends."},
+    {Code::kNotPjl, kError, "DF505",
+     "PJL lines hold the ASCII characters from blank to tilde, tabs and line ends only."},
+    {Code::kUnusedOptionCommand, kWarning, "DF506",
+     "Options have commands that nothing writes: their feature has neither a command or ticket "
+     "name to put them into nor a routine."},
+    {Code::kMissingOptionCommand, kWarning, "DF507",
+     "An option has no command for its feature's template, which is then written with nothing in "
+     "the value's place."},
+    {Code::kCommandWithoutValue, kError, "DF508",
+     "A feature without a value (UIOnly, MVCList) has a command. The library cannot format it and "
+     "writes nothing."},
+
+    // Reach of the output.
+    {Code::kTemplateOutput, kWarning, "DF601",
+     "The template of a dynamic group and its members are never written; only a host's routine "
+     "could read the attribute."},
+    {Code::kIgnoredMemberRoutine, kError, "DF602",
+     "In PJL, a group with a command never calls a member's own routine."},
+    {Code::kDroppedGroupRoutine, kWarning, "DF603",
+     "A group with a PJL command calls its own routine for every member without a command, and "
+     "drops what the routine writes."},
+    {Code::kUnreachableMember, kError, "DF604",
+     "The member can never be written: its group has neither a command or ticket name nor a "
+     "routine for this output."},
+    {Code::kSilentGroup, kWarning, "DF605",
+     "A static group writes nothing to any output, and its members are not written at top level "
+     "either."},
+    {Code::kShadowedRoutine, kWarning, "DF606",
+     "The routine is never called, because the command or ticket name beside it comes first."},
+    {Code::kMemberWithoutTicketName, kWarning, "DF607",
+     "The group is written to the ticket, but this member has no ticket name of the kind that the "
+     "group goes by and no routine."},
+    {Code::kUnusedTicketName, kWarning, "DF608",
+     "The ticket name is never used: another name comes first, or the member's group goes by the "
+     "other kind."},
+    {Code::kDynamicGroupOutput, kWarning, "DF609",
+     "Dynamic groups are not written; only a host's routine could read the attribute."},
+
+    // Tickets.
+    {Code::kNoTicketCommand, kWarning, "DF701",
+     "The feature has a ticket name and the option no TESKCommand: the feature is left out of the "
+     "ticket while this option is selected."},
+    {Code::kNoSyntax, kWarning, "DF702",
+     "A ticket name stands without TESKAttributeSyntax: the node is written with an empty syntax."},
+    {Code::kTicketNameCharacters, kWarning, "DF703",
+     "A ticket name begins or ends with a blank or holds control characters, which readers of the "
+     "ticket may drop or refuse."},
+    {Code::kTicketWithoutValue, kError, "DF704",
+     "A feature without a value (UIOnly, MVCList) has a ticket name. The library leaves it out of "
+     "the ticket."},
+
+    // Routines.
+    {Code::kNoUpdateRoutine, kError, "DF801",
+     "DefaultCallbackHandler names no routine of the program or of a library given with "
+     "--callbacks. The library ends the process."},
+    {Code::kNoLoadRoutine, kError, "DF802",
+     "LoadVORNCallbackHandler names no routine. Ticket and queue data are not loaded."},
+    {Code::kNoChangeRoutine, kError, "DF803",
+     "AddCallbackRoutine names no routine. Nothing is called when the feature changes."},
+    {Code::kNoOutputRoutine, kError, "DF804",
+     "The name of an output routine belongs to no routine. Nothing is written in its place."},
+    {Code::kNoSortRoutine, kError, "DF805",
+     "SortFunctionName names no routine. The records keep the order in which they are added."},
+    {Code::kNeverSorted, kWarning, "DF806",
+     "A dynamic group has no sort routine. The records keep the order in which they are added."},
+
+    // The library's own verdict.
+    {Code::kLoadRefused, kError, "DF901",
+     "The rules see no reason to refuse the description, and the library did not load it. A "
+     "routine may have ended the process."},
+    {Code::kLoadAccepted, kError, "DF902",
+     "The rules see a reason to refuse the description, and the library loaded it."},
+    {Code::kOtherReason, kError, "DF903",
+     "The library refused the description for another reason than the rules give."},
+};
+
+consteval bool isComplete() {
+  for (std::size_t i = 0; i < std::size(kCodes); ++i) {
+    if (static_cast<std::size_t>(kCodes[i].code) != i) return false;
+  }
+  return std::size(kCodes) == static_cast<std::size_t>(Code::kOtherReason) + 1;
+}
+static_assert(isComplete());
+
+}  // namespace
+
+std::span<const CodeRow> allCodes() {
+  return kCodes;
+}
+
+const CodeRow& rowOf(Code code) {
+  return kCodes[static_cast<std::size_t>(code)];
+}
+
+const CodeRow* findCode(const std::string& name) {
+  std::string wanted = name;
+  std::transform(wanted.begin(), wanted.end(), wanted.begin(),
+                 [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
+  const auto* found = std::find_if(std::begin(kCodes), std::end(kCodes),
+                                   [&wanted](const CodeRow& row) { return wanted == row.name; });
+  return found != std::end(kCodes) ? found : nullptr;
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,24 @@
+#include "host/check/findings.h"
+
+#include <algorithm>
+
+namespace driver_feature {
+
+Finding refusal(Code code, Position position, const std::string& sentence,
+                const std::string& remedy, const std::vector<std::string>& log) {
+  return {code, position, sentence, remedy, log, true};
+}
+
+void sortByPosition(Findings& findings) {
+  std::stable_sort(findings.begin(), findings.end(), [](const Finding& left, const Finding& right) {
+    return left.position < right.position;
+  });
+}
+
+long countOf(const Findings& findings, Severity severity) {
+  return std::count_if(findings.begin(), findings.end(), [severity](const Finding& finding) {
+    return rowOf(finding.code).severity == severity;
+  });
+}
+
+}  // namespace driver_feature

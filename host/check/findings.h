@@ -1,0 +1,119 @@
+// What the check has found, and the codes that name each kind of finding.
+#ifndef HOST_CHECK_FINDINGS_H_
+#define HOST_CHECK_FINDINGS_H_
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "host/check/element.h"
+
+namespace driver_feature {
+
+// An error: the library refuses the description, or drops or cannot use what
+// it says. A warning: it works, but most likely not as meant.
+enum class Severity : unsigned char { kError, kWarning };
+
+enum class Code : unsigned char {
+  kUnreadable,
+  kNotXml,
+  kNoDescription,
+  kInvalidElement,
+  kEmptyStaticGroup,
+  kDynamicGroupChildren,
+  kNoOptions,
+  kIgnoredElement,
+  kOptionTag,
+  kNoBaseInfo,
+  kLateBaseInfo,
+  kRepeatedBaseInfo,
+  kSecondDescription,
+  kStrayText,
+  kSchema,
+  kMissingAttribute,
+  kUnknownType,
+  kUnknownAttribute,
+  kMisplacedAttribute,
+  kNotConvertible,
+  kUnknownDefault,
+  kNoDefault,
+  kDefaultOutOfRange,
+  kDefaultTooLong,
+  kDefaultCharacters,
+  kCrossedLimits,
+  kNoLengthLimit,
+  kNoCharacterSet,
+  kHarmfulCharacterSet,
+  kFloatTooLarge,
+  kRepeatedFeature,
+  kRepeatedGroup,
+  kRepeatedOption,
+  kEmptyName,
+  kBadTemplate,
+  kWrongConversion,
+  kNoConversion,
+  kNoLineEnd,
+  kNotPjl,
+  kUnusedOptionCommand,
+  kMissingOptionCommand,
+  kCommandWithoutValue,
+  kTemplateOutput,
+  kIgnoredMemberRoutine,
+  kDroppedGroupRoutine,
+  kUnreachableMember,
+  kSilentGroup,
+  kShadowedRoutine,
+  kMemberWithoutTicketName,
+  kUnusedTicketName,
+  kDynamicGroupOutput,
+  kNoTicketCommand,
+  kNoSyntax,
+  kTicketNameCharacters,
+  kTicketWithoutValue,
+  kNoUpdateRoutine,
+  kNoLoadRoutine,
+  kNoChangeRoutine,
+  kNoOutputRoutine,
+  kNoSortRoutine,
+  kNeverSorted,
+  kLoadRefused,
+  kLoadAccepted,
+  kOtherReason,
+};
+
+struct CodeRow {
+  Code code;
+  Severity severity;
+  const char* name;         // As in "DF101". Never given to another kind of finding.
+  const char* explanation;  // One or two sentences.
+};
+
+// One row for each code, in the order of the names.
+std::span<const CodeRow> allCodes();
+const CodeRow& rowOf(Code code);
+// Null when no code has that name. Case does not matter.
+const CodeRow* findCode(const std::string& name);
+
+struct Finding {
+  Code code = Code::kUnreadable;
+  Position position;
+  std::string sentence;
+  std::string remedy;
+  std::vector<std::string> log;  // The lines that the library logs for it, in their order.
+  bool refused = false;          // Whether the library ends the load there.
+};
+
+// A finding of the library's own: the load ends there with these lines.
+Finding refusal(Code code, Position position, const std::string& sentence,
+                const std::string& remedy, const std::vector<std::string>& log);
+
+using Findings = std::vector<Finding>;
+
+// By position; findings of one place keep their order.
+void sortByPosition(Findings& findings);
+
+long countOf(const Findings& findings, Severity severity);
+
+}  // namespace driver_feature
+
+#endif  // HOST_CHECK_FINDINGS_H_

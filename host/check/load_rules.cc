@@ -1,0 +1,205 @@
+// What the library refuses: it ends the process there.
+
+#include "Symbols.h"
+
+#include "host/check/rules.h"
+#include "host/text.h"
+
+namespace driver_feature {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// The lines of the builders around `built`, which could not be built.
+Lines followUps(const Element& built) {
+  Lines lines;
+  for (const Element* inner = &built; inner->parent != nullptr; inner = inner->parent) {
+    const Element& outer = *inner->parent;
+    if (outer.role == Role::kDynamicGroup) {
+      lines.push_back(
+          "CreateDynamicFeatureGroup() - Cannot create template static feature group to feature "
+          "group \"" +
+          outer.name() + "\".");
+    } else if (outer.role == Role::kStaticGroup && inner->role == Role::kFeature) {
+      lines.emplace_back("CreateStaticFeatureGroup() - Could not create feature for feature group");
+    } else if (outer.role == Role::kStaticGroup) {
+      lines.push_back(
+          "CreateStaticFeatureGroup() - Cannot create nested static feature group to feature "
+          "group \"" +
+          outer.name() + "\".");
+    }
+  }
+  return lines;
+}
+
+Lines linesFor(const std::string& first, const Element& built) {
+  Lines lines = {first};
+  for (const std::string& line : followUps(built)) lines.push_back(line);
+  return lines;
+}
+
+class LoadWalk {
+ public:
+  explicit LoadWalk(Findings& findings) : findings_(findings) {}
+
+  void walk(const Element& description) {
+    for (const auto& child : description.children) {
+      if (child->role == Role::kOther) {
+        refuseChild(*child, "in a FeatureDescription",
+                    {"Feature", "FeatureStaticGroup", "FeatureDynamicGroup", "BaseFeatureInfo"},
+                    {"FeatureXMLTagHandler() - Invalid element tag \"" + child->tag + "\"."});
+      } else {
+        visit(*child);
+      }
+    }
+  }
+
+ private:
+  void visit(const Element& element) {
+    switch (element.role) {
+      case Role::kBaseInfo:
+        return baseInfo(element);
+      case Role::kFeature:
+        return feature(element);
+      case Role::kStaticGroup:
+        return staticGroup(element);
+      case Role::kDynamicGroup:
+        return dynamicGroup(element);
+      default:
+        return;
+    }
+  }
+
+  void baseInfo(const Element& element) {
+    constexpr const char* kUpdate = "DefaultCallbackHandler";
+    constexpr const char* kLoad = "LoadVORNCallbackHandler";
+    if (element.find(kUpdate) == nullptr) {
+      missing(element, kUpdate, "name the routine that the library calls after a change",
+              {"FeatureXMLTagHandler() - No Default Callback Handler element"});
+    } else if (FetchSymbol(element.text(kUpdate).c_str()) == nullptr) {
+      findings_.push_back(
+          refusal(Code::kNoUpdateRoutine, element.positionOf(kUpdate),
+                  "there is no routine \"" + element.text(kUpdate) + "\" for the update callback",
+                  "correct the name or give the library that has the routine with --callbacks",
+                  {"FeatureXMLTagHandler() - Null Default Callback Handler pointer"}));
+    }
+    if (element.find(kLoad) == nullptr || FetchSymbol(element.text(kLoad).c_str()) != nullptr) {
+      return;
+    }
+    findings_.push_back(
+        {Code::kNoLoadRoutine,
+         element.positionOf(kLoad),
+         "there is no routine \"" + element.text(kLoad) + "\" that loads ticket data",
+         "correct the name or give the library that has the routine with --callbacks",
+         {"FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer"}});
+  }
+
+  void feature(const Element& element) {
+    const Attribute* type = element.find("FeatureType");
+    const std::string words = join(featureTypeWords(), ", ");
+    if (type == nullptr) {
+      missing(element, "FeatureType", "give one of " + words,
+              linesFor("CreateFeature() - No keyword defined for feature type", element));
+    }
+    requireName(element, "CreateFeature() - No name defined for feature");
+    if (type != nullptr && !element.kind) {
+      findings_.push_back(refusal(
+          Code::kUnknownType, type->position, "\"" + type->value + "\" is no type of feature",
+          didYouMean(type->value, featureTypeWords(), "give one of " + words),
+          linesFor("CreateFeature() - Invalid feature type \"" + type->value + "\" for feature \"" +
+                       element.name() + "\".",
+                   element)));
+    }
+    if (!element.isKind(FeatureKind::kMultiSelect)) return;
+    if (element.children.empty()) {
+      findings_.push_back(
+          refusal(Code::kNoOptions, element.position, describeElement(element) + " has no options",
+                  "add an <Option> for each choice",
+                  linesFor("CreateFeature() - No options for MultiSelect feature", element)));
+    }
+    for (const auto& child : element.children) option(*child, element);
+  }
+
+  void option(const Element& element, const Element& owner) {
+    if (element.find("Name") != nullptr) return;
+    Lines lines = {"CreateFeatureOption() - No name defined for option"};
+    for (const std::string& line :
+         linesFor("CreateFeature() - Could not create MultiSelect feature option", owner)) {
+      lines.push_back(line);
+    }
+    missing(element, "Name", "name the option", lines);
+  }
+
+  void staticGroup(const Element& element) {
+    requireName(element, "CreateStaticFeatureGroup() - No name defined for feature group");
+    if (element.children.empty()) {
+      findings_.push_back(refusal(
+          Code::kEmptyStaticGroup, element.position, describeElement(element) + " has no members",
+          "add a <Feature> or a <FeatureStaticGroup>, or remove the group",
+          linesFor("CreateStaticFeatureGroup() - No features for feature group", element)));
+    }
+    for (const auto& child : element.children) {
+      if (child->role == Role::kOther) {
+        refuseChild(
+            *child, "in a static group", {"Feature", "FeatureStaticGroup"},
+            linesFor("CreateStaticFeatureGroup() - Invalid node tag \"" + child->tag + "\".",
+                     element));
+      } else {
+        visit(*child);
+      }
+    }
+  }
+
+  void dynamicGroup(const Element& element) {
+    requireName(element, "CreateDynamicFeatureGroup() - No name defined for feature group");
+    if (element.children.size() != 1) {
+      findings_.push_back(refusal(
+          Code::kDynamicGroupChildren, element.position,
+          describeElement(element) + " has " + std::to_string(element.children.size()) +
+              " children",
+          "give it exactly one <FeatureStaticGroup>, the template of its records",
+          linesFor("CreateDynamicFeatureGroup() - Wrong number of subnodes for dynamic group",
+                   element)));
+    }
+    for (const auto& child : element.children) {
+      if (child->role == Role::kOther) {
+        refuseChild(
+            *child, "in a dynamic group", {"FeatureStaticGroup"},
+            linesFor("CreateDynamicFeatureGroup() - Invalid node tag \"" + child->tag + "\".",
+                     element));
+      } else {
+        visit(*child);
+      }
+    }
+  }
+
+  void requireName(const Element& element, const std::string& line) {
+    if (element.find("Name") != nullptr) return;
+    missing(element, "Name", "name it", linesFor(line, element));
+  }
+
+  void missing(const Element& element, const std::string& attribute, const std::string& remedy,
+               const Lines& lines) {
+    findings_.push_back(refusal(
+        Code::kMissingAttribute, element.position,
+        describeElement(element) + " has no attribute \"" + attribute + "\"", remedy, lines));
+  }
+
+  void refuseChild(const Element& child, const std::string& place, const Lines& allowed,
+                   const Lines& lines) {
+    findings_.push_back(refusal(
+        Code::kInvalidElement, child.position, "element <" + child.tag + "> cannot stand " + place,
+        didYouMean(child.tag, allowed, "allowed are " + join(allowed, ", ")), lines));
+  }
+
+  Findings& findings_;
+};
+
+}  // namespace
+
+void checkLoad(const Element& description, Findings& findings) {
+  LoadWalk(findings).walk(description);
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,97 @@
+// The commands of options, and the features that put them into the output.
+
+#include <algorithm>
+
+#include "host/check/rules.h"
+#include "host/check/template_reading.h"
+
+namespace driver_feature {
+
+namespace {
+
+// One output: the option's command, and what of the feature uses it.
+struct OptionOutput {
+  const char* optionCommand;
+  std::vector<std::string> users;  // Attributes of the feature; the last is its routine.
+};
+
+const std::vector<OptionOutput>& outputs() {
+  static const std::vector<OptionOutput> kOutputs = {
+      {"PJLCommand", {"PJLCommand", "AddPJLCallbackRoutine"}},
+      {"PSCommand", {"PSCommand", "AddPSCallbackRoutine"}},
+      {"TESKCommand",
+       {"TESKJTAttributeName", "TESKOAAttributeName", "InstOptAttributeName",
+        "NonVORNAttributeName", "AddVORNCallbackRoutine"}}};
+  return kOutputs;
+}
+
+// Whether a routine of a group around the feature may write in its place.
+bool isWrittenByGroupRoutine(const Element& feature, const std::string& routine) {
+  for (const Element* outer = feature.parent; outer != nullptr; outer = outer->parent) {
+    if (outer->role == Role::kStaticGroup && outer->has(routine)) return true;
+  }
+  return false;
+}
+
+void checkUse(const Element& feature, const OptionOutput& output, Findings& findings) {
+  const bool used = std::any_of(output.users.begin(), output.users.end(),
+                                [&feature](const std::string& user) { return feature.has(user); });
+  if (used || isWrittenByGroupRoutine(feature, output.users.back())) return;
+  const auto first =
+      std::find_if(feature.children.begin(), feature.children.end(),
+                   [&output](const auto& option) { return option->has(output.optionCommand); });
+  if (first == feature.children.end()) return;
+  findings.push_back({Code::kUnusedOptionCommand,
+                      (*first)->positionOf(output.optionCommand),
+                      std::string(output.optionCommand) + " of the options of " +
+                          describeElement(feature) + " is never written",
+                      "give the feature " + output.users.front() + " or " + output.users.back() +
+                          ", or remove it from the options",
+                      {}});
+}
+
+// Each option without what the feature's template takes from it.
+void checkTemplateOptions(const Element& feature, const char* command, Findings& findings) {
+  if (readTemplate(feature.text(command)).conversion.empty()) return;
+  for (const auto& option : feature.children) {
+    if (option->has(command)) continue;
+    findings.push_back({Code::kMissingOptionCommand,
+                        option->positionOf(command),
+                        describeElement(*option) + " has no " + command +
+                            "; the feature's command is written with nothing in its place",
+                        std::string("give the option a ") + command,
+                        {}});
+  }
+}
+
+void checkTicketOptions(const Element& feature, Findings& findings) {
+  const bool inTicket =
+      std::any_of(std::begin(kTicketNameAttributes), std::end(kTicketNameAttributes),
+                  [&feature](const char* name) { return feature.has(name); });
+  if (!inTicket) return;
+  for (const auto& option : feature.children) {
+    if (option->has("TESKCommand")) continue;
+    findings.push_back(
+        {Code::kNoTicketCommand,
+         option->positionOf("TESKCommand"),
+         describeElement(*option) + " has no TESKCommand; with it the feature is left out of the "
+                                    "ticket",
+         "give the option a TESKCommand",
+         {"createTicketNodeAttributes() - Empty feature option command - skipping"}});
+  }
+}
+
+}  // namespace
+
+void checkOptionCommands(const Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const Element& element) {
+    // A routine may make what it likes of the records of a template.
+    if (!element.isKind(FeatureKind::kMultiSelect) || element.inTemplate) return;
+    for (const OptionOutput& output : outputs()) checkUse(element, output, findings);
+    checkTemplateOptions(element, "PJLCommand", findings);
+    checkTemplateOptions(element, "PSCommand", findings);
+    checkTicketOptions(element, findings);
+  });
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,139 @@
+// PostScript and PJL that is described and never written.
+
+#include <algorithm>
+#include <iterator>
+
+#include "host/check/rules.h"
+
+namespace driver_feature {
+
+namespace {
+
+struct TextOutput {
+  const char* words;
+  const char* command;
+  const char* routine;
+  bool memberRunsOwnRoutine;
+};
+
+constexpr TextOutput kTextOutputs[] = {
+    {"PJL", "PJLCommand", "AddPJLCallbackRoutine", false},
+    {"PostScript", "PSCommand", "AddPSCallbackRoutine", true},
+};
+
+// What takes an element into an output.
+constexpr const char* kOutputAttributes[] = {"PJLCommand",
+                                             "PSCommand",
+                                             "TESKOAAttributeName",
+                                             "TESKJTAttributeName",
+                                             "InstOptAttributeName",
+                                             "NonVORNAttributeName",
+                                             "AddPJLCallbackRoutine",
+                                             "AddPSCallbackRoutine",
+                                             "AddVORNCallbackRoutine"};
+
+bool isWritable(const Element& element) {
+  return element.role == Role::kFeature || element.role == Role::kStaticGroup;
+}
+
+// Templates and dynamic groups are in no output at all.
+void checkUnwritten(const Element& element, Findings& findings) {
+  const bool isDynamic = element.role == Role::kDynamicGroup;
+  if (!isDynamic && !(element.inTemplate && isWritable(element))) return;
+  for (const char* name : kOutputAttributes) {
+    if (!element.has(name)) continue;
+    if (isDynamic) {
+      findings.push_back({Code::kDynamicGroupOutput,
+                          element.positionOf(name),
+                          std::string(name) + " of " + describeElement(element) +
+                              " is never written, because dynamic groups are not",
+                          "remove it, and let a feature's routine write the records",
+                          {}});
+    } else {
+      findings.push_back({Code::kTemplateOutput,
+                          element.positionOf(name),
+                          std::string(name) + " of " + describeElement(element) +
+                              " is never written, because it belongs to a template of records",
+                          "remove it, and let a feature's routine write the records",
+                          {}});
+    }
+  }
+}
+
+void checkMember(const Element& member, const TextOutput& output, Findings& findings) {
+  const Element& group = *member.parent;
+  if (!group.has(output.command)) {
+    // A routine of the group may read what it likes.
+    if (group.has(output.routine)) return;
+    const char* name = member.has(output.command) ? output.command : output.routine;
+    if (!member.has(name)) return;
+    findings.push_back({Code::kUnreachableMember,
+                        member.positionOf(name),
+                        std::string(name) + " of " + describeElement(member) +
+                            " is never written, because " + describeElement(group) +
+                            " has neither " + output.command + " nor " + output.routine,
+                        std::string("give the group ") + output.command + "=\"%s\"",
+                        {}});
+    return;
+  }
+  const bool ignored = !output.memberRunsOwnRoutine && member.role == Role::kFeature &&
+                       !member.has(output.command) && member.has(output.routine);
+  if (!ignored) return;
+  findings.push_back(
+      {Code::kIgnoredMemberRoutine,
+       member.positionOf(output.routine),
+       std::string(output.routine) + " of " + describeElement(member) +
+           " is never called, because " + describeElement(group) + " writes it",
+       std::string("give the feature ") + output.command + ", or move it out of the group",
+       {}});
+}
+
+// A command and a routine beside each other.
+void checkBoth(const Element& element, const TextOutput& output, Findings& findings) {
+  if (!element.has(output.command) || !element.has(output.routine)) return;
+  if (element.role == Role::kStaticGroup && !output.memberRunsOwnRoutine) {
+    findings.push_back({Code::kDroppedGroupRoutine,
+                        element.positionOf(output.routine),
+                        std::string(output.routine) + " of " + describeElement(element) +
+                            " is called for members without " + output.command +
+                            ", and what it writes is dropped",
+                        std::string("remove it or ") + output.command,
+                        {}});
+    return;
+  }
+  findings.push_back({Code::kShadowedRoutine,
+                      element.positionOf(output.routine),
+                      std::string(output.routine) + " of " + describeElement(element) +
+                          " is never called, because " + output.command + " comes first",
+                      "remove one of the two",
+                      {}});
+}
+
+void checkSilence(const Element& group, Findings& findings) {
+  if (group.role != Role::kStaticGroup || group.inTemplate) return;
+  const bool writes = std::any_of(std::begin(kOutputAttributes), std::end(kOutputAttributes),
+                                  [&group](const char* name) { return group.has(name); });
+  if (writes) return;
+  findings.push_back({Code::kSilentGroup,
+                      group.position,
+                      describeElement(group) + " has no command, ticket name or routine; neither "
+                                               "it nor its members are written",
+                      "give the group a command or a ticket name, or move its members out of it",
+                      {}});
+}
+
+}  // namespace
+
+void checkReach(const Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const Element& element) {
+    checkUnwritten(element, findings);
+    checkSilence(element, findings);
+    if (!isWritable(element) || element.inTemplate) return;
+    for (const TextOutput& output : kTextOutputs) {
+      if (element.isMember()) checkMember(element, output, findings);
+      checkBoth(element, output, findings);
+    }
+  });
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,133 @@
+#include "host/check/report.h"
+
+#include <nlohmann/json.hpp>
+
+#include "host/text.h"
+
+namespace driver_feature {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+const char* wordOf(Severity severity) {
+  return severity == Severity::kError ? "error" : "warning";
+}
+
+std::string placeText(const std::string& file, Position position) {
+  std::string text = printable(file);
+  if (position.line == 0) return text;
+  return text + ":" + std::to_string(position.line) + ":" + std::to_string(position.column);
+}
+
+std::string findingText(const std::string& file, const Finding& finding) {
+  const CodeRow& row = rowOf(finding.code);
+  std::string text = placeText(file, finding.position) + ": " + wordOf(row.severity) + ": " +
+                     printable(finding.sentence) + "; " + printable(finding.remedy) + " [" +
+                     row.name + "]\n";
+  for (const std::string& line : finding.log) text += "    log: " + printable(line) + "\n";
+  return text;
+}
+
+std::string counted(long count, const std::string& word) {
+  return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
+}
+
+struct Totals {
+  long errors = 0;
+  long warnings = 0;
+};
+
+Totals totalsOf(const std::vector<FileReport>& reports) {
+  Totals totals;
+  for (const FileReport& report : reports) {
+    totals.errors += countOf(report.findings, Severity::kError);
+    totals.warnings += countOf(report.findings, Severity::kWarning);
+  }
+  return totals;
+}
+
+// What the library says of a description that it does not load, or of any
+// when everything is wanted.
+std::string loadText(const FileReport& report, LogDetail detail) {
+  if (!report.load) return "";
+  const LoadReport& load = *report.load;
+  if (load.loaded && detail != LogDetail::kAll) return "";
+  std::string text =
+      printable(report.file) + ": note: the library " +
+      (load.loaded ? "loads the description" : "does not load the description (" + load.end + ")") +
+      "\n";
+  for (const LoadLine& line : load.lines) {
+    if (line.level > 1 && detail != LogDetail::kAll) continue;
+    text += "    log: " + printable(line.text) + "\n";
+  }
+  return text;
+}
+
+Json loadJson(const LoadReport& load) {
+  Json lines = Json::array();
+  for (const LoadLine& line : load.lines) {
+    lines.push_back({{"level", line.level}, {"text", line.text}});
+  }
+  return {{"loaded", load.loaded}, {"end", load.end}, {"log", lines}};
+}
+
+Json findingJson(const Finding& finding) {
+  const CodeRow& row = rowOf(finding.code);
+  return {{"line", finding.position.line},
+          {"column", finding.position.column},
+          {"severity", wordOf(row.severity)},
+          {"code", row.name},
+          {"message", finding.sentence},
+          {"remedy", finding.remedy},
+          {"log", finding.log}};
+}
+
+Json fileJson(const FileReport& report) {
+  Json findings = Json::array();
+  for (const Finding& finding : report.findings) findings.push_back(findingJson(finding));
+  const Json load = report.load ? loadJson(*report.load) : Json();
+  return {{"file", report.file}, {"usable", report.usable}, {"load", load}, {"findings", findings}};
+}
+
+}  // namespace
+
+std::string reportText(const std::vector<FileReport>& reports, LogDetail detail) {
+  std::string text;
+  for (const FileReport& report : reports) {
+    for (const Finding& finding : report.findings) {
+      const bool isError = rowOf(finding.code).severity == Severity::kError;
+      if (isError || detail != LogDetail::kErrors) text += findingText(report.file, finding);
+    }
+    text += loadText(report, detail);
+  }
+  const Totals totals = totalsOf(reports);
+  return text + counted(static_cast<long>(reports.size()), "file") +
+         " checked: " + counted(totals.errors, "error") + ", " +
+         counted(totals.warnings, "warning") + "\n";
+}
+
+std::string reportJson(const std::vector<FileReport>& reports) {
+  Json files = Json::array();
+  for (const FileReport& report : reports) files.push_back(fileJson(report));
+  const Totals totals = totalsOf(reports);
+  const Json document = {
+      {"files", files}, {"errors", totals.errors}, {"warnings", totals.warnings}};
+  // Names of files and texts need not be UTF-8.
+  return document.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+std::string explainCode(const CodeRow& row) {
+  return std::string(row.name) + " (" + wordOf(row.severity) + ")\n" + row.explanation + "\n";
+}
+
+std::string explainAllCodes() {
+  std::string text;
+  for (const CodeRow& row : allCodes()) {
+    if (!text.empty()) text += "\n";
+    text += explainCode(row);
+  }
+  return text;
+}
+
+}  // namespace driver_feature

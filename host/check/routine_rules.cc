@@ -1,0 +1,88 @@
+// Routines that a description names and that nobody provides.
+
+#include "Symbols.h"
+
+#include "host/check/rules.h"
+
+namespace driver_feature {
+
+namespace {
+
+// The line is what the library logs when it looks for the routine: at the
+// load, or when it writes the element at top level or as a group's member.
+struct RoutineRow {
+  const char* attribute;
+  Code code;
+  const char* line;
+  const char* lineOfGroup;
+};
+
+constexpr RoutineRow kRoutines[] = {
+    {"AddCallbackRoutine", Code::kNoChangeRoutine,
+     "DriverFeature::setFeatureProperty(string):  Failed to load custom feature callback:  ",
+     nullptr},
+    {"AddPJLCallbackRoutine", Code::kNoOutputRoutine,
+     "serialize() - Cannot load PJL Command callback: ",
+     "processPJLStaticGroup() - Cannot load PJL Command callback: "},
+    {"AddPSCallbackRoutine", Code::kNoOutputRoutine,
+     "serialize() - Cannot load PS Command callback: ",
+     "processPSStaticGroup() - Cannot load PS Command callback: "},
+    {"AddVORNCallbackRoutine", Code::kNoOutputRoutine,
+     "serialize() - Cannot load VORN Command callback: ",
+     "processVORNStaticGroup() - Cannot load VORN Command callback: "},
+    {"SortFunctionName", Code::kNoSortRoutine,
+     "addStaticGroupToDynamicGroupWithSort:  Failed to load custom sort callback:  ", nullptr},
+};
+
+// Whether a group's operation looks for the routine. A top-level group's
+// ticket routine is looked for before any group is written.
+bool isSoughtByGroup(const Element& element, const RoutineRow& row) {
+  if (row.lineOfGroup == nullptr) return false;
+  if (element.isMember()) return true;
+  return element.role == Role::kStaticGroup &&
+         row.attribute != std::string("AddVORNCallbackRoutine");
+}
+
+bool hasRoutines(const Element& element) {
+  return element.role == Role::kFeature || element.role == Role::kStaticGroup ||
+         element.role == Role::kDynamicGroup;
+}
+
+void checkRoutine(const Element& element, const RoutineRow& row, Findings& findings) {
+  // The name of a change routine is looked for even when it is empty.
+  const bool isSought = row.code == Code::kNoChangeRoutine ? element.find(row.attribute) != nullptr
+                                                           : element.has(row.attribute);
+  if (!isSought) return;
+  // Elsewhere the attribute is not read.
+  if ((row.attribute == std::string("SortFunctionName")) != (element.role == Role::kDynamicGroup)) {
+    return;
+  }
+  if (row.code == Code::kNoChangeRoutine && element.role != Role::kFeature) return;
+  const std::string name = element.text(row.attribute);
+  if (FetchSymbol(name.c_str()) != nullptr) return;
+  const char* line = isSoughtByGroup(element, row) ? row.lineOfGroup : row.line;
+  findings.push_back({row.code,
+                      element.positionOf(row.attribute),
+                      "there is no routine \"" + name + "\" for " + row.attribute + " of " +
+                          describeElement(element),
+                      "correct the name or give the library that has the routine with --callbacks",
+                      {line + name}});
+}
+
+}  // namespace
+
+void checkRoutines(const Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const Element& element) {
+    if (!hasRoutines(element)) return;
+    for (const RoutineRow& row : kRoutines) checkRoutine(element, row, findings);
+    if (element.role != Role::kDynamicGroup || element.has("SortFunctionName")) return;
+    findings.push_back({Code::kNeverSorted,
+                        element.positionOf("SortFunctionName"),
+                        describeElement(element) + " names no sort routine; its records keep the "
+                                                   "order in which they are added",
+                        "name a comparing routine in SortFunctionName if their order matters",
+                        {}});
+  });
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,78 @@
+#include "host/check/rules.h"
+
+#include "AttributeMap.h"
+#include "Log.h"
+
+#include "host/log_printer.h"
+#include "host/nearest_name.h"
+
+namespace driver_feature {
+
+namespace {
+
+using Rule = void (*)(const Element& description, Findings& findings);
+
+// checkLoad() stands first: its findings keep the order of the load.
+constexpr Rule kRules[] = {
+    &checkLoad,     &checkStructure, &checkAttributes,  &checkValues,      &checkDefaults,
+    &checkTexts,    &checkNames,     &checkTemplates,   &checkPjl,         &checkOptionCommands,
+    &checkRoutines, &checkReach,     &checkTicketReach, &checkTicketNames,
+};
+
+// Keeps the last log line while it lives.
+class LogCatcher {
+ public:
+  explicit LogCatcher(std::string* line) {
+    SetLogHandler(
+        [](int, const char*, const char* text, std::size_t length, void* context) {
+          auto* target = static_cast<std::string*>(context);
+          if (target != nullptr) target->assign(text, length);
+        },
+        line);
+  }
+  ~LogCatcher() { LogPrinter::takeOver(); }
+  LogCatcher(const LogCatcher&) = delete;
+  LogCatcher& operator=(const LogCatcher&) = delete;
+};
+
+template <class Value>
+std::optional<Value> convert(const Element& element, const std::string& attribute,
+                             std::string* log) {
+  const Attribute* found = element.find(attribute);
+  if (found == nullptr) return std::nullopt;
+  AttributeMap map;
+  map[attribute] = found->value;
+  Value value{};
+  const LogCatcher catcher(log);
+  if (!map.loadMapVariable(attribute, value, nullptr)) return std::nullopt;
+  return value;
+}
+
+}  // namespace
+
+Findings applyRules(const Element& description) {
+  Findings findings;
+  for (const Rule rule : kRules) rule(description, findings);
+  return findings;
+}
+
+std::optional<bool> boolOf(const Element& element, const std::string& attribute, std::string* log) {
+  return convert<bool>(element, attribute, log);
+}
+
+std::optional<int> intOf(const Element& element, const std::string& attribute, std::string* log) {
+  return convert<int>(element, attribute, log);
+}
+
+std::optional<double> doubleOf(const Element& element, const std::string& attribute,
+                               std::string* log) {
+  return convert<double>(element, attribute, log);
+}
+
+std::string didYouMean(const std::string& wanted, const std::vector<std::string>& names,
+                       const std::string& otherwise) {
+  const auto nearest = nearestName(wanted, names);
+  return nearest ? "did you mean \"" + *nearest + "\"?" : otherwise;
+}
+
+}  // namespace driver_feature

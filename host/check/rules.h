@@ -1,0 +1,52 @@
+// The rules of the check. Each looks at the whole description and adds what
+// it finds, in any order; none relies on another.
+#ifndef HOST_CHECK_RULES_H_
+#define HOST_CHECK_RULES_H_
+
+#include "host/check/element.h"
+#include "host/check/findings.h"
+
+namespace driver_feature {
+
+// Adds one finding for each reason for which the library refuses the
+// description, in the order in which it would meet them, each with the exact
+// lines that it logs; and for a load routine that is not there.
+void checkLoad(const Element& description, Findings& findings);
+
+void checkStructure(const Element& description, Findings& findings);
+void checkAttributes(const Element& description, Findings& findings);
+void checkValues(const Element& description, Findings& findings);
+void checkDefaults(const Element& description, Findings& findings);
+void checkTexts(const Element& description, Findings& findings);
+void checkNames(const Element& description, Findings& findings);
+void checkTemplates(const Element& description, Findings& findings);
+void checkPjl(const Element& description, Findings& findings);
+void checkOptionCommands(const Element& description, Findings& findings);
+void checkRoutines(const Element& description, Findings& findings);
+void checkReach(const Element& description, Findings& findings);
+void checkTicketReach(const Element& description, Findings& findings);
+void checkTicketNames(const Element& description, Findings& findings);
+
+// All of them. Routines are looked up in the process, with the log silent.
+Findings applyRules(const Element& description);
+
+// An attribute's text as the library converts it. Nothing when it is absent
+// or does not convert; `log` then gets the line that is logged.
+std::optional<bool> boolOf(const Element& element, const std::string& attribute,
+                           std::string* log = nullptr);
+std::optional<int> intOf(const Element& element, const std::string& attribute,
+                         std::string* log = nullptr);
+std::optional<double> doubleOf(const Element& element, const std::string& attribute,
+                               std::string* log = nullptr);
+
+// The names of an element that would take it into a ticket.
+inline constexpr const char* kTicketNameAttributes[] = {
+    "TESKJTAttributeName", "TESKOAAttributeName", "InstOptAttributeName", "NonVORNAttributeName"};
+
+// "give X", with the name that was most likely meant when there is one.
+std::string didYouMean(const std::string& wanted, const std::vector<std::string>& names,
+                       const std::string& otherwise);
+
+}  // namespace driver_feature
+
+#endif  // HOST_CHECK_RULES_H_

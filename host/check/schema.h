@@ -1,0 +1,23 @@
+// The RELAX NG schema of feature descriptions as a net under the rules.
+#ifndef HOST_CHECK_SCHEMA_H_
+#define HOST_CHECK_SCHEMA_H_
+
+#include <string>
+
+#include "host/check/element.h"
+#include "host/check/findings.h"
+
+namespace driver_feature {
+
+// The text of the schema.
+extern const char* const kFeatureDescriptionSchema;
+
+// Adds text between the elements, which no rule sees, and what the schema
+// does not allow in the description: a finding for each
+// element; none for an element that `findings` already has a place of, itself
+// or inside of it. `document` is the whole text, which has been read before.
+void checkSchema(const std::string& document, const Element& description, Findings& findings);
+
+}  // namespace driver_feature
+
+#endif  // HOST_CHECK_SCHEMA_H_

@@ -1,0 +1,98 @@
+// Elements that the library takes without a word although something is wrong.
+
+#include <algorithm>
+
+#include "host/check/rules.h"
+
+namespace driver_feature {
+
+namespace {
+
+// Whether a parent of this role refuses a child of the wrong name, which is
+// checkLoad()'s to report.
+bool refusesChildren(Role role) {
+  return role == Role::kDescription || role == Role::kStaticGroup || role == Role::kDynamicGroup;
+}
+
+void checkChild(const Element& child, Findings& findings) {
+  const Element& parent = *child.parent;
+  if (child.role == Role::kOption && child.tag != "Option") {
+    findings.push_back(
+        {Code::kOptionTag,
+         child.position,
+         "element <" + child.tag + "> is read as an option of " + describeElement(parent),
+         "name it <Option>, or move it out of the feature",
+         {}});
+    return;
+  }
+  // What stands inside of an ignored element goes with it.
+  if (child.role != Role::kOther || refusesChildren(parent.role) || parent.role == Role::kOther) {
+    return;
+  }
+  const bool hasKind = parent.role == Role::kFeature && parent.kind;
+  findings.push_back(
+      {Code::kIgnoredElement,
+       child.position,
+       "element <" + child.tag + "> inside of " + describeElement(parent) + " is not read",
+       hasKind ? "move it, or make the feature a MultiSelect to give it options"
+               : "move or remove it",
+       {}});
+}
+
+// The first attribute that the loader reports to the update callback.
+const Attribute* notifyingAttribute(const Element& element) {
+  if (element.role != Role::kFeature) return nullptr;
+  for (const char* name : {"Sensitivity", "Visibility", "Encrypted"}) {
+    const bool isStored =
+        name != std::string("Encrypted") || element.isKind(FeatureKind::kTextEntry);
+    if (isStored && boolOf(element, name)) return element.find(name);
+  }
+  return nullptr;
+}
+
+void checkBaseInfo(const Element& description, Findings& findings) {
+  std::vector<const Element*> infos;
+  for (const auto& child : description.children) {
+    if (child->role == Role::kBaseInfo) infos.push_back(child.get());
+  }
+  if (infos.empty()) {
+    findings.push_back({Code::kNoBaseInfo,
+                        description.position,
+                        "the description has no BaseFeatureInfo",
+                        "put <BaseFeatureInfo DefaultCallbackHandler=\"...\"/> before the features",
+                        {}});
+    return;
+  }
+  for (std::size_t i = 1; i < infos.size(); ++i) {
+    findings.push_back({Code::kRepeatedBaseInfo,
+                        infos[i]->position,
+                        "this BaseFeatureInfo replaces the callbacks of line " +
+                            std::to_string(infos[i - 1]->position.line),
+                        "remove one of them",
+                        {}});
+  }
+  bool reported = false;
+  forEachElement(description, [&](const Element& element) {
+    const Attribute* attribute = notifyingAttribute(element);
+    if (reported || attribute == nullptr || element.number > infos.front()->number) return;
+    reported = true;
+    findings.push_back({Code::kLateBaseInfo,
+                        infos.front()->position,
+                        "BaseFeatureInfo comes after \"" + attribute->name + "\" of " +
+                            describeElement(element) + " in line " +
+                            std::to_string(attribute->position.line),
+                        "move it before the first feature",
+                        {}});
+  });
+}
+
+}  // namespace
+
+void checkStructure(const Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const Element& element) {
+    if (element.parent != nullptr) checkChild(element, findings);
+  });
+  checkBaseInfo(description, findings);
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,31 @@
+// What a command template holds, and which values fit it.
+#ifndef HOST_CHECK_TEMPLATE_READING_H_
+#define HOST_CHECK_TEMPLATE_READING_H_
+
+#include <optional>
+#include <string>
+
+#include "host/check/element.h"
+
+namespace driver_feature {
+
+struct TemplateReading {
+  std::string fault;       // Why it can never be formatted; empty when it can.
+  std::string conversion;  // The conversion as it stands in the template; empty without one.
+  bool endsWithConversion = false;
+};
+
+TemplateReading readTemplate(const std::string& text);
+
+// The value that a template is formatted with.
+enum class Argument : unsigned char { kText, kInt, kFloat };
+
+// Whether the library can format the template with such a value.
+bool fits(const std::string& commandTemplate, Argument argument);
+
+// The value of features of a kind; nothing when they have none.
+std::optional<Argument> argumentOf(FeatureKind kind);
+
+}  // namespace driver_feature
+
+#endif  // HOST_CHECK_TEMPLATE_READING_H_

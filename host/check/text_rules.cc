@@ -1,0 +1,115 @@
+// Text features: their default, their length, and the characters that they may
+// bring into a command.
+
+#include <algorithm>
+#include <iterator>
+
+#include "host/check/rules.h"
+#include "host/text.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kSet = "TextValidationCharSet";
+constexpr const char* kLength = "MaxTextLength";
+
+void checkLength(const Element& feature, Findings& findings) {
+  const auto length = intOf(feature, kLength);
+  if (!length) return;
+  if (*length <= 0) {
+    findings.push_back({Code::kNoLengthLimit,
+                        feature.positionOf(kLength),
+                        "a MaxTextLength of " + feature.text(kLength) +
+                            " does not limit the text of " + describeElement(feature),
+                        "give 1 or more, or remove the attribute",
+                        {}});
+    return;
+  }
+  const std::size_t count = splitCharacters(feature.text("DefaultValue")).size();
+  if (count <= static_cast<std::size_t>(*length)) return;
+  findings.push_back({Code::kDefaultTooLong,
+                      feature.positionOf("DefaultValue"),
+                      "the default of " + describeElement(feature) + " has " +
+                          std::to_string(count) + " characters, " +
+                          std::to_string(count - static_cast<std::size_t>(*length)) +
+                          " more than MaxTextLength allows",
+                      "shorten DefaultValue or raise MaxTextLength",
+                      {}});
+}
+
+void checkDefaultCharacters(const Element& feature, Findings& findings) {
+  const std::string set = feature.text(kSet);
+  if (set.empty()) return;
+  const auto allowed = splitCharacters(set);
+  const std::string value = feature.text("DefaultValue");
+  for (const std::string_view character : splitCharacters(value)) {
+    if (std::find(allowed.begin(), allowed.end(), character) != allowed.end()) continue;
+    findings.push_back({Code::kDefaultCharacters,
+                        feature.positionOf("DefaultValue"),
+                        "the default of " + describeElement(feature) + " holds \"" +
+                            printable(character) + "\", which is not in TextValidationCharSet",
+                        "remove the character or add it to the set",
+                        {}});
+    return;
+  }
+}
+
+// A surrounding of the value in a command, and what must not come in between.
+struct Delimiters {
+  const char* command;
+  const char* before;  // Just before the conversion.
+  const char* harmful;
+  const char* words;
+};
+
+constexpr Delimiters kDelimiters[] = {
+    {"PJLCommand", "\"%", "\"", "a quotation mark, which ends the PJL string"},
+    {"PSCommand", "(%", "()\\", "a parenthesis or backslash, which can end the PostScript string"},
+};
+
+void checkHarm(const Element& feature, const std::string& set, Findings& findings) {
+  const auto report = [&](const std::string& words) {
+    findings.push_back({Code::kHarmfulCharacterSet,
+                        feature.positionOf(kSet),
+                        "TextValidationCharSet of " + describeElement(feature) + " allows " + words,
+                        "remove it from the set",
+                        {}});
+  };
+  const bool control = std::any_of(set.begin(), set.end(), [](char character) {
+    return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
+  });
+  if (control) report("a control character, which can end the command");
+  for (const Delimiters& row : kDelimiters) {
+    const bool quoted = feature.text(row.command).find(row.before) != std::string::npos;
+    if (quoted && set.find_first_of(row.harmful) != std::string::npos) report(row.words);
+  }
+}
+
+void checkCharacterSet(const Element& feature, Findings& findings) {
+  const bool written = feature.has("PJLCommand") || feature.has("PSCommand") ||
+                       feature.has("AddPJLCallbackRoutine") || feature.has("AddPSCallbackRoutine");
+  if (!written) return;
+  const std::string set = feature.text(kSet);
+  if (!set.empty()) return checkHarm(feature, set, findings);
+  findings.push_back({Code::kNoCharacterSet,
+                      feature.positionOf(kSet),
+                      "the text of " + describeElement(feature) +
+                          " may hold any character, control characters included",
+                      "list the characters that are safe in its commands in "
+                      "TextValidationCharSet",
+                      {}});
+}
+
+}  // namespace
+
+void checkTexts(const Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const Element& element) {
+    if (!element.isKind(FeatureKind::kTextEntry)) return;
+    checkLength(element, findings);
+    checkDefaultCharacters(element, findings);
+    checkCharacterSet(element, findings);
+  });
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,33 @@
+// The library's own opinion of a description: a real load in a child process,
+// because the library ends the process when it refuses one.
+#ifndef HOST_CHECK_TRIAL_LOAD_H_
+#define HOST_CHECK_TRIAL_LOAD_H_
+
+#include <string>
+#include <vector>
+
+#include "host/plugin.h"
+
+namespace driver_feature {
+
+struct LoadLine {
+  int level = 0;
+  std::string text;
+
+  bool operator==(const LoadLine&) const = default;
+};
+
+struct LoadReport {
+  bool loaded = false;
+  std::string end;              // How the process ended: "exit status 1", "signal 11".
+  std::vector<LoadLine> lines;  // All log lines of the load.
+};
+
+// Loads the description in a child of this process and waits for its end.
+// What the library or a routine prints is dropped. Throws std::system_error
+// when there is no child to be had.
+LoadReport loadInChild(const Plugin& plugin, void* description);
+
+}  // namespace driver_feature
+
+#endif  // HOST_CHECK_TRIAL_LOAD_H_

@@ -1,0 +1,51 @@
+#include "host/check/verdict.h"
+
+#include <algorithm>
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kRemedy =
+    "the check and the library disagree; report this with the description";
+
+// Not a reason to end: the load goes on without the routine.
+constexpr const char* kNoLoadRoutine =
+    "FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer";
+
+std::vector<std::string> reasonsOf(const LoadReport& report) {
+  std::vector<std::string> reasons;
+  for (const LoadLine& line : report.lines) {
+    if (line.level == 1 && line.text != kNoLoadRoutine) reasons.push_back(line.text);
+  }
+  return reasons;
+}
+
+}  // namespace
+
+void compareVerdicts(const LoadReport& report, Position description, Findings& findings) {
+  const auto refused = std::find_if(findings.begin(), findings.end(),
+                                    [](const Finding& finding) { return finding.refused; });
+  const std::vector<std::string> reasons = reasonsOf(report);
+  if (refused == findings.end()) {
+    if (report.loaded) return;
+    findings.push_back({Code::kLoadRefused, description,
+                        "the library did not load the description (" + report.end + ")",
+                        "see whether one of its routines ends the process", reasons});
+  } else if (report.loaded) {
+    findings.push_back({Code::kLoadAccepted,
+                        description,
+                        "the library loaded the description in spite of line " +
+                            std::to_string(refused->position.line),
+                        kRemedy,
+                        {}});
+  } else if (reasons != refused->log) {
+    findings.push_back({Code::kOtherReason, description,
+                        "the library refused the description (" + report.end +
+                            ") for another reason than that of line " +
+                            std::to_string(refused->position.line),
+                        kRemedy, reasons});
+  }
+}
+
+}  // namespace driver_feature

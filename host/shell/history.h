@@ -1,0 +1,26 @@
+// The lines that are kept from one use of the shell to the next.
+#ifndef HOST_SHELL_HISTORY_H_
+#define HOST_SHELL_HISTORY_H_
+
+#include <string>
+
+#include "host/settings.h"
+
+namespace driver_feature {
+
+// The file of the history: $XDG_STATE_HOME/driver-feature/history, or
+// .local/state/driver-feature/history in the home folder. Empty when there is
+// no such place. A relative path in XDG_STATE_HOME does not count.
+std::string historyFile();
+
+// Makes a file that is not there yet and its folders, for their owner only.
+// False when the file cannot be written.
+bool makeHistoryFile(const std::string& file);
+
+// False for a line that is not to be kept: an empty one, one that begins with
+// a blank, and one that may hold the value of an encrypted feature.
+bool isKept(const Model& model, const std::string& line);
+
+}  // namespace driver_feature
+
+#endif  // HOST_SHELL_HISTORY_H_

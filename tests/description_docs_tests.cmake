@@ -1,0 +1,21 @@
+# Tests that run the documents for authors of descriptions.
+
+set(document_runner ${CMAKE_CURRENT_LIST_DIR}/description_docs/run_document.sh)
+separate_arguments(document_compiler UNIX_COMMAND
+  "${CMAKE_CXX_COMPILER} ${CMAKE_CXX_FLAGS} ${CMAKE_SHARED_LINKER_FLAGS}")
+
+add_test(NAME description_format_examples
+  COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/description-format.md
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
+add_test(NAME description_format_attributes
+  COMMAND ${CMAKE_CURRENT_LIST_DIR}/description_docs/attributes_test.sh
+          ${CMAKE_CURRENT_LIST_DIR}/description_docs/elements.txt
+          ${CMAKE_CURRENT_LIST_DIR}/description_docs/attributes.txt
+          ${PROJECT_SOURCE_DIR}/docs/description-format.md)
+add_test(NAME description_format_faults
+  COMMAND ${CMAKE_CURRENT_LIST_DIR}/description_docs/faults_test.sh
+          ${CMAKE_CURRENT_LIST_DIR}/description_docs/faults.txt
+          ${PROJECT_SOURCE_DIR}/docs/description-format.md $<TARGET_FILE:driver-feature>)
+add_test(NAME tutorial
+  COMMAND ${document_runner} grow ${PROJECT_SOURCE_DIR}/docs/tutorial.md
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})

@@ -1,0 +1,23 @@
+// Small faulty descriptions, each with everything that the command "check" says
+// about it.
+#ifndef TESTS_HOST_CHECK_ROWS_H_
+#define TESTS_HOST_CHECK_ROWS_H_
+
+#include <string>
+#include <vector>
+
+// The elements stand in a FeatureDescription below a BaseFeatureInfo in line 2,
+// from line 3 on. In the expectation, "@" stands for the file's name.
+struct CheckRow {
+  std::string name;
+  std::vector<std::string> elements;
+  std::string expected;  // Without the line of totals.
+};
+
+const std::vector<CheckRow>& structureRows();
+const std::vector<CheckRow>& valueRows();
+const std::vector<CheckRow>& commandRows();
+const std::vector<CheckRow>& reachRows();
+const std::vector<CheckRow>& routineRows();
+
+#endif  // TESTS_HOST_CHECK_ROWS_H_

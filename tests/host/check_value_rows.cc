@@ -1,0 +1,126 @@
+// Values, defaults and names.
+
+#include "host/check_rows.h"
+
+const std::vector<CheckRow>& valueRows() {
+  static const std::vector<CheckRow> kRows = {
+      {"texts that do not convert",
+       {"<Feature FeatureType='IntEntry' Name='A' IntMinValue=' 1' Visibility='yes'/>",
+        "<Feature FeatureType='FloatEntry' Name='B' DefaultValue='1,5'/>",
+        "<Feature FeatureType='TextEntry' Name='C' MaxTextLength='2147483648'/>"},
+       "@:3:42: error: \" 1\" is no value for \"IntMinValue\" of feature \"A\"; give a whole "
+       "number from -2147483648 to 2147483647, without blanks [DF301]\n"
+       "    log: AttributeMap::loadMapVariable() - Attribute \"IntMinValue\" holds \" 1\" where a "
+       "decimal 32-bit number is needed.\n"
+       "@:3:59: error: \"yes\" is no value for \"Visibility\" of feature \"A\"; give true, false, "
+       "1 or 0 [DF301]\n"
+       "    log: AttributeMap::loadMapVariable() - Attribute \"Visibility\" holds \"yes\" where "
+       "\"true\", \"false\", \"1\" or \"0\" is needed.\n"
+       "@:4:44: error: \"1,5\" is no value for \"DefaultValue\" of feature \"B\"; give a decimal "
+       "number with a point, without blanks [DF301]\n"
+       "    log: AttributeMap::loadMapVariable() - Attribute \"DefaultValue\" holds \"1,5\" where "
+       "a decimal number is needed.\n"
+       "@:5:43: error: \"2147483648\" is no value for \"MaxTextLength\" of feature \"C\"; give a "
+       "whole number from -2147483648 to 2147483647, without blanks [DF301]\n"
+       "    log: AttributeMap::loadMapVariable() - Attribute \"MaxTextLength\" holds "
+       "\"2147483648\" where a decimal 32-bit number is needed.\n"},
+      {"default that is no option",
+       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='a3'><Option Name='A4'/>"
+        "<Option Name='A3'/></Feature>",
+        "<Feature FeatureType='MultiSelect' Name='B' DefaultValue='Legal'><Option Name='A4'/>"
+        "<Option Name='A3'/></Feature>"},
+       "@:3:45: error: \"a3\" is no option of feature \"A\"; its first option \"A4\" is taken; did "
+       "you mean \"A3\"? [DF302]\n"
+       "    log: CreateFeature() - Cannot find default option \"a3\" for feature \"A\", using 0.\n"
+       "@:4:45: error: \"Legal\" is no option of feature \"B\"; its first option \"A4\" is taken; "
+       "choose one of A4, A3 [DF302]\n"
+       "    log: CreateFeature() - Cannot find default option \"Legal\" for feature \"B\", using "
+       "0.\n"},
+      {"list without a default",
+       {"<Feature FeatureType='MultiSelect' Name='A'><Option Name='A4'/></Feature>"},
+       "@:3:1: warning: feature \"A\" has no default; its first option \"A4\" is taken; name the "
+       "default option in DefaultValue [DF303]\n"
+       "    log: CreateFeature() - No default value for feature \"A\", using 0.\n"},
+      {"defaults outside of the limits; the limits themselves are inside",
+       {"<Feature FeatureType='IntEntry' Name='A' IntMinValue='1' IntMaxValue='9' "
+        "DefaultValue='10'/>",
+        "<Feature FeatureType='FloatEntry' Name='B' FloatMinValue='0.5' DefaultValue='0.4'/>",
+        "<Feature FeatureType='IntEntry' Name='C' IntMinValue='1' IntMaxValue='9' "
+        "DefaultValue='9'/>",
+        "<Feature FeatureType='FloatEntry' Name='D' FloatMinValue='0.5' DefaultValue='0.5'/>"},
+       "@:3:74: error: the default 10 of feature \"A\" is above its maximum 9; correct "
+       "DefaultValue or IntMaxValue [DF304]\n"
+       "@:4:64: error: the default 0.4 of feature \"B\" is below its minimum 0.5; correct "
+       "DefaultValue or FloatMinValue [DF304]\n"},
+      {"default too long, in characters",
+       {"<Feature FeatureType='TextEntry' Name='A' MaxTextLength='2' "
+        "DefaultValue='\xC3\xA4\xC3\xB6'/>",
+        "<Feature FeatureType='TextEntry' Name='B' MaxTextLength='2' DefaultValue='abcd'/>"},
+       "@:4:61: error: the default of feature \"B\" has 4 characters, 2 more than MaxTextLength "
+       "allows; shorten DefaultValue or raise MaxTextLength [DF305]\n"},
+      {"default with a character that is not allowed",
+       {"<Feature FeatureType='TextEntry' Name='A' TextValidationCharSet='01\xC3\xA4' "
+        "DefaultValue='0\xC3\xA4\xC3\xB6'/>"},
+       "@:3:71: error: the default of feature \"A\" holds \"\xC3\xB6\", which is not in "
+       "TextValidationCharSet; remove the character or add it to the set [DF306]\n"},
+      {"minimum above the maximum; the same is none",
+       {"<Feature FeatureType='IntEntry' Name='A' IntMaxValue='1' IntMinValue='2'/>",
+        "<Feature FeatureType='IntEntry' Name='B' IntMaxValue='1' IntMinValue='1'/>"},
+       "@:3:58: error: the minimum 2 of feature \"A\" is above its maximum 1; exchange IntMinValue "
+       "and IntMaxValue or correct them [DF307]\n"},
+      {"length that is no limit",
+       {"<Feature FeatureType='TextEntry' Name='A' MaxTextLength='0' DefaultValue='a'/>"},
+       "@:3:43: warning: a MaxTextLength of 0 does not limit the text of feature \"A\"; give 1 or "
+       "more, or remove the attribute [DF308]\n"},
+      {"text of any characters, written to PostScript; in the ticket it does no harm",
+       {"<Feature FeatureType='TextEntry' Name='A' PSCommand='(%s)'/>",
+        "<Feature FeatureType='TextEntry' Name='B' TESKJTAttributeName='b' "
+        "TESKAttributeSyntax='name'/>"},
+       "@:3:1: warning: the text of feature \"A\" may hold any character, control characters "
+       "included; list the characters that are safe in its commands in TextValidationCharSet "
+       "[DF309]\n"},
+      {"characters that end what they are written into",
+       {"<Feature FeatureType='TextEntry' Name='A' TextValidationCharSet='a&#10;' "
+        "AddPSCallbackRoutine='writeBytes'/>",
+        "<Feature FeatureType='TextEntry' Name='B' TextValidationCharSet='a&quot;)' "
+        "PJLCommand='&quot;%s&quot;&#10;' PSCommand='(%s)'/>",
+        "<Feature FeatureType='TextEntry' Name='C' TextValidationCharSet='a&quot;)' "
+        "PJLCommand='%s&#10;' PSCommand='/%s'/>"},
+       "@:3:43: warning: TextValidationCharSet of feature \"A\" allows a control character, which "
+       "can end the command; remove it from the set [DF310]\n"
+       "@:4:43: warning: TextValidationCharSet of feature \"B\" allows a quotation mark, which "
+       "ends the PJL string; remove it from the set [DF310]\n"
+       "@:4:43: warning: TextValidationCharSet of feature \"B\" allows a parenthesis or backslash, "
+       "which can end the PostScript string; remove it from the set [DF310]\n"},
+      {"number beyond single precision",
+       {"<Feature FeatureType='FloatEntry' Name='A' FloatMaxValue='1e39'/>"},
+       "@:3:44: error: \"1e39\" is too large for \"FloatMaxValue\" of feature \"A\"; give a number "
+       "from -3.4e38 to 3.4e38 [DF311]\n"},
+      {"two features of one name, one in a group",
+       {"<Feature FeatureType='UIOnly' Name='A'/>",
+        "<FeatureStaticGroup Name='G' PSCommand='%s'><Feature FeatureType='IntEntry' Name='A'/>"
+        "</FeatureStaticGroup>"},
+       "@:4:77: error: feature \"A\" replaces the one of line 3; give each feature a name of its "
+       "own [DF401]\n"},
+      {"groups whose names are taken; an inner group is filed before its outer",
+       {"<FeatureStaticGroup Name='G' PSCommand='%s'>",
+        "<FeatureStaticGroup Name='G' PSCommand='%s'><Feature FeatureType='UIOnly' Name='A'/>"
+        "</FeatureStaticGroup></FeatureStaticGroup>",
+        "<FeatureDynamicGroup Name='A' SortFunctionName='testUpdate'>"
+        "<FeatureStaticGroup Name='T'><Feature FeatureType='UIOnly' Name='B'/>"
+        "</FeatureStaticGroup></FeatureDynamicGroup>"},
+       "@:3:21: error: static group \"G\" is not found by its name; static group \"G\" of line 4 "
+       "is found in its place; give each group a name of its own [DF402]\n"
+       "@:5:22: error: dynamic group \"A\" is not found by its name; feature \"A\" of line 4 is "
+       "found in its place; give each group a name of its own [DF402]\n"},
+      {"two options of one name",
+       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>", "<Option Name='x'/>",
+        "<Option Name='x'/></Feature>"},
+       "@:5:9: error: option \"x\" of feature \"A\" is not found by its name; the one of line 4 "
+       "is; give each option of a feature a name of its own [DF403]\n"},
+      {"empty name",
+       {"<Feature FeatureType='UIOnly' Name=''/>"},
+       "@:3:31: error: the name of this element <Feature> is empty; name it [DF404]\n"},
+  };
+  return kRows;
+}

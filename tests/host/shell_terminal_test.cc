@@ -1,0 +1,242 @@
+// The shell at a terminal: a pseudo-terminal on which keys are pressed.
+
+#include <poll.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+
+#include "host/shell_fixture.h"
+
+namespace {
+
+constexpr const char* kPrompt = "driver-feature> ";
+
+// The program on a terminal of its own.
+class Terminal {
+ public:
+  Terminal(const std::filesystem::path& folder, const std::vector<std::string>& environment) {
+    const winsize size{24, 200, 0, 0};
+    child_ = forkpty(&master_, nullptr, nullptr, &size);
+    if (child_ != 0) return;
+    if (chdir(folder.c_str()) != 0) _exit(126);
+    setenv("TERM", "dumb", 1);
+    setenv("INPUTRC", "/dev/null", 1);
+    unsetenv("NO_COLOR");
+    setenv("XDG_STATE_HOME", (folder / "state").c_str(), 1);
+    for (const std::string& setting : environment) {
+      const std::size_t equals = setting.find('=');
+      setenv(setting.substr(0, equals).c_str(), setting.substr(equals + 1).c_str(), 1);
+    }
+    execl(DRIVER_FEATURE_PROGRAM, DRIVER_FEATURE_PROGRAM, "--callbacks", ROUTINES_LIBRARY, "shell",
+          "office.xml", nullptr);
+    _exit(127);
+  }
+  ~Terminal() {
+    close(master_);
+    if (child_ <= 0) return;
+    kill(child_, SIGKILL);
+    waitpid(child_, nullptr, 0);
+  }
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+
+  void press(const std::string& keys) const {
+    EXPECT_EQ(write(master_, keys.data(), keys.size()), static_cast<ssize_t>(keys.size()));
+  }
+
+  // What is shown from here on, up to and including `end`. After ten seconds
+  // without it, what there is.
+  std::string readUntil(const std::string& end) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    std::string shown;
+    while (!shown.ends_with(end) && std::chrono::steady_clock::now() < deadline) {
+      pollfd input{master_, POLLIN, 0};
+      char byte = 0;
+      if (poll(&input, 1, 100) <= 0) continue;
+      if (read(master_, &byte, 1) != 1) break;
+      shown += byte;
+    }
+    return shown;
+  }
+
+  std::string readPrompt() { return readUntil(kPrompt); }
+  pid_t child() const { return child_; }
+  bool isLineEditing() const {
+    termios settings{};
+    return tcgetattr(master_, &settings) == 0 && (settings.c_lflag & ICANON) == 0;
+  }
+
+  // Waits for the end; the exit status, or 1000 and the signal.
+  int end() {
+    int status = 0;
+    waitpid(child_, &status, 0);
+    child_ = 0;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
+  }
+
+ private:
+  int master_ = -1;
+  pid_t child_ = -1;
+};
+
+class ShellTerminalTest : public ShellTest {
+ protected:
+  // Waits for the first prompt.
+  std::unique_ptr<Terminal> start(const std::vector<std::string>& environment = {}) const {
+    auto terminal = std::make_unique<Terminal>(folder(), environment);
+    const std::string shown = terminal->readPrompt();
+    EXPECT_TRUE(shown.ends_with(kPrompt)) << shown;
+    return terminal;
+  }
+};
+
+TEST_F(ShellTerminalTest, Tab_Pressed_CompletesCommandNameAndOption) {
+  const auto terminal = start();
+  terminal->press("se\tDup\tLo\t\r");
+  EXPECT_EQ(terminal->readPrompt(),
+            "set Duplex Long \r\n"
+            "  changed Duplex: Off -> Long\r\n"
+            "  update callback\r\n"
+            "driver-feature> ");
+  terminal->press("get \"Dup\t\r");
+  EXPECT_EQ(terminal->readPrompt(), "get \"Duplex\" \r\nLong\r\ndriver-feature> ");
+}
+
+TEST_F(ShellTerminalTest, Tab_PressedTwice_ShowsTheProposals) {
+  const auto terminal = start();
+  terminal->press("records Pages l\t\t");
+  EXPECT_EQ(terminal->readPrompt(), "records Pages l\x07\r\nlist  load  \r\ndriver-feature> ");
+  terminal->press("\x15records Pages add \t\t");
+  const std::string shown = terminal->readUntil("First=  Tray=   \r\n");
+  EXPECT_TRUE(shown.ends_with("First=  Tray=   \r\n")) << shown;
+}
+
+TEST_F(ShellTerminalTest, Tab_BehindAMember_GoesOnWithItsValue) {
+  const auto terminal = start();
+  terminal->press("records Pages add Fi\t3 Tr\tL\t\r");
+  EXPECT_EQ(terminal->readPrompt(),
+            "records Pages add First=3 Tray=Lower \r\n"
+            "  changed Pages records: 0 -> 1\r\n"
+            "  update callback\r\n"
+            "driver-feature> ");
+}
+
+TEST_F(ShellTerminalTest, Tab_InAFile_CompletesItsName) {
+  write("report.ps", "");
+  const auto terminal = start();
+  terminal->press("emit ps rep\t\r");
+  EXPECT_EQ(terminal->readPrompt(), "emit ps report.ps \r\ndriver-feature> ");
+  EXPECT_EQ(read("report.ps"), "/Copies 1 def\n(plain) m\n");
+}
+
+TEST_F(ShellTerminalTest, RefusedLine_IsTold_AndTheShellGoesOn) {
+  const auto terminal = start();
+  terminal->press("set Copies 0\r");
+  EXPECT_EQ(terminal->readPrompt(),
+            "set Copies 0\r\n"
+            "0 is out of range; give a whole number, from 1 to 9 (office.xml:5)\r\n"
+            "driver-feature> ");
+  terminal->press("quit\r");
+  EXPECT_EQ(terminal->end(), 0);
+}
+
+TEST_F(ShellTerminalTest, Emit_ToTheTerminal_SpellsOutWhatItWouldObey) {
+  const auto terminal = start();
+  terminal->press("set Media PSCommand \"\\e[2J\\n%s\\r\\n\"\r");
+  terminal->readPrompt();
+  terminal->press("emit ps\r");
+  EXPECT_EQ(terminal->readPrompt(),
+            "emit ps\r\n/Copies 1 def\r\n\\x1b[2J\r\nplain\\r\r\ndriver-feature> ");
+}
+
+TEST_F(ShellTerminalTest, ControlC_DropsTheLineOnly) {
+  const auto terminal = start();
+  terminal->press("set Copies 5");
+  EXPECT_EQ(terminal->readUntil("5"), "set Copies 5");
+  terminal->press("\x03");
+  EXPECT_EQ(terminal->readPrompt(), "^C\r\ndriver-feature> ");
+  terminal->press("get Copies\r");
+  EXPECT_EQ(terminal->readPrompt(), "get Copies\r\n1\r\ndriver-feature> ");
+}
+
+TEST_F(ShellTerminalTest, ControlD_EndsTheShell) {
+  const auto terminal = start();
+  terminal->press("\x04");
+  EXPECT_EQ(terminal->readUntil("\n"), "\r\n");
+  EXPECT_EQ(terminal->end(), 0);
+  EXPECT_FALSE(terminal->isLineEditing());
+}
+
+TEST_F(ShellTerminalTest, Terminated_LeavesTheTerminalAsItWas) {
+  const auto terminal = start();
+  terminal->press("set C");
+  terminal->readUntil("set C");
+  EXPECT_TRUE(terminal->isLineEditing());
+  kill(terminal->child(), SIGTERM);
+  EXPECT_EQ(terminal->end(), 1000 + SIGTERM);
+  EXPECT_FALSE(terminal->isLineEditing());
+}
+
+TEST_F(ShellTerminalTest, History_IsKeptForTheNextUse) {
+  describe("office.xml",
+           {feature("IntEntry", "Copies"), feature("TextEntry", "Password", "Encrypted='true'")});
+  {
+    const auto terminal = start();
+    for (const char* line : {"get Copies\r", "get Copies\r", "set Password secret\r", "\r"}) {
+      terminal->press(line);
+      terminal->readPrompt();
+    }
+    terminal->press("quit\r");
+    EXPECT_EQ(terminal->end(), 0);
+  }
+  EXPECT_EQ(read("state/driver-feature/history"), "get Copies\nquit\n");
+  using std::filesystem::perms;
+  EXPECT_EQ(std::filesystem::status(folder() / "state/driver-feature").permissions(),
+            perms::owner_all);
+  EXPECT_EQ(std::filesystem::status(folder() / "state/driver-feature/history").permissions(),
+            perms::owner_read | perms::owner_write);
+  const auto terminal = start();
+  terminal->press("\x10\x10\r");  // Control-P: the line before.
+  const std::string shown = terminal->readPrompt();
+  EXPECT_TRUE(shown.ends_with("get Copies\r\n0\r\ndriver-feature> ")) << shown;
+}
+
+TEST_F(ShellTerminalTest, History_OfTwoShells_KeepsTheLinesOfBoth) {
+  const auto first = start();
+  const auto second = start();
+  for (const auto* terminal : {&second, &first}) {
+    (*terminal)->press(terminal == &first ? "get Copies\r" : "get Duplex\r");
+    (*terminal)->readPrompt();
+    (*terminal)->press("\x04");
+    EXPECT_EQ((*terminal)->end(), 0);
+  }
+  EXPECT_EQ(read("state/driver-feature/history"), "get Duplex\nget Copies\n");
+}
+
+TEST_F(ShellTerminalTest, History_WithoutAPlace_IsNoFailure) {
+  write("state", "a file, not a folder");
+  const auto terminal = start();
+  terminal->press("get Copies\r");
+  EXPECT_EQ(terminal->readPrompt(), "get Copies\r\n1\r\ndriver-feature> ");
+  terminal->press("quit\r");
+  EXPECT_EQ(terminal->end(), 0);
+  EXPECT_EQ(read("state"), "a file, not a folder");
+}
+
+TEST_F(ShellTerminalTest, Colours_AreShownUnlessUnwanted) {
+  const auto coloured = start({"TERM=xterm"});
+  coloured->press("set Copies 2\r");
+  const std::string change = coloured->readUntil("1 -> 2\x1B[0m\r\n");
+  EXPECT_TRUE(change.ends_with("  \x1B[32mchanged Copies: 1 -> 2\x1B[0m\r\n")) << change;
+  const auto plain = start({"TERM=xterm", "NO_COLOR=1"});
+  plain->press("set Copies 2\r");
+  const std::string same = plain->readUntil("1 -> 2\r\n");
+  EXPECT_TRUE(same.ends_with("  changed Copies: 1 -> 2\r\n")) << same;
+}
+
+}  // namespace
