@@ -26,7 +26,8 @@ TEST(RoffTest, RoffParagraphs_IndentedLines_StayAsTheyAre) {
 TEST(ManualPageTest, ManualParts_SmallProgram_HoldEveryArgument) {
   CLI::App program("About", "tool");
   program.footer("Examples:\n  tool run x\n\nExit status: 0 well.");
-  program.add_flag("-v,--verbose", "Talk");
+  bool flag = false;
+  program.add_flag("-v,--verbose", flag, "Talk");
   CLI::App* run = program.add_subcommand("run", "Run it");
   std::string text;
   std::vector<std::string> texts;
