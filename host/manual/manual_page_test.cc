@@ -40,7 +40,7 @@ TEST(ManualPageTest, ManualParts_SmallProgram_HoldEveryArgument) {
 
   EXPECT_EQ(parts.size(), 5U);
   EXPECT_EQ(parts.at("SYNOPSIS"),
-            ".B tool run\n\\fIDESC\\fP\n[\\fIMORE\\fP...]\n\\fB\\-t\\fP|\\fB\\-\\-to\\fP "
+            ".B tool run\n\\fIDESC\\fP\n[\\fIMORE\\fP...\\&]\n\\fB\\-t\\fP|\\fB\\-\\-to\\fP "
             "\\fIFORM\\fP\n[\\fIOPTION\\fP...]\n.br\n.B tool\n\\fB\\-h\\fP|\\fB\\-\\-help\\fP\n");
   EXPECT_EQ(parts.at("GENERAL_OPTIONS"),
             ".TP\n\\fB\\-h\\fP, \\fB\\-\\-help\\fP\nPrint this help message and exit.\n"

@@ -110,7 +110,7 @@ TEST_F(HelpTest, Help_EveryExample_IsNoWrongUsage) {
   names.emplace_back();
   for (const std::string& command : names) {
     for (const std::string& example : examplesOf(help(command))) {
-      const RunResult result = runShell("set -o pipefail; " + example + " </dev/null");
+      const RunResult result = runShell("set -o pipefail; { " + example + "; } </dev/null");
       const bool compares = command == "diff" || command == "check";
       EXPECT_LE(result.status, compares ? 1 : 0) << example << "\n" << result.errors;
     }
