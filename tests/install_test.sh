@@ -22,6 +22,9 @@ routines=$(find "$PWD" -name liboffice_routines.so)
 bin/driver-feature --version | grep -qxF "Driver Feature Library v1.0 ($library)"
 bin/driver-feature --callbacks "$routines" emit "$description" --to ps >../out.ps
 grep -q setpagedevice ../out.ps
+grep -qF 'driver\-feature emit' share/man/man1/driver-feature.1
+test -s share/bash-completion/completions/driver-feature.bash
+test -s "$(echo share/zsh/*/_driver-feature)"
 
 for header in include/driver_feature/*/*.h; do
   "$compiler" -std=c++11 -Wall -Wextra -Werror -fsyntax-only -x c++ \

@@ -33,7 +33,7 @@ class CandidatesTest : public testing::Test {
  protected:
   CandidatesTest() : file_(testing::TempDir() + "candidates_test.xml") {
     std::ofstream(file_) << R"(<FeatureDescription>
-  <Feature FeatureType="MultiSelect" Name="Tray"><Option Name="Top"/><Option Name="Bottom"/></Feature>
+  <Feature FeatureType="MultiSelect" Name="Tray"><Option Name="Top"/><Option Name="Bottom"/><Other Name="None"/></Feature>
   <Feature FeatureType="IntEntry" Name="Total"/>
   <Feature FeatureType="UIOnly" Name="Title"/>
   <FeatureStaticGroup Name="Texts">
@@ -101,6 +101,7 @@ TEST(CompletionTest, Complete_CommandsAndOptions_HaveTheirMeaning) {
   EXPECT_EQ(textsFor({"--verb"}), Texts{"--verbose"});
   EXPECT_EQ(textsFor({"--js"}), Texts{});
   EXPECT_EQ(textsFor({"show", "--", "--js"}), Texts{});
+  EXPECT_EQ(textsFor({"show", "a.xml", "B", "--", "--js"}), Texts{});
 }
 
 TEST(CompletionTest, CompletionText_FilesAndWords_HaveALineEach) {

@@ -16,7 +16,7 @@ class BashCompletionTest : public HelpTest {
   // bash cuts it.
   Words replies(const std::string& line, const Words& words, const std::string& before = "") const {
     std::string script = "source '" SOURCE_FOLDER "/completions/driver-feature.bash'\n" + before;
-    script += "\nCOMP_LINE='" + line + "' COMP_POINT=${#COMP_LINE} COMP_WORDS=(";
+    script += "\nCOMP_LINE='" + line + "' COMP_POINT=${point:-${#COMP_LINE}} COMP_WORDS=(";
     for (const std::string& word : words) script += " '" + word + "'";
     script += ") COMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n_driver_feature\n";
     script += "[ ${#COMPREPLY[@]} -eq 0 ] || printf '%s\\n' \"${COMPREPLY[@]}\"";
@@ -100,10 +100,21 @@ TEST_F(BashCompletionTest, Reply_NameWithBlank_IsQuoted) {
               ElementsAre("Upper\\ tray"));
 }
 
-TEST_F(BashCompletionTest, Reply_CursorBeforeTheEnd_CompletesTheWordAtIt) {
-  EXPECT_THAT(replies("driver-feature emit office.xml", {"driver-feature", "emit"},
-                      "shopt -s expand_aliases"),
-              ElementsAre("emit"));
+TEST_F(BashCompletionTest, Reply_CursorWithinAWord_CompletesWhatStandsBeforeIt) {
+  EXPECT_THAT(replies("driver-feature dxxp", {"driver-feature", "dxxp"}, "point=16"),
+              ElementsAre("dump", "diff"));
+}
+
+TEST_F(BashCompletionTest, Reply_NameOfAFeatureOrFile_TellsBashWhatFollows) {
+  const std::string tell = "compopt() { echo \"$@\"; }";
+  EXPECT_THAT(replies("driver-feature show office.xml -o Page",
+                      {"driver-feature", "show", "office.xml", "-o", "Page"}, tell),
+              ElementsAre("-o nospace", "PageSize="));
+  EXPECT_THAT(replies("driver-feature show office.xml -o Duplex=L",
+                      {"driver-feature", "show", "office.xml", "-o", "Duplex", "=", "L"}, tell),
+              ElementsAre("LongEdge"));
+  EXPECT_THAT(replies("driver-feature show off", {"driver-feature", "show", "off"}, tell),
+              ElementsAre("-o filenames", "office.xml"));
 }
 
 TEST_F(BashCompletionTest, Reply_ProgramThatIsMissing_IsNothing) {
