@@ -10,6 +10,7 @@
 
 #include "host/check/check_command.h"
 #include "host/command.h"
+#include "host/completion/candidates.h"
 #include "host/console.h"
 #include "host/diff_command.h"
 #include "host/dump_command.h"
@@ -65,6 +66,8 @@ class CommandLine {
     program_.add_flag("-q,--quiet", quiet_, "Show errors only")->excludes(verbose);
     for (const AddCommand add : kCommands) commands_.push_back(add(program_, general_));
   }
+
+  const CLI::App& program() const { return program_; }
 
   int run(int argc, const char* const* argv) {
     try {
@@ -130,7 +133,17 @@ class CommandLine {
 }  // namespace
 
 int runCommandLine(int argc, const char* const* argv) {
+  if (argc > 1 && std::string(argv[1]) == "__complete") {
+    const CommandLine line;
+    const Completion completion = complete(line.program(), {argv + 2, argv + argc});
+    return writeToStandardOutput(completionText(completion)) ? kFailure : kSuccess;
+  }
   return CommandLine().run(argc, argv);
+}
+
+void readCommandLine(const std::function<void(const CLI::App& program)>& reader) {
+  const CommandLine line;
+  reader(line.program());
 }
 
 }  // namespace driver_feature

@@ -8,6 +8,12 @@ namespace driver_feature {
 
 namespace {
 
+const std::map<std::string, OutputForm>& forms() {
+  static const std::map<std::string, OutputForm> kForms = {
+      {"pjl", OutputForm::kPjl}, {"ps", OutputForm::kPostScript}, {"ticket", OutputForm::kTicket}};
+  return kForms;
+}
+
 Result produce(CoreFeatureSet& set, const EmitRequest& request, const FormRequest& form) {
   Result result{form.file.empty() ? request.file : form.file, ""};
   set.serialize(result.bytes, static_cast<int>(form.form), request.installableOptions,
@@ -18,11 +24,15 @@ Result produce(CoreFeatureSet& set, const EmitRequest& request, const FormReques
 }  // namespace
 
 std::optional<OutputForm> formNamed(const std::string& name) {
-  static const std::map<std::string, OutputForm> kForms = {
-      {"pjl", OutputForm::kPjl}, {"ps", OutputForm::kPostScript}, {"ticket", OutputForm::kTicket}};
-  const auto found = kForms.find(name);
-  if (found == kForms.end()) return std::nullopt;
+  const auto found = forms().find(name);
+  if (found == forms().end()) return std::nullopt;
   return found->second;
+}
+
+std::vector<std::string> formNames() {
+  std::vector<std::string> names;
+  for (const auto& [name, form] : forms()) names.push_back(name);
+  return names;
 }
 
 int emit(const SessionRequest& sessionRequest, const Changes& changes, const EmitRequest& request) {

@@ -17,6 +17,9 @@ enum class OutputForm : int { kPjl = 0, kPostScript = 1, kTicket = 2 };
 // The form that "ps", "pjl" or "ticket" names; nothing for any other name.
 std::optional<OutputForm> formNamed(const std::string& name);
 
+// The names of all forms.
+std::vector<std::string> formNames();
+
 // One output: its form, and the file that receives it.
 struct FormRequest {
   OutputForm form = OutputForm::kPostScript;

@@ -22,7 +22,7 @@ constexpr const char* kFooter =
     "  driver-feature show office.xml\n"
     "  driver-feature show office.xml PageSize\n"
     "  driver-feature show office.xml --json | jq '.features[].name'\n"
-    "  driver-feature show office.xml --records StoredJobs jobs.json\n"
+    "  driver-feature show office.xml --records PageExceptions page_exceptions.json\n"
     "  driver-feature show office.xml -o Copies=2 --save two-copies.conf\n"
     "\n"
     "Exit status: 0 success, 1 the description could not be loaded or the output\n"

@@ -25,7 +25,10 @@ constexpr const char* kFooter =
     "\n"
     "Examples:\n"
     "  driver-feature shell office.xml\n"
-    "  printf 'set Copies 2\\nemit ps\\n' | driver-feature shell office.xml";
+    "  printf 'set Copies 2\\nemit ps\\n' | driver-feature shell office.xml\n"
+    "\n"
+    "Exit status: 0 success, 1 a description could not be loaded or a file not written,\n"
+    "2 wrong usage, an unusable file or a refused line.";
 
 struct ShellRequest {
   std::string description;

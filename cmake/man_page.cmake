@@ -1,0 +1,30 @@
+# The manual page, written by a program that knows the arguments of
+# driver-feature, and the completion functions for shells, which ask the
+# program itself.
+
+find_package(CLI11 REQUIRED)
+add_library(driver_feature_manual STATIC host/manual/manual_page.cc host/manual/roff.cc)
+target_link_libraries(driver_feature_manual
+  PUBLIC driver_feature_compile_options
+  PRIVATE CLI11::CLI11)
+
+add_executable(write_manual host/manual/main.cc)
+target_link_libraries(write_manual PRIVATE driver_feature_manual driver_feature_host)
+
+set(manual_page ${PROJECT_BINARY_DIR}/man/driver-feature.1)
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/man)
+add_custom_command(
+  OUTPUT ${manual_page}
+  COMMAND write_manual ${PROJECT_SOURCE_DIR}/docs/man/driver-feature.1.in ${manual_page}
+          ${PROJECT_VERSION}
+  DEPENDS write_manual ${PROJECT_SOURCE_DIR}/docs/man/driver-feature.1.in
+  COMMENT "Writing the manual page"
+  VERBATIM)
+add_custom_target(manual_page ALL DEPENDS ${manual_page})
+
+install(FILES ${manual_page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES completions/driver-feature.bash
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+  RENAME driver-feature)
+install(FILES completions/_driver-feature
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
