@@ -22,9 +22,14 @@ add_custom_command(
   VERBATIM)
 add_custom_target(manual_page ALL DEPENDS ${manual_page})
 
-install(FILES ${manual_page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${manual_page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
 install(FILES completions/driver-feature.bash
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
-  RENAME driver-feature)
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
+# The folder in which zsh looks below /usr/local; packages of Debian have
+# another one.
+set(zsh_folder site-functions)
+if(CMAKE_INSTALL_PREFIX STREQUAL /usr AND EXISTS /etc/debian_version)
+  set(zsh_folder vendor-completions)
+endif()
 install(FILES completions/_driver-feature
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/${zsh_folder} COMPONENT tools)

@@ -11,7 +11,7 @@ namespace {
 class PlaceTest : public testing::Test {
  protected:
   PlaceTest() {
-    program_.add_flag("-v,--verbose", "Talk");
+    program_.add_flag("-v,--verbose", flag_, "Talk");
     program_.add_option("--library", text_, "Library")->type_name("PATH");
     CLI::App* copy = program_.add_subcommand("copy", "Copy files");
     copy->add_option("DESC", text_, "First")->type_name("FILE");
@@ -33,6 +33,7 @@ class PlaceTest : public testing::Test {
   }
 
   CLI::App program_;
+  bool flag_ = false;
   std::string text_;
   std::vector<std::string> texts_;
 };

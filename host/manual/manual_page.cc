@@ -62,7 +62,7 @@ std::string usageOf(const CLI::App& program, const CLI::App& command) {
   std::string usage = ".B " + roffText(program.get_name() + " " + command.get_name()) + "\n";
   for (const CLI::Option* option : positionalsOf(command)) {
     const bool repeats = option->get_items_expected_max() > 1;
-    const std::string name = italic(option->get_name(true)) + (repeats ? "..." : "");
+    const std::string name = italic(option->get_name(true)) + (repeats ? "...\\&" : "");
     usage += option->get_required() ? name + "\n" : "[" + name + "]\n";
   }
   for (const CLI::Option* option : optionsOf(command)) {

@@ -26,7 +26,8 @@ TEST(RoffTest, RoffParagraphs_IndentedLines_StayAsTheyAre) {
 TEST(ManualPageTest, ManualParts_SmallProgram_HoldEveryArgument) {
   CLI::App program("About", "tool");
   program.footer("Examples:\n  tool run x\n\nExit status: 0 well.");
-  program.add_flag("-v,--verbose", "Talk");
+  bool flag = false;
+  program.add_flag("-v,--verbose", flag, "Talk");
   CLI::App* run = program.add_subcommand("run", "Run it");
   std::string text;
   std::vector<std::string> texts;
@@ -39,7 +40,7 @@ TEST(ManualPageTest, ManualParts_SmallProgram_HoldEveryArgument) {
 
   EXPECT_EQ(parts.size(), 5U);
   EXPECT_EQ(parts.at("SYNOPSIS"),
-            ".B tool run\n\\fIDESC\\fP\n[\\fIMORE\\fP...]\n\\fB\\-t\\fP|\\fB\\-\\-to\\fP "
+            ".B tool run\n\\fIDESC\\fP\n[\\fIMORE\\fP...\\&]\n\\fB\\-t\\fP|\\fB\\-\\-to\\fP "
             "\\fIFORM\\fP\n[\\fIOPTION\\fP...]\n.br\n.B tool\n\\fB\\-h\\fP|\\fB\\-\\-help\\fP\n");
   EXPECT_EQ(parts.at("GENERAL_OPTIONS"),
             ".TP\n\\fB\\-h\\fP, \\fB\\-\\-help\\fP\nPrint this help message and exit.\n"

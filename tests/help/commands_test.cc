@@ -20,8 +20,10 @@ HelpTest::HelpTest() {
   write("draft.conf", "EconoMode=On\n");
   write("final.conf", "Copies=3\n");
   fs::create_directory(folder() / "bin");
+  // The shells ask for completion without any other argument before.
   write("bin/driver-feature",
-        "#!/bin/sh\nexec '" DRIVER_FEATURE_PROGRAM "' --callbacks '" OFFICE_ROUTINES "' \"$@\"\n");
+        "#!/bin/sh\n[ \"$1\" = __complete ] || set -- --callbacks '" OFFICE_ROUTINES
+        "' \"$@\"\nexec '" DRIVER_FEATURE_PROGRAM "' \"$@\"\n");
   fs::permissions(folder() / "bin/driver-feature", fs::perms::owner_all);
 }
 
@@ -108,7 +110,7 @@ TEST_F(HelpTest, Help_EveryExample_IsNoWrongUsage) {
   names.emplace_back();
   for (const std::string& command : names) {
     for (const std::string& example : examplesOf(help(command))) {
-      const RunResult result = runShell("set -o pipefail; " + example + " </dev/null");
+      const RunResult result = runShell("set -o pipefail; { " + example + "; } </dev/null");
       const bool compares = command == "diff" || command == "check";
       EXPECT_LE(result.status, compares ? 1 : 0) << example << "\n" << result.errors;
     }
