@@ -57,7 +57,8 @@ expectFields libdriverfeature-dev libdevel
 expectFields driver-feature utils
 expectDependencies libdriverfeature1 libc6 libgcc-s1 libstdc++6 libxml2
 expectDependencies libdriverfeature-dev "libdriverfeature1 (= $kVersion)"
-expectDependencies driver-feature libc6 "libdriverfeature1 (= $kVersion)" libgcc-s1 libstdc++6
+expectDependencies driver-feature libc6 "libdriverfeature1 (= $kVersion)" libgcc-s1 libreadline8 \
+  libstdc++6 libxml2
 
 # Files. Each one that an installation has is in exactly one package.
 
@@ -90,7 +91,9 @@ expectHolds libdriverfeature-dev "usr/lib/$triplet/pkgconfig/driver-feature.pc" 
   usr/include/driver_feature/{model/core_feature_set,frame/exports,platform/AttributeMap}.h \
   usr/share/doc/libdriverfeature-dev/examples/minimal_host/minimal_host.cc
 expectHolds driver-feature usr/bin/driver-feature "$libraries/liboffice_routines.so" \
-  usr/share/driver-feature/{label_printer,office_laser}.xml
+  usr/share/driver-feature/{label_printer,office_laser}.xml \
+  usr/share/driver-feature/feature_description.rng usr/share/man/man1/driver-feature.1 \
+  usr/share/bash-completion/completions/driver-feature usr/share/zsh/site-functions/_driver-feature
 
 # Everything belongs to root, and nobody else may write to it.
 for name in libdriverfeature1 libdriverfeature-dev driver-feature; do
@@ -103,7 +106,7 @@ done
 for place in "$source" "$build"; do
   if grep -rlF -- "$place" "$work/unpacked"; then fail "these files name $place"; fi
 done
-programs=$(find "$work/unpacked" -name '*.so' -o -name driver-feature -type f)
+programs=$(find "$work/unpacked" -name '*.so' -o -path '*/bin/driver-feature')
 [ "$(wc -l <<<"$programs")" -eq 5 ] || fail "there are other programs:" "$programs"
 while read -r program; do
   if readelf -SW "$program" | grep -E '\.(debug_info|symtab)'; then
@@ -132,7 +135,7 @@ done
 root=$work/root
 mkdir -p "$root/var/lib/dpkg/"{info,updates}
 : >"$root/var/lib/dpkg/available"
-for name in libc6 libgcc-s1 libstdc++6 libxml2; do
+for name in libc6 libgcc-s1 libreadline8 libstdc++6 libxml2; do
   dpkg-query --status "$name:$architecture"
   echo
 done >"$root/var/lib/dpkg/status"

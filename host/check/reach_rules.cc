@@ -36,12 +36,19 @@ bool isWritable(const Element& element) {
   return element.role == Role::kFeature || element.role == Role::kStaticGroup;
 }
 
-// Templates and dynamic groups are in no output at all.
+// A ticket calls the routine of every static group without a ticket name,
+// templates and groups in templates included.
+bool isCalledByTicket(const Element& element, const std::string& name) {
+  return name == "AddVORNCallbackRoutine" && element.role == Role::kStaticGroup &&
+         !element.has("TESKJTAttributeName") && !element.has("TESKOAAttributeName");
+}
+
+// Templates and dynamic groups are in no output, but for those routines.
 void checkUnwritten(const Element& element, Findings& findings) {
   const bool isDynamic = element.role == Role::kDynamicGroup;
   if (!isDynamic && !(element.inTemplate && isWritable(element))) return;
   for (const char* name : kOutputAttributes) {
-    if (!element.has(name)) continue;
+    if (!element.has(name) || isCalledByTicket(element, name)) continue;
     if (isDynamic) {
       findings.push_back({Code::kDynamicGroupOutput,
                           element.positionOf(name),

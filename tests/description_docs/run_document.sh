@@ -9,9 +9,7 @@
 # own routines ("wrap", example.xml), or put into the description as it stands
 # so far ("grow", printer.xml). Every description must load without a line of
 # complaint. The commands of a console block must print what stands there,
-# byte for byte. A block after the comment "<!-- needs: COMMAND -->" is passed
-# over when the program has no such command, and one after "<!-- not run -->"
-# always.
+# byte for byte. A block after the comment "<!-- not run -->" is passed over.
 set -eu
 
 mode=$1
@@ -43,8 +41,6 @@ fail() {
   printf '%s:%s: %s\n' "$document" "$line" "$1"
   failures=$((failures + 1))
 }
-
-hasCommand() { "$program" --help | grep -qE "^ +$1( |\$)"; }
 
 # A routine library that the document has built is loaded for all that follows.
 load() {
@@ -78,9 +74,7 @@ takeDescription() {
     cat complaints
     fail "the description loads with complaints"
   fi
-  if hasCommand check; then
-    load check "$description" >checked 2>&1 || { cat checked; fail "the check finds faults"; }
-  fi
+  load check "$description" >checked 2>&1 || { cat checked; fail "the check finds faults"; }
   descriptions=$((descriptions + 1))
 }
 
@@ -93,7 +87,6 @@ takeSession() {
 failures=0 descriptions=0 sessions=0
 while read -r number language line key value; do
   block=$blocks/$number
-  if [ "$key" = needs: ] && ! hasCommand "$value"; then continue; fi
   if [ "$key" = file: ]; then
     cp -- "$block" "$value"
   elif [ "$language" = xml ]; then

@@ -16,6 +16,27 @@ const std::vector<CheckRow>& reachRows() {
        "@:5:42: warning: TESKJTAttributeName of feature \"A\" is never written, because it belongs "
        "to a template of records; remove it, and let a feature's routine write the records "
        "[DF601]\n"},
+      {"ticket routines of a template's groups, with and without a ticket name",
+       {"<FeatureDynamicGroup Name='D'>",
+        "<FeatureStaticGroup Name='T' AddVORNCallbackRoutine='writeBytes'>",
+        "<FeatureStaticGroup Name='U' AddVORNCallbackRoutine='writeBytes'>",
+        "<Feature FeatureType='IntEntry' Name='A'/></FeatureStaticGroup>",
+        "<FeatureStaticGroup Name='V' TESKJTAttributeName='v' TESKAttributeSyntax='c' "
+        "AddVORNCallbackRoutine='writeBytes'>",
+        "<Feature FeatureType='IntEntry' Name='B' AddVORNCallbackRoutine='writeBytes'/>",
+        "</FeatureStaticGroup></FeatureStaticGroup></FeatureDynamicGroup>"},
+       "@:3:1: warning: dynamic group \"D\" names no sort routine; its records keep the order in "
+       "which they are added; name a comparing routine in SortFunctionName if their order matters "
+       "[DF806]\n"
+       "@:7:30: warning: TESKJTAttributeName of static group \"V\" is never written, because it "
+       "belongs to a template of records; remove it, and let a feature's routine write the records "
+       "[DF601]\n"
+       "@:7:78: warning: AddVORNCallbackRoutine of static group \"V\" is never written, because it "
+       "belongs to a template of records; remove it, and let a feature's routine write the records "
+       "[DF601]\n"
+       "@:8:42: warning: AddVORNCallbackRoutine of feature \"B\" is never written, because it "
+       "belongs to a template of records; remove it, and let a feature's routine write the records "
+       "[DF601]\n"},
       {"routines of members: PJL passes over them, PostScript does not",
        {"<FeatureStaticGroup Name='G' PJLCommand='%s' PSCommand='%s'>",
         "<Feature FeatureType='UIOnly' Name='A' AddPJLCallbackRoutine='writeBytes' "
