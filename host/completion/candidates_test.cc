@@ -1,5 +1,7 @@
 #include "host/completion/candidates.h"
 
+#include <unistd.h>
+
 #include <gtest/gtest.h>
 
 #include <CLI/CLI.hpp>
@@ -31,7 +33,7 @@ using Texts = std::vector<std::string>;
 
 class CandidatesTest : public testing::Test {
  protected:
-  CandidatesTest() : file_(testing::TempDir() + "candidates_test.xml") {
+  CandidatesTest() : file_(testing::TempDir() + "candidates." + std::to_string(getpid()) + ".xml") {
     std::ofstream(file_) << R"(<FeatureDescription>
   <Feature FeatureType="MultiSelect" Name="Tray"><Option Name="Top"/><Option Name="Bottom"/><Other Name="None"/></Feature>
   <Feature FeatureType="IntEntry" Name="Total"/>
