@@ -93,7 +93,8 @@ expectHolds libdriverfeature-dev "usr/lib/$triplet/pkgconfig/driver-feature.pc" 
 expectHolds driver-feature usr/bin/driver-feature "$libraries/liboffice_routines.so" \
   usr/share/driver-feature/{label_printer,office_laser}.xml \
   usr/share/driver-feature/feature_description.rng usr/share/man/man1/driver-feature.1 \
-  usr/share/bash-completion/completions/driver-feature usr/share/zsh/site-functions/_driver-feature
+  usr/share/bash-completion/completions/driver-feature.bash \
+  usr/share/zsh/vendor-completions/_driver-feature
 
 # Everything belongs to root, and nobody else may write to it.
 for name in libdriverfeature1 libdriverfeature-dev driver-feature; do
