@@ -1,0 +1,3 @@
+// Stands in for the tests when the header that they share is compiled.
+
+int main() {}
