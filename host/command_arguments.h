@@ -6,7 +6,7 @@
 
 #include "host/changes.h"
 
-namespace CLI {
+namespace CLI {  // NOLINT(readability-identifier-naming): the name is the library's.
 class App;
 }  // namespace CLI
 
