@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <optional>
@@ -50,7 +51,7 @@ Texts take(const SessionRequest& request, const std::string& file) {
 }
 
 std::optional<Texts> takeInCopy(const SessionRequest& request, const std::string& file) {
-  const auto texts = runInCopy(CopyStreams::kShared, [&] { return take(request, file); });
+  auto texts = runInCopy(CopyStreams::kShared, [&] { return take(request, file); });
   if (texts && !texts->empty()) return texts;
   if (!texts) complain(file + ": the values and outputs could not be made");
   return std::nullopt;
@@ -70,10 +71,7 @@ Texts settingLines(const std::string& text) {
 }
 
 bool hasChange(const std::vector<DiffLine>& lines) {
-  for (const DiffLine& line : lines) {
-    if (line.mark != ' ') return true;
-  }
-  return false;
+  return std::ranges::any_of(lines, [](const DiffLine& line) { return line.mark != ' '; });
 }
 
 bool isColoured() {

@@ -16,7 +16,7 @@ using Json = nlohmann::ordered_json;
 
 // Moves the neighbours among the characters from `first` to `last` out of
 // `present` into ranges.
-void takeRanges(char first, char last, std::vector<bool>& present,
+void takeRanges(unsigned char first, unsigned char last, std::vector<bool>& present,
                 std::vector<std::string>& ranges) {
   constexpr int kShortest = 4;
   for (int start = first; start <= last; ++start) {

@@ -186,6 +186,7 @@ WriteProblem writeToFile(const std::string& path, std::string_view bytes) {
 WriteProblem writeResults(const std::vector<Result>& results) {
   SignalDelay delay;
   std::vector<Delivery> deliveries;
+  deliveries.reserve(results.size());
   for (const Result& result : results) deliveries.emplace_back(result.path, result.bytes);
   return deliverAll(std::move(deliveries), delay);
 }
