@@ -11,21 +11,20 @@ set -eu
 build=$(realpath "$1")
 name=$2
 shift 2
-LOCPATH=$build/locales
-# The address checks want to be loaded first and only warn of this.
-LD_PRELOAD=$build/lib/libset_locale.so
-ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=0}:verify_asan_link_order=0
+# Messages of the system stay English: tests compare them. The address checks
+# want to be loaded first and are told that they are not.
+setting=(LC_ALL="$name" LANGUAGE=en LOCPATH="$build/locales"
+  LD_PRELOAD="$build/lib/libset_locale.so"
+  ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=0}:verify_asan_link_order=0")
 case $name in
   C) expected="2.5 105" ;;
   de_DE.UTF-8) expected="2,5 105" ;;
   tr_TR.UTF-8) expected="2,5 305" ;;
   *) expected= ;;
 esac
-found=$(LC_ALL=$name LOCPATH=$LOCPATH LD_PRELOAD=$LD_PRELOAD ASAN_OPTIONS=$ASAN_OPTIONS \
-  "$build/bin/locale_probe")
+found=$(env "${setting[@]}" "$build/bin/locale_probe")
 if [ "$found" != "$expected" ]; then
   echo "the locale $name is not in force: a number and a letter are \"$found\"" >&2
   exit 125
 fi
-# Messages of the system stay English: tests compare them.
-LANGUAGE=en LC_ALL=$name LOCPATH=$LOCPATH LD_PRELOAD=$LD_PRELOAD ASAN_OPTIONS=$ASAN_OPTIONS exec "$@"
+exec env "${setting[@]}" "$@"

@@ -3,14 +3,14 @@
 # process has.
 #
 # usage: outputs_test.sh SOURCES BUILD ROUTINES
-set -eu
+set -eEu
 
 sources=$(realpath "$1")
 build=$(realpath "$2")
 routines=$(realpath "$3")
 tools=$sources/tests/locales
 work=$(mktemp -d)
-trap 'status=$?; [ "$status" -eq 0 ] || tail -n 3 "$work"/*/*/errors.*; rm -rf -- "$work"' EXIT
+trap 'rm -rf -- "$work"' EXIT
 
 # write LOCALE FOLDER DESCRIPTION ARGUMENT...: all outputs of a description
 # after the changes of the arguments, with the complaints. Standing in one
@@ -20,6 +20,8 @@ write() {
   shift 3
   mkdir -p -- "$folder"
   cd -- "$folder"
+  # The last complaint tells why a command has failed.
+  trap 'tail -n 3 "$folder"/errors.* >&2' ERR
   local program=(bash "$tools/in_locale.sh" "$build" "$locale"
     "$build/bin/driver-feature" --callbacks "$routines")
   for form in ps pjl ticket; do
@@ -30,8 +32,9 @@ write() {
   "${program[@]}" show "$description" "$@" --json >output.json 2>errors.json
   "${program[@]}" try "$description" "$@" >output.try 2>errors.try
   "${program[@]}" check "$description" >output.check 2>errors.check
-  "${program[@]}" emit "$description" --to ps --settings saved.conf >output.again 2>errors.again
   # What is refused is told alike, too.
+  "${program[@]}" emit "$description" --to ps --settings saved.conf \
+    >output.again 2>errors.again || true
   "${program[@]}" emit "$description" --to ps -o 1,5=2 >output.refused 2>errors.refused || true
   printf 'get Copies all\nwrite shell.conf\nload shell.conf\nemit ps\nlog all\n' |
     "${program[@]}" shell "$description" --keep-going >output.shell 2>errors.shell || true
@@ -57,7 +60,8 @@ for locale in C de_DE.UTF-8 tr_TR.UTF-8; do
     --records Points "$work/points.json"
 done
 
-# The numbers are there, and with points.
+# The numbers are there, and with points; the settings come back.
+diff "$work/C/changed/output.ps" "$work/C/changed/output.again"
 grep -qx -- '-16777216.000000 fixed' "$work/C/changed/output.ps"
 grep -qx -- '1234567.250000 fixed' "$work/C/number/output.ps"
 grep -qx 'Across=0.1' "$work/C/changed/saved.conf"
