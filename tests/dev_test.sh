@@ -8,6 +8,7 @@
 #
 # shellcheck disable=SC2016  # stand-ins expand their lines themselves
 set -uo pipefail
+export LC_ALL=C  # Ranges of letters are those of ASCII.
 
 source_dir=$(cd -- "$1" && pwd) || exit 1
 work=$(mktemp -d) || exit 1

@@ -26,6 +26,11 @@ class ValueSafetyTest : public ProgramTest {
                  "<FeatureDynamicGroup Name='Logs'><FeatureStaticGroup Name='Log'>" +
                      feature("TextEntry", "Line", "PJLCommand='%s&#10;'") +
                      "</FeatureStaticGroup></FeatureDynamicGroup>",
+                 // A string of the outer group, which the inner one ends.
+                 "<FeatureStaticGroup Name='Outer' PSCommand='(%s)'>"
+                 "<FeatureStaticGroup Name='Ended' PSCommand=') /%s ('>" +
+                     feature("TextEntry", "Tag", "PSCommand='%s'") +
+                     "</FeatureStaticGroup></FeatureStaticGroup>",
              });
     write("bad.conf", "Count=1\nJob=a\\nb\n[Logs]\nLine=@PJL RESET\n");
     write("bad.json", R"([{"Line": "fine"}, {"Line": "@PJL RESET"}])");
@@ -33,7 +38,8 @@ class ValueSafetyTest : public ProgramTest {
 
   static std::string reason(const std::string& name, const std::string& byte,
                             const std::string& where, int line) {
-    const std::string command = name == "Title" || name == "Mark" ? "PSCommand" : "PJLCommand";
+    const std::string command =
+        name == "Title" || name == "Mark" || name == "Tag" ? "PSCommand" : "PJLCommand";
     return "the value of feature \"" + name + "\" holds byte " + byte + ", which is not safe " +
            where + ", where " + command +
            " puts it; leave the byte out, or run with --allow-control-characters to write it as it "
@@ -64,6 +70,7 @@ TEST_F(ValueSafetyTest, Option_UnsafeByte_IsRefusedWithItsPlace) {
       {"Code=10", "Code=10", reason("Code", "0x0A", "in a PJL line", 5)},
       {"Code=+266", "Code=+266", reason("Code", "0x0A", "in a PJL line", 5)},
       {"Line=@PJL RESET", "Line=@PJL RESET", lineReason()},
+      {"Tag=a b", "Tag=a b", reason("Tag", "0x20", "in PostScript outside of a string", 9)},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(run({"emit", "o.xml", "--to", "ps", "-o", row.setting}),
@@ -82,7 +89,7 @@ TEST_F(ValueSafetyTest, Option_Allowed_IsWrittenAsItIs) {
   EXPECT_EQ(run({"emit", "o.xml", "--to", "pjl", "-o", "Job=a\n@PJL X\"", "-o", "Code=9", kAllow}),
             success("@PJL \t\n@PJL 0\n@PJL SET J=\"a\n@PJL X\"\"\n"));
   EXPECT_EQ(run({"emit", "o.xml", "--to", "ps", "-o", "Title=a)", "-o", "Mark=(\\", kAllow}),
-            success("(a))\n(m=(\\)\n"));
+            success("(a))\n(m=(\\)\n() / ()"));
 }
 
 TEST_F(ValueSafetyTest, EveryCommand_SettingsFile_IsRefusedUnlessAllowed) {
