@@ -109,6 +109,17 @@ const std::vector<CheckRow>& valueRows() {
        "encoded PostScript string; remove it from the set [DF310]\n"
        "@:6:43: warning: TextValidationCharSet of feature \"C\" allows a quotation mark, which "
        "ends the PJL string; remove it from the set [DF310]\n"},
+      {"control characters are told once; a string that an inner group ends",
+       {"<Feature FeatureType='TextEntry' Name='A' TextValidationCharSet='a&#10;' "
+        "PJLCommand='&quot;%s&quot;&#10;' PSCommand='(%s)'/>",
+        "<FeatureStaticGroup Name='G' PSCommand='(%s)'>",
+        "<FeatureStaticGroup Name='H' PSCommand=') /%s ('>",
+        "<Feature FeatureType='TextEntry' Name='B' TextValidationCharSet='a b' PSCommand='%s'/>"
+        "</FeatureStaticGroup></FeatureStaticGroup>"},
+       "@:3:43: warning: TextValidationCharSet of feature \"A\" allows a control character, which "
+       "can end the command; remove it from the set [DF310]\n"
+       "@:6:43: warning: TextValidationCharSet of feature \"B\" allows a delimiter, blank or byte "
+       "beyond ASCII, which ends the PostScript token; remove it from the set [DF310]\n"},
       {"number beyond single precision",
        {"<Feature FeatureType='FloatEntry' Name='A' FloatMaxValue='1e39'/>"},
        "@:3:44: error: \"1e39\" is too large for \"FloatMaxValue\" of feature \"A\"; give a number "
