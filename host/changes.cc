@@ -38,6 +38,7 @@ Refusals addAll(const Session& session, const std::vector<RecordsRequest>& reque
 }  // namespace
 
 bool makeChanges(Session& session, const Changes& changes) {
+  if (changes.allowControlCharacters) session.allowControlCharacters();
   Refusals refusals = loadAll(session, changes.files);
   if (refusals.empty()) refusals = setAll(session.model(), changes.settings);
   if (refusals.empty()) refusals = addAll(session, changes.records);

@@ -18,6 +18,7 @@ struct Changes {
   std::vector<RecordsRequest> records;  // Made after the settings.
   std::vector<std::string> files = {};  // Settings files, set before all else.
   std::string saveFile = {};            // Receives the settings afterwards; empty for none.
+  bool allowControlCharacters = false;  // Even where they can end the command.
 };
 
 // Makes the changes and releases the log lines that they and the load have

@@ -45,6 +45,12 @@ void addChanges(CLI::App& command, Changes& changes) {
       .add_option("--save", changes.saveFile,
                   "Write the values and records after the changes to a settings file")
       ->type_name("FILE");
+  addAllowance(command, changes.allowControlCharacters);
+}
+
+void addAllowance(CLI::App& command, bool& allow) {
+  command.add_flag("--allow-control-characters", allow,
+                   "Take values that can end the printer command around them");
 }
 
 }  // namespace driver_feature

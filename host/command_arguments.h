@@ -21,9 +21,12 @@ CLI::App* addCommand(CLI::App& program, const std::string& name, const std::stri
 // of the arguments, and so must `changes` below.
 void addDescription(CLI::App& command, std::string& file);
 
-// What the command changes before it does its work: -o, --records, --settings
-// and --save.
+// What the command changes before it does its work: -o, --records, --settings,
+// --save, and --allow-control-characters.
 void addChanges(CLI::App& command, Changes& changes);
+
+// --allow-control-characters alone. `allow` must outlive the reading, too.
+void addAllowance(CLI::App& command, bool& allow);
 
 }  // namespace driver_feature
 

@@ -50,6 +50,18 @@ const FeatureLimits& DescriptionIndex::limitsOf(const std::string& featureName) 
   return found != features_.end() ? found->second : kNone;
 }
 
+std::vector<std::string> DescriptionIndex::groupsAround(const std::string& featureName) const {
+  std::vector<std::string> names;
+  std::string group = limitsOf(featureName).group;
+  // Groups stand behind the one around them, so that the walk never turns back.
+  for (auto entry = groups_.rbegin(); entry != groups_.rend(); ++entry) {
+    if (group.empty() || entry->name != group) continue;
+    names.push_back(group);
+    group = entry->outer;
+  }
+  return names;
+}
+
 GroupKind DescriptionIndex::groupNamed(const std::string& name) const {
   GroupKind found = GroupKind::kNone;
   for (const GroupEntry& group : groups_) {
@@ -75,7 +87,7 @@ void DescriptionIndex::addChildren(void* element, const std::string& outer) {
     AttributeMap attributes;
     pParserInstance->attributes(child, attributes);
     if (tag == "Feature") {
-      addFeature(child, attributes);
+      addFeature(child, attributes, outer);
     } else if (tag == "FeatureStaticGroup" || tag == "FeatureDynamicGroup") {
       const std::string name = textOf(attributes, "Name");
       const auto kind = tag == "FeatureStaticGroup" ? GroupKind::kStatic : GroupKind::kDynamic;
@@ -85,8 +97,10 @@ void DescriptionIndex::addChildren(void* element, const std::string& outer) {
   }
 }
 
-void DescriptionIndex::addFeature(void* element, const AttributeMap& attributes) {
+void DescriptionIndex::addFeature(void* element, const AttributeMap& attributes,
+                                  const std::string& group) {
   FeatureLimits limits;
+  limits.group = group;
   limits.line = XMLDocument::lineOf(element);
   // The library reads each limit for one type of feature only.
   const std::string type = textOf(attributes, "FeatureType");

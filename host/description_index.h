@@ -28,6 +28,7 @@ struct FeatureLimits {
   std::optional<int> maxTextLength;  // In characters.
   std::string allowedCharacters;
   std::string changeRoutine;  // Its name, which the library does not tell either.
+  std::string group;          // The name of the innermost group around it; empty at top level.
 };
 
 enum class GroupKind { kNone, kStatic, kDynamic };
@@ -50,6 +51,9 @@ class DescriptionIndex {
   // No limits at all for a name that the description does not give a feature.
   const FeatureLimits& limitsOf(const std::string& featureName) const;
 
+  // The names of the groups around a feature, the innermost one first.
+  std::vector<std::string> groupsAround(const std::string& featureName) const;
+
   // Which kind of group a name belongs to. A static group comes before a
   // dynamic one of the same name.
   GroupKind groupNamed(const std::string& name) const;
@@ -63,7 +67,7 @@ class DescriptionIndex {
 
  private:
   void addChildren(void* element, const std::string& outer);
-  void addFeature(void* element, const AttributeMap& attributes);
+  void addFeature(void* element, const AttributeMap& attributes, const std::string& group);
 
   std::map<std::string, FeatureLimits> features_;
   std::vector<GroupEntry> groups_;

@@ -35,10 +35,11 @@ constexpr Section kOutputs[] = {
 
 // The settings without their comments, and the outputs. Nothing at all after a
 // line on standard error.
-Texts take(const SessionRequest& request, const std::string& file) {
+Texts take(const SessionRequest& request, const std::string& file, bool allowControlCharacters) {
   const StandardOutputDiversion diversion;
   Changes changes;
   changes.files = {file};
+  changes.allowControlCharacters = allowControlCharacters;
   int status = kSuccess;
   const auto session = openChanged(request, changes, status);
   if (!session) return {};
@@ -50,8 +51,10 @@ Texts take(const SessionRequest& request, const std::string& file) {
   return texts;
 }
 
-std::optional<Texts> takeInCopy(const SessionRequest& request, const std::string& file) {
-  auto texts = runInCopy(CopyStreams::kShared, [&] { return take(request, file); });
+std::optional<Texts> takeInCopy(const SessionRequest& request, const std::string& file,
+                                bool allowControlCharacters) {
+  auto texts =
+      runInCopy(CopyStreams::kShared, [&] { return take(request, file, allowControlCharacters); });
   if (texts && !texts->empty()) return texts;
   if (!texts) complain(file + ": the values and outputs could not be made");
   return std::nullopt;
@@ -164,12 +167,12 @@ class Comparison {
 }  // namespace
 
 int diff(const SessionRequest& sessionRequest, const DiffRequest& request) {
-  const auto first = takeInCopy(sessionRequest, request.first);
+  const auto first = takeInCopy(sessionRequest, request.first, request.allowControlCharacters);
   if (!first) return kUnusable;
   SessionRequest again = sessionRequest;
   // What the description causes has been told once.
   if (again.detail == LogDetail::kUsual) again.detail = LogDetail::kErrors;
-  const auto second = takeInCopy(again, request.second);
+  const auto second = takeInCopy(again, request.second, request.allowControlCharacters);
   if (!second) return kUnusable;
   const Comparison comparison(request, *first, *second);
   const std::string text = request.json ? comparison.json() : comparison.text(isColoured());

@@ -12,6 +12,7 @@ struct DiffRequest {
   std::string first;  // Settings files.
   std::string second;
   bool json = false;
+  bool allowControlCharacters = false;
 };
 
 inline constexpr int kSame = 0;

@@ -40,6 +40,7 @@ Command addDiffCommand(CLI::App& program, const SessionRequest& general) {
   command->add_option("SECOND", arguments->request.second, "The settings file to compare it with")
       ->required()
       ->type_name("FILE");
+  addAllowance(*command, arguments->request.allowControlCharacters);
   command->add_flag("--json", arguments->request.json, "Print a JSON document");
   return {command, [arguments, &general] {
             SessionRequest session = general;

@@ -73,6 +73,12 @@ std::vector<Choice> FeatureView::choices() const {
   return choices;
 }
 
+std::string FeatureView::command(const std::string& property) const {
+  std::string text;
+  feature_->getFeatureProperty(property, text);
+  return text;
+}
+
 bool FeatureView::setValue(const std::string& text) const {
   return feature_->setFeatureProperty(std::string("ValueString"), text);
 }

@@ -54,6 +54,9 @@ class FeatureView {
   // All options, in their order; none unless this is a "MultiSelect" feature.
   std::vector<Choice> choices() const;
 
+  // The template of "PJLCommand" or "PSCommand"; empty without one.
+  std::string command(const std::string& property) const;
+
   // Stores the current value from a text. True when the library took it.
   bool setValue(const std::string& text) const;
 

@@ -52,6 +52,10 @@ std::vector<std::string> StaticGroupView::memberNames() const {
   return names;
 }
 
+std::string StaticGroupView::command(const std::string& property) const {
+  return textOf(*group_, property);
+}
+
 int DynamicGroupView::count() const {
   return group_->fetchNumberOfDynamicEntries();
 }

@@ -22,6 +22,8 @@ class StaticGroupView {
 
   bool isTemplate() const;  // The shape of a dynamic group's records.
   std::vector<std::string> memberNames() const;
+  // The template of "PJLCommand" or "PSCommand"; empty without one.
+  std::string command(const std::string& property) const;
 
  private:
   IntermediateStaticFeatureGroup* group_;

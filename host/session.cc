@@ -44,8 +44,8 @@ std::unique_ptr<Session> Session::open(const SessionRequest& request, int& statu
   session->log_.hold();
   session->file_ = std::move(file);
   if (!session->load(request, status)) return nullptr;
-  session->model_ = std::make_unique<Model>(
-      Model{featuresOf(session->features()), std::move(index), request.description});
+  session->model_ = std::make_unique<Model>(Model{featuresOf(session->features()), std::move(index),
+                                                  request.description, &session->features()});
   setLoadTarget(session->model_.get());
   return session;
 }

@@ -39,6 +39,10 @@ class Session {
   LogPrinter& log() { return log_; }
 
   const Model& model() const { return *model_; }
+
+  // From now on takes values that can end the command they are written into.
+  void allowControlCharacters() { model_->allowsControlCharacters = true; }
+
   CoreFeatureSet& features() const { return plugin_->features(); }
   void* description() const { return file_->element(); }  // The feature-description element.
 

@@ -9,6 +9,7 @@
 
 #include "host/nearest_name.h"
 #include "host/text.h"
+#include "host/value_safety.h"
 
 namespace driver_feature {
 
@@ -180,7 +181,8 @@ Refusal parseSetting(const std::string& text, Setting& setting) {
 Refusal checkSetting(const Model& model, const Setting& setting) {
   const auto found = model.features.find(setting.name);
   if (found == model.features.end()) return refuseName(model, setting.name);
-  return Check(model, setting, found->second).run();
+  if (Refusal refusal = Check(model, setting, found->second).run()) return refusal;
+  return refuseUnsafeValue(model, setting.name, setting.value);
 }
 
 Refusal applySetting(const Model& model, const Setting& setting) {

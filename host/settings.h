@@ -15,7 +15,10 @@ namespace driver_feature {
 struct Model {
   FeatureMap features;
   DescriptionIndex index;
-  std::string file;  // The description's path, for messages.
+  std::string file;               // The description's path, for messages.
+  CoreFeatureSet* set = nullptr;  // Of the features. Belongs to the library.
+  // Whether values are taken that can end the command they are written into.
+  bool allowsControlCharacters = false;
 };
 
 struct Setting {
@@ -35,7 +38,8 @@ Refusal parseSetting(const std::string& text, Setting& setting);
 // feature, a feature without a value, what is unavailable, an option that the
 // feature does not have, a number that does not convert whole or lies outside
 // the limits, a text with more characters than allowed or with others than
-// allowed. Characters are UTF-8 code points.
+// allowed, a value that is not safe in the feature's command
+// (host/value_safety.h). Characters are UTF-8 code points.
 Refusal applySetting(const Model& model, const Setting& setting);
 
 // The same checks, and nothing stored.

@@ -3,6 +3,8 @@
 
 #include "output/command_template.h"
 
+#include <locale.h>
+
 #include <cfloat>
 #include <climits>
 #include <cmath>
@@ -16,9 +18,27 @@
 namespace driver_feature {
 namespace {
 
+// The C locale for the thread, whatever the process has.
+class ClassicLocale {
+ public:
+  ClassicLocale() : before_(uselocale(classic())) {}
+  ~ClassicLocale() { uselocale(before_); }
+  ClassicLocale(const ClassicLocale&) = delete;
+  ClassicLocale& operator=(const ClassicLocale&) = delete;
+
+ private:
+  static locale_t classic() {
+    static const locale_t kClassic = newlocale(LC_ALL_MASK, "C", nullptr);
+    return kClassic;
+  }
+
+  locale_t before_;
+};
+
 // What printf makes of the template.
 template <class Argument>
 std::string printed(const std::string& commandTemplate, Argument argument) {
+  const ClassicLocale locale;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #pragma GCC diagnostic ignored "-Wformat-security"

@@ -19,3 +19,6 @@ add_test(NAME description_format_faults
 add_test(NAME tutorial
   COMMAND ${document_runner} grow ${PROJECT_SOURCE_DIR}/docs/tutorial.md
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
+add_test(NAME security_examples
+  COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/security.md
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})

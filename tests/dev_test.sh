@@ -8,6 +8,7 @@
 #
 # shellcheck disable=SC2016  # stand-ins expand their lines themselves
 set -uo pipefail
+export LC_ALL=C  # Ranges of letters are those of ASCII.
 
 source_dir=$(cd -- "$1" && pwd) || exit 1
 work=$(mktemp -d) || exit 1
@@ -268,6 +269,36 @@ dev test-i386
 expectStatus 1
 expectCalls 'make_root build/i386-root'
 
+# fakeLocales: stand-ins for the making of locales and the running in one.
+fakeLocales() {
+  mkdir -p "$work/project/tests/locales"
+  printf 'echo "make_locales $*" >>"%s/calls"\n' "$work" \
+    >"$work/project/tests/locales/make_locales.sh"
+  printf 'echo "in_locale $*" >>"%s/calls"\ncase $2 in %s) exit 3 ;; esac\n' "$work" "${1:-none}" \
+    >"$work/project/tests/locales/in_locale.sh"
+}
+
+begin TestLocales_NoArgument_RunsTheTestsInEachLocale
+fakeLocales
+fake cmake
+dev test-locales -R Option
+expectStatus 0
+expectCalls 'cmake --preset release --log-level=WARNING' \
+  'cmake --build --preset release --parallel 3' 'make_locales build/release/locales' \
+  'in_locale build/release C ctest --preset release --output-on-failure --no-tests=error -j3 -R Option' \
+  'in_locale build/release de_DE.UTF-8 ctest --preset release --output-on-failure --no-tests=error -j3 -R Option' \
+  'in_locale build/release tr_TR.UTF-8 ctest --preset release --output-on-failure --no-tests=error -j3 -R Option'
+
+begin TestLocales_OneFails_EndsWithItsStatus
+fakeLocales de_DE.UTF-8
+fake cmake
+dev test-locales
+expectStatus 3
+expectCalls 'cmake --preset release --log-level=WARNING' \
+  'cmake --build --preset release --parallel 3' 'make_locales build/release/locales' \
+  'in_locale build/release C ctest --preset release --output-on-failure --no-tests=error -j3' \
+  'in_locale build/release de_DE.UTF-8 ctest --preset release --output-on-failure --no-tests=error -j3'
+
 # fakeComparison: a stand-in for the comparison of binary interfaces.
 fakeComparison() {
   mkdir -p "$work/project/tests/abi"
@@ -462,7 +493,7 @@ begin Help_ListsEveryCommand
 dev help
 expectStatus 0
 expectEmpty err
-for name in setup build test test-i386 abi demo package lint format clean help; do
+for name in setup build test test-i386 test-locales abi demo package lint format clean help; do
   checks=$((checks + 1))
   grep -qE -- "^  $name( [^ ].*)?  *[a-z].*" "$work/out" || fail "does not list $name"
 done

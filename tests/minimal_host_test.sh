@@ -5,6 +5,7 @@
 #
 # usage: minimal_host_test.sh EXAMPLE_DIR BUILD_DIR CXX_COMPILER CXX_FLAGS LINKER_FLAGS
 set -eu
+export LC_ALL=C  # CMake cannot work in every locale.
 
 example=$1
 build=$2

@@ -88,8 +88,8 @@ constexpr CodeRow kCodes[] = {
      "A text that may hold any character is written to PJL or PostScript. Control characters and "
      "delimiters in it can change the command or add others."},
     {Code::kHarmfulCharacterSet, kWarning, "DF310",
-     "TextValidationCharSet allows characters that can end the PJL line, the PJL string or the "
-     "PostScript string that the value is written into."},
+     "TextValidationCharSet allows characters that can end the PJL line, the PJL string, or the "
+     "PostScript string or token that the value is written into."},
     {Code::kFloatTooLarge, kError, "DF311",
      "The number is beyond the range of single-precision numbers, in which the library keeps it."},
 

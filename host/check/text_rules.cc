@@ -6,6 +6,7 @@
 
 #include "host/check/rules.h"
 #include "host/text.h"
+#include "host/value_place.h"
 
 namespace driver_feature {
 
@@ -55,18 +56,44 @@ void checkDefaultCharacters(const Element& feature, Findings& findings) {
   }
 }
 
-// A surrounding of the value in a command, and what must not come in between.
-struct Delimiters {
-  const char* command;
-  const char* before;  // Just before the conversion.
-  const char* harmful;
-  const char* words;
+struct CommandRow {
+  const char* attribute;
+  CommandLanguage language;
 };
 
-constexpr Delimiters kDelimiters[] = {
-    {"PJLCommand", "\"%", "\"", "a quotation mark, which ends the PJL string"},
-    {"PSCommand", "(%", "()\\", "a parenthesis or backslash, which can end the PostScript string"},
-};
+constexpr CommandRow kCommands[] = {{"PJLCommand", CommandLanguage::kPjl},
+                                    {"PSCommand", CommandLanguage::kPostScript}};
+
+// Where a command puts the feature's text. A group without one may have a
+// routine that writes its members, and changes nothing here.
+std::optional<TemplateValue> findText(const Element& feature, const CommandRow& row) {
+  std::vector<std::string> templates = {feature.text(row.attribute)};
+  for (const Element* element = &feature; element->isMember();) {
+    element = element->parent;
+    if (element->has(row.attribute)) {
+      templates.insert(templates.begin(), element->text(row.attribute));
+    }
+  }
+  return findValue(row.language, templates);
+}
+
+const char* harmIn(ValuePlace place) {
+  switch (place) {
+    case ValuePlace::kPjlLineStart:
+      return "an at sign, which begins a PJL command";
+    case ValuePlace::kPjlString:
+      return "a quotation mark, which ends the PJL string";
+    case ValuePlace::kPostScriptToken:
+      return "a delimiter, blank or byte beyond ASCII, which ends the PostScript token";
+    case ValuePlace::kPostScriptString:
+      return "a parenthesis or backslash, which can end the PostScript string";
+    case ValuePlace::kPostScriptHexString:
+    case ValuePlace::kPostScriptBase85String:
+      return "a character that can end the encoded PostScript string";
+    default:
+      return nullptr;  // Control characters alone, which are told once for all places.
+  }
+}
 
 void checkHarm(const Element& feature, const std::string& set, Findings& findings) {
   const auto report = [&](const std::string& words) {
@@ -76,13 +103,16 @@ void checkHarm(const Element& feature, const std::string& set, Findings& finding
                         "remove it from the set",
                         {}});
   };
-  const bool control = std::any_of(set.begin(), set.end(), [](char character) {
-    return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
-  });
-  if (control) report("a control character, which can end the command");
-  for (const Delimiters& row : kDelimiters) {
-    const bool quoted = feature.text(row.command).find(row.before) != std::string::npos;
-    if (quoted && set.find_first_of(row.harmful) != std::string::npos) report(row.words);
+  if (std::any_of(set.begin(), set.end(), isControlCharacter)) {
+    report("a control character, which can end the command");
+  }
+  for (const CommandRow& row : kCommands) {
+    const auto text = findText(feature, row);
+    if (!text || harmIn(text->place) == nullptr) continue;
+    const bool harms = std::any_of(set.begin(), set.end(), [&text](char character) {
+      return !isControlCharacter(character) && findUnsafeByte(text->place, {&character, 1});
+    });
+    if (harms) report(harmIn(text->place));
   }
 }
 

@@ -16,7 +16,8 @@ namespace {
 constexpr const char* kSetDetails =
     "With a VALUE alone, it is checked against the description as -o of the other\n"
     "commands is. With a PROPERTY, the library gets the value as it is, by the\n"
-    "operation of the property's type, and alone decides about it.\n"
+    "operation of the property's type, and alone decides about it; but values that\n"
+    "are not safe in the feature's command are refused, as -o refuses them.\n"
     "  set Copies 2\n"
     "  set Copies DefaultIntValue 2\n"
     "  set Duplex Sensitivity false\n";

@@ -9,6 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "host/command_arguments.h"
 #include "host/shell/line_editor.h"
 #include "host/shell/shell.h"
 
@@ -33,6 +34,7 @@ constexpr const char* kFooter =
 struct ShellRequest {
   std::string description;
   bool keepGoing = false;
+  bool allowControlCharacters = false;
 };
 
 // The lines of standard input.
@@ -88,7 +90,7 @@ int runTerminal(Shell& shell, const Transcript& transcript) {
   return kSuccess;
 }
 
-int runShell(const SessionRequest& request, bool keepGoing) {
+int runShell(const SessionRequest& request, const ShellRequest& shellRequest) {
   const Transcript transcript;
   std::unique_ptr<Session> session;
   {
@@ -97,10 +99,11 @@ int runShell(const SessionRequest& request, bool keepGoing) {
     session = Session::open(request, status);
     if (!session) return status;
     session->log().release();
+    if (shellRequest.allowControlCharacters) session->allowControlCharacters();
   }
   Shell shell(*session, transcript);
   const bool atTerminal = ::isatty(STDIN_FILENO) != 0 && ::isatty(STDERR_FILENO) != 0;
-  return atTerminal ? runTerminal(shell, transcript) : runScript(shell, keepGoing);
+  return atTerminal ? runTerminal(shell, transcript) : runScript(shell, shellRequest.keepGoing);
 }
 
 }  // namespace
@@ -116,10 +119,11 @@ Command addShellCommand(CLI::App& program, const SessionRequest& general) {
       ->type_name("FILE");
   command->add_flag("--keep-going", request->keepGoing,
                     "Do the rest of a script although a line was refused");
+  addAllowance(*command, request->allowControlCharacters);
   return {command, [request, &general] {
             SessionRequest session = general;
             session.description = request->description;
-            return runShell(session, request->keepGoing);
+            return runShell(session, *request);
           }};
 }
 

@@ -7,6 +7,7 @@
 #include "host/show.h"
 #include "host/show_details.h"
 #include "host/table.h"
+#include "host/value_safety.h"
 
 namespace driver_feature {
 
@@ -54,6 +55,10 @@ Refusal runSet(Shell& shell, const Words& arguments) {
   if (arguments.size() == 2) return setChecked(shell, {arguments[0], arguments[1]});
   CoreFeature* object = nullptr;
   if (Refusal refusal = findObject(shell, arguments[0], object)) return refusal;
+  if (Refusal refusal =
+          refuseUnsafeProperty(shell.model(), arguments[0], arguments[1], arguments[2])) {
+    return refusal;
+  }
   return writeProperty(*object, arguments[1], arguments[2]);
 }
 

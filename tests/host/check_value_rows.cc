@@ -91,7 +91,35 @@ const std::vector<CheckRow>& valueRows() {
        "@:4:43: warning: TextValidationCharSet of feature \"B\" allows a quotation mark, which "
        "ends the PJL string; remove it from the set [DF310]\n"
        "@:4:43: warning: TextValidationCharSet of feature \"B\" allows a parenthesis or backslash, "
-       "which can end the PostScript string; remove it from the set [DF310]\n"},
+       "which can end the PostScript string; remove it from the set [DF310]\n"
+       "@:5:43: warning: TextValidationCharSet of feature \"C\" allows a delimiter, blank or byte "
+       "beyond ASCII, which ends the PostScript token; remove it from the set [DF310]\n"},
+      {"characters that end what the group writes them into, and other places",
+       {"<Feature FeatureType='TextEntry' Name='A' TextValidationCharSet='a@#&quot;' "
+        "PJLCommand='%s&#10;' PSCommand='%%%% %s&#10;'/>",
+        "<Feature FeatureType='TextEntry' Name='B' TextValidationCharSet='0Fg' "
+        "PSCommand='&lt;%s>'/>",
+        "<FeatureStaticGroup Name='G' PJLCommand='@PJL SET X=&quot;a=%s&quot;&#10;'>",
+        "<Feature FeatureType='TextEntry' Name='C' TextValidationCharSet='a@#&quot;' "
+        "PJLCommand='b=%s'/></FeatureStaticGroup>"},
+       "@:3:43: warning: TextValidationCharSet of feature \"A\" allows an at sign, which begins a "
+       "PJL command; remove it from the set [DF310]\n"
+       "@:4:43: warning: TextValidationCharSet of feature \"B\" allows a character that can end "
+       "the "
+       "encoded PostScript string; remove it from the set [DF310]\n"
+       "@:6:43: warning: TextValidationCharSet of feature \"C\" allows a quotation mark, which "
+       "ends the PJL string; remove it from the set [DF310]\n"},
+      {"control characters are told once; a string that an inner group ends",
+       {"<Feature FeatureType='TextEntry' Name='A' TextValidationCharSet='a&#10;' "
+        "PJLCommand='&quot;%s&quot;&#10;' PSCommand='(%s)'/>",
+        "<FeatureStaticGroup Name='G' PSCommand='(%s)'>",
+        "<FeatureStaticGroup Name='H' PSCommand=') /%s ('>",
+        "<Feature FeatureType='TextEntry' Name='B' TextValidationCharSet='a b' PSCommand='%s'/>"
+        "</FeatureStaticGroup></FeatureStaticGroup>"},
+       "@:3:43: warning: TextValidationCharSet of feature \"A\" allows a control character, which "
+       "can end the command; remove it from the set [DF310]\n"
+       "@:6:43: warning: TextValidationCharSet of feature \"B\" allows a delimiter, blank or byte "
+       "beyond ASCII, which ends the PostScript token; remove it from the set [DF310]\n"},
       {"number beyond single precision",
        {"<Feature FeatureType='FloatEntry' Name='A' FloatMaxValue='1e39'/>"},
        "@:3:44: error: \"1e39\" is too large for \"FloatMaxValue\" of feature \"A\"; give a number "

@@ -24,11 +24,12 @@ class DiffTest : public ProgramTest {
 TEST_F(DiffTest, Diff_SameValues_PrintsNothing) {
   write("c.conf", "# other words\nCopies=1\nCopies=2\nOwner=me\n");
   EXPECT_EQ(run({"diff", "office.xml", "a.conf", "c.conf"}), success(""));
-  EXPECT_EQ(run({"diff", "office.xml", "b.conf", "b.conf"}), success(""));
+  EXPECT_EQ(run({"diff", "office.xml", "b.conf", "b.conf", "--allow-control-characters"}),
+            success(""));
 }
 
 TEST_F(DiffTest, Diff_OtherValues_TellsSettingsAndOutputs) {
-  EXPECT_EQ(run({"diff", "office.xml", "a.conf", "b.conf"}),
+  EXPECT_EQ(run({"diff", "office.xml", "a.conf", "b.conf", "--allow-control-characters"}),
             (RunResult{1,
                        "--- a.conf (settings)\n"
                        "+++ b.conf (settings)\n"
@@ -94,11 +95,11 @@ TEST_F(DiffTest, Diff_NotPossible_EndsWithTwo) {
                     "number\n"
                     "driver-feature: bad.conf:2: there is no feature \"No\"; \"driver-feature "
                     "show\" lists the features\n"));
-  EXPECT_EQ(
-      run({"diff", "office.xml", "a.conf", "b.conf"}, [] { freopen("/dev/full", "w", stdout); }),
-      failure(2,
-              "driver-feature: standard output: cannot be written: No space left on "
-              "device\n"));
+  EXPECT_EQ(run({"diff", "office.xml", "a.conf", "b.conf", "--allow-control-characters"},
+                [] { freopen("/dev/full", "w", stdout); }),
+            failure(2,
+                    "driver-feature: standard output: cannot be written: No space left on "
+                    "device\n"));
   EXPECT_EQ(run({"diff", "missing.xml", "a.conf", "b.conf"}).status, 2);
 }
 

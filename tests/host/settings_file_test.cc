@@ -36,7 +36,7 @@ class SettingsFileTest : public ProgramTest {
   std::string savedAfter(const std::string& settings) const {
     write("in.conf", settings);
     EXPECT_EQ(run({"emit", "office.xml", "--to", "ticket=ticket.xml", "--settings", "in.conf",
-                   "--save", "out.conf"}),
+                   "--save", "out.conf", "--allow-control-characters"}),
               success(""));
     return read("out.conf");
   }
@@ -50,7 +50,8 @@ constexpr const char* kHeading =
 TEST_F(SettingsFileTest, Save_EveryKind_HoldsValuesAndRecords) {
   write("jobs.json", R"([{"Title": " b ", "Shift": 0.25}, {"Title": "", "Shift": 3}])");
   EXPECT_EQ(run({"emit", "office.xml", "--to", "ps", "-o", "PageSize=B 5", "-o", "Owner= #\"\\\n",
-                 "-o", "Scale=0.1234567", "--records", "Jobs", "jobs.json", "--save", "a.conf"}),
+                 "-o", "Scale=0.1234567", "--records", "Jobs", "jobs.json", "--save", "a.conf",
+                 "--allow-control-characters"}),
             success("( #\"\\\n)b5\n"));
   const std::string saved = std::string(kHeading) +
                             "Copies=1\n"
