@@ -70,17 +70,20 @@ bool isRefused(const std::vector<LineRefusal>& refusals, int line) {
 }
 
 // Finds an order in which every line can be made, by making refused lines
-// before the others: a feature keeps a value although another one's makes it
-// unavailable later. Answers the refusals of the file's own order when there
-// is none.
+// later or sooner: a line may be allowed by the value of another one, or be
+// forbidden by it, and then keeps a value that was made before. Answers the
+// refusals of the file's own order when no order is found.
 std::vector<LineRefusal> findOrder(CoreFeatureSet& set, const Model& model, SettingsText& text) {
-  constexpr int kAttempts = 4;
+  enum class Move { kBehind, kBefore };
+  constexpr Move kMoves[] = {Move::kBehind, Move::kBehind, Move::kBefore, Move::kBefore};
   const std::vector<LineRefusal> first = rehearse(set, model, text);
   std::vector<LineRefusal> refusals = first;
-  for (int attempt = 1; !refusals.empty() && attempt < kAttempts; ++attempt) {
-    std::stable_partition(
-        text.features.begin(), text.features.end(),
-        [&refusals](const SettingsLine& line) { return isRefused(refusals, line.line); });
+  for (const Move move : kMoves) {
+    if (refusals.empty()) break;
+    std::stable_partition(text.features.begin(), text.features.end(),
+                          [&refusals, move](const SettingsLine& line) {
+                            return isRefused(refusals, line.line) == (move == Move::kBefore);
+                          });
     refusals = rehearse(set, model, text);
   }
   return refusals.empty() ? refusals : first;
