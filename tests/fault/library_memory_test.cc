@@ -105,7 +105,7 @@ TEST_P(LibraryMemoryTest, ValueSetters_NoMemory_AnswerZeroAndLeaveTheValue) {
             flag);
   });
   host_.object(kOutputGroup).setFeatureProperty(std::string("FeatureInGroup"), false);
-  sweep(2, [&](const FailurePlan& plan) {
+  sweep(1, [&](const FailurePlan& plan) {
     resetTitle();
     EXPECT_ANSWER(plan, setText(title, "CurrentTextValue", kLongText),
                   host_.text(kTitle, "CurrentTextValue") == kLongText);

@@ -18,6 +18,12 @@ std::string repeat(const std::string& text, int count) {
   return repeated;
 }
 
+int count(const std::string& text, const std::string& part) {
+  int found = 0;
+  for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++found;
+  return found;
+}
+
 // Elements inside each other, one on each line, with a feature in the last.
 std::string nested(const std::string& begin, const std::string& end, int depth) {
   return "<FeatureDescription>\n" + repeat(begin + "\n", depth) +
@@ -70,22 +76,22 @@ INSTANTIATE_TEST_SUITE_P(Stack, NestingTest,
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST_P(NestingTest, StaticGroups_TenThousand_AreRefused) {
-  expectRefusal(nested(kGroupBegin, kGroupEnd, kDeep), "257:113");
+  expectRefusal(nested(kGroupBegin, kGroupEnd, kDeep), "257:121");
 }
 
 TEST_P(NestingTest, UnknownElements_TenThousand_AreRefused) {
-  expectRefusal(nested("<Other>", "</Other>", kDeep), "257:8");
+  expectRefusal(nested("<Other>", "</Other>", kDeep), "257:7");
 }
 
 TEST_P(NestingTest, Options_TenThousand_AreRefused) {
   expectRefusal("<FeatureDescription>\n<Feature FeatureType='MultiSelect' Name='M'>\n" +
                     repeat("<Option Name='O'>\n", kDeep) + repeat("</Option>", kDeep) +
                     "</Feature></FeatureDescription>\n",
-                "257:18");
+                "257:17");
 }
 
 TEST_P(NestingTest, NeverClosedElements_TenThousand_AreRefused) {
-  expectRefusal("<FeatureDescription>\n" + repeat(kGroupBegin + "\n", kDeep), "257:113");
+  expectRefusal("<FeatureDescription>\n" + repeat(kGroupBegin + "\n", kDeep), "257:121");
 }
 
 TEST_P(NestingTest, StaticGroups_AsDeepAsTheParserTakes_AreWritten) {
@@ -96,8 +102,9 @@ TEST_P(NestingTest, StaticGroups_AsDeepAsTheParserTakes_AreWritten) {
   EXPECT_EQ(runWithStack({"emit", "deep.xml", "--to", "pjl"}), success(text));
   const RunResult ticket = runWithStack({"emit", "deep.xml", "--to", "ticket"});
   EXPECT_EQ(ticket.status, 0);
-  EXPECT_THAT(ticket.output, testing::HasSubstr(repeat(" ", 2 * (groups + 2)) +
-                                                "<Command name=\"copies\""));
+  EXPECT_EQ(count(ticket.output, "<Group name=\"g\""), groups);
+  EXPECT_EQ(count(ticket.output, "</Group>"), groups);
+  EXPECT_EQ(count(ticket.output, "<Command name=\"copies\""), 1);
   EXPECT_EQ(runWithStack({"dump", "deep.xml"}).status, 0);
   EXPECT_EQ(runWithStack({"show", "deep.xml"}).status, 0);
   EXPECT_LT(runWithStack({"check", "deep.xml"}).status, 3);
