@@ -20,3 +20,13 @@ target_compile_definitions(host_fault_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>")
 add_dependencies(host_fault_tests driver-feature DriverFeature)
+
+# Memcheck knows nothing of the compiler's own checks, and one build is enough.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_BUILD_TYPE STREQUAL "Release"
+   AND CMAKE_SIZEOF_VOID_P EQUAL 8)
+  find_program(BASH_PROGRAM bash REQUIRED)
+  add_test(NAME memcheck
+    COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/fault/memcheck.sh ${PROJECT_BINARY_DIR}
+            ${PROJECT_SOURCE_DIR} $<TARGET_FILE:office_routines>)
+  set_tests_properties(memcheck PROPERTIES TIMEOUT 300 SKIP_RETURN_CODE 77)
+endif()

@@ -101,9 +101,9 @@ inline std::string nameOfPersistence(const ::testing::TestParamInfo<Persistence>
 }
 
 // Makes both tests of each test of a fixture.
-#define INSTANTIATE_MEMORY_FAULTS(fixture)                                                   \
-  INSTANTIATE_TEST_SUITE_P(Memory, fixture,                                                  \
-                           ::testing::Values(::driver_feature::testing::Persistence::kOnce,  \
+#define INSTANTIATE_MEMORY_FAULTS(fixture)                                                         \
+  INSTANTIATE_TEST_SUITE_P(Memory, fixture,                                                        \
+                           ::testing::Values(::driver_feature::testing::Persistence::kOnce,        \
                                              ::driver_feature::testing::Persistence::kFromThenOn), \
                            ::driver_feature::testing::nameOfPersistence)
 

@@ -141,8 +141,7 @@ TEST_P(LibraryMemoryTest, SaveAndRestore_NoMemory_ReturnAndCanBeRepeated) {
     host_.object(kScale).setFeatureProperty(std::string("CurrentFloatValue"), 3.0F);
     EXPECT_TRUE(endsWithoutThrow(plan, [&] { restore(names); }));
     const bool failed = memoryHasFailed();
-    EXPECT_THAT(host_.text(kTitle, "CurrentTextValue"),
-                AnyOf(kLongText, "a title of some length"));
+    EXPECT_THAT(host_.text(kTitle, "CurrentTextValue"), AnyOf(kLongText, "a title of some length"));
     if (failed) restore(names);
     EXPECT_EQ(host_.model(), before);
   });
@@ -197,13 +196,12 @@ TEST_P(LibraryMemoryTest, SerializeTicket_NoMemory_MakesAWellFormedTicketOrNone)
   const std::string whole = host_.output(2);
   sweep(100, [&](const FailurePlan& plan) {
     std::string output = "before";
-    endsWithoutThrow(plan,
-                     [&] { host_.set().serialize(output, 2, true, "first", "second"); });
+    endsWithoutThrow(plan, [&] { host_.set().serialize(output, 2, true, "first", "second"); });
     EXPECT_TRUE(memoryHasFailed() || output == whole) << output;
     if (output != whole && output != "before" && !output.empty()) {
       XMLProblem problem;
-      EXPECT_NE(XMLDocument::parseText(output, "ticket", problem), nullptr)
-          << problem.text << '\n' << output;
+      EXPECT_NE(XMLDocument::parseText(output, "ticket", problem), nullptr) << problem.text << '\n'
+                                                                            << output;
     }
     EXPECT_EQ(host_.output(2), whole);
   });
