@@ -1,6 +1,8 @@
 // Memory that runs out inside the operations of single objects: an operation
 // lets std::bad_alloc out and has done all of its work or nothing of it.
 
+#include <functional>
+
 #include <gmock/gmock.h>
 
 #include "fault/failing_memory.h"
@@ -13,6 +15,11 @@ using ::testing::AnyOf;
 
 const std::string kText = "TextInsideOfTheGroup";
 const std::string kLongText = "another text, one that does not fit into a text itself";
+
+struct Operation {
+  std::string name;
+  std::function<bool()> run;
+};
 
 class ObjectMemoryTest : public MemoryFaultTest {
  protected:
@@ -180,26 +187,26 @@ TEST_P(ObjectMemoryTest, RecordOperations_NoMemory_LeaveTheRecords) {
   const std::vector<std::string> before = records();
   IntermediateDynamicFeatureGroup& group = host_.exceptions();
   AttributeMap values = FaultyHost::record("7", "PlainPaperOfTheOffice");
-  const std::pair<std::string, std::function<bool()>> operations[] = {
+  const Operation operations[] = {
       {"detect", [&] { return group.detectDuplicateRecord(values); }},
       {"read", [&] { return group.getDynamicEntryByIndex(1) != nullptr; }},
       {"sort", [&] { return group.sortList(); }},
   };
-  for (const auto& [name, operation] : operations) {
-    SCOPED_TRACE(name);
+  for (const Operation& operation : operations) {
+    SCOPED_TRACE(operation.name);
     sweep(3, [&](const FailurePlan& plan) {
       bool answer = false;
-      const bool done = endsWithoutThrow(plan, [&] { answer = operation(); });
+      const bool done = endsWithoutThrow(plan, [&] { answer = operation.run(); });
       EXPECT_EQ(done, !memoryHasFailed());
       EXPECT_EQ(answer, done);
-      EXPECT_TRUE(operation());
+      EXPECT_TRUE(operation.run());
       EXPECT_EQ(records(), before);
     });
   }
 }
 
 TEST_P(ObjectMemoryTest, LookUps_NoMemory_AnswerAfterwards) {
-  const std::pair<std::string, std::function<bool()>> operations[] = {
+  const Operation operations[] = {
       {"group by name",
        [&] { return host_.set().FindFeatureInFeatureList(kExceptions) != nullptr; }},
       {"by attribute",
@@ -215,14 +222,14 @@ TEST_P(ObjectMemoryTest, LookUps_NoMemory_AnswerAfterwards) {
       {"option by name",
        [&] { return host_.object(kMedia).fetchOptionIndexByName("LetterOfNorthAmerica") == 1; }},
   };
-  for (const auto& [name, operation] : operations) {
-    SCOPED_TRACE(name);
+  for (const Operation& operation : operations) {
+    SCOPED_TRACE(operation.name);
     sweep(1, [&](const FailurePlan& plan) {
       bool answer = false;
-      const bool done = endsWithoutThrow(plan, [&] { answer = operation(); });
+      const bool done = endsWithoutThrow(plan, [&] { answer = operation.run(); });
       EXPECT_EQ(done, !memoryHasFailed());
       EXPECT_EQ(answer, done);
-      EXPECT_TRUE(operation());
+      EXPECT_TRUE(operation.run());
     });
   }
 }
