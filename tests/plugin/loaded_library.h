@@ -86,7 +86,7 @@ class LoadedLibrary {
   }
 
  private:
-  LeakCheckPause pause_;
+  [[maybe_unused]] LeakCheckPause pause_;
   void* handle_;
   std::string problem_;
   std::unique_ptr<XMLDocument> document_;
