@@ -166,6 +166,8 @@ void DriverFeatureSet::dumpFeatureListValues() {
   // Numbers look the same in every locale of the host.
   std::ostringstream text;
   text.imbue(std::locale::classic());
+  // A stream would keep a lack of memory to itself, and print what there is.
+  text.exceptions(std::ios::badbit);
   driver_feature::Dump dump(text);
   for (int i = 0; i < fetchNumberOfFeatures(); ++i) {
     if (DriverFeature* feature = fetchFeatureByIndex(i)) dump.writeFeature(*feature);

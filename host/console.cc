@@ -18,17 +18,23 @@ void flushStandardOutput() {
   std::fflush(stdout);
 }
 
-}  // namespace
-
-void complain(std::string_view text) {
-  const std::string line = "driver-feature: " + printable(text) + "\n";
+void writeToStandardError(std::string_view rest) {
   std::fflush(stderr);
-  std::string_view rest = line;
   while (!rest.empty()) {
     const ssize_t written = ::write(STDERR_FILENO, rest.data(), rest.size());
     if (written <= 0) return;  // There is nobody left to tell.
     rest.remove_prefix(static_cast<std::size_t>(written));
   }
+}
+
+}  // namespace
+
+void complain(std::string_view text) {
+  writeToStandardError("driver-feature: " + printable(text) + "\n");
+}
+
+void complainOfMemory() {
+  writeToStandardError("driver-feature: out of memory; end other programs and try again\n");
 }
 
 void prepareStandardStreams() {

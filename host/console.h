@@ -16,6 +16,9 @@ inline constexpr int kUnusable = 2;  // Wrong usage, an unusable input or a refu
 // characters of the text are spelled out, so that it stays on one line.
 void complain(std::string_view text);
 
+// The same for a lack of memory; takes none itself.
+void complainOfMemory();
+
 // Puts something in the place of each standard stream that the caller has
 // closed, so that no file opened later is taken for one of them. A write to a
 // closed standard output still fails. Also makes a write to a broken pipe, or

@@ -44,7 +44,7 @@ LogPrinter::LogPrinter(LogDetail detail) : detail_(detail) {
 }
 
 LogPrinter::~LogPrinter() {
-  release();
+  releaseQuietly();
   current = nullptr;
   takeOver();
 }
@@ -68,7 +68,15 @@ void LogPrinter::discard() {
 
 void LogPrinter::releaseAtExit() {
   // exit() leaves a printer alive that one of its callers owns.
-  if (current != nullptr) current->release();
+  if (current != nullptr) current->releaseQuietly();
+}
+
+void LogPrinter::releaseQuietly() noexcept {
+  try {
+    release();
+  } catch (...) {
+    // Without memory the lines are lost; ending the process would lose more.
+  }
 }
 
 void LogPrinter::printHeld() {

@@ -59,6 +59,7 @@ class LogPrinter {
   static void handle(int level, const char* category, const char* text, std::size_t length,
                      void* context);
   static void releaseAtExit();
+  void releaseQuietly() noexcept;
   void printHeld();
   void take(int level, std::string_view text);
   bool isShown(int level, std::string_view text) const;

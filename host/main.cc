@@ -2,16 +2,35 @@
 // library, shows its features, and writes printer-ready output.
 
 #include <exception>
+#include <new>
 
 #include "host/command_line.h"
 #include "host/console.h"
+
+namespace {
+
+// Tells what has ended the program. Where there is no memory left to compose
+// the line, a shorter one has to do.
+void report(const char* what) {
+  try {
+    driver_feature::complain(what);
+  } catch (const std::bad_alloc&) {
+    driver_feature::complainOfMemory();
+  }
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   driver_feature::prepareStandardStreams();
   try {
     return driver_feature::runCommandLine(argc, argv);
+  } catch (const std::bad_alloc&) {
+    driver_feature::complainOfMemory();
   } catch (const std::exception& error) {
-    driver_feature::complain(error.what());
-    return driver_feature::kFailure;
+    report(error.what());
+  } catch (...) {
+    report("a routine of the description threw something that is no std::exception; correct it");
   }
+  return driver_feature::kFailure;
 }

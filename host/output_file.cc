@@ -122,12 +122,23 @@ class Delivery {
     return path_ == "-" ? writeToStandardOutput(bytes_) : writeDirectly(path_, bytes_);
   }
 
+  // Takes all the memory that finish() and settle() need.
+  WriteProblem prepare() {
+    if (target_.empty()) return std::nullopt;
+    folder_ = folder();
+    if (!file_->giveName()) return problemOf(path_, "cannot be replaced");
+    return std::nullopt;
+  }
+
   // Makes the bytes the content of the file.
   WriteProblem finish() {
-    if (target_.empty()) return std::nullopt;
-    if (!file_->rename(target_)) return problemOf(path_, "cannot be replaced");
-    flushFolder(folder());
-    return std::nullopt;
+    if (target_.empty() || file_->rename(target_)) return std::nullopt;
+    return problemOf(path_, "cannot be replaced");
+  }
+
+  // Brings the file's name to the disk.
+  void settle() const {
+    if (!target_.empty()) flushFolder(folder_);
   }
 
  private:
@@ -138,6 +149,7 @@ class Delivery {
   std::string path_;
   std::string_view bytes_;
   fs::path target_;  // Of a file; empty for anything else.
+  fs::path folder_;  // Of the file, once prepared.
   std::optional<struct stat> old_;
   std::unique_ptr<TemporaryFile> file_;
 };
@@ -163,9 +175,14 @@ WriteProblem deliverAll(std::vector<Delivery> deliveries, SignalDelay& delay) {
     if (!delivery.isFile()) delay.end();
     if (WriteProblem problem = delivery.send()) return problem;
   }
+  // From the first file that changes on, no memory is needed.
+  for (Delivery& delivery : deliveries) {
+    if (WriteProblem problem = delivery.prepare()) return problem;
+  }
   for (Delivery& delivery : deliveries) {
     if (WriteProblem problem = delivery.finish()) return problem;
   }
+  for (const Delivery& delivery : deliveries) delivery.settle();
   return std::nullopt;
 }
 

@@ -71,7 +71,6 @@ bool TemporaryFile::setMode(mode_t mode) const {
 }
 
 bool TemporaryFile::rename(const std::filesystem::path& target) {
-  delay_.begin();
   if (!giveName() || ::rename(name_.c_str(), target.c_str()) != 0) return false;
   name_.clear();
   return true;
@@ -79,6 +78,7 @@ bool TemporaryFile::rename(const std::filesystem::path& target) {
 
 // A passing name is needed because a link cannot take the place of a file.
 bool TemporaryFile::giveName() {
+  delay_.begin();
   if (!name_.empty()) return true;
   const std::string self = "/proc/self/fd/" + std::to_string(descriptor_);
   const std::string stem = ".driver-feature-" + std::to_string(::getpid()) + "-";

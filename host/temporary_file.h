@@ -54,12 +54,15 @@ class TemporaryFile {
 
   bool setMode(mode_t mode) const;
 
-  // Puts it in the place of `target`, in the same folder.
+  // Gives it a passing name, if it has none. rename() does it too, but needs
+  // memory for it.
+  bool giveName();
+
+  // Puts it in the place of `target`, in the same folder. Takes no memory when
+  // it has a passing name.
   bool rename(const std::filesystem::path& target);
 
  private:
-  bool giveName();
-
   std::filesystem::path folder_;
   SignalDelay& delay_;
   std::string name_;  // Empty while the file has none.

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "frame/exports.h"
+#include "frame/master_set.h"
 #include "frame/state.h"
 #include "loader/attribute_rows.h"
 #include "loader/element.h"
@@ -93,6 +94,30 @@ void convertLogCategory() {
                 &inputLength);
 }
 
+// Takes a load back that an exception ends, so that the set lists all of a
+// description or nothing of it, and the callbacks are those of before. What
+// has been built is not freed: the host may have met it in a callback.
+class LoadUndo {
+ public:
+  LoadUndo() : before_(masterSet().copyContents()) {}
+  ~LoadUndo() {
+    if (done_) return;
+    masterSet().swapContents(before_);
+    libraryState().updateCallback = updateBefore_;
+    libraryState().loadCallback = loadBefore_;
+  }
+  LoadUndo(const LoadUndo&) = delete;
+  LoadUndo& operator=(const LoadUndo&) = delete;
+
+  void keepLoad() { done_ = true; }
+
+ private:
+  DriverFeatureSet::Contents before_;
+  UpdateCallback updateBefore_ = libraryState().updateCallback;
+  LoadCallback loadBefore_ = libraryState().loadCallback;
+  bool done_ = false;
+};
+
 }  // namespace
 
 }  // namespace driver_feature
@@ -100,9 +125,11 @@ void convertLogCategory() {
 int FeatureXMLTagHandler(void* element) try {
   GetMasterFeatureList();
   driver_feature::convertLogCategory();
+  driver_feature::LoadUndo undo;
   for (driver_feature::ChildElements child(element); child.handle() != nullptr; child.next()) {
     driver_feature::buildChild(child);
   }
+  undo.keepLoad();
   return 1;
 } catch (...) {
   return 0;

@@ -154,3 +154,9 @@ DriverFeatureDynamicGroup* DriverFeatureSet::fetchDynamicGroupByIndex(int index)
 void* DriverFeatureSet::fetchCallbackRoutine(const std::string& routineName) {
   return FetchSymbol(routineName.c_str());
 }
+
+void DriverFeatureSet::swapContents(Contents& contents) noexcept {
+  features_.swap(contents.features);
+  staticGroups_.swap(contents.staticGroups);
+  dynamicGroups_.swap(contents.dynamicGroups);
+}

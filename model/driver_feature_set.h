@@ -50,6 +50,15 @@ class DriverFeatureSet : public CoreFeatureSet {
   // The address of the host's routine of that name, or null, in silence.
   void* fetchCallbackRoutine(const std::string& routineName);
 
+  // What the set lists, for whoever takes back a load that has failed.
+  struct Contents {
+    std::map<std::string, DriverFeature*> features;
+    std::vector<DriverFeatureStaticGroup*> staticGroups;
+    std::vector<DriverFeatureDynamicGroup*> dynamicGroups;
+  };
+  Contents copyContents() const { return {features_, staticGroups_, dynamicGroups_}; }
+  void swapContents(Contents& contents) noexcept;
+
  private:
   std::map<std::string, DriverFeature*> features_;
   std::vector<DriverFeatureStaticGroup*> staticGroups_;

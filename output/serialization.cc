@@ -1,5 +1,7 @@
 // The set as PostScript, PJL or a job ticket.
 
+#include <utility>
+
 #include "model/driver_feature.h"
 #include "model/driver_feature_set.h"
 #include "model/driver_feature_static_group.h"
@@ -68,11 +70,13 @@ void writeFeatureText(CoreFeature& feature, int index, const TextDialect& dialec
   logComposed(Level::kMisuse, dialect.featureRoutineMissing, routineName);
 }
 
+// The text of the whole set, which takes the place of `output` only when it is
+// complete: what a routine throws, or a lack of memory, leaves no half of one.
 void writeText(DriverFeatureSet& set, const TextDialect& dialect, std::string& output) {
-  output.clear();
+  std::string text;
   for (int i = 0; i < set.fetchNumberOfFeatures(); ++i) {
     if (DriverFeature* feature = set.fetchFeatureByIndex(i)) {
-      writeFeatureText(*feature, i, dialect, output);
+      writeFeatureText(*feature, i, dialect, text);
     } else {
       logMissingFeature(i);
     }
@@ -86,8 +90,9 @@ void writeText(DriverFeatureSet& set, const TextDialect& dialect, std::string& o
     }
     std::string piece;
     processGroup(*group, piece, true);
-    output += piece;
+    text += piece;
   }
+  output = std::move(text);
 }
 
 // Runs the object's ticket routine at top level. False when it names none.

@@ -238,12 +238,13 @@ expectCalls 'cmake --preset release --log-level=WARNING' \
 
 begin Test_OtherPreset_IsBuiltAndTested
 fake cmake
-fake ctest 'echo "$ASAN_OPTIONS"'
+fake ctest 'echo "$ASAN_OPTIONS $LSAN_OPTIONS"'
 dev test --preset asan
 expectStatus 0
 expectCalls 'cmake --preset asan --log-level=WARNING' 'cmake --build --preset asan --parallel 3' \
   'ctest --preset asan --output-on-failure --no-tests=error -j3'
-expectLine out detect_leaks=0
+expectLine out \
+  "detect_leaks=1 suppressions=$work/project/tests/lsan.supp:print_suppressions=0"
 
 # fakeI386Root: a stand-in for the script that makes the 32-bit libraries.
 fakeI386Root() {

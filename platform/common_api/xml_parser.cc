@@ -2,6 +2,9 @@
 
 #include <libxml/tree.h>
 
+#include <memory>
+#include <new>
+
 #include "AttributeMap.h"
 
 namespace {
@@ -18,6 +21,17 @@ xmlNode* nodeOf(void* element) {
 xmlNode* elementFrom(xmlNode* node) {
   while (node != nullptr && node->type != XML_ELEMENT_NODE) node = node->next;
   return node;
+}
+
+using XmlText = std::unique_ptr<xmlChar, void (*)(void*)>;
+
+// Without memory libxml2 answers null, which stands for an empty text as well.
+// The two must not be taken for each other.
+XmlText valueOf(const xmlAttr& attribute) {
+  XmlText value(xmlNodeListGetString(attribute.doc, attribute.children, 1), xmlFree);
+  const xmlNode* text = attribute.children;
+  if (!value && text != nullptr && text->content != nullptr) throw std::bad_alloc();
+  return value;
 }
 
 class LibXml2Parser final : public XMLParser {
@@ -52,9 +66,8 @@ class LibXml2Parser final : public XMLParser {
       if (attribute->ns != nullptr && attribute->ns->prefix != nullptr) {
         name.insert(0, std::string(textOf(attribute->ns->prefix)) + ':');
       }
-      xmlChar* value = xmlNodeListGetString(attribute->doc, attribute->children, 1);
-      map[name] = textOf(value);
-      xmlFree(value);
+      const XmlText value = valueOf(*attribute);
+      map[name] = textOf(value.get());
     }
   }
 };

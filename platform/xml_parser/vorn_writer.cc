@@ -4,7 +4,9 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <optional>
+#include <utility>
 
 #include "Log.h"
 #include "xml_text.h"
@@ -169,15 +171,16 @@ void VORNWriter::serializeTicket(std::string& output) {
   output.clear();
   if (document_ == nullptr) initializeJobTicketDOM(nullptr, nullptr);
   if (document_ == nullptr) return;
-  xmlChar* text = nullptr;
+  // Given back also when the output or the log has no memory.
+  const std::unique_ptr<xmlDoc, void (*)(xmlDoc*)> document(std::exchange(document_, nullptr),
+                                                            xmlFreeDoc);
+  xmlChar* bytes = nullptr;
   int size = 0;
-  xmlDocDumpFormatMemoryEnc(document_, &text, &size, "UTF-8", 1);
-  if (text != nullptr) {
-    output.assign(reinterpret_cast<const char*>(text), static_cast<std::size_t>(size));
+  xmlDocDumpFormatMemoryEnc(document.get(), &bytes, &size, "UTF-8", 1);
+  const std::unique_ptr<xmlChar, void (*)(void*)> text(bytes, xmlFree);
+  if (text) {
+    output.assign(reinterpret_cast<const char*>(text.get()), static_cast<std::size_t>(size));
   } else {
     logRefusal("Out of memory.");
   }
-  xmlFree(text);
-  xmlFreeDoc(document_);
-  document_ = nullptr;
 }
