@@ -1,12 +1,11 @@
-// Feeds arbitrary command templates and values to the formatter of commands,
-// and compares the result with the C library's own for every template that may
-// be handed to it.
+// Feeds arbitrary command templates and values to the formatter of commands.
+// It must take exactly the templates of its grammar, and give what the C
+// library's own formatter gives for every template that C defines.
 //
 // The input is one byte for the kind of value, the template up to a NUL, and
-// the value.
+// the value: a text, or the bytes of an int or a float.
 
-#include <cctype>
-#include <cmath>
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -14,139 +13,129 @@
 #include <string>
 #include <string_view>
 
+#include "fuzz/template_reading.h"
 #include "output/command_template.h"
 
-namespace driver_feature {
+namespace driver_feature::fuzz {
 namespace {
 
-// What a template of one conversion consists of, read independently of the
-// library: by the grammar of printf.
-struct Directive {
-  bool found = false;
-  std::string length;
-  char letter = 0;
-};
+// Longer templates find nothing that shorter ones do not.
+constexpr std::size_t kLongestInput = 1024;
 
-bool isFlag(char c) {
-  return c != '\0' && std::strchr("-+ #0", c) != nullptr;
+[[noreturn]] void fail(const std::string& commandTemplate, const std::string& what) {
+  std::fprintf(stderr, "template \"%s\": %s\n", commandTemplate.c_str(), what.c_str());
+  std::abort();
 }
 
-// False when the C library must not see the template: with no conversion or
-// several, with another than the letters given, or with a field of more than
-// four digits.
-bool legal(const std::string& text, std::string_view letters, Directive& directive) {
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '%') continue;
-    if (text[++i] == '%') continue;
-    if (directive.found) return false;
-    while (isFlag(text[i])) ++i;
-    for (int part = 0; part < 2; ++part) {
-      std::size_t digits = 0;
-      while (std::isdigit(static_cast<unsigned char>(text[i])) != 0) ++i, ++digits;
-      if (digits > 4) return false;
-      if (part == 0 && text[i] == '.') ++i;
-    }
-    while (text[i] != '\0' && std::strchr("hl", text[i]) != nullptr) directive.length += text[i++];
-    if (text[i] == '\0' || letters.find(text[i]) == std::string_view::npos) return false;
-    directive.letter = text[i];
-    directive.found = true;
-  }
-  return directive.found;
-}
-
-template <class... Value>
-std::string printed(const std::string& commandTemplate, Value... value) {
+template <class Value>
+std::string printed(const std::string& commandTemplate, Value value) {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #pragma GCC diagnostic ignored "-Wformat-security"
-  const int length = std::snprintf(nullptr, 0, commandTemplate.c_str(), value...);
-  if (length < 0) std::abort();
+  const int length = std::snprintf(nullptr, 0, commandTemplate.c_str(), value);
+  if (length < 0) fail(commandTemplate, "the C library refuses it");
   std::string text(static_cast<std::size_t>(length) + 1, '\0');
-  std::snprintf(text.data(), text.size(), commandTemplate.c_str(), value...);
+  std::snprintf(text.data(), text.size(), commandTemplate.c_str(), value);
 #pragma GCC diagnostic pop
   text.pop_back();
   return text;
 }
 
-void expectSame(bool formatted, const std::string& got, const std::string& expected) {
-  if (formatted && got == expected) return;
-  std::fprintf(stderr, "got \"%s\", expected \"%s\"\n", got.c_str(), expected.c_str());
-  std::abort();
+bool has(const TemplateReading& reading, char flag) {
+  return reading.flags.find(flag) != std::string::npos;
 }
 
-// A width or precision above 4096 is refused on purpose.
-bool hasLargeField(const std::string& text) {
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (std::isdigit(static_cast<unsigned char>(text[i])) == 0) continue;
-    const long number = std::strtol(text.c_str() + i, nullptr, 10);
-    if (number > 4096) return true;
-    while (i < text.size() && std::isdigit(static_cast<unsigned char>(text[i])) != 0) ++i;
+// False where C leaves open what comes out, or where glibc is known to err.
+bool isDefined(const TemplateReading& reading) {
+  switch (reading.letter) {
+    case 's':
+    case 'c':
+      return reading.flags.find_first_not_of('-') == std::string::npos;
+    case 'g':
+    case 'G':
+      // glibc loses a digit where rounding adds one to the exponent.
+      return !has(reading, '#');
+    default:
+      return true;
   }
-  return false;
+}
+
+// Formats, and checks what is true of every value. False when there is nothing
+// to compare with the C library.
+template <class Value>
+bool format(const std::string& commandTemplate, const Value& value, const TemplateReading& reading,
+            std::string& output) {
+  output = "untouched";
+  const bool isTaken = formatCommand(commandTemplate, value, output);
+  if (isTaken != reading.isTaken) {
+    fail(commandTemplate, isTaken ? "taken, and should not be" : "refused, and should not be");
+  }
+  if (!isTaken && output != "untouched") fail(commandTemplate, "refused with an output");
+  return isTaken && isDefined(reading);
+}
+
+template <class Value>
+void compare(const std::string& commandTemplate, const std::string& output,
+             const TemplateReading& reading, Value value) {
+  const std::string expected = printed(reading.forPrintf, value);
+  if (output == expected) return;
+  fail(commandTemplate, "gives \"" + output + "\", expected \"" + expected + "\"");
 }
 
 void tryText(const std::string& commandTemplate, const std::string& value) {
-  std::string output = "untouched";
-  const bool formatted = formatCommand(commandTemplate, std::string_view(value), output);
-  if (!formatted && output != "untouched") std::abort();
-  Directive directive;
-  if (!legal(commandTemplate, "s", directive) || hasLargeField(commandTemplate)) return;
-  // The C library reads an "l" as wide characters and ends at a NUL.
-  if (!directive.length.empty() || value.find('\0') != std::string::npos) return;
-  // Flags that have no meaning for texts are undefined in C.
-  if (commandTemplate.find_first_of("#0+ ") != std::string::npos) return;
-  expectSame(formatted, output, printed(commandTemplate, value.c_str()));
+  const TemplateReading reading = readTemplate(commandTemplate, kTextGrammar);
+  std::string output;
+  if (!format(commandTemplate, std::string_view(value), reading, output)) return;
+  // The C library ends at a NUL.
+  if (value.find('\0') != std::string::npos) return;
+  compare(commandTemplate, output, reading, value.c_str());
 }
 
 void tryInteger(const std::string& commandTemplate, int value) {
-  std::string output = "untouched";
-  const bool formatted = formatCommand(commandTemplate, value, output);
-  if (!formatted && output != "untouched") std::abort();
-  Directive directive;
-  if (!legal(commandTemplate, "diuxXo", directive) || hasLargeField(commandTemplate)) return;
-  if (!directive.length.empty() && directive.length != "h" && directive.length != "hh") return;
-  expectSame(formatted, output, printed(commandTemplate, value));
+  const TemplateReading reading = readTemplate(commandTemplate, kIntegerGrammar);
+  std::string output;
+  if (!format(commandTemplate, value, reading, output)) return;
+  compare(commandTemplate, output, reading, value);
 }
 
 void tryFloat(const std::string& commandTemplate, double value) {
-  std::string output = "untouched";
-  const bool formatted = formatCommand(commandTemplate, value, output);
-  if (!formatted && output != "untouched") std::abort();
-  Directive directive;
-  if (!legal(commandTemplate, "fFeEgGaA", directive) || hasLargeField(commandTemplate)) return;
-  if (!directive.length.empty() && directive.length != "l") return;
-  // glibc loses digits of "%#g" where rounding adds one to the exponent.
-  if (commandTemplate.find('#') != std::string::npos) return;
-  expectSame(formatted, output, printed(commandTemplate, value));
+  const TemplateReading reading = readTemplate(commandTemplate, kFloatGrammar);
+  std::string output;
+  if (!format(commandTemplate, value, reading, output)) return;
+  compare(commandTemplate, output, reading, value);
 }
 
-}  // namespace
-}  // namespace driver_feature
+// The first bytes of a text as a number; what is missing is 0.
+template <class Number>
+Number numberFrom(const std::string& bytes) {
+  char copy[sizeof(Number)] = {};
+  std::memcpy(copy, bytes.data(), std::min(bytes.size(), sizeof(copy)));
+  Number number{};
+  std::memcpy(&number, copy, sizeof(number));
+  return number;
+}
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size < 2) return 0;
-  const std::string input(reinterpret_cast<const char*>(data) + 1, size - 1);
+void tryInput(unsigned char kind, const std::string& input) {
   const std::size_t end = input.find('\0');
   const std::string commandTemplate = input.substr(0, end);
   const std::string value = end == std::string::npos ? "" : input.substr(end + 1);
-  char bytes[sizeof(double)] = {};
-  std::memcpy(bytes, value.data(), value.size() < sizeof(bytes) ? value.size() : sizeof(bytes));
-  switch (data[0] % 3) {
+  switch (kind % 3) {
     case 0:
-      driver_feature::tryText(commandTemplate, value);
-      break;
-    case 1: {
-      int number = 0;
-      std::memcpy(&number, bytes, sizeof(number));
-      driver_feature::tryInteger(commandTemplate, number);
-      break;
-    }
-    default: {
+      return tryText(commandTemplate, value);
+    case 1:
+      return tryInteger(commandTemplate, numberFrom<int>(value));
+    default:
       // Values are floats that were widened.
-      float number = 0;
-      std::memcpy(&number, bytes, sizeof(number));
-      driver_feature::tryFloat(commandTemplate, static_cast<double>(number));
-    }
+      return tryFloat(commandTemplate, static_cast<double>(numberFrom<float>(value)));
   }
+}
+
+}  // namespace
+}  // namespace driver_feature::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size < 2 || size > driver_feature::fuzz::kLongestInput) return 0;
+  driver_feature::fuzz::tryInput(data[0],
+                                 std::string(reinterpret_cast<const char*>(data) + 1, size - 1));
   return 0;
 }
