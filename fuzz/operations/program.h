@@ -121,16 +121,16 @@ struct Operation {
   Kind kind = Kind::kReadAll;
   unsigned object = 0;  // A position, taken modulo the number of objects there are.
   unsigned other = 0;
-  std::string name;
-  std::string text;
-  std::string target;
+  std::string name{};
+  std::string text{};
+  std::string target{};
   int number = 0;
   float real = 0;
   bool flag = false;
   bool secondFlag = false;
   // Names and texts of a map. With `fit` the names are instead those of the
   // members of the dynamic group's template.
-  Entries entries;
+  Entries entries{};
   bool fit = false;
 };
 

@@ -1,9 +1,5 @@
-// Features: their properties, current values and notifications.
-#include <array>
+// Features: their properties.
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
-#include <limits>
 
 #include "fuzz/operations/reference_model.h"
 
@@ -35,19 +31,6 @@ std::string lowByte(int value) {
 int truncated(float value) {
   if (std::isnan(value) || value >= 2147483648.0F || value < -2147483648.0F) return 0;
   return static_cast<int>(value);
-}
-
-int decimal(const std::string& text) {
-  const long value = std::strtol(text.c_str(), nullptr, 10);
-  if (value > std::numeric_limits<int>::max()) return std::numeric_limits<int>::max();
-  if (value < std::numeric_limits<int>::min()) return std::numeric_limits<int>::min();
-  return static_cast<int>(value);
-}
-
-std::string sixDecimals(float value) {
-  std::array<char, 400> text{};
-  std::snprintf(text.data(), text.size(), "%f", static_cast<double>(value));
-  return text.data();
 }
 
 }  // namespace
@@ -86,54 +69,6 @@ RefObject* ReferenceModel::copyFeature(RefObject& source) {
   for (RefOption* option : source.options)
     made->options.push_back(newOption(option->texts["Name"]));
   return made;
-}
-
-void ReferenceModel::callUpdate() {
-  if (updateRegistered_) host_.update();
-}
-
-void ReferenceModel::notifyUpdate(bool suppress) {
-  if (!suppress && !ticketLoading_) callUpdate();
-}
-
-void ReferenceModel::notifyChange(RefObject& feature, bool suppress) {
-  if (feature.changeRoutine >= 0 && creationComplete_) host_.change(feature.changeRoutine);
-  notifyUpdate(suppress);
-}
-
-bool ReferenceModel::setCurrentText(RefObject& feature, const std::string& value, bool suppress) {
-  if (feature.texts["CurrentTextValue"] == value) return true;
-  feature.texts["CurrentTextValue"] = value;
-  notifyChange(feature, suppress);
-  return true;
-}
-
-bool ReferenceModel::setCurrentInt(RefObject& feature, int value, bool suppress) {
-  if (feature.ints["CurrentIntValue"] == value) return true;
-  feature.ints["CurrentIntValue"] = value;
-  notifyChange(feature, suppress);
-  return true;
-}
-
-bool ReferenceModel::setCurrentFloat(RefObject& feature, float value, bool suppress) {
-  if (feature.floats["CurrentFloatValue"] == value) return true;
-  feature.floats["CurrentFloatValue"] = value;
-  notifyChange(feature, suppress);
-  return true;
-}
-
-bool ReferenceModel::setValueString(RefObject& feature, const std::string& value, bool suppress) {
-  if (feature.valueType == 2) return setCurrentText(feature, value, suppress);
-  if (feature.valueType == 3) {
-    const float number = static_cast<float>(std::strtod(value.c_str(), nullptr));
-    return setCurrentFloat(feature, number, suppress);
-  }
-  if (feature.valueType != 1) return true;
-  if (feature.type == 2) return setCurrentInt(feature, decimal(value), suppress);
-  const int position = optionIndexByName(feature, value);
-  if (position == feature.ints["CurrentIntValue"]) return true;
-  if (position == -1) return false;
-  return setCurrentInt(feature, position, suppress);
 }
 
 bool ReferenceModel::setFeatureText(RefObject& feature, const std::string& name,
@@ -240,26 +175,6 @@ bool ReferenceModel::setFeatureBool(RefObject& feature, const std::string& name,
   return true;
 }
 
-bool ReferenceModel::getValueString(RefObject& feature, std::string& value) {
-  if (feature.valueType == 2) {
-    value = feature.texts["CurrentTextValue"];
-  } else if (feature.valueType == 3) {
-    value = sixDecimals(feature.floats["CurrentFloatValue"]);
-  } else if (feature.valueType == 1 && feature.type == 2) {
-    value = std::to_string(feature.ints["CurrentIntValue"]);
-  } else if (feature.valueType == 1) {
-    RefOption* option = currentOption(feature);
-    if (option != nullptr) getOptionText(*option, "Name", value);
-  } else {
-    log(3,
-        "DriverFeature::getFeatureProperty(string&) - Unrecognized value type for feature "
-        "property: " +
-            forFeature(feature, "ValueString") + "\".");
-    return false;
-  }
-  return true;
-}
-
 bool ReferenceModel::getFeatureText(RefObject& feature, const std::string& name,
                                     std::string& value) {
   if (name == "ValueString") return getValueString(feature, value);
@@ -270,129 +185,6 @@ bool ReferenceModel::getFeatureText(RefObject& feature, const std::string& name,
   }
   if (name == "AddPSCallbackRoutine" && feature.texts[name].empty()) return false;
   value = feature.texts[name];
-  return true;
-}
-
-bool ReferenceModel::getInt(RefObject& object, const std::string& name, int& value) {
-  if (object.kind == RefClass::kDynamicGroup) {
-    if (name == "RecordInFocus") {
-      value = object.ints[name];
-      return true;
-    }
-    log(3,
-        "DriverFeatureDynamicGroup::getFeatureProperty(int) - Unrecognized property for "
-        "group:  \"" +
-            object.name() + ".");
-    return false;
-  }
-  if (name == "FeatureType") {
-    value = object.type;
-    return true;
-  }
-  if (object.kind == RefClass::kStaticGroup) {
-    log(3, "DriverFeatureStaticGroup::getFeatureProperty(int*) - Unrecognized feature property:  " +
-               forFeature(object, name) + ".");
-    return false;
-  }
-  if (name == "FeatureValueType") {
-    value = object.valueType;
-    return true;
-  }
-  if (!object.ints.contains(name) || name == "IntMinValue" || name == "IntMaxValue") {
-    log(3, unrecognized("getFeatureProperty(int*)", object, name));
-    return false;
-  }
-  value = object.ints[name];
-  return true;
-}
-
-bool ReferenceModel::getFloat(RefObject& object, const std::string& name, float& value) {
-  if (object.kind != RefClass::kFeature) {
-    const bool isStatic = object.kind == RefClass::kStaticGroup;
-    log(3, std::string(isStatic ? "DriverFeatureStaticGroup" : "DriverFeatureDynamicGroup") +
-               "::getFeatureProperty(float) - No float group properties for group:  \"" +
-               object.name() + ".");
-    return false;
-  }
-  if (!object.floats.contains(name)) {
-    log(3, unrecognized("getFeatureProperty(float*)", object, name));
-    return false;
-  }
-  value = object.floats[name];
-  return true;
-}
-
-bool ReferenceModel::getBool(RefObject& object, const std::string& name, bool& value) {
-  if (!object.flags.contains(name)) {
-    const char* kind = object.kind == RefClass::kFeature       ? "DriverFeature"
-                       : object.kind == RefClass::kStaticGroup ? "DriverFeatureStaticGroup"
-                                                               : "DriverFeatureDynamicGroup";
-    log(3, std::string(kind) + "::getFeatureProperty(bool*) - Unrecognized feature property:  " +
-               forFeature(object, name) + ".");
-    return false;
-  }
-  value = object.flags[name];
-  return true;
-}
-
-bool ReferenceModel::setText(RefObject& object, const std::string& name, const std::string& value,
-                             bool suppress) {
-  if (object.kind == RefClass::kFeature) return setFeatureText(object, name, value, suppress);
-  if (!object.texts.contains(name)) return false;
-  object.texts[name] = value;
-  return true;
-}
-
-bool ReferenceModel::getText(RefObject& object, const std::string& name, std::string& value) {
-  if (object.kind == RefClass::kFeature) return getFeatureText(object, name, value);
-  if (!object.texts.contains(name)) return false;
-  const bool setOnly = name == "PJLCommand" || name == "PSCommand" || name == "SortFunctionName";
-  if (object.kind == RefClass::kDynamicGroup && setOnly) return false;
-  value = object.texts[name];
-  return true;
-}
-
-bool ReferenceModel::setInt(RefObject& object, const std::string& name, int value, bool suppress) {
-  if (object.kind == RefClass::kFeature) return setFeatureInt(object, name, value, suppress);
-  if (object.kind == RefClass::kDynamicGroup) {
-    if (name != "RecordInFocus") {
-      log(3,
-          "DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(int) - "
-          "Unrecognized property for group:  \"" +
-              object.name() + ".");
-      return false;
-    }
-    object.ints[name] = value;
-    notifyUpdate(suppress);
-    return true;
-  }
-  if (name != "FeatureType") {
-    log(3, "DriverFeatureStaticGroup::setFeatureProperty(int) - Unrecognized feature property:  " +
-               forFeature(object, name) + ".");
-    return false;
-  }
-  if (value < 0 || value > 8) {
-    log(3, "DriverFeatureStaticGroup::setFeatureProperty(int) - Invalid feature property value \"" +
-               std::to_string(value) + "\" for feature property " + forFeature(object, name) + ".");
-    return false;
-  }
-  object.type = value;
-  return true;
-}
-
-bool ReferenceModel::setBool(RefObject& object, const std::string& name, bool value,
-                             bool suppress) {
-  if (object.kind == RefClass::kFeature) return setFeatureBool(object, name, value, suppress);
-  if (!object.flags.contains(name)) {
-    const bool isStatic = object.kind == RefClass::kStaticGroup;
-    log(3, std::string(isStatic ? "DriverFeatureStaticGroup::setFeatureProperty(bool)"
-                                : "DriverFeatureDynamicGroup::"
-                                  "setFeaturePropertyWithConstraintControl(bool)") +
-               " - Unrecognized feature property:  " + forFeature(object, name) + ".");
-    return false;
-  }
-  object.flags[name] = value;
-  if (object.kind == RefClass::kDynamicGroup) notifyUpdate(suppress);
   return true;
 }
 
