@@ -157,6 +157,10 @@ Script script(ByteReader& bytes) {
 Program decodeProgram(const unsigned char* data, std::size_t size) {
   ByteReader bytes(data, size);
   Program program;
+  const unsigned start = bytes.byte();
+  program.creationComplete = (start & 1U) != 0;
+  program.changeRoutines = (start & 2U) != 0;
+  program.sortRoutine = (start >> 2U) % (kSortRoutineNames.size() + 1);
   for (Script& made : program.scripts) made = script(bytes);
   while (!bytes.atEnd() && program.main.size() < kLongestMain) {
     program.main.push_back(operation(bytes));

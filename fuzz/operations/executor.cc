@@ -27,34 +27,46 @@ std::string positionIn(const std::vector<Pointer>& objects, const Looked* object
 
 template <class Model>
 Executor<Model>::Executor(const Program& program) : Side(program), model_(host()) {
-  buildStart();
+  buildStart(program);
 }
 
 template <class Model>
-void Executor<Model>::buildStart() {
+void Executor<Model>::buildStart(const Program& program) {
   const auto addFeature = [this](const std::string& name, int type) {
     features_.push_back(model_.newFeature(name));
     model_.setInt(*features_.back(), "FeatureType", type);
     model_.fileFeature(name, features_.back());
     return features_.back();
   };
-  Feature* media = addFeature("Media", 1);
-  addOptions(*media, {"A4", "Letter", "Legal"});
-  Feature* copies = addFeature("Copies", 2);
-  Feature* title = addFeature("Title", 3);
-  Feature* scale = addFeature("Scale", 4);
+  addOptions(*addFeature("Media", 1), {"A4", "Letter", "Legal"});
+  addFeature("Copies", 2);
+  addFeature("Title", 3);
+  addFeature("Scale", 4);
   addOptions(*addFeature("Tray", 1), {"Tray2", "A4"});
+  buildGroups();
+  for (std::size_t i = 0; program.changeRoutines && i < kChangeRoutineNames.size(); ++i) {
+    model_.setText(*features_[2 * i], "AddCallbackRoutine", kChangeRoutineNames[i]);
+  }
+  if (program.sortRoutine < kSortRoutineNames.size()) {
+    const std::string routine = kSortRoutineNames[program.sortRoutine];
+    model_.setText(*dynamicGroups_[0], "SortFunctionName", routine);
+  }
+  if (program.creationComplete) model_.completeCreation();
+  model_.registerUpdate(true);
+  model_.registerLoad(true);
+}
 
+template <class Model>
+void Executor<Model>::buildGroups() {
   staticGroups_ = {model_.newStaticGroup("Booklet"), model_.newStaticGroup("Job")};
-  model_.addMember(*staticGroups_[0], media);
-  model_.addMember(*staticGroups_[0], scale);
-  for (Feature* member : {copies, title, media}) model_.addMember(*staticGroups_[1], member);
+  for (const std::size_t member : {0U, 3U}) model_.addMember(*staticGroups_[0], features_[member]);
+  for (const std::size_t member : {1U, 2U, 0U}) {
+    model_.addMember(*staticGroups_[1], features_[member]);
+  }
   for (StaticGroup* group : staticGroups_) model_.fileStaticGroup(group);
   dynamicGroups_.push_back(model_.newDynamicGroup("Jobs"));
   model_.setTemplate(*dynamicGroups_[0], staticGroups_[1]);
   model_.fileDynamicGroup(dynamicGroups_[0]);
-  model_.registerUpdate(true);
-  model_.registerLoad(true);
 }
 
 template <class Model>

@@ -44,7 +44,8 @@ class Executor : public Side {
   bool useFunction(const Operation& operation);
   bool useFrame(const Operation& operation);
 
-  void buildStart();
+  void buildStart(const Program& program);
+  void buildGroups();
   void addOptions(Feature& feature, std::initializer_list<const char*> names);
   void copyFeature(Feature& source);
   void readAll();

@@ -141,6 +141,10 @@ enum class Routine : unsigned char { kUpdate, kChange0, kChange1, kSort, kLoad }
 inline constexpr std::size_t kRoutineCount = 5;
 
 struct Program {
+  // How the model is found when the operations begin.
+  bool creationComplete = false;
+  bool changeRoutines = false;  // "Media" has routine 0 and "Title" routine 1.
+  std::size_t sortRoutine = 0;  // The one of "Jobs"; beyond the list: none.
   std::array<Script, kRoutineCount> scripts;
   Script main;
 };

@@ -137,13 +137,11 @@ bool ReferenceModel::sortList(RefObject& group) {
       if (!readRecord(group, i, first) || !readRecord(group, i + 1, second)) return false;
       const auto rule = static_cast<SortRule>(group.sortRoutine);
       if (host_.sort(rule, first, second) <= 0) continue;
-      // The routine itself may have removed the records.
-      if (i + 1 >= static_cast<long>(group.records.size())) {
-        log(2, "sortList() - Null static record pointer");
-        return false;
+      // The routine itself may have removed the records: then there is nothing to swap.
+      if (i + 1 < static_cast<long>(group.records.size())) {
+        std::swap(group.records[static_cast<std::size_t>(i)],
+                  group.records[static_cast<std::size_t>(i) + 1]);
       }
-      std::swap(group.records[static_cast<std::size_t>(i)],
-                group.records[static_cast<std::size_t>(i) + 1]);
       swapped = true;
       first.clear();
       second.clear();
