@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "fuzz/operations/executor.h"
+#include "fuzz/operations/memory_window.h"
 
 namespace {
 
@@ -48,11 +49,7 @@ void carryOut(const Operation& operation, Side& library, Side& reference) {
   std::abort();
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const Program program = decodeProgram(data, size);
+void carryOut(const Program& program) {
   Executor<LibraryModel> library(program);
   Executor<ReferenceModel> reference(program);
   for (const Operation& operation : program.main) carryOut(operation, library, reference);
@@ -67,5 +64,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       }
     }
   }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const MemoryWindow window;
+  carryOut(decodeProgram(data, size));
   return 0;
 }
