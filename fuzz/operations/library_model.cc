@@ -70,11 +70,16 @@ class OutputCapture {
 extern "C" {
 __attribute__((visibility("default"))) void OperationsChange0();
 __attribute__((visibility("default"))) void OperationsChange1();
-#define DRIVER_FEATURE_SORT_ROUTINE(name, rule)                                               \
-  __attribute__((visibility("default"))) int name(AttributeMap& first, AttributeMap& second); \
-  int name(AttributeMap& first, AttributeMap& second) {                                       \
-    return sortBy(rule, first, second);                                                       \
-  }
+__attribute__((visibility("default"))) int OperationsSortByValue(AttributeMap& first,
+                                                                 AttributeMap& second);
+__attribute__((visibility("default"))) int OperationsSortNever(AttributeMap& first,
+                                                               AttributeMap& second);
+__attribute__((visibility("default"))) int OperationsSortAlways(AttributeMap& first,
+                                                                AttributeMap& second);
+__attribute__((visibility("default"))) int OperationsSortRandom(AttributeMap& first,
+                                                                AttributeMap& second);
+__attribute__((visibility("default"))) int OperationsSortMeddling(AttributeMap& first,
+                                                                  AttributeMap& second);
 
 void OperationsChange0() {
   current->change(0);
@@ -84,11 +89,25 @@ void OperationsChange1() {
   current->change(1);
 }
 
-DRIVER_FEATURE_SORT_ROUTINE(OperationsSortByValue, SortRule::kByValue)
-DRIVER_FEATURE_SORT_ROUTINE(OperationsSortNever, SortRule::kNeverSwap)
-DRIVER_FEATURE_SORT_ROUTINE(OperationsSortAlways, SortRule::kAlwaysSwap)
-DRIVER_FEATURE_SORT_ROUTINE(OperationsSortRandom, SortRule::kRandom)
-DRIVER_FEATURE_SORT_ROUTINE(OperationsSortMeddling, SortRule::kMeddling)
+int OperationsSortByValue(AttributeMap& first, AttributeMap& second) {
+  return sortBy(SortRule::kByValue, first, second);
+}
+
+int OperationsSortNever(AttributeMap& first, AttributeMap& second) {
+  return sortBy(SortRule::kNeverSwap, first, second);
+}
+
+int OperationsSortAlways(AttributeMap& first, AttributeMap& second) {
+  return sortBy(SortRule::kAlwaysSwap, first, second);
+}
+
+int OperationsSortRandom(AttributeMap& first, AttributeMap& second) {
+  return sortBy(SortRule::kRandom, first, second);
+}
+
+int OperationsSortMeddling(AttributeMap& first, AttributeMap& second) {
+  return sortBy(SortRule::kMeddling, first, second);
+}
 }
 
 LibraryModel::LibraryModel(Host host) : host_(std::move(host)) {
