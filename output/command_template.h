@@ -5,7 +5,8 @@
 // one conversion, which must fit the value:
 //
 //   text      s
-//   integer   d i u x X o c     length letters h hh l ll j z t
+//   integer   d i u x X o       length letters h hh l ll j z t
+//             c                 a character; no length letters
 //   float     f F e E g G a A   length letters l L
 //
 // with the flags "-+ #0", a width and a precision of up to 4096 each. What

@@ -1,0 +1,86 @@
+// Feeds arbitrary JSON to the reader of records. A refused file adds no
+// record; an accepted one adds exactly its own, and they survive being saved.
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "fuzz/settings_model.h"
+#include "host/group_view.h"
+#include "host/records.h"
+#include "host/settings_file.h"
+
+namespace driver_feature::fuzz {
+namespace {
+
+constexpr std::size_t kLongestInput = 16384;
+
+using Json = nlohmann::ordered_json;
+
+// The records of "Jobs" are "Title" and "Shift", in the order of the file.
+void checkJobs(const std::vector<Record>& records, const Json& json) {
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const Json& title = json[i]["Title"];
+    const std::string text = title.is_string() ? title.get<std::string>() : title.dump();
+    require(records[i][0] == text, "a text stands in the record as in the file");
+    const Json& shift = json[i]["Shift"];
+    const float number = shift.is_string() ? std::strtof(shift.get<std::string>().c_str(), nullptr)
+                                           : std::strtof(shift.dump().c_str(), nullptr);
+    require(std::strtof(records[i][1].c_str(), nullptr) == number, "a number stands in the record");
+  }
+}
+
+// The records of "Pages" are "Page" and "Media", in the order of the pages.
+void checkPages(const std::vector<Record>& records) {
+  for (std::size_t i = 1; i < records.size(); ++i) {
+    require(std::stoi(records[i - 1][0]) <= std::stoi(records[i][0]), "pages are in their order");
+  }
+}
+
+void checkSaved(const std::string& saved) {
+  const SettingsModel model;
+  const MemoryFile file(saved);
+  const auto told = loadSettings(model.set(), model.model(), file.path());
+  require(told.empty(), "what is saved can be loaded: " + saved);
+  require(composeSettings(model.set(), model.model()) == saved, "what is saved comes back");
+}
+
+// What is saved after the records were added; empty when they are refused.
+std::string add(const std::string& input, const std::string& group) {
+  const SettingsModel model;
+  const MemoryFile file(input);
+  const std::string before = model.state();
+  const Refusal refusal = addRecords(model.set(), model.model(), {group, file.path()});
+  if (refusal) {
+    require(!refusal->empty(), "a refusal has a reason");
+    require(refusal->find("the feature library refuses") == refusal->npos,
+            "what is checked is taken");
+    require(model.state() == before, "a refused file adds no record");
+    return "";
+  }
+  const Json json = Json::parse(input);
+  const auto records = findDynamicGroup(model.set(), model.model().index, group)->records();
+  require(records.size() == json.size(), "every record is added");
+  if (group == "Jobs") {
+    checkJobs(records, json);
+  } else {
+    checkPages(records);
+  }
+  return composeSettings(model.set(), model.model());
+}
+
+}  // namespace
+}  // namespace driver_feature::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size > driver_feature::fuzz::kLongestInput) return 0;
+  const std::string input(reinterpret_cast<const char*>(data), size);
+  for (const char* group : {"Jobs", "Pages"}) {
+    const std::string saved = driver_feature::fuzz::add(input, group);
+    if (!saved.empty() && size < 1024) driver_feature::fuzz::checkSaved(saved);
+  }
+  return 0;
+}

@@ -1,0 +1,104 @@
+// Feeds arbitrary settings files to their reader and to a model. A file that
+// was read and written again reads the same; a refused file changes nothing;
+// what is saved after an accepted one gives the same values and records.
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "fuzz/settings_model.h"
+#include "host/settings_file.h"
+#include "host/settings_plan.h"
+#include "host/settings_text.h"
+
+namespace driver_feature::fuzz {
+namespace {
+
+constexpr std::size_t kLongestInput = 16384;
+
+std::string write(const SettingsText& text) {
+  std::string written;
+  for (const SettingsLine& line : text.features) written += settingLine(line.setting);
+  for (const SettingsRecord& record : text.records) {
+    written += record.isNone ? noRecordsLine(record.group) : recordLine(record.group);
+    for (const SettingsLine& member : record.members) written += settingLine(member.setting);
+  }
+  return written;
+}
+
+// All bytes but not the lines, which may be others when written again.
+std::string spell(const std::vector<SettingsLine>& lines) {
+  std::string spelled;
+  for (const auto& [line, setting] : lines) {
+    spelled += std::to_string(setting.name.size()) + ":" + setting.name;
+    spelled += std::to_string(setting.value.size()) + ":" + setting.value;
+  }
+  return spelled;
+}
+
+std::string spell(const SettingsText& text) {
+  std::string spelled = spell(text.features);
+  for (const SettingsRecord& record : text.records) {
+    spelled += record.isNone ? "none " : "record ";
+    spelled += std::to_string(record.group.size()) + ":" + record.group + spell(record.members);
+  }
+  return spelled;
+}
+
+void checkReading(const SettingsText& text, const std::string& input) {
+  const auto lines = 1 + std::count(input.begin(), input.end(), '\n');
+  for (const LineRefusal& refusal : text.refusals) {
+    require(refusal.line >= 1 && refusal.line <= lines, "a refused line is one of the file's");
+    require(!refusal.reason.empty(), "a refused line has a reason");
+  }
+  const std::string written = write(text);
+  const SettingsText again = parseSettings(written);
+  require(again.refusals.empty(), "what is written is not refused: " + written);
+  require(spell(again) == spell(text), "what is written reads the same: " + written);
+}
+
+// What is saved after making the settings in the order of the file; nothing
+// when a line is refused.
+std::optional<std::string> savedAfter(const SettingsText& text) {
+  const SettingsModel model;
+  const auto refusals = applyLines(model.set(), model.model(), text);
+  if (!refusals.empty() || !text.refusals.empty()) return std::nullopt;
+  return composeSettings(model.set(), model.model());
+}
+
+// The same through a file, as a user does it. A refused file changes nothing.
+std::optional<std::string> savedAfterLoading(const std::string& input) {
+  const SettingsModel model;
+  const MemoryFile file(input);
+  const std::string before = model.state();
+  const auto told = loadSettings(model.set(), model.model(), file.path());
+  if (told.empty()) return composeSettings(model.set(), model.model());
+  for (const std::string& line : told) {
+    require(line.starts_with(file.path() + ":"), "a refusal names the file");
+  }
+  require(model.state() == before, "a refused file changes nothing");
+  return std::nullopt;
+}
+
+void tryInput(const std::string& input) {
+  const SettingsText text = parseSettings(input);
+  checkReading(text, input);
+  const auto direct = savedAfter(text);
+  const auto saved = savedAfterLoading(input);
+  require(!direct || direct == saved, "a file that needs no other order is taken as it stands");
+  if (!saved) return;
+  const auto again = savedAfterLoading(*saved);
+  require(again.has_value(), "what is saved can be loaded: " + *saved);
+  require(again == saved, "what is saved comes back: " + *saved);
+}
+
+}  // namespace
+}  // namespace driver_feature::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size > driver_feature::fuzz::kLongestInput) return 0;
+  driver_feature::fuzz::tryInput(std::string(reinterpret_cast<const char*>(data), size));
+  return 0;
+}

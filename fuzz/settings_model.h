@@ -1,0 +1,53 @@
+// The features and groups that settings files and records of the fuzzer are
+// for: every kind of value, a routine that makes others unavailable, and
+// groups with and without an order.
+#ifndef FUZZ_SETTINGS_MODEL_H_
+#define FUZZ_SETTINGS_MODEL_H_
+
+#include <memory>
+#include <string>
+
+#include "host/settings.h"
+#include "model/core_feature_set.h"
+
+namespace driver_feature::fuzz {
+
+// A freshly loaded model; one at a time.
+class SettingsModel {
+ public:
+  SettingsModel();
+  ~SettingsModel();
+  SettingsModel(const SettingsModel&) = delete;
+  SettingsModel& operator=(const SettingsModel&) = delete;
+
+  CoreFeatureSet& set() const;
+  const Model& model() const { return *model_; }
+
+  // Everything that a setting may change: values, records and what is
+  // available, and how often the host was told of a change.
+  std::string state() const;
+
+ private:
+  std::unique_ptr<Model> model_;
+};
+
+// A file in memory that holds a text; others find it under its path.
+class MemoryFile {
+ public:
+  explicit MemoryFile(const std::string& text);
+  ~MemoryFile();
+  MemoryFile(const MemoryFile&) = delete;
+  MemoryFile& operator=(const MemoryFile&) = delete;
+
+  std::string path() const;
+
+ private:
+  int descriptor_;
+};
+
+// Ends the program with a message when the condition does not hold.
+void require(bool holds, const std::string& what);
+
+}  // namespace driver_feature::fuzz
+
+#endif  // FUZZ_SETTINGS_MODEL_H_
