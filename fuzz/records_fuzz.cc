@@ -57,8 +57,9 @@ std::string add(const std::string& input, const std::string& group) {
   const Refusal refusal = addRecords(model.set(), model.model(), {group, file.path()});
   if (refusal) {
     require(!refusal->empty(), "a refusal has a reason");
-    require(refusal->find("the feature library refuses") == refusal->npos,
-            "what is checked is taken");
+    require(
+        !refusal->ends_with("the feature library refuses it; run again with --verbose to see why"),
+        "what is checked is taken");
     require(model.state() == before, "a refused file adds no record");
     return "";
   }
