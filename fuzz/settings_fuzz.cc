@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,6 +18,11 @@ namespace driver_feature::fuzz {
 namespace {
 
 constexpr std::size_t kLongestInput = 16384;
+
+// A file is tried in copies of the process before it is loaded, which takes a
+// thousand times as long as all the rest. A fuzzer loads one input of many so;
+// a test loads every one.
+constexpr std::size_t kInputsPerFile = FUZZ_INPUTS_PER_FILE;
 
 std::string write(const SettingsText& text) {
   std::string written;
@@ -82,16 +88,24 @@ std::optional<std::string> savedAfterLoading(const std::string& input) {
   return std::nullopt;
 }
 
+// Not every saved file can be made in the order of its lines; loading finds
+// another order.
+void checkSaved(const std::string& saved) {
+  std::optional<std::string> again = savedAfter(parseSettings(saved));
+  if (!again) again = savedAfterLoading(saved);
+  require(again.has_value(), "what is saved can be loaded: " + saved);
+  require(again == saved, "what is saved comes back: " + saved);
+}
+
 void tryInput(const std::string& input) {
   const SettingsText text = parseSettings(input);
   checkReading(text, input);
   const auto direct = savedAfter(text);
-  const auto saved = savedAfterLoading(input);
-  require(!direct || direct == saved, "a file that needs no other order is taken as it stands");
-  if (!saved) return;
-  const auto again = savedAfterLoading(*saved);
-  require(again.has_value(), "what is saved can be loaded: " + *saved);
-  require(again == saved, "what is saved comes back: " + *saved);
+  if (direct) checkSaved(*direct);
+  if (std::hash<std::string>()(input) % kInputsPerFile != 0) return;
+  const auto loaded = savedAfterLoading(input);
+  require(!direct || direct == loaded, "a file that needs no other order is taken as it stands");
+  if (loaded && loaded != direct) checkSaved(*loaded);
 }
 
 }  // namespace

@@ -37,6 +37,8 @@ Refusal parse(const std::string& text, Json& json) {
   } catch (const Json::parse_error& error) {
     return "the file is not JSON at " + placeOf(text, error.byte) +
            "; correct it there or just before";
+  } catch (const Json::out_of_range&) {
+    return "the file holds a number that is too large for any feature; give a smaller one";
   }
   if (json.is_array()) return std::nullopt;
   return "the file holds no array; write [ {\"NAME\": VALUE, ...}, ... ]";

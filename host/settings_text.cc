@@ -9,6 +9,7 @@ namespace driver_feature {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\f\v";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kDigits = "0123456789abcdef";
 
 struct Escape {
@@ -34,9 +35,14 @@ std::string escapeByte(char byte) {
   return {'\\', 'x', kDigits[code >> 4U], kDigits[code & 0xFU]};
 }
 
-// `special` are the characters that mean something where the text stands.
+// `special` are the characters that mean something where the text stands. A
+// byte-order mark in front would be dropped from the first line of a file.
 std::string escape(std::string_view text, std::string_view special) {
   std::string escaped;
+  if (text.starts_with(kByteOrderMark)) {
+    for (const char byte : kByteOrderMark) escaped += escapeByte(byte);
+    text.remove_prefix(kByteOrderMark.size());
+  }
   for (const std::string_view character : splitCharacters(text)) {
     const char byte = character.front();
     const auto code = static_cast<unsigned char>(byte);
@@ -93,7 +99,7 @@ Refusal unescape(std::string_view escaped, std::string& text) {
 class Reader {
  public:
   SettingsText read(std::string_view text) {
-    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);  // A byte-order mark.
+    if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
     while (!text.empty()) {
       ++line_;
       const std::size_t end = text.find('\n');

@@ -18,6 +18,7 @@ TEST(SettingsTextTest, SettingLine_HostileTexts_ComeBackUnchanged) {
       {"\n\r\t\x1B\x7F", "A=\\n\\r\\t\\x1b\\x7f\n"},
       {std::string("\0a\0", 3), "A=\\x00a\\x00\n"},
       {"\xC3\xA4\xFF\xE4", "A=\xC3\xA4\\xff\\xe4\n"},
+      {"\xEF\xBB\xBF\xEF\xBB\xBF", "A=\\xef\\xbb\\xbf\xEF\xBB\xBF\n"},
   };
   for (const auto& [value, line] : rows) {
     EXPECT_EQ(settingLine({"A", value}), line);
@@ -29,7 +30,7 @@ TEST(SettingsTextTest, SettingLine_HostileTexts_ComeBackUnchanged) {
 }
 
 TEST(SettingsTextTest, Names_WithSigns_ComeBackUnchanged) {
-  for (const std::string name : {"a=b", "#a", "[a]", " a ", "\\", "]"}) {
+  for (const std::string name : {"a=b", "#a", "[a]", " a ", "\\", "]", "\xEF\xBB\xBF#a"}) {
     const SettingsText text =
         parseSettings(settingLine({name, "x"}) + recordLine(name) + noRecordsLine(name));
     ASSERT_EQ(text.features.size(), 1U) << name;

@@ -345,6 +345,67 @@ expectStatus 2
 expectCalls
 expectLine err 'dev: abi takes no argument but --update'
 
+# fakeFuzzers: two fuzzers that are built already. The second finds something
+# when there is a file `finding`.
+fakeFuzzers() {
+  fake cmake
+  ln -s "$(command -v mkdir)" "$(command -v tail)" "$work/bin/"
+  mkdir -p "$work/project/build/fuzz/fuzz" "$work/project/fuzz"
+  printf 'one\ntwo\n' >"$work/project/build/fuzz/fuzz/targets.txt"
+  : >"$work/project/fuzz/two.dict"
+  local target
+  for target in one two; do
+    cat >"$work/project/build/fuzz/fuzz/${target}_fuzz" <<EOF
+#!$bash_path
+echo "$target \$*" >>"$work/calls"
+echo '#9	DONE   cov: 12 ft: 34 corp: 5/6b exec/s: 7 rss: 8Mb' >&2
+echo 'stat::number_of_executed_units: 900' >&2
+echo 'stat::average_exec_per_sec:     90' >&2
+[ $target = one ] || [ ! -f "$work/finding" ]
+EOF
+    chmod +x "$work/project/build/fuzz/fuzz/${target}_fuzz"
+  done
+}
+fuzzOptions='-max_total_time=10 -timeout=20 -rss_limit_mb=2048 -print_final_stats=1'
+fuzzOne="one $fuzzOptions -artifact_prefix=build/fuzz/findings/one/"
+fuzzOne="$fuzzOne build/fuzz/corpus-work/one fuzz/corpus/one"
+fuzzTwo="two $fuzzOptions -artifact_prefix=build/fuzz/findings/two/ -dict=fuzz/two.dict"
+fuzzTwo="$fuzzTwo build/fuzz/corpus-work/two fuzz/corpus/two"
+
+begin Fuzz_NoTarget_RunsEveryOneAndTellsFigures
+fakeFuzzers
+dev fuzz 10
+expectStatus 0
+expectCalls 'cmake --preset fuzz --log-level=WARNING' \
+  'cmake --build --preset fuzz --parallel 3 --target fuzz_targets' "$fuzzOne" "$fuzzTwo"
+expectLine out 'target                 executions per second    edges  features  result'
+expectLine out 'one                           900         90       12        34  no finding'
+expectLine out 'two                           900         90       12        34  no finding'
+expectEmpty err
+
+begin Fuzz_NamedTarget_IsBuiltAndRunAlone
+fakeFuzzers
+dev fuzz 10 two
+expectStatus 0
+expectCalls 'cmake --preset fuzz --log-level=WARNING' \
+  'cmake --build --preset fuzz --parallel 3 --target two_fuzz' "$fuzzTwo"
+
+begin Fuzz_Finding_FailsAfterTheOthersHaveRun
+fakeFuzzers
+: >"$work/finding"
+dev fuzz 10 two one
+expectStatus 1
+expectLine out 'two                           900         90       12        34  FINDING in build/fuzz/findings/two'
+expectLine out 'one                           900         90       12        34  no finding'
+expectLine err 'dev: fuzz/README.md tells how to replay a finding'
+
+begin Fuzz_NoNumberOfSeconds_IsRefused
+fake cmake
+dev fuzz ticket
+expectStatus 2
+expectCalls
+expectLine err 'dev: fuzz needs a number of seconds'
+
 begin Test_PresetWithoutName_IsRefused
 fake cmake
 dev test --preset

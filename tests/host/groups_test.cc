@@ -124,6 +124,8 @@ TEST_F(GroupsTest, Records_ThatDoNotFit_AreRefusedWithTheReason) {
       {"[3]", "record 1: it is no object; write {\"NAME\": VALUE, ...}\n"},
       {"{}", "the file holds no array; write [ {\"NAME\": VALUE, ...}, ... ]\n"},
       {"[\n {]", "the file is not JSON at line 2, column 3; correct it there or just before\n"},
+      {R"([{"Page": 1e400, "Media": "Plain"}])",
+       "the file holds a number that is too large for any feature; give a smaller one\n"},
   };
   for (const auto& [json, reason] : rows) EXPECT_EQ(refusedRecords(json), failure(2, reason));
 }
