@@ -20,6 +20,12 @@ def _swap(source, left, right):
     yield left_start, right_end, second + between + first
 
 
+def _copy(source, left, right):
+    start, end = _range(source, left)
+    other_start, other_end = _range(source, right)
+    yield start, end, source.text[other_start:other_end]
+
+
 def _is_row(source, part):
     return source.word(part[0]) == "{" and source.partner[part[0]] == part[-1]
 
@@ -36,7 +42,9 @@ def _swap_rows(source, upper, lower):
     keyed = has_property_key(source, upper)
     first = 1 if keyed else 0
     for left, right in zip(upper_cells[first:], lower_cells[first:]):
-        yield from _swap(source, left, right)
+        # Two members that change places are still two members: what counts is
+        # that a property has one to itself.
+        yield from (_copy if source.word(left[0]) == "&" else _swap)(source, left, right)
     if not keyed:
         yield from _swap(source, upper, lower)
 
