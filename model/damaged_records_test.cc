@@ -10,6 +10,7 @@
 #include "model/driver_feature_dynamic_group.h"
 #include "support/private_member.h"
 #include "support/recording_host.h"
+#include "support/scripted_feature.h"
 
 #include "AttributeMap.h"
 #include "Log.h"
@@ -30,10 +31,30 @@ template struct PrivateMember<Members, &DriverFeatureStaticGroup::members_>;
 
 }  // namespace driver_feature::testing
 
-extern "C" int CompareAsEqual(AttributeMap& /*first*/, AttributeMap& /*second*/) {
+namespace driver_feature::testing {
+namespace {
+
+// The group whose last record RemoveLastRecord removes.
+DriverFeatureDynamicGroup* shrinkingGroup = nullptr;
+
+}  // namespace
+}  // namespace driver_feature::testing
+
+extern "C" {
+
+int CompareAsEqual(AttributeMap& /*first*/, AttributeMap& /*second*/) {
   driver_feature::testing::RecordingHost::record("compared");
   return 0;
 }
+
+// Asks for a swap with the record that it has removed.
+int RemoveLastRecord(AttributeMap& /*first*/, AttributeMap& /*second*/) {
+  DriverFeatureDynamicGroup& group = *driver_feature::testing::shrinkingGroup;
+  group.removeDynamicEntryByIndex(static_cast<unsigned>(group.fetchNumberOfDynamicEntries()) - 1);
+  return 1;
+}
+
+}  // extern "C"
 
 namespace driver_feature::testing {
 namespace {
@@ -65,8 +86,8 @@ class DamagedRecordsTest : public ::testing::Test {
     ASSERT_TRUE(group_.addStaticGroupToDynamicGroupWithSort(map, false));
   }
 
-  void setSortRoutine() {
-    group_.setFeatureProperty(std::string("SortFunctionName"), std::string("CompareAsEqual"));
+  void setSortRoutine(const std::string& name = "CompareAsEqual") {
+    group_.setFeatureProperty(std::string("SortFunctionName"), name);
     AttributeMap map = values("1", "a");
     ASSERT_TRUE(group_.addStaticGroupToDynamicGroupWithSort(map, true));
   }
@@ -129,6 +150,37 @@ TEST_F(DamagedRecordsTest, Sort_MemberGone_AnswersFalseInTheWordsOfLoading) {
   const std::string text = "getDynamicEntryByIndex() - Null feature pointer in static record";
   EXPECT_THAT(host_.takeEvents(), ElementsAre(logLine(2, text)));
   EXPECT_EQ(LogMessageBuffer.utf8(), text);
+}
+
+TEST_F(DamagedRecordsTest, Sort_RoutineRemovesTheSecondOfTwo_KeepsTheFirst) {
+  setSortRoutine("RemoveLastRecord");
+  add("2", "b");
+  shrinkingGroup = &group_;
+  // The next pass finds no second record.
+  group_.sortList();
+  shrinkingGroup = nullptr;
+  ASSERT_EQ(group_.fetchNumberOfDynamicEntries(), 1);
+  AttributeMap first = values("1", "a");
+  EXPECT_TRUE(group_.detectDuplicateRecord(first));
+}
+
+TEST_F(DamagedRecordsTest, Load_ForeignMemberOfTheSameNameInFront_IsPassedOver) {
+  // The template finds it first, and it takes no values.
+  ScriptedFeature foreign(0);
+  foreign.texts["Name"] = "First";
+  DriverFeatureStaticGroup shape;
+  shape.addFeatureToGroup(&foreign);
+  shape.addFeatureToGroup(&first_);
+  DriverFeatureDynamicGroup group;
+  group.addDefaultStaticGroupTemplate(&shape);
+  // Two members want two entries.
+  AttributeMap map = values("7", "a");
+  ASSERT_TRUE(group.addStaticGroupToDynamicGroup(map));
+  EXPECT_EQ(group.getDynamicEntryByIndex(0), &shape);
+  int number = 0;
+  first_.getFeatureProperty(std::string("CurrentIntValue"), &number);
+  EXPECT_EQ(number, 0);
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
 TEST_F(DamagedRecordsTest, Duplicate_RecordGone_GoesOnWithTheNext) {

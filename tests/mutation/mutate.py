@@ -15,12 +15,14 @@ import time
 
 from cpp_tokens import Source
 from enumerators import collect_enumerators
-from explanations import ListError, key_of, read_explanations
 from mutations import find_mutations
 from trials import INVALID, KILLED, SURVIVED, Trials
 from workspace import BuildError, Worker, Workspace, library_sources
 
 _ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.append(str(_ROOT / "tests/support"))
+from paragraphs import ListError, read_paragraphs  # noqa: E402
+
 _EXPLANATIONS = _ROOT / "tests/mutation/survivors.txt"
 _LEAST_PERCENTAGE = 97
 # Fewer mutations say nothing about a percentage.
@@ -82,6 +84,10 @@ class Progress:
                 print(f"{done} of {self._total}: {counts[KILLED]} killed, {counts[SURVIVED]} "
                       f"survived, {counts[INVALID]} did not compile "
                       f"({time.monotonic() - self._start:.0f} s)", flush=True)
+
+
+def key_of(mutation):
+    return mutation.path, mutation.before, mutation.after
 
 
 def describe(mutation):
@@ -160,6 +166,17 @@ def judge(outcomes, unexplained):
     return faults
 
 
+def read_reasons(everything):
+    """The committed reasons, each of which fits a mutation."""
+    reasons = read_paragraphs(_EXPLANATIONS, ("file", "line", "becomes", "reason"))
+    stale = set(reasons) - {key_of(each) for each in everything}
+    if stale:
+        path, before, after = sorted(stale)[0]
+        raise ListError(f"{_EXPLANATIONS.relative_to(_ROOT)}: no mutation of {path} makes\n"
+                        f"  - {before}\n  + {after}\nany more; take the paragraph out")
+    return reasons
+
+
 def main():
     arguments = read_arguments()
     paths = library_sources(_ROOT)
@@ -170,12 +187,7 @@ def main():
     sources = {path: Source(path, text) for path, text in texts.items()}
     enumerators = collect_enumerators(sources.values())
     everything = [each for path in paths for each in find_mutations(sources[path], enumerators)]
-    reasons = read_explanations(_EXPLANATIONS)
-    stale = set(reasons) - {key_of(each) for each in everything}
-    if stale:
-        path, before, after = sorted(stale)[0]
-        raise ListError(f"{_EXPLANATIONS.relative_to(_ROOT)}: no mutation of {path} makes\n"
-                        f"  - {before}\n  + {after}\nany more; take the paragraph out")
+    read_reasons(everything)
 
     mutations = [each for each in everything if not arguments.files or each.path in arguments.files]
     if arguments.sample is not None:
@@ -188,7 +200,8 @@ def main():
     workspace = Workspace(_ROOT, folder)
     workspace.prepare()
     outcomes = try_all(workspace, mutations, texts, arguments.jobs)
-    lines, unexplained = report(outcomes, reasons)
+    # Reasons may have been added in the meantime.
+    lines, unexplained = report(outcomes, read_reasons(everything))
     (folder / "report.txt").write_text("\n".join(lines) + "\n")
     print("\n" + "\n".join(lines))
     faults = judge(outcomes, unexplained)

@@ -20,6 +20,8 @@ PLUGIN_PROGRAMS = ("raw_slot_tests", "plugin_tests")
 _LIBRARY = "lib/libDriverFeature.so"
 _ARCHIVE = "liblibrary_under_test.a"
 _OBJECTS = "CMakeFiles/driver_feature_objects.dir"
+# Comes with the compiler's own packages and takes a quarter of the time.
+_LINKER = "-fuse-ld=gold"
 _KEPT_OUT = ("build", ".git")
 
 
@@ -130,7 +132,7 @@ class Workspace:
             command.append(self._absolute(word))
         command[command.index("-o") + 1] = output
         first = next(at for at, word in enumerate(command) if word.endswith((".o", ".so")))
-        return command[:first] + objects + command[first:]
+        return command[:first] + [_LINKER] + objects + command[first:]
 
 
 class Worker:
