@@ -34,14 +34,24 @@ def print_figures(summary):
         print(f"{entry['filename']:48} {cells[0]:>16} {cells[1]:>16}")
 
 
+def text_of(lines, number):
+    """A line with as many of those below as tell it from all others, blanks
+    collapsed."""
+    everything = " ".join(" ".join(lines).split())
+    for end in range(number, len(lines) + 1):
+        text = " ".join(" ".join(lines[number - 1:end]).split())
+        if everything.count(text) == 1:
+            break
+    return text
+
+
 def uncovered_lines(report):
     """(file, number, the line's text) of each line that never ran."""
     for entry in report["files"]:
-        text = (_ROOT / entry["file"]).read_text().splitlines()
+        lines = (_ROOT / entry["file"]).read_text().splitlines()
         for line in entry["lines"]:
             if line["count"] == 0 and not line.get("gcovr/noncode"):
-                number = line["line_number"]
-                yield entry["file"], number, text[number - 1].strip()
+                yield entry["file"], line["line_number"], text_of(lines, line["line_number"])
 
 
 def check_lines(report):

@@ -38,8 +38,8 @@ def read_arguments():
     parser.add_argument("--seed", default="1", help="picks another sample (default: 1)")
     parser.add_argument("--jobs", type=int, default=2, help="workers (default: 2)")
     parser.add_argument("--list", action="store_true", help="only list the mutations")
-    parser.add_argument("files", nargs="*", metavar="FILE",
-                        help="the library's files to mutate (default: all)")
+    parser.add_argument("places", nargs="*", metavar="FILE[:LINE]",
+                        help="the library's files, or lines of them (default: all)")
     return parser.parse_args()
 
 
@@ -180,7 +180,7 @@ def read_reasons(everything):
 def main():
     arguments = read_arguments()
     paths = library_sources(_ROOT)
-    unknown = [path for path in arguments.files if path not in paths]
+    unknown = [place for place in arguments.places if place.split(":")[0] not in paths]
     if unknown:
         sys.exit(f"mutate: {unknown[0]} is no source of the library")
     texts = {path: (_ROOT / path).read_text() for path in paths}
@@ -189,7 +189,10 @@ def main():
     everything = [each for path in paths for each in find_mutations(sources[path], enumerators)]
     read_reasons(everything)
 
-    mutations = [each for each in everything if not arguments.files or each.path in arguments.files]
+    mutations = [each for each in everything if not arguments.places or
+                 {each.path, f"{each.path}:{each.line}"} & set(arguments.places)]
+    if not mutations:
+        sys.exit("mutate: there is nothing to change in these places")
     if arguments.sample is not None:
         mutations = draw_sample(mutations, arguments.sample, arguments.seed)
     if arguments.list:

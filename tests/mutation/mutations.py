@@ -26,7 +26,7 @@ class Mutation:
     start: int
     end: int
     replacement: str
-    before: str  # the whole lines that change, blanks collapsed
+    before: str  # the lines that change, and what tells them apart; blanks collapsed
     after: str
 
     def apply(self, text):
@@ -218,6 +218,10 @@ def _collapsed(text):
 
 def _describe(source, kind, start, end, replacement):
     before, first = source.lines(start, end)
+    # Lines that stand in the file more than once are told apart by those above.
+    while first > 0 and source.text.count(before) > 1:
+        above, first = source.lines(first - 1, first - 1)
+        before = f"{above}\n{before}"
     after = before[:start - first] + replacement + before[end - first:]
     return Mutation(source.path, source.line_of(start), kind, start, end, replacement,
                     _collapsed(before), _collapsed(after))
