@@ -70,6 +70,8 @@ TEST(TextConversionTest, ToFloat_AnyText_ReadsTheNumberAtItsStart) {
       {"0x1.8p1", 3.0F},
       {"-0X.8", -0.5F},
       {"0xg", 0.0F},
+      {"0x", 0.0F},
+      {"1x10", 1.0F},
       {"0x.", 0.0F},
       {"0x.g", 0.0F},
       {"inf", kInfinity},

@@ -37,6 +37,8 @@ def read_arguments():
                         help="try N mutations, each file in proportion, and not all")
     parser.add_argument("--seed", default="1", help="picks another sample (default: 1)")
     parser.add_argument("--jobs", type=int, default=2, help="workers (default: 2)")
+    parser.add_argument("--build", metavar="FOLDER",
+                        help="run the tests of this build of the working tree, and make none")
     parser.add_argument("--list", action="store_true", help="only list the mutations")
     parser.add_argument("places", nargs="*", metavar="FILE[:LINE]",
                         help="the library's files, or lines of them (default: all)")
@@ -200,7 +202,7 @@ def main():
         return
     print(f"mutate: {len(mutations)} of {len(everything)} mutations", flush=True)
     folder = _ROOT / "build/mutate"
-    workspace = Workspace(_ROOT, folder)
+    workspace = Workspace(_ROOT, folder, arguments.build)
     workspace.prepare()
     outcomes = try_all(workspace, mutations, texts, arguments.jobs)
     # Reasons may have been added in the meantime.

@@ -65,7 +65,8 @@ def _swap_parts(source, parts):
 
 def _is_row_of_table(source, opening):
     outer = source.outer[opening]
-    return outer is not None and source.word(outer) == "{" and source.word(opening - 1) in ("{", ",")
+    is_inside = outer is not None and source.word(outer) == "{"
+    return is_inside and source.word(opening - 1) in ("{", ",")
 
 
 def swapped_entries(source, _):

@@ -8,8 +8,6 @@ import signal
 import subprocess
 import tempfile
 
-from workspace import OBJECT_PROGRAMS, PLUGIN_PROGRAMS
-
 KILLED, SURVIVED, INVALID = "killed", "survived", "invalid"
 _MEMORY_LIMIT = 4 << 30
 # Tests that take longer are run when all others have passed.
@@ -64,7 +62,7 @@ class Trials:
     def __init__(self, workspace):
         self._libraries = workspace.base / "lib"
         self._passes = {}
-        for program in OBJECT_PROGRAMS + PLUGIN_PROGRAMS:
+        for program in workspace.programs:
             self._passes[program] = self._measure(workspace, program)
 
     def _measure(self, workspace, program):
@@ -95,7 +93,8 @@ class Trials:
         """Tries one mutation. `text` is the whole changed file."""
         if not worker.compile(mutation.path, text):
             return Outcome(INVALID, "does not compile")
-        programs = _AFFECTED[mutation.path.split("/")[0]]
+        affected = _AFFECTED[mutation.path.split("/")[0]]
+        programs = [program for program in affected if program in self._passes]
         for is_slow in (False, True):
             for program in programs:
                 passes = self._passes[program][1:] if is_slow else self._passes[program][:1]

@@ -1,6 +1,7 @@
 """A copy of the project's sources, built once, and the workers' own places.
+In place of the copy and its build, a build of the working tree can serve.
 
-The copy's build is only read after it has been made. A worker compiles the
+The build is only read after it has been made. A worker compiles the
 changed file into its own folder and links what the tests need out of its
 objects and the copy's. The working tree is never touched.
 """
@@ -45,21 +46,32 @@ def _require(command, folder):
 
 
 class Workspace:
-    """The copy of the sources and its build."""
+    """The copy of the sources and its build or, with `build`, that build of
+    the working tree; its tests that load the library from a file are left out,
+    because they load the one that the build has made."""
 
-    def __init__(self, root, folder):
-        self.sources = folder / "sources"
-        self.base = folder / "base"
+    def __init__(self, root, folder, build=None):
+        self.folder = folder
+        self.sources = root if build else folder / "sources"
+        self.base = root / build if build else folder / "base"
+        self.programs = OBJECT_PROGRAMS if build else OBJECT_PROGRAMS + PLUGIN_PROGRAMS
         self._root = root
-        self._folder = folder
+        self._is_own = build is None
         self._links = {}
         self._compiles = {}
         self._users = {}
 
     def prepare(self):
-        """Copies and builds. Files keep their times, so that a second run
-        builds only what has changed."""
-        self._folder.mkdir(parents=True, exist_ok=True)
+        """Builds the test programs, in the copy after making it."""
+        self.folder.mkdir(parents=True, exist_ok=True)
+        if self._is_own:
+            self._copy_and_configure()
+        _require(["ninja", "-j2", *self.programs], self.base)
+        self._read_commands()
+
+    def _copy_and_configure(self):
+        """Files keep their times, so that a second run builds only what has
+        changed."""
         if self.sources.exists():
             shutil.rmtree(self.sources)
         skipped = {str(self._root / name) for name in _KEPT_OUT}
@@ -70,10 +82,7 @@ class Workspace:
         flags = f'-O0 -w -UDRIVER_FEATURE_LIBRARY -DDRIVER_FEATURE_LIBRARY=\\"{_LIBRARY}\\"'
         _require(["cmake", "-S", self.sources, "-B", self.base, "-G", "Ninja",
                   "--log-level=WARNING", "-DCMAKE_BUILD_TYPE=None", f"-DCMAKE_CXX_FLAGS={flags}",
-                  "-DDRIVER_FEATURE_BUILD=mutations"], self._folder)
-        programs = OBJECT_PROGRAMS + PLUGIN_PROGRAMS
-        _require(["ninja", "-j2", "DriverFeature", *programs], self.base)
-        self._read_commands()
+                  "-DDRIVER_FEATURE_BUILD=mutations"], self.folder)
 
     def _read_commands(self):
         for entry in json.loads((self.base / "compile_commands.json").read_text()):
@@ -112,7 +121,7 @@ class Workspace:
                    for word in self._compiles[unit]]
         command[command.index("-o") + 1] = place
         first = next(at for at, word in enumerate(command) if word.startswith("-I"))
-        return command[:first] + ["-Isources"] + command[first:] + ["-g0"]
+        return command[:first] + ["-Isources"] + command[first:] + ["-O0", "-g0", "-w"]
 
     def _absolute(self, word):
         return str(self.base / word) if (self.base / word).exists() else word
@@ -141,7 +150,7 @@ class Worker:
 
     def __init__(self, workspace, number):
         self._workspace = workspace
-        self.folder = workspace.base.parent / f"worker{number}"
+        self.folder = workspace.folder / f"worker{number}"
         self._changed = {}
         self._linked = set()
         if self.folder.exists():
