@@ -71,6 +71,7 @@ TEST(TextConversionTest, ToFloat_AnyText_ReadsTheNumberAtItsStart) {
       {"-0X.8", -0.5F},
       {"0xg", 0.0F},
       {"0x", 0.0F},
+      {"0x8", 8.0F},
       {"1x10", 1.0F},
       {"0x.", 0.0F},
       {"0x.g", 0.0F},

@@ -116,12 +116,19 @@ def _is_key(source, index):
     return source.word(index - 3) == "{" and tables.has_property_key(source, [index - 3])
 
 
+def _means_nothing(source, index):
+    """Whether a number is no value: that of a pure virtual function, or the
+    length of a buffer, which may well be longer."""
+    before = [source.word(index - 1), source.word(index - 2), source.word(index - 3)]
+    is_pure = before[0] == "=" and before[1] in (")", "const")
+    return is_pure or before == [",", "char", "<"]
+
+
 def _constant(source, enumerators):
     for index, token in enumerate(source.tokens):
         replacement = None
         if token.kind == "number":
-            is_pure = source.word(index - 1) == "=" and source.word(index - 2) in (")", "const")
-            replacement = None if is_pure else _next_number(token.text)
+            replacement = None if _means_nothing(source, index) else _next_number(token.text)
         elif token.kind == "character":
             replacement = _next_character(token.text)
         elif token.text in ("true", "false"):
