@@ -1,49 +1,11 @@
 // What the entry points and the builders do when there is no memory.
 
-#include <cstdlib>
 #include <new>
+#include <string>
 
 #include "frame/state.h"
+#include "support/failing_memory.h"
 #include "support/loader_test.h"
-
-namespace {
-
-// Each makes the next allocation of its kind fail, once.
-bool failNext = false;
-bool failNextNothrow = false;
-
-}  // namespace
-
-// Inlined into callers, the pairs would look mismatched to GCC.
-#define NOINLINE __attribute__((noinline))
-
-NOINLINE void* operator new(std::size_t size) {
-  if (failNext) {
-    failNext = false;
-    throw std::bad_alloc();
-  }
-  void* memory = std::malloc(size != 0 ? size : 1);
-  if (memory == nullptr) throw std::bad_alloc();
-  return memory;
-}
-
-NOINLINE void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-  if (failNextNothrow) {
-    failNextNothrow = false;
-    return nullptr;
-  }
-  return std::malloc(size != 0 ? size : 1);
-}
-
-NOINLINE void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-NOINLINE void operator delete(void* memory, std::size_t /*size*/) noexcept {
-  std::free(memory);
-}
-NOINLINE void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
-  std::free(memory);
-}
 
 namespace driver_feature::testing {
 namespace {
@@ -53,7 +15,10 @@ using ::testing::IsEmpty;
 
 class AllocationFailureTest : public LoaderTest {
  protected:
-  ~AllocationFailureTest() override { failNext = failNextNothrow = false; }
+  ~AllocationFailureTest() override {
+    failingMemory.stop();
+    failingNothrowMemory.stop();
+  }
 
   AttributeMap attributes_ = [] {
     AttributeMap attributes;
@@ -64,7 +29,7 @@ class AllocationFailureTest : public LoaderTest {
 };
 
 TEST_F(AllocationFailureTest, MasterFeatureList_NoMemory_PassesTheFailureOn) {
-  failNext = true;
+  failingMemory.failAfter(0);
   EXPECT_THROW(GetMasterFeatureList(), std::bad_alloc);
   EXPECT_EQ(libraryState().masterSet, nullptr);
   // The next call is a first call again.
@@ -73,15 +38,59 @@ TEST_F(AllocationFailureTest, MasterFeatureList_NoMemory_PassesTheFailureOn) {
 
 TEST_F(AllocationFailureTest, TagHandler_NoMemory_AnswersZeroAndThrowsNothing) {
   void* element = host_.parse(R"(<Features><Feature FeatureType="UIOnly" Name="A"/></Features>)");
-  failNext = true;
+  failingMemory.failAfter(0);
   int result = 1;
   EXPECT_NO_THROW(result = FeatureXMLTagHandler(element));
   EXPECT_EQ(result, 0);
   EXPECT_THAT(takeEvents(), IsEmpty());
 }
 
+// Names that do not fit into a string object are copied into memory of their
+// own everywhere.
+constexpr const char* kDescription = R"(<Features>
+  <BaseFeatureInfo DefaultCallbackHandler="RecordUpdate"/>
+  <Feature FeatureType="MultiSelect" Name="A list with a long name"
+           PSCommand="a command that is long" DefaultValue="an option with a long name">
+    <Option Name="an option with a long name" PJLCommand="a command that is long"/>
+  </Feature>
+  <Feature FeatureType="IntEntry" Name="A number with a long name" DefaultValue="17"/>
+  <FeatureDynamicGroup Name="A group with a long name" PSCommand="a command that is long">
+    <FeatureStaticGroup Name="A template with a long name">
+      <Feature FeatureType="FloatEntry" Name="A fraction with a long name" DefaultValue="1.5"/>
+    </FeatureStaticGroup>
+  </FeatureDynamicGroup>
+</Features>)";
+
+TEST_F(AllocationFailureTest, TagHandler_AnyAllocationFails_AnswersZeroAndLeavesAUsableSet) {
+  void* element = host_.parse(kDescription);
+  const long failures = failEachAllocation([element] {
+    libraryState().masterSet = nullptr;
+    int result = -1;
+    try {
+      result = FeatureXMLTagHandler(element);
+    } catch (const std::bad_alloc&) {
+      // Only without a set; there, the failure is passed on.
+      EXPECT_EQ(libraryState().masterSet, nullptr);
+      return;
+    }
+    if (!failingMemory.hasFailed()) {
+      EXPECT_EQ(result, 1);
+      return;
+    }
+    EXPECT_EQ(result, 0);
+    // What there is of the model can be walked.
+    std::string output;
+    masterSet().serialize(output, 1, false, nullptr, nullptr);
+  });
+  // Each element needs one for itself and one for its name, at the least.
+  EXPECT_GT(failures, 12);
+  EXPECT_EQ(masterSet().fetchNumberOfFeatures(), 3);
+  EXPECT_EQ(masterSet().fetchNumberOfStaticGroups(), 1);
+  EXPECT_EQ(masterSet().fetchNumberOfDynamicGroups(), 1);
+}
+
 TEST_F(AllocationFailureTest, CreateFeature_NoMemory_FailsBeforeTheKeywordIsCompared) {
-  failNextNothrow = true;
+  failingNothrowMemory.failAfter(0);
   EXPECT_EQ(CreateFeature(nullptr, attributes_), nullptr);
   EXPECT_THAT(takeEvents(),
               ElementsAre(logLine(1, "CreateFeature() - Cannot create feature object")));
@@ -89,7 +98,7 @@ TEST_F(AllocationFailureTest, CreateFeature_NoMemory_FailsBeforeTheKeywordIsComp
 
 TEST_F(AllocationFailureTest, CreateStaticFeatureGroup_NoMemory_Fails) {
   void* element = host_.parse("<FeatureStaticGroup/>");
-  failNextNothrow = true;
+  failingNothrowMemory.failAfter(0);
   EXPECT_EQ(CreateStaticFeatureGroup(element, attributes_), nullptr);
   EXPECT_THAT(
       takeEvents(),
@@ -98,7 +107,7 @@ TEST_F(AllocationFailureTest, CreateStaticFeatureGroup_NoMemory_Fails) {
 
 TEST_F(AllocationFailureTest, CreateDynamicFeatureGroup_NoMemory_Fails) {
   void* element = host_.parse("<FeatureDynamicGroup/>");
-  failNextNothrow = true;
+  failingNothrowMemory.failAfter(0);
   EXPECT_EQ(CreateDynamicFeatureGroup(element, attributes_), nullptr);
   EXPECT_THAT(
       takeEvents(),

@@ -65,6 +65,16 @@ TEST_F(DynamicGroupTest, Name_Absent_FailsBeforeTheParserIsAsked) {
   EXPECT_EQ(LogMessageBuffer.utf8(), "untouched");
 }
 
+TEST_F(DynamicGroupTest, Attributes_AllPresent_AreTakenAsTextsInSilence) {
+  // None of them reads as a flag or a number, which the platform would log.
+  DriverFeatureDynamicGroup* built =
+      group(R"(PJLCommand="p" PSCommand="s" TESKOAAttributeName="o" TESKJTAttributeName="j"
+               TESKAttributeSyntax="y" SortFunctionName="DynamicGroupTestSort")",
+            kTemplate);
+  ASSERT_NE(built, nullptr);
+  EXPECT_THAT(takeEvents(), IsEmpty());
+}
+
 TEST_F(DynamicGroupTest, Build_TemplateAlone_FilesTheTemplateThenTheGroup) {
   DriverFeatureDynamicGroup* built = group("", kTemplate);
   ASSERT_NE(built, nullptr);

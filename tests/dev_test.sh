@@ -551,11 +551,54 @@ checks=$((checks + 1))
 [ ! -e "$work/project/build" ] || fail 'build is still there'
 [ -e "$work/project/model/a.cc" ] || fail 'a source is gone'
 
+begin Coverage_CountsAnewAndJudgesWhatGcovrFound
+for tool in cmake gcovr python3; do fake "$tool"; done
+ln -s "$(command -v mkdir)" "$work/bin/mkdir"
+mkdir -p "$work/project/build/coverage/bin"
+: >"$work/project/build/coverage/old.gcda"
+for program in diagnostics frame loader model output plugin plugin_interposition raw_slot; do
+  printf '#!%s\necho "%s_tests $*" >>"%s/calls"\n' "$bash_path" "$program" "$work" \
+    >"$work/project/build/coverage/bin/${program}_tests"
+  chmod +x "$work/project/build/coverage/bin/${program}_tests"
+done
+dev coverage
+expectStatus 0
+checks=$((checks + 1))
+[ ! -e "$work/project/build/coverage/old.gcda" ] || fail 'an old count is still there'
+checks=$((checks + 1))
+[ "$(grep -c '_tests --gtest_brief=1$' "$work/calls")" -eq 8 ] || fail 'not every program has run'
+checks=$((checks + 1))
+[ "$(tail -n 1 "$work/calls")" = 'python3 -B tests/coverage/check.py'"\
+ build/coverage/report/report.json build/coverage/report/summary.json" ] || fail 'not judged at last'
+
+begin Coverage_TestFails_IsNotMeasured
+for tool in cmake gcovr python3; do fake "$tool"; done
+mkdir -p "$work/project/build/coverage/bin"
+printf '#!%s\nexit 1\n' "$bash_path" >"$work/project/build/coverage/bin/diagnostics_tests"
+chmod +x "$work/project/build/coverage/bin/diagnostics_tests"
+dev coverage
+expectStatus 1
+checks=$((checks + 1))
+! grep -q '^gcovr' "$work/calls" || fail 'gcovr was called'
+
+begin Mutate_HandsItsArgumentsOn
+fake python3
+dev mutate --sample 12 model/messages.cc
+expectStatus 0
+expectCalls 'python3 -B -u tests/mutation/mutate.py --sample 12 model/messages.cc'
+
+begin Mutate_Survivors_AreItsStatus
+fake python3
+echo 1 >"$work/status.python3"
+dev mutate
+expectStatus 1
+
 begin Help_ListsEveryCommand
 dev help
 expectStatus 0
 expectEmpty err
-for name in setup build test test-i386 test-locales abi demo package lint format clean help; do
+for name in setup build test test-i386 test-locales abi fuzz coverage mutate demo package lint format clean \
+  help; do
   checks=$((checks + 1))
   grep -qE -- "^  $name( [^ ].*)?  *[a-z].*" "$work/out" || fail "does not list $name"
 done

@@ -15,7 +15,7 @@ driver_feature_test(host_fault_tests
        host/main.cc
   LINK driver_feature_host LibXml2::LibXml2)
 set_source_files_properties(${PROJECT_SOURCE_DIR}/host/main.cc PROPERTIES
-  COMPILE_DEFINITIONS main=driverFeatureMain)
+  COMPILE_DEFINITIONS main=driverFeatureMain SKIP_PRECOMPILE_HEADERS ON)
 target_compile_definitions(host_fault_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>")

@@ -1,0 +1,125 @@
+// What the model does when there is no memory, and when an option of the
+// host's own throws.
+
+#include <new>
+#include <stdexcept>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "model/driver_feature.h"
+#include "model/driver_feature_dynamic_group.h"
+#include "support/failing_memory.h"
+#include "support/model_builder.h"
+#include "support/recording_host.h"
+#include "support/scripted_feature.h"
+
+#include "AttributeMap.h"
+
+namespace driver_feature::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class ModelAllocationFailureTest : public ::testing::Test {
+ protected:
+  ModelAllocationFailureTest() {
+    list_.addOptionToFeature(&first_);
+    list_.addOptionToFeature(&second_);
+    shape_.addFeatureToGroup(&list_);
+    group_.addDefaultStaticGroupTemplate(&shape_);
+    values_["a list with a long name"] = "the second of two options";
+    host_.takeEvents();
+  }
+
+  ~ModelAllocationFailureTest() override {
+    failingMemory.stop();
+    failingNothrowMemory.stop();
+  }
+
+  RecordingHost host_;
+  Owned<DriverFeatureOption> first_{std::string("the first of two options")};
+  Owned<DriverFeatureOption> second_{std::string("the second of two options")};
+  Owned<DriverFeature> list_{std::string("a list with a long name")};
+  Owned<DriverFeatureStaticGroup> shape_{std::string("a template with a long name")};
+  Owned<DriverFeatureDynamicGroup> group_{std::string("a group with a long name")};
+  AttributeMap values_;
+};
+
+TEST_F(ModelAllocationFailureTest, AddRecord_NoMemoryForTheRecord_IsRefused) {
+  failingNothrowMemory.failAfter(0);
+  EXPECT_FALSE(group_.addStaticGroupToDynamicGroup(values_));
+  EXPECT_THAT(host_.takeEvents(),
+              ElementsAre(logLine(2,
+                                  "addStaticGroupToDynamicGroupWithSort() - Cannot create static "
+                                  "group copy")));
+  EXPECT_EQ(group_.fetchNumberOfDynamicEntries(), 0);
+}
+
+TEST_F(ModelAllocationFailureTest, AddRecord_AnyAllocationFails_AddsNothing) {
+  const long failures = failEachAllocation([this] {
+    try {
+      EXPECT_TRUE(group_.addStaticGroupToDynamicGroup(values_));
+      EXPECT_FALSE(failingMemory.hasFailed()) << "the failure has been swallowed";
+    } catch (const std::bad_alloc&) {
+      EXPECT_EQ(group_.fetchNumberOfDynamicEntries(), 0);
+    }
+  });
+  // The copy, its name, two options and their names, at the least.
+  EXPECT_GE(failures, 6);
+  EXPECT_EQ(group_.fetchNumberOfDynamicEntries(), 1);
+  EXPECT_EQ(group_.getDynamicEntryByIndex(0), &shape_);
+  int position = 0;
+  list_.getFeatureProperty(std::string("CurrentIntValue"), &position);
+  EXPECT_EQ(position, 1);
+}
+
+// An option that answers no read or, once it is told to, throws at each.
+class ThrowingOption : public UnreadableOption {
+ public:
+  bool throws = false;
+
+  bool getOptionProperty(const std::string& name, std::string& /*value*/) override {
+    return refuse(name);
+  }
+  bool getOptionProperty(const std::string& name, bool* /*value*/) override { return refuse(name); }
+
+ private:
+  bool refuse(const std::string& name) const {
+    if (throws) throw std::runtime_error(name);
+    return false;
+  }
+};
+
+// Calls an operation; answers the text of what it throws.
+template <class Operation>
+std::string thrownBy(const Operation& operation) {
+  try {
+    operation();
+  } catch (const std::runtime_error& error) {
+    return error.what();
+  }
+  return "(nothing)";
+}
+
+TEST_F(ModelAllocationFailureTest, Options_OneThrows_PassesItOnAndIsAskedAgain) {
+  Owned<DriverFeature> list(std::string("List"));
+  ThrowingOption option;
+  list.addOptionToFeature(&option);
+  list.addOptionToFeature(&first_);
+  host_.takeEvents();
+  option.throws = true;
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(thrownBy([&list] { DriverFeature copy(&list); }), "Name");
+    EXPECT_EQ(thrownBy([&list] { list.fetchOptionIndexByName(std::string("A")); }), "Name");
+    int position = -1;
+    EXPECT_EQ(thrownBy([&] { list.findNextAvailableOption(&position); }), "Sensitivity");
+    EXPECT_EQ(position, -1);
+  }
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace driver_feature::testing
