@@ -2,6 +2,7 @@
 #ifndef TESTS_GOLDEN_DESCRIBED_PRINTER_H_
 #define TESTS_GOLDEN_DESCRIBED_PRINTER_H_
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,10 @@ struct Variation {
 class DescribedPrinterTest : public GhostscriptTest,
                              public testing::WithParamInterface<std::string> {
  protected:
+  // These are hundreds of runs, and looking for leaks would take most of their
+  // time. The runs of the golden files look for them.
+  DescribedPrinterTest() { ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1); }
+
   // What the program writes. Anything but status 0 and an empty standard error
   // is a failure of the test.
   std::string emit(const std::string& form, const std::vector<std::string>& settings) const;
