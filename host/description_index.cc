@@ -54,6 +54,7 @@ std::vector<std::string> DescriptionIndex::groupsAround(const std::string& featu
   std::vector<std::string> names;
   std::string group = limitsOf(featureName).group;
   // Groups stand behind the one around them, so that the walk never turns back.
+  // NOLINTNEXTLINE(modernize-loop-convert): clang 14 has no reversing view.
   for (auto entry = groups_.rbegin(); entry != groups_.rend(); ++entry) {
     if (group.empty() || entry->name != group) continue;
     names.push_back(group);
