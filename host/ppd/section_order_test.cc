@@ -11,11 +11,11 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 SectionEntry usual(const std::string& keyword, float order) {
-  return {keyword, order, true, "", 0};
+  return {keyword, order, true, "", false, 0};
 }
 
 SectionEntry unusual(const std::string& keyword, float order, const std::string& replaces = "") {
-  return {keyword, order, false, replaces, 0};
+  return {keyword, order, false, replaces, false, 0};
 }
 
 // Entries numbered in the order in which they are given.
@@ -68,6 +68,16 @@ TEST(SectionOrderTest, Unusual_ThatMovesEqualOnes_IsNamed) {
   const auto order = orderOfSection(numbered({usual("A", 20), usual("B", 20), unusual("C", 10)}));
   EXPECT_THAT(order.items, ElementsAre(2, 0, 1));
   EXPECT_THAT(order.unsettling, ElementsAre("C"));
+}
+
+// C10 behind keeps B before A; without it they change places.
+TEST(SectionOrderTest, Usual_ThatMovesEqualOnesByLeaving_IsNamed) {
+  std::vector<SectionEntry> entries = numbered({usual("A", 20), usual("B", 20), usual("C", 10)});
+  EXPECT_THAT(orderOfSection(entries).unsettling, IsEmpty());
+  entries[2].vanishes = true;
+  EXPECT_THAT(orderOfSection(entries).unsettling, ElementsAre("C"));
+  entries[0].vanishes = true;
+  EXPECT_THAT(orderOfSection(entries).unsettling, ElementsAre("C"));
 }
 
 TEST(SectionOrderTest, Nothing_IsInNoOrder) {
