@@ -9,6 +9,9 @@ foreach(program ppd_unit_tests ppd_program_tests)
   # libcups declares the PPD interface out of date.
   target_compile_options(${program} PRIVATE -Wno-deprecated-declarations)
 endforeach()
+target_compile_definitions(ppd_unit_tests PRIVATE PPD_ROUTINES="$<TARGET_FILE:ppd_routines>")
+target_link_libraries(ppd_unit_tests PRIVATE ${CMAKE_DL_LIBS})
+add_dependencies(ppd_unit_tests ppd_routines)
 target_compile_definitions(ppd_program_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
