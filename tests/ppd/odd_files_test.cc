@@ -10,19 +10,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-class OddFilesTest : public PpdTest {
- protected:
-  // Imports a file of these lines to odd.xml. Answers what is not carried over.
-  std::string importLines(const std::string& lines) const {
-    write("odd.ppd", "*PPD-Adobe: \"4.3\"\n" + lines);
-    const RunResult result = run({"import", "odd.ppd", "--output", "odd.xml"});
-    EXPECT_EQ(result.status, 0);
-    return result.errors;
-  }
-
-  // As libcups reads the same file.
-  MarkedPpd odd() const { return MarkedPpd((folder() / "odd.ppd").string()); }
-};
+class OddFilesTest : public PpdTest {};
 
 TEST_F(OddFilesTest, CustomSizeWithoutPageSize_HasLibcupsOwnCode) {
   importLines(
@@ -111,52 +99,6 @@ TEST_F(OddFilesTest, MoreCustomChoicesThanRoutines_RestIsNamed) {
             ppd.text(PPD_ORDER_ANY));
 }
 
-// The options with equal orders change places with what is marked.
-TEST_F(OddFilesTest, OrderThatDependsOnOthers_IsNamed) {
-  const std::string errors = importLines(
-      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
-      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
-      "*B X: \"b\"\n*CloseUI: *B\n*OpenUI *C: PickOne\n*OrderDependency: 10 AnySetup *C\n"
-      "*DefaultC: Unknown\n*C X: \"c\"\n*CloseUI: *C\n");
-  EXPECT_THAT(errors, HasSubstr("not carried over: the influence of *C on the order in which "
-                                "libcups writes options with equal order dependencies\n"));
-  MarkedPpd ppd = odd();
-  EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
-}
-
-// "False" is marked by default, and choosing a source unmarks it.
-TEST_F(OddFilesTest, OrderThatDependsOnAMarkThatCanGo_IsNamed) {
-  const std::string errors = importLines(
-      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
-      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
-      "*B X: \"b\"\n*CloseUI: *B\n*OpenUI *InputSlot: PickOne\n"
-      "*OrderDependency: 5 DocumentSetup *InputSlot\n*DefaultInputSlot: X\n*InputSlot X: \"i\"\n"
-      "*CloseUI: *InputSlot\n*OpenUI *ManualFeed: Boolean\n"
-      "*OrderDependency: 10 AnySetup *ManualFeed\n*DefaultManualFeed: False\n"
-      "*ManualFeed False: \"m\"\n*CloseUI: *ManualFeed\n");
-  EXPECT_EQ(errors,
-            "driver-feature: odd.ppd: not carried over: the influence of *ManualFeed on the order "
-            "in which libcups writes options with equal order dependencies\n");
-  MarkedPpd ppd = odd();
-  EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
-}
-
-// A custom choice stands in the place of the option's other choices, and so
-// moves nothing.
-TEST_F(OddFilesTest, CustomChoiceAmongEqualOrders_MovesNothing) {
-  const std::string errors = importLines(
-      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
-      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
-      "*B X: \"b\"\n*CloseUI: *B\n*OpenUI *Mark: PickOne\n"
-      "*OrderDependency: 10 AnySetup *Mark\n*DefaultMark: X\n*Mark X: \"m\"\n*CloseUI: *Mark\n"
-      "*CustomMark True: \"c\"\n*ParamCustomMark N: 1 int 0 9\n");
-  EXPECT_EQ(errors, "");
-  MarkedPpd ppd = odd();
-  ppd.mark("Mark", "Custom.7");
-  EXPECT_EQ(section(postScript("odd", {{"Mark", "Custom"}, {"Mark.N", "7"}}), "AnySetup"),
-            ppd.text(PPD_ORDER_ANY));
-}
-
 TEST_F(OddFilesTest, CustomSize_OrientationAboveItsLimit_IsTheLimit) {
   importLines(
       "*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n*PageSize A4: \"a4\"\n"
@@ -188,18 +130,35 @@ TEST_F(OddFilesTest, DefaultSourceThatRequiresARegion_RegionIsTheDefault) {
   EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
 }
 
-// Only one of the two is ever marked.
-TEST_F(OddFilesTest, PageSizeAndRegionAmongEqualOrders_CountOnce) {
-  importLines(
-      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
-      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
-      "*B X: \"b\"\n*CloseUI: *B\n"
-      "*OpenUI *PageSize: PickOne\n*OrderDependency: 10 AnySetup *PageSize\n"
-      "*DefaultPageSize: A4\n*PageSize A4: \"size\"\n*CloseUI: *PageSize\n"
-      "*OpenUI *PageRegion: PickOne\n*OrderDependency: 10 AnySetup *PageRegion\n"
-      "*DefaultPageRegion: A4\n*PageRegion A4: \"region\"\n*CloseUI: *PageRegion\n");
+// One option of each kind of parameter, with a custom value as its default.
+TEST_F(OddFilesTest, CustomDefaults_AreTheParametersDefaults) {
+  std::string lines;
+  for (const std::string row : {"Whole 7 int", "Real 0.5 real", "Points 36 points",
+                                "Text a(b) string", "Code 99 passcode"}) {
+    const std::size_t first = row.find(' ');
+    const std::size_t second = row.rfind(' ');
+    const std::string name = row.substr(0, first);
+    lines += "*OpenUI *" + name + ": PickOne\n*Default" + name + ": Custom." +
+             row.substr(first + 1, second - first - 1) + "\n*" + name + " A: \"\"\n*CloseUI: *" +
+             name + "\n*Custom" + name + " True: \"c\"\n*ParamCustom" + name + " P: 1" +
+             row.substr(second) + " 0 99\n";
+  }
+  importLines(lines);
+  const std::string text = section(postScript("odd"), "AnySetup");
+  EXPECT_THAT(text, HasSubstr("*CustomText True\n(a\\050b\\051)\nc\n"));
   MarkedPpd ppd = odd();
-  EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
+  EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
+  EXPECT_EQ(run({"check", "odd.xml"}).status, 0);
+}
+
+TEST_F(OddFilesTest, CustomDefaultBeyondItsLimit_IsNamed) {
+  const std::string errors = importLines(
+      "*OpenUI *Text: PickOne\n*DefaultText: Custom.abcd\n*Text A: \"\"\n*CloseUI: *Text\n"
+      "*CustomText True: \"c\"\n*ParamCustomText P: 1 string 0 3\n");
+  EXPECT_EQ(errors,
+            "driver-feature: odd.ppd: not carried over: the default of *ParamCustomText P: it is "
+            "not within the limits\n");
+  EXPECT_EQ(run({"check", "odd.xml"}).status, 0);
 }
 
 }  // namespace
