@@ -36,6 +36,8 @@ std::string titleOf(const ppd_option_t& option, const char* parameter) {
   return std::string("*ParamCustom") + option.keyword + " " + parameter;
 }
 
+// The attributes of a number. Limits of which the least is above the greatest
+// are none.
 template <class Number, class ToText>
 Attributes limits(const char* prefix, Number least, Number greatest, Number usual, ToText toText) {
   Attributes attributes;
@@ -80,11 +82,22 @@ ImportedElement textFeature(ImportState& state, const ppd_option_t& option,
   return featureOf("TextEntry", name, attributes);
 }
 
+// Notes limits that allow nothing, and which libcups does not look at.
+template <class Number>
+void checkLimits(ImportState& state, const ppd_option_t& option, const char* parameter,
+                 Number least, Number greatest) {
+  if (least <= greatest) return;
+  state.losses.note(LossKind::kOption, "the limits of " + titleOf(option, parameter) +
+                                           ": the least is above the greatest");
+}
+
 ImportedElement parameterFeature(ImportState& state, const ppd_option_t& option,
                                  const ppd_cparam_t& parameter, const std::string& name,
                                  bool forPjl) {
   switch (parameter.type) {
     case PPD_CUSTOM_INT:
+      checkLimits(state, option, parameter.name, parameter.minimum.custom_int,
+                  parameter.maximum.custom_int);
       return featureOf(
           "IntEntry", name,
           limits("Int", parameter.minimum.custom_int, parameter.maximum.custom_int,
@@ -94,6 +107,8 @@ ImportedElement parameterFeature(ImportState& state, const ppd_option_t& option,
     case PPD_CUSTOM_STRING:
       return textFeature(state, option, parameter, name, forPjl);
     default:
+      checkLimits(state, option, parameter.name, parameter.minimum.custom_real,
+                  parameter.maximum.custom_real);
       return featureOf("FloatEntry", name,
                        limits("Float", parameter.minimum.custom_real, parameter.maximum.custom_real,
                               parameter.current.custom_real, floatText));
@@ -191,9 +206,14 @@ CustomParameters pageSizeParameters(ImportState& state, const ppd_option_t& opti
     state.names.insert(name);
     const int position = positionOf(ppdFindAttr(&ppd, "ParamCustomPageSize", row.name), row.side);
     parameters.values[static_cast<std::size_t>(position)] = {position + 1, name, false};
+    const float least = ppd.custom_min[row.side];
+    const float greatest = ppd.custom_max[row.side];
+    // A file may allow custom sizes without a word on their limits.
+    const bool limited = greatest > 0;
+    if (limited) checkLimits(state, option, row.name, least, greatest);
     parameters.features.push_back(featureOf(
         "FloatEntry", name,
-        limits("Float", ppd.custom_min[row.side], ppd.custom_max[row.side], row.usual, floatText)));
+        limits("Float", limited ? least : 1, limited ? greatest : 0, row.usual, floatText)));
   }
   const Orientation orientation = orientationOf(ppd);
   parameters.values[static_cast<std::size_t>(orientation.position)] = {

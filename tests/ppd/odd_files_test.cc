@@ -12,6 +12,15 @@ using ::testing::Not;
 
 class OddFilesTest : public PpdTest {};
 
+// The lines of an option with the choice A and a custom one, whose parameter P
+// has a type and limits such as "int 0 9".
+std::string customOption(const std::string& name, const std::string& usual,
+                         const std::string& parameter) {
+  return "*OpenUI *" + name + ": PickOne\n*Default" + name + ": " + usual + "\n*" + name +
+         " A: \"\"\n*CloseUI: *" + name + "\n*Custom" + name + " True: \"c\"\n*ParamCustom" + name +
+         " P: 1 " + parameter + "\n";
+}
+
 TEST_F(OddFilesTest, CustomSizeWithoutPageSize_HasLibcupsOwnCode) {
   importLines(
       "*OpenUI *PageRegion: PickOne\n*DefaultPageRegion: A4\n*PageRegion A4: \"a4\"\n"
@@ -84,10 +93,7 @@ TEST_F(OddFilesTest, CustomTextInAnotherSection_StandsThere) {
 TEST_F(OddFilesTest, MoreCustomChoicesThanRoutines_RestIsNamed) {
   std::string lines;
   for (int i = 0; i < 101; ++i) {
-    const std::string name = "O" + std::to_string(1000 + i);
-    lines += "*OpenUI *" + name + ": PickOne\n*Default" + name + ": A\n*" + name +
-             " A: \"\"\n*CloseUI: *" + name + "\n*Custom" + name + " True: \"c\"\n*ParamCustom" +
-             name + " N: 1 int 0 9\n";
+    lines += customOption("O" + std::to_string(1000 + i), "A", "int 0 9");
   }
   const std::string errors = importLines(lines);
   EXPECT_THAT(errors, HasSubstr("not carried over: the text of choice *O1100 Custom: there are "
@@ -95,7 +101,7 @@ TEST_F(OddFilesTest, MoreCustomChoicesThanRoutines_RestIsNamed) {
   EXPECT_THAT(errors, Not(HasSubstr("*O1099 Custom")));
   MarkedPpd ppd = odd();
   ppd.mark("O1099", "Custom.7");
-  EXPECT_EQ(section(postScript("odd", {{"O1099", "Custom"}, {"O1099.N", "7"}}), "AnySetup"),
+  EXPECT_EQ(section(postScript("odd", {{"O1099", "Custom"}, {"O1099.P", "7"}}), "AnySetup"),
             ppd.text(PPD_ORDER_ANY));
 }
 
@@ -132,17 +138,11 @@ TEST_F(OddFilesTest, DefaultSourceThatRequiresARegion_RegionIsTheDefault) {
 
 // One option of each kind of parameter, with a custom value as its default.
 TEST_F(OddFilesTest, CustomDefaults_AreTheParametersDefaults) {
-  std::string lines;
-  for (const std::string row : {"Whole 7 int", "Real 0.5 real", "Points 36 points",
-                                "Text a(b) string", "Code 99 passcode"}) {
-    const std::size_t first = row.find(' ');
-    const std::size_t second = row.rfind(' ');
-    const std::string name = row.substr(0, first);
-    lines += "*OpenUI *" + name + ": PickOne\n*Default" + name + ": Custom." +
-             row.substr(first + 1, second - first - 1) + "\n*" + name + " A: \"\"\n*CloseUI: *" +
-             name + "\n*Custom" + name + " True: \"c\"\n*ParamCustom" + name + " P: 1" +
-             row.substr(second) + " 0 99\n";
-  }
+  const std::string lines = customOption("Whole", "Custom.7", "int 0 99") +
+                            customOption("Real", "Custom.0.5", "real 0 99") +
+                            customOption("Points", "Custom.36", "points 0 99") +
+                            customOption("Text", "Custom.a(b)", "string 0 99") +
+                            customOption("Code", "Custom.99", "passcode 0 99");
   importLines(lines);
   const std::string text = section(postScript("odd"), "AnySetup");
   EXPECT_THAT(text, HasSubstr("*CustomText True\n(a\\050b\\051)\nc\n"));
@@ -159,6 +159,37 @@ TEST_F(OddFilesTest, CustomDefaultBeyondItsLimit_IsNamed) {
             "driver-feature: odd.ppd: not carried over: the default of *ParamCustomText P: it is "
             "not within the limits\n");
   EXPECT_EQ(run({"check", "odd.xml"}).status, 0);
+}
+
+TEST_F(OddFilesTest, CustomSizeWithoutParameters_HasNoLimits) {
+  const std::string errors = importLines(
+      "*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n*PageSize A4: \"a4\"\n"
+      "*CloseUI: *PageSize\n*CustomPageSize True: \"c\"\n");
+  EXPECT_EQ(errors, "");
+  MarkedPpd ppd = odd();
+  ppd.mark("PageSize", "Custom.300x400");
+  EXPECT_EQ(section(postScript("odd", {{"PageSize", "Custom"},
+                                       {"PageSize.Width", "300"},
+                                       {"PageSize.Height", "400"}}),
+                    "AnySetup"),
+            ppd.text(PPD_ORDER_ANY));
+}
+
+TEST_F(OddFilesTest, LimitsThatAllowNothing_AreNamedAndLeftOut) {
+  const std::string begin = "driver-feature: odd.ppd: not carried over: the limits of ";
+  const std::string end = ": the least is above the greatest\n";
+  EXPECT_EQ(importLines("*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n*PageSize A4: \"\"\n"
+                        "*CloseUI: *PageSize\n*CustomPageSize True: \"c\"\n"
+                        "*ParamCustomPageSize Width: 1 points 90 80\n"
+                        "*ParamCustomPageSize Height: 2 points 10 80\n"
+                        "*OpenUI *Mark: PickOne\n*DefaultMark: A\n*Mark A: \"\"\n"
+                        "*CloseUI: *Mark\n*CustomMark True: \"c\"\n"
+                        "*ParamCustomMark N: 1 int 5 -5\n*ParamCustomMark R: 2 real 0.5 0.25\n"),
+            begin + "*ParamCustomPageSize Width" + end + begin + "*ParamCustomMark N" + end +
+                begin + "*ParamCustomMark R" + end);
+  EXPECT_EQ(run({"check", "odd.xml"}).status, 0);
+  EXPECT_THAT(section(postScript("odd", {{"Mark", "Custom"}, {"Mark.N", "7"}}), "AnySetup"),
+              HasSubstr("\n7\n0\nc\n"));
 }
 
 }  // namespace

@@ -14,7 +14,8 @@ std::vector<std::string> emitArguments(const std::string& name, const std::strin
                                        const Settings& settings) {
   std::vector<std::string> arguments = {"emit", name + ".xml", "--to", form};
   for (const auto& [feature, value] : settings) {
-    arguments.insert(arguments.end(), {"-o", feature + "=" + value});
+    arguments.emplace_back("-o");
+    arguments.push_back(std::string(feature).append("=").append(value));
   }
   return arguments;
 }
