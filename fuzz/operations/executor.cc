@@ -72,6 +72,7 @@ void Executor<Model>::buildStart(const Program& program) {
   addFeature("Title", 3);
   addFeature("Scale", 4);
   addOptions(*addFeature("Tray", 1), {"Tray2", "A4"});
+  addFeature("Unit", 2);
   buildGroups();
   giveCommands();
   for (std::size_t i = 0; program.changeRoutines && i < kChangeRoutineNames.size(); ++i) {
@@ -111,6 +112,7 @@ void Executor<Model>::giveCommands() {
   give(*features_[1], "%d;");
   give(*features_[2], "(%s)");
   give(*features_[3], "%.2f ");
+  give(*features_[5], "%x,");
   give(*staticGroups_[0], "%s");
   give(*staticGroups_[1], "<%s>");
   model_.setText(*features_[4], "AddPSCallbackRoutine", kTextRoutineName);
