@@ -2,13 +2,12 @@
 // record; an accepted one adds exactly its own, and they survive being saved.
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
+#include "fuzz/c_library.h"
 #include "fuzz/settings_model.h"
 #include "host/group_view.h"
 #include "host/records.h"
@@ -23,16 +22,9 @@ constexpr std::size_t kLongestInput = 16384;
 
 using Json = nlohmann::ordered_json;
 
-float toFloat(const std::string& text) {
-  return static_cast<float>(std::strtod(text.c_str(), nullptr));
-}
-
 // A record gives its values back as texts: a float has six decimals there.
 float throughRecord(float number) {
-  std::string text(64, '\0');
-  const int length = std::snprintf(text.data(), text.size(), "%f", static_cast<double>(number));
-  text.resize(static_cast<std::size_t>(length));
-  return toFloat(text);
+  return toFloat(printed("%f", static_cast<double>(number)));
 }
 
 // The records of "Jobs" are "Title" and "Shift", in the order of the file.

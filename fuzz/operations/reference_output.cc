@@ -1,9 +1,9 @@
 // The set as PostScript and PJL: what each object's command makes of its
 // value.
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 
+#include "fuzz/c_library.h"
 #include "fuzz/operations/names.h"
 #include "fuzz/operations/reference_model.h"
 #include "fuzz/template_reading.h"
@@ -13,20 +13,8 @@ namespace driver_feature::operations {
 namespace {
 
 using fuzz::Grammar;
+using fuzz::printed;
 using fuzz::readTemplate;
-
-template <class Value>
-std::string printed(const std::string& commandTemplate, Value value) {
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-#pragma GCC diagnostic ignored "-Wformat-security"
-  const int length = std::snprintf(nullptr, 0, commandTemplate.c_str(), value);
-  std::string text(static_cast<std::size_t>(length) + 1, '\0');
-  std::snprintf(text.data(), text.size(), commandTemplate.c_str(), value);
-#pragma GCC diagnostic pop
-  text.pop_back();
-  return text;
-}
 
 // The C library's formatter ends at a NUL, values may hold some. Width and
 // precision are those of names.h: at most one of the two.
