@@ -162,26 +162,9 @@ bool JobSettings::isDone(Wish& wish) const {
   if (feature != model_.features.end() && settingText(feature->second) == wish.setting.value) {
     return true;
   }
-  Refusal refusal = refuseCustomText(wish.setting);
-  if (!refusal) refusal = applySetting(model_, wish.setting);
+  const Refusal refusal = applySetting(model_, wish.setting);
   wish.reason = refusal.value_or("");
   return !refusal;
-}
-
-// A custom choice's text stands in a string of the printer's language, which
-// it must not end.
-Refusal JobSettings::refuseCustomText(const Setting& setting) const {
-  const auto place = ppd_ != nullptr ? ppd_->customText(setting.name) : QueuePpd::TextPlace::kNone;
-  if (place == QueuePpd::TextPlace::kNone) return std::nullopt;
-  const char end = place == QueuePpd::TextPlace::kPjl ? '"' : '\\';
-  const bool isSafe =
-      std::all_of(setting.value.begin(), setting.value.end(), [end](char character) {
-        const auto byte = static_cast<unsigned char>(character);
-        return byte >= 0x20 && byte != 0x7f && character != end;
-      });
-  if (isSafe) return std::nullopt;
-  return "its text holds a control character or " + std::string(1, end) +
-         ", which would end the text in the printer's language; leave it out";
 }
 
 void JobSettings::refuse(const std::string& option, const std::string& reason) {

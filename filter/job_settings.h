@@ -46,7 +46,6 @@ class JobSettings {
   std::vector<Wish> marked();
   std::vector<Wish> settle(std::vector<Wish> wishes) const;
   bool isDone(Wish& wish) const;
-  Refusal refuseCustomText(const Setting& setting) const;
   void refuse(const std::string& option, const std::string& reason);
   bool drop(const std::string& option);
 

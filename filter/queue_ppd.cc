@@ -13,17 +13,6 @@ namespace {
 
 constexpr const char* kNotSet = "not set";
 
-template <class Visit>
-void visitGroup(const ppd_group_t& group, const Visit& visit) {
-  for (int i = 0; i < group.num_options; ++i) visit(group.options[i]);
-  for (int i = 0; i < group.num_subgroups; ++i) visitGroup(group.subgroups[i], visit);
-}
-
-template <class Visit>
-void visitOptions(const ppd_file_t& ppd, const Visit& visit) {
-  for (int i = 0; i < ppd.num_groups; ++i) visitGroup(ppd.groups[i], visit);
-}
-
 std::string textOf(const char* text) {
   return text != nullptr ? text : "";
 }
@@ -70,18 +59,10 @@ std::string written(const Write& write) {
 
 }  // namespace
 
-void QueuePpd::Close::operator()(ppd_file_s* ppd) const {
-  ppdClose(ppd);
-}
-
 std::unique_ptr<QueuePpd> QueuePpd::open(const std::string& path, std::string& problem) {
-  ppd_file_t* ppd = ppdOpenFile(path.c_str());
-  if (ppd != nullptr) return std::unique_ptr<QueuePpd>(new QueuePpd(path, ppd));
-  int line = 0;
-  const ppd_status_t status = ppdLastError(&line);
-  problem = path + ":" + std::to_string(line) + ": error: " + textOf(ppdErrorString(status)) +
-            "; give a PPD that libcups can read";
-  return nullptr;
+  PpdPointer ppd = readPpd(path, problem);
+  if (!ppd) return nullptr;
+  return std::unique_ptr<QueuePpd>(new QueuePpd(path, std::move(ppd)));
 }
 
 std::vector<std::string> QueuePpd::attributes(const std::string& name) const {
@@ -106,9 +87,10 @@ bool QueuePpd::hasChoice(const std::string& option, const std::string& value) co
 
 std::vector<std::string> QueuePpd::choicesOf(const std::string& option) const {
   std::vector<std::string> names;
-  const ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
-  for (int i = 0; found != nullptr && i < found->num_choices; ++i) {
-    names.emplace_back(found->choices[i].choice);
+  ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
+  if (found == nullptr) return names;
+  for (const ppd_choice_t* choice : driver_feature::choicesOf(*found)) {
+    names.emplace_back(choice->choice);
   }
   return names;
 }
@@ -122,22 +104,21 @@ void QueuePpd::mark(const std::vector<Setting>& options) {
   ppdMarkDefaults(ppd_.get());
   cupsMarkOptions(ppd_.get(), count, list);
   cupsFreeOptions(count, list);
-  // Writing any section settles which of PageSize and PageRegion stands.
-  std::free(ppdEmitString(ppd_.get(), PPD_ORDER_JCL, 0));
+  // Settles which of PageSize and PageRegion stands.
+  emittedText(*ppd_, PPD_ORDER_ANY);
 }
 
 std::vector<Setting> QueuePpd::marked() const {
   std::vector<Setting> settings;
-  visitOptions(*ppd_, [&](const ppd_option_t& option) { addMarked(option, settings); });
+  for (ppd_option_t* option : optionsOf(*ppd_)) addMarked(*option, settings);
   return settings;
 }
 
-void QueuePpd::addMarked(const ppd_option_s& option, std::vector<Setting>& settings) const {
+void QueuePpd::addMarked(ppd_option_t& option, std::vector<Setting>& settings) const {
   const std::string keyword = option.keyword;
   if (option.ui == PPD_UI_PICKMANY) {
-    for (int i = 0; i < option.num_choices; ++i) {
-      const ppd_choice_t& choice = option.choices[i];
-      settings.push_back({keyword + "." + choice.choice, choice.marked != 0 ? "True" : "False"});
+    for (const ppd_choice_t* choice : driver_feature::choicesOf(option)) {
+      settings.push_back({keyword + "." + choice->choice, choice->marked != 0 ? "True" : "False"});
     }
     return;
   }
@@ -162,19 +143,6 @@ void QueuePpd::addParameters(const std::string& keyword, std::vector<Setting>& s
   }
 }
 
-QueuePpd::TextPlace QueuePpd::customText(const std::string& name) const {
-  const std::size_t stop = name.find('.');
-  if (stop == std::string::npos) return TextPlace::kNone;
-  const std::string keyword = name.substr(0, stop);
-  ppd_coption_t* custom = ppdFindCustomOption(ppd_.get(), keyword.c_str());
-  if (custom == nullptr) return TextPlace::kNone;
-  const ppd_cparam_t* parameter = ppdFindCustomParam(custom, name.c_str() + stop + 1);
-  if (parameter == nullptr || !isText(*parameter)) return TextPlace::kNone;
-  const ppd_option_t* option = ppdFindOption(ppd_.get(), keyword.c_str());
-  const bool isPjl = option != nullptr && option->section == PPD_ORDER_JCL;
-  return isPjl ? TextPlace::kPjl : TextPlace::kPostScript;
-}
-
 std::string QueuePpd::jobBegin(int job, const std::string& user, const std::string& title) const {
   return written(
       [&](std::FILE* file) { ppdEmitJCL(ppd_.get(), file, job, user.c_str(), title.c_str()); });
@@ -193,10 +161,7 @@ std::string QueuePpd::jclToPostScript() const {
 }
 
 std::string QueuePpd::jclOptions() const {
-  char* text = ppdEmitString(ppd_.get(), PPD_ORDER_JCL, 0);
-  const std::string options = textOf(text);
-  std::free(text);
-  return options;
+  return emittedText(*ppd_, PPD_ORDER_JCL);
 }
 
 }  // namespace driver_feature

@@ -6,12 +6,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "host/ppd/ppd_file.h"
 #include "host/settings.h"
-
-struct ppd_file_s;
-struct ppd_option_s;
 
 namespace driver_feature {
 
@@ -46,11 +45,6 @@ class QueuePpd {
   // choice.
   std::vector<Setting> marked() const;
 
-  // Whether the name is that of a custom choice's text, and the text goes into
-  // job-control language (kPjl) or PostScript.
-  enum class TextPlace { kNone, kPjl, kPostScript };
-  TextPlace customText(const std::string& name) const;
-
   // The text of a job's beginning in job-control language, and that of its
   // end, with the marked choices.
   std::string jobBegin(int job, const std::string& user, const std::string& title) const;
@@ -62,16 +56,13 @@ class QueuePpd {
   std::string jclToPostScript() const;
 
  private:
-  struct Close {
-    void operator()(ppd_file_s* ppd) const;
-  };
-  QueuePpd(const std::string& path, ppd_file_s* ppd) : path_(path), ppd_(ppd) {}
+  QueuePpd(const std::string& path, PpdPointer ppd) : path_(path), ppd_(std::move(ppd)) {}
 
-  void addMarked(const ppd_option_s& option, std::vector<Setting>& settings) const;
+  void addMarked(ppd_option_t& option, std::vector<Setting>& settings) const;
   void addParameters(const std::string& keyword, std::vector<Setting>& settings) const;
 
   std::string path_;
-  std::unique_ptr<ppd_file_s, Close> ppd_;
+  PpdPointer ppd_;
 };
 
 }  // namespace driver_feature
