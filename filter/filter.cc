@@ -71,6 +71,14 @@ std::optional<JobTexts> textsFor(const FilterArguments& arguments, const Queue& 
   return composeTexts(*session, ppd, arguments, settings.takesCopies());
 }
 
+// Where a document was converted first, the filters before this one have made
+// the copies.
+void dropCopiesMade(FilterArguments& arguments) {
+  const char* type = std::getenv("CONTENT_TYPE");
+  const bool isFirst = !arguments.file.empty() || type == nullptr;
+  if (!isFirst && std::strcmp(type, "application/postscript") != 0) arguments.copies = 1;
+}
+
 std::unique_ptr<QueuePpd> openPpd(std::string& problem) {
   const char* path = std::getenv("PPD");
   if (path == nullptr || *path == '\0') return nullptr;
@@ -83,8 +91,9 @@ int runFilter(int argc, const char* const* argv) {
   nameComplaints("ERROR: ");
   if (!catchCancellation()) return fail(std::string("no signal handler: ") + std::strerror(errno));
   std::string problem;
-  const auto arguments = readArguments(argc, argv, problem);
+  auto arguments = readArguments(argc, argv, problem);
   if (!arguments) return fail(problem);
+  dropCopiesMade(*arguments);
   const auto ppd = openPpd(problem);
   if (!problem.empty()) return fail(problem);
   const auto queue = readQueue(

@@ -47,8 +47,8 @@ std::string keywordPart(const std::string& name) {
 bool JobSettings::apply(const FilterArguments& arguments) {
   for (const Setting& option : arguments.options) sort(option);
   addCopies(arguments);
-  addDefault("job-name", arguments.title);
-  addDefault("user-name", arguments.user);
+  addDefault("job-name", harmless(arguments.title));
+  addDefault("user-name", harmless(arguments.user));
   for (;;) {
     const std::vector<Wish> refused = settle(collect());
     bool again = false;
