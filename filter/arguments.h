@@ -18,7 +18,7 @@ struct FilterArguments {
   std::string user;
   std::string title;
   int copies = 1;
-  std::vector<Setting> options;  // In their order; of a name that stands twice the last one.
+  std::vector<Setting> options;  // By their names; of one that stands twice the last.
   std::string file;              // Empty for standard input.
 };
 

@@ -23,7 +23,8 @@ class Source {
  public:
   explicit Source(const std::string& file)
       : name_(file.empty() ? "standard input" : file),
-        descriptor_(file.empty() ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC)) {}
+        descriptor_(file.empty() ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC)),
+        error_(descriptor_ == -1 ? errno : 0) {}
   ~Source() {
     if (descriptor_ > STDIN_FILENO) ::close(descriptor_);
   }
@@ -33,12 +34,16 @@ class Source {
   // The next bytes; none at the end, after a failure and when the job is
   // cancelled.
   std::string_view read(Problem& problem) {
-    while (waitToRead(descriptor_)) {
+    // Nobody waits for a file that could not be opened.
+    while (descriptor_ != -1 && waitToRead(descriptor_)) {
       const ssize_t count = ::read(descriptor_, buffer_.data(), buffer_.size());
       if (count >= 0) return {buffer_.data(), static_cast<std::size_t>(count)};
       if (errno == EINTR || errno == EAGAIN) continue;
-      problem = "the job cannot be read from " + name_ + ": " + std::strerror(errno);
+      error_ = errno;
       break;
+    }
+    if (error_ != 0) {
+      problem = "the job cannot be read from " + name_ + ": " + std::strerror(error_);
     }
     return {};
   }
@@ -46,6 +51,7 @@ class Source {
  private:
   std::string name_;
   int descriptor_;
+  int error_;  // The error number of a failure.
   std::array<char, 65536> buffer_;
 };
 

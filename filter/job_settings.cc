@@ -94,7 +94,7 @@ bool JobSettings::sortByKey(const Setting& option) {
   const auto feature = featureWithKey(model_, option.name);
   if (!feature) return false;
   const auto value = valueWithKey(model_, *feature, option.value);
-  if (!value && isKnownToLibcups(option.name)) return false;
+  if (!value && ppd_ != nullptr && isKnownToLibcups(option.name)) return false;
   wishes_.push_back({option.name, {*feature, value.value_or(option.value)}, ""});
   return true;
 }

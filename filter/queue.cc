@@ -6,10 +6,12 @@ namespace driver_feature {
 
 namespace {
 
+constexpr const char* kRefusedValueVariable = "DRIVER_FEATURE_REFUSED_VALUE";
+
 // What one source says, by the names of its settings.
 struct Source {
   std::function<std::vector<std::string>(const std::string& setting)> all;
-  std::string prefix;  // Of the settings' names, for messages.
+  std::string refusedValue;  // What it calls the setting RefusedValue.
 
   std::string last(const std::string& setting) const {
     const std::vector<std::string> values = all(setting);
@@ -18,11 +20,10 @@ struct Source {
 };
 
 bool readRefusedValue(const Source& source, Queue& queue, std::string& problem) {
-  const std::string setting = source.prefix + "RefusedValue";
   const std::string text = source.last("RefusedValue");
   if (text.empty()) return true;
   if (text != "fail" && text != "default") {
-    problem = setting + " is \"" + text + "\"; make it \"fail\" or \"default\"";
+    problem = source.refusedValue + " is \"" + text + "\"; make it \"fail\" or \"default\"";
     return false;
   }
   queue.refusedValue = text == "default" ? RefusedValue::kDefault : RefusedValue::kFail;
@@ -49,11 +50,11 @@ Source sourceOf(const QueuePpd& ppd) {
     }
     return values;
   };
-  return {read, "*DriverFeature"};
+  return {read, "*DriverFeatureRefusedValue"};
 }
 
 std::string environmentName(const std::string& setting) {
-  if (setting == "RefusedValue") return "DRIVER_FEATURE_REFUSED_VALUE";
+  if (setting == "RefusedValue") return kRefusedValueVariable;
   std::string name = "DRIVER_FEATURE_";
   for (const char c : setting) name += static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
   return name;
@@ -66,7 +67,7 @@ Source sourceOf(const Environment& environment) {
     if (value != nullptr && *value != '\0') values.emplace_back(value);
     return values;
   };
-  return {read, "the environment variable for "};
+  return {read, kRefusedValueVariable};
 }
 
 }  // namespace
