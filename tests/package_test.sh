@@ -57,8 +57,8 @@ expectFields libdriverfeature-dev libdevel
 expectFields driver-feature utils
 expectDependencies libdriverfeature1 libc6 libgcc-s1 libstdc++6 libxml2
 expectDependencies libdriverfeature-dev "libdriverfeature1 (= $kVersion)"
-expectDependencies driver-feature libc6 "libdriverfeature1 (= $kVersion)" libgcc-s1 libreadline8 \
-  libstdc++6 libxml2
+expectDependencies driver-feature libc6 libcups2 "libdriverfeature1 (= $kVersion)" libgcc-s1 \
+  libreadline8 libstdc++6 libxml2
 
 # Files. Each one that an installation has is in exactly one package.
 
@@ -90,7 +90,8 @@ expectHolds libdriverfeature-dev "usr/lib/$triplet/pkgconfig/driver-feature.pc" 
   "usr/lib/$triplet/cmake/DriverFeature/DriverFeatureConfig.cmake" \
   usr/include/driver_feature/{model/core_feature_set,frame/exports,platform/AttributeMap}.h \
   usr/share/doc/libdriverfeature-dev/examples/minimal_host/minimal_host.cc
-expectHolds driver-feature usr/bin/driver-feature "$libraries/liboffice_routines.so" \
+expectHolds driver-feature usr/bin/driver-feature usr/lib/cups/filter/driver-feature-filter \
+  "$libraries"/lib{office,ppd}_routines.so \
   usr/share/driver-feature/{label_printer,office_laser}.xml \
   usr/share/driver-feature/feature_description.rng usr/share/man/man1/driver-feature.1 \
   usr/share/bash-completion/completions/driver-feature.bash \
@@ -107,8 +108,9 @@ done
 for place in "$source" "$build"; do
   if grep -rlF -- "$place" "$work/unpacked"; then fail "these files name $place"; fi
 done
-programs=$(find "$work/unpacked" -name '*.so' -o -path '*/bin/driver-feature')
-[ "$(wc -l <<<"$programs")" -eq 5 ] || fail "there are other programs:" "$programs"
+programs=$(find "$work/unpacked" -name '*.so' -o -path '*/bin/driver-feature' \
+  -o -path '*/cups/filter/*')
+[ "$(wc -l <<<"$programs")" -eq 6 ] || fail "there are other programs:" "$programs"
 while read -r program; do
   if readelf -SW "$program" | grep -E '\.(debug_info|symtab)'; then
     fail "$program is not stripped"
@@ -117,6 +119,7 @@ while read -r program; do
   # shellcheck disable=SC2016  # a word of the loader's, not of the shell's
   case ${program##*/} in
     driver-feature) expected='$ORIGIN/../lib/'$triplet/driver-feature ;;
+    driver-feature-filter) expected='$ORIGIN/../../'$triplet/driver-feature ;;
     *) expected='$ORIGIN' ;;
   esac
   [ "$path" = "$expected" ] || fail "$program looks for libraries in: $path"
@@ -136,7 +139,7 @@ done
 root=$work/root
 mkdir -p "$root/var/lib/dpkg/"{info,updates}
 : >"$root/var/lib/dpkg/available"
-for name in libc6 libgcc-s1 libreadline8 libstdc++6 libxml2; do
+for name in libc6 libcups2 libgcc-s1 libreadline8 libstdc++6 libxml2; do
   dpkg-query --status "$name:$architecture"
   echo
 done >"$root/var/lib/dpkg/status"
@@ -171,6 +174,14 @@ for printer in label_printer office_laser; do
     cmp "$work/output" "$source/tests/golden/$printer.default.$form"
   done
 done
+
+# The installed filter finds the installed library.
+printf '%%!\n' >"$work/job.ps"
+"$root/usr/bin/driver-feature" --callbacks "$root/$libraries/liboffice_routines.so" \
+  queue "$root/usr/share/driver-feature/label_printer.xml" --output "$work/queue.ppd" 2>"$work/losses"
+PPD=$work/queue.ppd "$root/usr/lib/cups/filter/driver-feature-filter" 1 user title 2 '' \
+  "$work/job.ps" >"$work/output" 2>"$work/filter.log" || fail "the filter failed:" "$(<"$work/filter.log")"
+grep -qxF '<< /NumCopies 2 >> setpagedevice' "$work/output"
 
 cp -r "$root/usr/share/doc/libdriverfeature-dev/examples/minimal_host" "$work/host"
 PKG_CONFIG_PATH=$root/usr/lib/$triplet/pkgconfig make -C "$work/host" run >"$work/make.log" 2>&1 ||

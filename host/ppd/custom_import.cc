@@ -87,7 +87,10 @@ std::string commandText(ppd_file_t& ppd, const ppd_choice_t& choice, ppd_section
 }
 
 CustomParameters valuesOf(ImportState& state, const ppd_option_t& option, ppd_section_t section) {
-  if (section == PPD_ORDER_EXIT) return {};  // libcups writes the bare code.
+  if (section == PPD_ORDER_EXIT) {  // libcups writes the bare code.
+    noteUnusedParameters(state, option);
+    return {};
+  }
   if (isPageOption(option) && isPostScript(section)) return pageSizeParameters(state, option);
   return parametersOf(state, option, isPjl(section));
 }
@@ -117,6 +120,7 @@ SectionEntry writerEntry(const SectionEntry& entry, const ppd_choice_t& choice,
   SectionEntry own = entry;
   own.order = place.order;
   own.usual = choice.marked != 0;
+  own.vanishes = false;
   own.replaces.clear();
   if (place.section == choice.option->section && choice.option->ui != PPD_UI_PICKMANY) {
     own.replaces = entry.usual ? entry.keyword : entry.replaces;
