@@ -60,7 +60,9 @@ std::string written(const Write& write) {
 }  // namespace
 
 std::unique_ptr<QueuePpd> QueuePpd::open(const std::string& path, std::string& problem) {
-  PpdPointer ppd = readPpd(path, problem);
+  PpdProblem ppdProblem;
+  PpdPointer ppd = readPpd(path, ppdProblem);
+  problem = ppdProblem.text;
   if (!ppd) return nullptr;
   return std::unique_ptr<QueuePpd>(new QueuePpd(path, std::move(ppd)));
 }

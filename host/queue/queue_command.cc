@@ -95,10 +95,10 @@ int compose(const Arguments& arguments, const Session& session,
     results.push_back({arguments.output, ppd.text});
     return kSuccess;
   }
-  std::string problem;
+  PpdProblem problem;
   const PpdPointer ppd = readPpd(arguments.ppd, problem);
   if (!ppd) {
-    complain(problem);
+    complain(problem.text);
     return kUnusable;
   }
   complainOfOptions(arguments, session.model(), *ppd);
