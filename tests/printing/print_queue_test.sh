@@ -1,11 +1,10 @@
 #!/usr/bin/env bash
 # Prints through a scheduler of its own and compares what the device gets.
 #
-# usage: print_queue_test.sh SOURCE_DIR BUILD_DIR
+# usage: print_queue_test.sh BUILD_DIR
 set -eu
 
-source=$(realpath "$1")
-build=$(realpath "$2")
+build=$(realpath "$1")
 tools=$(dirname -- "$(realpath "${BASH_SOURCE[0]}")")
 # shellcheck source=tests/printing/scheduler.sh
 . "$tools/scheduler.sh"
@@ -24,15 +23,20 @@ fail() {
 }
 
 needPrograms
-makeScheduler "$folder" "$build/bin/driver-feature-filter" "$build"/lib/lib{DriverFeature,CommonAPI,XMLParser}.so
+makeScheduler "$folder" "$build/bin/driver-feature-filter" \
+  "$build"/lib/lib{DriverFeature,CommonAPI,XMLParser}.so
 cp -- "$tools/queue_printer.xml" "$tools/two_pages.ps" "$folder/ppd/"
-"$build/bin/driver-feature" queue "$folder/ppd/queue_printer.xml" --output "$folder/ppd/strict.ppd"
+"$build/bin/driver-feature" queue "$folder/ppd/queue_printer.xml" \
+  --output "$folder/ppd/strict.ppd"
 "$build/bin/driver-feature" queue "$folder/ppd/queue_printer.xml" --default-for-refused \
   --output "$folder/ppd/lenient.ppd"
 startScheduler "$folder"
 
 # addQueue NAME PPD DEVICE
-addQueue() { lpadmin -p "$1" -E -v "$3" -P "$folder/ppd/$2.ppd" 2>"$folder/log/lpadmin" || fail "lpadmin: $(<"$folder/log/lpadmin")"; }
+addQueue() {
+  lpadmin -p "$1" -E -v "$3" -P "$folder/ppd/$2.ppd" 2>"$folder/log/lpadmin" ||
+    fail "lpadmin: $(<"$folder/log/lpadmin")"
+}
 
 # print QUEUE ARGUMENT...: prints the two pages; sets job.
 print() {
@@ -158,7 +162,8 @@ addQueue slow strict "capture:$folder/jobs/slow"
 } >"$folder/long.ps"
 job=$(numberOf "$(lp -d slow "$folder/long.ps")")
 waitFor 10 test -e "$folder/jobs/slow/$job.begun" || fail "the long job does not begin"
-waitFor 10 grep -qaF "[Job $job] the description is" "$folder/log/errors" || fail "the filter does not begin"
+waitFor 10 grep -qaF "[Job $job] the description is" "$folder/log/errors" ||
+  fail "the filter does not begin"
 sleep 0.5
 cancel "$job"
 sleep 0.2
@@ -168,8 +173,10 @@ finish
 cancelled=$folder/jobs/slow/$job
 [ "$(head -c 9 "$cancelled")" = $'\033%-12345X' ] || fail "the cancelled job has no header"
 [ "$(tail -c 9 "$cancelled")" = $'\033%-12345X' ] || fail "the cancelled job has no trailer"
-[ "$(stat -c %s "$cancelled")" -lt "$(stat -c %s "$folder/long.ps")" ] || fail "the job was not cancelled"
-grep -qaF "[Job $job] the job has been cancelled" "$folder/log/errors" || fail "the filter does not tell of the end"
+[ "$(stat -c %s "$cancelled")" -lt "$(stat -c %s "$folder/long.ps")" ] ||
+  fail "the job was not cancelled"
+grep -qaF "[Job $job] the job has been cancelled" "$folder/log/errors" ||
+  fail "the filter does not tell of the end"
 print slow
 finish
 expectBytes "$folder/jobs/slow/$job" "after a cancelled job" 1 false "595 842" A4
@@ -193,6 +200,7 @@ rm -f -- "$folder/devices/lenient"
 (sleep 1; rm -- "$folder/jobs/slow/stop") &
 opener=$!
 stopScheduler
+if lpstat -r | grep -q 'scheduler is running'; then fail "the scheduler does not stop"; fi
 wait "$opener"
 rm -f -- "$folder/jobs/slow/${jobs[0]}"
 startScheduler "$folder"

@@ -13,14 +13,11 @@ needPrograms() {
   done
 }
 
-# asUser COMMAND...: runs it as an ordinary user; root becomes lp.
-asUser() {
-  if [ "$(id -u)" -eq 0 ]; then
-    setpriv --reuid=lp --regid=lp --clear-groups --inh-caps=-all "$@"
-  else
-    "$@"
-  fi
-}
+# The beginning of a command that runs as an ordinary user: root becomes lp.
+asUser=()
+if [ "$(id -u)" -eq 0 ]; then
+  asUser=(setpriv --reuid=lp --regid=lp --clear-groups --inh-caps=-all)
+fi
 
 # makeScheduler FOLDER FILTER LIBRARY...: the folders and programs of the
 # scheduler. The program and the libraries are copied, because the user may not
@@ -51,7 +48,7 @@ END
 }
 
 freePort() {
-  python3 -c 'import socket; s = socket.socket(); s.bind(("127.0.0.1", 0)); print(s.getsockname()[1])'
+  python3 -c 'import socket; s = socket.create_server(("127.0.0.1", 0)); print(s.getsockname()[1])'
 }
 
 # writeConfiguration FOLDER PORT
@@ -109,7 +106,8 @@ startScheduler() {
     writeConfiguration "$folder" "$port"
     if [ "$(id -u)" -eq 0 ]; then chown -R lp:lp "$folder"; fi
     export CUPS_SERVER=127.0.0.1:$port
-    asUser cupsd -f -c "$folder/etc/cupsd.conf" -s "$folder/etc/cups-files.conf" \
+    # Not in a subshell: the process that is started becomes the scheduler.
+    "${asUser[@]}" cupsd -f -c "$folder/etc/cupsd.conf" -s "$folder/etc/cups-files.conf" \
       >>"$folder/log/start" 2>&1 &
     schedulerProcess=$!
     for ((wait = 0; wait < 100; wait++)); do
