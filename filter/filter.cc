@@ -66,6 +66,7 @@ std::optional<JobTexts> textsFor(const FilterArguments& arguments, const Queue& 
   if (!session) return std::nullopt;
   session->log().setTeller([](const std::string& line) { tell(Message::kDebug, line); });
   session->log().release();
+  session->offerNoAllowance();
   JobSettings settings(session->model(), ppd, queue.refusedValue);
   if (!settings.apply(arguments)) return std::nullopt;
   return composeTexts(*session, ppd, arguments, settings.takesCopies());

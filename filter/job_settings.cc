@@ -139,6 +139,7 @@ std::vector<JobSettings::Wish> JobSettings::marked() {
     }
     const bool isChoice = feature->second.kind() == FeatureKind::kMultiSelect;
     const bool isOption = setting.name == keywordPart(setting.name);
+    if (!isChoice && isOption && setting.value == "not set") continue;
     if (!isChoice && isOption && setting.value == "Custom") setting.value = parameter;
     const auto option = named_.find(keywordPart(setting.name));
     wishes.push_back({option != named_.end() ? option->second : "", std::move(setting), ""});

@@ -147,10 +147,11 @@ class Writer {
     const FeatureLimits& limits = model_.index.limitsOf(name);
     open(name, current);
     line("*" + name + " " + current + ": \"\"");
-    line("*Custom" + name + " True: \"\"");
-    const bool isInt = feature.kind() == FeatureKind::kIntEntry;
-    line("*ParamCustom" + name + " Value: 1 " + (isInt ? intLimits(limits) : realLimits(limits)));
     close(name);
+    // libcups takes a default such as Custom.5 when this stands behind the option.
+    const bool isInt = feature.kind() == FeatureKind::kIntEntry;
+    line("*Custom" + name + " True: \"\"");
+    line("*ParamCustom" + name + " Value: 1 " + (isInt ? intLimits(limits) : realLimits(limits)));
   }
 
   static std::string intLimits(const FeatureLimits& limits) {
@@ -160,9 +161,8 @@ class Writer {
   }
 
   static std::string realLimits(const FeatureLimits& limits) {
-    constexpr float kWide = 1000000;
-    return "real " + numberText(limits.floatMin.value_or(-kWide)) + " " +
-           numberText(limits.floatMax.value_or(kWide));
+    return "real " + (limits.floatMin ? numberText(*limits.floatMin) : "-1000000") + " " +
+           (limits.floatMax ? numberText(*limits.floatMax) : "1000000");
   }
 
   const Model& model_;
