@@ -27,7 +27,7 @@ constexpr const char* kFooter =
     "The print scheduler then runs driver-feature-filter for the jobs of the queue.\n"
     "With --ppd the PPD is the file with the filter's lines in it. Without, it is made\n"
     "of the description: each visible feature that is a list or a number becomes an\n"
-    "option. --library and --callbacks are written into the PPD.\n"
+    "option. The libraries of the general options are written into the PPD.\n"
     "\n"
     "Examples:\n"
     "  driver-feature queue office.xml --output queue.ppd\n"
