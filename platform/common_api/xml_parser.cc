@@ -2,10 +2,12 @@
 
 #include <libxml/tree.h>
 
+#include <cstring>
 #include <memory>
 #include <new>
 
 #include "AttributeMap.h"
+#include "byte_escapes.h"
 
 namespace {
 
@@ -34,6 +36,20 @@ XmlText valueOf(const xmlAttr& attribute) {
   return value;
 }
 
+// Whether the values of an element's attributes hold byte escapes. The nearest
+// element that says so counts, the element itself or one around it.
+bool hasByteEscapes(const xmlNode& element) {
+  const auto* name = reinterpret_cast<const xmlChar*>("ByteEscapes");
+  for (const xmlNode* node = &element; node != nullptr && node->type == XML_ELEMENT_NODE;
+       node = node->parent) {
+    const xmlAttr* attribute = xmlHasNsProp(node, name, nullptr);
+    if (attribute == nullptr) continue;
+    const XmlText value = valueOf(*attribute);
+    return std::strcmp(textOf(value.get()), "yes") == 0;
+  }
+  return false;
+}
+
 class LibXml2Parser final : public XMLParser {
  public:
   void tagName(void* element, std::string& tag) override {
@@ -60,6 +76,7 @@ class LibXml2Parser final : public XMLParser {
 
   void attributes(void* element, AttributeMap& map) override {
     if (element == nullptr) return;
+    const bool escaped = hasByteEscapes(*nodeOf(element));
     for (const xmlAttr* attribute = nodeOf(element)->properties; attribute != nullptr;
          attribute = attribute->next) {
       std::string name = textOf(attribute->name);
@@ -67,7 +84,8 @@ class LibXml2Parser final : public XMLParser {
         name.insert(0, std::string(textOf(attribute->ns->prefix)) + ':');
       }
       const XmlText value = valueOf(*attribute);
-      map[name] = textOf(value.get());
+      map[name] = escaped ? driver_feature::unescapeBytes(textOf(value.get()))
+                          : std::string(textOf(value.get()));
     }
   }
 };
