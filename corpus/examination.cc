@@ -7,12 +7,12 @@
 #include <set>
 
 #include "corpus/comparison.h"
-#include "corpus/importer.h"
 #include "corpus/job.h"
 #include "corpus/peer.h"
 #include "corpus/subject.h"
 #include "corpus/vectors.h"
 #include "host/check/check.h"
+#include "host/ppd/import.h"
 
 namespace driver_feature {
 
@@ -60,7 +60,13 @@ class Examination {
     if (!description_.empty()) return true;
     enter_("import");
     std::string problem;
-    if (!importPpd(request_.file, request_.importTo, problem)) return fail("import", problem);
+    const auto imported = importPpd(request_.file, problem);
+    if (!imported) return fail("import", problem);
+    std::ofstream file(request_.importTo, std::ios::binary);
+    file << imported->text;
+    file.close();
+    if (!file) return fail("import", request_.importTo + ": cannot be written");
+    record_["losses"] = imported->losses.count(LossKind::kOption);
     description_ = request_.importTo;
     return true;
   }

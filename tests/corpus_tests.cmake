@@ -13,5 +13,6 @@ target_compile_definitions(corpus_program_tests PRIVATE
   CORPUS_ROUTINES="$<TARGET_FILE:corpus_test_routines>"
   CORPUS_TEST_FOLDER="${CMAKE_CURRENT_SOURCE_DIR}/corpus"
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
+  DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
   PPD_EQUIVALENCE="$<TARGET_FILE:ppd_equivalence>")
 add_dependencies(corpus_program_tests DriverFeature corpus_test_routines ppd_equivalence)
