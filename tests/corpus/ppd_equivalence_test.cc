@@ -138,9 +138,10 @@ TEST_F(PpdEquivalenceTest, SwappedOrder_IsFound) {
 
 TEST_F(PpdEquivalenceTest, MissingSection_IsFound) {
   const std::size_t begin = description_.find("  <FeatureStaticGroup Name=\"Section.AnySetup\"");
-  const std::size_t end = description_.find("  <Feature FeatureType", begin);
+  const std::size_t end =
+      description_.find("  <Feature FeatureType=\"MultiSelect\" Name=\"JCLEnd\"");
+  ASSERT_LT(begin, end);
   ASSERT_LT(end, description_.size());
-  const std::string group = description_.substr(begin, end - begin);
   description_.erase(begin, end - begin);
   // The choices themselves are there, in no section.
   plant("</FeatureDescription>",
