@@ -5,15 +5,17 @@
 
 #include <string>
 
+#include "host/ppd/custom_text.h"
 #include "host/ppd/import_state.h"
 
 namespace driver_feature {
 
-// Adds what writes the text of the choice. `entry` is that of its option, and
-// `selection` tells when it is chosen, as FEATURE=OPTION. Answers the command
-// of the option "Custom" itself, empty when something else writes the text.
+// Adds what writes the text of the choice, and a feature for each of its
+// values. `entry` is that of its option, and `chosen` tells the feature and
+// its option by which the user chooses it. Answers the command of that option
+// itself, empty when something else writes the text.
 std::string importCustomChoice(ImportState& state, const ppd_choice_t& choice,
-                               const SectionEntry& entry, const std::string& selection);
+                               const SectionEntry& entry, const CustomPlan& chosen);
 
 }  // namespace driver_feature
 

@@ -86,7 +86,7 @@ void reserveNames(ImportState& state) {
 
 }  // namespace
 
-std::optional<ImportedDescription> importPpd(const std::string& path, std::string& problem) {
+std::optional<ImportedDescription> importPpd(const std::string& path, PpdProblem& problem) {
   const PpdPointer ppd = readPpd(path, problem);
   if (!ppd) return std::nullopt;
   ImportState state{*ppd, {}, {}, {}, 0};

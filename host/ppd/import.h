@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/ppd/losses.h"
+#include "host/ppd/ppd_problem.h"
 
 namespace driver_feature {
 
@@ -16,9 +17,9 @@ struct ImportedDescription {
   long options = 0;
 };
 
-// Reads a PPD file and makes a description of it. Nothing, with the file's
-// name, the line and a remedy in `problem`, when the file cannot be read.
-std::optional<ImportedDescription> importPpd(const std::string& path, std::string& problem);
+// Reads a PPD file and makes a description of it. Nothing, and a filled
+// `problem`, when the file cannot be read.
+std::optional<ImportedDescription> importPpd(const std::string& path, PpdProblem& problem);
 
 }  // namespace driver_feature
 

@@ -34,22 +34,22 @@ std::string Losses::list(LossKind kind) const {
   return join(names, ", ");
 }
 
-std::vector<std::string> Losses::lines(bool brief) const {
-  std::vector<std::string> lines;
+std::vector<std::string> Losses::lines() const {
+  std::vector<std::string> all;
   for (const auto& [kind, entries] : entries_) {
-    if (kind == LossKind::kText) {
-      lines.push_back("texts for users: " + list(kind));
-    } else if (kind == LossKind::kKeyword) {
-      lines.push_back("keywords: " + list(kind));
-    } else if (kind == LossKind::kConstraint && brief) {
-      const long number = count(kind);
-      lines.push_back(std::to_string(number) + (number == 1 ? " constraint" : " constraints") +
-                      "; --verbose names each");
-    } else {
-      const std::string word = kind == LossKind::kConstraint ? "constraint " : "";
-      for (const Entry& entry : entries) lines.push_back(word + entry.what);
-    }
+    for (const std::string& line : lines(kind)) all.push_back(line);
   }
+  return all;
+}
+
+std::vector<std::string> Losses::lines(LossKind kind) const {
+  const auto entries = entries_.find(kind);
+  if (entries == entries_.end()) return {};
+  if (kind == LossKind::kText) return {"texts for users: " + list(kind)};
+  if (kind == LossKind::kKeyword) return {"keywords: " + list(kind)};
+  const std::string word = kind == LossKind::kConstraint ? "constraint " : "";
+  std::vector<std::string> lines;
+  for (const Entry& entry : entries->second) lines.push_back(word + entry.what);
   return lines;
 }
 

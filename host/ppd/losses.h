@@ -26,10 +26,12 @@ class Losses {
   // The number of things of a kind.
   long count(LossKind kind) const;
 
-  // The losses as lines without a line end: every option, every constraint
-  // (their number instead when `brief` is set), and one line each for texts
-  // and keywords.
-  std::vector<std::string> lines(bool brief) const;
+  // The losses as lines without a line end: one for every part of an option
+  // and every constraint, and one each for all texts and keywords.
+  std::vector<std::string> lines() const;
+
+  // The lines of one kind.
+  std::vector<std::string> lines(LossKind kind) const;
 
  private:
   struct Entry {

@@ -90,19 +90,17 @@ void importPickOne(ImportState& state, ppd_option_t& option) {
   const ppd_choice_t* marked = markedChoice(option);
   std::vector<ImportedOption> options;
   const SectionEntry entry = entryOf(state.ppd, option);
-  std::vector<ImportedElement> elements(1);
   for (const ppd_choice_t* choice : usableChoices(state, option)) {
     std::string text = sectionText(option.section, titleOf(option, *choice), codeOf(*choice));
     if (equalKeywords(choice->choice, "Custom")) {
-      const std::string selection = std::string(option.keyword) + "=" + choice->choice;
-      text = importCustomChoice(state, *choice, entry, selection);
+      text = importCustomChoice(state, *choice, entry, {option.keyword, choice->choice, {}});
     }
     options.push_back({choice->choice, text});
   }
   if (marked == nullptr || canLoseMark(state.ppd, option)) options.push_back({kNotSet, ""});
-  elements.front() = listFeature(option.section, option.keyword,
-                                 marked != nullptr ? marked->choice : kNotSet, options);
-  state.add(option.section, entry, std::move(elements));
+  state.add(option.section, entry,
+            {listFeature(option.section, option.keyword,
+                         marked != nullptr ? marked->choice : kNotSet, options)});
 }
 
 void importPickMany(ImportState& state, ppd_option_t& option) {
@@ -117,7 +115,7 @@ void importPickMany(ImportState& state, ppd_option_t& option) {
     entry.usual = choice->marked != 0;
     std::string text = sectionText(option.section, titleOf(option, *choice), codeOf(*choice));
     if (equalKeywords(choice->choice, "Custom")) {
-      text = importCustomChoice(state, *choice, entry, name + "=True");
+      text = importCustomChoice(state, *choice, entry, {name, "True", {}});
     }
     state.add(option.section, entry,
               {listFeature(option.section, name, choice->marked != 0 ? "True" : "False",

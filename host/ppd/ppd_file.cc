@@ -12,41 +12,42 @@ namespace driver_feature {
 
 namespace {
 
-// Why the file cannot be opened; empty when it can be tried.
-std::string obstacle(const std::string& path) {
+// What keeps the file from being opened; 0 when it can be tried.
+int obstacle(const std::string& path) {
   struct stat status {};
-  if (stat(path.c_str(), &status) != 0)
-    return std::string("cannot be opened: ") + std::strerror(errno);
-  if (S_ISDIR(status.st_mode)) return "is a directory";
-  return "";
+  if (stat(path.c_str(), &status) != 0) return errno;
+  return S_ISDIR(status.st_mode) ? EISDIR : 0;
 }
 
-std::string reasonOfFailure(const std::string& path, int systemError) {
+PpdProblem openProblem(const std::string& path, int systemError) {
+  return {path + ": cannot be opened: " + std::strerror(systemError), "cannot be opened"};
+}
+
+PpdProblem problemOf(const std::string& path, int systemError) {
   int line = 0;
   const ppd_status_t status = ppdLastError(&line);
-  if (status == PPD_FILE_OPEN_ERROR) {
-    return path + ": cannot be opened: " + std::strerror(systemError);
-  }
+  if (status == PPD_FILE_OPEN_ERROR) return openProblem(path, systemError);
   if (status == PPD_MISSING_PPDADOBE4) {
-    return path + ":1: this is no PPD file: it does not begin with *PPD-Adobe: \"4.";
+    return {path + ":1: this is no PPD file: it does not begin with *PPD-Adobe: \"4.",
+            "is no PPD file"};
   }
-  return path + ":" + std::to_string(line) +
-         ": libcups cannot read the PPD file: " + ppdErrorString(status) +
-         "; correct the line (cupstestppd explains more)";
+  const std::string reason = ppdErrorString(status);
+  return {path + ":" + std::to_string(line) + ": libcups cannot read the PPD file: " + reason +
+              "; correct the line (cupstestppd explains more)",
+          reason};
 }
 
 }  // namespace
 
-PpdPointer readPpd(const std::string& path, std::string& problem) {
-  const std::string reason = obstacle(path);
-  if (!reason.empty()) {
-    problem = path + ": " + reason;
+PpdPointer readPpd(const std::string& path, PpdProblem& problem) {
+  if (const int systemError = obstacle(path); systemError != 0) {
+    problem = openProblem(path, systemError);
     return nullptr;
   }
   errno = 0;
   PpdPointer ppd(ppdOpenFile(path.c_str()));
   if (!ppd) {
-    problem = reasonOfFailure(path, errno);
+    problem = problemOf(path, errno);
     return nullptr;
   }
   ppdMarkDefaults(ppd.get());

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "host/ppd/ppd_problem.h"
+
 namespace driver_feature {
 
 struct PpdDeleter {
@@ -17,9 +19,9 @@ using PpdPointer = std::unique_ptr<ppd_file_t, PpdDeleter>;
 
 // Reads a PPD file, compressed with gzip or not. Its default choices are
 // marked, and the page size as libcups marks it before it writes: as PageSize,
-// as PageRegion or as neither. Null when the file cannot be read, with the
-// file's name, the line and a remedy in `problem`.
-PpdPointer readPpd(const std::string& path, std::string& problem);
+// as PageRegion or as neither. Null, and a filled `problem`, when the file
+// cannot be read.
+PpdPointer readPpd(const std::string& path, PpdProblem& problem);
 
 // The options of all groups, in the order of the file.
 std::vector<ppd_option_t*> optionsOf(ppd_file_t& ppd);
