@@ -41,8 +41,8 @@ void compareText(const std::string& part, std::string_view peer, std::string_vie
   if (peer == ours) return;
   const auto place = std::mismatch(peer.begin(), peer.end(), ours.begin(), ours.end());
   const auto offset = static_cast<std::size_t>(place.first - peer.begin());
-  differences.push_back(
-      {part, offset, peer.size(), ours.size(), around(peer, offset), around(ours, offset)});
+  differences.push_back({part, offset, std::string(peer), std::string(ours), around(peer, offset),
+                         around(ours, offset)});
 }
 
 }  // namespace

@@ -16,8 +16,8 @@ namespace driver_feature {
 struct Difference {
   std::string part;  // A section, "JCL", "JCLEnd" or "frame".
   std::size_t offset = 0;
-  std::size_t peerSize = 0;
-  std::size_t ourSize = 0;
+  std::string peerText;  // Whole.
+  std::string ourText;
   std::string peer;
   std::string ours;
 };

@@ -92,8 +92,8 @@ TEST(CompareTexts, Difference_TellsPlaceAndContext) {
   const auto differences = compareTexts(peer, ours);
   ASSERT_EQ(differences.size(), 1U);
   EXPECT_EQ(differences[0].offset, 34U);
-  EXPECT_EQ(differences[0].peerSize, 85U);
-  EXPECT_EQ(differences[0].ourSize, 34U);
+  EXPECT_EQ(differences[0].peerText, peer.jcl);
+  EXPECT_EQ(differences[0].ourText, ours.pjl);
   const std::string before = std::string(20, 'a') + "\\x1B\\n\\\\\\xE9";
   EXPECT_EQ(differences[0].peer, before + "b" + std::string(39, 'c'));
   EXPECT_EQ(differences[0].ours, before);

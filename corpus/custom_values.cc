@@ -96,7 +96,7 @@ std::string randomCustomValue(const ppd_cparam_t& parameter, Random& random) {
                         "0123456789ABCDEFabcdef", random);
     case PPD_CUSTOM_STRING:
       return randomText(parameter.minimum.custom_string, parameter.maximum.custom_string,
-                        "0123456789 ABCDEFabcdef%-_.", random);
+                        "0123456789 ABCDEFabcdef%()<>/-_.~", random);
     default:
       return randomFloat(parameter.minimum.custom_real, parameter.maximum.custom_real, random);
   }

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "corpus/comparison.h"
+#include "corpus/equal_orders.h"
 #include "corpus/job.h"
 #include "corpus/peer.h"
 #include "corpus/subject.h"
@@ -59,9 +60,9 @@ class Examination {
     description_ = request_.description;
     if (!description_.empty()) return true;
     enter_("import");
-    std::string problem;
+    PpdProblem problem;
     const auto imported = importPpd(request_.file, problem);
-    if (!imported) return fail("import", problem);
+    if (!imported) return fail("import", problem.text);
     std::ofstream file(request_.importTo, std::ios::binary);
     file << imported->text;
     file.close();
@@ -108,20 +109,24 @@ class Examination {
     peer_->settle();
     compare("defaults", "");
     Random random(digestOfFile(request_.file) ^ request_.seed);
+    for (const Marks& marks : mediaMarks(*peer_, random)) compareMarked("media", marks);
     for (int i = 1; i <= request_.vectors; ++i) {
-      peer_->markDefaults();
-      const Marks marks = randomMarks(*peer_, random);
-      peer_->mark(marks);
-      peer_->settle();
-      const std::string label = "vector " + std::to_string(i);
-      std::string problem;
-      if (!subject_->set(peer_->settings(), problem)) {
-        fail("features", problem);
-        continue;
-      }
-      compare(label, describe(marks));
+      compareMarked("vector " + std::to_string(i), randomMarks(*peer_, random));
     }
     compareRestored();
+  }
+
+  // Marks the defaults and then the choices, and makes the same choices here.
+  void compareMarked(const std::string& vector, const Marks& marks) {
+    peer_->markDefaults();
+    peer_->mark(marks);
+    peer_->settle();
+    std::string problem;
+    if (!subject_->set(peer_->settings(), problem)) {
+      fail("features", problem + " (" + describe(marks) + ")");
+      return;
+    }
+    compare(vector, describe(marks));
   }
 
   // What the library restores is compared with its own first output.
@@ -145,21 +150,24 @@ class Examination {
       if (!request_.jobFile.empty()) writeJob(output, request_.jobFile);
     }
     for (const Difference& difference : compareTexts(texts, output)) {
-      addDifference(vector, marks, difference);
+      const bool isOrder =
+          !difference.peerText.empty() &&
+          differsInEqualsOnly(peer_->file(), difference.peerText, difference.ourText);
+      addDifference(isOrder ? "order of equals in " : "difference in ", vector, marks, difference);
     }
   }
 
-  void addDifference(const std::string& vector, const std::string& marks,
+  void addDifference(const std::string& kind, const std::string& vector, const std::string& marks,
                      const Difference& difference) {
     record_["difference_count"] = ++differences_;
-    fail("difference in " + difference.part, "");
-    if (!reportedParts_.insert(difference.part).second) return;
+    fail(kind + difference.part, "");
+    if (!reported_.insert(kind + difference.part).second) return;
     record_["differences"].push_back({{"part", difference.part},
                                       {"vector", vector},
                                       {"marks", marks},
                                       {"offset", difference.offset},
-                                      {"peer_size", difference.peerSize},
-                                      {"our_size", difference.ourSize},
+                                      {"peer_size", difference.peerText.size()},
+                                      {"our_size", difference.ourText.size()},
                                       {"peer", difference.peer},
                                       {"ours", difference.ours}});
   }
@@ -181,7 +189,7 @@ class Examination {
   long vectors_ = 0;
   std::size_t bytes_ = 0;
   long differences_ = 0;
-  std::set<std::string> reportedParts_;
+  std::set<std::string> reported_;  // Causes whose first difference is recorded.
 };
 
 }  // namespace

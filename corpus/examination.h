@@ -23,8 +23,9 @@ struct ExaminationRequest {
 };
 
 // Opens the PPD in libcups, imports it, checks the description, loads it, and
-// compares the outputs: for the defaults as they are loaded, for random
-// choices, and for the restored defaults. `enter` is told each phase before
+// compares the outputs: for the defaults as they are loaded, for choices that
+// touch libcups' rules of media, for random choices, and for the restored
+// defaults. `enter` is told each phase before
 // it begins. The answer holds the figures and
 //   "causes": why this PPD is no success, each a short text; empty when it is
 //   "detail": a text for the first cause

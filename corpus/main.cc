@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "corpus/exceptions.h"
-#include "corpus/progress.h"
+#include "corpus/run_progress.h"
 #include "corpus/report.h"
 #include "corpus/runner.h"
 #include "host/log_printer.h"
@@ -133,7 +133,7 @@ void prepareFolders(Arguments& arguments) {
 int runAll(const Arguments& arguments, const std::vector<Task>& tasks, Report& report) {
   const fs::path output = arguments.output;
   std::ofstream records(output / "records.jsonl");
-  Progress progress(std::cerr, ::isatty(STDERR_FILENO) != 0, tasks.size());
+  RunProgress progress(std::cerr, ::isatty(STDERR_FILENO) != 0, tasks.size());
   const auto start = std::chrono::steady_clock::now();
   examineAll(tasks, arguments.run, [&](const nlohmann::json& record) {
     records << record.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';

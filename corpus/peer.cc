@@ -1,6 +1,7 @@
 #include "corpus/peer.h"
 
 #include <cups/array.h>
+#include <strings.h>
 
 #include <algorithm>
 #include <charconv>
@@ -26,6 +27,11 @@ std::string emitted(ppd_file_t& file, ppd_section_t section) {
   const std::unique_ptr<char, decltype(&std::free)> text(::ppdEmitString(&file, section, 0),
                                                          &std::free);
   return orEmpty(text.get());
+}
+
+bool isPageSize(const ppd_option_t& option) {
+  return ::strcasecmp(option.keyword, "PageSize") == 0 ||
+         ::strcasecmp(option.keyword, "PageRegion") == 0;
 }
 
 void countCode(const std::string& code, PpdFigures& figures) {
@@ -75,13 +81,18 @@ void Peer::unmark(const std::string& option) {
   }
 }
 
-void Peer::storeValue(ppd_option_t* option, const CustomValue& value) {
-  if (std::strcmp(option->keyword, "PageSize") == 0) {
+// A page region takes its size from the parameters of the page size.
+ppd_coption_t* Peer::customOption(const ppd_option_t& option) const {
+  return ::ppdFindCustomOption(file_.get(), isPageSize(option) ? "PageSize" : option.keyword);
+}
+
+void Peer::storeValue(const ppd_option_t& option, const CustomValue& value) {
+  if (isPageSize(option)) {
     ppd_size_t* size = ::ppdPageSize(file_.get(), "Custom");
     if (size != nullptr && value.parameter == "Width") size->width = std::stof(value.value);
     if (size != nullptr && value.parameter == "Height") size->length = std::stof(value.value);
   }
-  ppd_coption_t* custom = ::ppdFindCustomOption(file_.get(), option->keyword);
+  ppd_coption_t* custom = customOption(option);
   ppd_cparam_t* parameter =
       custom != nullptr ? ::ppdFindCustomParam(custom, value.parameter.c_str()) : nullptr;
   if (parameter != nullptr) storeCustomValue(*parameter, value.value);
@@ -93,7 +104,7 @@ void Peer::mark(const Marks& marks) {
     ppd_option_t* option = ::ppdFindOption(file_.get(), mark.option.c_str());
     if (option == nullptr) continue;
     if (option->ui == PPD_UI_PICKMANY && unmarked.insert(mark.option).second) unmark(mark.option);
-    for (const CustomValue& value : mark.values) storeValue(option, value);
+    for (const CustomValue& value : mark.values) storeValue(*option, value);
     if (!mark.choice.empty()) {
       ::ppdMarkOption(file_.get(), mark.option.c_str(), mark.choice.c_str());
     }
@@ -105,19 +116,19 @@ void Peer::settle() {
 }
 
 void Peer::appendCustomSettings(const ppd_option_t& option, FeatureValues& settings) const {
-  ppd_coption_t* custom = ::ppdFindCustomOption(file_.get(), option.keyword);
+  ppd_coption_t* custom = customOption(option);
   if (custom == nullptr) return;
-  const bool isPageSize = std::strcmp(option.keyword, "PageSize") == 0;
-  const ppd_size_t* size = isPageSize ? ::ppdPageSize(file_.get(), "Custom") : nullptr;
+  const bool isSize = isPageSize(option);
+  const ppd_size_t* size = isSize ? ::ppdPageSize(file_.get(), "Custom") : nullptr;
   for (auto* parameter = ::cupsArrayFirst(custom->params); parameter != nullptr;
        parameter = ::cupsArrayNext(custom->params)) {
     const auto& current = *static_cast<const ppd_cparam_t*>(parameter);
     const std::string name = current.name;
     // Of a page size libcups writes the size and keeps the rest to itself.
-    if (isPageSize && name != "Width" && name != "Height") continue;
+    if (isSize && name != "Width" && name != "Height") continue;
     std::string value = customValueOf(current);
     if (size != nullptr) value = shortestText(name == "Width" ? size->width : size->length);
-    settings.push_back({orEmpty(custom->keyword) + "." + name, value});
+    settings.push_back({std::string(option.keyword) + "." + name, value});
   }
 }
 
@@ -153,11 +164,11 @@ JobTexts Peer::texts() const {
 
 PpdFigures Peer::figures() const {
   PpdFigures figures;
+  figures.customOptions = ::cupsArrayCount(file_->coptions);
   for (const ppd_option_t* option : options_) {
     ++figures.options;
     figures.choices += option->num_choices;
     if (option->section == PPD_ORDER_JCL) ++figures.jclOptions;
-    if (::ppdFindCustomOption(file_.get(), option->keyword) != nullptr) ++figures.customOptions;
     for (int i = 0; i < option->num_choices; ++i) {
       countCode(orEmpty(option->choices[i].code), figures);
     }

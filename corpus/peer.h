@@ -35,6 +35,9 @@ class Peer {
   // once, even when several groups have it: libcups finds only one of them.
   const std::vector<ppd_option_t*>& options() const { return options_; }
 
+  // The parameters of an option's choice "Custom"; null when it has none.
+  ppd_coption_t* customOption(const ppd_option_t& option) const;
+
   // Marks the defaults alone.
   void markDefaults();
 
@@ -63,7 +66,7 @@ class Peer {
   explicit Peer(ppd_file_t* file);
   void collectOptions(ppd_group_t* groups, int count);
   void unmark(const std::string& option);
-  void storeValue(ppd_option_t* option, const CustomValue& value);
+  void storeValue(const ppd_option_t& option, const CustomValue& value);
   void appendCustomSettings(const ppd_option_t& option, FeatureValues& settings) const;
 
   std::unique_ptr<ppd_file_t, Closer> file_;

@@ -13,7 +13,7 @@ namespace {
 std::vector<CustomValue> randomValues(const Peer& peer, const ppd_option_t& option,
                                       Random& random) {
   std::vector<CustomValue> values;
-  ppd_coption_t* custom = ::ppdFindCustomOption(&peer.file(), option.keyword);
+  ppd_coption_t* custom = peer.customOption(option);
   if (custom == nullptr) return values;
   for (auto* entry = ::cupsArrayFirst(custom->params); entry != nullptr;
        entry = ::cupsArrayNext(custom->params)) {
@@ -30,7 +30,48 @@ void appendMany(const ppd_option_t& option, Random& random, Marks& marks) {
   }
 }
 
+Mark markOf(const Peer& peer, const ppd_option_t& option, const ppd_choice_t& choice,
+            Random& random) {
+  Mark mark{option.keyword, choice.choice, {}};
+  if (mark.choice == "Custom") mark.values = randomValues(peer, option, random);
+  return mark;
+}
+
+// A mark for each choice of the option; none when the PPD has no such option.
+Marks allMarks(const Peer& peer, const char* keyword, Random& random) {
+  Marks marks;
+  const ppd_option_t* option = ::ppdFindOption(&peer.file(), keyword);
+  if (option == nullptr) return marks;
+  for (int i = 0; i < option->num_choices; ++i) {
+    marks.push_back(markOf(peer, *option, option->choices[i], random));
+  }
+  return marks;
+}
+
 }  // namespace
+
+std::vector<Marks> mediaMarks(const Peer& peer, Random& random) {
+  std::vector<Marks> vectors;
+  Marks sizes = allMarks(peer, "PageSize", random);
+  if (sizes.size() > 3) sizes.erase(sizes.begin() + 1, sizes.end() - 2);
+  const Marks regions = allMarks(peer, "PageRegion", random);
+  const Marks feeds = allMarks(peer, "ManualFeed", random);
+  for (const Mark& size : sizes) vectors.push_back({size});
+  if (!regions.empty()) vectors.push_back({regions.front()});
+  for (const Mark& feed : feeds) vectors.push_back({feed});
+  for (const Mark& slot : allMarks(peer, "InputSlot", random)) {
+    vectors.push_back({slot});
+    for (const Mark& size : sizes) vectors.push_back({slot, size});
+    for (const Mark& feed : feeds) vectors.push_back({slot, feed});
+  }
+  for (const ppd_option_t* option : peer.options()) {
+    for (int i = 0; i < option->num_choices; ++i) {
+      if (std::strcmp(option->choices[i].choice, "Custom") != 0) continue;
+      vectors.push_back({markOf(peer, *option, option->choices[i], random)});
+    }
+  }
+  return vectors;
+}
 
 Marks randomMarks(const Peer& peer, Random& random) {
   Marks marks;
@@ -41,9 +82,7 @@ Marks randomMarks(const Peer& peer, Random& random) {
       continue;
     }
     const auto position = random.below(static_cast<std::uint64_t>(option->num_choices));
-    Mark mark{option->keyword, option->choices[position].choice, {}};
-    if (mark.choice == "Custom") mark.values = randomValues(peer, *option, random);
-    marks.push_back(mark);
+    marks.push_back(markOf(peer, *option, option->choices[position], random));
   }
   return marks;
 }

@@ -2,11 +2,18 @@
 #ifndef CORPUS_VECTORS_H_
 #define CORPUS_VECTORS_H_
 
+#include <string>
+#include <vector>
+
 #include "corpus/peer.h"
 #include "corpus/ppd_text.h"
 #include "corpus/random.h"
 
 namespace driver_feature {
+
+// Choices that decide which options are marked at all: libcups' rules of page
+// size, page region, input slot and manual feed, and each custom choice.
+std::vector<Marks> mediaMarks(const Peer& peer, Random& random);
 
 // A choice for most of the options, each of its choices as likely as the
 // others, custom values included; any number of choices where an option takes

@@ -1,4 +1,4 @@
-#include "corpus/progress.h"
+#include "corpus/run_progress.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +9,9 @@ namespace driver_feature {
 
 namespace {
 
-TEST(Progress, OnATerminal_RewritesOneLine) {
+TEST(RunProgress, OnATerminal_RewritesOneLine) {
   std::ostringstream output;
-  Progress progress(output, true, 4);
+  RunProgress progress(output, true, 4);
   progress.step(false, 10);
   progress.step(true, 65);
   progress.finish();
@@ -20,9 +20,9 @@ TEST(Progress, OnATerminal_RewritesOneLine) {
             "\r[###############...............] 2/4, 1 with findings, 1:05 left \n");
 }
 
-TEST(Progress, Elsewhere_WritesTwentyLines) {
+TEST(RunProgress, Elsewhere_WritesTwentyLines) {
   std::ostringstream output;
-  Progress progress(output, false, 40);
+  RunProgress progress(output, false, 40);
   for (int i = 1; i <= 40; ++i) progress.step(i == 2, i * 60.0);
   progress.finish();
   const std::string text = output.str();

@@ -1,4 +1,4 @@
-#include "corpus/progress.h"
+#include "corpus/run_progress.h"
 
 #include <string>
 
@@ -17,7 +17,7 @@ std::string clockText(double seconds) {
 
 }  // namespace
 
-void Progress::step(bool failed, double seconds) {
+void RunProgress::step(bool failed, double seconds) {
   ++done_;
   if (failed) ++failed_;
   if (isTerminal_) {
@@ -28,7 +28,7 @@ void Progress::step(bool failed, double seconds) {
   }
 }
 
-void Progress::draw(double seconds) {
+void RunProgress::draw(double seconds) {
   const std::size_t filled = done_ * kBarLength / total_;
   const double left = seconds / static_cast<double>(done_) * static_cast<double>(total_ - done_);
   output_ << "\r[" << std::string(filled, '#') << std::string(kBarLength - filled, '.') << "] "
@@ -36,7 +36,7 @@ void Progress::draw(double seconds) {
           << " left " << std::flush;
 }
 
-void Progress::finish() {
+void RunProgress::finish() {
   if (isTerminal_ && done_ > 0) output_ << std::endl;
 }
 

@@ -1,6 +1,6 @@
 // How far a long run has come.
-#ifndef CORPUS_PROGRESS_H_
-#define CORPUS_PROGRESS_H_
+#ifndef CORPUS_RUN_PROGRESS_H_
+#define CORPUS_RUN_PROGRESS_H_
 
 #include <cstddef>
 #include <ostream>
@@ -9,9 +9,9 @@ namespace driver_feature {
 
 // On a terminal one line with a bar that is written anew; elsewhere a line for
 // each twentieth of the work.
-class Progress {
+class RunProgress {
  public:
-  Progress(std::ostream& output, bool isTerminal, std::size_t total)
+  RunProgress(std::ostream& output, bool isTerminal, std::size_t total)
       : output_(output), isTerminal_(isTerminal), total_(total) {}
 
   // One more is done; `seconds` have passed since the beginning.
@@ -32,4 +32,4 @@ class Progress {
 
 }  // namespace driver_feature
 
-#endif  // CORPUS_PROGRESS_H_
+#endif  // CORPUS_RUN_PROGRESS_H_
