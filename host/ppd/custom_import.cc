@@ -117,6 +117,7 @@ SectionEntry writerEntry(const SectionEntry& entry, const ppd_choice_t& choice,
   SectionEntry own = entry;
   own.order = place.order;
   own.usual = choice.marked != 0;
+  own.vanishes = false;
   own.replaces.clear();
   if (place.section == choice.option->section && choice.option->ui != PPD_UI_PICKMANY) {
     own.replaces = entry.usual ? entry.keyword : entry.replaces;

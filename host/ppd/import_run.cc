@@ -89,7 +89,7 @@ class Run {
   }
 
   void reportLosses(const std::string& file, const Losses& losses) {
-    const auto counts = countsOf(losses);
+    auto counts = countsOf(losses);
     for (const auto& [kind, number] : counts) losses_[kind] += number;
     if (detail_ == LogDetail::kErrors) return;
     progress_.clear();
@@ -100,6 +100,7 @@ class Run {
     for (const std::string& line : losses.lines(LossKind::kOption)) {
       complain(file + ": not carried over: " + line);
     }
+    counts.erase(LossKind::kOption);  // Which have been named.
     const std::string text = countsOf(counts);
     if (!text.empty()) complain(file + ": not carried over: " + text);
   }
@@ -109,14 +110,14 @@ class Run {
     std::vector<std::string> causes;
     for (const auto& [cause, number] : causes_) {
       failed += number;
-      causes.push_back(std::to_string(number) + " " + cause);
+      causes.push_back(cause + " (" + std::to_string(number) + ")");
     }
     complain(counted(imported_, "PPD file", "PPD files") + " imported, with " +
              counted(features_, "feature", "features") + " and " +
              counted(options_, "option", "options"));
     const std::string lost = countsOf(losses_);
     if (!lost.empty()) complain("not carried over in all: " + lost + "; --verbose names each");
-    if (failed > 0) complain(std::to_string(failed) + " failed: " + join(causes, ", "));
+    if (failed > 0) complain(counted(failed, "failure", "failures") + ": " + join(causes, ", "));
   }
 
   const ImportPlan& plan_;

@@ -22,12 +22,30 @@ void noteConstraints(const ppd_file_t& ppd, Losses& losses) {
   }
 }
 
+// Whether the file gives the keyword a text. Some keywords get one of libcups.
+bool hasText(std::string_view keyword, std::string_view text) {
+  struct Row {
+    std::string_view keyword;
+    std::string_view text;
+  };
+  constexpr std::array<Row, 6> kOfLibcups = {{{"PageSize", "Media Size"},
+                                              {"MediaType", "Media Type"},
+                                              {"InputSlot", "Media Source"},
+                                              {"ColorModel", "Output Mode"},
+                                              {"True", "Yes"},
+                                              {"False", "No"}}};
+  return text != keyword &&
+         std::none_of(kOfLibcups.begin(), kOfLibcups.end(), [keyword, text](const Row& row) {
+           return row.keyword == keyword && row.text == text;
+         });
+}
+
 void noteTexts(ppd_file_t& ppd, Losses& losses) {
   for (ppd_option_t* option : optionsOf(ppd)) {
     const std::string name = std::string("*") + option->keyword;
-    if (std::string_view(option->text) != option->keyword) losses.note(LossKind::kText, name);
+    if (hasText(option->keyword, option->text)) losses.note(LossKind::kText, name);
     for (const ppd_choice_t* choice : choicesOf(*option)) {
-      if (std::string_view(choice->text) != choice->choice) losses.note(LossKind::kText, name);
+      if (hasText(choice->choice, choice->text)) losses.note(LossKind::kText, name);
     }
   }
 }

@@ -74,6 +74,7 @@ SectionEntry entryOf(ppd_file_t& ppd, ppd_option_t& option) {
   entry.order = option.order;
   const bool marked = markedChoice(option) != nullptr;
   entry.usual = marked;
+  entry.vanishes = canLoseMark(ppd, option);
   const bool isSize = equalKeywords(option.keyword, "PageSize");
   const bool isRegion = equalKeywords(option.keyword, "PageRegion");
   if (!isSize && !isRegion) return entry;

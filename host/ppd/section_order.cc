@@ -43,6 +43,15 @@ bool isSame(const SectionEntry& left, const SectionEntry& right) {
   return left.item == right.item;
 }
 
+// Whether the order of the others is another without the entry.
+bool unsettlesByLeaving(const SectionEntry& entry, const Entries& usual) {
+  Entries others;
+  std::copy_if(usual.begin(), usual.end(), std::back_inserter(others),
+               [&entry](const SectionEntry& other) { return !isSame(other, entry); });
+  const Entries marked = sortedAsMarked(others);
+  return !std::equal(marked.begin(), marked.end(), others.begin(), others.end(), isSame);
+}
+
 Place placeOf(const SectionEntry& entry, const Entries& usual) {
   const Entries others = withoutKeyword(usual, entry.replaces);
   Entries marked = others;
@@ -81,6 +90,11 @@ SectionOrder orderOfSection(const std::vector<SectionEntry>& entries) {
     const Place place = placeOf(entry, usual);
     before[place.position].push_back(entry.item);
     if (place.unsettles) order.unsettling.push_back(entry.keyword);
+  }
+  for (const SectionEntry& entry : usual) {
+    if (entry.vanishes && unsettlesByLeaving(entry, usual)) {
+      order.unsettling.push_back(entry.keyword);
+    }
   }
   for (std::size_t i = 0; i <= usual.size(); ++i) {
     order.items.insert(order.items.end(), before[i].begin(), before[i].end());

@@ -15,7 +15,8 @@ struct SectionEntry {
   // Of an entry that is not usual: the keyword of the usual one that is then
   // not marked; empty for none.
   std::string replaces;
-  std::size_t item = 0;  // The caller's number of the entry.
+  bool vanishes = false;  // Usual, but marking another option can unmark it.
+  std::size_t item = 0;   // The caller's number of the entry.
 };
 
 struct SectionOrder {
@@ -23,8 +24,9 @@ struct SectionOrder {
   // and among equals as its sorting leaves them, which does not keep their
   // order. Exact while what is usual is marked, with one unusual entry more.
   std::vector<std::size_t> items;
-  // The keywords of unusual entries that change the order of others with equal
-  // order dependencies when they are marked. No fixed order can follow that.
+  // The keywords of entries that change the order of others with equal order
+  // dependencies when they are marked or unmarked. No fixed order can follow
+  // that.
   std::vector<std::string> unsettling;
 };
 

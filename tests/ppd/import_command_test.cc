@@ -1,0 +1,145 @@
+// The command "import": its files, its refusals and its summary.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ppd/ppd_test.h"
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+constexpr const char* kSmall =
+    "*PPD-Adobe: \"4.3\"\n"
+    "*OpenUI *Duplex: PickOne\n"
+    "*DefaultDuplex: Off\n"
+    "*Duplex Off: \"/duplex false def\"\n"
+    "*CloseUI: *Duplex\n";
+
+class ImportCommandTest : public PpdTest {};
+
+TEST_F(ImportCommandTest, Import_WithoutOutput_WritesToStandardOutput) {
+  write("small.ppd", kSmall);
+  EXPECT_EQ(run({"import", "small.ppd"}),
+            success("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                    "<FeatureDescription>\n"
+                    "  <BaseFeatureInfo DefaultCallbackHandler=\"DriverFeatureHostUpdate\" "
+                    "LoadVORNCallbackHandler=\"DriverFeatureHostLoad\"/>\n"
+                    "  <FeatureStaticGroup Name=\"Section.AnySetup\" "
+                    "PSCommand=\"%%DriverSection AnySetup&#10;%s&#10;%%EndDriverSection&#10;\">\n"
+                    "    <Feature FeatureType=\"MultiSelect\" Name=\"Duplex\" "
+                    "DefaultValue=\"Off\" PSCommand=\"%s\">\n"
+                    "      <Option Name=\"Off\" PSCommand=\"[{&#10;%%BeginFeature: *Duplex "
+                    "Off&#10;/duplex false def&#10;%%EndFeature&#10;} stopped "
+                    "cleartomark&#10;\"/>\n"
+                    "    </Feature>\n"
+                    "  </FeatureStaticGroup>\n"
+                    "</FeatureDescription>\n"));
+}
+
+TEST_F(ImportCommandTest, Import_CodeOf5000Bytes_ComesThroughWhole) {
+  std::string code = "% ";
+  for (int i = 0; code.size() < 4990; ++i) {
+    code += std::to_string(i) + (i % 10 == 0 ? "\n" : "%s(\xFC) ");
+  }
+  code += "end";
+  write("long.ppd", std::string(kSmall) + "*OpenUI *Long: PickOne\n*DefaultLong: A\n*Long A: \"" +
+                        code + "\"\n*CloseUI: *Long\n");
+  ASSERT_EQ(run({"import", "long.ppd", "--output", "long.xml"}), success(""));
+  const std::string text = section(postScript("long"), "AnySetup");
+  EXPECT_THAT(text, HasSubstr("*Long A\n" + code + "\n%%EndFeature\n"));
+  MarkedPpd ppd((folder() / "long.ppd").string());
+  EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
+}
+
+TEST_F(ImportCommandTest, Import_FileThatLibcupsRefuses_NamesTheLine) {
+  write("bad.ppd", "*PPD-Adobe: \"4.3\"\n*OpenGroup: A\n*OpenGroup: B\n");
+  EXPECT_EQ(run({"import", "bad.ppd", "--output", "bad.xml"}),
+            failure(2,
+                    "driver-feature: bad.ppd:3: libcups cannot read the PPD file: OpenGroup "
+                    "without a CloseGroup first; correct the line (cupstestppd explains more)\n"));
+  EXPECT_THAT(fileNames(), ElementsAre("bad.ppd"));
+}
+
+TEST_F(ImportCommandTest, Import_NoPpdFile_IsRefused) {
+  write("other.ppd", "*Other: \"4.3\"\n");
+  EXPECT_EQ(run({"import", "other.ppd"}),
+            failure(2,
+                    "driver-feature: other.ppd:1: this is no PPD file: it does not begin with "
+                    "*PPD-Adobe: \"4.\n"));
+  EXPECT_EQ(
+      run({"import", "absent.ppd"}),
+      failure(2, "driver-feature: absent.ppd: cannot be opened: No such file or directory\n"));
+  EXPECT_EQ(run({"import", "."}),
+            failure(2, "driver-feature: .: cannot be opened: Is a directory\n"));
+}
+
+TEST_F(ImportCommandTest, Import_OutputCannotBeWritten_EndsWithOne) {
+  write("small.ppd", kSmall);
+  const RunResult result = run({"import", "small.ppd", "--output", "absent/small.xml"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.errors, HasSubstr("absent"));
+}
+
+TEST_F(ImportCommandTest, Import_NothingOrBothGiven_IsWrongUsage) {
+  const std::string needed =
+      "driver-feature: either PPD files or --all DIR is needed; driver-feature import --help "
+      "explains the usage\n";
+  EXPECT_EQ(run({"import"}), failure(2, needed));
+  EXPECT_EQ(run({"import", "a.ppd", "--all", "."}), failure(2, needed));
+}
+
+TEST_F(ImportCommandTest, Import_SeveralFiles_EachHasItsOwn) {
+  write("a.ppd", kSmall);
+  write("b.ppd", std::string(kSmall) + "*UIConstraints: *Duplex *Duplex Off\n");
+  EXPECT_EQ(run({"import", "a.ppd", "b.ppd"}),
+            failure(0,
+                    "driver-feature: b.ppd: not carried over: 1 constraint\n"
+                    "driver-feature: 2 PPD files imported, with 2 features and 2 options\n"
+                    "driver-feature: not carried over in all: 1 constraint; --verbose names "
+                    "each\n"));
+  EXPECT_THAT(fileNames(), ElementsAre("a.ppd", "a.xml", "b.ppd", "b.xml"));
+  EXPECT_THAT(run({"import", "a.ppd", "b.ppd", "-v"}).errors,
+              HasSubstr("driver-feature: b.ppd: not carried over: constraint *Duplex *Duplex "
+                        "Off\n"));
+}
+
+TEST_F(ImportCommandTest, Import_Quietly_ShowsErrorsAndTheSummary) {
+  write("b.ppd", std::string(kSmall) + "*UIConstraints: *Duplex *Duplex Off\n");
+  EXPECT_EQ(run({"import", "b.ppd", "-q", "--output", "b.xml"}), success(""));
+}
+
+TEST_F(ImportCommandTest, ImportAll_Folder_KeepsItsFoldersAndSumsUp) {
+  std::filesystem::create_directories(folder() / "in" / "deep");
+  write("in/one.PPD", kSmall);
+  write("in/deep/two.ppd", kSmall);
+  write("in/deep/bad.ppd", "*PPD-Adobe: \"4.3\"\n*OpenGroup: A\n*OpenGroup: B\n");
+  write("in/deep/two.ppd.gz", kSmall);
+  write("in/readme.txt", "no PPD file");
+  EXPECT_EQ(run({"import", "--all", "in", "--output", "out"}),
+            failure(2,
+                    "driver-feature: in/deep/two.ppd.gz: its description would replace that of "
+                    "in/deep/two.ppd, out/deep/two.xml; import it on its own\n"
+                    "driver-feature: in/deep/bad.ppd:3: libcups cannot read the PPD file: "
+                    "OpenGroup without a CloseGroup first; correct the line (cupstestppd explains "
+                    "more)\n"
+                    "driver-feature: 2 PPD files imported, with 2 features and 2 options\n"
+                    "driver-feature: 2 failures: OpenGroup without a CloseGroup first (1), left "
+                    "out (1)\n"));
+  EXPECT_TRUE(std::filesystem::exists(folder() / "out" / "one.xml"));
+  EXPECT_TRUE(std::filesystem::exists(folder() / "out" / "deep" / "two.xml"));
+}
+
+TEST_F(ImportCommandTest, ImportAll_NothingToImport_IsRefused) {
+  EXPECT_EQ(run({"import", "--all", "."}),
+            failure(2,
+                    "driver-feature: .: there is no file named *.ppd or *.ppd.gz in the "
+                    "folder\n"));
+  const RunResult result = run({"import", "--all", "absent"});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_THAT(result.errors,
+              HasSubstr("driver-feature: absent: cannot be read: No such file or directory\n"));
+}
+
+}  // namespace
