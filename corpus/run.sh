@@ -15,13 +15,13 @@ readonly kUsage='usage: ./dev corpus [--sample N] [--seed S] [--vectors N] [FILE
 
 say() { printf 'corpus: %s\n' "$*"; }
 refuse() {
-  printf 'corpus: %s\n' "$@" "$kUsage" >&2
+  printf 'corpus: %s\n%s\n' "$1" "$kUsage" >&2
   exit 2
 }
 
-# number OPTION TEXT: TEXT, which must be a number.
+# number OPTION TEXT [LEAST]: TEXT, which must be a number.
 number() {
-  if [[ ! $2 =~ ^[0-9]+$ ]]; then refuse "$1 needs a number"; fi
+  if [[ ! $2 =~ ^[0-9]+$ ]] || [ "$2" -lt "${3:-0}" ]; then refuse "$1 needs a number"; fi
   printf '%s' "$2"
 }
 
@@ -36,7 +36,7 @@ shift
 sample='' seed=1 vectors=10 files=()
 while [ $# -gt 0 ]; do
   case $1 in
-    --sample) sample=$(number "$1" "${2:-}") ;;
+    --sample) sample=$(number "$1" "${2:-}" 1) ;;
     --seed) seed=$(number "$1" "${2:-}") ;;
     --vectors) vectors=$(number "$1" "${2:-}") ;;
     -*) refuse "$1 is no option" ;;
@@ -52,9 +52,11 @@ done
 arguments=(--output "$kFolder" --root "$kFolder/ppds" --exceptions "$here/exceptions.txt"
   --library "$build/lib/libDriverFeature.so" --seed "$seed" --vectors "$vectors"
   --processes "$(nproc)")
+if [ -n "$sample" ] && [ "${#files[@]}" -gt 0 ]; then
+  refuse "--sample chooses among all PPDs; leave it out, or the files"
+fi
 mkdir -p "$kFolder"
 if [ "${#files[@]}" -gt 0 ]; then
-  if [ -n "$sample" ]; then refuse "--sample chooses among all PPDs; leave it out, or the files"; fi
   arguments+=("${files[@]}")
 else
   bash "$here/fetch.sh" "$kFolder"

@@ -1,6 +1,8 @@
 # The comparison of imported PPDs with libcups: its parts, and the built program
 # with faults planted in what it compares.
 
+find_program(BASH_PROGRAM bash REQUIRED)
+
 driver_feature_test(corpus_unit_tests
   GLOB corpus/*_test.cc LINK ppd_corpus driver_feature_host)
 driver_feature_test(corpus_program_tests
@@ -16,3 +18,7 @@ target_compile_definitions(corpus_program_tests PRIVATE
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
   PPD_EQUIVALENCE="$<TARGET_FILE:ppd_equivalence>")
 add_dependencies(corpus_program_tests DriverFeature corpus_test_routines ppd_equivalence)
+
+add_test(NAME corpus_scripts
+  COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_SOURCE_DIR}/corpus/scripts_test.sh ${PROJECT_SOURCE_DIR})
+set_tests_properties(corpus_scripts PROPERTIES TIMEOUT 120)
