@@ -9,8 +9,10 @@ namespace {
 
 using Entries = std::vector<SectionEntry>;
 
+// Of an option that takes several choices, the defaults have been marked first.
 bool comesBefore(const SectionEntry& left, const SectionEntry& right) {
   if (left.keyword != right.keyword) return left.keyword < right.keyword;
+  if (left.usual != right.usual) return left.usual;
   return left.item < right.item;
 }
 

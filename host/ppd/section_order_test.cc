@@ -49,6 +49,12 @@ TEST(SectionOrderTest, SameKeyword_KeepsTheOrderOfTheFile) {
   EXPECT_THAT(order.items, ElementsAre(0, 1, 2));
 }
 
+TEST(SectionOrderTest, SameKeyword_UsualOnesComeFirst) {
+  const auto order = orderOfSection(numbered(
+      {unusual("Finish", 10), usual("Finish", 10), unusual("Finish", 10), usual("Finish", 10)}));
+  EXPECT_THAT(order.items, ElementsAre(1, 3, 0, 2));
+}
+
 TEST(SectionOrderTest, Unusual_StandsWhereItsOrderPutsIt) {
   const auto order =
       orderOfSection(numbered({usual("A", 10), usual("B", 30), unusual("X", 20), unusual("Y", 5)}));

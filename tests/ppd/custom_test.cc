@@ -86,14 +86,12 @@ TEST_F(CustomTest, Parameters_Features_HaveTheFilesLimits) {
                                        "          from 6 to 72\n"));
   EXPECT_THAT(result.output, HasSubstr("\nMark.Code           TextEntry    \"\"       available"
                                        "          at most 8 characters, only 0-9, encrypted\n"));
-  EXPECT_THAT(result.output,
-              HasSubstr("\nMark.Text           TextEntry    \"\"       available"
-                        "          at most 20 characters, only A-Z a-z 0-9 and "
-                        "\" !\"#$%&'()*+,-./:;<=>?@[]^_`{|}~\"\n"));
-  EXPECT_THAT(result.output,
-              HasSubstr("\nJCLPin.User         TextEntry    \"\"       available"
-                        "          at most 16 characters, only A-Z a-z 0-9 and "
-                        "\" !#$%&'()*+,-./:;<=>?@[\\]^_`{|}~\"\n"));
+  EXPECT_THAT(result.output, HasSubstr("\nMark.Text           TextEntry    \"\"       available"
+                                       "          at most 20 characters, only A-Z a-z 0-9 and "
+                                       "\" !\"#$%&'()*+,-./:;<=>?@[]^_`{|}~\"\n"));
+  EXPECT_THAT(result.output, HasSubstr("\nJCLPin.User         TextEntry    \"\"       available"
+                                       "          at most 16 characters, only A-Z a-z 0-9 and "
+                                       "\" !#$%&'()*+,-./:;<=>?@[\\]^_`{|}~\"\n"));
 }
 
 TEST_F(CustomTest, Text_BackslashInPostScript_IsRefused) {
