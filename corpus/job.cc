@@ -12,8 +12,7 @@ std::string jobOf(const OurOutput& output) {
   return "%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%BeginProlog\n" + prolog +
          "%%EndProlog\n%%BeginSetup\n" + documentSetup + anySetup +
          "%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\n" + pageSetup +
-         "%%EndPageSetup\nshowpage\n%%Trailer\ncount 0 eq { (" + kJobEnd +
-         "\\n) print flush } if\n%%EOF\n";
+         "%%EndPageSetup\nshowpage\n%%Trailer\n(" + kJobEnd + "\\n) print flush\n%%EOF\n";
 }
 
 bool writeJob(const OurOutput& output, const std::string& file) {

@@ -8,8 +8,7 @@
 
 namespace driver_feature {
 
-// What the interpreter prints when it has come to the end of such a job with
-// nothing left on its stacks.
+// What the interpreter prints when it has come to the end of such a job.
 constexpr const char* kJobEnd = "job has ended";
 
 // The sections of the output around an empty page. Left out are the PJL, which

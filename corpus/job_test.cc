@@ -28,7 +28,7 @@ TEST(Job, HoldsTheSectionsAroundAPage) {
             "%%EndPageSetup\n"
             "showpage\n"
             "%%Trailer\n"
-            "count 0 eq { (job has ended\\n) print flush } if\n"
+            "(job has ended\\n) print flush\n"
             "%%EOF\n");
 }
 

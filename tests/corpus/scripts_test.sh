@@ -95,13 +95,13 @@ runJobs() {
 mkdir "$work/jobs"
 runJobs
 expect Ghostscript_NoJobs_Fails same $? 1
-end='count 0 eq { (job has ended\n) print flush } if'
+end='(job has ended\n) print flush'
 printf '%%!PS\n[{ nonsense } stopped cleartomark\nshowpage\n%s\n' "$end" >"$work/jobs/1.ps"
 runJobs
 expect Ghostscript_GoodJob_Succeeds same $? 0
 expect Ghostscript_GoodJob_IsCounted same "$(cat "$work/out")" \
   'corpus: Ghostscript has run 1 jobs, 0 of them with errors'
-for code in nonsense '[{' '1' quit 'null stop'; do
+for code in nonsense '[{' '[ }' quit 'null stop'; do
   printf '%%!PS\n%s\nshowpage\n%s\n' "$code" "$end" >"$work/jobs/2.ps"
   runJobs
   expect "Ghostscript_BadJob_Fails ($code)" same $? 1
