@@ -87,7 +87,10 @@ std::string commandText(ppd_file_t& ppd, const ppd_choice_t& choice, ppd_section
 }
 
 CustomParameters valuesOf(ImportState& state, const ppd_option_t& option, ppd_section_t section) {
-  if (section == PPD_ORDER_EXIT) return {};  // libcups writes the bare code.
+  if (section == PPD_ORDER_EXIT) {  // libcups writes the bare code.
+    noteUnusedParameters(state, option);
+    return {};
+  }
   if (isPageOption(option) && isPostScript(section)) return pageSizeParameters(state, option);
   return parametersOf(state, option, isPjl(section));
 }

@@ -191,4 +191,14 @@ CustomParameters pageSizeParameters(ImportState& state, const ppd_option_t& opti
   return parameters;
 }
 
+void noteUnusedParameters(ImportState& state, const ppd_option_t& option) {
+  ppd_coption_t* custom = ppdFindCustomOption(&state.ppd, option.keyword);
+  if (custom == nullptr) return;
+  for (ppd_cparam_t* parameter = ppdFirstCustomParam(custom); parameter != nullptr;
+       parameter = ppdNextCustomParam(custom)) {
+    state.losses.note(LossKind::kOption, titleOf(option, parameter->name) +
+                                             ": libcups writes no values into ExitServer");
+  }
+}
+
 }  // namespace driver_feature

@@ -23,6 +23,9 @@ CustomParameters parametersOf(ImportState& state, const ppd_option_t& option, bo
 // gives, and the offsets and orientation that libcups always writes.
 CustomParameters pageSizeParameters(ImportState& state, const ppd_option_t& option);
 
+// Notes the parameters of a custom choice that libcups writes without values.
+void noteUnusedParameters(ImportState& state, const ppd_option_t& option);
+
 }  // namespace driver_feature
 
 #endif  // HOST_PPD_CUSTOM_PARAMETERS_H_

@@ -41,7 +41,8 @@ std::optional<CustomPlan> readPlan(const std::string& text) {
   std::string word;
   bool first = true;
   while (words >> word) {
-    const std::size_t equals = word.find('=');
+    // A feature's name may hold the sign, its option "Custom" or "True" does not.
+    const std::size_t equals = first ? word.rfind('=') : word.find('=');
     if (equals == std::string::npos) return std::nullopt;
     const std::string right = word.substr(equals + 1);
     std::string_view left = std::string_view(word).substr(0, equals);

@@ -24,6 +24,14 @@ TEST(CustomTextTest, Plan_WrittenAndRead_IsTheSame) {
   EXPECT_TRUE(read->values[1].isNumber);
 }
 
+TEST(CustomTextTest, Plan_EqualsSignsInNames_AreOfTheNames) {
+  const auto plan = readPlan("A=b=Custom 1=A=b.c=d");
+  ASSERT_TRUE(plan.has_value());
+  EXPECT_EQ(plan->feature, "A=b");
+  EXPECT_EQ(plan->option, "Custom");
+  EXPECT_EQ(plan->values.at(0).text, "A=b.c=d");
+}
+
 TEST(CustomTextTest, Plan_NoneOrBroken_IsRefused) {
   for (const char* text : {"", " ", "PageSize", "A=B C", "A=B x=C", "A=B 1x=C", "A=B 1="}) {
     EXPECT_FALSE(readPlan(text).has_value()) << text;

@@ -134,6 +134,11 @@ class Run {
 }  // namespace
 
 int importOne(const ImportJob& job, LogDetail detail) {
+  std::error_code ignored;  // The two are then not the same file.
+  if (job.output != "-" && std::filesystem::equivalent(job.file, job.output, ignored)) {
+    complain(job.output + ": is the PPD file itself; give the description another name");
+    return kUnusable;
+  }
   PpdProblem problem;
   const auto description = importPpd(job.file, problem);
   if (!description) {

@@ -1,7 +1,7 @@
 #include "host/ppd/option_import.h"
 
 #include <algorithm>
-#include <array>
+#include <vector>
 
 #include "host/ppd/choice_text.h"
 #include "host/ppd/custom_import.h"
@@ -21,15 +21,15 @@ bool hasOption(ppd_file_t& ppd, const char* keyword) {
 bool canLoseMark(ppd_file_t& ppd, const ppd_option_t& option) {
   struct Row {
     const char* keyword;
-    std::array<const char*, 3> rivals;
+    std::vector<const char*> rivals;
   };
-  static constexpr Row kRows[] = {
+  static const std::vector<Row> kRows = {
       {"PageSize", {"PageRegion", "InputSlot", "ManualFeed"}},
       {"PageRegion", {"PageSize", "InputSlot", "ManualFeed"}},
-      {"InputSlot", {"ManualFeed", "AP_D_InputSlot", "ManualFeed"}},
-      {"ManualFeed", {"InputSlot", "InputSlot", "InputSlot"}},
+      {"InputSlot", {"ManualFeed", "AP_D_InputSlot"}},
+      {"ManualFeed", {"InputSlot"}},
   };
-  return std::any_of(std::begin(kRows), std::end(kRows), [&ppd, &option](const Row& row) {
+  return std::any_of(kRows.begin(), kRows.end(), [&ppd, &option](const Row& row) {
     return equalKeywords(row.keyword, option.keyword) &&
            std::any_of(row.rivals.begin(), row.rivals.end(),
                        [&ppd](const char* rival) { return hasOption(ppd, rival); });

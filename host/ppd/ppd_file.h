@@ -23,7 +23,8 @@ using PpdPointer = std::unique_ptr<ppd_file_t, PpdDeleter>;
 // cannot be read.
 PpdPointer readPpd(const std::string& path, PpdProblem& problem);
 
-// The options of all groups, in the order of the file.
+// The options of all groups, in the order of the file. libcups puts none into
+// subgroups.
 std::vector<ppd_option_t*> optionsOf(ppd_file_t& ppd);
 
 // The choices of an option, in the order of the file.

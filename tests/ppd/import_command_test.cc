@@ -82,6 +82,15 @@ TEST_F(ImportCommandTest, Import_OutputCannotBeWritten_EndsWithOne) {
   EXPECT_THAT(result.errors, HasSubstr("absent"));
 }
 
+TEST_F(ImportCommandTest, Import_OutputIsThePpdFile_IsRefused) {
+  write("small.ppd", kSmall);
+  EXPECT_EQ(run({"import", "small.ppd", "--output", "./small.ppd"}),
+            failure(2,
+                    "driver-feature: ./small.ppd: is the PPD file itself; give the description "
+                    "another name\n"));
+  EXPECT_EQ(read("small.ppd"), kSmall);
+}
+
 TEST_F(ImportCommandTest, Import_NothingOrBothGiven_IsWrongUsage) {
   const std::string needed =
       "driver-feature: either PPD files or --all DIR is needed; driver-feature import --help "
