@@ -63,6 +63,10 @@ constexpr const char* kPpd = R"(*PPD-Adobe: "4.3"
 *DefaultJCLName: None
 *JCLName None/None: ""
 *JCLCloseUI: *JCLName
+*OpenUI *Ink/Ink: PickOne
+*DefaultInk: Unknown
+*Ink Black/Black: "black"
+*CloseUI: *Ink
 *CustomJCLName True: "@PJL NAME=\1<0A>"
 *ParamCustomJCLName Text: 1 string 1 8
 )";
@@ -95,8 +99,9 @@ class PeerTest : public testing::Test {
 };
 
 TEST_F(PeerTest, Defaults_AreThoseAfterTheRulesOfMedia) {
-  EXPECT_THAT(settings(), ElementsAre("PageSize=not set", "PageRegion=A4", "InputSlot=Tray",
-                                      "Fold.Half=True", "Fold.Z=False", "JCLName=None"));
+  EXPECT_THAT(settings(),
+              ElementsAre("PageSize=not set", "PageRegion=A4", "InputSlot=Tray", "Fold.Half=True",
+                          "Fold.Z=False", "Ink=not set", "JCLName=None"));
   const JobTexts texts = peer_->texts();
   EXPECT_THAT(texts.sections,
               ElementsAre("", frame("InputSlot Tray", "%tray\xE9"), "",
@@ -111,7 +116,7 @@ TEST_F(PeerTest, CustomValues_AreSettingsAndText) {
   EXPECT_THAT(settings(),
               ElementsAre("PageSize=Custom", "PageSize.Width=200.5", "PageSize.Height=300",
                           "PageRegion=not set", "InputSlot=Tray", "Fold.Half=True", "Fold.Z=False",
-                          "JCLName=Custom", "JCLName.Text=a(b)"));
+                          "Ink=not set", "JCLName=Custom", "JCLName.Text=a(b)"));
   const JobTexts texts = peer_->texts();
   EXPECT_EQ(texts.sections[3], frame("CustomPageSize True", "200.5\n300\n0\n0\n1\ncustom"));
   EXPECT_EQ(texts.jcl, "\x1B%-12345X@PJL\n@PJL NAME=a(b)\n@PJL ENTER LANGUAGE=POSTSCRIPT\n");
@@ -128,9 +133,9 @@ TEST_F(PeerTest, ManyChoices_AreMarkedTogether) {
 
 TEST_F(PeerTest, Figures_CountWhatIsThere) {
   const PpdFigures figures = peer_->figures();
-  EXPECT_EQ(figures.options, 5);
+  EXPECT_EQ(figures.options, 6);
   // The custom choices of PageSize, PageRegion and JCLName are choices, too.
-  EXPECT_EQ(figures.choices, 9);
+  EXPECT_EQ(figures.choices, 10);
   EXPECT_EQ(figures.jclOptions, 1);
   EXPECT_EQ(figures.customOptions, 2);
   EXPECT_EQ(figures.longestCode, 13);
@@ -159,10 +164,10 @@ TEST_F(PeerTest, MediaMarks_CombineSlotsAndSizes) {
     for (const Mark& mark : marks) text += " " + mark.option + "=" + mark.choice;
     described.push_back(text);
   }
-  EXPECT_THAT(described,
-              ElementsAre(" PageSize=A4", " PageSize=Custom", " PageRegion=A4", " InputSlot=Tray",
-                          " InputSlot=Tray PageSize=A4", " InputSlot=Tray PageSize=Custom",
-                          " PageSize=Custom", " PageRegion=Custom", " JCLName=Custom"));
+  EXPECT_THAT(described, ElementsAre(" PageSize=A4", " PageSize=Custom", " PageRegion=A4",
+                                     " InputSlot=Tray", " InputSlot=Tray PageSize=A4",
+                                     " InputSlot=Tray PageSize=Custom", " PageSize=Custom",
+                                     " PageRegion=Custom", " Ink=Black", " JCLName=Custom"));
 }
 
 }  // namespace

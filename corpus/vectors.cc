@@ -1,6 +1,7 @@
 #include "corpus/vectors.h"
 
 #include <cups/array.h>
+#include <strings.h>
 
 #include <cstring>
 
@@ -37,6 +38,13 @@ Mark markOf(const Peer& peer, const ppd_option_t& option, const ppd_choice_t& ch
   return mark;
 }
 
+bool hasDefault(const ppd_option_t& option) {
+  for (int i = 0; i < option.num_choices; ++i) {
+    if (::strcasecmp(option.choices[i].choice, option.defchoice) == 0) return true;
+  }
+  return false;
+}
+
 // A mark for each choice of the option; none when the PPD has no such option.
 Marks allMarks(const Peer& peer, const char* keyword, Random& random) {
   Marks marks;
@@ -65,6 +73,9 @@ std::vector<Marks> mediaMarks(const Peer& peer, Random& random) {
     for (const Mark& feed : feeds) vectors.push_back({slot, feed});
   }
   for (const ppd_option_t* option : peer.options()) {
+    if (option->num_choices > 0 && !hasDefault(*option)) {
+      vectors.push_back({markOf(peer, *option, option->choices[0], random)});
+    }
     for (int i = 0; i < option->num_choices; ++i) {
       if (std::strcmp(option->choices[i].choice, "Custom") != 0) continue;
       vectors.push_back({markOf(peer, *option, option->choices[i], random)});
