@@ -115,8 +115,39 @@ TEST_F(ImportCommandTest, Import_SeveralFiles_EachHasItsOwn) {
 }
 
 TEST_F(ImportCommandTest, Import_Quietly_ShowsErrorsAndTheSummary) {
+  write("a.ppd", kSmall);
   write("b.ppd", std::string(kSmall) + "*UIConstraints: *Duplex *Duplex Off\n");
   EXPECT_EQ(run({"import", "b.ppd", "-q", "--output", "b.xml"}), success(""));
+  EXPECT_EQ(run({"import", "a.ppd", "b.ppd", "-q"}),
+            failure(0,
+                    "driver-feature: 2 PPD files imported, with 2 features and 2 options\n"
+                    "driver-feature: not carried over in all: 1 constraint; --verbose names "
+                    "each\n"));
+}
+
+TEST_F(ImportCommandTest, Import_SeveralFiles_PartsOfOptionsAreNamedAndTheRestCounted) {
+  write("a.ppd", kSmall);
+  write("b.ppd", std::string(kSmall) +
+                     "*UIConstraints: *Duplex *Duplex Off\n*NickName: \"B\"\n"
+                     "*OpenUI *Tray: PickOne\n*Tray A: \"\"\n*Tray a: \"\"\n*CloseUI: *Tray\n");
+  EXPECT_EQ(run({"import", "a.ppd", "b.ppd"}).errors,
+            "driver-feature: b.ppd: not carried over: choice *Tray a: libcups takes another choice "
+            "of the option for it\n"
+            "driver-feature: b.ppd: not carried over: 1 constraint, 1 other keyword\n"
+            "driver-feature: 2 PPD files imported, with 3 features and 4 options\n"
+            "driver-feature: not carried over in all: 1 part of an option, 1 constraint, 1 other "
+            "keyword; --verbose names each\n");
+}
+
+TEST_F(ImportCommandTest, Import_SeveralFilesToWhatIsNoFolder_EndsWithOne) {
+  write("a.ppd", kSmall);
+  write("b.ppd", "no PPD file");
+  write("out", "a file");
+  const RunResult result = run({"import", "a.ppd", "b.ppd", "--output", "out"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.errors, HasSubstr("driver-feature: 0 PPD files imported, with 0 features and "
+                                       "0 options\ndriver-feature: 2 failures: "));
+  EXPECT_EQ(read("out"), "a file");
 }
 
 TEST_F(ImportCommandTest, ImportAll_Folder_KeepsItsFoldersAndSumsUp) {
@@ -126,6 +157,7 @@ TEST_F(ImportCommandTest, ImportAll_Folder_KeepsItsFoldersAndSumsUp) {
   write("in/deep/bad.ppd", "*PPD-Adobe: \"4.3\"\n*OpenGroup: A\n*OpenGroup: B\n");
   write("in/deep/two.ppd.gz", kSmall);
   write("in/readme.txt", "no PPD file");
+  std::filesystem::create_directory_symlink("..", folder() / "in" / "up");
   EXPECT_EQ(run({"import", "--all", "in", "--output", "out"}),
             failure(2,
                     "driver-feature: in/deep/two.ppd.gz: its description would replace that of "

@@ -81,7 +81,7 @@ TEST_F(OddFilesTest, CustomTextInAnotherSection_StandsThere) {
   importLines(
       "*OpenUI *Mark: PickOne\n*OrderDependency: 10 AnySetup *Mark\n*DefaultMark: None\n"
       "*Mark None: \"none\"\n*CloseUI: *Mark\n*CustomMark True: \"custom\"\n"
-      "*NonUIOrderDependency: 50 PageSetup *CustomMark True\n");
+      "*NonUIOrderDependency: 10 PageSetup *CustomMark True\n");
   MarkedPpd ppd = odd();
   ppd.mark("Mark", "Custom");
   const std::string text = postScript("odd", {{"Mark", "Custom"}});
@@ -122,6 +122,70 @@ TEST_F(OddFilesTest, OrderThatDependsOnOthers_IsNamed) {
                                 "libcups writes options with equal order dependencies\n"));
   MarkedPpd ppd = odd();
   EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
+}
+
+// "False" is marked by default, and choosing a source unmarks it.
+TEST_F(OddFilesTest, OrderThatDependsOnAMarkThatCanGo_IsNamed) {
+  const std::string errors = importLines(
+      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
+      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
+      "*B X: \"b\"\n*CloseUI: *B\n*OpenUI *InputSlot: PickOne\n"
+      "*OrderDependency: 5 DocumentSetup *InputSlot\n*DefaultInputSlot: X\n*InputSlot X: \"i\"\n"
+      "*CloseUI: *InputSlot\n*OpenUI *ManualFeed: Boolean\n"
+      "*OrderDependency: 10 AnySetup *ManualFeed\n*DefaultManualFeed: False\n"
+      "*ManualFeed False: \"m\"\n*CloseUI: *ManualFeed\n");
+  EXPECT_EQ(errors,
+            "driver-feature: odd.ppd: not carried over: the influence of *ManualFeed on the order "
+            "in which libcups writes options with equal order dependencies\n");
+  MarkedPpd ppd = odd();
+  EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
+}
+
+// A custom choice stands in the place of the option's other choices, and so
+// moves nothing.
+TEST_F(OddFilesTest, CustomChoiceAmongEqualOrders_MovesNothing) {
+  const std::string errors = importLines(
+      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
+      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
+      "*B X: \"b\"\n*CloseUI: *B\n*OpenUI *Mark: PickOne\n"
+      "*OrderDependency: 10 AnySetup *Mark\n*DefaultMark: X\n*Mark X: \"m\"\n*CloseUI: *Mark\n"
+      "*CustomMark True: \"c\"\n*ParamCustomMark N: 1 int 0 9\n");
+  EXPECT_EQ(errors, "");
+  MarkedPpd ppd = odd();
+  ppd.mark("Mark", "Custom.7");
+  EXPECT_EQ(section(postScript("odd", {{"Mark", "Custom"}, {"Mark.N", "7"}}), "AnySetup"),
+            ppd.text(PPD_ORDER_ANY));
+}
+
+TEST_F(OddFilesTest, CustomSize_OrientationAboveItsLimit_IsTheLimit) {
+  importLines(
+      "*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n*PageSize A4: \"a4\"\n"
+      "*CloseUI: *PageSize\n*CustomPageSize True: \"c\"\n"
+      "*ParamCustomPageSize Width: 4 points 1 900\n*ParamCustomPageSize Height: 5 points 1 900\n"
+      "*ParamCustomPageSize Orientation: 1 int 0 0\n");
+  MarkedPpd ppd = odd();
+  ppd.mark("PageSize", "Custom.300x400");
+  const std::string text = section(
+      postScript("odd",
+                 {{"PageSize", "Custom"}, {"PageSize.Width", "300"}, {"PageSize.Height", "400"}}),
+      "AnySetup");
+  EXPECT_THAT(text, HasSubstr("True\n0\n0\n0\n300\n400\nc\n"));
+  EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
+}
+
+TEST_F(OddFilesTest, DefaultSourceThatRequiresARegion_RegionIsTheDefault) {
+  importLines(
+      "*RequiresPageRegion All: True\n"
+      "*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n*PageSize A4: \"size\"\n"
+      "*CloseUI: *PageSize\n*PaperDimension A4: \"595 842\"\n"
+      "*OpenUI *PageRegion: PickOne\n*DefaultPageRegion: A4\n*PageRegion A4: \"region\"\n"
+      "*CloseUI: *PageRegion\n*OpenUI *InputSlot: PickOne\n*DefaultInputSlot: X\n"
+      "*InputSlot X: \"i\"\n*CloseUI: *InputSlot\n");
+  const std::string text = section(postScript("odd"), "AnySetup");
+  EXPECT_THAT(text, HasSubstr("*PageRegion A4\nregion\n"));
+  EXPECT_THAT(text, Not(HasSubstr("*PageSize")));
+  MarkedPpd ppd = odd();
+  EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
 }
 
 }  // namespace
