@@ -33,7 +33,7 @@ orderedNames() {
 
 build=$1
 shift
-sample='' seed=1 vectors=10 files=()
+sample='' seed=1 vectors=20 files=()
 while [ $# -gt 0 ]; do
   case $1 in
     --sample) sample=$(number "$1" "${2:-}" 1) ;;

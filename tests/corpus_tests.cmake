@@ -6,7 +6,8 @@ find_program(BASH_PROGRAM bash REQUIRED)
 driver_feature_test(corpus_unit_tests
   GLOB corpus/*_test.cc LINK ppd_corpus driver_feature_host)
 driver_feature_test(corpus_program_tests
-  GLOB tests/corpus/*_test.cc tests/host/program_runner.cc LINK util)
+  GLOB tests/corpus/*_test.cc tests/corpus/equivalence_fixture.cc tests/host/program_runner.cc
+  LINK util)
 target_link_libraries(corpus_program_tests PRIVATE nlohmann_json::nlohmann_json)
 
 add_library(corpus_test_routines MODULE corpus/routines.cc)

@@ -39,6 +39,11 @@ EXPORTED void leaveInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) 
   ::_exit(0);
 }
 
+EXPORTED void countInOutput(DriverFeatureSet* /*set*/, std::string& output) {
+  static int calls = 0;
+  output += "% call " + std::to_string(++calls) + "\n";
+}
+
 EXPORTED bool hangInUpdate() {
   hang();
 }
