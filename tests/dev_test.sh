@@ -593,12 +593,32 @@ echo 1 >"$work/status.python3"
 dev mutate
 expectStatus 1
 
+# prepareCorpus: a run that answers a status.
+prepareCorpus() {
+  fake cmake
+  mkdir "$work/project/corpus"
+  printf 'echo "run $*" >>"%s/calls"; exit %s\n' "$work" "$1" >"$work/project/corpus/run.sh"
+}
+
+begin Corpus_BuildsItsTargetsOnly_AndHandsItsArgumentsOn
+prepareCorpus 0
+dev corpus --sample 200 --seed 7
+expectStatus 0
+expectCalls 'cmake --preset release --log-level=WARNING' \
+  'cmake --build --preset release --parallel 3 --target ppd_equivalence DriverFeature' \
+  'run build/release --sample 200 --seed 7'
+
+begin Corpus_Findings_AreItsStatus
+prepareCorpus 1
+dev corpus
+expectStatus 1
+
 begin Help_ListsEveryCommand
 dev help
 expectStatus 0
 expectEmpty err
-for name in setup build test test-i386 test-locales abi fuzz coverage mutate demo package lint format clean \
-  help; do
+for name in setup build test test-i386 test-locales abi fuzz coverage mutate corpus demo package lint \
+  format clean help; do
   checks=$((checks + 1))
   grep -qE -- "^  $name( [^ ].*)?  *[a-z].*" "$work/out" || fail "does not list $name"
 done
