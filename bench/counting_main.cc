@@ -1,5 +1,5 @@
 // Runs each operation a few times for callgrind, which is to be started with
-// --collect-atstart=no. Each operation becomes a dump of its own, described as
+// --instr-atstart=no. Each operation becomes a dump of its own, described as
 // "RUNS OPERATION/SIZE"; what it has collected divided by the runs is the
 // operation's instructions.
 //
@@ -16,11 +16,10 @@
 namespace driver_feature::bench {
 namespace {
 
-constexpr int kRunsOfSmall = 100;
+constexpr int kRuns = 100;
 
-// An operation over all features is long enough to be counted once.
 int runsFor(const Step& step) {
-  return step.after || step.iterations > 0 ? 1 : kRunsOfSmall;
+  return step.after || step.overAll ? 1 : kRuns;
 }
 
 void finish(const Step& step) {
@@ -34,16 +33,14 @@ void count(const Operation& operation, int size) {
     finish(step);
   }
   const int runs = runsFor(step);
-  CALLGRIND_ZERO_STATS;
-  for (int i = 0; i < runs; ++i) {
-    CALLGRIND_TOGGLE_COLLECT;
-    step.run();
-    CALLGRIND_TOGGLE_COLLECT;
-    finish(step);
-  }
   const std::string description =
       std::to_string(runs) + " " + operation.name + "/" + std::to_string(size);
+  CALLGRIND_START_INSTRUMENTATION;
+  CALLGRIND_ZERO_STATS;
+  for (int i = 0; i < runs; ++i) step.run();
   CALLGRIND_DUMP_STATS_AT(description.c_str());
+  CALLGRIND_STOP_INSTRUMENTATION;
+  finish(step);
 }
 
 std::string nameOf(const Operation& operation, int size) {

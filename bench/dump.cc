@@ -22,12 +22,14 @@ class NoOutput : public std::streambuf {
 void addDump(Operations& operations) {
   operations.push_back({"dump", kFeatureCounts, [](int size) {
                           DriverFeatureSet& set = useModel(kPSCarrier.kind, size);
-                          return Step{[&set] {
-                            NoOutput nowhere;
-                            std::streambuf* before = std::cout.rdbuf(&nowhere);
-                            set.dumpFeatureListValues();
-                            std::cout.rdbuf(before);
-                          }};
+                          return Step{.run =
+                                          [&set] {
+                                            NoOutput nowhere;
+                                            std::streambuf* before = std::cout.rdbuf(&nowhere);
+                                            set.dumpFeatureListValues();
+                                            std::cout.rdbuf(before);
+                                          },
+                                      .overAll = true};
                         }});
 }
 

@@ -13,7 +13,7 @@ void addNotification(Operations& operations) {
       {"notify", kFeatureCounts, [](int size) {
          DriverFeatureSet& set = useModel("typed", size);
          CoreFeature& feature = *set.FindFeatureInFeatureList(featureName(0));
-         return Step{[&feature, property = std::string("CurrentIntValue"), value = 0]() mutable {
+         return Step{[&feature, property = std::string("CurrentIntValue"), value = 100]() mutable {
            const Calls before = calls;
            feature.setFeatureProperty(property, ++value);
            if (calls.changes == before.changes || calls.updates == before.updates) std::abort();

@@ -20,6 +20,8 @@ struct Step {
   // How often it is run to be timed, whatever the size; 0 lets the framework
   // decide. For runs that leave something for good.
   std::int64_t iterations = 0;
+  // Whether it goes over all features, so that one run is enough to be counted.
+  bool overAll = false;
 };
 
 struct Operation {

@@ -57,7 +57,8 @@ Step marking(int size) {
 }
 
 Step emitting(int size) {
-  return {[ppd = modelOf(size)] { benchmark::DoNotOptimize(emitAll(ppd).get()); }};
+  return {.run = [ppd = modelOf(size)] { benchmark::DoNotOptimize(emitAll(ppd).get()); },
+          .overAll = true};
 }
 
 Step lookingUp(int size) {

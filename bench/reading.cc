@@ -57,9 +57,11 @@ void addReading(Operations& operations) {
   operations.push_back(
       {"find by attribute", kFeatureCounts, [](int size) {
          DriverFeatureSet& set = useModel(kPSCarrier.kind, size);
-         return Step{[&set, property = std::string("Name"), name = featureName(size - 1)] {
-           benchmark::DoNotOptimize(set.FindFeatureInFeatureList(property, name));
-         }};
+         return Step{.run =
+                         [&set, property = std::string("Name"), name = featureName(size - 1)] {
+                           benchmark::DoNotOptimize(set.FindFeatureInFeatureList(property, name));
+                         },
+                     .overAll = true};
        }});
 }
 

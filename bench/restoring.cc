@@ -15,7 +15,7 @@ Step onAllNames(int size, void (*function)(AttributeMap&)) {
   useModel("typed", size);
   AttributeMap names;
   for (int i = 0; i < size; ++i) names[featureName(i)];
-  return {[names, function]() mutable { function(names); }};
+  return {.run = [names, function]() mutable { function(names); }, .overAll = true};
 }
 
 }  // namespace
@@ -23,7 +23,8 @@ Step onAllNames(int size, void (*function)(AttributeMap&)) {
 void addRestoring(Operations& operations) {
   operations.push_back({"restore defaults", kFeatureCounts, [](int size) {
                           DriverFeatureSet& set = useModel("typed", size);
-                          return Step{[&set] { set.restoreDefaultFeatureValues(); }};
+                          return Step{.run = [&set] { set.restoreDefaultFeatureValues(); },
+                                      .overAll = true};
                         }});
   operations.push_back({"save values", kFeatureCounts,
                         [](int size) { return onAllNames(size, SaveCurrentFeatureValues); }});

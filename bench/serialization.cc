@@ -14,10 +14,12 @@ void addSerializationAs(Operations& operations, const char* name, const Carrier&
                         int type) {
   operations.push_back({name, kFeatureCounts, [&carrier, type](int size) {
                           DriverFeatureSet& set = useModel(carrier.kind, size);
-                          return Step{[&set, type, output = std::string()]() mutable {
-                            set.serialize(output, type, false, "", "");
-                            benchmark::DoNotOptimize(output.data());
-                          }};
+                          return Step{.run =
+                                          [&set, type, output = std::string()]() mutable {
+                                            set.serialize(output, type, false, "", "");
+                                            benchmark::DoNotOptimize(output.data());
+                                          },
+                                      .overAll = true};
                         }});
 }
 

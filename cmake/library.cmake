@@ -23,6 +23,7 @@ add_library(driver_feature_objects OBJECT
   model/vocabulary.cc
   output/command_template.cc
   output/conversion.cc
+  output/feature_text.cc
   output/group_text.cc
   output/group_ticket.cc
   output/serialization.cc

@@ -61,8 +61,19 @@ int DriverFeatureSet::fetchNumberOfFeatures() {
 }
 
 DriverFeature* DriverFeatureSet::fetchFeatureByIndex(int index) {
-  if (index < 0 || index >= fetchNumberOfFeatures()) return nullptr;
-  return std::next(features_.begin(), index)->second;
+  if (index < 0 || static_cast<std::size_t>(index) >= features_.size()) return nullptr;
+  return featureAt(index)->second;
+}
+
+DriverFeatureSet::Features::const_iterator DriverFeatureSet::featureAt(int index) {
+  const bool nearerToStart = lastFetchedIndex_ - index > index;
+  if (lastFetchedIndex_ < 0 || nearerToStart) {
+    lastFetched_ = features_.begin();
+    lastFetchedIndex_ = 0;
+  }
+  std::advance(lastFetched_, index - lastFetchedIndex_);
+  lastFetchedIndex_ = index;
+  return lastFetched_;
 }
 
 CoreFeature* DriverFeatureSet::FindFeatureInFeatureList(const std::string& name) {
@@ -124,6 +135,7 @@ void DriverFeatureSet::restoreDefaultFeatureValues() {
 int DriverFeatureSet::addFeatureToFeatureList(const std::string& name, DriverFeature* feature) {
   if (name.empty() || feature == nullptr) return 0;
   features_[name] = feature;
+  lastFetchedIndex_ = -1;
   return 1;
 }
 
@@ -159,4 +171,5 @@ void DriverFeatureSet::swapContents(Contents& contents) noexcept {
   features_.swap(contents.features);
   staticGroups_.swap(contents.staticGroups);
   dynamicGroups_.swap(contents.dynamicGroups);
+  lastFetchedIndex_ = -1;
 }

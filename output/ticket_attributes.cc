@@ -1,11 +1,9 @@
 #include "output/ticket_attributes.h"
 
-#include <string_view>
-
 #include "model/messages.h"
 #include "model/text_conversion.h"
 #include "model/vocabulary.h"
-#include "output/command_template.h"
+#include "output/feature_text.h"
 #include "output/text_dialect.h"
 
 namespace driver_feature {
@@ -63,56 +61,6 @@ bool readFloatValue(CoreFeature& feature, std::string& value) {
   return true;
 }
 
-template <class Value>
-void format(const std::string& commandTemplate, const Value& value, std::string& output) {
-  if (formatCommand(commandTemplate, value, output)) return;
-  logComposed(Level::kWarning,
-              "createTicketPDLAttributes() - Cannot format value with command template \"{}\"",
-              commandTemplate);
-}
-
-void formatOption(CoreFeature& feature, const std::string& commandTemplate, std::string& output,
-                  const TextDialect& dialect) {
-  CoreOption* option = feature.fetchCurrentOption();
-  if (option == nullptr) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get current feature option");
-    return;
-  }
-  std::string command;
-  if (!option->getOptionProperty(std::string(dialect.commandProperty), command)) {
-    logFixed(Level::kWarning, dialect.optionCommandUnreadable);
-    return;
-  }
-  format(commandTemplate, std::string_view(command), output);
-}
-
-void formatInt(CoreFeature& feature, const std::string& commandTemplate, std::string& output) {
-  int value = 0;
-  if (!feature.getFeatureProperty(std::string("CurrentIntValue"), &value)) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature int value");
-    return;
-  }
-  format(commandTemplate, value, output);
-}
-
-void formatText(CoreFeature& feature, const std::string& commandTemplate, std::string& output) {
-  std::string value;
-  if (!feature.getFeatureProperty(std::string("CurrentTextValue"), value)) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature text value");
-    return;
-  }
-  format(commandTemplate, std::string_view(value), output);
-}
-
-void formatFloat(CoreFeature& feature, const std::string& commandTemplate, std::string& output) {
-  float value = 0;
-  if (!feature.getFeatureProperty(std::string("CurrentFloatValue"), &value)) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature float value");
-    return;
-  }
-  format(commandTemplate, static_cast<double>(value), output);
-}
-
 }  // namespace
 
 bool createTicketNodeAttributes(CoreFeature& feature, std::string& syntax, std::string& value) {
@@ -139,18 +87,8 @@ bool createTicketNodeAttributes(CoreFeature& feature, std::string& syntax, std::
 void createTicketPDLAttributes(CoreFeature& feature, const std::string& commandTemplate,
                                std::string& output, bool forPostScript) {
   output.clear();
-  switch (feature.getFeatureType()) {
-    case kMultiSelect:
-      return formatOption(feature, commandTemplate, output, forPostScript ? kPostScript : kPJL);
-    case kIntEntry:
-      return formatInt(feature, commandTemplate, output);
-    case kTextEntry:
-      return formatText(feature, commandTemplate, output);
-    case kFloatEntry:
-      return formatFloat(feature, commandTemplate, output);
-    default:
-      logFixed(Level::kMisuse, "createTicketPDLAttributes() - Feature has an invalid feature type");
-  }
+  FeatureText text(forPostScript ? kPostScript : kPJL);
+  text.append(feature, commandTemplate, output);
 }
 
 bool createTicketAttributes(CoreFeature& feature, std::string& syntax) {

@@ -27,11 +27,21 @@ using XmlText = std::unique_ptr<xmlChar, void (*)(void*)>;
 
 // Without memory libxml2 answers null, which stands for an empty text as well.
 // The two must not be taken for each other.
-XmlText valueOf(const xmlAttr& attribute) {
+XmlText copiedValueOf(const xmlAttr& attribute) {
   XmlText value(xmlNodeListGetString(attribute.doc, attribute.children, 1), xmlFree);
   const xmlNode* text = attribute.children;
   if (!value && text != nullptr && text->content != nullptr) throw std::bad_alloc();
   return value;
+}
+
+// A value that is one text, as nearly all are, is read where it stands.
+void readValue(const xmlAttr& attribute, std::string& value) {
+  const xmlNode* text = attribute.children;
+  if (text != nullptr && text->type == XML_TEXT_NODE && text->next == nullptr) {
+    value = textOf(text->content);
+  } else {
+    value = textOf(copiedValueOf(attribute).get());
+  }
 }
 
 class LibXml2Parser final : public XMLParser {
@@ -66,8 +76,7 @@ class LibXml2Parser final : public XMLParser {
       if (attribute->ns != nullptr && attribute->ns->prefix != nullptr) {
         name.insert(0, std::string(textOf(attribute->ns->prefix)) + ':');
       }
-      const XmlText value = valueOf(*attribute);
-      map[name] = textOf(value.get());
+      readValue(*attribute, map[name]);
     }
   }
 };
