@@ -142,9 +142,11 @@ def main():
             theirs.add(peer, models, options.min_time)
         our_counts = callgrind.count(programs / "library_counting", list(ours.times[0]), models)
         their_counts = callgrind.count(programs / "peer_counting", list(theirs.times[0]), models)
+        memory = run(programs / "memory_report", models, "10000").decode()
     print_pairs(ours, theirs, our_counts, their_counts)
     print()
     print_all(ours, our_counts)
+    print(f"\nMemory:\n\n{memory}")
 
 
 if __name__ == "__main__":

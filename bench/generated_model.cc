@@ -127,6 +127,7 @@ std::string descriptionText(int features, const Carrier& carrier, int choices) {
 
 std::string typedDescriptionText(int features) {
   constexpr std::string_view kTypes[] = {"IntEntry", "FloatEntry", "TextEntry"};
+  constexpr std::string_view kConversions[] = {"%d", "%f", "%s"};
   constexpr std::string_view kDefaults[] = {"1", "1.5", "a text of thirty characters..."};
   std::string text(kDescriptionHead);
   for (int i = 0; i < features; ++i) {
@@ -134,6 +135,7 @@ std::string typedDescriptionText(int features) {
     text.append("  <Feature").append(attribute("FeatureType", kTypes[type]));
     text.append(attribute("Name", featureName(i)));
     text.append(attribute("AddCallbackRoutine", "benchChange"));
+    text.append(attribute("PSCommand", std::string(kConversions[type]) + "\n"));
     text.append(attribute("DefaultValue", kDefaults[type])).append("/>\n");
   }
   return text.append(kDescriptionTail);

@@ -59,7 +59,7 @@ inline constexpr Carrier kTicketCarrier = {"ticket", "TESKJTAttributeName", "TES
 // The features of the PPD file, their output in the carrier's attributes.
 std::string descriptionText(int features, const Carrier& carrier, int choices = kChoices);
 
-// A third each of integer, float and text features, and no commands.
+// A third each of integer, float and text features.
 std::string typedDescriptionText(int features);
 
 // A dynamic group "Records" whose records hold a text and an integer. Its sort

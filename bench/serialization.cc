@@ -10,10 +10,10 @@ namespace driver_feature::bench {
 
 namespace {
 
-void addSerializationAs(Operations& operations, const char* name, const Carrier& carrier,
+void addSerializationAs(Operations& operations, const char* name, const std::string& kind,
                         int type) {
-  operations.push_back({name, kFeatureCounts, [&carrier, type](int size) {
-                          DriverFeatureSet& set = useModel(carrier.kind, size);
+  operations.push_back({name, kFeatureCounts, [kind, type](int size) {
+                          DriverFeatureSet& set = useModel(kind, size);
                           return Step{.run =
                                           [&set, type, output = std::string()]() mutable {
                                             set.serialize(output, type, false, "", "");
@@ -26,9 +26,10 @@ void addSerializationAs(Operations& operations, const char* name, const Carrier&
 }  // namespace
 
 void addSerialization(Operations& operations) {
-  addSerializationAs(operations, "serialize PostScript", kPSCarrier, 1);
-  addSerializationAs(operations, "serialize PJL", kPJLCarrier, 0);
-  addSerializationAs(operations, "serialize ticket", kTicketCarrier, 2);
+  addSerializationAs(operations, "serialize PostScript", kPSCarrier.kind, 1);
+  addSerializationAs(operations, "serialize PJL", kPJLCarrier.kind, 0);
+  addSerializationAs(operations, "serialize ticket", kTicketCarrier.kind, 2);
+  addSerializationAs(operations, "serialize numbers and texts", "typed", 1);
   operations.push_back({"copy the PostScript", kFeatureCounts, [](int size) {
                           return Step{[text = textOfModel(size), copy = std::string()]() mutable {
                             copy.assign(text.data(), text.size());

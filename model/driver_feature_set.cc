@@ -1,7 +1,5 @@
 #include "model/driver_feature_set.h"
 
-#include <iterator>
-
 #include "frame/state.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
@@ -66,13 +64,13 @@ DriverFeature* DriverFeatureSet::fetchFeatureByIndex(int index) {
 }
 
 DriverFeatureSet::Features::const_iterator DriverFeatureSet::featureAt(int index) {
-  const bool nearerToStart = lastFetchedIndex_ - index > index;
-  if (lastFetchedIndex_ < 0 || nearerToStart) {
+  const bool isNearerToStart = lastFetchedIndex_ - index > index;
+  if (lastFetchedIndex_ < 0 || isNearerToStart) {
     lastFetched_ = features_.begin();
     lastFetchedIndex_ = 0;
   }
-  std::advance(lastFetched_, index - lastFetchedIndex_);
-  lastFetchedIndex_ = index;
+  for (; lastFetchedIndex_ < index; ++lastFetchedIndex_) ++lastFetched_;
+  for (; lastFetchedIndex_ > index; --lastFetchedIndex_) --lastFetched_;
   return lastFetched_;
 }
 

@@ -10,10 +10,6 @@ namespace driver_feature {
 
 namespace {
 
-bool readNonEmpty(CoreFeature& feature, const std::string& property, std::string& text) {
-  return feature.getFeatureProperty(property, text) && !text.empty();
-}
-
 template <class Value>
 void appendFormatted(const std::string& commandTemplate, const Value& value, std::string& output) {
   if (appendCommand(commandTemplate, value, output)) return;
@@ -23,20 +19,6 @@ void appendFormatted(const std::string& commandTemplate, const Value& value, std
 }
 
 }  // namespace
-
-bool FeatureText::isInGroup(CoreFeature& feature) const {
-  bool inGroup = false;
-  feature.getFeatureProperty(inGroupProperty_, &inGroup);
-  return inGroup;
-}
-
-bool FeatureText::readTemplate(CoreFeature& feature, std::string& text) const {
-  return readNonEmpty(feature, commandProperty_, text);
-}
-
-bool FeatureText::readRoutineName(CoreFeature& feature, std::string& text) const {
-  return readNonEmpty(feature, routineProperty_, text);
-}
 
 void FeatureText::append(CoreFeature& feature, const std::string& commandTemplate,
                          std::string& output) {
@@ -61,7 +43,7 @@ void FeatureText::appendOption(CoreFeature& feature, const std::string& commandT
     logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get current feature option");
     return;
   }
-  if (!option->getOptionProperty(commandProperty_, value_)) {
+  if (!option->getOptionProperty(nameText(dialect_.commandProperty), value_)) {
     logFixed(Level::kWarning, dialect_.optionCommandUnreadable);
     return;
   }
@@ -70,7 +52,7 @@ void FeatureText::appendOption(CoreFeature& feature, const std::string& commandT
 
 void FeatureText::appendText(CoreFeature& feature, const std::string& commandTemplate,
                              std::string& output) {
-  if (!feature.getFeatureProperty(textProperty_, value_)) {
+  if (!feature.getFeatureProperty(nameText(Property::kCurrentTextValue), value_)) {
     logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature text value");
     return;
   }
@@ -80,7 +62,7 @@ void FeatureText::appendText(CoreFeature& feature, const std::string& commandTem
 void FeatureText::appendInt(CoreFeature& feature, const std::string& commandTemplate,
                             std::string& output) const {
   int value = 0;
-  if (!feature.getFeatureProperty(intProperty_, &value)) {
+  if (!feature.getFeatureProperty(nameText(Property::kCurrentIntValue), &value)) {
     logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature int value");
     return;
   }
@@ -90,7 +72,7 @@ void FeatureText::appendInt(CoreFeature& feature, const std::string& commandTemp
 void FeatureText::appendFloat(CoreFeature& feature, const std::string& commandTemplate,
                               std::string& output) const {
   float value = 0;
-  if (!feature.getFeatureProperty(floatProperty_, &value)) {
+  if (!feature.getFeatureProperty(nameText(Property::kCurrentFloatValue), &value)) {
     logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature float value");
     return;
   }

@@ -9,26 +9,15 @@
 
 namespace driver_feature {
 
-// Keeps the names of the properties that it reads, and the text that it reads
-// values into, so that a feature costs no memory once that text is long enough.
+// Keeps the text that it reads values into, so that a feature costs no memory
+// once that text is long enough.
 class FeatureText {
  public:
-  explicit FeatureText(const TextDialect& dialect)
-      : dialect_(dialect),
-        commandProperty_(dialect.commandProperty),
-        routineProperty_(dialect.routineProperty) {}
+  explicit FeatureText(const TextDialect& dialect) : dialect_(dialect) {}
   FeatureText(const FeatureText&) = delete;
   FeatureText& operator=(const FeatureText&) = delete;
 
   const TextDialect& dialect() const { return dialect_; }
-
-  // Whether the feature is written by a static group that holds it.
-  bool isInGroup(CoreFeature& feature) const;
-
-  // Read the feature's command template or the name of its routine into
-  // `text`; true when it can be read and is not empty.
-  bool readTemplate(CoreFeature& feature, std::string& text) const;
-  bool readRoutineName(CoreFeature& feature, std::string& text) const;
 
   // Appends the current option's command, or the current value, in the command
   // template. Nothing, after a log line, when there is no text.
@@ -43,12 +32,6 @@ class FeatureText {
                    std::string& output) const;
 
   const TextDialect& dialect_;
-  const std::string inGroupProperty_ = "FeatureInGroup";
-  const std::string commandProperty_;
-  const std::string routineProperty_;
-  const std::string intProperty_ = "CurrentIntValue";
-  const std::string textProperty_ = "CurrentTextValue";
-  const std::string floatProperty_ = "CurrentFloatValue";
   std::string value_;
 };
 

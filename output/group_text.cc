@@ -20,7 +20,7 @@ void processTextStaticGroup(CoreFeature& object, FeatureText& featureText, std::
 // Runs the routine that `owner` names, if it names one, on `text`.
 void runOwnRoutine(CoreFeature& owner, const FeatureText& featureText, std::string& text) {
   std::string routineName;
-  if (!featureText.readRoutineName(owner, routineName)) return;
+  if (!readNonEmpty(owner, featureText.dialect().routineProperty, routineName)) return;
   if (runTextRoutine(routineName, text)) return;
   logComposed(Level::kMisuse, featureText.dialect().groupRoutineMissing, routineName);
 }
@@ -29,10 +29,10 @@ void runOwnRoutine(CoreFeature& owner, const FeatureText& featureText, std::stri
 // its capacity.
 void writeMember(CoreFeature& group, CoreFeature& member, int index, FeatureText& featureText,
                  std::string& scratch, std::string& collected) {
-  if (featureText.readTemplate(member, scratch)) {
+  const TextDialect& dialect = featureText.dialect();
+  if (readNonEmpty(member, dialect.commandProperty, scratch)) {
     return featureText.append(member, scratch, collected);
   }
-  const TextDialect& dialect = featureText.dialect();
   logComposed(Level::kInformation, dialect.memberWithoutCommand, toDecimalText(index));
   std::string piece;
   runOwnRoutine(dialect.memberRunsGroupRoutine ? group : member, featureText, piece);
@@ -76,12 +76,12 @@ void processTextStaticGroup(CoreFeature& object, FeatureText& featureText, std::
     logFixed(Level::kInformation, dialect.groupNotStandard);
     return;
   }
-  if (featureText.isInGroup(*group) && topLevel) {
+  if (isInGroup(*group) && topLevel) {
     logFixed(Level::kInformation, dialect.groupInGroup);
     return;
   }
   std::string groupTemplate;
-  if (!featureText.readTemplate(*group, groupTemplate)) {
+  if (!readNonEmpty(*group, dialect.commandProperty, groupTemplate)) {
     runOwnRoutine(*group, featureText, output);
     return;
   }

@@ -24,16 +24,16 @@ enum PDLType : int { kTypePJL = 0, kTypePostScript = 1, kTypeTicket = 2 };
 // A property that may hold a feature's ticket name, and the kind of node that
 // it makes.
 struct TicketNameRow {
-  const char* property;
+  Property property;
   bool jobTicketAttribute;
   bool onlyWithInstallableOptions;
 };
 
 constexpr TicketNameRow kTicketNames[] = {
-    {"TESKJTAttributeName", true, false},
-    {"TESKOAAttributeName", false, false},
-    {"InstOptAttributeName", true, true},
-    {"NonVORNAttributeName", true, false},
+    {Property::kTESKJTAttributeName, true, false},
+    {Property::kTESKOAAttributeName, false, false},
+    {Property::kInstOptAttributeName, true, true},
+    {Property::kNonVORNAttributeName, true, false},
 };
 
 // Required: a group goes by its first two names only.
@@ -53,15 +53,17 @@ void logMissingGroup(int number) {
 void writeFeatureText(CoreFeature& feature, int index, FeatureText& text, std::string& scratch,
                       std::string& output) {
   const TextDialect& dialect = text.dialect();
-  if (text.isInGroup(feature)) {
+  if (isInGroup(feature)) {
     if (dialect.logsFeatureInGroup) {
       logComposed(Level::kInformation, "serialize() - Feature {} is in a group",
                   toDecimalText(index));
     }
     return;
   }
-  if (text.readTemplate(feature, scratch)) return text.append(feature, scratch, output);
-  if (!text.readRoutineName(feature, scratch)) return;
+  if (readNonEmpty(feature, dialect.commandProperty, scratch)) {
+    return text.append(feature, scratch, output);
+  }
+  if (!readNonEmpty(feature, dialect.routineProperty, scratch)) return;
   if (runTextRoutine(scratch, output)) return;
   logComposed(Level::kMisuse, dialect.featureRoutineMissing, scratch);
 }
@@ -102,7 +104,7 @@ void writeText(DriverFeatureSet& set, const TextDialect& dialect, std::string& s
 // Runs the object's ticket routine at top level. False when it names none.
 bool runOwnTicketRoutine(CoreFeature& object, VORNWriter& writer) {
   std::string routineName;
-  if (!readNonEmpty(object, "AddVORNCallbackRoutine", routineName)) return false;
+  if (!readNonEmpty(object, Property::kAddVORNCallbackRoutine, routineName)) return false;
   if (!runTicketRoutine(routineName, writer, nullptr)) {
     logComposed(Level::kMisuse, "serialize() - Cannot load VORN Command callback: {}", routineName);
   }

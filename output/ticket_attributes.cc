@@ -16,7 +16,7 @@ bool readOptionCommand(CoreFeature& feature, std::string& value) {
     logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get current feature option");
     return false;
   }
-  if (!option->getOptionProperty(std::string("TESKCommand"), value)) {
+  if (!option->getOptionProperty(nameText(Property::kTESKCommand), value)) {
     logFixed(Level::kWarning,
              "createTicketNodeAttributes() - Cannot get current feature option command");
     return false;
@@ -31,7 +31,7 @@ bool readOptionCommand(CoreFeature& feature, std::string& value) {
 
 bool readIntValue(CoreFeature& feature, std::string& value) {
   int number = 0;
-  if (!feature.getFeatureProperty(std::string("CurrentIntValue"), &number)) {
+  if (!feature.getFeatureProperty(nameText(Property::kCurrentIntValue), &number)) {
     logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get feature int value");
     return false;
   }
@@ -40,7 +40,7 @@ bool readIntValue(CoreFeature& feature, std::string& value) {
 }
 
 bool readTextValue(CoreFeature& feature, std::string& value) {
-  if (!feature.getFeatureProperty(std::string("CurrentTextValue"), value)) {
+  if (!feature.getFeatureProperty(nameText(Property::kCurrentTextValue), value)) {
     logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get feature text value");
     return false;
   }
@@ -53,7 +53,7 @@ bool readTextValue(CoreFeature& feature, std::string& value) {
 
 bool readFloatValue(CoreFeature& feature, std::string& value) {
   float number = 0;
-  if (!feature.getFeatureProperty(std::string("CurrentFloatValue"), &number)) {
+  if (!feature.getFeatureProperty(nameText(Property::kCurrentFloatValue), &number)) {
     logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get feature float value");
     return false;
   }
@@ -64,7 +64,7 @@ bool readFloatValue(CoreFeature& feature, std::string& value) {
 }  // namespace
 
 bool createTicketNodeAttributes(CoreFeature& feature, std::string& syntax, std::string& value) {
-  if (!feature.getFeatureProperty(std::string("TESKAttributeSyntax"), syntax)) {
+  if (!feature.getFeatureProperty(nameText(Property::kTESKAttributeSyntax), syntax)) {
     logFixed(Level::kWarning, "createTicketNodeAttributes() - Cannot get feature syntax");
     return false;
   }
@@ -92,7 +92,7 @@ void createTicketPDLAttributes(CoreFeature& feature, const std::string& commandT
 }
 
 bool createTicketAttributes(CoreFeature& feature, std::string& syntax) {
-  if (feature.getFeatureProperty(std::string("TESKAttributeSyntax"), syntax)) return true;
+  if (feature.getFeatureProperty(nameText(Property::kTESKAttributeSyntax), syntax)) return true;
   logFixed(Level::kWarning, "createTicketAttributes() - Cannot get feature syntax");
   return false;
 }
