@@ -1,0 +1,51 @@
+// Routines that misbehave, for descriptions of the tests.
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+class DriverFeatureSet;
+
+#define EXPORTED __attribute__((visibility("default")))
+
+namespace {
+
+// Leaves the number of the process behind, so that a test can look for it.
+[[noreturn]] void hang() {
+  std::ofstream("hanging_process") << ::getpid() << std::endl;
+  for (;;) ::pause();
+}
+
+}  // namespace
+
+extern "C" {
+
+EXPORTED void crashInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  std::abort();
+}
+
+EXPORTED void hangInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  hang();
+}
+
+EXPORTED void endInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  ::write(STDERR_FILENO, "going\n", 6);
+  ::_exit(3);
+}
+
+EXPORTED void leaveInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  ::_exit(0);
+}
+
+EXPORTED void countInOutput(DriverFeatureSet* /*set*/, std::string& output) {
+  static int calls = 0;
+  output += "% call " + std::to_string(++calls) + "\n";
+}
+
+EXPORTED bool hangInUpdate() {
+  hang();
+}
+
+}  // extern "C"
