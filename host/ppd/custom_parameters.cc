@@ -20,7 +20,7 @@ std::string floatText(float value) {
   return {buffer.data(), result.ptr};
 }
 
-// What a parameter may hold. PostScript strings write every character but the
+// The characters that a text may hold. PostScript strings write every character but the
 // backslash harmlessly; PJL has no way to write a quotation mark.
 std::string characterSet(ppd_cptype_t type, bool forPjl) {
   std::string set;
@@ -59,13 +59,23 @@ ImportedElement textFeature(ImportState& state, const ppd_option_t& option,
                             const ppd_cparam_t& parameter, const std::string& name, bool forPjl) {
   Attributes attributes;
   if (parameter.type != PPD_CUSTOM_STRING) attributes.emplace_back("Encrypted", "true");
-  attributes.emplace_back("TextValidationCharSet", characterSet(parameter.type, forPjl));
+  const std::string characters = characterSet(parameter.type, forPjl);
+  attributes.emplace_back("TextValidationCharSet", characters);
   const int longest = parameter.maximum.custom_string;
   if (longest > 0) attributes.emplace_back("MaxTextLength", std::to_string(longest));
   const int shortest = parameter.minimum.custom_string;
   if (shortest > 0) {
     state.losses.note(LossKind::kOption, "the least length " + std::to_string(shortest) + " of " +
                                              titleOf(option, parameter.name));
+  }
+  const char* current = parameter.current.custom_string;
+  const std::string usual = current != nullptr ? current : "";
+  const bool fits = longest <= 0 || usual.size() <= static_cast<std::size_t>(longest);
+  if (fits && usual.find_first_not_of(characters) == std::string::npos) {
+    if (!usual.empty()) attributes.emplace_back("DefaultValue", usual);
+  } else {
+    state.losses.note(LossKind::kOption, "the default of " + titleOf(option, parameter.name) +
+                                             ": it is not within the limits");
   }
   return featureOf("TextEntry", name, attributes);
 }
@@ -75,9 +85,10 @@ ImportedElement parameterFeature(ImportState& state, const ppd_option_t& option,
                                  bool forPjl) {
   switch (parameter.type) {
     case PPD_CUSTOM_INT:
-      return featureOf("IntEntry", name,
-                       limits("Int", parameter.minimum.custom_int, parameter.maximum.custom_int, 0,
-                              [](int value) { return std::to_string(value); }));
+      return featureOf(
+          "IntEntry", name,
+          limits("Int", parameter.minimum.custom_int, parameter.maximum.custom_int,
+                 parameter.current.custom_int, [](int value) { return std::to_string(value); }));
     case PPD_CUSTOM_PASSCODE:
     case PPD_CUSTOM_PASSWORD:
     case PPD_CUSTOM_STRING:
@@ -85,7 +96,7 @@ ImportedElement parameterFeature(ImportState& state, const ppd_option_t& option,
     default:
       return featureOf("FloatEntry", name,
                        limits("Float", parameter.minimum.custom_real, parameter.maximum.custom_real,
-                              0.0F, floatText));
+                              parameter.current.custom_real, floatText));
   }
 }
 

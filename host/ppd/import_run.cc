@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <map>
 #include <system_error>
+#include <vector>
 
 #include "host/console.h"
 #include "host/output_file.h"
@@ -47,6 +48,11 @@ std::map<LossKind, long> countsOf(const Losses& losses) {
   return counts;
 }
 
+void complainOfLosses(const std::string& file, const std::vector<std::string>& lines) {
+  const std::string begin = file + ": not carried over: ";
+  for (const std::string& line : lines) complain(std::string(begin).append(line));
+}
+
 class Run {
  public:
   Run(const ImportPlan& plan, LogDetail detail)
@@ -75,7 +81,7 @@ class Run {
     if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
     if (const WriteProblem failure = writeToFile(job.output, description->text)) {
       ++unwritten_;
-      return fail("the description cannot be written", *failure);
+      return fail("description cannot be written", *failure);
     }
     ++imported_;
     features_ += description->features;
@@ -102,7 +108,7 @@ class Run {
     }
     counts.erase(LossKind::kOption);  // Which have been named.
     const std::string text = countsOf(counts);
-    if (!text.empty()) complain(file + ": not carried over: " + text);
+    if (!text.empty()) complainOfLosses(file, {text});
   }
 
   void sumUp() const {
@@ -145,11 +151,7 @@ int importOne(const ImportJob& job, LogDetail detail) {
     complain(problem.text);
     return kUnusable;
   }
-  if (detail != LogDetail::kErrors) {
-    for (const std::string& line : description->losses.lines()) {
-      complain(job.file + ": not carried over: " + line);
-    }
-  }
+  if (detail != LogDetail::kErrors) complainOfLosses(job.file, description->losses.lines());
   const WriteProblem failure = writeToFile(job.output, description->text);
   if (!failure) return kSuccess;
   complain(*failure);

@@ -53,7 +53,6 @@ void noteTexts(ppd_file_t& ppd, Losses& losses) {
 void notePageSizes(const ppd_file_t& ppd, Losses& losses) {
   for (int i = 0; i < ppd.num_sizes; ++i) {
     const ppd_size_t& size = ppd.sizes[i];
-    if (equalKeywords(size.name, "Custom")) continue;
     if (size.width > 0 || size.length > 0) losses.note(LossKind::kKeyword, "*PaperDimension");
     if (size.right > 0 || size.top > 0) losses.note(LossKind::kKeyword, "*ImageableArea");
   }

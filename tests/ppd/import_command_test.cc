@@ -1,5 +1,8 @@
 // The command "import": its files, its refusals and its summary.
 
+#include <pty.h>
+#include <unistd.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -115,8 +118,39 @@ TEST_F(ImportCommandTest, Import_SeveralFiles_EachHasItsOwn) {
 }
 
 TEST_F(ImportCommandTest, Import_Quietly_ShowsErrorsAndTheSummary) {
+  write("a.ppd", kSmall);
   write("b.ppd", std::string(kSmall) + "*UIConstraints: *Duplex *Duplex Off\n");
   EXPECT_EQ(run({"import", "b.ppd", "-q", "--output", "b.xml"}), success(""));
+  EXPECT_EQ(run({"import", "a.ppd", "b.ppd", "-q"}),
+            failure(0,
+                    "driver-feature: 2 PPD files imported, with 2 features and 2 options\n"
+                    "driver-feature: not carried over in all: 1 constraint; --verbose names "
+                    "each\n"));
+}
+
+TEST_F(ImportCommandTest, Import_SeveralFiles_PartsOfOptionsAreNamedAndTheRestCounted) {
+  write("a.ppd", kSmall);
+  write("b.ppd", std::string(kSmall) +
+                     "*UIConstraints: *Duplex *Duplex Off\n*NickName: \"B\"\n"
+                     "*OpenUI *Tray: PickOne\n*Tray A: \"\"\n*Tray a: \"\"\n*CloseUI: *Tray\n");
+  EXPECT_EQ(run({"import", "a.ppd", "b.ppd"}).errors,
+            "driver-feature: b.ppd: not carried over: choice *Tray a: libcups takes another choice "
+            "of the option for it\n"
+            "driver-feature: b.ppd: not carried over: 1 constraint, 1 other keyword\n"
+            "driver-feature: 2 PPD files imported, with 3 features and 4 options\n"
+            "driver-feature: not carried over in all: 1 part of an option, 1 constraint, 1 other "
+            "keyword; --verbose names each\n");
+}
+
+TEST_F(ImportCommandTest, Import_SeveralFilesToWhatIsNoFolder_EndsWithOne) {
+  write("a.ppd", kSmall);
+  write("b.ppd", "no PPD file");
+  write("out", "a file");
+  const RunResult result = run({"import", "a.ppd", "b.ppd", "--output", "out"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.errors, HasSubstr("driver-feature: 0 PPD files imported, with 0 features and "
+                                       "0 options\ndriver-feature: 2 failures: "));
+  EXPECT_EQ(read("out"), "a file");
 }
 
 TEST_F(ImportCommandTest, ImportAll_Folder_KeepsItsFoldersAndSumsUp) {
@@ -126,6 +160,7 @@ TEST_F(ImportCommandTest, ImportAll_Folder_KeepsItsFoldersAndSumsUp) {
   write("in/deep/bad.ppd", "*PPD-Adobe: \"4.3\"\n*OpenGroup: A\n*OpenGroup: B\n");
   write("in/deep/two.ppd.gz", kSmall);
   write("in/readme.txt", "no PPD file");
+  std::filesystem::create_directory_symlink("..", folder() / "in" / "up");
   EXPECT_EQ(run({"import", "--all", "in", "--output", "out"}),
             failure(2,
                     "driver-feature: in/deep/two.ppd.gz: its description would replace that of "
@@ -149,6 +184,47 @@ TEST_F(ImportCommandTest, ImportAll_NothingToImport_IsRefused) {
   EXPECT_EQ(result.status, 2);
   EXPECT_THAT(result.errors,
               HasSubstr("driver-feature: absent: cannot be read: No such file or directory\n"));
+}
+
+// What the program writes to standard error when that is a terminal.
+class TerminalErrorsTest : public PpdTest {
+ protected:
+  std::string errorsOf(const std::vector<std::string>& arguments) const {
+    int terminal = -1;
+    int program = -1;
+    if (::openpty(&terminal, &program, nullptr, nullptr, nullptr) != 0) return "no terminal";
+    run(arguments, [program] { ::dup2(program, STDERR_FILENO); });
+    ::close(program);
+    std::string errors;
+    char buffer[4096];
+    for (ssize_t count; (count = ::read(terminal, buffer, sizeof buffer)) > 0;) {
+      errors.append(buffer, static_cast<std::size_t>(count));
+    }
+    ::close(terminal);
+    return errors;
+  }
+};
+
+TEST_F(TerminalErrorsTest, Import_SeveralFiles_ShowsHowFarItIs) {
+  const std::string longName = std::string(80, 'x') + "y.ppd";
+  write("a.ppd", kSmall);
+  write(longName, kSmall);
+  write("c.ppd", "no PPD file");
+  EXPECT_EQ(errorsOf({"import", "a.ppd", longName, "c.ppd", "-q"}),
+            "1 of 3: a.ppd\r\x1B[K"
+            "2 of 3: ..." +
+                std::string(63, 'x') +
+                "y.ppd\r\x1B[K"
+                "3 of 3: c.ppd\r\x1B[K"
+                "driver-feature: c.ppd:1: this is no PPD file: it does not begin with *PPD-Adobe: "
+                "\"4.\r\n"
+                "driver-feature: 2 PPD files imported, with 2 features and 2 options\r\n"
+                "driver-feature: 1 failure: no PPD file (1)\r\n");
+}
+
+TEST_F(TerminalErrorsTest, Import_OneFile_ShowsNone) {
+  write("a.ppd", kSmall);
+  EXPECT_EQ(errorsOf({"import", "a.ppd", "--output", "a.xml"}), "");
 }
 
 }  // namespace

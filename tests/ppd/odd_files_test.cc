@@ -10,19 +10,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-class OddFilesTest : public PpdTest {
- protected:
-  // Imports a file of these lines to odd.xml. Answers what is not carried over.
-  std::string importLines(const std::string& lines) const {
-    write("odd.ppd", "*PPD-Adobe: \"4.3\"\n" + lines);
-    const RunResult result = run({"import", "odd.ppd", "--output", "odd.xml"});
-    EXPECT_EQ(result.status, 0);
-    return result.errors;
-  }
-
-  // As libcups reads the same file.
-  MarkedPpd odd() const { return MarkedPpd((folder() / "odd.ppd").string()); }
-};
+class OddFilesTest : public PpdTest {};
 
 TEST_F(OddFilesTest, CustomSizeWithoutPageSize_HasLibcupsOwnCode) {
   importLines(
@@ -81,7 +69,7 @@ TEST_F(OddFilesTest, CustomTextInAnotherSection_StandsThere) {
   importLines(
       "*OpenUI *Mark: PickOne\n*OrderDependency: 10 AnySetup *Mark\n*DefaultMark: None\n"
       "*Mark None: \"none\"\n*CloseUI: *Mark\n*CustomMark True: \"custom\"\n"
-      "*NonUIOrderDependency: 50 PageSetup *CustomMark True\n");
+      "*NonUIOrderDependency: 10 PageSetup *CustomMark True\n");
   MarkedPpd ppd = odd();
   ppd.mark("Mark", "Custom");
   const std::string text = postScript("odd", {{"Mark", "Custom"}});
@@ -111,17 +99,66 @@ TEST_F(OddFilesTest, MoreCustomChoicesThanRoutines_RestIsNamed) {
             ppd.text(PPD_ORDER_ANY));
 }
 
-// The options with equal orders change places with what is marked.
-TEST_F(OddFilesTest, OrderThatDependsOnOthers_IsNamed) {
-  const std::string errors = importLines(
-      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
-      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
-      "*B X: \"b\"\n*CloseUI: *B\n*OpenUI *C: PickOne\n*OrderDependency: 10 AnySetup *C\n"
-      "*DefaultC: Unknown\n*C X: \"c\"\n*CloseUI: *C\n");
-  EXPECT_THAT(errors, HasSubstr("not carried over: the influence of *C on the order in which "
-                                "libcups writes options with equal order dependencies\n"));
+TEST_F(OddFilesTest, CustomSize_OrientationAboveItsLimit_IsTheLimit) {
+  importLines(
+      "*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n*PageSize A4: \"a4\"\n"
+      "*CloseUI: *PageSize\n*CustomPageSize True: \"c\"\n"
+      "*ParamCustomPageSize Width: 4 points 1 900\n*ParamCustomPageSize Height: 5 points 1 900\n"
+      "*ParamCustomPageSize Orientation: 1 int 0 0\n");
   MarkedPpd ppd = odd();
-  EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
+  ppd.mark("PageSize", "Custom.300x400");
+  const std::string text = section(
+      postScript("odd",
+                 {{"PageSize", "Custom"}, {"PageSize.Width", "300"}, {"PageSize.Height", "400"}}),
+      "AnySetup");
+  EXPECT_THAT(text, HasSubstr("True\n0\n0\n0\n300\n400\nc\n"));
+  EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
+}
+
+TEST_F(OddFilesTest, DefaultSourceThatRequiresARegion_RegionIsTheDefault) {
+  importLines(
+      "*RequiresPageRegion All: True\n"
+      "*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n*PageSize A4: \"size\"\n"
+      "*CloseUI: *PageSize\n*PaperDimension A4: \"595 842\"\n"
+      "*OpenUI *PageRegion: PickOne\n*DefaultPageRegion: A4\n*PageRegion A4: \"region\"\n"
+      "*CloseUI: *PageRegion\n*OpenUI *InputSlot: PickOne\n*DefaultInputSlot: X\n"
+      "*InputSlot X: \"i\"\n*CloseUI: *InputSlot\n");
+  const std::string text = section(postScript("odd"), "AnySetup");
+  EXPECT_THAT(text, HasSubstr("*PageRegion A4\nregion\n"));
+  EXPECT_THAT(text, Not(HasSubstr("*PageSize")));
+  MarkedPpd ppd = odd();
+  EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
+}
+
+// One option of each kind of parameter, with a custom value as its default.
+TEST_F(OddFilesTest, CustomDefaults_AreTheParametersDefaults) {
+  std::string lines;
+  for (const std::string row : {"Whole 7 int", "Real 0.5 real", "Points 36 points",
+                                "Text a(b) string", "Code 99 passcode"}) {
+    const std::size_t first = row.find(' ');
+    const std::size_t second = row.rfind(' ');
+    const std::string name = row.substr(0, first);
+    lines += "*OpenUI *" + name + ": PickOne\n*Default" + name + ": Custom." +
+             row.substr(first + 1, second - first - 1) + "\n*" + name + " A: \"\"\n*CloseUI: *" +
+             name + "\n*Custom" + name + " True: \"c\"\n*ParamCustom" + name + " P: 1" +
+             row.substr(second) + " 0 99\n";
+  }
+  importLines(lines);
+  const std::string text = section(postScript("odd"), "AnySetup");
+  EXPECT_THAT(text, HasSubstr("*CustomText True\n(a\\050b\\051)\nc\n"));
+  MarkedPpd ppd = odd();
+  EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
+  EXPECT_EQ(run({"check", "odd.xml"}).status, 0);
+}
+
+TEST_F(OddFilesTest, CustomDefaultBeyondItsLimit_IsNamed) {
+  const std::string errors = importLines(
+      "*OpenUI *Text: PickOne\n*DefaultText: Custom.abcd\n*Text A: \"\"\n*CloseUI: *Text\n"
+      "*CustomText True: \"c\"\n*ParamCustomText P: 1 string 0 3\n");
+  EXPECT_EQ(errors,
+            "driver-feature: odd.ppd: not carried over: the default of *ParamCustomText P: it is "
+            "not within the limits\n");
+  EXPECT_EQ(run({"check", "odd.xml"}).status, 0);
 }
 
 }  // namespace

@@ -33,6 +33,17 @@ std::string PpdTest::import(const std::string& name) const {
   return result.errors;
 }
 
+std::string PpdTest::importLines(const std::string& lines) const {
+  write("odd.ppd", "*PPD-Adobe: \"4.3\"\n" + lines);
+  const RunResult result = run({"import", "odd.ppd", "--output", "odd.xml"});
+  EXPECT_EQ(result.status, 0);
+  return result.errors;
+}
+
+MarkedPpd PpdTest::odd() const {
+  return MarkedPpd((folder() / "odd.ppd").string());
+}
+
 std::string PpdTest::postScript(const std::string& name, const Settings& settings) const {
   return emitted(run(emitArguments(name, "ps", settings)));
 }
