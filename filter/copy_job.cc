@@ -87,7 +87,7 @@ std::optional<std::string> copyJob(const FilterArguments& arguments, const JobTe
     device.flush();
     if (device.hasFailed() || job.kind() == JobStructure::Kind::kNotPostScript) break;
   }
-  if (!isCancelled() && !problem) job.finish();
+  job.finish();
   device.flush();
   if (device.hasBegun()) device.putLast(texts.trailer);
   if (isCancelled()) {

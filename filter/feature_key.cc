@@ -22,7 +22,7 @@ std::optional<std::string> featureWithKey(const Model& model, const std::string&
     CoreFeature* feature = model.set->FindFeatureInFeatureList(name);
     std::string found;
     if (feature == nullptr || !feature->getFeatureProperty(std::string(kKey), found)) continue;
-    if (!found.empty() && found == key) return name;
+    if (found == key) return name;
   }
   return std::nullopt;
 }

@@ -23,8 +23,14 @@ std::string beginOf(const QueuePpd& ppd, const FilterArguments& arguments) {
 JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments& arguments,
                  const std::string& pjl) {
   const auto end = pjlOfTrue(model, "JCLEnd");
-  JobFrame frame{pjl, end.value_or(pjl.empty() ? "" : kUniversalExit)};
   const auto begin = pjlOfTrue(model, "JCLBegin");
+  // As libcups does: without both of them the options' commands would stand bare in front of the
+  // job.
+  const bool isImported = model.index.groupNamed("Section.JCL") == GroupKind::kStatic;
+  if (isImported && (!begin || !pjlOfTrue(model, "JCLToPSInterpreter"))) {
+    return {"", end && ppd != nullptr ? ppd->jobEnd() : end.value_or("")};
+  }
+  JobFrame frame{pjl, end.value_or(pjl.empty() ? "" : kUniversalExit)};
   if (ppd == nullptr || !begin || begin->empty() || *begin != ppd->jclBegin()) return frame;
   const std::string ownBegin = beginOf(*ppd, arguments);
   if (ownBegin.empty() || !pjl.starts_with(*begin)) return frame;

@@ -21,6 +21,9 @@ struct JobFrame {
 // The trailer is the PJL of the description's feature "JCLEnd". A description
 // without that feature has the universal exit sequence if it has PJL at all.
 //
+// An imported description without "JCLBegin" or "JCLToPSInterpreter" has no
+// header: nothing would tell the printer that its commands are PJL.
+//
 // Where the description's PJL begins as the PPD's does, the job's name and
 // user are added to it when libcups would add them, and as libcups writes
 // them.

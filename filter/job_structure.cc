@@ -1,5 +1,7 @@
 #include "filter/job_structure.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 #include "filter/structure_comment.h"
@@ -12,10 +14,7 @@ constexpr std::string_view kExit = "\x1b%-12345X";
 constexpr char kEndOfFile = '\x04';
 
 bool isOneOf(std::string_view keyword, std::initializer_list<std::string_view> keywords) {
-  for (const std::string_view one : keywords) {
-    if (one == keyword) return true;
-  }
-  return false;
+  return std::find(keywords.begin(), keywords.end(), keyword) != keywords.end();
 }
 
 // Whether the pages, or the end of the job, come next.

@@ -155,6 +155,17 @@ TEST(JobStructure, JobWithoutStructure_GetsAllBehindItsFirstComments) {
   EXPECT_EQ(written("%!PS\n%%EndComments"), "<header>%!PS\n%%EndComments\n" + all);
 }
 
+TEST(JobStructure, HeaderWithoutEnd_EndsAtTheNextPart) {
+  const std::string front =
+      "<header>%!PS-Adobe-3.0\n%%Pages: 1\nexit\n%%BeginProlog\nprolog\n%%EndProlog\n";
+  for (const std::string next : {"%%Trailer\n", "%%EOF\n", "%%Page: 1 1\n"}) {
+    EXPECT_EQ(written("%!PS-Adobe-3.0\n%%Pages: 1\n" + next),
+              front + "%%BeginSetup\ndocument\n%%EndSetup\n" + next);
+  }
+  EXPECT_EQ(written("%!PS-Adobe-3.0\n%%Pages: 1\n%%BeginSetup\n"),
+            front + "%%BeginSetup\ndocument\n");
+}
+
 TEST(JobStructure, DefaultsAndPreview_StayInFrontOfTheProlog) {
   EXPECT_EQ(written("%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%BeginPreview: 8 1 1 1\n% FF\n"
                     "%%EndPreview\n%%BeginDefaults\n%%PageMedia: a\n%%EndDefaults\n%%BeginProlog\n"
@@ -195,6 +206,7 @@ TEST(JobStructure, BinaryData_PassesUntouched) {
         std::string("%%BeginBinary: 14\nx\0\n%%Page: 3 3\n%%EndBinary\n", 45),
         std::string("%%BeginData: 13 Binary Bytes\n%%Page: 3 3\r\n%%EndData\n"),
         std::string("%%BeginData: 2 ASCII Lines\n%%EndData\n%%Page: 3 3\n%%EndData\n"),
+        std::string("%%BeginData: 3 ASCII Lines\nab\n%%EndData\n%%Page: 3 3\n%%EndData\n"),
         std::string("%%BeginData: many\n%%Page: 3 3\n%%EndData\n")}) {
     EXPECT_EQ(written(jobWith(inside)), writtenWith(inside));
     EXPECT_THAT(run(jobWith(inside), 1).pages, ElementsAre(1, 2)) << inside;

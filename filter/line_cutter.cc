@@ -39,8 +39,9 @@ void LineCutter::takeLineBytes(std::string_view& bytes) {
   const std::size_t end = bytes.find_first_of("\r\n");
   const std::string_view text = bytes.substr(0, end);
   const bool hasEnd = end != std::string_view::npos;
+  // Behind CR there may be a line feed that belongs to the end.
+  const bool isHeld = !hasEnd || bytes[end] == '\r';
   bytes.remove_prefix(text.size() + (hasEnd ? 1 : 0));
-  const bool isHeld = !hasEnd || text.data()[text.size()] == '\r';
   if (isLong_) {
     if (!text.empty()) listener_.takeBytes(text);
   } else if (held_.size() + text.size() > kLongestLine) {

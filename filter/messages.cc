@@ -15,8 +15,6 @@ const char* wordOf(Message kind) {
   switch (kind) {
     case Message::kDebug:
       return "DEBUG: ";
-    case Message::kInfo:
-      return "INFO: ";
     case Message::kWarning:
       return "WARNING: ";
     case Message::kError:

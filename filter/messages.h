@@ -9,7 +9,6 @@ namespace driver_feature {
 
 enum class Message {
   kDebug,    // For the log only.
-  kInfo,     // Shown as the state of the queue.
   kWarning,  // The job is printed, but not quite as it was asked for.
   kError,    // Why the job fails.
 };

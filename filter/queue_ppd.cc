@@ -133,15 +133,13 @@ void QueuePpd::addMarked(ppd_option_t& option, std::vector<Setting>& settings) c
 void QueuePpd::addParameters(const std::string& keyword, std::vector<Setting>& settings) const {
   const ppd_coption_t* custom = ppdFindCustomOption(ppd_.get(), keyword.c_str());
   if (custom == nullptr) return;
-  const bool isSize = keyword == "PageSize" || keyword == "PageRegion";
-  const ppd_size_t* size = isSize ? ppdPageSize(ppd_.get(), "Custom") : nullptr;
   for (auto* each = static_cast<ppd_cparam_t*>(cupsArrayFirst(custom->params)); each != nullptr;
        each = static_cast<ppd_cparam_t*>(cupsArrayNext(custom->params))) {
-    const std::string name = each->name;
-    std::optional<std::string> value = valueOf(*each);
-    if (size != nullptr && name == "Width") value = numberText(size->width);
-    if (size != nullptr && name == "Height") value = numberText(size->length);
-    if (value) settings.push_back({keyword + "." + name, *value});
+    const std::optional<std::string> value = valueOf(*each);
+    if (!value) continue;
+    std::string name = keyword;
+    name.append(".").append(each->name);
+    settings.push_back({name, *value});
   }
 }
 

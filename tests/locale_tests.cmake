@@ -22,7 +22,8 @@ set_tests_properties(locale_outputs PROPERTIES FIXTURES_REQUIRED locales TIMEOUT
 # The unit tests of what reads and writes numbers and names. `./dev test-locales`
 # runs all tests in each locale; the long tables of properties are left to it.
 foreach(locale de_DE.UTF-8 tr_TR.UTF-8)
-  foreach(program diagnostics frame loader model output platform host_unit)
+  foreach(program diagnostics frame loader model output platform host_unit filter_unit
+          filter_program)
     add_test(NAME locale_${locale}_${program}
       COMMAND ${BASH_PROGRAM} ${locale_folder}/in_locale.sh ${PROJECT_BINARY_DIR} ${locale}
               $<TARGET_FILE:${program}_tests> --gtest_brief=1

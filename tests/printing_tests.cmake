@@ -13,8 +13,12 @@ target_compile_definitions(filter_program_tests PRIVATE
   DRIVER_FEATURE_FILTER="$<TARGET_FILE:driver-feature-filter>"
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
+  OFFICE_DESCRIPTION="${PROJECT_SOURCE_DIR}/descriptions/office_laser.xml"
+  OFFICE_ROUTINES="$<TARGET_FILE:office_routines>"
+  ROUTINES_LIBRARY="$<TARGET_FILE:host_test_routines>"
   PRINTING_FOLDER="${CMAKE_CURRENT_LIST_DIR}/printing")
-add_dependencies(filter_program_tests driver-feature driver-feature-filter DriverFeature)
+add_dependencies(filter_program_tests
+  driver-feature driver-feature-filter DriverFeature host_test_routines office_routines)
 
 # The scheduler is a program of the machine, which loads nothing of another
 # kind; and what the address checks would find, the tests above find faster.

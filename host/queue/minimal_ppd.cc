@@ -89,7 +89,10 @@ class Writer {
     ppd_.losses.push_back(what + ": " + reason);
   }
 
-  void line(const std::string& text) { ppd_.text += text + "\n"; }
+  template <class... Texts>
+  void line(const Texts&... texts) {
+    ((ppd_.text += texts), ...) += '\n';
+  }
 
   void open(const std::string& name, const std::string& value) {
     line("*OpenUI *" + name + ": PickOne");
@@ -123,7 +126,7 @@ class Writer {
   void writeList(const std::string& name, const std::vector<std::string>& choices,
                  const std::string& current) {
     open(name, current);
-    for (const std::string& choice : choices) line("*" + name + " " + choice + ": \"\"");
+    for (const std::string& choice : choices) line("*", name, " ", choice, ": \"\"");
     close(name);
   }
 
@@ -133,12 +136,12 @@ class Writer {
     line("*DefaultImageableArea: " + current);
     for (const std::string& choice : choices) {
       const PaperSize size = paperSizeOf(model_, choice).value();
-      line("*ImageableArea " + choice + ": \"0 0 " + size.width + " " + size.length + "\"");
+      line("*ImageableArea ", choice, ": \"0 0 ", size.width, " ", size.length, "\"");
     }
     line("*DefaultPaperDimension: " + current);
     for (const std::string& choice : choices) {
       const PaperSize size = paperSizeOf(model_, choice).value();
-      line("*PaperDimension " + choice + ": \"" + size.width + " " + size.length + "\"");
+      line("*PaperDimension ", choice, ": \"", size.width, " ", size.length, "\"");
     }
   }
 

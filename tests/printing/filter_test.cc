@@ -160,8 +160,7 @@ TEST_F(HandwrittenQueueTest, UnusableQueues_Fail) {
   EXPECT_THAT(withoutDebug(filter("")).errors, testing::StartsWith("ERROR: none.xml: error: "));
   EXPECT_EQ(filter("").status, 1);
   set("PPD", "job.ps");
-  EXPECT_THAT(filter("").errors,
-              testing::StartsWith("ERROR: job.ps:1: libcups cannot read the PPD file: "));
+  EXPECT_THAT(filter("").errors, testing::StartsWith("ERROR: job.ps:1: this is no PPD file: "));
   set("PPD", "");
   set("DRIVER_FEATURE_DESCRIPTION", "");
   EXPECT_THAT(filter("").errors, testing::StartsWith("ERROR: the queue names no description; "));
@@ -287,11 +286,26 @@ TEST_F(HandwrittenQueueTest, CancelWhileTheDeviceTakesNothing_EndsWithTheTrailer
   EXPECT_EQ(running.finish(), 0);
 }
 
-TEST_F(HandwrittenQueueTest, LibraryThatPrints_DoesNotPrintIntoTheJob) {
-  describe("printer.xml", {feature("IntEntry", "A", "IntMinValue='x' PSCommand='%d a'")});
-  const RunResult result = filter("");
+// 100 mm are 283.46 points; the width is available for the page size "Custom"
+// only, which stands behind it.
+TEST_F(HandwrittenQueueTest, OptionThatNeedsAnotherOne_MayStandBeforeIt) {
+  set("DRIVER_FEATURE_DESCRIPTION", OFFICE_DESCRIPTION);
+  set("DRIVER_FEATURE_ROUTINES", OFFICE_ROUTINES);
+  const RunResult result = filter("CustomPageWidth=100 PageSize=Custom");
   EXPECT_EQ(result.status, 0);
-  EXPECT_THAT(result.output, testing::StartsWith("%!PS-Adobe-3.0\n"));
+  EXPECT_THAT(result.output, HasSubstr("<< /PageSize [283 842] >> setpagedevice\n"));
+  EXPECT_EQ(filter("CustomPageWidth=100").status, 1);
+}
+
+TEST_F(HandwrittenQueueTest, RoutineThatPrints_DoesNotPrintIntoTheJob) {
+  set("DRIVER_FEATURE_ROUTINES", ROUTINES_LIBRARY);
+  describe("printer.xml",
+           {feature("IntEntry", "A", "PSCommand='%d a' AddCallbackRoutine='printSomething'")});
+  const RunResult result = filter("A=2");
+  EXPECT_EQ(result.status, 0);
+  EXPECT_THAT(result.output, HasSubstr("\n2 a\n"));
+  EXPECT_THAT(result.output, testing::Not(HasSubstr("printed by")));
+  EXPECT_THAT(result.errors, HasSubstr("printed by puts\nprinted by a stream\n"));
 }
 
 }  // namespace

@@ -107,6 +107,21 @@ TEST_F(ImportedQueueTest, DefaultsOfTheQueue_StandWithoutOptions) {
   EXPECT_THAT(result.output, testing::HasSubstr("<</Duplex true/Tumble true>>"));
 }
 
+TEST_F(ImportedQueueTest, PpdWithoutJclFrame_WritesNoJclOptions) {
+  for (const std::string missing : {"*JCLBegin: ", "*JCLToPSInterpreter: "}) {
+    std::string ppd = read("office.ppd");
+    const std::size_t at = ppd.find(missing);
+    ppd.erase(at, ppd.find('\n', at) - at + 1);
+    write("bare.ppd", ppd);
+    command({"import", "bare.ppd", "--output", "office.xml"});
+    command({"--library", DRIVER_FEATURE_LIBRARY, "queue", "office.xml", "--ppd", "bare.ppd",
+             "--output", "queue.ppd"});
+    const RunResult result = filter("JCLEconoMode=True");
+    EXPECT_THAT(result.output, testing::StartsWith("%!PS-Adobe-3.0\n")) << missing;
+    EXPECT_THAT(result.output, testing::EndsWith("@PJL EOJ\n" + kExit)) << missing;
+  }
+}
+
 TEST_F(ImportedQueueTest, TitleWithLineEndAndQuotes_AddsNoCommand) {
   EXPECT_EQ(withoutDebug(filter("", "1", "a\"b\n@PJL RESET\r")).output,
             job(begin("a'b @PJL RESET ", "7 jane a'b @PJL RESET "), "OFF", {}));
