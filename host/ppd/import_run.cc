@@ -75,7 +75,7 @@ class Run {
     if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
     if (const WriteProblem failure = writeToFile(job.output, description->text)) {
       ++unwritten_;
-      return fail("the description cannot be written", *failure);
+      return fail("description cannot be written", *failure);
     }
     ++imported_;
     features_ += description->features;

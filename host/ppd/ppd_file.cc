@@ -20,16 +20,17 @@ int obstacle(const std::string& path) {
 }
 
 PpdProblem openProblem(const std::string& path, int systemError) {
-  return {path + ": cannot be opened: " + std::strerror(systemError), "cannot be opened"};
+  return {path + ": cannot be opened: " + std::strerror(systemError), "file cannot be opened"};
 }
 
 PpdProblem problemOf(const std::string& path, int systemError) {
   int line = 0;
   const ppd_status_t status = ppdLastError(&line);
   if (status == PPD_FILE_OPEN_ERROR) return openProblem(path, systemError);
-  if (status == PPD_MISSING_PPDADOBE4) {
+  // Whatever is wrong with the first line; 0 when it is not even ended.
+  if (status == PPD_MISSING_PPDADOBE4 || line <= 1) {
     return {path + ":1: this is no PPD file: it does not begin with *PPD-Adobe: \"4.",
-            "is no PPD file"};
+            "no PPD file"};
   }
   const std::string reason = ppdErrorString(status);
   return {path + ":" + std::to_string(line) + ": libcups cannot read the PPD file: " + reason +

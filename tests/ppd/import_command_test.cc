@@ -1,5 +1,8 @@
 // The command "import": its files, its refusals and its summary.
 
+#include <pty.h>
+#include <unistd.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -181,6 +184,47 @@ TEST_F(ImportCommandTest, ImportAll_NothingToImport_IsRefused) {
   EXPECT_EQ(result.status, 2);
   EXPECT_THAT(result.errors,
               HasSubstr("driver-feature: absent: cannot be read: No such file or directory\n"));
+}
+
+// What the program writes to standard error when that is a terminal.
+class TerminalErrorsTest : public PpdTest {
+ protected:
+  std::string errorsOf(const std::vector<std::string>& arguments) const {
+    int terminal = -1;
+    int program = -1;
+    if (::openpty(&terminal, &program, nullptr, nullptr, nullptr) != 0) return "no terminal";
+    run(arguments, [program] { ::dup2(program, STDERR_FILENO); });
+    ::close(program);
+    std::string errors;
+    char buffer[4096];
+    for (ssize_t count; (count = ::read(terminal, buffer, sizeof buffer)) > 0;) {
+      errors.append(buffer, static_cast<std::size_t>(count));
+    }
+    ::close(terminal);
+    return errors;
+  }
+};
+
+TEST_F(TerminalErrorsTest, Import_SeveralFiles_ShowsHowFarItIs) {
+  const std::string longName = std::string(80, 'x') + "y.ppd";
+  write("a.ppd", kSmall);
+  write(longName, kSmall);
+  write("c.ppd", "no PPD file");
+  EXPECT_EQ(errorsOf({"import", "a.ppd", longName, "c.ppd", "-q"}),
+            "1 of 3: a.ppd\r\x1B[K"
+            "2 of 3: ..." +
+                std::string(63, 'x') +
+                "y.ppd\r\x1B[K"
+                "3 of 3: c.ppd\r\x1B[K"
+                "driver-feature: c.ppd:1: this is no PPD file: it does not begin with *PPD-Adobe: "
+                "\"4.\r\n"
+                "driver-feature: 2 PPD files imported, with 2 features and 2 options\r\n"
+                "driver-feature: 1 failure: no PPD file (1)\r\n");
+}
+
+TEST_F(TerminalErrorsTest, Import_OneFile_ShowsNone) {
+  write("a.ppd", kSmall);
+  EXPECT_EQ(errorsOf({"import", "a.ppd", "--output", "a.xml"}), "");
 }
 
 }  // namespace

@@ -188,4 +188,18 @@ TEST_F(OddFilesTest, DefaultSourceThatRequiresARegion_RegionIsTheDefault) {
   EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
 }
 
+// Only one of the two is ever marked.
+TEST_F(OddFilesTest, PageSizeAndRegionAmongEqualOrders_CountOnce) {
+  importLines(
+      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
+      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
+      "*B X: \"b\"\n*CloseUI: *B\n"
+      "*OpenUI *PageSize: PickOne\n*OrderDependency: 10 AnySetup *PageSize\n"
+      "*DefaultPageSize: A4\n*PageSize A4: \"size\"\n*CloseUI: *PageSize\n"
+      "*OpenUI *PageRegion: PickOne\n*OrderDependency: 10 AnySetup *PageRegion\n"
+      "*DefaultPageRegion: A4\n*PageRegion A4: \"region\"\n*CloseUI: *PageRegion\n");
+  MarkedPpd ppd = odd();
+  EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
+}
+
 }  // namespace
