@@ -20,7 +20,7 @@ std::string floatText(float value) {
   return {buffer.data(), result.ptr};
 }
 
-// What a parameter may hold. PostScript strings write every character but the
+// The characters that a text may hold. PostScript strings write every character but the
 // backslash harmlessly; PJL has no way to write a quotation mark.
 std::string characterSet(ppd_cptype_t type, bool forPjl) {
   std::string set;
@@ -36,6 +36,8 @@ std::string titleOf(const ppd_option_t& option, const char* parameter) {
   return std::string("*ParamCustom") + option.keyword + " " + parameter;
 }
 
+// The attributes of a number. Limits of which the least is above the greatest
+// are none.
 template <class Number, class ToText>
 Attributes limits(const char* prefix, Number least, Number greatest, Number usual, ToText toText) {
   Attributes attributes;
@@ -59,7 +61,8 @@ ImportedElement textFeature(ImportState& state, const ppd_option_t& option,
                             const ppd_cparam_t& parameter, const std::string& name, bool forPjl) {
   Attributes attributes;
   if (parameter.type != PPD_CUSTOM_STRING) attributes.emplace_back("Encrypted", "true");
-  attributes.emplace_back("TextValidationCharSet", characterSet(parameter.type, forPjl));
+  const std::string characters = characterSet(parameter.type, forPjl);
+  attributes.emplace_back("TextValidationCharSet", characters);
   const int longest = parameter.maximum.custom_string;
   if (longest > 0) attributes.emplace_back("MaxTextLength", std::to_string(longest));
   const int shortest = parameter.minimum.custom_string;
@@ -67,7 +70,25 @@ ImportedElement textFeature(ImportState& state, const ppd_option_t& option,
     state.losses.note(LossKind::kOption, "the least length " + std::to_string(shortest) + " of " +
                                              titleOf(option, parameter.name));
   }
+  const char* current = parameter.current.custom_string;
+  const std::string usual = current != nullptr ? current : "";
+  const bool fits = longest <= 0 || usual.size() <= static_cast<std::size_t>(longest);
+  if (fits && usual.find_first_not_of(characters) == std::string::npos) {
+    if (!usual.empty()) attributes.emplace_back("DefaultValue", usual);
+  } else {
+    state.losses.note(LossKind::kOption, "the default of " + titleOf(option, parameter.name) +
+                                             ": it is not within the limits");
+  }
   return featureOf("TextEntry", name, attributes);
+}
+
+// Notes limits that allow nothing, and which libcups does not look at.
+template <class Number>
+void checkLimits(ImportState& state, const ppd_option_t& option, const char* parameter,
+                 Number least, Number greatest) {
+  if (least <= greatest) return;
+  state.losses.note(LossKind::kOption, "the limits of " + titleOf(option, parameter) +
+                                           ": the least is above the greatest");
 }
 
 ImportedElement parameterFeature(ImportState& state, const ppd_option_t& option,
@@ -75,17 +96,22 @@ ImportedElement parameterFeature(ImportState& state, const ppd_option_t& option,
                                  bool forPjl) {
   switch (parameter.type) {
     case PPD_CUSTOM_INT:
-      return featureOf("IntEntry", name,
-                       limits("Int", parameter.minimum.custom_int, parameter.maximum.custom_int, 0,
-                              [](int value) { return std::to_string(value); }));
+      checkLimits(state, option, parameter.name, parameter.minimum.custom_int,
+                  parameter.maximum.custom_int);
+      return featureOf(
+          "IntEntry", name,
+          limits("Int", parameter.minimum.custom_int, parameter.maximum.custom_int,
+                 parameter.current.custom_int, [](int value) { return std::to_string(value); }));
     case PPD_CUSTOM_PASSCODE:
     case PPD_CUSTOM_PASSWORD:
     case PPD_CUSTOM_STRING:
       return textFeature(state, option, parameter, name, forPjl);
     default:
+      checkLimits(state, option, parameter.name, parameter.minimum.custom_real,
+                  parameter.maximum.custom_real);
       return featureOf("FloatEntry", name,
                        limits("Float", parameter.minimum.custom_real, parameter.maximum.custom_real,
-                              0.0F, floatText));
+                              parameter.current.custom_real, floatText));
   }
 }
 
@@ -180,9 +206,14 @@ CustomParameters pageSizeParameters(ImportState& state, const ppd_option_t& opti
     state.names.insert(name);
     const int position = positionOf(ppdFindAttr(&ppd, "ParamCustomPageSize", row.name), row.side);
     parameters.values[static_cast<std::size_t>(position)] = {position + 1, name, false};
+    const float least = ppd.custom_min[row.side];
+    const float greatest = ppd.custom_max[row.side];
+    // A file may allow custom sizes without a word on their limits.
+    const bool limited = greatest > 0;
+    if (limited) checkLimits(state, option, row.name, least, greatest);
     parameters.features.push_back(featureOf(
         "FloatEntry", name,
-        limits("Float", ppd.custom_min[row.side], ppd.custom_max[row.side], row.usual, floatText)));
+        limits("Float", limited ? least : 1, limited ? greatest : 0, row.usual, floatText)));
   }
   const Orientation orientation = orientationOf(ppd);
   parameters.values[static_cast<std::size_t>(orientation.position)] = {

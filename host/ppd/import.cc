@@ -31,6 +31,7 @@ constexpr std::array<SectionRow, 6> kSections = {{
 std::vector<ImportedElement> membersOf(ImportState& state, ppd_section_t section) {
   std::vector<SectionItem>& items = state.sections[section];
   std::vector<SectionEntry> entries;
+  entries.reserve(items.size());
   for (const SectionItem& item : items) entries.push_back(item.entry);
   const SectionOrder order = orderOfSection(entries);
   for (const std::string& keyword : order.unsettling) {

@@ -1,5 +1,7 @@
 #include "host/ppd/import_command.h"
 
+#include <clocale>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -38,7 +40,16 @@ struct Arguments {
   std::string output;
 };
 
+// libcups takes the language of the environment, for its messages and for
+// which translations of a file it reads. The program speaks English, and what
+// is said of a file must not depend on who asks.
+void chooseLanguage() {
+  std::setlocale(LC_MESSAGES, "C");
+  ::setenv("LC_MESSAGES", "C", 1);
+}
+
 int run(const Arguments& arguments, LogDetail detail) {
+  chooseLanguage();
   if (arguments.files.empty() == arguments.folder.empty()) {
     complain(
         "either PPD files or --all DIR is needed; driver-feature import --help explains the "

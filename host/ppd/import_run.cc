@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <map>
 #include <system_error>
+#include <vector>
 
 #include "host/console.h"
 #include "host/output_file.h"
@@ -45,6 +46,11 @@ std::map<LossKind, long> countsOf(const Losses& losses) {
   std::map<LossKind, long> counts;
   for (const LossKind kind : kLossKinds) counts[kind] = losses.count(kind);
   return counts;
+}
+
+void complainOfLosses(const std::string& file, const std::vector<std::string>& lines) {
+  const std::string begin = file + ": not carried over: ";
+  for (const std::string& line : lines) complain(std::string(begin).append(line));
 }
 
 class Run {
@@ -102,7 +108,7 @@ class Run {
     }
     counts.erase(LossKind::kOption);  // Which have been named.
     const std::string text = countsOf(counts);
-    if (!text.empty()) complain(file + ": not carried over: " + text);
+    if (!text.empty()) complainOfLosses(file, {text});
   }
 
   void sumUp() const {
@@ -145,11 +151,7 @@ int importOne(const ImportJob& job, LogDetail detail) {
     complain(problem.text);
     return kUnusable;
   }
-  if (detail != LogDetail::kErrors) {
-    for (const std::string& line : description->losses.lines()) {
-      complain(job.file + ": not carried over: " + line);
-    }
-  }
+  if (detail != LogDetail::kErrors) complainOfLosses(job.file, description->losses.lines());
   const WriteProblem failure = writeToFile(job.output, description->text);
   if (!failure) return kSuccess;
   complain(*failure);

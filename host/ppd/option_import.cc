@@ -43,7 +43,7 @@ const ppd_choice_t* markedChoice(ppd_option_t& option) {
   return nullptr;
 }
 
-// Whether the file's own page size takes the place of the option's choices.
+// Whether libcups writes the option PageSize in the place of the choice.
 bool isCustomPageRegion(ppd_file_t& ppd, const ppd_option_t& option, const ppd_choice_t& choice) {
   return equalKeywords(option.keyword, "PageRegion") && equalKeywords(choice.choice, "Custom") &&
          hasOption(ppd, "PageSize");
@@ -90,11 +90,16 @@ SectionEntry entryOf(ppd_file_t& ppd, ppd_option_t& option) {
 void importPickOne(ImportState& state, ppd_option_t& option) {
   const ppd_choice_t* marked = markedChoice(option);
   std::vector<ImportedOption> options;
-  const SectionEntry entry = entryOf(state.ppd, option);
+  SectionEntry entry = entryOf(state.ppd, option);
   for (const ppd_choice_t* choice : usableChoices(state, option)) {
     std::string text = sectionText(option.section, titleOf(option, *choice), codeOf(*choice));
     if (equalKeywords(choice->choice, "Custom")) {
       text = importCustomChoice(state, *choice, entry, {option.keyword, choice->choice, {}});
+      // What writes the custom text stands for the option by default.
+      if (choice == marked && text.empty()) {
+        entry.usual = false;
+        entry.replaces = option.keyword;
+      }
     }
     options.push_back({choice->choice, text});
   }

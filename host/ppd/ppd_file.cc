@@ -68,6 +68,7 @@ std::vector<ppd_option_t*> optionsOf(ppd_file_t& ppd) {
 
 std::vector<ppd_choice_t*> choicesOf(ppd_option_t& option) {
   std::vector<ppd_choice_t*> choices;
+  choices.reserve(static_cast<std::size_t>(option.num_choices));
   for (int i = 0; i < option.num_choices; ++i) choices.push_back(&option.choices[i]);
   return choices;
 }

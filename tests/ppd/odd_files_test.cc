@@ -10,19 +10,16 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-class OddFilesTest : public PpdTest {
- protected:
-  // Imports a file of these lines to odd.xml. Answers what is not carried over.
-  std::string importLines(const std::string& lines) const {
-    write("odd.ppd", "*PPD-Adobe: \"4.3\"\n" + lines);
-    const RunResult result = run({"import", "odd.ppd", "--output", "odd.xml"});
-    EXPECT_EQ(result.status, 0);
-    return result.errors;
-  }
+class OddFilesTest : public PpdTest {};
 
-  // As libcups reads the same file.
-  MarkedPpd odd() const { return MarkedPpd((folder() / "odd.ppd").string()); }
-};
+// The lines of an option with the choice A and a custom one, whose parameter P
+// has a type and limits such as "int 0 9".
+std::string customOption(const std::string& name, const std::string& usual,
+                         const std::string& parameter) {
+  return "*OpenUI *" + name + ": PickOne\n*Default" + name + ": " + usual + "\n*" + name +
+         " A: \"\"\n*CloseUI: *" + name + "\n*Custom" + name + " True: \"c\"\n*ParamCustom" + name +
+         " P: 1 " + parameter + "\n";
+}
 
 TEST_F(OddFilesTest, CustomSizeWithoutPageSize_HasLibcupsOwnCode) {
   importLines(
@@ -96,10 +93,7 @@ TEST_F(OddFilesTest, CustomTextInAnotherSection_StandsThere) {
 TEST_F(OddFilesTest, MoreCustomChoicesThanRoutines_RestIsNamed) {
   std::string lines;
   for (int i = 0; i < 101; ++i) {
-    const std::string name = "O" + std::to_string(1000 + i);
-    lines += "*OpenUI *" + name + ": PickOne\n*Default" + name + ": A\n*" + name +
-             " A: \"\"\n*CloseUI: *" + name + "\n*Custom" + name + " True: \"c\"\n*ParamCustom" +
-             name + " N: 1 int 0 9\n";
+    lines += customOption("O" + std::to_string(1000 + i), "A", "int 0 9");
   }
   const std::string errors = importLines(lines);
   EXPECT_THAT(errors, HasSubstr("not carried over: the text of choice *O1100 Custom: there are "
@@ -107,53 +101,7 @@ TEST_F(OddFilesTest, MoreCustomChoicesThanRoutines_RestIsNamed) {
   EXPECT_THAT(errors, Not(HasSubstr("*O1099 Custom")));
   MarkedPpd ppd = odd();
   ppd.mark("O1099", "Custom.7");
-  EXPECT_EQ(section(postScript("odd", {{"O1099", "Custom"}, {"O1099.N", "7"}}), "AnySetup"),
-            ppd.text(PPD_ORDER_ANY));
-}
-
-// The options with equal orders change places with what is marked.
-TEST_F(OddFilesTest, OrderThatDependsOnOthers_IsNamed) {
-  const std::string errors = importLines(
-      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
-      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
-      "*B X: \"b\"\n*CloseUI: *B\n*OpenUI *C: PickOne\n*OrderDependency: 10 AnySetup *C\n"
-      "*DefaultC: Unknown\n*C X: \"c\"\n*CloseUI: *C\n");
-  EXPECT_THAT(errors, HasSubstr("not carried over: the influence of *C on the order in which "
-                                "libcups writes options with equal order dependencies\n"));
-  MarkedPpd ppd = odd();
-  EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
-}
-
-// "False" is marked by default, and choosing a source unmarks it.
-TEST_F(OddFilesTest, OrderThatDependsOnAMarkThatCanGo_IsNamed) {
-  const std::string errors = importLines(
-      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
-      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
-      "*B X: \"b\"\n*CloseUI: *B\n*OpenUI *InputSlot: PickOne\n"
-      "*OrderDependency: 5 DocumentSetup *InputSlot\n*DefaultInputSlot: X\n*InputSlot X: \"i\"\n"
-      "*CloseUI: *InputSlot\n*OpenUI *ManualFeed: Boolean\n"
-      "*OrderDependency: 10 AnySetup *ManualFeed\n*DefaultManualFeed: False\n"
-      "*ManualFeed False: \"m\"\n*CloseUI: *ManualFeed\n");
-  EXPECT_EQ(errors,
-            "driver-feature: odd.ppd: not carried over: the influence of *ManualFeed on the order "
-            "in which libcups writes options with equal order dependencies\n");
-  MarkedPpd ppd = odd();
-  EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
-}
-
-// A custom choice stands in the place of the option's other choices, and so
-// moves nothing.
-TEST_F(OddFilesTest, CustomChoiceAmongEqualOrders_MovesNothing) {
-  const std::string errors = importLines(
-      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
-      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
-      "*B X: \"b\"\n*CloseUI: *B\n*OpenUI *Mark: PickOne\n"
-      "*OrderDependency: 10 AnySetup *Mark\n*DefaultMark: X\n*Mark X: \"m\"\n*CloseUI: *Mark\n"
-      "*CustomMark True: \"c\"\n*ParamCustomMark N: 1 int 0 9\n");
-  EXPECT_EQ(errors, "");
-  MarkedPpd ppd = odd();
-  ppd.mark("Mark", "Custom.7");
-  EXPECT_EQ(section(postScript("odd", {{"Mark", "Custom"}, {"Mark.N", "7"}}), "AnySetup"),
+  EXPECT_EQ(section(postScript("odd", {{"O1099", "Custom"}, {"O1099.P", "7"}}), "AnySetup"),
             ppd.text(PPD_ORDER_ANY));
 }
 
@@ -188,18 +136,60 @@ TEST_F(OddFilesTest, DefaultSourceThatRequiresARegion_RegionIsTheDefault) {
   EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
 }
 
-// Only one of the two is ever marked.
-TEST_F(OddFilesTest, PageSizeAndRegionAmongEqualOrders_CountOnce) {
-  importLines(
-      "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"
-      "*CloseUI: *A\n*OpenUI *B: PickOne\n*OrderDependency: 20 AnySetup *B\n*DefaultB: X\n"
-      "*B X: \"b\"\n*CloseUI: *B\n"
-      "*OpenUI *PageSize: PickOne\n*OrderDependency: 10 AnySetup *PageSize\n"
-      "*DefaultPageSize: A4\n*PageSize A4: \"size\"\n*CloseUI: *PageSize\n"
-      "*OpenUI *PageRegion: PickOne\n*OrderDependency: 10 AnySetup *PageRegion\n"
-      "*DefaultPageRegion: A4\n*PageRegion A4: \"region\"\n*CloseUI: *PageRegion\n");
+// One option of each kind of parameter, with a custom value as its default.
+TEST_F(OddFilesTest, CustomDefaults_AreTheParametersDefaults) {
+  const std::string lines = customOption("Whole", "Custom.7", "int 0 99") +
+                            customOption("Real", "Custom.0.5", "real 0 99") +
+                            customOption("Points", "Custom.36", "points 0 99") +
+                            customOption("Text", "Custom.a(b)", "string 0 99") +
+                            customOption("Code", "Custom.99", "passcode 0 99");
+  importLines(lines);
+  const std::string text = section(postScript("odd"), "AnySetup");
+  EXPECT_THAT(text, HasSubstr("*CustomText True\n(a\\050b\\051)\nc\n"));
   MarkedPpd ppd = odd();
-  EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
+  EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
+  EXPECT_EQ(run({"check", "odd.xml"}).status, 0);
+}
+
+TEST_F(OddFilesTest, CustomDefaultBeyondItsLimit_IsNamed) {
+  const std::string errors = importLines(
+      "*OpenUI *Text: PickOne\n*DefaultText: Custom.abcd\n*Text A: \"\"\n*CloseUI: *Text\n"
+      "*CustomText True: \"c\"\n*ParamCustomText P: 1 string 0 3\n");
+  EXPECT_EQ(errors,
+            "driver-feature: odd.ppd: not carried over: the default of *ParamCustomText P: it is "
+            "not within the limits\n");
+  EXPECT_EQ(run({"check", "odd.xml"}).status, 0);
+}
+
+TEST_F(OddFilesTest, CustomSizeWithoutParameters_HasNoLimits) {
+  const std::string errors = importLines(
+      "*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n*PageSize A4: \"a4\"\n"
+      "*CloseUI: *PageSize\n*CustomPageSize True: \"c\"\n");
+  EXPECT_EQ(errors, "");
+  MarkedPpd ppd = odd();
+  ppd.mark("PageSize", "Custom.300x400");
+  EXPECT_EQ(section(postScript("odd", {{"PageSize", "Custom"},
+                                       {"PageSize.Width", "300"},
+                                       {"PageSize.Height", "400"}}),
+                    "AnySetup"),
+            ppd.text(PPD_ORDER_ANY));
+}
+
+TEST_F(OddFilesTest, LimitsThatAllowNothing_AreNamedAndLeftOut) {
+  const std::string begin = "driver-feature: odd.ppd: not carried over: the limits of ";
+  const std::string end = ": the least is above the greatest\n";
+  EXPECT_EQ(importLines("*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n*PageSize A4: \"\"\n"
+                        "*CloseUI: *PageSize\n*CustomPageSize True: \"c\"\n"
+                        "*ParamCustomPageSize Width: 1 points 90 80\n"
+                        "*ParamCustomPageSize Height: 2 points 10 80\n"
+                        "*OpenUI *Mark: PickOne\n*DefaultMark: A\n*Mark A: \"\"\n"
+                        "*CloseUI: *Mark\n*CustomMark True: \"c\"\n"
+                        "*ParamCustomMark N: 1 int 5 -5\n*ParamCustomMark R: 2 real 0.5 0.25\n"),
+            begin + "*ParamCustomPageSize Width" + end + begin + "*ParamCustomMark N" + end +
+                begin + "*ParamCustomMark R" + end);
+  EXPECT_EQ(run({"check", "odd.xml"}).status, 0);
+  EXPECT_THAT(section(postScript("odd", {{"Mark", "Custom"}, {"Mark.N", "7"}}), "AnySetup"),
+              HasSubstr("\n7\n0\nc\n"));
 }
 
 }  // namespace

@@ -14,7 +14,8 @@ std::vector<std::string> emitArguments(const std::string& name, const std::strin
                                        const Settings& settings) {
   std::vector<std::string> arguments = {"emit", name + ".xml", "--to", form};
   for (const auto& [feature, value] : settings) {
-    arguments.insert(arguments.end(), {"-o", feature + "=" + value});
+    arguments.emplace_back("-o");
+    arguments.push_back(std::string(feature).append("=").append(value));
   }
   return arguments;
 }
@@ -31,6 +32,17 @@ std::string PpdTest::import(const std::string& name) const {
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.output, "");
   return result.errors;
+}
+
+std::string PpdTest::importLines(const std::string& lines) const {
+  write("odd.ppd", "*PPD-Adobe: \"4.3\"\n" + lines);
+  const RunResult result = run({"import", "odd.ppd", "--output", "odd.xml"});
+  EXPECT_EQ(result.status, 0);
+  return result.errors;
+}
+
+MarkedPpd PpdTest::odd() const {
+  return MarkedPpd((folder() / "odd.ppd").string());
 }
 
 std::string PpdTest::postScript(const std::string& name, const Settings& settings) const {

@@ -14,11 +14,20 @@
 // What the user chooses: an option of a feature, or a value.
 using Settings = std::vector<std::pair<std::string, std::string>>;
 
+class MarkedPpd;
+
 class PpdTest : public ProgramTest {
  protected:
   // Copies a file of tests/ppd/files into the test's folder and imports it to
   // NAME.xml. Answers the lines on standard error.
   std::string import(const std::string& name) const;
+
+  // Imports a file of these lines, below the first one of every PPD file, to
+  // odd.xml. Answers the lines on standard error.
+  std::string importLines(const std::string& lines) const;
+
+  // The same file as libcups reads it.
+  MarkedPpd odd() const;
 
   // What the imported description gives with the settings.
   std::string postScript(const std::string& name, const Settings& settings = {}) const;
