@@ -43,7 +43,9 @@ std::string randomText(int least, int greatest, std::string_view characters, Ran
   const auto length =
       shortest + static_cast<int>(random.below(static_cast<std::uint64_t>(longest - shortest) + 1));
   std::string text;
-  for (int i = 0; i < length; ++i) text += characters[random.below(characters.size())];
+  for (int i = 0; i < length; ++i) {
+    text += characters[static_cast<std::size_t>(random.below(characters.size()))];
+  }
   return text;
 }
 
