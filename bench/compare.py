@@ -108,20 +108,25 @@ def print_pairs(ours, theirs, our_counts, their_counts):
 
 
 def print_all(ours, counts):
-    print("| operation | size | time | instructions | allocations | fitted growth of time "
-          "| growth of instructions from the size before |")
+    print("| operation | sizes | time | instructions | allocations | growth of time, fitted "
+          "| of instructions |")
     print("|" + "---|" * 7)
-    before = None
+    sizes_of = {}
     for mine in ours.times[0]:
         name, size = mine.rsplit("/", 1)
-        growth = ""
-        if before is not None and before[0] == name:
-            power = math.log(counts[mine] / before[2], int(size) / before[1])
-            growth = f"size to the power {power:.2f}"
-        before = (name, int(size), counts[mine])
-        print(f"| {name} | {int(size):,} | {shown_time(ours.median(mine))} "
-              f"| {counts[mine]:,.0f} | {ours.allocations[mine]:,} "
-              f"| {ours.fits.get(name, '')} | {growth} |")
+        sizes_of.setdefault(name, []).append(int(size))
+    for name, sizes in sizes_of.items():
+        rows = [f"{name}/{size}" for size in sizes]
+        # Over the last step, where what does not depend on the size hides least.
+        power = math.log(counts[rows[-1]] / counts[rows[-2]], sizes[-1] / sizes[-2])
+        print("| " + " | ".join((
+            name,
+            " / ".join(f"{size:,}" for size in sizes),
+            " / ".join(shown_time(ours.median(row)) for row in rows),
+            " / ".join(f"{counts[row]:,.0f}" for row in rows),
+            " / ".join(f"{ours.allocations[row]:,}" for row in rows),
+            ours.fits.get(name, ""),
+            f"size to the power {power:.2f}")) + " |")
 
 
 def main():

@@ -17,6 +17,7 @@
 #include "host/emit_command.h"
 #include "host/nearest_name.h"
 #include "host/output_file.h"
+#include "host/ppd/import_command.h"
 #include "host/shell/shell_command.h"
 #include "host/show_command.h"
 #include "host/text.h"
@@ -39,13 +40,14 @@ constexpr const char* kExamples =
 
 // Every command, in the order of the help.
 constexpr std::array kCommands = {
-    &addCheckCommand,  //
-    &addShowCommand,   //
-    &addEmitCommand,   //
-    &addDumpCommand,   //
-    &addTryCommand,    //
-    &addDiffCommand,   //
-    &addShellCommand,  //
+    &addCheckCommand,   //
+    &addShowCommand,    //
+    &addEmitCommand,    //
+    &addDumpCommand,    //
+    &addTryCommand,     //
+    &addDiffCommand,    //
+    &addImportCommand,  //
+    &addShellCommand,   //
 };
 
 class CommandLine {

@@ -22,3 +22,6 @@ add_test(NAME tutorial
 add_test(NAME security_examples
   COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/security.md
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
+add_test(NAME import_examples
+  COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/import.md
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})

@@ -57,8 +57,8 @@ expectFields libdriverfeature-dev libdevel
 expectFields driver-feature utils
 expectDependencies libdriverfeature1 libc6 libgcc-s1 libstdc++6 libxml2
 expectDependencies libdriverfeature-dev "libdriverfeature1 (= $kVersion)"
-expectDependencies driver-feature libc6 "libdriverfeature1 (= $kVersion)" libgcc-s1 libreadline8 \
-  libstdc++6 libxml2
+expectDependencies driver-feature libc6 libcups2 "libdriverfeature1 (= $kVersion)" libgcc-s1 \
+  libreadline8 libstdc++6 libxml2
 
 # Files. Each one that an installation has is in exactly one package.
 
@@ -90,7 +90,8 @@ expectHolds libdriverfeature-dev "usr/lib/$triplet/pkgconfig/driver-feature.pc" 
   "usr/lib/$triplet/cmake/DriverFeature/DriverFeatureConfig.cmake" \
   usr/include/driver_feature/{model/core_feature_set,frame/exports,platform/AttributeMap}.h \
   usr/share/doc/libdriverfeature-dev/examples/minimal_host/minimal_host.cc
-expectHolds driver-feature usr/bin/driver-feature "$libraries/liboffice_routines.so" \
+expectHolds driver-feature usr/bin/driver-feature \
+  "$libraries"/lib{office,ppd}_routines.so \
   usr/share/driver-feature/{label_printer,office_laser}.xml \
   usr/share/driver-feature/feature_description.rng usr/share/man/man1/driver-feature.1 \
   usr/share/bash-completion/completions/driver-feature.bash \
@@ -136,7 +137,7 @@ done
 root=$work/root
 mkdir -p "$root/var/lib/dpkg/"{info,updates}
 : >"$root/var/lib/dpkg/available"
-for name in libc6 libgcc-s1 libreadline8 libstdc++6 libxml2; do
+for name in libc6 libcups2 libgcc-s1 libreadline8 libstdc++6 libxml2; do
   dpkg-query --status "$name:$architecture"
   echo
 done >"$root/var/lib/dpkg/status"

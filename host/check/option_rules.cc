@@ -50,8 +50,11 @@ void checkUse(const Element& feature, const OptionOutput& output, Findings& find
                       {}});
 }
 
-// Each option without what the feature's template takes from it.
+// Each option without what the feature's template takes from it. A template of
+// the conversion alone leaves all to the options, one of which may well write
+// nothing.
 void checkTemplateOptions(const Element& feature, const char* command, Findings& findings) {
+  if (feature.text(command) == "%s") return;
   if (readTemplate(feature.text(command)).conversion.empty()) return;
   for (const auto& option : feature.children) {
     if (option->has(command)) continue;

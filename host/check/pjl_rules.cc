@@ -39,9 +39,11 @@ void checkLineEnd(const Element& element, Findings& findings) {
   }
 }
 
+// The escape character begins what frames PJL and what other printer languages
+// are told.
 bool isPjl(char character) {
   return (character >= ' ' && character <= '~') || character == '\t' || character == '\r' ||
-         character == '\n';
+         character == '\n' || character == '\x1B';
 }
 
 void checkCharacters(const Element& element, Findings& findings) {

@@ -87,7 +87,7 @@ const std::map<std::string, AddKind>& kinds() {
   static const std::map<std::string, AddKind> kKinds = {
       {"FILE", &addFileNames},    {"PATH", &addFileNames},      {"LIB.so", &addFileNames},
       {"FORM[=FILE]", &addForms}, {"NAME=VALUE", &addSettings}, {"GROUP", &addDynamicGroups},
-      {"TEXT", &addNothing},      {"CODE", &addNothing}};
+      {"TEXT", &addNothing},      {"CODE", &addNothing},        {"DIR", &addFileNames}};
   return kKinds;
 }
 

@@ -61,7 +61,7 @@ wrapElements() {
 takeDescription() {
   local block=$1 description=example.xml
   if [ "$mode" = grow ]; then description=printer.xml; fi
-  if grep -q '^<FeatureDescription>$' "$block"; then
+  if grep -qE '^<FeatureDescription( .*)?>$' "$block"; then
     cp -- "$block" "$description"
   elif [ "$mode" = grow ]; then
     awk -f "$tools/grow.awk" "$block" "$description" >grown

@@ -16,6 +16,10 @@ HelpTest::HelpTest() {
   fs::copy_file(descriptions / "office_laser.xml", folder() / "office.xml");
   fs::copy_file(descriptions / "page_exceptions.json", folder() / "page_exceptions.json");
   fs::create_symlink(OFFICE_ROUTINES, folder() / "liboffice_routines.so");
+  write("printer.ppd",
+        "*PPD-Adobe: \"4.3\"\n*OpenUI *Duplex: PickOne\n*Duplex Off: \"\"\n*CloseUI: *Duplex\n");
+  fs::create_directory(folder() / "ppds");
+  fs::copy_file(folder() / "printer.ppd", folder() / "ppds" / "printer.ppd");
   write("my.conf", "Copies=2\n");
   write("draft.conf", "EconoMode=On\n");
   write("final.conf", "Copies=3\n");

@@ -98,9 +98,11 @@ const std::vector<CheckRow>& commandRows() {
        "feature TESKJTAttributeName or AddVORNCallbackRoutine, or remove it from the options "
        "[DF506]\n"},
       {"options without the command of their feature",
-       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x' PSCommand='%s'>",
+       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x' PSCommand='%s '>",
         "<Option Name='x' PSCommand='a'/><Option Name='y'/><Option Name='z' PSCommand=''/>",
-        "</Feature>"},
+        "</Feature>",
+        "<Feature FeatureType='MultiSelect' Name='B' DefaultValue='y' PSCommand='%s'>",
+        "<Option Name='x' PSCommand='a'/><Option Name='y'/></Feature>"},
        "@:4:33: warning: option \"y\" of feature \"A\" has no PSCommand; the feature's command is "
        "written with nothing in its place; give the option a PSCommand [DF507]\n"
        "@:4:68: warning: option \"z\" of feature \"A\" has no PSCommand; the feature's command is "

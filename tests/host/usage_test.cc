@@ -20,13 +20,13 @@ struct Row {
 TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
   const Row kRows[] = {
       {{},
-       "driver-feature: a command is needed: check, show, emit, dump, try, diff, shell; "
+       "driver-feature: a command is needed: check, show, emit, dump, try, diff, import, shell; "
        "driver-feature --help "
        "explains them\n"},
       {{"shwo"}, "driver-feature: there is no command \"shwo\"; did you mean \"show\"?\n"},
       {{"print", "a.xml"},
        "driver-feature: there is no command \"print\"; give one of check, show, emit, dump, try, "
-       "diff, shell\n"},
+       "diff, import, shell\n"},
       {{"--frob"},
        "driver-feature: \"--frob\" is not expected; driver-feature --help explains the usage\n"},
       {{"show"},

@@ -1,0 +1,48 @@
+#include "host/ppd/byte_escapes.h"
+
+#include "host/text.h"
+
+namespace driver_feature {
+
+namespace {
+
+unsigned byteOf(char byte) {
+  return static_cast<unsigned char>(byte);
+}
+
+void appendEscape(unsigned byte, std::string& text) {
+  if (byte == 0) return;
+  text += '\xEF';
+  text += static_cast<char>(0x9C + (byte >> 6));
+  text += static_cast<char>(0x80 + (byte & 0x3F));
+}
+
+// Of three bytes that spell a character: U+F700 to U+F7FF, U+FFFE or U+FFFF.
+bool isReserved(std::string_view character) {
+  if (character.size() != 3 || byteOf(character[0]) != 0xEF) return false;
+  const unsigned second = byteOf(character[1]);
+  return (second >= 0x9C && second <= 0x9F) || (second == 0xBF && byteOf(character[2]) >= 0xBE);
+}
+
+bool isHeldByXml(std::string_view character) {
+  if (character.size() > 1) return !isReserved(character);
+  const unsigned byte = byteOf(character.front());
+  return (byte >= 0x20 && byte < 0x80) || byte == '\t' || byte == '\n' || byte == '\r';
+}
+
+}  // namespace
+
+std::string escapeBytes(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size());
+  for (const std::string_view character : splitCharacters(bytes)) {
+    if (isHeldByXml(character)) {
+      text += character;
+      continue;
+    }
+    for (const char byte : character) appendEscape(byteOf(byte), text);
+  }
+  return text;
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,22 @@
+// Texts of any bytes as texts that XML can hold. A description whose root
+// element says ByteEscapes="yes" has in its attributes a character U+F700+b for
+// a byte b that XML could not hold; the parser of the development edition turns
+// it back.
+#ifndef HOST_PPD_BYTE_ESCAPES_H_
+#define HOST_PPD_BYTE_ESCAPES_H_
+
+#include <string>
+#include <string_view>
+
+namespace driver_feature {
+
+// `bytes` as UTF-8 without a character that XML forbids. Escaped are control
+// bytes but tab, line feed and carriage return, bytes that are no valid UTF-8,
+// the bytes of U+FFFE and U+FFFF, and those of U+F700 to U+F7FF, which would
+// otherwise be taken for escapes. NUL bytes cannot be expressed and are
+// dropped.
+std::string escapeBytes(std::string_view bytes);
+
+}  // namespace driver_feature
+
+#endif  // HOST_PPD_BYTE_ESCAPES_H_

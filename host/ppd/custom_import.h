@@ -1,0 +1,22 @@
+// The choices "Custom" of a PPD file, whose text holds values that the user
+// gives.
+#ifndef HOST_PPD_CUSTOM_IMPORT_H_
+#define HOST_PPD_CUSTOM_IMPORT_H_
+
+#include <string>
+
+#include "host/ppd/custom_text.h"
+#include "host/ppd/import_state.h"
+
+namespace driver_feature {
+
+// Adds what writes the text of the choice, and a feature for each of its
+// values. `entry` is that of its option, and `chosen` tells the feature and
+// its option by which the user chooses it. Answers the command of that option
+// itself, empty when something else writes the text.
+std::string importCustomChoice(ImportState& state, const ppd_choice_t& choice,
+                               const SectionEntry& entry, const CustomPlan& chosen);
+
+}  // namespace driver_feature
+
+#endif  // HOST_PPD_CUSTOM_IMPORT_H_

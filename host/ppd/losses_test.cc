@@ -1,0 +1,39 @@
+#include "host/ppd/losses.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace driver_feature {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+TEST(LossesTest, Lines_EveryKind_OptionsAndConstraintsOneByOne) {
+  Losses losses;
+  losses.note(LossKind::kKeyword, "*Font");
+  losses.note(LossKind::kConstraint, "*A *B");
+  losses.note(LossKind::kOption, "choice *A x: why");
+  losses.note(LossKind::kKeyword, "*NickName");
+  losses.note(LossKind::kKeyword, "*Font");
+  losses.note(LossKind::kText, "*A");
+  losses.note(LossKind::kConstraint, "*B *A");
+  EXPECT_THAT(losses.lines(),
+              ElementsAre("choice *A x: why", "constraint *A *B", "constraint *B *A",
+                          "texts for users: *A", "keywords: *Font (2), *NickName"));
+  EXPECT_THAT(losses.lines(LossKind::kOption), ElementsAre("choice *A x: why"));
+  EXPECT_EQ(losses.count(LossKind::kKeyword), 3);
+  EXPECT_EQ(losses.count(LossKind::kConstraint), 2);
+}
+
+TEST(LossesTest, Lines_NothingNoted_AreNone) {
+  const Losses losses;
+  EXPECT_THAT(losses.lines(), IsEmpty());
+  EXPECT_THAT(losses.lines(LossKind::kText), IsEmpty());
+  EXPECT_EQ(losses.count(LossKind::kText), 0);
+}
+
+}  // namespace
+
+}  // namespace driver_feature

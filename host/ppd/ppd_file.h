@@ -1,0 +1,42 @@
+// A PPD file as libcups reads it.
+#ifndef HOST_PPD_PPD_FILE_H_
+#define HOST_PPD_PPD_FILE_H_
+
+#include <cups/ppd.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/ppd/ppd_problem.h"
+
+namespace driver_feature {
+
+struct PpdDeleter {
+  void operator()(ppd_file_t* ppd) const { ppdClose(ppd); }
+};
+using PpdPointer = std::unique_ptr<ppd_file_t, PpdDeleter>;
+
+// Reads a PPD file, compressed with gzip or not. Its default choices are
+// marked, and the page size as libcups marks it before it writes: as PageSize,
+// as PageRegion or as neither. Null, and a filled `problem`, when the file
+// cannot be read.
+PpdPointer readPpd(const std::string& path, PpdProblem& problem);
+
+// The options of all groups, in the order of the file. libcups puts none into
+// subgroups.
+std::vector<ppd_option_t*> optionsOf(ppd_file_t& ppd);
+
+// The choices of an option, in the order of the file.
+std::vector<ppd_choice_t*> choicesOf(ppd_option_t& option);
+
+// Compare as libcups compares keywords and choices: ASCII letters in either
+// case are the same.
+bool equalKeywords(const char* left, const char* right);
+
+// The text of a section with what is marked, as libcups writes it.
+std::string emittedText(ppd_file_t& ppd, ppd_section_t section);
+
+}  // namespace driver_feature
+
+#endif  // HOST_PPD_PPD_FILE_H_

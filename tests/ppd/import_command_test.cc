@@ -1,0 +1,230 @@
+// The command "import": its files, its refusals and its summary.
+
+#include <pty.h>
+#include <unistd.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ppd/ppd_test.h"
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+constexpr const char* kSmall =
+    "*PPD-Adobe: \"4.3\"\n"
+    "*OpenUI *Duplex: PickOne\n"
+    "*DefaultDuplex: Off\n"
+    "*Duplex Off: \"/duplex false def\"\n"
+    "*CloseUI: *Duplex\n";
+
+class ImportCommandTest : public PpdTest {};
+
+TEST_F(ImportCommandTest, Import_WithoutOutput_WritesToStandardOutput) {
+  write("small.ppd", kSmall);
+  EXPECT_EQ(run({"import", "small.ppd"}),
+            success("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                    "<FeatureDescription>\n"
+                    "  <BaseFeatureInfo DefaultCallbackHandler=\"DriverFeatureHostUpdate\" "
+                    "LoadVORNCallbackHandler=\"DriverFeatureHostLoad\"/>\n"
+                    "  <FeatureStaticGroup Name=\"Section.AnySetup\" "
+                    "PSCommand=\"%%DriverSection AnySetup&#10;%s&#10;%%EndDriverSection&#10;\">\n"
+                    "    <Feature FeatureType=\"MultiSelect\" Name=\"Duplex\" "
+                    "DefaultValue=\"Off\" PSCommand=\"%s\">\n"
+                    "      <Option Name=\"Off\" PSCommand=\"[{&#10;%%BeginFeature: *Duplex "
+                    "Off&#10;/duplex false def&#10;%%EndFeature&#10;} stopped "
+                    "cleartomark&#10;\"/>\n"
+                    "    </Feature>\n"
+                    "  </FeatureStaticGroup>\n"
+                    "</FeatureDescription>\n"));
+}
+
+TEST_F(ImportCommandTest, Import_CodeOf5000Bytes_ComesThroughWhole) {
+  std::string code = "% ";
+  for (int i = 0; code.size() < 4990; ++i) {
+    code += std::to_string(i) + (i % 10 == 0 ? "\n" : "%s(\xFC) ");
+  }
+  code += "end";
+  write("long.ppd", std::string(kSmall) + "*OpenUI *Long: PickOne\n*DefaultLong: A\n*Long A: \"" +
+                        code + "\"\n*CloseUI: *Long\n");
+  ASSERT_EQ(run({"import", "long.ppd", "--output", "long.xml"}), success(""));
+  const std::string text = section(postScript("long"), "AnySetup");
+  EXPECT_THAT(text, HasSubstr("*Long A\n" + code + "\n%%EndFeature\n"));
+  MarkedPpd ppd((folder() / "long.ppd").string());
+  EXPECT_EQ(text, ppd.text(PPD_ORDER_ANY));
+}
+
+TEST_F(ImportCommandTest, Import_FileThatLibcupsRefuses_NamesTheLine) {
+  write("bad.ppd", "*PPD-Adobe: \"4.3\"\n*OpenGroup: A\n*OpenGroup: B\n");
+  EXPECT_EQ(run({"import", "bad.ppd", "--output", "bad.xml"}),
+            failure(2,
+                    "driver-feature: bad.ppd:3: libcups cannot read the PPD file: OpenGroup "
+                    "without a CloseGroup first; correct the line (cupstestppd explains more)\n"));
+  EXPECT_THAT(fileNames(), ElementsAre("bad.ppd"));
+}
+
+TEST_F(ImportCommandTest, Import_NoPpdFile_IsRefused) {
+  write("other.ppd", "*Other: \"4.3\"\n");
+  EXPECT_EQ(run({"import", "other.ppd"}),
+            failure(2,
+                    "driver-feature: other.ppd:1: this is no PPD file: it does not begin with "
+                    "*PPD-Adobe: \"4.\n"));
+  EXPECT_EQ(
+      run({"import", "absent.ppd"}),
+      failure(2, "driver-feature: absent.ppd: cannot be opened: No such file or directory\n"));
+  EXPECT_EQ(run({"import", "."}),
+            failure(2, "driver-feature: .: cannot be opened: Is a directory\n"));
+}
+
+TEST_F(ImportCommandTest, Import_OutputCannotBeWritten_EndsWithOne) {
+  write("small.ppd", kSmall);
+  const RunResult result = run({"import", "small.ppd", "--output", "absent/small.xml"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.errors, HasSubstr("absent"));
+}
+
+TEST_F(ImportCommandTest, Import_OutputIsThePpdFile_IsRefused) {
+  write("small.ppd", kSmall);
+  EXPECT_EQ(run({"import", "small.ppd", "--output", "./small.ppd"}),
+            failure(2,
+                    "driver-feature: ./small.ppd: is the PPD file itself; give the description "
+                    "another name\n"));
+  EXPECT_EQ(read("small.ppd"), kSmall);
+}
+
+TEST_F(ImportCommandTest, Import_NothingOrBothGiven_IsWrongUsage) {
+  const std::string needed =
+      "driver-feature: either PPD files or --all DIR is needed; driver-feature import --help "
+      "explains the usage\n";
+  EXPECT_EQ(run({"import"}), failure(2, needed));
+  EXPECT_EQ(run({"import", "a.ppd", "--all", "."}), failure(2, needed));
+}
+
+TEST_F(ImportCommandTest, Import_SeveralFiles_EachHasItsOwn) {
+  write("a.ppd", kSmall);
+  write("b.ppd", std::string(kSmall) + "*UIConstraints: *Duplex *Duplex Off\n");
+  EXPECT_EQ(run({"import", "a.ppd", "b.ppd"}),
+            failure(0,
+                    "driver-feature: b.ppd: not carried over: 1 constraint\n"
+                    "driver-feature: 2 PPD files imported, with 2 features and 2 options\n"
+                    "driver-feature: not carried over in all: 1 constraint; --verbose names "
+                    "each\n"));
+  EXPECT_THAT(fileNames(), ElementsAre("a.ppd", "a.xml", "b.ppd", "b.xml"));
+  EXPECT_THAT(run({"import", "a.ppd", "b.ppd", "-v"}).errors,
+              HasSubstr("driver-feature: b.ppd: not carried over: constraint *Duplex *Duplex "
+                        "Off\n"));
+}
+
+TEST_F(ImportCommandTest, Import_Quietly_ShowsErrorsAndTheSummary) {
+  write("a.ppd", kSmall);
+  write("b.ppd", std::string(kSmall) + "*UIConstraints: *Duplex *Duplex Off\n");
+  EXPECT_EQ(run({"import", "b.ppd", "-q", "--output", "b.xml"}), success(""));
+  EXPECT_EQ(run({"import", "a.ppd", "b.ppd", "-q"}),
+            failure(0,
+                    "driver-feature: 2 PPD files imported, with 2 features and 2 options\n"
+                    "driver-feature: not carried over in all: 1 constraint; --verbose names "
+                    "each\n"));
+}
+
+TEST_F(ImportCommandTest, Import_SeveralFiles_PartsOfOptionsAreNamedAndTheRestCounted) {
+  write("a.ppd", kSmall);
+  write("b.ppd", std::string(kSmall) +
+                     "*UIConstraints: *Duplex *Duplex Off\n*NickName: \"B\"\n"
+                     "*OpenUI *Tray: PickOne\n*Tray A: \"\"\n*Tray a: \"\"\n*CloseUI: *Tray\n");
+  EXPECT_EQ(run({"import", "a.ppd", "b.ppd"}).errors,
+            "driver-feature: b.ppd: not carried over: choice *Tray a: libcups takes another choice "
+            "of the option for it\n"
+            "driver-feature: b.ppd: not carried over: 1 constraint, 1 other keyword\n"
+            "driver-feature: 2 PPD files imported, with 3 features and 4 options\n"
+            "driver-feature: not carried over in all: 1 part of an option, 1 constraint, 1 other "
+            "keyword; --verbose names each\n");
+}
+
+TEST_F(ImportCommandTest, Import_SeveralFilesToWhatIsNoFolder_EndsWithOne) {
+  write("a.ppd", kSmall);
+  write("b.ppd", "no PPD file");
+  write("out", "a file");
+  const RunResult result = run({"import", "a.ppd", "b.ppd", "--output", "out"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.errors, HasSubstr("driver-feature: 0 PPD files imported, with 0 features and "
+                                       "0 options\ndriver-feature: 2 failures: "));
+  EXPECT_EQ(read("out"), "a file");
+}
+
+TEST_F(ImportCommandTest, ImportAll_Folder_KeepsItsFoldersAndSumsUp) {
+  std::filesystem::create_directories(folder() / "in" / "deep");
+  write("in/one.PPD", kSmall);
+  write("in/deep/two.ppd", kSmall);
+  write("in/deep/bad.ppd", "*PPD-Adobe: \"4.3\"\n*OpenGroup: A\n*OpenGroup: B\n");
+  write("in/deep/two.ppd.gz", kSmall);
+  write("in/readme.txt", "no PPD file");
+  std::filesystem::create_directory_symlink("..", folder() / "in" / "up");
+  EXPECT_EQ(run({"import", "--all", "in", "--output", "out"}),
+            failure(2,
+                    "driver-feature: in/deep/two.ppd.gz: its description would replace that of "
+                    "in/deep/two.ppd, out/deep/two.xml; import it on its own\n"
+                    "driver-feature: in/deep/bad.ppd:3: libcups cannot read the PPD file: "
+                    "OpenGroup without a CloseGroup first; correct the line (cupstestppd explains "
+                    "more)\n"
+                    "driver-feature: 2 PPD files imported, with 2 features and 2 options\n"
+                    "driver-feature: 2 failures: OpenGroup without a CloseGroup first (1), left "
+                    "out (1)\n"));
+  EXPECT_TRUE(std::filesystem::exists(folder() / "out" / "one.xml"));
+  EXPECT_TRUE(std::filesystem::exists(folder() / "out" / "deep" / "two.xml"));
+}
+
+TEST_F(ImportCommandTest, ImportAll_NothingToImport_IsRefused) {
+  EXPECT_EQ(run({"import", "--all", "."}),
+            failure(2,
+                    "driver-feature: .: there is no file named *.ppd or *.ppd.gz in the "
+                    "folder\n"));
+  const RunResult result = run({"import", "--all", "absent"});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_THAT(result.errors,
+              HasSubstr("driver-feature: absent: cannot be read: No such file or directory\n"));
+}
+
+// What the program writes to standard error when that is a terminal.
+class TerminalErrorsTest : public PpdTest {
+ protected:
+  std::string errorsOf(const std::vector<std::string>& arguments) const {
+    int terminal = -1;
+    int program = -1;
+    if (::openpty(&terminal, &program, nullptr, nullptr, nullptr) != 0) return "no terminal";
+    run(arguments, [program] { ::dup2(program, STDERR_FILENO); });
+    ::close(program);
+    std::string errors;
+    char buffer[4096];
+    for (ssize_t count; (count = ::read(terminal, buffer, sizeof buffer)) > 0;) {
+      errors.append(buffer, static_cast<std::size_t>(count));
+    }
+    ::close(terminal);
+    return errors;
+  }
+};
+
+TEST_F(TerminalErrorsTest, Import_SeveralFiles_ShowsHowFarItIs) {
+  const std::string longName = std::string(80, 'x') + "y.ppd";
+  write("a.ppd", kSmall);
+  write(longName, kSmall);
+  write("c.ppd", "no PPD file");
+  EXPECT_EQ(errorsOf({"import", "a.ppd", longName, "c.ppd", "-q"}),
+            "1 of 3: a.ppd\r\x1B[K"
+            "2 of 3: ..." +
+                std::string(63, 'x') +
+                "y.ppd\r\x1B[K"
+                "3 of 3: c.ppd\r\x1B[K"
+                "driver-feature: c.ppd:1: this is no PPD file: it does not begin with *PPD-Adobe: "
+                "\"4.\r\n"
+                "driver-feature: 2 PPD files imported, with 2 features and 2 options\r\n"
+                "driver-feature: 1 failure: no PPD file (1)\r\n");
+}
+
+TEST_F(TerminalErrorsTest, Import_OneFile_ShowsNone) {
+  write("a.ppd", kSmall);
+  EXPECT_EQ(errorsOf({"import", "a.ppd", "--output", "a.xml"}), "");
+}
+
+}  // namespace
