@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Measures the library beside its peer, libcups, and prints one table.
 
-usage: compare.py BUILD-FOLDER [--rounds N] [--min-time SECONDS]
+usage: compare.py BUILD-FOLDER [--rounds N] [--min-time SECONDS] [--real FOLDER]
 
 The models are generated anew, the texts of both are compared before anything
 is timed, and all figures of the table come from this one run: rounds of the
@@ -14,6 +14,8 @@ import json
 import math
 import os
 import pathlib
+import re
+import shutil
 import statistics
 import subprocess
 import tempfile
@@ -36,6 +38,13 @@ PAIRS = (
 FLOOR = "copy the PostScript"
 
 
+REAL_PAIRS = (
+    ("load of a real printer", "open a real printer's file"),
+    ("change choice of a real printer", "mark in a real printer's file"),
+    ("serialize a real printer", "emit a real printer's file"),
+)
+
+
 def run(program, models, *arguments):
     environment = dict(os.environ, BENCH_MODELS=str(models), LC_ALL="C")
     return subprocess.run([str(program), *arguments], env=environment, check=True,
@@ -47,6 +56,26 @@ def require_equal_texts(library, peer, models):
         texts = [run(program, models, "--text", str(size)) for program in (library, peer)]
         if texts[0] != texts[1] or not texts[0]:
             raise SystemExit(f"the texts of {size} features differ: nothing is measured")
+
+
+def add_real_models(folder, models):
+    """Puts the pairs of NAME.ppd and NAME.xml of a folder among the models.
+    Answers their names."""
+    names = sorted(path.stem for path in folder.glob("*.ppd"))
+    for number, name in enumerate(names):
+        for kind in ("ppd", "xml"):
+            shutil.copy(folder / f"{name}.{kind}", models / f"real_{kind}_{number}")
+    return names
+
+
+def require_equal_real_texts(library, peer, models, names):
+    """An imported description marks where its sections begin and end."""
+    for number, name in enumerate(names):
+        ours = run(library, models, "--real", str(number))
+        ours = re.sub(rb"(?m)^%%?DriverSection .*\n", b"", ours)
+        ours = re.sub(rb"(?m)^\n?%%?EndDriverSection\n", b"", ours)
+        if ours != run(peer, models, "--real", str(number)) or not ours:
+            raise SystemExit(f"the texts of {name} differ: nothing is measured")
 
 
 def time_once(program, models, min_time):
@@ -107,26 +136,50 @@ def print_pairs(ours, theirs, our_counts, their_counts):
                   f"| {ours.allocations[mine]:,} / {theirs.allocations[other]:,} | {floor} |")
 
 
+def print_real(ours, theirs, our_counts, their_counts, names):
+    print("| printer | operation | ours | peer | times faster | ours, instructions "
+          "| peer, instructions | times fewer |")
+    print("|" + "---|" * 8)
+    for number, name in enumerate(names):
+        for our_name, their_name in REAL_PAIRS:
+            mine, other = f"{our_name}/{number}", f"{their_name}/{number}"
+            ratio = statistics.median(
+                b[other] / a[mine] for a, b in zip(ours.times, theirs.times))
+            print(f"| {name} | {our_name.partition(' of a ')[0].partition(' a real')[0]} "
+                  f"| {shown_time(ours.median(mine))} | {shown_time(theirs.median(other))} "
+                  f"| {ratio:.1f} | {our_counts[mine]:,.0f} | {their_counts[other]:,.0f} "
+                  f"| {their_counts[other] / our_counts[mine]:.1f} |")
+
+
 def print_all(ours, counts):
-    print("| operation | size | time | instructions | allocations | fitted growth of time "
-          "| growth of instructions from the size before |")
+    print("| operation | sizes | time | instructions | allocations | growth of time, fitted "
+          "| of instructions |")
     print("|" + "---|" * 7)
-    before = None
+    sizes_of = {}
     for mine in ours.times[0]:
         name, size = mine.rsplit("/", 1)
-        growth = ""
-        if before is not None and before[0] == name:
-            power = math.log(counts[mine] / before[2], int(size) / before[1])
-            growth = f"size to the power {power:.2f}"
-        before = (name, int(size), counts[mine])
-        print(f"| {name} | {int(size):,} | {shown_time(ours.median(mine))} "
-              f"| {counts[mine]:,.0f} | {ours.allocations[mine]:,} "
-              f"| {ours.fits.get(name, '')} | {growth} |")
+        sizes_of.setdefault(name, []).append(int(size))
+    for name, sizes in sizes_of.items():
+        if name in dict(REAL_PAIRS):
+            continue
+        rows = [f"{name}/{size}" for size in sizes]
+        # Over the last step, where what does not depend on the size hides least.
+        power = math.log(counts[rows[-1]] / counts[rows[-2]], sizes[-1] / sizes[-2])
+        print("| " + " | ".join((
+            name,
+            " / ".join(f"{size:,}" for size in sizes),
+            " / ".join(shown_time(ours.median(row)) for row in rows),
+            " / ".join(f"{counts[row]:,.0f}" for row in rows),
+            " / ".join(f"{ours.allocations[row]:,}" for row in rows),
+            ours.fits.get(name, ""),
+            f"size to the power {power:.2f}")) + " |")
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("build", type=pathlib.Path)
+    parser.add_argument("--real", type=pathlib.Path, metavar="FOLDER",
+                        help="measure real printers, too: NAME.ppd with its imported NAME.xml")
     parser.add_argument("--rounds", type=int, default=5)
     parser.add_argument("--min-time", type=float, default=0.05)
     options = parser.parse_args()
@@ -136,6 +189,8 @@ def main():
         models = pathlib.Path(folder)
         run(programs / "write_models", models, str(models))
         require_equal_texts(library, peer, models)
+        names = add_real_models(options.real, models) if options.real else []
+        require_equal_real_texts(library, peer, models, names)
         ours, theirs = Rounds(), Rounds()
         for _ in range(options.rounds):
             ours.add(library, models, options.min_time)
@@ -146,6 +201,9 @@ def main():
     print_pairs(ours, theirs, our_counts, their_counts)
     print()
     print_all(ours, our_counts)
+    if names:
+        print()
+        print_real(ours, theirs, our_counts, their_counts, names)
     print(f"\nMemory:\n\n{memory}")
 
 

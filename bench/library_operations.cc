@@ -15,6 +15,13 @@ void addOperations(Operations& operations) {
   addRestoring(operations);
   addRecords(operations);
   addDump(operations);
+  addImported(operations);
+}
+
+std::string textOfRealModel(int number) {
+  std::string output;
+  useModel("real_xml", number).serialize(output, 1, false, "", "");
+  return output;
 }
 
 std::string textOfModel(int size) {

@@ -15,6 +15,7 @@ void addSerialization(Operations& operations);
 void addRestoring(Operations& operations);
 void addRecords(Operations& operations);
 void addDump(Operations& operations);
+void addImported(Operations& operations);
 
 }  // namespace driver_feature::bench
 

@@ -45,6 +45,9 @@ void addOperations(Operations& operations);
 // same work.
 std::string textOfModel(int size);
 
+// And this: the PostScript of a real printer's model as it was loaded.
+std::string textOfRealModel(int number);
+
 // The file of the generated model with so many features; `kind` is one of
 // those of generated_model.h. The folder comes from the environment variable
 // BENCH_MODELS.

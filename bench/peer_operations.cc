@@ -9,9 +9,12 @@
 #include <cstdlib>
 #include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "bench/generated_model.h"
 #include "bench/operation.h"
+#include "bench/real_models.h"
 
 namespace driver_feature::bench {
 
@@ -39,8 +42,26 @@ ppd_file_t* modelOf(int size) {
   return model;
 }
 
-std::unique_ptr<char, void (*)(void*)> emitAll(ppd_file_t* ppd) {
-  return {ppdEmitString(ppd, PPD_ORDER_ANY, 0.0F), std::free};
+// Everything that is marked: a host asks for each section of the output. What
+// goes before the PostScript (JCL) is not among them.
+template <class Use>
+void emitAll(ppd_file_t* ppd, const Use& use) {
+  for (const ppd_section_t section :
+       {PPD_ORDER_EXIT, PPD_ORDER_PROLOG, PPD_ORDER_DOCUMENT, PPD_ORDER_ANY, PPD_ORDER_PAGE}) {
+    const std::unique_ptr<char, void (*)(void*)> text(ppdEmitString(ppd, section, 0.0F), std::free);
+    use(text.get());
+  }
+}
+
+Step emission(ppd_file_t* ppd) {
+  return {.run = [ppd] { emitAll(ppd, [](char* text) { benchmark::DoNotOptimize(text); }); },
+          .overAll = true};
+}
+
+std::string emittedText(ppd_file_t* ppd) {
+  std::string all;
+  emitAll(ppd, [&all](const char* text) { all += text != nullptr ? text : ""; });
+  return all;
 }
 
 Step opening(int size) {
@@ -57,8 +78,7 @@ Step marking(int size) {
 }
 
 Step emitting(int size) {
-  return {.run = [ppd = modelOf(size)] { benchmark::DoNotOptimize(emitAll(ppd).get()); },
-          .overAll = true};
+  return emission(modelOf(size));
 }
 
 Step lookingUp(int size) {
@@ -75,6 +95,41 @@ Step readingChoice(int size) {
   }};
 }
 
+ppd_file_t* realModel(int number) {
+  ppd_file_t* ppd = openPPD(modelPath("real_ppd", number));
+  ppdMarkDefaults(ppd);
+  return ppd;
+}
+
+// The first two choices of every option that has so many, first those and then
+// these.
+Step markingReal(int number) {
+  ppd_file_t* ppd = realModel(number);
+  std::vector<std::pair<std::string, std::string>> choices;
+  for (int choice = 0; choice < 2; ++choice) {
+    for (ppd_option_t* option = ppdFirstOption(ppd); option != nullptr;
+         option = ppdNextOption(ppd)) {
+      if (option->num_choices < 2) continue;
+      choices.emplace_back(option->keyword, option->choices[choice].choice);
+    }
+  }
+  return {[ppd, choices, next = std::size_t{0}]() mutable {
+    const auto& [option, choice] = choices[next];
+    next = (next + 1) % choices.size();
+    ppdMarkOption(ppd, option.c_str(), choice.c_str());
+  }};
+}
+
+Step openingReal(int number) {
+  auto opened = std::make_shared<ppd_file_t*>(nullptr);
+  return {.run = [opened, path = modelPath("real_ppd", number)] { *opened = openPPD(path); },
+          .after = [opened] { ppdClose(*opened); }};
+}
+
+Step emittingReal(int number) {
+  return emission(realModel(number));
+}
+
 }  // namespace
 
 void addOperations(Operations& operations) {
@@ -83,13 +138,21 @@ void addOperations(Operations& operations) {
   operations.push_back({"emit", kFeatureCounts, emitting});
   operations.push_back({"look up", kFeatureCounts, lookingUp});
   operations.push_back({"read marked choice", kFeatureCounts, readingChoice});
+  const std::vector<int> models = realModels();
+  if (models.empty()) return;
+  operations.push_back({"open a real printer's file", models, openingReal});
+  operations.push_back({"mark in a real printer's file", models, markingReal});
+  operations.push_back({"emit a real printer's file", models, emittingReal});
+}
+
+std::string textOfRealModel(int number) {
+  return emittedText(realModel(number));
 }
 
 std::string textOfModel(int size) {
   ppd_file_t* ppd = modelOf(size);
   for (int i = 0; i < size; i += 3) ppdMarkOption(ppd, featureName(i).c_str(), "ChoiceC");
-  const auto text = emitAll(ppd);
-  return text ? text.get() : "";
+  return emittedText(ppd);
 }
 
 }  // namespace driver_feature::bench

@@ -2,6 +2,7 @@
 //
 //   BENCH_MODELS=FOLDER PROGRAM [--benchmark_filter=REGEX ...]
 //   BENCH_MODELS=FOLDER PROGRAM --text SIZE     writes the text of a model
+//   BENCH_MODELS=FOLDER PROGRAM --real NUMBER   the same of a real printer's
 
 #include <benchmark/benchmark.h>
 
@@ -48,7 +49,8 @@ void registerOperation(const Operation& operation) {
   for (const int size : operation.sizes) all->Arg(size);
   const Step step = operation.prepare(operation.sizes.front());
   if (step.iterations > 0) all->Iterations(step.iterations);
-  all->Complexity();
+  // The numbers of real models are no sizes.
+  if (operation.sizes.front() > 0) all->Complexity();
 }
 
 }  // namespace
@@ -57,6 +59,10 @@ void registerOperation(const Operation& operation) {
 int main(int argc, char** argv) {
   if (argc == 3 && std::string_view(argv[1]) == "--text") {
     std::cout << driver_feature::bench::textOfModel(std::atoi(argv[2]));
+    return std::cout.flush() ? 0 : 1;
+  }
+  if (argc == 3 && std::string_view(argv[1]) == "--real") {
+    std::cout << driver_feature::bench::textOfRealModel(std::atoi(argv[2]));
     return std::cout.flush() ? 0 : 1;
   }
   benchmark::Initialize(&argc, argv);

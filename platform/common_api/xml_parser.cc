@@ -36,20 +36,6 @@ XmlText copiedValueOf(const xmlAttr& attribute) {
   return value;
 }
 
-// Whether the values of an element's attributes hold byte escapes. The nearest
-// element that says so counts, the element itself or one around it.
-bool hasByteEscapes(const xmlNode& element) {
-  const auto* name = reinterpret_cast<const xmlChar*>("ByteEscapes");
-  for (const xmlNode* node = &element; node != nullptr && node->type == XML_ELEMENT_NODE;
-       node = node->parent) {
-    const xmlAttr* attribute = xmlHasNsProp(node, name, nullptr);
-    if (attribute == nullptr) continue;
-    const XmlText value = copiedValueOf(*attribute);
-    return std::strcmp(textOf(value.get()), "yes") == 0;
-  }
-  return false;
-}
-
 // A value that is one text, as nearly all are, is read where it stands.
 void readValue(const xmlAttr& attribute, std::string& value) {
   const xmlNode* text = attribute.children;
@@ -58,6 +44,34 @@ void readValue(const xmlAttr& attribute, std::string& value) {
   } else {
     value = textOf(copiedValueOf(attribute).get());
   }
+}
+
+// The attribute ByteEscapes of an element, or null. Each element asks for it
+// and for that of those around it, so that few names may be compared whole.
+const xmlAttr* findByteEscapes(const xmlNode& element) {
+  constexpr const char* kName = "ByteEscapes";
+  for (const xmlAttr* attribute = element.properties; attribute != nullptr;
+       attribute = attribute->next) {
+    const char* name = textOf(attribute->name);
+    if (name[0] == kName[0] && attribute->ns == nullptr && std::strcmp(name, kName) == 0) {
+      return attribute;
+    }
+  }
+  return nullptr;
+}
+
+// Whether the values of an element's attributes hold byte escapes. The nearest
+// element that says so counts, the element itself or one around it.
+bool hasByteEscapes(const xmlNode& element) {
+  for (const xmlNode* node = &element; node != nullptr && node->type == XML_ELEMENT_NODE;
+       node = node->parent) {
+    const xmlAttr* attribute = findByteEscapes(*node);
+    if (attribute == nullptr) continue;
+    std::string value;
+    readValue(*attribute, value);
+    return value == "yes";
+  }
+  return false;
 }
 
 class LibXml2Parser final : public XMLParser {
