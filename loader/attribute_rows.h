@@ -82,39 +82,48 @@ bool readAttribute(const AttributeMap& attributes, const std::string& name, Valu
   return attributes.loadMapVariable(name, value, static_cast<const Value*>(nullptr));
 }
 
+// Whether the attribute is present.
 template <class Read, class Store, class Object>
-void applyAttribute(const NamedRow& row, const AttributeMap& attributes, Object& object) {
+bool applyAttribute(const NamedRow& row, const AttributeMap& attributes, Object& object) {
   Read value{};
-  if (!readAttribute(attributes, row.attribute, value)) return;
+  if (!readAttribute(attributes, row.attribute, value)) return false;
   const Store stored = static_cast<Store>(value);
   assign(object, row.property, stored);
   if (!row.secondProperty.empty()) assign(object, row.secondProperty, stored);
+  return true;
 }
 
 template <class Object>
-void applyRow(const NamedRow& row, const AttributeMap& attributes, Object& object) {
+bool applyRow(const NamedRow& row, const AttributeMap& attributes, Object& object) {
   if (row.kind == AttributeKind::kText) {
-    applyAttribute<std::string, const std::string&>(row, attributes, object);
-  } else if (row.kind == AttributeKind::kBool) {
-    applyAttribute<bool, bool>(row, attributes, object);
-  } else if constexpr (std::is_same_v<Object, DriverFeature>) {
-    if (row.kind == AttributeKind::kInt) {
-      applyAttribute<int, int>(row, attributes, object);
-    } else {
-      applyAttribute<double, float>(row, attributes, object);
-    }
+    return applyAttribute<std::string, const std::string&>(row, attributes, object);
+  }
+  if (row.kind == AttributeKind::kBool) {
+    return applyAttribute<bool, bool>(row, attributes, object);
+  }
+  if constexpr (std::is_same_v<Object, DriverFeature>) {
+    if (row.kind == AttributeKind::kInt) return applyAttribute<int, int>(row, attributes, object);
+    return applyAttribute<double, float>(row, attributes, object);
+  }
+  return false;
+}
+
+// Sets the properties of the attributes that are present, in the order of the
+// rows. `others` of the attributes are in no row; once all the rest was met, the rows that are left
+// are not looked for.
+template <class Object>
+void applyAttributes(const NamedRows& rows, const AttributeMap& attributes, Object& object,
+                     long others) {
+  long left = attributes.size() - others;
+  for (const NamedRow& row : rows) {
+    if (left == 0) return;
+    if (applyRow(row, attributes, object)) --left;
   }
 }
 
-// Sets the properties of the attributes that are present.
-template <class Object>
-void applyAttributes(const NamedRows& rows, const AttributeMap& attributes, Object& object) {
-  for (const NamedRow& row : rows) applyRow(row, attributes, object);
-}
-
 template <const auto& kTable, class Object>
-void applyAttributes(const AttributeMap& attributes, Object& object) {
-  applyAttributes(namedRows<kTable>(), attributes, object);
+void applyAttributes(const AttributeMap& attributes, Object& object, long others) {
+  applyAttributes(namedRows<kTable>(), attributes, object, others);
 }
 
 }  // namespace driver_feature

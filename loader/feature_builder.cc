@@ -150,6 +150,13 @@ bool setDefaultOption(const AttributeMap& attributes, DriverFeature& feature,
   return true;
 }
 
+// How many of a feature's attributes are in no row of the common ones: its type
+// and name, and the default value that most features have.
+long attributesBesideCommonOnes(const AttributeMap& attributes) {
+  std::string ignored;
+  return readAttribute(attributes, "DefaultValue", ignored) ? 3 : 2;
+}
+
 }  // namespace
 
 DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes) {
@@ -159,7 +166,7 @@ DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes) {
     return nullptr;
   }
   auto* option = new DriverFeatureOption(name);
-  applyAttributes<kOptionAttributes>(attributes, *option);
+  applyAttributes<kOptionAttributes>(attributes, *option, 1);
   return option;
 }
 
@@ -186,9 +193,9 @@ DriverFeature* CreateFeature(void* element, const AttributeMap& attributes) {
     return nullptr;
   }
   assign(*feature, "FeatureType", *type);
-  applyAttributes<kFeatureAttributes>(attributes, *feature);
+  applyAttributes<kFeatureAttributes>(attributes, *feature, attributesBesideCommonOnes(attributes));
   if (const auto typeAttributes = kTypes[static_cast<std::size_t>(*type)].attributes) {
-    applyAttributes(typeAttributes(), attributes, *feature);
+    applyAttributes(typeAttributes(), attributes, *feature, 2);
   }
   if (*type == kMultiSelect) {
     if (!addOptions(element, *feature, name)) return nullptr;

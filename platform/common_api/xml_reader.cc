@@ -162,10 +162,12 @@ TreePointer readTree(const std::string& text, const std::string& name, XMLProble
   setHandlers(*parser->sax);
   const ErrorCatcher catcher(parser.get());
   // The size of the text and onStartElement() limit what libxml2 would. Short
-  // values stand in their nodes (COMPACT), since nobody changes the tree.
+  // values stand in their nodes (COMPACT), since nobody changes the tree, and
+  // each value is one text (NOENT): entities, which that would resolve, are
+  // refused where they are declared.
   TreePointer tree(xmlCtxtReadMemory(
       parser.get(), text.data(), static_cast<int>(text.size()), name.c_str(), nullptr,
-      XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_COMPACT));
+      XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_COMPACT | XML_PARSE_NOENT));
   if (tree) checkWholeTextIsRead(parser.get());
   if (!tree && !report.failed) noteProblem(parser.get(), 1, 1, "cannot be read");
   if (!report.failed) return tree;
