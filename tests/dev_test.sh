@@ -697,9 +697,10 @@ chmod +x "$work/project/dev"
 status=$?
 expectStatus 0
 expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset clang' 'dev test --preset asan' \
-  'dev mutate --sample 12 --build build/release' 'dev package' 'dev lint' 'dev demo'
+  'dev mutate --sample 12 --build build/release' 'dev corpus --sample 200' 'dev package' 'dev lint' \
+  'dev demo'
 checks=$((checks + 1))
-[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 9 ] || fail 'summary is not whole'
+[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 10 ] || fail 'summary is not whole'
 
 begin Ci_ALegFails_EndsWithItsStatus
 cp "$source_dir/.ci/run" "$work/project/.ci/"
