@@ -122,7 +122,6 @@ while read -r program; do
     driver-feature) expected='$ORIGIN/../lib/'$triplet/driver-feature ;;
     libppd_routines.so) expected= ;;  # Needs no library of ours.
     driver-feature-filter) expected='$ORIGIN/../../'$triplet/driver-feature ;;
-    libppd_routines.so) expected= ;; # It needs none of the project's libraries.
     *) expected='$ORIGIN' ;;
   esac
   [ "$path" = "$expected" ] || fail "$program looks for libraries in: $path"
