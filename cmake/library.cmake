@@ -23,6 +23,7 @@ add_library(driver_feature_objects OBJECT
   model/vocabulary.cc
   output/command_template.cc
   output/conversion.cc
+  output/feature_text.cc
   output/group_text.cc
   output/group_ticket.cc
   output/serialization.cc
@@ -32,8 +33,10 @@ target_link_libraries(driver_feature_objects PUBLIC
   driver_feature_compile_options common_api xml_parser)
 # Debugging information in every build: a host's crash can be read, and the
 # binary interface can be compared. It names no folder of the build machine.
+# Calls of other libraries need no stubs, which would resolve them late: all of
+# them are resolved when the library is loaded.
 target_compile_options(driver_feature_objects PRIVATE
-  -g -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+  -g -ffile-prefix-map=${PROJECT_SOURCE_DIR}/= -fno-plt)
 
 add_library(DriverFeature SHARED)
 target_link_libraries(DriverFeature PRIVATE driver_feature_objects)

@@ -113,7 +113,8 @@ std::string Report::toText() const {
   }
   if (!excepted_.empty()) text += "\nExceptions:\n";
   for (const auto& [cause, ppd, reason] : excepted_) {
-    text += "  " + ppd + ": " + cause + ": " + reason + "\n";
+    text.append("  ").append(ppd).append(": ").append(cause).append(": ").append(reason);
+    text += "\n";
   }
   if (!failures_.empty()) text += "\nFailures:\n";
   for (const auto& [ppd, failure] : failures_) {

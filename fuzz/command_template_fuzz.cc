@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 
+#include "fuzz/c_library.h"
 #include "fuzz/template_reading.h"
 #include "output/command_template.h"
 
@@ -25,20 +26,6 @@ constexpr std::size_t kLongestInput = 1024;
 [[noreturn]] void fail(const std::string& commandTemplate, const std::string& what) {
   std::fprintf(stderr, "template \"%s\": %s\n", commandTemplate.c_str(), what.c_str());
   std::abort();
-}
-
-template <class Value>
-std::string printed(const std::string& commandTemplate, Value value) {
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-#pragma GCC diagnostic ignored "-Wformat-security"
-  const int length = std::snprintf(nullptr, 0, commandTemplate.c_str(), value);
-  if (length < 0) fail(commandTemplate, "the C library refuses it");
-  std::string text(static_cast<std::size_t>(length) + 1, '\0');
-  std::snprintf(text.data(), text.size(), commandTemplate.c_str(), value);
-#pragma GCC diagnostic pop
-  text.pop_back();
-  return text;
 }
 
 bool has(const TemplateReading& reading, char flag) {

@@ -2,12 +2,12 @@
 // record; an accepted one adds exactly its own, and they survive being saved.
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
+#include "fuzz/c_library.h"
 #include "fuzz/settings_model.h"
 #include "host/group_view.h"
 #include "host/records.h"
@@ -22,6 +22,11 @@ constexpr std::size_t kLongestInput = 16384;
 
 using Json = nlohmann::ordered_json;
 
+// A record gives its values back as texts: a float has six decimals there.
+float throughRecord(float number) {
+  return toFloat(printed("%f", static_cast<double>(number)));
+}
+
 // The records of "Jobs" are "Title" and "Shift", in the order of the file.
 void checkJobs(const std::vector<Record>& records, const Json& json) {
   for (std::size_t i = 0; i < records.size(); ++i) {
@@ -29,9 +34,8 @@ void checkJobs(const std::vector<Record>& records, const Json& json) {
     const std::string text = title.is_string() ? title.get<std::string>() : title.dump();
     require(records[i][0] == text, "a text stands in the record as in the file");
     const Json& shift = json[i]["Shift"];
-    const float number = shift.is_string() ? std::strtof(shift.get<std::string>().c_str(), nullptr)
-                                           : std::strtof(shift.dump().c_str(), nullptr);
-    require(std::strtof(records[i][1].c_str(), nullptr) == number, "a number stands in the record");
+    const float number = toFloat(shift.is_string() ? shift.get<std::string>() : shift.dump());
+    require(toFloat(records[i][1]) == throughRecord(number), "a number stands in the record");
   }
 }
 

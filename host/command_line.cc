@@ -18,6 +18,7 @@
 #include "host/nearest_name.h"
 #include "host/output_file.h"
 #include "host/ppd/import_command.h"
+#include "host/queue/queue_command.h"
 #include "host/shell/shell_command.h"
 #include "host/show_command.h"
 #include "host/text.h"
@@ -47,6 +48,7 @@ constexpr std::array kCommands = {
     &addTryCommand,     //
     &addDiffCommand,    //
     &addImportCommand,  //
+    &addQueueCommand,   //
     &addShellCommand,   //
 };
 

@@ -13,6 +13,8 @@ namespace driver_feature {
 
 namespace {
 
+std::string_view complaintStart = "driver-feature: ";
+
 void flushStandardOutput() {
   std::cout.flush();
   std::fflush(stdout);
@@ -30,11 +32,16 @@ void writeToStandardError(std::string_view rest) {
 }  // namespace
 
 void complain(std::string_view text) {
-  writeToStandardError("driver-feature: " + printable(text) + "\n");
+  writeToStandardError(std::string(complaintStart) + printable(text) + "\n");
+}
+
+void nameComplaints(std::string_view start) {
+  complaintStart = start;
 }
 
 void complainOfMemory() {
-  writeToStandardError("driver-feature: out of memory; end other programs and try again\n");
+  writeToStandardError(complaintStart);
+  writeToStandardError("out of memory; end other programs and try again\n");
 }
 
 void prepareStandardStreams() {

@@ -16,7 +16,11 @@ inline constexpr int kUnusable = 2;  // Wrong usage, an unusable input or a refu
 // characters of the text are spelled out, so that it stays on one line.
 void complain(std::string_view text);
 
-// The same for a lack of memory; takes none itself.
+// Writes `start` in front of complaints from now on, in place of
+// "driver-feature: ". It must live as long as the process.
+void nameComplaints(std::string_view start);
+
+// The same as complain() for a lack of memory; takes none itself.
 void complainOfMemory();
 
 // Puts something in the place of each standard stream that the caller has

@@ -26,7 +26,8 @@ std::string findLibrary() {
   const fs::path program = fs::read_symlink("/proc/self/exe", error);
   if (!error) {
     const fs::path folder = program.parent_path();
-    for (const char* place : {"../lib", "../" DRIVER_FEATURE_LIBRARY_FOLDER, "."}) {
+    for (const char* place : {"../lib", "../" DRIVER_FEATURE_LIBRARY_FOLDER, ".",
+                              "../../../" DRIVER_FEATURE_LIBRARY_FOLDER}) {
       const fs::path candidate = (folder / place / kFileName).lexically_normal();
       if (fs::exists(candidate, error)) return candidate;
     }

@@ -43,6 +43,9 @@ class Session {
   // From now on takes values that can end the command they are written into.
   void allowControlCharacters() { model_->allowsControlCharacters = true; }
 
+  // From now on messages offer no way to have such values taken.
+  void offerNoAllowance() { model_->allowance.clear(); }
+
   CoreFeatureSet& features() const { return plugin_->features(); }
   void* description() const { return file_->element(); }  // The feature-description element.
 

@@ -19,6 +19,9 @@ struct Model {
   CoreFeatureSet* set = nullptr;  // Of the features. Belongs to the library.
   // Whether values are taken that can end the command they are written into.
   bool allowsControlCharacters = false;
+  // How to have them taken, as a part of the sentence that refuses one; empty
+  // where there is no way.
+  std::string allowance = ", or run with --allow-control-characters to write it as it is";
 };
 
 struct Setting {

@@ -57,9 +57,8 @@ Refusal refuse(const Model& model, const std::string& name, const Command& comma
                ValuePlace place, unsigned char byte) {
   return "the value of feature \"" + name + "\" holds byte " + hexText(byte) +
          ", which is not safe " + wordsOf(place) + ", where " + command.property +
-         " puts it; leave the byte out, or run with --allow-control-characters to write it as it "
-         "is (" +
-         model.file + ":" + std::to_string(model.index.limitsOf(name).line) + ")";
+         " puts it; leave the byte out" + model.allowance + " (" + model.file + ":" +
+         std::to_string(model.index.limitsOf(name).line) + ")";
 }
 
 }  // namespace

@@ -1,10 +1,13 @@
 // The attributes of a description's elements, as data: one row per attribute,
-// in the order in which they are read.
+// in the order in which they are read. A table is a constant that
+// applyAttributes() takes as its template argument.
 #ifndef LOADER_ATTRIBUTE_ROWS_H_
 #define LOADER_ATTRIBUTE_ROWS_H_
 
-#include <span>
+#include <iterator>
 #include <string>
+#include <type_traits>
+#include <vector>
 
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
@@ -23,6 +26,32 @@ struct AttributeRow {
   const char* property = nullptr;
   const char* secondProperty = nullptr;
 };
+
+// A row with its names as the texts that maps and objects take. An empty second
+// property stands for none.
+struct NamedRow {
+  explicit NamedRow(const AttributeRow& row)
+      : kind(row.kind),
+        attribute(row.attribute),
+        property(row.property != nullptr ? row.property : row.attribute),
+        secondProperty(row.secondProperty != nullptr ? row.secondProperty : "") {}
+
+  AttributeKind kind;
+  std::string attribute;
+  std::string property;
+  std::string secondProperty;
+};
+
+using NamedRows = std::vector<NamedRow>;
+
+// The rows of a table with their names. Made once, since making them anew for
+// each of many elements takes longer than looking for them there; never
+// destroyed, because a host may load while it ends.
+template <const auto& kTable>
+const NamedRows& namedRows() {
+  static const auto* const rows = new NamedRows(std::begin(kTable), std::end(kTable));
+  return *rows;
+}
 
 // Sets a property of a feature in silence. Required: flags are reported to the
 // host's update callback all the same.
@@ -54,31 +83,38 @@ bool readAttribute(const AttributeMap& attributes, const std::string& name, Valu
 }
 
 template <class Read, class Store, class Object>
-void applyAttribute(const AttributeRow& row, const AttributeMap& attributes, Object& object) {
+void applyAttribute(const NamedRow& row, const AttributeMap& attributes, Object& object) {
   Read value{};
   if (!readAttribute(attributes, row.attribute, value)) return;
-  const auto stored = static_cast<Store>(value);
-  assign(object, row.property != nullptr ? row.property : row.attribute, stored);
-  if (row.secondProperty != nullptr) assign(object, row.secondProperty, stored);
+  const Store stored = static_cast<Store>(value);
+  assign(object, row.property, stored);
+  if (!row.secondProperty.empty()) assign(object, row.secondProperty, stored);
+}
+
+template <class Object>
+void applyRow(const NamedRow& row, const AttributeMap& attributes, Object& object) {
+  if (row.kind == AttributeKind::kText) {
+    applyAttribute<std::string, const std::string&>(row, attributes, object);
+  } else if (row.kind == AttributeKind::kBool) {
+    applyAttribute<bool, bool>(row, attributes, object);
+  } else if constexpr (std::is_same_v<Object, DriverFeature>) {
+    if (row.kind == AttributeKind::kInt) {
+      applyAttribute<int, int>(row, attributes, object);
+    } else {
+      applyAttribute<double, float>(row, attributes, object);
+    }
+  }
 }
 
 // Sets the properties of the attributes that are present.
 template <class Object>
-void applyAttributes(std::span<const AttributeRow> rows, const AttributeMap& attributes,
-                     Object& object) {
-  for (const AttributeRow& row : rows) {
-    if (row.kind == AttributeKind::kText) {
-      applyAttribute<std::string, std::string>(row, attributes, object);
-    } else if (row.kind == AttributeKind::kBool) {
-      applyAttribute<bool, bool>(row, attributes, object);
-    } else if constexpr (std::is_same_v<Object, DriverFeature>) {
-      if (row.kind == AttributeKind::kInt) {
-        applyAttribute<int, int>(row, attributes, object);
-      } else {
-        applyAttribute<double, float>(row, attributes, object);
-      }
-    }
-  }
+void applyAttributes(const NamedRows& rows, const AttributeMap& attributes, Object& object) {
+  for (const NamedRow& row : rows) applyRow(row, attributes, object);
+}
+
+template <const auto& kTable, class Object>
+void applyAttributes(const AttributeMap& attributes, Object& object) {
+  applyAttributes(namedRows<kTable>(), attributes, object);
 }
 
 }  // namespace driver_feature

@@ -64,21 +64,21 @@ constexpr AttributeRow kTextAttributes[] = {
 // What the elements of one feature type hold beyond the common attributes.
 struct TypeRow {
   const char* keyword;
-  std::span<const AttributeRow> attributes;
+  const NamedRows& (*attributes)() = nullptr;
 };
 
 // By feature-type code. The codes of groups have no keyword, and none finds
 // them.
 constexpr std::array<TypeRow, kHighestFeatureType + 1> kTypes = {{
-    {kFeatureTypeNames[kUIOnly], {}},
-    {kFeatureTypeNames[kMultiSelect], {}},
-    {kFeatureTypeNames[kIntEntry], kIntAttributes},
-    {kFeatureTypeNames[kTextEntry], kTextAttributes},
-    {kFeatureTypeNames[kFloatEntry], kFloatAttributes},
-    {kFeatureTypeNames[kMVCList], {}},
-    {nullptr, {}},
-    {nullptr, {}},
-    {nullptr, {}},
+    {kFeatureTypeNames[kUIOnly]},
+    {kFeatureTypeNames[kMultiSelect]},
+    {kFeatureTypeNames[kIntEntry], namedRows<kIntAttributes>},
+    {kFeatureTypeNames[kTextEntry], namedRows<kTextAttributes>},
+    {kFeatureTypeNames[kFloatEntry], namedRows<kFloatAttributes>},
+    {kFeatureTypeNames[kMVCList]},
+    {nullptr},
+    {nullptr},
+    {nullptr},
 }};
 
 std::optional<int> findType(const std::string& keyword) {
@@ -159,7 +159,7 @@ DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes) {
     return nullptr;
   }
   auto* option = new DriverFeatureOption(name);
-  applyAttributes(kOptionAttributes, attributes, *option);
+  applyAttributes<kOptionAttributes>(attributes, *option);
   return option;
 }
 
@@ -186,8 +186,10 @@ DriverFeature* CreateFeature(void* element, const AttributeMap& attributes) {
     return nullptr;
   }
   assign(*feature, "FeatureType", *type);
-  applyAttributes(kFeatureAttributes, attributes, *feature);
-  applyAttributes(kTypes[static_cast<std::size_t>(*type)].attributes, attributes, *feature);
+  applyAttributes<kFeatureAttributes>(attributes, *feature);
+  if (const auto typeAttributes = kTypes[static_cast<std::size_t>(*type)].attributes) {
+    applyAttributes(typeAttributes(), attributes, *feature);
+  }
   if (*type == kMultiSelect) {
     if (!addOptions(element, *feature, name)) return nullptr;
     if (!setDefaultOption(attributes, *feature, name)) return nullptr;

@@ -1,7 +1,5 @@
 #include "model/driver_feature_set.h"
 
-#include <iterator>
-
 #include "frame/state.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
@@ -61,8 +59,19 @@ int DriverFeatureSet::fetchNumberOfFeatures() {
 }
 
 DriverFeature* DriverFeatureSet::fetchFeatureByIndex(int index) {
-  if (index < 0 || index >= fetchNumberOfFeatures()) return nullptr;
-  return std::next(features_.begin(), index)->second;
+  if (index < 0 || static_cast<std::size_t>(index) >= features_.size()) return nullptr;
+  return featureAt(index)->second;
+}
+
+DriverFeatureSet::Features::const_iterator DriverFeatureSet::featureAt(int index) {
+  const bool isNearerToStart = lastFetchedIndex_ - index > index;
+  if (lastFetchedIndex_ < 0 || isNearerToStart) {
+    lastFetched_ = features_.begin();
+    lastFetchedIndex_ = 0;
+  }
+  for (; lastFetchedIndex_ < index; ++lastFetchedIndex_) ++lastFetched_;
+  for (; lastFetchedIndex_ > index; --lastFetchedIndex_) --lastFetched_;
+  return lastFetched_;
 }
 
 CoreFeature* DriverFeatureSet::FindFeatureInFeatureList(const std::string& name) {
@@ -124,6 +133,7 @@ void DriverFeatureSet::restoreDefaultFeatureValues() {
 int DriverFeatureSet::addFeatureToFeatureList(const std::string& name, DriverFeature* feature) {
   if (name.empty() || feature == nullptr) return 0;
   features_[name] = feature;
+  lastFetchedIndex_ = -1;
   return 1;
 }
 
@@ -159,4 +169,5 @@ void DriverFeatureSet::swapContents(Contents& contents) noexcept {
   features_.swap(contents.features);
   staticGroups_.swap(contents.staticGroups);
   dynamicGroups_.swap(contents.dynamicGroups);
+  lastFetchedIndex_ = -1;
 }

@@ -50,9 +50,11 @@ class DriverFeatureSet : public CoreFeatureSet {
   // The address of the host's routine of that name, or null, in silence.
   void* fetchCallbackRoutine(const std::string& routineName);
 
+  using Features = std::map<std::string, DriverFeature*>;
+
   // What the set lists, for whoever takes back a load that has failed.
   struct Contents {
-    std::map<std::string, DriverFeature*> features;
+    Features features;
     std::vector<DriverFeatureStaticGroup*> staticGroups;
     std::vector<DriverFeatureDynamicGroup*> dynamicGroups;
   };
@@ -60,9 +62,20 @@ class DriverFeatureSet : public CoreFeatureSet {
   void swapContents(Contents& contents) noexcept;
 
  private:
-  std::map<std::string, DriverFeature*> features_;
+  // The entry at a position that is in the list.
+  Features::const_iterator featureAt(int index);
+
+  Features features_;
   std::vector<DriverFeatureStaticGroup*> staticGroups_;
   std::vector<DriverFeatureDynamicGroup*> dynamicGroups_;
+
+  // The entry that was last fetched by its position, so that a walk over all
+  // positions takes one step for each instead of starting anew. -1: there is
+  // none since the list has grown.
+  Features::const_iterator lastFetched_;
+  int lastFetchedIndex_ = -1;
+
+  std::string spareText_;  // What it holds is old; serialize() uses its memory.
 };
 
 #endif  // MODEL_DRIVER_FEATURE_SET_H_

@@ -1,5 +1,6 @@
 #include "model/vocabulary.h"
 
+#include <cstring>
 #include <string_view>
 
 #include "AttributeList.h"
@@ -100,7 +101,7 @@ constexpr auto kOptionPropertyNames = namesOf(kOptionPropertyRows);
 template <class Name, std::size_t kCount>
 std::optional<Name> find(const std::array<const char*, kCount>& names, const std::string& name) {
   // The platform reads the name up to its first NUL character.
-  if (name.find('\0') != std::string::npos) return std::nullopt;
+  if (std::strlen(name.c_str()) != name.size()) return std::nullopt;
   constexpr int kHighest = static_cast<int>(kCount) - 1;
   const int index = ParseAttributeList_LowLevel(names.data(), kHighest, name.c_str());
   if (index < 0 || index > kHighest) return std::nullopt;
@@ -115,6 +116,10 @@ const char* nameOf(Property property) {
 
 const char* nameOf(OptionProperty property) {
   return kOptionPropertyNames[static_cast<std::size_t>(property)];
+}
+
+const std::vector<std::string>* makeNameTexts() {
+  return new std::vector<std::string>(kPropertyNames.begin(), kPropertyNames.end());
 }
 
 std::optional<Property> findProperty(const std::string& name) {

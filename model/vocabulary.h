@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace driver_feature {
 
@@ -79,6 +80,17 @@ inline constexpr std::size_t kOptionPropertyCount = 10;
 // The name of a property. The texts live as long as the library.
 const char* nameOf(Property property);
 const char* nameOf(OptionProperty property);
+
+// All names as texts, in the order of the properties. The caller owns them.
+const std::vector<std::string>* makeNameTexts();
+
+// The name as the text that the operations of features and options take. All
+// of them are made at the first call and never destroyed, so that naming a
+// property costs no memory.
+inline const std::string& nameText(Property property) {
+  static const std::vector<std::string>& texts = *makeNameTexts();
+  return texts[static_cast<std::size_t>(property)];
+}
 
 // The property of that name, or nothing. Case counts, and a name that holds a
 // NUL character is never known.

@@ -1,7 +1,8 @@
 #include "output/command_template.h"
 
-#include <algorithm>
-#include <optional>
+#include <cstddef>
+#include <cstring>
+#include <type_traits>
 #include <utility>
 
 #include "output/conversion.h"
@@ -10,28 +11,70 @@ namespace driver_feature {
 
 namespace {
 
+// Appends the value as the conversion at the front of `rest` shows it, and
+// takes the conversion off. False when there is none or it does not fit.
 template <class Value>
-bool format(std::string_view rest, const Value& value, std::string& output) {
-  std::string text;
-  bool converted = false;
-  while (!rest.empty()) {
-    const std::size_t literal = std::min(rest.find('%'), rest.size());
-    text.append(rest.substr(0, literal));
-    rest.remove_prefix(literal);
-    if (rest.empty()) break;
-    rest.remove_prefix(1);
-    if (rest.starts_with('%')) {
-      text.push_back('%');
+bool appendConverted(std::string_view& rest, const Value& value, std::string& output) {
+  if constexpr (std::is_same_v<Value, std::string_view>) {
+    // Nearly every template says just "%s", which has nothing to lay out.
+    if (rest.starts_with('s')) {
+      output.append(value);
       rest.remove_prefix(1);
-      continue;
+      return true;
     }
-    const auto conversion = takeConversion(rest);
-    if (!conversion || converted) return false;
-    const auto piece = convert(*conversion, value);
-    if (!piece) return false;
-    text.append(*piece);
-    converted = true;
   }
+  const auto conversion = takeConversion(rest);
+  if (!conversion) return false;
+  const auto piece = convert(*conversion, value);
+  if (!piece) return false;
+  output.append(*piece);
+  return true;
+}
+
+std::size_t lengthOf(const char* begin, const char* end) {
+  return static_cast<std::size_t>(end - begin);
+}
+
+// As append(), but a refused template leaves what was written before.
+template <class Value>
+bool appendUnlessRefused(std::string_view commandTemplate, const Value& value,
+                         std::string& output) {
+  bool converted = false;
+  const char* at = commandTemplate.data();
+  const char* const end = at + commandTemplate.size();
+  while (at != end) {
+    const auto* percent = static_cast<const char*>(std::memchr(at, '%', lengthOf(at, end)));
+    if (percent == nullptr) {
+      output.append(at, lengthOf(at, end));
+      break;
+    }
+    const char* behind = percent + 1;
+    while (behind != end && *behind == '%') ++behind;
+    // Each two signs in a row are one of the text, and go with what is before.
+    const std::size_t signs = lengthOf(percent, behind);
+    output.append(at, lengthOf(at, percent) + signs / 2);
+    at = behind;
+    if (signs % 2 == 0) continue;
+    std::string_view rest(behind, lengthOf(behind, end));
+    if (converted || !appendConverted(rest, value, output)) return false;
+    converted = true;
+    at = rest.data();
+  }
+  return true;
+}
+
+template <class Value>
+bool append(std::string_view commandTemplate, const Value& value, std::string& output) {
+  const std::size_t before = output.size();
+  if (appendUnlessRefused(commandTemplate, value, output)) return true;
+  output.resize(before);
+  return false;
+}
+
+template <class Value>
+bool format(std::string_view commandTemplate, const Value& value, std::string& output) {
+  std::string text;
+  if (!append(commandTemplate, value, text)) return false;
   output = std::move(text);
   return true;
 }
@@ -48,6 +91,18 @@ bool formatCommand(std::string_view commandTemplate, int value, std::string& out
 
 bool formatCommand(std::string_view commandTemplate, double value, std::string& output) {
   return format(commandTemplate, value, output);
+}
+
+bool appendCommand(std::string_view commandTemplate, std::string_view value, std::string& output) {
+  return append(commandTemplate, value, output);
+}
+
+bool appendCommand(std::string_view commandTemplate, int value, std::string& output) {
+  return append(commandTemplate, value, output);
+}
+
+bool appendCommand(std::string_view commandTemplate, double value, std::string& output) {
+  return append(commandTemplate, value, output);
 }
 
 }  // namespace driver_feature

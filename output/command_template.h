@@ -27,6 +27,11 @@ bool formatCommand(std::string_view commandTemplate, std::string_view value, std
 bool formatCommand(std::string_view commandTemplate, int value, std::string& output);
 bool formatCommand(std::string_view commandTemplate, double value, std::string& output);
 
+// The same, behind what `output` holds already.
+bool appendCommand(std::string_view commandTemplate, std::string_view value, std::string& output);
+bool appendCommand(std::string_view commandTemplate, int value, std::string& output);
+bool appendCommand(std::string_view commandTemplate, double value, std::string& output);
+
 }  // namespace driver_feature
 
 #endif  // OUTPUT_COMMAND_TEMPLATE_H_

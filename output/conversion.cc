@@ -135,14 +135,23 @@ Number unsignedNumber(const Conversion& conversion, int value) {
 }
 
 std::string floatDigits(double magnitude, std::chars_format format, std::optional<int> precision) {
-  // The longest double has 309 digits before the point.
-  std::string buffer(static_cast<std::size_t>(precision.value_or(0)) + 400, '\0');
-  char* const begin = buffer.data();
-  char* const end = begin + buffer.size();
+  // The longest double has 309 digits before the point. Memory is asked for only
+  // where more digits than usual are to follow it.
+  constexpr std::size_t kUsual = 100;
+  constexpr std::size_t kWithoutFraction = 400;
+  std::array<char, kWithoutFraction + kUsual> usual;
+  std::string large;
+  char* begin = usual.data();
+  char* end = begin + usual.size();
+  const auto wanted = static_cast<std::size_t>(precision.value_or(0));
+  if (wanted > kUsual) {
+    large.resize(kWithoutFraction + wanted);
+    begin = large.data();
+    end = begin + large.size();
+  }
   const auto result = precision ? std::to_chars(begin, end, magnitude, format, *precision)
                                 : std::to_chars(begin, end, magnitude, format);
-  buffer.resize(static_cast<std::size_t>(result.ptr - begin));
-  return buffer;
+  return {begin, result.ptr};
 }
 
 // Puts a point behind the digits of a number that has none.

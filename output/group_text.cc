@@ -5,64 +5,68 @@
 #include "model/text_conversion.h"
 #include "model/vocabulary.h"
 #include "output/command_template.h"
+#include "output/feature_text.h"
 #include "output/group_commands.h"
 #include "output/group_trail.h"
 #include "output/output_routine.h"
-#include "output/text_dialect.h"
-#include "output/ticket_attributes.h"
 
 namespace driver_feature {
 
 namespace {
 
-void processTextStaticGroup(CoreFeature& object, const TextDialect& dialect, std::string& output,
+void processTextStaticGroup(CoreFeature& object, FeatureText& featureText, std::string& output,
                             bool topLevel, const GroupTrail* outer);
 
 // Runs the routine that `owner` names, if it names one, on `text`.
-void runOwnRoutine(CoreFeature& owner, const TextDialect& dialect, std::string& text) {
+void runOwnRoutine(CoreFeature& owner, const FeatureText& featureText, std::string& text) {
   std::string routineName;
-  if (!readNonEmpty(owner, dialect.routineProperty, routineName)) return;
+  if (!readNonEmpty(owner, featureText.dialect().routineProperty, routineName)) return;
   if (runTextRoutine(routineName, text)) return;
-  logComposed(Level::kMisuse, dialect.groupRoutineMissing, routineName);
+  logComposed(Level::kMisuse, featureText.dialect().groupRoutineMissing, routineName);
 }
 
-void writeMember(CoreFeature& group, CoreFeature& member, int index, const TextDialect& dialect,
-                 std::string& memberTemplate, std::string& piece) {
-  if (readNonEmpty(member, dialect.commandProperty, memberTemplate)) {
-    createTicketPDLAttributes(member, memberTemplate, piece, dialect.isPostScript);
-    return;
+// Appends the member's text to `collected`. `scratch` is anything, kept for
+// its capacity.
+void writeMember(CoreFeature& group, CoreFeature& member, int index, FeatureText& featureText,
+                 std::string& scratch, std::string& collected) {
+  const TextDialect& dialect = featureText.dialect();
+  if (readNonEmpty(member, dialect.commandProperty, scratch)) {
+    return featureText.append(member, scratch, collected);
   }
   logComposed(Level::kInformation, dialect.memberWithoutCommand, toDecimalText(index));
-  runOwnRoutine(dialect.memberRunsGroupRoutine ? group : member, dialect, piece);
-  if (dialect.memberTextReplacesRoutine) {
-    createTicketPDLAttributes(member, memberTemplate, piece, dialect.isPostScript);
+  std::string piece;
+  runOwnRoutine(dialect.memberRunsGroupRoutine ? group : member, featureText, piece);
+  if (!dialect.memberTextReplacesRoutine) {
+    collected += piece;
+    return;
   }
+  featureText.append(member, scratch, collected);
 }
 
-std::string collectMembers(IntermediateStaticFeatureGroup& group, const TextDialect& dialect,
+std::string collectMembers(IntermediateStaticFeatureGroup& group, FeatureText& featureText,
                            const GroupTrail& trail) {
   std::string collected;
   std::string piece;
-  std::string memberTemplate;
+  std::string scratch;
   for (int i = 0; i < group.fetchNumberOfFeaturesInGroup(); ++i) {
     CoreFeature* member = group.fetchFeatureInGroupByIndex(static_cast<unsigned>(i));
     if (member == nullptr) {
-      logComposed(Level::kMisuse, dialect.memberMissing, toDecimalText(i));
+      logComposed(Level::kMisuse, featureText.dialect().memberMissing, toDecimalText(i));
       continue;
     }
     if (member->getFeatureType() == kStaticGroup) {
-      processTextStaticGroup(*member, dialect, piece, false, &trail);
+      processTextStaticGroup(*member, featureText, piece, false, &trail);
+      collected += piece;
     } else {
-      writeMember(group, *member, i, dialect, memberTemplate, piece);
+      writeMember(group, *member, i, featureText, scratch, collected);
     }
-    collected += piece;
-    piece.clear();
   }
   return collected;
 }
 
-void processTextStaticGroup(CoreFeature& object, const TextDialect& dialect, std::string& output,
+void processTextStaticGroup(CoreFeature& object, FeatureText& featureText, std::string& output,
                             bool topLevel, const GroupTrail* outer) {
+  const TextDialect& dialect = featureText.dialect();
   output.clear();
   if (isBeingWritten(object, outer)) return;
   auto* group = object.getFeatureType() == kStaticGroup
@@ -78,11 +82,11 @@ void processTextStaticGroup(CoreFeature& object, const TextDialect& dialect, std
   }
   std::string groupTemplate;
   if (!readNonEmpty(*group, dialect.commandProperty, groupTemplate)) {
-    runOwnRoutine(*group, dialect, output);
+    runOwnRoutine(*group, featureText, output);
     return;
   }
   const GroupTrail trail{&object, outer};
-  const std::string collected = collectMembers(*group, dialect, trail);
+  const std::string collected = collectMembers(*group, featureText, trail);
   if (formatCommand(groupTemplate, std::string_view(collected), output)) return;
   logComposed(Level::kWarning, dialect.groupTemplateRefused, groupTemplate);
 }
@@ -90,11 +94,13 @@ void processTextStaticGroup(CoreFeature& object, const TextDialect& dialect, std
 }  // namespace
 
 void processPSStaticGroup(CoreFeature& group, std::string& output, bool topLevel) {
-  processTextStaticGroup(group, kPostScript, output, topLevel, nullptr);
+  FeatureText featureText(kPostScript);
+  processTextStaticGroup(group, featureText, output, topLevel, nullptr);
 }
 
 void processPJLStaticGroup(CoreFeature& group, std::string& output, bool topLevel) {
-  processTextStaticGroup(group, kPJL, output, topLevel, nullptr);
+  FeatureText featureText(kPJL);
+  processTextStaticGroup(group, featureText, output, topLevel, nullptr);
 }
 
 }  // namespace driver_feature

@@ -62,8 +62,9 @@ void TicketGroupWriter::writeGroup(CoreFeature& object, std::string& attributeNa
 
 void TicketGroupWriter::writeMember(CoreFeature& member, int index, std::string& attributeName,
                                     _xmlNode* groupNode, const GroupTrail& trail) {
-  const char* nameProperty = jobTicketAttribute ? "TESKJTAttributeName" : "TESKOAAttributeName";
-  member.getFeatureProperty(std::string(nameProperty), attributeName);
+  const Property nameProperty =
+      jobTicketAttribute ? Property::kTESKJTAttributeName : Property::kTESKOAAttributeName;
+  member.getFeatureProperty(nameText(nameProperty), attributeName);
   if (attributeName.empty()) {
     runMemberRoutine(member, index, groupNode);
     return;
@@ -81,7 +82,7 @@ void TicketGroupWriter::writeMember(CoreFeature& member, int index, std::string&
 
 void TicketGroupWriter::runMemberRoutine(CoreFeature& member, int index, _xmlNode* groupNode) {
   std::string routineName;
-  if (!readNonEmpty(member, "AddVORNCallbackRoutine", routineName)) {
+  if (!readNonEmpty(member, Property::kAddVORNCallbackRoutine, routineName)) {
     logComposed(Level::kMisuse,
                 "processVORNStaticGroup() - Cannot get feature attribute for feature {}",
                 toDecimalText(index));

@@ -6,6 +6,7 @@
 
 #include "frame/master_set.h"
 #include "model/core_feature.h"
+#include "model/vocabulary.h"
 
 #include "VORNWriter.h"
 
@@ -16,14 +17,14 @@ using TicketRoutine = void (*)(DriverFeatureSet* set, VORNWriter* writer, _xmlNo
 
 // Reads a text property into `text`; true when it can be read and is not
 // empty.
-inline bool readNonEmpty(CoreFeature& object, const char* property, std::string& text) {
-  return object.getFeatureProperty(std::string(property), text) && !text.empty();
+inline bool readNonEmpty(CoreFeature& object, Property property, std::string& text) {
+  return object.getFeatureProperty(nameText(property), text) && !text.empty();
 }
 
 // Whether the object is written by a static group that holds it.
 inline bool isInGroup(CoreFeature& object) {
   bool inGroup = false;
-  object.getFeatureProperty(std::string("FeatureInGroup"), &inGroup);
+  object.getFeatureProperty(nameText(Property::kFeatureInGroup), &inGroup);
   return inGroup;
 }
 

@@ -7,6 +7,7 @@
 #include "model/driver_feature_static_group.h"
 #include "model/messages.h"
 #include "model/text_conversion.h"
+#include "output/feature_text.h"
 #include "output/group_commands.h"
 #include "output/output_routine.h"
 #include "output/text_dialect.h"
@@ -23,16 +24,16 @@ enum PDLType : int { kTypePJL = 0, kTypePostScript = 1, kTypeTicket = 2 };
 // A property that may hold a feature's ticket name, and the kind of node that
 // it makes.
 struct TicketNameRow {
-  const char* property;
+  Property property;
   bool jobTicketAttribute;
   bool onlyWithInstallableOptions;
 };
 
 constexpr TicketNameRow kTicketNames[] = {
-    {"TESKJTAttributeName", true, false},
-    {"TESKOAAttributeName", false, false},
-    {"InstOptAttributeName", true, true},
-    {"NonVORNAttributeName", true, false},
+    {Property::kTESKJTAttributeName, true, false},
+    {Property::kTESKOAAttributeName, false, false},
+    {Property::kInstOptAttributeName, true, true},
+    {Property::kNonVORNAttributeName, true, false},
 };
 
 // Required: a group goes by its first two names only.
@@ -48,8 +49,10 @@ void logMissingGroup(int number) {
               toDecimalText(number));
 }
 
-void writeFeatureText(CoreFeature& feature, int index, const TextDialect& dialect,
+// Appends the feature's text. `scratch` is anything, kept for its capacity.
+void writeFeatureText(CoreFeature& feature, int index, FeatureText& text, std::string& scratch,
                       std::string& output) {
+  const TextDialect& dialect = text.dialect();
   if (isInGroup(feature)) {
     if (dialect.logsFeatureInGroup) {
       logComposed(Level::kInformation, "serialize() - Feature {} is in a group",
@@ -57,48 +60,51 @@ void writeFeatureText(CoreFeature& feature, int index, const TextDialect& dialec
     }
     return;
   }
-  std::string commandTemplate;
-  if (readNonEmpty(feature, dialect.commandProperty, commandTemplate)) {
-    std::string piece;
-    createTicketPDLAttributes(feature, commandTemplate, piece, dialect.isPostScript);
-    output += piece;
-    return;
+  if (readNonEmpty(feature, dialect.commandProperty, scratch)) {
+    return text.append(feature, scratch, output);
   }
-  std::string routineName;
-  if (!readNonEmpty(feature, dialect.routineProperty, routineName)) return;
-  if (runTextRoutine(routineName, output)) return;
-  logComposed(Level::kMisuse, dialect.featureRoutineMissing, routineName);
+  if (!readNonEmpty(feature, dialect.routineProperty, scratch)) return;
+  if (runTextRoutine(scratch, output)) return;
+  logComposed(Level::kMisuse, dialect.featureRoutineMissing, scratch);
 }
 
 // The text of the whole set, which takes the place of `output` only when it is
 // complete: what a routine throws, or a lack of memory, leaves no half of one.
-void writeText(DriverFeatureSet& set, const TextDialect& dialect, std::string& output) {
-  std::string text;
+// The text is made in the memory of `spare`, which then gets that of `output`,
+// so that a host which keeps its text from one call to the next costs none. A
+// routine that asks for a text in between finds no spare memory.
+void writeText(DriverFeatureSet& set, const TextDialect& dialect, std::string& spare,
+               std::string& output) {
+  std::string text = std::exchange(spare, {});
+  text.clear();
+  FeatureText featureText(dialect);
+  std::string scratch;
   for (int i = 0; i < set.fetchNumberOfFeatures(); ++i) {
     if (DriverFeature* feature = set.fetchFeatureByIndex(i)) {
-      writeFeatureText(*feature, i, dialect, text);
+      writeFeatureText(*feature, i, featureText, scratch, text);
     } else {
       logMissingFeature(i);
     }
   }
   const auto processGroup = dialect.isPostScript ? processPSStaticGroup : processPJLStaticGroup;
+  std::string piece;
   for (int j = 0; j < set.fetchNumberOfStaticGroups(); ++j) {
     DriverFeatureStaticGroup* group = set.fetchStaticGroupByIndex(j);
     if (group == nullptr) {
       logMissingGroup(j);
       continue;
     }
-    std::string piece;
     processGroup(*group, piece, true);
     text += piece;
   }
-  output = std::move(text);
+  output.swap(text);
+  spare = std::move(text);
 }
 
 // Runs the object's ticket routine at top level. False when it names none.
 bool runOwnTicketRoutine(CoreFeature& object, VORNWriter& writer) {
   std::string routineName;
-  if (!readNonEmpty(object, "AddVORNCallbackRoutine", routineName)) return false;
+  if (!readNonEmpty(object, Property::kAddVORNCallbackRoutine, routineName)) return false;
   if (!runTicketRoutine(routineName, writer, nullptr)) {
     logComposed(Level::kMisuse, "serialize() - Cannot load VORN Command callback: {}", routineName);
   }
@@ -167,9 +173,9 @@ void DriverFeatureSet::serialize(std::string& output, int pdlType, bool includeI
                                  const char* ticketArgument1, const char* ticketArgument2) {
   switch (pdlType) {
     case driver_feature::kTypePJL:
-      return driver_feature::writeText(*this, driver_feature::kPJL, output);
+      return driver_feature::writeText(*this, driver_feature::kPJL, spareText_, output);
     case driver_feature::kTypePostScript:
-      return driver_feature::writeText(*this, driver_feature::kPostScript, output);
+      return driver_feature::writeText(*this, driver_feature::kPostScript, spareText_, output);
     case driver_feature::kTypeTicket:
       return driver_feature::writeTicket(*this, output, includeInstOpt, ticketArgument1,
                                          ticketArgument2);

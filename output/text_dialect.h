@@ -4,13 +4,14 @@
 #define OUTPUT_TEXT_DIALECT_H_
 
 #include "model/messages.h"
+#include "model/vocabulary.h"
 
 namespace driver_feature {
 
 struct TextDialect {
   bool isPostScript;
-  const char* commandProperty;  // Of features, options and groups.
-  const char* routineProperty;
+  Property commandProperty;  // Of features, options and groups.
+  Property routineProperty;
 
   // Required, and true for PJL only: a member without a command runs the
   // routine that its group names, not its own, once for every such member.
@@ -34,8 +35,8 @@ struct TextDialect {
 
 inline constexpr TextDialect kPostScript = {
     .isPostScript = true,
-    .commandProperty = "PSCommand",
-    .routineProperty = "AddPSCallbackRoutine",
+    .commandProperty = Property::kPSCommand,
+    .routineProperty = Property::kAddPSCallbackRoutine,
     .memberRunsGroupRoutine = false,
     .memberTextReplacesRoutine = false,
     .logsFeatureInGroup = false,
@@ -54,8 +55,8 @@ inline constexpr TextDialect kPostScript = {
 
 inline constexpr TextDialect kPJL = {
     .isPostScript = false,
-    .commandProperty = "PJLCommand",
-    .routineProperty = "AddPJLCallbackRoutine",
+    .commandProperty = Property::kPJLCommand,
+    .routineProperty = Property::kAddPJLCallbackRoutine,
     .memberRunsGroupRoutine = true,
     .memberTextReplacesRoutine = true,
     .logsFeatureInGroup = true,

@@ -1,11 +1,9 @@
 #include "output/ticket_attributes.h"
 
-#include <string_view>
-
 #include "model/messages.h"
 #include "model/text_conversion.h"
 #include "model/vocabulary.h"
-#include "output/command_template.h"
+#include "output/feature_text.h"
 #include "output/text_dialect.h"
 
 namespace driver_feature {
@@ -18,7 +16,7 @@ bool readOptionCommand(CoreFeature& feature, std::string& value) {
     logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get current feature option");
     return false;
   }
-  if (!option->getOptionProperty(std::string("TESKCommand"), value)) {
+  if (!option->getOptionProperty(nameText(Property::kTESKCommand), value)) {
     logFixed(Level::kWarning,
              "createTicketNodeAttributes() - Cannot get current feature option command");
     return false;
@@ -33,7 +31,7 @@ bool readOptionCommand(CoreFeature& feature, std::string& value) {
 
 bool readIntValue(CoreFeature& feature, std::string& value) {
   int number = 0;
-  if (!feature.getFeatureProperty(std::string("CurrentIntValue"), &number)) {
+  if (!feature.getFeatureProperty(nameText(Property::kCurrentIntValue), &number)) {
     logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get feature int value");
     return false;
   }
@@ -42,7 +40,7 @@ bool readIntValue(CoreFeature& feature, std::string& value) {
 }
 
 bool readTextValue(CoreFeature& feature, std::string& value) {
-  if (!feature.getFeatureProperty(std::string("CurrentTextValue"), value)) {
+  if (!feature.getFeatureProperty(nameText(Property::kCurrentTextValue), value)) {
     logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get feature text value");
     return false;
   }
@@ -55,7 +53,7 @@ bool readTextValue(CoreFeature& feature, std::string& value) {
 
 bool readFloatValue(CoreFeature& feature, std::string& value) {
   float number = 0;
-  if (!feature.getFeatureProperty(std::string("CurrentFloatValue"), &number)) {
+  if (!feature.getFeatureProperty(nameText(Property::kCurrentFloatValue), &number)) {
     logFixed(Level::kMisuse, "createTicketNodeAttributes() - Cannot get feature float value");
     return false;
   }
@@ -63,60 +61,10 @@ bool readFloatValue(CoreFeature& feature, std::string& value) {
   return true;
 }
 
-template <class Value>
-void format(const std::string& commandTemplate, const Value& value, std::string& output) {
-  if (formatCommand(commandTemplate, value, output)) return;
-  logComposed(Level::kWarning,
-              "createTicketPDLAttributes() - Cannot format value with command template \"{}\"",
-              commandTemplate);
-}
-
-void formatOption(CoreFeature& feature, const std::string& commandTemplate, std::string& output,
-                  const TextDialect& dialect) {
-  CoreOption* option = feature.fetchCurrentOption();
-  if (option == nullptr) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get current feature option");
-    return;
-  }
-  std::string command;
-  if (!option->getOptionProperty(std::string(dialect.commandProperty), command)) {
-    logFixed(Level::kWarning, dialect.optionCommandUnreadable);
-    return;
-  }
-  format(commandTemplate, std::string_view(command), output);
-}
-
-void formatInt(CoreFeature& feature, const std::string& commandTemplate, std::string& output) {
-  int value = 0;
-  if (!feature.getFeatureProperty(std::string("CurrentIntValue"), &value)) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature int value");
-    return;
-  }
-  format(commandTemplate, value, output);
-}
-
-void formatText(CoreFeature& feature, const std::string& commandTemplate, std::string& output) {
-  std::string value;
-  if (!feature.getFeatureProperty(std::string("CurrentTextValue"), value)) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature text value");
-    return;
-  }
-  format(commandTemplate, std::string_view(value), output);
-}
-
-void formatFloat(CoreFeature& feature, const std::string& commandTemplate, std::string& output) {
-  float value = 0;
-  if (!feature.getFeatureProperty(std::string("CurrentFloatValue"), &value)) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature float value");
-    return;
-  }
-  format(commandTemplate, static_cast<double>(value), output);
-}
-
 }  // namespace
 
 bool createTicketNodeAttributes(CoreFeature& feature, std::string& syntax, std::string& value) {
-  if (!feature.getFeatureProperty(std::string("TESKAttributeSyntax"), syntax)) {
+  if (!feature.getFeatureProperty(nameText(Property::kTESKAttributeSyntax), syntax)) {
     logFixed(Level::kWarning, "createTicketNodeAttributes() - Cannot get feature syntax");
     return false;
   }
@@ -139,22 +87,12 @@ bool createTicketNodeAttributes(CoreFeature& feature, std::string& syntax, std::
 void createTicketPDLAttributes(CoreFeature& feature, const std::string& commandTemplate,
                                std::string& output, bool forPostScript) {
   output.clear();
-  switch (feature.getFeatureType()) {
-    case kMultiSelect:
-      return formatOption(feature, commandTemplate, output, forPostScript ? kPostScript : kPJL);
-    case kIntEntry:
-      return formatInt(feature, commandTemplate, output);
-    case kTextEntry:
-      return formatText(feature, commandTemplate, output);
-    case kFloatEntry:
-      return formatFloat(feature, commandTemplate, output);
-    default:
-      logFixed(Level::kMisuse, "createTicketPDLAttributes() - Feature has an invalid feature type");
-  }
+  FeatureText text(forPostScript ? kPostScript : kPJL);
+  text.append(feature, commandTemplate, output);
 }
 
 bool createTicketAttributes(CoreFeature& feature, std::string& syntax) {
-  if (feature.getFeatureProperty(std::string("TESKAttributeSyntax"), syntax)) return true;
+  if (feature.getFeatureProperty(nameText(Property::kTESKAttributeSyntax), syntax)) return true;
   logFixed(Level::kWarning, "createTicketAttributes() - Cannot get feature syntax");
   return false;
 }

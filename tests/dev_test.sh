@@ -581,6 +581,48 @@ expectStatus 1
 checks=$((checks + 1))
 ! grep -q '^gcovr' "$work/calls" || fail 'gcovr was called'
 
+begin Bench_BuildsBothSidesAndComparesThem
+fake cmake
+fake python3
+dev bench --rounds 2
+expectStatus 0
+expectCalls 'cmake --preset release --log-level=WARNING' \
+  'cmake --build --preset release --parallel 3 --target library_timing library_counting peer_timing peer_counting write_models memory_report' \
+  'python3 -B bench/compare.py build/release --rounds 2'
+
+begin Instructions_AreComparedWithTheBaseline
+fake cmake
+fake python3
+dev instructions
+expectStatus 0
+expectCalls 'cmake --preset release --log-level=WARNING' \
+  'cmake --build --preset release --parallel 3 --target library_counting write_models' \
+  'python3 -B bench/check_instructions.py build/release bench/instruction_baseline.txt'
+
+begin Instructions_Update_IsPassedOn
+fake cmake
+fake python3
+dev instructions --update
+expectStatus 0
+checks=$((checks + 1))
+[ "$(tail -n 1 "$work/calls")" = \
+  'python3 -B bench/check_instructions.py build/release bench/instruction_baseline.txt --update' ] ||
+  fail 'not passed on'
+
+begin Instructions_HaveGrown_IsItsStatus
+fake cmake
+fake python3
+echo 1 >"$work/status.python3"
+dev instructions
+expectStatus 1
+
+begin Instructions_OtherArgument_IsRefused
+fake cmake
+dev instructions --upgrade
+expectStatus 2
+expectCalls
+expectLine err 'dev: instructions takes no argument but --update'
+
 begin Mutate_HandsItsArgumentsOn
 fake python3
 dev mutate --sample 12 model/messages.cc
@@ -655,9 +697,9 @@ chmod +x "$work/project/dev"
 status=$?
 expectStatus 0
 expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset clang' 'dev test --preset asan' \
-  'dev package' 'dev lint' 'dev demo'
+  'dev mutate --sample 12 --build build/release' 'dev package' 'dev lint' 'dev demo'
 checks=$((checks + 1))
-[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 8 ] || fail 'summary is not whole'
+[ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 9 ] || fail 'summary is not whole'
 
 begin Ci_ALegFails_EndsWithItsStatus
 cp "$source_dir/.ci/run" "$work/project/.ci/"

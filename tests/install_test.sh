@@ -26,6 +26,12 @@ grep -qF 'driver\-feature emit' share/man/man1/driver-feature.1
 test -s share/bash-completion/completions/driver-feature.bash
 test -s "$(echo share/zsh/*/_driver-feature)"
 
+# The filter finds the feature library from its own folder.
+printf '%%!\n' >../job.ps
+DRIVER_FEATURE_DESCRIPTION=$description DRIVER_FEATURE_ROUTINES=$routines \
+  lib/cups/filter/driver-feature-filter 1 user title 2 '' ../job.ps >../job.prn 2>../filter.log
+grep -qxF '<< /NumCopies 2 >> setpagedevice' ../job.prn
+
 for header in include/driver_feature/*/*.h; do
   "$compiler" -std=c++11 -Wall -Wextra -Werror -fsyntax-only -x c++ \
     -Iinclude/driver_feature -Iinclude/driver_feature/platform - <<<"#include \"$PWD/$header\""
@@ -42,8 +48,8 @@ for place in "$build" "$folder/first"; do
     exit 1
   fi
 done
-paths=$(readelf -d bin/driver-feature "$(dirname -- "$library")"/*.so | grep -E 'R(UN)?PATH')
-test "$(wc -l <<<"$paths")" -eq 5
+paths=$(readelf -d bin/driver-feature lib/cups/filter/driver-feature-filter "$(dirname -- "$library")"/*.so | grep -E 'R(UN)?PATH')
+test "$(wc -l <<<"$paths")" -eq 6
 # shellcheck disable=SC2016  # a word of the loader's, not of the shell's
 if grep -vF '[$ORIGIN' <<<"$paths"; then
   echo "these loader paths would not move with the tree"

@@ -90,10 +90,11 @@ expectHolds libdriverfeature-dev "usr/lib/$triplet/pkgconfig/driver-feature.pc" 
   "usr/lib/$triplet/cmake/DriverFeature/DriverFeatureConfig.cmake" \
   usr/include/driver_feature/{model/core_feature_set,frame/exports,platform/AttributeMap}.h \
   usr/share/doc/libdriverfeature-dev/examples/minimal_host/minimal_host.cc
-expectHolds driver-feature usr/bin/driver-feature \
+expectHolds driver-feature usr/bin/driver-feature usr/lib/cups/filter/driver-feature-filter \
   "$libraries"/lib{office,ppd}_routines.so \
   usr/share/driver-feature/{label_printer,office_laser}.xml \
   usr/share/driver-feature/feature_description.rng usr/share/man/man1/driver-feature.1 \
+  usr/share/man/man8/driver-feature-filter.8 \
   usr/share/bash-completion/completions/driver-feature.bash \
   usr/share/zsh/vendor-completions/_driver-feature
 
@@ -108,8 +109,9 @@ done
 for place in "$source" "$build"; do
   if grep -rlF -- "$place" "$work/unpacked"; then fail "these files name $place"; fi
 done
-programs=$(find "$work/unpacked" -name '*.so' -o -path '*/bin/driver-feature')
-[ "$(wc -l <<<"$programs")" -eq 5 ] || fail "there are other programs:" "$programs"
+programs=$(find "$work/unpacked" -name '*.so' -o -path '*/bin/driver-feature' \
+  -o -path '*/cups/filter/*')
+[ "$(wc -l <<<"$programs")" -eq 7 ] || fail "there are other programs:" "$programs"
 while read -r program; do
   if readelf -SW "$program" | grep -E '\.(debug_info|symtab)'; then
     fail "$program is not stripped"
@@ -118,6 +120,8 @@ while read -r program; do
   # shellcheck disable=SC2016  # a word of the loader's, not of the shell's
   case ${program##*/} in
     driver-feature) expected='$ORIGIN/../lib/'$triplet/driver-feature ;;
+    libppd_routines.so) expected= ;;  # Needs no library of ours.
+    driver-feature-filter) expected='$ORIGIN/../../'$triplet/driver-feature ;;
     *) expected='$ORIGIN' ;;
   esac
   [ "$path" = "$expected" ] || fail "$program looks for libraries in: $path"
@@ -172,6 +176,14 @@ for printer in label_printer office_laser; do
     cmp "$work/output" "$source/tests/golden/$printer.default.$form"
   done
 done
+
+# The installed filter finds the installed library.
+printf '%%!\n' >"$work/job.ps"
+"$root/usr/bin/driver-feature" --callbacks "$root/$libraries/liboffice_routines.so" \
+  queue "$root/usr/share/driver-feature/label_printer.xml" --output "$work/queue.ppd" 2>"$work/losses"
+PPD=$work/queue.ppd "$root/usr/lib/cups/filter/driver-feature-filter" 1 user title 2 '' \
+  "$work/job.ps" >"$work/output" 2>"$work/filter.log" || fail "the filter failed:" "$(<"$work/filter.log")"
+grep -qxF '<< /NumCopies 2 >> setpagedevice' "$work/output"
 
 cp -r "$root/usr/share/doc/libdriverfeature-dev/examples/minimal_host" "$work/host"
 PKG_CONFIG_PATH=$root/usr/lib/$triplet/pkgconfig make -C "$work/host" run >"$work/make.log" 2>&1 ||

@@ -70,7 +70,13 @@ std::string textValue(ByteReader& bytes, const std::string& name) {
     if (choice % 7 >= kSortRoutineNames.size()) return choice % 7 == 5 ? "" : "NoSuchRoutine";
     return kSortRoutineNames[choice % 7];
   }
+  if (name == "AddPSCallbackRoutine" || name == "AddPJLCallbackRoutine") {
+    if (choice % 4 == 3) return kTextRoutineName;
+  }
   if (name.ends_with("CallbackRoutine")) return choice % 2 == 0 ? "" : "NoSuchRoutine";
+  if (name == "PSCommand" || name == "PJLCommand") {
+    return choice % 8 == 7 ? "" : kTemplates[choice % kTemplates.size()];
+  }
   if (choice >= 240) return rawText(bytes);
   return kTexts[choice % kTexts.size()];
 }

@@ -14,6 +14,35 @@ constexpr std::size_t kMostOptions = 24;
 constexpr std::size_t kMostStaticGroups = 5;
 constexpr std::size_t kMostDynamicGroups = 3;
 
+enum class ValueKind : unsigned char { kText, kInt, kFloat, kBool };
+
+struct PropertyToRead {
+  std::string name;
+  ValueKind kind;
+};
+
+ValueKind kindOf(const std::string& name) {
+  const auto isOneOf = [&](std::initializer_list<const char*> names) {
+    return std::any_of(names.begin(), names.end(), [&](const char* each) { return name == each; });
+  };
+  if (name.find("Float") != name.npos) return ValueKind::kFloat;
+  if (name.find("IntValue") != name.npos) return ValueKind::kInt;
+  if (isOneOf({"FeatureType", "FeatureValueType", "MaxTextLength", "RecordInFocus"})) {
+    return ValueKind::kInt;
+  }
+  if (isOneOf({"Sensitivity", "Visibility", "Encrypted", "FeatureInGroup"})) {
+    return ValueKind::kBool;
+  }
+  return ValueKind::kText;
+}
+
+// Every property, with the overload that reads it. Made before any model.
+const std::vector<PropertyToRead> kPropertiesToRead = [] {
+  std::vector<PropertyToRead> properties;
+  for (const char* name : kPropertyNames) properties.push_back({name, kindOf(name)});
+  return properties;
+}();
+
 template <class Pointer, class Looked>
 std::string positionIn(const std::vector<Pointer>& objects, const Looked* object,
                        const std::string& kind) {
@@ -43,7 +72,9 @@ void Executor<Model>::buildStart(const Program& program) {
   addFeature("Title", 3);
   addFeature("Scale", 4);
   addOptions(*addFeature("Tray", 1), {"Tray2", "A4"});
+  addFeature("Unit", 2);
   buildGroups();
+  giveCommands();
   for (std::size_t i = 0; program.changeRoutines && i < kChangeRoutineNames.size(); ++i) {
     model_.setText(*features_[2 * i], "AddCallbackRoutine", kChangeRoutineNames[i]);
   }
@@ -67,6 +98,29 @@ void Executor<Model>::buildGroups() {
   dynamicGroups_.push_back(model_.newDynamicGroup("Jobs"));
   model_.setTemplate(*dynamicGroups_[0], staticGroups_[1]);
   model_.fileDynamicGroup(dynamicGroups_[0]);
+}
+
+// One of each kind that has something to write: with a command of its own,
+// with a routine, and with neither.
+template <class Model>
+void Executor<Model>::giveCommands() {
+  const auto give = [this](Object& object, const std::string& format) {
+    model_.setText(object, "PSCommand", format);
+    model_.setText(object, "PJLCommand", format);
+  };
+  give(*features_[0], "[%s]");
+  give(*features_[1], "%d;");
+  give(*features_[2], "(%s)");
+  give(*features_[3], "%.2f ");
+  give(*features_[5], "%x,");
+  give(*staticGroups_[0], "%s");
+  give(*staticGroups_[1], "<%s>");
+  model_.setText(*features_[4], "AddPSCallbackRoutine", kTextRoutineName);
+  model_.setText(*features_[4], "AddPJLCallbackRoutine", kTextRoutineName);
+  for (Option* each : options_) {
+    model_.setOptionText(*each, "PSCommand", "ps");
+    model_.setOptionText(*each, "PJLCommand", "pjl");
+  }
 }
 
 template <class Model>
@@ -149,21 +203,20 @@ std::string Executor<Model>::labelOption(const typename Model::AnyOption* option
 template <class Model>
 void Executor<Model>::readObject(Object& object) {
   note("object " + label(&object) + ' ' + shown(model_.type(object)));
-  for (const char* text : kPropertyNames) {
-    const std::string name = text;
-    const auto isOneOf = [&](std::initializer_list<const char*> names) {
-      return std::any_of(names.begin(), names.end(),
-                         [&](const char* each) { return name == each; });
-    };
-    if (name.find("Float") != name.npos) {
-      readFloat(object, name);
-    } else if (name.find("IntValue") != name.npos ||
-               isOneOf({"FeatureType", "FeatureValueType", "MaxTextLength", "RecordInFocus"})) {
-      readInt(object, name);
-    } else if (isOneOf({"Sensitivity", "Visibility", "Encrypted", "FeatureInGroup"})) {
-      readBool(object, name);
-    } else {
-      readText(object, name);
+  for (const PropertyToRead& property : kPropertiesToRead) {
+    switch (property.kind) {
+      case ValueKind::kText:
+        readText(object, property.name);
+        break;
+      case ValueKind::kInt:
+        readInt(object, property.name);
+        break;
+      case ValueKind::kFloat:
+        readFloat(object, property.name);
+        break;
+      case ValueKind::kBool:
+        readBool(object, property.name);
+        break;
     }
   }
 }

@@ -43,9 +43,11 @@ class Executor : public Side {
   bool useSet(const Operation& operation);
   bool useFunction(const Operation& operation);
   bool useFrame(const Operation& operation);
+  void serialize(int pdlType, bool includeInstOpt);
 
   void buildStart(const Program& program);
   void buildGroups();
+  void giveCommands();
   void addOptions(Feature& feature, std::initializer_list<const char*> names);
   void copyFeature(Feature& source);
   void readAll();

@@ -115,7 +115,7 @@ bool Executor<Model>::useFrame(const Operation& operation) {
       model_.registerLoad(operation.flag);
       return true;
     case Kind::kSerialize:
-      model_.serialize(operation.number, operation.flag);
+      serialize(operation.number, operation.flag);
       return true;
     case Kind::kDump:
       model_.dump();
@@ -123,6 +123,13 @@ bool Executor<Model>::useFrame(const Operation& operation) {
     default:
       return false;
   }
+}
+
+template <class Model>
+void Executor<Model>::serialize(int pdlType, bool includeInstOpt) {
+  std::string output = "untouched";
+  model_.serialize(pdlType, includeInstOpt, output);
+  note("output " + quoted(output));
 }
 
 #define DRIVER_FEATURE_INSTANTIATE(Model)                       \

@@ -68,6 +68,8 @@ class OutputCapture {
 
 // The host's routines, found by these names.
 extern "C" {
+__attribute__((visibility("default"))) void OperationsWriteText(DriverFeatureSet* set,
+                                                                std::string& text);
 __attribute__((visibility("default"))) void OperationsChange0();
 __attribute__((visibility("default"))) void OperationsChange1();
 __attribute__((visibility("default"))) int OperationsSortByValue(AttributeMap& first,
@@ -80,6 +82,10 @@ __attribute__((visibility("default"))) int OperationsSortRandom(AttributeMap& fi
                                                                 AttributeMap& second);
 __attribute__((visibility("default"))) int OperationsSortMeddling(AttributeMap& first,
                                                                   AttributeMap& second);
+
+void OperationsWriteText(DriverFeatureSet* /*set*/, std::string& text) {
+  current->write(text);
+}
 
 void OperationsChange0() {
   current->change(0);
@@ -162,11 +168,11 @@ bool LibraryModel::detectDuplicate(DriverFeatureDynamicGroup& group, const Recor
   return group.detectDuplicateRecord(map);
 }
 
-void LibraryModel::serialize(int pdlType, bool includeInstOpt) {
-  muted = true;
-  std::string output;
+void LibraryModel::serialize(int pdlType, bool includeInstOpt, std::string& output) {
+  muted = pdlType == kTicket;
   masterSet().serialize(output, pdlType, includeInstOpt, "first", "second");
   muted = false;
+  if (pdlType == kTicket) output = kTicketText;
 }
 
 void LibraryModel::dump() {

@@ -167,7 +167,7 @@ class LibraryModel {
   Object* find(const std::string& name);
   Object* findByAttribute(const std::string& attribute, const std::string& value);
   void* createOption(const std::string& feature, const std::string& option, int number);
-  void serialize(int pdlType, bool includeInstOpt);
+  void serialize(int pdlType, bool includeInstOpt, std::string& output);
   void dump();
   void restoreDefaults();
 

@@ -92,6 +92,13 @@ inline constexpr std::array<const char*, 24> kTexts = {
     " 1e40", "nan",     "-inf",   "0x1p3", "999999999999", "%s",     "Tray2", "Name",
 };
 
+// Commands: of each kind of value, without a conversion, and some that are
+// refused.
+inline constexpr std::array<const char*, 16> kTemplates = {
+    "%s", "[%s]", "%%%s;", "%-8s|", "%8s|", "%.2s", "%d",    "@PJL SET N=%05d\r\n",
+    "%x", "%ld",  "%c",    "%.2f",  "%g",   "100%", "plain", "%s%s",
+};
+
 inline constexpr std::array<int, 16> kNumbers = {
     0, 1, 2, 3, 4, 5, 6, 7, 8, 9, -1, -2, 200, 2147483647, -2147483647 - 1, 65};
 

@@ -152,9 +152,15 @@ struct Program {
 // Any bytes make a program.
 Program decodeProgram(const unsigned char* data, std::size_t size);
 
+// The kind of output whose text and log lines are not compared, and what
+// stands for it among the events.
+inline constexpr int kTicket = 2;
+inline constexpr const char* kTicketText = "a ticket";
+
 // The names under which FetchSymbol finds the host's routines.
 inline constexpr std::array<const char*, 2> kChangeRoutineNames = {"OperationsChange0",
                                                                    "OperationsChange1"};
+inline constexpr const char* kTextRoutineName = "OperationsWriteText";
 enum class SortRule : unsigned char { kByValue, kNeverSwap, kAlwaysSwap, kRandom, kMeddling };
 inline constexpr std::array<const char*, 5> kSortRoutineNames = {
     "OperationsSortByValue", "OperationsSortNever", "OperationsSortAlways", "OperationsSortRandom",

@@ -133,8 +133,9 @@ class ReferenceModel {
   void restoreDefaults();
 
   void* createOption(const std::string&, const std::string&, int) { return nullptr; }
-  // These only read, and what they write is not compared.
-  void serialize(int, bool) {}
+  // PJL or PostScript.
+  void serialize(int pdlType, bool includeInstOpt, std::string& output);
+  // Only reads, and what it writes is not compared.
   void dump() {}
 
   // The exported functions; those on one property have their target attached
@@ -179,6 +180,18 @@ class ReferenceModel {
   bool available(RefObject& feature, int position);
   bool matches(RefObject& record, const Record& values);
   bool readRecord(RefObject& group, long index, Record& values);
+
+  // Output; the language is "PS" or "PJL".
+  bool callTextRoutine(const std::string& name, std::string& text);
+  std::string valueText(RefObject& object, const std::string& commandTemplate,
+                        const std::string& language);
+  void writeMember(RefObject& group, RefObject& member, int index, const std::string& language,
+                   std::string& piece);
+  std::string groupText(RefObject& group, const std::string& language, bool topLevel,
+                        std::vector<RefObject*> around);
+  void writeFeature(RefObject& feature, int index, const std::string& language,
+                    std::string& output);
+
   void transfer(const Record& names, const std::string& from, const std::string& to,
                 const std::string& operation);
 

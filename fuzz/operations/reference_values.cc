@@ -1,9 +1,8 @@
 // Features: their current values, and who is told of a change.
-#include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <limits>
 
+#include "fuzz/c_library.h"
 #include "fuzz/operations/reference_model.h"
 
 namespace driver_feature::operations {
@@ -18,9 +17,7 @@ int decimal(const std::string& text) {
 }
 
 std::string sixDecimals(float value) {
-  std::array<char, 400> text{};
-  std::snprintf(text.data(), text.size(), "%f", static_cast<double>(value));
-  return text.data();
+  return fuzz::printed("%f", static_cast<double>(value));
 }
 
 }  // namespace
@@ -62,8 +59,7 @@ bool ReferenceModel::setCurrentFloat(RefObject& feature, float value, bool suppr
 bool ReferenceModel::setValueString(RefObject& feature, const std::string& value, bool suppress) {
   if (feature.valueType == 2) return setCurrentText(feature, value, suppress);
   if (feature.valueType == 3) {
-    const float number = static_cast<float>(std::strtod(value.c_str(), nullptr));
-    return setCurrentFloat(feature, number, suppress);
+    return setCurrentFloat(feature, fuzz::toFloat(value), suppress);
   }
   if (feature.valueType != 1) return true;
   if (feature.type == 2) return setCurrentInt(feature, decimal(value), suppress);

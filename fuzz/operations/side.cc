@@ -53,6 +53,7 @@ Host Side::host() {
       .sort = [this](SortRule rule, Record& first,
                      Record& second) { return runSortRoutine(rule, first, second); },
       .load = [this](int mode) { return runLoadRoutine(mode); },
+      .write = [this](std::string& text) { runTextRoutine(text); },
       .print = [this](const std::string& text) { note("standard output " + text); },
   };
 }
@@ -72,6 +73,13 @@ int Side::runLoadRoutine(int mode) {
   runScript(Routine::kLoad);
   random_ = random_ * 1103515245U + 12345U;
   return static_cast<int>(random_ / 65536U % 2);
+}
+
+// Does in the middle of an output what the load routine does.
+void Side::runTextRoutine(std::string& text) {
+  note("text routine behind " + quoted(text));
+  text += "<routine>";
+  runScript(Routine::kLoad);
 }
 
 int Side::runSortRoutine(SortRule rule, Record& first, Record& second) {

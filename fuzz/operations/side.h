@@ -22,6 +22,7 @@ struct Host {
   std::function<void(int which)> change;
   std::function<int(SortRule rule, Record& first, Record& second)> sort;
   std::function<int(int mode)> load;
+  std::function<void(std::string& text)> write;
   std::function<void(const std::string& text)> print;
 };
 
@@ -50,6 +51,7 @@ class Side {
   void runChangeRoutine(int which);
   int runSortRoutine(SortRule rule, Record& first, Record& second);
   int runLoadRoutine(int mode);
+  void runTextRoutine(std::string& text);
   void runScript(Routine routine);
 
   const Program& program_;

@@ -99,13 +99,8 @@ class Run {
     for (const auto& [kind, number] : counts) losses_[kind] += number;
     if (detail_ == LogDetail::kErrors) return;
     progress_.clear();
-    if (detail_ == LogDetail::kAll) {
-      for (const std::string& line : losses.lines()) complain(file + ": not carried over: " + line);
-      return;
-    }
-    for (const std::string& line : losses.lines(LossKind::kOption)) {
-      complain(file + ": not carried over: " + line);
-    }
+    if (detail_ == LogDetail::kAll) return complainOfLosses(file, losses.lines());
+    complainOfLosses(file, losses.lines(LossKind::kOption));
     counts.erase(LossKind::kOption);  // Which have been named.
     const std::string text = countsOf(counts);
     if (!text.empty()) complainOfLosses(file, {text});

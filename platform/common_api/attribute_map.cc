@@ -10,6 +10,19 @@
 
 namespace {
 
+using Entries = std::map<std::string, std::string>;
+
+// The entry of that name, or the end. An element has a few attributes, whose
+// names mostly differ in length: one after another they are compared faster
+// than in the order of a tree.
+Entries::const_iterator findEntry(const Entries& entries, const std::string& name) {
+  constexpr std::size_t kFew = 8;
+  if (entries.size() > kFew) return entries.find(name);
+  auto entry = entries.begin();
+  while (entry != entries.end() && entry->first != name) ++entry;
+  return entry;
+}
+
 // Converts the whole of `text`; nothing when it does not convert.
 std::optional<bool> convert(const std::string& text, bool /*tag*/) {
   if (text == "true" || text == "1") return true;
@@ -48,9 +61,8 @@ const char* wantedForm(double /*tag*/) {
 }
 
 template <class Value>
-bool load(const std::map<std::string, std::string>& entries, const std::string& name, Value& value,
-          const Value* fallback) {
-  const auto found = entries.find(name);
+bool load(const Entries& entries, const std::string& name, Value& value, const Value* fallback) {
+  const auto found = findEntry(entries, name);
   if (found != entries.end()) {
     if (const auto converted = convert(found->second, Value{})) {
       value = *converted;
@@ -80,7 +92,7 @@ long AttributeMap::size() const {
 
 bool AttributeMap::loadMapVariable(const std::string& name, std::string& value,
                                    const std::string* fallback) const {
-  const auto found = entries_.find(name);
+  const auto found = findEntry(entries_, name);
   const std::string* text = found != entries_.end() ? &found->second : fallback;
   if (text == nullptr) return false;
   value = *text;

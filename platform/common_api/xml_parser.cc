@@ -29,7 +29,7 @@ using XmlText = std::unique_ptr<xmlChar, void (*)(void*)>;
 
 // Without memory libxml2 answers null, which stands for an empty text as well.
 // The two must not be taken for each other.
-XmlText valueOf(const xmlAttr& attribute) {
+XmlText copiedValueOf(const xmlAttr& attribute) {
   XmlText value(xmlNodeListGetString(attribute.doc, attribute.children, 1), xmlFree);
   const xmlNode* text = attribute.children;
   if (!value && text != nullptr && text->content != nullptr) throw std::bad_alloc();
@@ -44,10 +44,20 @@ bool hasByteEscapes(const xmlNode& element) {
        node = node->parent) {
     const xmlAttr* attribute = xmlHasNsProp(node, name, nullptr);
     if (attribute == nullptr) continue;
-    const XmlText value = valueOf(*attribute);
+    const XmlText value = copiedValueOf(*attribute);
     return std::strcmp(textOf(value.get()), "yes") == 0;
   }
   return false;
+}
+
+// A value that is one text, as nearly all are, is read where it stands.
+void readValue(const xmlAttr& attribute, std::string& value) {
+  const xmlNode* text = attribute.children;
+  if (text != nullptr && text->type == XML_TEXT_NODE && text->next == nullptr) {
+    value = textOf(text->content);
+  } else {
+    value = textOf(copiedValueOf(attribute).get());
+  }
 }
 
 class LibXml2Parser final : public XMLParser {
@@ -83,9 +93,9 @@ class LibXml2Parser final : public XMLParser {
       if (attribute->ns != nullptr && attribute->ns->prefix != nullptr) {
         name.insert(0, std::string(textOf(attribute->ns->prefix)) + ':');
       }
-      const XmlText value = valueOf(*attribute);
-      map[name] = escaped ? driver_feature::unescapeBytes(textOf(value.get()))
-                          : std::string(textOf(value.get()));
+      std::string& value = map[name];
+      readValue(*attribute, value);
+      if (escaped) value = driver_feature::unescapeBytes(value);
     }
   }
 };

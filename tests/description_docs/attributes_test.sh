@@ -5,6 +5,7 @@
 #
 # usage: attributes_test.sh ELEMENTS ATTRIBUTES DOCUMENT
 set -eu
+export LC_ALL=C  # Ranges of letters are those of ASCII.
 
 elements=$(realpath "$1")
 attributes=$(realpath "$2")

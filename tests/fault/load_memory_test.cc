@@ -29,7 +29,7 @@ INSTANTIATE_MEMORY_FAULTS(LoadMemoryTest);
 
 TEST_P(LoadMemoryTest, Load_NoMemory_LeavesTheSetAsItWasAndCanBeRepeated) {
   const std::string whole = wholeModel();
-  sweep(500, Allocations::kThatThrow, [&](const FailurePlan& plan) {
+  sweep(300, Allocations::kThatThrow, [&](const FailurePlan& plan) {
     FaultyHost host;
     host.set();  // Making the set is not what fails here.
     const std::string empty = host.model();
@@ -46,7 +46,7 @@ TEST_P(LoadMemoryTest, Load_NoMemory_LeavesTheSetAsItWasAndCanBeRepeated) {
 }
 
 TEST_P(LoadMemoryTest, Load_NoMemoryForTheSecondDescription_LeavesTheFirst) {
-  sweep(500, Allocations::kThatThrow, [&](const FailurePlan& plan) {
+  sweep(300, Allocations::kThatThrow, [&](const FailurePlan& plan) {
     FaultyHost host;
     host.loadAndComplete();
     host.object(kCopies).setFeatureProperty(std::string("CurrentIntValue"), 7);

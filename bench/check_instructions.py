@@ -1,0 +1,104 @@
+#!/usr/bin/env python3
+"""Compares the instructions of the main operations with the committed baseline.
+
+usage: check_instructions.py BUILD-FOLDER BASELINE [--update]
+
+Fails when an operation takes more than 5 % more than the baseline says. Counts
+depend on the compiler, the C library and what its string functions choose on
+this processor; the baseline names all three, and with others nothing is
+compared (exit status 77). --update writes a new baseline.
+"""
+
+import argparse
+import pathlib
+import platform
+import subprocess
+import sys
+import tempfile
+
+import callgrind
+
+HIGHEST_GROWTH = 1.05
+OPERATIONS = (
+    "load/1000",
+    "build/1000",
+    "find feature/1000",
+    "read int/1000",
+    "read choice/1000",
+    "change choice/1000",
+    "serialize PostScript/1000",
+    "serialize PJL/1000",
+    "serialize ticket/1000",
+    "restore defaults/1000",
+)
+NOT_COMPARABLE = 77
+
+
+def circumstances(build):
+    compiler = (build / "bench" / "compiler.txt").read_text(encoding="ascii").strip()
+    flags = pathlib.Path("/proc/cpuinfo").read_text(encoding="ascii").split()
+    strings = "avx2" if "avx2" in flags else "sse2"
+    return {"compiler": compiler, "libc": " ".join(platform.libc_ver()), "strings": strings}
+
+
+def count(build):
+    with tempfile.TemporaryDirectory() as models:
+        subprocess.run([build / "bin" / "write_models", models, "1000"], check=True)
+        return callgrind.count(build / "bin" / "library_counting", OPERATIONS, models)
+
+
+def read_baseline(path):
+    """What the counts depend on, and the counts."""
+    depends, counts = {}, {}
+    for line in path.read_text(encoding="ascii").splitlines():
+        if line.startswith("#") or not line:
+            continue
+        key, value = line.split(": ", 1)
+        if "/" in key:
+            counts[key] = int(value)
+        else:
+            depends[key] = value
+    return depends, counts
+
+
+def write_baseline(path, depends, counts):
+    lines = ["# Instructions of one run of each operation, kept by check_instructions.py."]
+    lines += [f"{key}: {value}" for key, value in depends.items()]
+    lines += [f"{operation}: {counts[operation]:.0f}" for operation in OPERATIONS]
+    path.write_text("\n".join(lines) + "\n", encoding="ascii")
+
+
+def compare(baseline, counts):
+    """Prints all and answers whether none has grown too much."""
+    good = True
+    for operation in OPERATIONS:
+        ratio = counts[operation] / baseline[operation]
+        verdict = "" if ratio <= HIGHEST_GROWTH else "  GROWN by more than 5 %"
+        good = good and not verdict
+        print(f"{operation:28}{baseline[operation]:14,}{counts[operation]:14,.0f}"
+              f"{ratio - 1:+9.2%}{verdict}")
+    return good
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("build", type=pathlib.Path)
+    parser.add_argument("baseline", type=pathlib.Path)
+    parser.add_argument("--update", action="store_true")
+    options = parser.parse_args()
+    depends = circumstances(options.build)
+    if options.update:
+        write_baseline(options.baseline, depends, count(options.build))
+        return 0
+    wanted, baseline = read_baseline(options.baseline)
+    if wanted != depends:
+        print(f"the baseline is of {wanted}, this is {depends}: not comparable")
+        return NOT_COMPARABLE
+    if compare(baseline, count(options.build)):
+        return 0
+    print("Where the growth is meant, ./dev instructions --update writes a new baseline.")
+    return 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,153 @@
+#!/usr/bin/env python3
+"""Measures the library beside its peer, libcups, and prints one table.
+
+usage: compare.py BUILD-FOLDER [--rounds N] [--min-time SECONDS]
+
+The models are generated anew, the texts of both are compared before anything
+is timed, and all figures of the table come from this one run: rounds of the
+two programs in turn, of which the table shows medians (of processor time, and
+of the rounds' ratios), and one count of instructions each under callgrind.
+"""
+
+import argparse
+import json
+import math
+import os
+import pathlib
+import statistics
+import subprocess
+import tempfile
+
+import callgrind
+
+SIZES = (10, 100, 1000, 10000)
+
+# An operation of the library, one of the peer, and the highest ratio wanted of
+# the first to the second at 1,000 features. At 10,000 it is to be half of it.
+PAIRS = (
+    ("load", "open", 1),
+    ("build", "open", 1 / 4),
+    ("change choice", "mark", 1 / 8),
+    ("read int", "look up", 1 / 2),
+    ("read choice", "look up", 1 / 2),
+    ("serialize PostScript", "emit", 1 / 4),
+    ("serialize PJL", "emit", 1 / 4),
+)
+FLOOR = "copy the PostScript"
+
+
+def run(program, models, *arguments):
+    environment = dict(os.environ, BENCH_MODELS=str(models), LC_ALL="C")
+    return subprocess.run([str(program), *arguments], env=environment, check=True,
+                          stdout=subprocess.PIPE).stdout
+
+
+def require_equal_texts(library, peer, models):
+    for size in SIZES:
+        texts = [run(program, models, "--text", str(size)) for program in (library, peer)]
+        if texts[0] != texts[1] or not texts[0]:
+            raise SystemExit(f"the texts of {size} features differ: nothing is measured")
+
+
+def time_once(program, models, min_time):
+    """By "operation/size": processor time in ns and allocations; and the fits."""
+    report = json.loads(run(program, models, "--benchmark_format=json",
+                            f"--benchmark_min_time={min_time}"))
+    times, allocations, fits = {}, {}, {}
+    for row in report["benchmarks"]:
+        name = row["name"].split("/iterations:")[0]
+        if row["run_type"] == "iteration":
+            scale = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}[row["time_unit"]]
+            times[name] = row["cpu_time"] * scale
+            allocations[name] = round(row["allocations"])
+        elif row["aggregate_name"] == "BigO":
+            fits[row["run_name"].split("/iterations:")[0]] = row["big_o"]
+    return times, allocations, fits
+
+
+class Rounds:
+    """The rounds of one program."""
+
+    def __init__(self):
+        self.times, self.allocations, self.fits = [], {}, {}
+
+    def add(self, program, models, min_time):
+        times, self.allocations, self.fits = time_once(program, models, min_time)
+        self.times.append(times)
+
+    def median(self, name):
+        return statistics.median(times[name] for times in self.times)
+
+
+def shown_time(nanoseconds):
+    for unit, size in (("s", 1e9), ("ms", 1e6), ("us", 1e3)):
+        if nanoseconds >= size:
+            return f"{nanoseconds / size:.3g} {unit}"
+    return f"{nanoseconds:.3g} ns"
+
+
+def print_pairs(ours, theirs, our_counts, their_counts):
+    print("| operation | features | ours | peer | ratio | ours, instructions "
+          "| peer, instructions | ratio | wanted | allocations, ours / peer | of the floor |")
+    print("|" + "---|" * 11)
+    for our_name, their_name, wanted in PAIRS:
+        for size in SIZES:
+            mine, other = f"{our_name}/{size}", f"{their_name}/{size}"
+            ratio = statistics.median(
+                a[mine] / b[other] for a, b in zip(ours.times, theirs.times))
+            limit = {1000: wanted, 10000: wanted / 2}.get(size)
+            floor = ""
+            if our_name.startswith("serialize"):
+                floor = f"{ours.median(mine) / ours.median(f'{FLOOR}/{size}'):.0f} times"
+            print(f"| {our_name} | {size:,} | {shown_time(ours.median(mine))} "
+                  f"| {shown_time(theirs.median(other))} | {ratio:.3f} "
+                  f"| {our_counts[mine]:,.0f} | {their_counts[other]:,.0f} "
+                  f"| {our_counts[mine] / their_counts[other]:.3f} "
+                  f"| {f'{limit:.3f}' if limit else ''} "
+                  f"| {ours.allocations[mine]:,} / {theirs.allocations[other]:,} | {floor} |")
+
+
+def print_all(ours, counts):
+    print("| operation | size | time | instructions | allocations | fitted growth of time "
+          "| growth of instructions from the size before |")
+    print("|" + "---|" * 7)
+    before = None
+    for mine in ours.times[0]:
+        name, size = mine.rsplit("/", 1)
+        growth = ""
+        if before is not None and before[0] == name:
+            power = math.log(counts[mine] / before[2], int(size) / before[1])
+            growth = f"size to the power {power:.2f}"
+        before = (name, int(size), counts[mine])
+        print(f"| {name} | {int(size):,} | {shown_time(ours.median(mine))} "
+              f"| {counts[mine]:,.0f} | {ours.allocations[mine]:,} "
+              f"| {ours.fits.get(name, '')} | {growth} |")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("build", type=pathlib.Path)
+    parser.add_argument("--rounds", type=int, default=5)
+    parser.add_argument("--min-time", type=float, default=0.05)
+    options = parser.parse_args()
+    programs = options.build / "bin"
+    library, peer = programs / "library_timing", programs / "peer_timing"
+    with tempfile.TemporaryDirectory() as folder:
+        models = pathlib.Path(folder)
+        run(programs / "write_models", models, str(models))
+        require_equal_texts(library, peer, models)
+        ours, theirs = Rounds(), Rounds()
+        for _ in range(options.rounds):
+            ours.add(library, models, options.min_time)
+            theirs.add(peer, models, options.min_time)
+        our_counts = callgrind.count(programs / "library_counting", list(ours.times[0]), models)
+        their_counts = callgrind.count(programs / "peer_counting", list(theirs.times[0]), models)
+        memory = run(programs / "memory_report", models, "10000").decode()
+    print_pairs(ours, theirs, our_counts, their_counts)
+    print()
+    print_all(ours, our_counts)
+    print(f"\nMemory:\n\n{memory}")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,105 @@
+#include "bench/loaded_model.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <new>
+
+#include "bench/operation.h"
+#include "frame/exports.h"
+#include "frame/state.h"
+#include "model/driver_feature.h"
+#include "model/driver_feature_option.h"
+
+#include "AttributeMap.h"
+
+namespace driver_feature::bench {
+
+Calls calls;
+
+namespace {
+
+[[noreturn]] void fail(const std::string& text) {
+  std::fprintf(stderr, "%s\n", text.c_str());
+  std::exit(1);
+}
+
+// What delete would do: the classes have no virtual destructors, and the
+// objects are known to be of these very classes.
+template <class Object>
+void destroy(Object* object) {
+  object->Object::~Object();
+  ::operator delete(object);
+}
+
+}  // namespace
+
+std::unique_ptr<XMLDocument> readModel(const std::string& path) {
+  XMLProblem problem;
+  auto document = XMLDocument::parseFile(path, problem);
+  if (!document) fail(path + ": " + problem.text);
+  return document;
+}
+
+void startEmptySet() {
+  libraryState().masterSet = nullptr;
+  GetMasterFeatureList();
+}
+
+void build(const XMLDocument& document) {
+  if (FeatureXMLTagHandler(document.root()) != 1) fail("a model cannot be built");
+}
+
+void deleteSet() {
+  DriverFeatureSet* set = libraryState().masterSet;
+  for (int i = 0; i < set->fetchNumberOfFeatures(); ++i) {
+    DriverFeature* feature = set->fetchFeatureByIndex(i);
+    const int options = feature->getFeatureType() == 1 ? feature->fetchNumberOfOptions() : 0;
+    for (int j = 0; j < options; ++j) {
+      destroy(static_cast<DriverFeatureOption*>(feature->fetchOptionByIndex(j)));
+    }
+    destroy(feature);
+  }
+  destroy(set);
+  libraryState().masterSet = nullptr;
+}
+
+DriverFeatureSet& useModel(const std::string& kind, int size) {
+  static std::map<std::string, DriverFeatureSet*> models;
+  const std::string path = modelPath(kind, size);
+  DriverFeatureSet*& set = models[path];
+  if (set == nullptr) {
+    startEmptySet();
+    build(*readModel(path));
+    SetFeatureCreationCompleteFlag();
+    set = libraryState().masterSet;
+  }
+  libraryState().masterSet = set;
+  return *set;
+}
+
+}  // namespace driver_feature::bench
+
+// The routines of the generated descriptions, found by name.
+
+extern "C" bool benchUpdate() {
+  ++driver_feature::bench::calls.updates;
+  return true;
+}
+
+extern "C" int benchLoad(void* /*element*/, int /*mode*/) {
+  return 0;
+}
+
+extern "C" void benchChange() {
+  ++driver_feature::bench::calls.changes;
+}
+
+// By number.
+extern "C" int benchCompareRecords(AttributeMap& first, AttributeMap& second) {
+  int left = 0;
+  int right = 0;
+  first.loadMapVariable("RecordNumber", left, nullptr);
+  second.loadMapVariable("RecordNumber", right, nullptr);
+  return left - right;
+}

@@ -1,0 +1,76 @@
+// What do the records of a dynamic group cost: adding one with and without
+// sorting, looking for a duplicate, and loading one into the template.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+
+#include "bench/library_operations.h"
+#include "bench/loaded_model.h"
+#include "model/core_feature_group.h"
+
+#include "AttributeMap.h"
+
+namespace driver_feature::bench {
+
+namespace {
+
+// A record that is added is never freed, so it is added so often only.
+constexpr std::int64_t kAdditions = 300;
+
+AttributeMap recordValues(int number) {
+  AttributeMap values;
+  values["RecordName"] = "the name of record " + std::to_string(number);
+  values["RecordNumber"] = std::to_string(number);
+  return values;
+}
+
+// The group with so many records, in order.
+IntermediateDynamicFeatureGroup& groupOf(int records) {
+  CoreFeature* object = useModel("records", 0).FindFeatureInFeatureList(std::string("Records"));
+  auto* group = dynamic_cast<IntermediateDynamicFeatureGroup*>(object);
+  if (group == nullptr) std::abort();
+  while (group->fetchNumberOfDynamicEntries() > records) {
+    group->removeDynamicEntryByIndex(static_cast<unsigned>(records));
+  }
+  for (int i = group->fetchNumberOfDynamicEntries(); i < records; ++i) {
+    AttributeMap values = recordValues(i);
+    if (!group->addStaticGroupToDynamicGroupWithSort(values, false)) std::abort();
+  }
+  return *group;
+}
+
+Step addition(int records, bool sort) {
+  IntermediateDynamicFeatureGroup& group = groupOf(records);
+  return {.run =
+              [&group, sort, values = recordValues(records)]() mutable {
+                group.addStaticGroupToDynamicGroupWithSort(values, sort);
+              },
+          .after = [&group,
+                    records] { group.removeDynamicEntryByIndex(static_cast<unsigned>(records)); },
+          .iterations = kAdditions};
+}
+
+}  // namespace
+
+void addRecords(Operations& operations) {
+  operations.push_back(
+      {"add record", kRecordCounts, [](int records) { return addition(records, false); }});
+  // In order already, so that sorting is one pass over the pairs.
+  operations.push_back(
+      {"add record and sort", kRecordCounts, [](int records) { return addition(records, true); }});
+  operations.push_back({"look for duplicate record", kRecordCounts, [](int records) {
+                          IntermediateDynamicFeatureGroup& group = groupOf(records);
+                          return Step{[&group, values = recordValues(records)]() mutable {
+                            benchmark::DoNotOptimize(group.detectDuplicateRecord(values));
+                          }};
+                        }});
+  operations.push_back({"load record", kRecordCounts, [](int records) {
+                          IntermediateDynamicFeatureGroup& group = groupOf(records);
+                          return Step{[&group, middle = static_cast<unsigned>(records / 2)] {
+                            benchmark::DoNotOptimize(group.getDynamicEntryByIndex(middle));
+                          }};
+                        }});
+}
+
+}  // namespace driver_feature::bench

@@ -1,0 +1,41 @@
+// What does it cost to write everything out: as PostScript, as PJL, as a job
+// ticket, and, as a floor, to copy the finished text once.
+
+#include <benchmark/benchmark.h>
+
+#include "bench/library_operations.h"
+#include "bench/loaded_model.h"
+
+namespace driver_feature::bench {
+
+namespace {
+
+void addSerializationAs(Operations& operations, const char* name, const std::string& kind,
+                        int type) {
+  operations.push_back({name, kFeatureCounts, [kind, type](int size) {
+                          DriverFeatureSet& set = useModel(kind, size);
+                          return Step{.run =
+                                          [&set, type, output = std::string()]() mutable {
+                                            set.serialize(output, type, false, "", "");
+                                            benchmark::DoNotOptimize(output.data());
+                                          },
+                                      .overAll = true};
+                        }});
+}
+
+}  // namespace
+
+void addSerialization(Operations& operations) {
+  addSerializationAs(operations, "serialize PostScript", kPSCarrier.kind, 1);
+  addSerializationAs(operations, "serialize PJL", kPJLCarrier.kind, 0);
+  addSerializationAs(operations, "serialize ticket", kTicketCarrier.kind, 2);
+  addSerializationAs(operations, "serialize numbers and texts", "typed", 1);
+  operations.push_back({"copy the PostScript", kFeatureCounts, [](int size) {
+                          return Step{[text = textOfModel(size), copy = std::string()]() mutable {
+                            copy.assign(text.data(), text.size());
+                            benchmark::DoNotOptimize(copy.data());
+                          }};
+                        }});
+}
+
+}  // namespace driver_feature::bench

@@ -1,0 +1,26 @@
+// Copies a job to the device and puts the description's texts into it.
+#ifndef FILTER_COPY_JOB_H_
+#define FILTER_COPY_JOB_H_
+
+#include <optional>
+#include <string>
+
+#include "filter/arguments.h"
+#include "filter/sections.h"
+
+namespace driver_feature {
+
+struct JobTexts {
+  Sections sections;
+  std::string trailer;
+};
+
+// Copies the job from its file, or from standard input, to standard output.
+// Answers why that failed; nothing for success, and for a job that was
+// cancelled. In every case the trailer follows what has been written, so that
+// no device is left inside of a job.
+std::optional<std::string> copyJob(const FilterArguments& arguments, const JobTexts& texts);
+
+}  // namespace driver_feature
+
+#endif  // FILTER_COPY_JOB_H_

@@ -1,0 +1,192 @@
+#include "filter/job_settings.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "filter/feature_key.h"
+#include "filter/messages.h"
+#include "host/settings_file.h"
+#include "host/text.h"
+
+namespace driver_feature {
+
+namespace {
+
+// Options that libcups turns into choices of the PPD. A feature's key may be
+// one of them; a value that the feature does not know is then libcups' affair.
+bool isKnownToLibcups(const std::string& option) {
+  constexpr std::array<std::string_view, 13> kKnown = {"finishings",
+                                                       "finishing-template",
+                                                       "media",
+                                                       "media-col",
+                                                       "mirror",
+                                                       "multiple-document-handling",
+                                                       "output-bin",
+                                                       "output-mode",
+                                                       "print-color-mode",
+                                                       "print-quality",
+                                                       "printer-resolution",
+                                                       "resolution",
+                                                       "sides"};
+  return std::find(kKnown.begin(), kKnown.end(), option) != kKnown.end();
+}
+
+std::string withoutCustom(const std::string& value) {
+  constexpr std::string_view kCustom = "Custom.";
+  return value.starts_with(kCustom) ? value.substr(kCustom.size()) : value;
+}
+
+std::string keywordPart(const std::string& name) {
+  return name.substr(0, name.find('.'));
+}
+
+}  // namespace
+
+bool JobSettings::apply(const FilterArguments& arguments) {
+  for (const Setting& option : arguments.options) sort(option);
+  addCopies(arguments);
+  addDefault("job-name", harmless(arguments.title));
+  addDefault("user-name", harmless(arguments.user));
+  for (;;) {
+    const std::vector<Wish> refused = settle(collect());
+    bool again = false;
+    for (const Wish& wish : refused) {
+      if (wish.option.empty()) {
+        tell(Message::kDebug,
+             "the queue's default of " + wish.setting.name + " does not stand: " + wish.reason);
+        continue;
+      }
+      refuse(wish.option, wish.reason);
+      again = drop(wish.option) || again;
+    }
+    if (!again || hasFailed_) return !hasFailed_;
+  }
+}
+
+void JobSettings::sort(const Setting& option) {
+  const auto keyword = ppd_ != nullptr ? ppd_->keywordOf(option.name) : std::nullopt;
+  const auto feature = model_.features.find(keyword.value_or(option.name));
+  const bool isChoice =
+      feature == model_.features.end() || feature->second.kind() == FeatureKind::kMultiSelect;
+  if (keyword && isChoice) {
+    if (ppd_->hasChoice(*keyword, option.value)) {
+      forPpd_.push_back({*keyword, option.value});
+      named_[*keyword] = option.name;
+    } else {
+      refuse(option.name, "there is no choice \"" + option.value + "\"; choose one of " +
+                              join(ppd_->choicesOf(*keyword), ", "));
+    }
+    return;
+  }
+  if (feature != model_.features.end()) {
+    const std::string value = keyword ? withoutCustom(option.value) : option.value;
+    wishes_.push_back({option.name, {feature->first, value}, ""});
+    return;
+  }
+  if (sortByKey(option)) return;
+  forPpd_.push_back(option);
+  tell(Message::kDebug, "option " + option.name + " is no feature and passes by");
+}
+
+bool JobSettings::sortByKey(const Setting& option) {
+  const auto feature = featureWithKey(model_, option.name);
+  if (!feature) return false;
+  const auto value = valueWithKey(model_, *feature, option.value);
+  if (!value && ppd_ != nullptr && isKnownToLibcups(option.name)) return false;
+  wishes_.push_back({option.name, {*feature, value.value_or(option.value)}, ""});
+  return true;
+}
+
+void JobSettings::addCopies(const FilterArguments& arguments) {
+  std::string name = "Copies";
+  if (!model_.features.contains(name)) name = featureWithKey(model_, "copies").value_or("");
+  const auto feature = model_.features.find(name);
+  if (feature == model_.features.end() || feature->second.kind() != FeatureKind::kIntEntry) return;
+  takesCopies_ = true;
+  if (!isAsked(name)) wishes_.push_back({"copies", {name, std::to_string(arguments.copies)}, ""});
+}
+
+// A feature that is named after something that every job has gets it, unless
+// its value is refused or an option asks for another one.
+void JobSettings::addDefault(const std::string& key, const std::string& value) {
+  const auto feature = featureWithKey(model_, key);
+  if (feature && !isAsked(*feature)) wishes_.push_back({"", {*feature, value}, ""});
+}
+
+bool JobSettings::isAsked(const std::string& feature) const {
+  return std::any_of(wishes_.begin(), wishes_.end(),
+                     [&feature](const Wish& wish) { return wish.setting.name == feature; });
+}
+
+std::vector<JobSettings::Wish> JobSettings::collect() {
+  std::vector<Wish> all = ppd_ != nullptr ? marked() : std::vector<Wish>();
+  all.insert(all.end(), wishes_.begin(), wishes_.end());
+  return all;
+}
+
+// What the PPD's marked choices mean for the features.
+std::vector<JobSettings::Wish> JobSettings::marked() {
+  ppd_->mark(forPpd_);
+  std::vector<Wish> wishes;
+  std::string parameter;  // The value of the last parameter of a custom choice.
+  for (Setting& setting : ppd_->marked()) {
+    const auto feature = model_.features.find(setting.name);
+    if (feature == model_.features.end()) {
+      parameter = setting.value;
+      continue;
+    }
+    const bool isChoice = feature->second.kind() == FeatureKind::kMultiSelect;
+    const bool isOption = setting.name == keywordPart(setting.name);
+    if (!isChoice && isOption && setting.value == "not set") continue;
+    if (!isChoice && isOption && setting.value == "Custom") setting.value = parameter;
+    const auto option = named_.find(keywordPart(setting.name));
+    wishes.push_back({option != named_.end() ? option->second : "", std::move(setting), ""});
+  }
+  return wishes;
+}
+
+// Applies the wishes, and again those that were refused as long as others have
+// changed something: an option may be available because of another one.
+// Answers the wishes that stay refused.
+std::vector<JobSettings::Wish> JobSettings::settle(std::vector<Wish> wishes) const {
+  for (std::size_t before = wishes.size() + 1; wishes.size() < before;) {
+    before = wishes.size();
+    std::erase_if(wishes, [this](Wish& wish) { return isDone(wish); });
+  }
+  return wishes;
+}
+
+bool JobSettings::isDone(Wish& wish) const {
+  const auto feature = model_.features.find(wish.setting.name);
+  if (feature != model_.features.end() && settingText(feature->second) == wish.setting.value) {
+    return true;
+  }
+  const Refusal refusal = applySetting(model_, wish.setting);
+  wish.reason = refusal.value_or("");
+  return !refusal;
+}
+
+void JobSettings::refuse(const std::string& option, const std::string& reason) {
+  if (refusedValue_ == RefusedValue::kFail) {
+    hasFailed_ = true;
+    tell(Message::kError, "option " + option + ": " + reason);
+  } else {
+    tell(Message::kWarning,
+         "option " + option + ": " + reason + "; the queue's default stands in its place");
+  }
+}
+
+// Takes an option back. False when that changes nothing.
+bool JobSettings::drop(const std::string& option) {
+  const auto taken = std::erase_if(wishes_, [&](const Wish& w) { return w.option == option; });
+  std::string keyword;
+  for (const auto& [name, asked] : named_) {
+    if (asked == option) keyword = name;
+  }
+  named_.erase(keyword);
+  return std::erase_if(forPpd_, [&](const Setting& s) { return s.name == keyword; }) + taken > 0;
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,64 @@
+// Gives the features the values that a job asks for.
+#ifndef FILTER_JOB_SETTINGS_H_
+#define FILTER_JOB_SETTINGS_H_
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "filter/arguments.h"
+#include "filter/queue.h"
+#include "filter/queue_ppd.h"
+#include "host/settings.h"
+
+namespace driver_feature {
+
+class JobSettings {
+ public:
+  // `ppd` may be null. All must outlive this object.
+  JobSettings(const Model& model, QueuePpd* ppd, RefusedValue refusedValue)
+      : model_(model), ppd_(ppd), refusedValue_(refusedValue) {}
+
+  // Applies the queue's defaults, the job's options and its copies, in that
+  // order. Features with the keys "job-name" and "user-name" get the job's. An option is one of the
+  // PPD, or a feature by its name or its "CLOKey"; others pass by. A value that must be refused is
+  // told as an error, and false is the answer; or it is told as a warning and the queue's default
+  // stands in its place, when the queue says so.
+  bool apply(const FilterArguments& arguments);
+
+  // Whether a feature has taken the copies, so that its commands make them.
+  bool takesCopies() const { return takesCopies_; }
+
+ private:
+  // A value for a feature.
+  struct Wish {
+    std::string option;  // The job's option that asks for it; empty for a default.
+    Setting setting;
+    std::string reason;  // Why it was refused.
+  };
+
+  void sort(const Setting& option);
+  bool sortByKey(const Setting& option);
+  void addCopies(const FilterArguments& arguments);
+  void addDefault(const std::string& key, const std::string& value);
+  bool isAsked(const std::string& feature) const;
+  std::vector<Wish> collect();
+  std::vector<Wish> marked();
+  std::vector<Wish> settle(std::vector<Wish> wishes) const;
+  bool isDone(Wish& wish) const;
+  void refuse(const std::string& option, const std::string& reason);
+  bool drop(const std::string& option);
+
+  const Model& model_;
+  QueuePpd* ppd_;
+  RefusedValue refusedValue_;
+  bool takesCopies_ = false;
+  bool hasFailed_ = false;
+  std::vector<Setting> forPpd_;               // Options for libcups to mark.
+  std::map<std::string, std::string> named_;  // Keywords of the PPD to the job's options.
+  std::vector<Wish> wishes_;                  // What the job asks of features directly.
+};
+
+}  // namespace driver_feature
+
+#endif  // FILTER_JOB_SETTINGS_H_

@@ -1,0 +1,309 @@
+#include "filter/job_structure.h"
+
+#include <utility>
+
+#include "filter/structure_comment.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr std::string_view kExit = "\x1b%-12345X";
+constexpr char kEndOfFile = '\x04';
+
+bool isOneOf(std::string_view keyword, std::initializer_list<std::string_view> keywords) {
+  for (const std::string_view one : keywords) {
+    if (one == keyword) return true;
+  }
+  return false;
+}
+
+// Whether the pages, or the end of the job, come next.
+bool endsSetup(std::string_view keyword) {
+  return isOneOf(keyword, {"Page", "Trailer", "EOF"});
+}
+
+// Whether the comment begins what only a prolog or a part behind it holds.
+bool showsStructure(std::string_view keyword) {
+  return endsSetup(keyword) || isOneOf(keyword, {"EndProlog", "BeginSetup", "BeginResource",
+                                                 "BeginProcSet", "BeginFont", "BeginFile"});
+}
+
+}  // namespace
+
+JobStructure::JobStructure(Sections sections, ByteSink& sink, std::function<void(long)> tellPage)
+    : sections_(std::move(sections)), sink_(sink), tellPage_(std::move(tellPage)), lines_(*this) {}
+
+void JobStructure::finish() {
+  lines_.finish();
+  if (place_ != Place::kHeader && place_ != Place::kBehindHeader) return;
+  if (!lineHasEnd_) sink_.put("\n");
+  if (place_ == Place::kHeader) sink_.put(sections_.exitServer);
+  writeUnstructured();
+}
+
+void JobStructure::takeLine(const JobLine& line) {
+  const std::string_view keyword = line.isWhole ? keywordOf(line.text) : "";
+  isDropping_ = false;
+  if (takeEmbedded(line, keyword)) return;
+  while (!takeAt(line, keyword)) {
+  }
+  beginEmbedded(line, keyword);
+}
+
+void JobStructure::takeBytes(std::string_view bytes) {
+  if (!isDropping_) sink_.put(bytes);
+}
+
+// Data and documents in the job have lines of their own, which mean nothing.
+bool JobStructure::takeEmbedded(const JobLine& line, std::string_view keyword) {
+  if (dataLines_ > 0) {
+    --dataLines_;
+    return pass(line);
+  }
+  if (!bytesEnd_.empty()) {
+    if (keyword == bytesEnd_) bytesEnd_ = "";
+    return pass(line);
+  }
+  if (documents_ == 0) return false;
+  if (keyword == "EndDocument") --documents_;
+  pass(line);
+  beginEmbedded(line, keyword);
+  return true;
+}
+
+void JobStructure::beginEmbedded(const JobLine& line, std::string_view keyword) {
+  if (kind_ != Kind::kPostScript) return;
+  if (keyword == "BeginDocument") ++documents_;
+  if (keyword != "BeginBinary" && keyword != "BeginData") return;
+  const DataExtent extent = dataExtent(line.text);
+  bytesEnd_ = keyword == "BeginBinary" ? "EndBinary" : "EndData";
+  if (extent.isLines) {
+    dataLines_ = extent.count;
+  } else {
+    lines_.passOn(extent.count);
+  }
+}
+
+bool JobStructure::takeAt(const JobLine& line, std::string_view keyword) {
+  switch (place_) {
+    case Place::kFront:
+      return takeFront(line);
+    case Place::kHeader:
+      return takeHeader(line, keyword);
+    case Place::kBehindHeader:
+      return takeBehindHeader(line, keyword);
+    case Place::kProlog:
+      return takeProlog(line, keyword);
+    case Place::kBehindProlog:
+      return takeBehindProlog(line, keyword);
+    case Place::kSetup:
+      return takeSetup(line, keyword);
+    case Place::kPageHeader:
+      return takePageHeader(line, keyword);
+    default:
+      return takeRest(line, keyword);
+  }
+}
+
+bool JobStructure::takeFront(const JobLine& line) {
+  isDropping_ = true;
+  if (kind_ == Kind::kNotPostScript) return true;
+  std::string_view text = line.text;
+  while (text.starts_with(kEndOfFile) || text.starts_with(kExit)) {
+    hasPjl_ = hasPjl_ || text.front() != kEndOfFile;
+    text.remove_prefix(text.front() == kEndOfFile ? 1 : kExit.size());
+  }
+  if (!text.starts_with("%!")) {
+    if (!takePjlInFront(text)) kind_ = Kind::kNotPostScript;
+    return true;
+  }
+  isDropping_ = false;
+  kind_ = Kind::kPostScript;
+  sink_.put(sections_.header);
+  place_ = Place::kHeader;
+  return pass({text, line.end, line.isWhole});
+}
+
+// Blank lines and PJL may stand in front of PostScript, but no PJL that enters
+// another language.
+bool JobStructure::takePjlInFront(std::string_view text) {
+  if (text.find_first_not_of(" \t") == std::string_view::npos) return true;
+  if (!hasPjl_ || !text.starts_with("@PJL")) return false;
+  return text.find("ENTER LANGUAGE") == std::string_view::npos ||
+         text.find("POSTSCRIPT") != std::string_view::npos;
+}
+
+bool JobStructure::takeHeader(const JobLine& line, std::string_view keyword) {
+  if (keyword == "EndComments") {
+    passAndWrite(line, sections_.exitServer);
+    place_ = Place::kBehindHeader;
+    return true;
+  }
+  if (isHeaderComment(line.text, keyword)) {
+    promisesPages_ = promisesPages_ || keyword == "Pages";
+    return pass(line);
+  }
+  sink_.put(sections_.exitServer);
+  place_ = Place::kBehindHeader;
+  return false;
+}
+
+bool JobStructure::takeBehindHeader(const JobLine& line, std::string_view keyword) {
+  if (!waitingFor_.empty()) {
+    if (keyword == waitingFor_) waitingFor_.clear();
+    return pass(line);
+  }
+  if (keyword == "BeginDefaults" || keyword == "BeginPreview") {
+    waitingFor_ = "End" + std::string(keyword.substr(5));
+    return pass(line);
+  }
+  if (keyword == "BeginProlog") {
+    passAndWrite(line, sections_.prolog);
+    place_ = Place::kProlog;
+    return true;
+  }
+  if (showsStructure(keyword)) {
+    openProlog();
+    return false;
+  }
+  if (isCommentOrBlank(line.text) && !keyword.starts_with("Begin")) return pass(line);
+  writeUnstructured();
+  return false;
+}
+
+bool JobStructure::takeProlog(const JobLine& line, std::string_view keyword) {
+  if (keyword == "EndProlog") {
+    ownProlog_ = false;
+    place_ = Place::kBehindProlog;
+    return pass(line);
+  }
+  if (keyword != "BeginSetup" && keyword != "EndSetup" && !endsSetup(keyword)) return pass(line);
+  closeProlog();
+  return false;
+}
+
+bool JobStructure::takeBehindProlog(const JobLine& line, std::string_view keyword) {
+  if (keyword == "BeginSetup") {
+    passAndWrite(line, sections_.documentSetup);
+    isSetUp_ = true;
+    place_ = Place::kSetup;
+    return true;
+  }
+  if (endsSetup(keyword)) {
+    writeWholeSetup();
+    return false;
+  }
+  const bool mayStand = isCommentOrBlank(line.text) && !keyword.starts_with("Begin");
+  if (mayStand && keyword != "EndSetup") return pass(line);
+  openSetup();
+  return false;
+}
+
+bool JobStructure::takeSetup(const JobLine& line, std::string_view keyword) {
+  if (keyword == "EndSetup") {
+    ownSetup_ = false;
+    place_ = Place::kBehindSetup;
+  } else if (keyword == "BeginSetup" || endsSetup(keyword)) {
+    closeSetup();
+    return false;
+  }
+  return pass(line);
+}
+
+bool JobStructure::takePageHeader(const JobLine& line, std::string_view keyword) {
+  if (keyword == "BeginPageSetup") {
+    passAndWrite(line, sections_.pageSetup);
+    place_ = Place::kPage;
+    return true;
+  }
+  const bool isPart = keyword.starts_with("Begin") || keyword.starts_with("End");
+  if (isCommentOrBlank(line.text) && !isPart && !endsSetup(keyword)) return pass(line);
+  writeBlock("PageSetup", sections_.pageSetup);
+  place_ = Place::kPage;
+  return false;
+}
+
+bool JobStructure::takeRest(const JobLine& line, std::string_view keyword) {
+  std::string_view text = line.text;
+  if (text.starts_with(kEndOfFile)) text.remove_prefix(1);
+  if (hasPjl_ && text.starts_with(kExit)) place_ = Place::kBehindJob;
+  if (place_ == Place::kBehindJob) {
+    isDropping_ = true;
+    return true;
+  }
+  if (keyword == "Page") {
+    place_ = Place::kPageHeader;
+    tellPage_(++pages_);
+  }
+  return pass(line);
+}
+
+bool JobStructure::pass(const JobLine& line) {
+  sink_.put(line.text);
+  sink_.put(line.end);
+  lineHasEnd_ = !line.end.empty();
+  return true;
+}
+
+void JobStructure::passAndWrite(const JobLine& line, std::string_view text) {
+  pass(line);
+  if (!lineHasEnd_ && !text.empty()) sink_.put("\n");
+  lineHasEnd_ = true;
+  sink_.put(text);
+}
+
+void JobStructure::writeBlock(const std::string& name, std::string_view text) {
+  if (text.empty()) return;
+  sink_.put("%%Begin" + name + "\n");
+  sink_.put(text);
+  sink_.put("%%End" + name + "\n");
+}
+
+// The job's own prolog, if there is one, goes on in the added one.
+void JobStructure::openProlog() {
+  place_ = Place::kProlog;
+  if (sections_.prolog.empty()) return;
+  sink_.put("%%BeginProlog\n");
+  sink_.put(sections_.prolog);
+  ownProlog_ = true;
+}
+
+void JobStructure::closeProlog() {
+  if (ownProlog_) sink_.put("%%EndProlog\n");
+  ownProlog_ = false;
+  place_ = Place::kBehindProlog;
+}
+
+void JobStructure::openSetup() {
+  place_ = Place::kSetup;
+  isSetUp_ = true;
+  // A job that promises no pages may have none that a comment begins.
+  std::string text = sections_.documentSetup;
+  if (!promisesPages_) text += sections_.pageSetup;
+  if (text.empty()) return;
+  sink_.put("%%BeginSetup\n");
+  sink_.put(text);
+  ownSetup_ = true;
+}
+
+void JobStructure::closeSetup() {
+  if (ownSetup_) sink_.put("%%EndSetup\n");
+  ownSetup_ = false;
+  place_ = Place::kBehindSetup;
+}
+
+void JobStructure::writeWholeSetup() {
+  writeBlock("Setup", sections_.documentSetup);
+  isSetUp_ = true;
+  place_ = Place::kBehindSetup;
+}
+
+void JobStructure::writeUnstructured() {
+  writeBlock("Prolog", sections_.prolog);
+  writeBlock("Setup", sections_.documentSetup + sections_.pageSetup);
+  isSetUp_ = true;
+  place_ = Place::kBehindSetup;
+}
+
+}  // namespace driver_feature

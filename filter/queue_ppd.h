@@ -1,0 +1,70 @@
+// The PPD of a print queue, read by libcups: which options it has, and which
+// choices stand for a job.
+#ifndef FILTER_QUEUE_PPD_H_
+#define FILTER_QUEUE_PPD_H_
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/ppd/ppd_file.h"
+#include "host/settings.h"
+
+namespace driver_feature {
+
+class QueuePpd {
+ public:
+  // Null when the file is no PPD; `problem` then says why.
+  static std::unique_ptr<QueuePpd> open(const std::string& path, std::string& problem);
+
+  const std::string& path() const { return path_; }
+
+  // The values of an attribute, in the order of the file.
+  std::vector<std::string> attributes(const std::string& name) const;
+
+  // The option's keyword as the PPD spells it; nothing without such an option.
+  // Upper and lower case are the same, as everywhere in print options.
+  std::optional<std::string> keywordOf(const std::string& option) const;
+
+  // Whether the option can have the value: a choice of its own, "Custom.VALUE"
+  // or "{PARAMETER=VALUE ...}".
+  bool hasChoice(const std::string& option, const std::string& value) const;
+
+  // The names of the option's choices.
+  std::vector<std::string> choicesOf(const std::string& option) const;
+
+  // Marks the defaults of the queue and then what the options ask for. Options
+  // that print schedulers know (media, sides, ...) mark those of the PPD.
+  void mark(const std::vector<Setting>& options);
+
+  // What is marked, as settings of features: the option's keyword and its
+  // choice ("not set" without one); "Keyword.Choice" with True or False where
+  // several choices may stand; "Keyword.Parameter" and its value for a custom
+  // choice.
+  std::vector<Setting> marked() const;
+
+  // The text of a job's beginning in job-control language, and that of its
+  // end, with the marked choices.
+  std::string jobBegin(int job, const std::string& user, const std::string& title) const;
+  std::string jobEnd() const;
+
+  // The parts of the beginning that do not depend on the job.
+  std::string jclBegin() const;
+  std::string jclOptions() const;
+  std::string jclToPostScript() const;
+
+ private:
+  QueuePpd(const std::string& path, PpdPointer ppd) : path_(path), ppd_(std::move(ppd)) {}
+
+  void addMarked(ppd_option_t& option, std::vector<Setting>& settings) const;
+  void addParameters(const std::string& keyword, std::vector<Setting>& settings) const;
+
+  std::string path_;
+  PpdPointer ppd_;
+};
+
+}  // namespace driver_feature
+
+#endif  // FILTER_QUEUE_PPD_H_

@@ -1,0 +1,26 @@
+// A PPD made of the features of a description, for a queue without a PPD of
+// its own: users and their programs see the options.
+#ifndef HOST_QUEUE_MINIMAL_PPD_H_
+#define HOST_QUEUE_MINIMAL_PPD_H_
+
+#include <string>
+#include <vector>
+
+#include "host/settings.h"
+
+namespace driver_feature {
+
+struct MinimalPpd {
+  std::string text;
+  std::vector<std::string> losses;  // What it does not hold, and why.
+};
+
+// The PPD, named `name` for users. It has an option for every visible feature
+// that is a list or a number, with the present value as its default. The
+// options have no commands: those are the description's.
+MinimalPpd minimalPpd(const Model& model, const std::string& name,
+                      const std::vector<std::string>& queueLines);
+
+}  // namespace driver_feature
+
+#endif  // HOST_QUEUE_MINIMAL_PPD_H_

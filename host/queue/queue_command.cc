@@ -1,0 +1,146 @@
+#include "host/queue/queue_command.h"
+
+#include <cups/file.h>
+
+#include <array>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "host/changes.h"
+#include "host/command_arguments.h"
+#include "host/console.h"
+#include "host/ppd/ppd_file.h"
+#include "host/queue/minimal_ppd.h"
+#include "host/queue/queue_lines.h"
+
+namespace driver_feature {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kFooter =
+    "The print scheduler then runs driver-feature-filter for the jobs of the queue.\n"
+    "With --ppd the PPD is the file with the filter's lines in it. Without, it is made\n"
+    "of the description: each visible feature that is a list or a number becomes an\n"
+    "option. The libraries of the general options are written into the PPD.\n"
+    "\n"
+    "Examples:\n"
+    "  driver-feature queue office.xml --output queue.ppd\n"
+    "  driver-feature queue office.xml --default-for-refused --name Office\n"
+    "\n"
+    "Exit status: 0 success, 1 the description could not be loaded or the PPD not\n"
+    "written, 2 wrong usage or an unusable file.";
+
+struct Arguments {
+  std::string description;
+  std::string ppd;
+  std::string output = "-";
+  std::string name;
+  bool defaultForRefused = false;
+};
+
+std::string absolutePath(const std::string& path) {
+  return path.empty() ? path : fs::absolute(path).lexically_normal().string();
+}
+
+QueueRequest requestOf(const Arguments& arguments, const SessionRequest& general) {
+  QueueRequest request;
+  request.description = absolutePath(arguments.description);
+  request.library = absolutePath(general.library);
+  for (const std::string& routines : general.routines) {
+    request.routines.push_back(absolutePath(routines));
+  }
+  request.defaultForRefused = arguments.defaultForRefused;
+  return request;
+}
+
+// The bytes of a PPD file, compressed with gzip or not.
+std::string readBytes(const std::string& path) {
+  const std::unique_ptr<cups_file_t, int (*)(cups_file_t*)> file(cupsFileOpen(path.c_str(), "r"),
+                                                                 &cupsFileClose);
+  std::string bytes;
+  std::array<char, 65536> buffer;
+  while (file) {
+    const ssize_t count = cupsFileRead(file.get(), buffer.data(), buffer.size());
+    if (count <= 0) break;
+    bytes.append(buffer.data(), static_cast<std::size_t>(count));
+  }
+  return bytes;
+}
+
+// An option of the PPD that the description has no feature for does nothing.
+void complainOfOptions(const Arguments& arguments, const Model& model, ppd_file_t& ppd) {
+  for (ppd_option_t* option : optionsOf(ppd)) {
+    const std::string keyword = option->keyword;
+    const auto next = model.features.lower_bound(keyword + ".");
+    const bool hasChoices = next != model.features.end() && next->first.starts_with(keyword + ".");
+    if (model.features.contains(keyword) || hasChoices || keyword == "PageRegion") continue;
+    complain(arguments.ppd + ": option " + keyword + " does nothing, because " +
+             arguments.description + " has no such feature");
+  }
+}
+
+int compose(const Arguments& arguments, const Session& session,
+            const std::vector<std::string>& lines, std::vector<Result>& results) {
+  if (arguments.ppd.empty()) {
+    const std::string stem = fs::path(arguments.description).stem();
+    const MinimalPpd ppd =
+        minimalPpd(session.model(), arguments.name.empty() ? stem : arguments.name, lines);
+    for (const std::string& loss : ppd.losses) complain("not in the PPD: " + loss);
+    results.push_back({arguments.output, ppd.text});
+    return kSuccess;
+  }
+  PpdProblem problem;
+  const PpdPointer ppd = readPpd(arguments.ppd, problem);
+  if (!ppd) {
+    complain(problem.text);
+    return kUnusable;
+  }
+  complainOfOptions(arguments, session.model(), *ppd);
+  results.push_back({arguments.output, withQueueLines(readBytes(arguments.ppd), lines)});
+  return kSuccess;
+}
+
+int run(const Arguments& arguments, const SessionRequest& general) {
+  std::string problem;
+  const std::vector<std::string> lines = queueLines(requestOf(arguments, general), problem);
+  if (!problem.empty()) {
+    complain(problem);
+    return kUnusable;
+  }
+  SessionRequest request = general;
+  request.description = arguments.description;
+  return workOnDescription(request, {}, [&](Session& session, std::vector<Result>& results) {
+    return compose(arguments, session, lines, results);
+  });
+}
+
+}  // namespace
+
+Command addQueueCommand(CLI::App& program, const SessionRequest& general) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* command = addCommand(program, "queue", "Write the PPD of a print queue", kFooter);
+  addDescription(*command, arguments->description);
+  auto* ppd = command
+                  ->add_option("--ppd", arguments->ppd,
+                               "The printer's PPD, of which the description was made")
+                  ->type_name("FILE");
+  command->add_option("--output", arguments->output, "Write the PPD to this file")
+      ->type_name("FILE");
+  command
+      ->add_option("--name", arguments->name,
+                   "What a PPD without --ppd calls the printer; else the description's name")
+      ->type_name("TEXT")
+      ->excludes(ppd);
+  command->add_flag("--default-for-refused", arguments->defaultForRefused,
+                    "Print a job with a refused value with the queue's default, instead of "
+                    "failing it");
+  return {command, [arguments, &general] { return run(*arguments, general); }};
+}
+
+}  // namespace driver_feature

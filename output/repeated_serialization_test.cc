@@ -1,0 +1,86 @@
+// A set that is written again and again, as a user interface does.
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "model/driver_feature_set.h"
+#include "support/model_builder.h"
+#include "support/recording_host.h"
+
+extern "C" void WriteTheSetInBetween(DriverFeatureSet* set, std::string& text) {
+  static bool isInside = false;
+  if (isInside) return;
+  isInside = true;
+  std::string inner = "old";
+  set->serialize(inner, 1, false, nullptr, nullptr);
+  text += "{" + inner + "}";
+  isInside = false;
+}
+
+extern "C" void ThrowInBetween(DriverFeatureSet* /*set*/, std::string& text) {
+  text += "half";
+  throw 1;
+}
+
+namespace driver_feature::testing {
+namespace {
+
+class RepeatedSerializationTest : public ::testing::Test {
+ protected:
+  static void write(std::string& output) {
+    masterSet().serialize(output, 1, false, nullptr, nullptr);
+  }
+
+  RecordingHost host_;
+  ModelBuilder model_;
+};
+
+TEST_F(RepeatedSerializationTest, SameText_HoldsTheCurrentValuesOnly) {
+  DriverFeature& feature = model_.feature("a", 3, {{"PSCommand", "a text of some length: %s;"}});
+  std::string output;
+  for (const std::string value : {"first", "second, a longer one", "", "third"}) {
+    feature.setFeatureProperty(std::string("CurrentTextValue"), value);
+    write(output);
+    EXPECT_EQ(output, "a text of some length: " + value + ";");
+  }
+}
+
+TEST_F(RepeatedSerializationTest, OtherTexts_KeepWhatWasWrittenIntoThem) {
+  DriverFeature& feature = model_.feature("a", 2, {{"PSCommand", "a number: %020d;"}});
+  std::string first;
+  std::string second;
+  write(first);
+  feature.setFeatureProperty(std::string("CurrentIntValue"), 7);
+  write(second);
+  write(second);
+  EXPECT_EQ(first, "a number: 00000000000000000000;");
+  EXPECT_EQ(second, "a number: 00000000000000000007;");
+}
+
+TEST_F(RepeatedSerializationTest, RoutineWritesTheSet_BothTextsAreWhole) {
+  model_.feature("a", 2, {{"PSCommand", "before;"}});
+  model_.feature("b", 2, {{"AddPSCallbackRoutine", "WriteTheSetInBetween"}});
+  model_.feature("c", 2, {{"PSCommand", "after;"}});
+  std::string output;
+  for (int i = 0; i < 3; ++i) {
+    write(output);
+    EXPECT_EQ(output, "before;{before;after;}after;");
+  }
+}
+
+TEST_F(RepeatedSerializationTest, RoutineThrows_TextStaysAndTheNextIsWhole) {
+  DriverFeature& feature = model_.feature("b", 2, {{"PSCommand", "whole;"}});
+  std::string output;
+  write(output);
+  feature.setFeatureProperty(std::string("PSCommand"), std::string());
+  feature.setFeatureProperty(std::string("AddPSCallbackRoutine"), std::string("ThrowInBetween"));
+  EXPECT_THROW(write(output), int);
+  EXPECT_EQ(output, "whole;");
+  feature.setFeatureProperty(std::string("PSCommand"), std::string("again;"));
+  write(output);
+  EXPECT_EQ(output, "again;");
+}
+
+}  // namespace
+}  // namespace driver_feature::testing

@@ -1,0 +1,141 @@
+// The built filter, with a description imported from a PPD and the queue's PPD
+// made of the same one. What libcups writes for the same choices is the
+// measure.
+
+#include <cups/ppd.h>
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "printing/filter_fixture.h"
+
+namespace {
+
+const std::string kExit = "\x1b%-12345X";
+
+// What libcups writes for a section of the PPD with these choices.
+std::string emitted(const std::filesystem::path& file, ppd_section_t section,
+                    const std::vector<std::pair<std::string, std::string>>& choices) {
+  const std::unique_ptr<ppd_file_t, void (*)(ppd_file_t*)> ppd(ppdOpenFile(file.c_str()),
+                                                               &ppdClose);
+  if (!ppd) return "no PPD";
+  ppdMarkDefaults(ppd.get());
+  for (const auto& [option, choice] : choices) {
+    ppdMarkOption(ppd.get(), option.c_str(), choice.c_str());
+  }
+  const std::unique_ptr<char, void (*)(void*)> text(ppdEmitString(ppd.get(), section, 0),
+                                                    &std::free);
+  return text ? text.get() : "";
+}
+
+class ImportedQueueTest : public FilterTest {
+ protected:
+  ImportedQueueTest() {
+    command({"import", "office.ppd", "--output", "office.xml"});
+    command({"--library", DRIVER_FEATURE_LIBRARY, "queue", "office.xml", "--ppd", "office.ppd",
+             "--output", "queue.ppd"});
+    set("PPD", "queue.ppd");
+  }
+
+  using Choices = std::vector<std::pair<std::string, std::string>>;
+
+  // The job that comes out of job.ps, with the texts of libcups in it.
+  std::string job(const std::string& begin, const std::string& economy,
+                  const Choices& choices) const {
+    const auto text = [&](ppd_section_t section) {
+      return emitted(folder() / "queue.ppd", section, choices);
+    };
+    const std::string page = "%%BeginPageSetup\n" + text(PPD_ORDER_PAGE) + "%%EndPageSetup\n";
+    return begin + "@PJL SET ECONOMODE=" + economy +
+           "\n@PJL ENTER LANGUAGE = POSTSCRIPT \n%!PS-Adobe-3.0\n%%Title: two pages\n%%Pages: 2\n"
+           "%%EndComments\n%%BeginProlog\n" +
+           text(PPD_ORDER_PROLOG) +
+           "/pageText { 72 72 moveto show } def\n%%EndProlog\n%%BeginSetup\n" +
+           text(PPD_ORDER_DOCUMENT) + text(PPD_ORDER_ANY) + "%%EndSetup\n%%Page: 1 1\n" + page +
+           "(one) pageText showpage\n%%Page: 2 2\n" + page +
+           "(two) pageText showpage\n%%Trailer\n%%EOF\n" + kExit +
+           "@PJL\n@PJL RDYMSG DISPLAY = \"\"\n@PJL EOJ\n" + kExit;
+  }
+
+  static std::string begin(const std::string& name, const std::string& display) {
+    return kExit + "@PJL\n@PJL\n@PJL COMMENT office\n@PJL JOB NAME = \"" + name +
+           "\" DISPLAY = \"" + display + "\"\n@PJL SET USERNAME = \"jane\"\n";
+  }
+};
+
+TEST_F(ImportedQueueTest, Defaults_AreThoseOfThePpd) {
+  const RunResult result = withoutDebug(filter(""));
+  EXPECT_EQ(result.output, job(begin("A title", "7 jane A title"), "OFF", {}));
+  EXPECT_EQ(result.errors, "PAGE: 1 1\nPAGE: 2 1\n");
+  EXPECT_EQ(result.status, 0);
+  EXPECT_THAT(result.output, testing::HasSubstr("/PageSize[595 842]"));
+  EXPECT_THAT(result.output, testing::HasSubstr("% no stamp"));
+}
+
+TEST_F(ImportedQueueTest, Options_GiveWhatLibcupsWrites) {
+  struct Row {
+    const char* options;
+    Choices choices;
+    const char* economy;
+  };
+  for (const Row& row : std::vector<Row>{
+           {"PageSize=A5", {{"PageSize", "A5"}}, "OFF"},
+           {"pagesize=a5 duplex=DuplexTumble",
+            {{"PageSize", "A5"}, {"Duplex", "DuplexTumble"}},
+            "OFF"},
+           {"media=A5", {{"PageSize", "A5"}}, "OFF"},
+           {"sides=two-sided-long-edge", {{"Duplex", "DuplexNoTumble"}}, "OFF"},
+           {"PageRegion=A5", {{"PageRegion", "A5"}}, "OFF"},
+           {"Density=Dark Stamp=On JCLEconoMode", {{"Density", "Dark"}, {"Stamp", "On"}}, "ON"},
+           {"PageSize=Custom.200x300", {{"PageSize", "Custom.200x300"}}, "OFF"},
+           {"media=Custom.10x20cm", {{"PageSize", "Custom.10x20cm"}}, "OFF"}}) {
+    const RunResult result = withoutDebug(filter(row.options));
+    EXPECT_EQ(result.output, job(begin("A title", "7 jane A title"), row.economy, row.choices))
+        << row.options;
+    EXPECT_EQ(result.status, 0) << row.options;
+  }
+}
+
+TEST_F(ImportedQueueTest, DefaultsOfTheQueue_StandWithoutOptions) {
+  std::string ppd = read("queue.ppd");
+  const std::string line = "*DefaultDuplex: None";
+  ppd.replace(ppd.find(line), line.size(), "*DefaultDuplex: DuplexTumble");
+  write("queue.ppd", ppd);
+  const RunResult result = withoutDebug(filter(""));
+  EXPECT_EQ(result.output, job(begin("A title", "7 jane A title"), "OFF", {}));
+  EXPECT_THAT(result.output, testing::HasSubstr("<</Duplex true/Tumble true>>"));
+}
+
+TEST_F(ImportedQueueTest, TitleWithLineEndAndQuotes_AddsNoCommand) {
+  EXPECT_EQ(withoutDebug(filter("", "1", "a\"b\n@PJL RESET\r")).output,
+            job(begin("a'b @PJL RESET ", "7 jane a'b @PJL RESET "), "OFF", {}));
+}
+
+TEST_F(ImportedQueueTest, RefusedChoices_AreNamed) {
+  EXPECT_EQ(withoutDebug(filter("PageSize=A0 Duplex=Custom.3")),
+            failure(1,
+                    "ERROR: option Duplex: there is no choice \"Custom.3\"; choose one of None, "
+                    "DuplexNoTumble, DuplexTumble\n"
+                    "ERROR: option PageSize: there is no choice \"A0\"; choose one of A4, A5, "
+                    "Custom\n"));
+}
+
+TEST_F(ImportedQueueTest, CustomSizeOutsideOfTheLimits_IsRefused) {
+  const RunResult result = withoutDebug(filter("PageSize=Custom.20x3000"));
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.output, "");
+  EXPECT_THAT(result.errors, testing::StartsWith("ERROR: option PageSize: "));
+}
+
+TEST_F(ImportedQueueTest, RefusedChoice_IsTheDefaultWhenTheQueueSaysSo) {
+  set("DRIVER_FEATURE_REFUSED_VALUE", "default");
+  const RunResult result = withoutDebug(filter("PageSize=A0 Duplex=DuplexTumble"));
+  EXPECT_EQ(result.output,
+            job(begin("A title", "7 jane A title"), "OFF", {{"Duplex", "DuplexTumble"}}));
+  EXPECT_EQ(result.status, 0);
+  const RunResult custom = withoutDebug(filter("PageSize=Custom.20x3000"));
+  EXPECT_EQ(custom.output, job(begin("A title", "7 jane A title"), "OFF", {}));
+}
+
+}  // namespace

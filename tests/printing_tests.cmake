@@ -1,0 +1,29 @@
+# Tests of the filter for print queues: of its parts, of the built program, and
+# of queues of a real print scheduler.
+
+driver_feature_test(filter_unit_tests
+  GLOB filter/*_test.cc host/queue/*_test.cc
+  LINK driver_feature_filter driver_feature_host_parts)
+
+driver_feature_test(filter_program_tests
+  GLOB tests/printing/*_test.cc tests/printing/filter_fixture.cc tests/host/program_runner.cc
+  LINK Cups::Cups)
+target_compile_options(filter_program_tests PRIVATE -Wno-deprecated-declarations)
+target_compile_definitions(filter_program_tests PRIVATE
+  DRIVER_FEATURE_FILTER="$<TARGET_FILE:driver-feature-filter>"
+  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
+  DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
+  PRINTING_FOLDER="${CMAKE_CURRENT_LIST_DIR}/printing")
+add_dependencies(filter_program_tests driver-feature driver-feature-filter DriverFeature)
+
+# The scheduler is a program of the machine, which loads nothing of another
+# kind; and what the address checks would find, the tests above find faster.
+if(CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT CMAKE_CXX_FLAGS MATCHES "sanitize")
+  add_test(NAME print_queue
+    COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/printing/print_queue_test.sh
+            ${PROJECT_BINARY_DIR})
+  add_test(NAME printing_examples
+    COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/printing/document_test.sh
+            ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
+  set_tests_properties(print_queue printing_examples PROPERTIES TIMEOUT 120)
+endif()
