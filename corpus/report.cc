@@ -109,11 +109,12 @@ std::string Report::toText() const {
   std::string text = figuresText();
   if (!causes_.empty()) text += "\nPPDs by cause:\n";
   for (const auto& [cause, count] : causes_) {
-    text += "  " + cause + ": " + std::to_string(count) + "\n";
+    text.append("  ").append(cause).append(": ").append(std::to_string(count)).append("\n");
   }
   if (!excepted_.empty()) text += "\nExceptions:\n";
   for (const auto& [cause, ppd, reason] : excepted_) {
-    text += "  " + ppd + ": " + cause + ": " + reason + "\n";
+    text.append("  ").append(ppd).append(": ").append(cause).append(": ").append(reason);
+    text += "\n";
   }
   if (!failures_.empty()) text += "\nFailures:\n";
   for (const auto& [ppd, failure] : failures_) {
