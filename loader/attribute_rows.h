@@ -44,13 +44,15 @@ struct NamedRow {
 
 using NamedRows = std::vector<NamedRow>;
 
-// The rows of a table with their names. Made once, since making them anew for
-// each of many elements takes longer than looking for them there; never
-// destroyed, because a host may load while it ends.
+// The rows of a table with their names. Made once, when the library is loaded,
+// since making them anew for each of many elements takes longer than looking
+// for them there; never destroyed, because a host may load while it ends.
+template <const auto& kTable>
+inline const NamedRows& kNamedRows = *new NamedRows(std::begin(kTable), std::end(kTable));
+
 template <const auto& kTable>
 const NamedRows& namedRows() {
-  static const auto* const rows = new NamedRows(std::begin(kTable), std::end(kTable));
-  return *rows;
+  return kNamedRows<kTable>;
 }
 
 // Sets a property of a feature in silence. Required: flags are reported to the
