@@ -51,8 +51,9 @@ Json recordOf(const Running& running, const std::string& name) {
   Json record = Json::object();
   if (result.failure.empty()) {
     record = Json::parse(result.answer);
-    if (!record["causes"].empty() && record["detail"] == std::string())
+    if (!record["causes"].empty() && record["detail"].get_ref<const std::string&>().empty()) {
       record["detail"] = result.printed;
+    }
   } else {
     record["causes"] = {result.failure + (result.phase.empty() ? "" : " in " + result.phase)};
     record["detail"] = result.printed;
