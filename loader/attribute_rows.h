@@ -44,15 +44,14 @@ struct NamedRow {
 
 using NamedRows = std::vector<NamedRow>;
 
-// The rows of a table with their names. Made once, when the library is loaded,
-// since making them anew for each of many elements takes longer than looking
-// for them there; never destroyed, because a host may load while it ends.
-template <const auto& kTable>
-inline const NamedRows& kNamedRows = *new NamedRows(std::begin(kTable), std::end(kTable));
-
+// The rows of a table with their names. Made once, since making them anew for
+// each of many elements takes longer than looking for them there: at the first
+// use, because a lack of memory while the library itself is loaded would end
+// the host. Never destroyed, because a host may load while it ends.
 template <const auto& kTable>
 const NamedRows& namedRows() {
-  return kNamedRows<kTable>;
+  static const auto* const rows = new NamedRows(std::begin(kTable), std::end(kTable));
+  return *rows;
 }
 
 // Sets a property of a feature in silence. Required: flags are reported to the

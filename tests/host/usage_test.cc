@@ -20,13 +20,12 @@ struct Row {
 TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
   const Row kRows[] = {
       {{},
-       "driver-feature: a command is needed: check, show, emit, dump, try, diff, import, shell; "
-       "driver-feature --help "
-       "explains them\n"},
+       "driver-feature: a command is needed: check, show, emit, dump, try, diff, import, queue, "
+       "shell; driver-feature --help explains them\n"},
       {{"shwo"}, "driver-feature: there is no command \"shwo\"; did you mean \"show\"?\n"},
       {{"print", "a.xml"},
        "driver-feature: there is no command \"print\"; give one of check, show, emit, dump, try, "
-       "diff, import, shell\n"},
+       "diff, import, queue, shell\n"},
       {{"--frob"},
        "driver-feature: \"--frob\" is not expected; driver-feature --help explains the usage\n"},
       {{"show"},
