@@ -44,15 +44,13 @@ struct NamedRow {
 
 using NamedRows = std::vector<NamedRow>;
 
-// The rows of a table with their names. Made once, when the library is loaded,
-// since making them anew for each of many elements takes longer than looking
-// for them there; never destroyed, because a host may load while it ends.
-template <const auto& kTable>
-inline const NamedRows& kNamedRows = *new NamedRows(std::begin(kTable), std::end(kTable));
-
+// The rows of a table with their names. Made once, since making them anew for
+// each of many elements takes longer than looking for them there; never
+// destroyed, because a host may load while it ends.
 template <const auto& kTable>
 const NamedRows& namedRows() {
-  return kNamedRows<kTable>;
+  static const NamedRows& rows = *new NamedRows(std::begin(kTable), std::end(kTable));
+  return rows;
 }
 
 // Sets a property of a feature in silence. Required: flags are reported to the
@@ -89,7 +87,7 @@ template <class Read, class Store, class Object>
 bool applyAttribute(const NamedRow& row, const AttributeMap& attributes, Object& object) {
   Read value{};
   if (!readAttribute(attributes, row.attribute, value)) return false;
-  const Store stored = static_cast<Store>(value);
+  const auto stored = static_cast<Store>(value);
   assign(object, row.property, stored);
   if (!row.secondProperty.empty()) assign(object, row.secondProperty, stored);
   return true;
@@ -98,7 +96,7 @@ bool applyAttribute(const NamedRow& row, const AttributeMap& attributes, Object&
 template <class Object>
 bool applyRow(const NamedRow& row, const AttributeMap& attributes, Object& object) {
   if (row.kind == AttributeKind::kText) {
-    return applyAttribute<std::string, const std::string&>(row, attributes, object);
+    return applyAttribute<std::string, std::string>(row, attributes, object);
   }
   if (row.kind == AttributeKind::kBool) {
     return applyAttribute<bool, bool>(row, attributes, object);

@@ -118,8 +118,9 @@ const char* nameOf(OptionProperty property) {
   return kOptionPropertyNames[static_cast<std::size_t>(property)];
 }
 
-const std::vector<std::string>& kNameTexts =
-    *new std::vector<std::string>(kPropertyNames.begin(), kPropertyNames.end());
+const std::vector<std::string>* makeNameTexts() {
+  return new std::vector<std::string>(kPropertyNames.begin(), kPropertyNames.end());
+}
 
 std::optional<Property> findProperty(const std::string& name) {
   return find<Property>(kPropertyNames, name);

@@ -81,14 +81,15 @@ inline constexpr std::size_t kOptionPropertyCount = 10;
 const char* nameOf(Property property);
 const char* nameOf(OptionProperty property);
 
-// All names as texts, in the order of the properties. Made when the library is
-// loaded and never destroyed, since a host may call in while it ends.
-extern const std::vector<std::string>& kNameTexts;
+// All names as texts, in the order of the properties. The caller owns them.
+const std::vector<std::string>* makeNameTexts();
 
-// The name as the text that the operations of features and options take: one
-// that is there already, so that naming a property costs no memory.
+// The name as the text that the operations of features and options take. All
+// of them are made at the first call and never destroyed, so that naming a
+// property costs no memory from then on.
 inline const std::string& nameText(Property property) {
-  return kNameTexts[static_cast<std::size_t>(property)];
+  static const std::vector<std::string>& texts = *makeNameTexts();
+  return texts[static_cast<std::size_t>(property)];
 }
 
 // The property of that name, or nothing. Case counts, and a name that holds a
