@@ -82,14 +82,22 @@ bool readAttribute(const AttributeMap& attributes, const std::string& name, Valu
   return attributes.loadMapVariable(name, value, static_cast<const Value*>(nullptr));
 }
 
+template <class Value, class Object>
+void assignAll(const NamedRow& row, const Value& value, Object& object) {
+  assign(object, row.property, value);
+  if (!row.secondProperty.empty()) assign(object, row.secondProperty, value);
+}
+
 // Whether the attribute is present.
 template <class Read, class Store, class Object>
 bool applyAttribute(const NamedRow& row, const AttributeMap& attributes, Object& object) {
   Read value{};
   if (!readAttribute(attributes, row.attribute, value)) return false;
-  const auto stored = static_cast<Store>(value);
-  assign(object, row.property, stored);
-  if (!row.secondProperty.empty()) assign(object, row.secondProperty, stored);
+  if constexpr (std::is_same_v<Read, Store>) {
+    assignAll(row, value, object);
+  } else {
+    assignAll(row, static_cast<Store>(value), object);
+  }
   return true;
 }
 
