@@ -11,6 +11,7 @@
 
 #include "fuzz/operations/executor.h"
 #include "fuzz/operations/memory_window.h"
+#include "model/vocabulary.h"
 
 namespace {
 
@@ -75,6 +76,8 @@ void carryOut(const Program& program) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  // The library keeps the texts of these names, which outlive the window.
+  driver_feature::nameText(driver_feature::Property::kName);
   const MemoryWindow window;
   carryOut(decodeProgram(data, size));
   return 0;

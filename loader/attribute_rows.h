@@ -50,8 +50,8 @@ using NamedRows = std::vector<NamedRow>;
 // the host. Never destroyed, because a host may load while it ends.
 template <const auto& kTable>
 const NamedRows& namedRows() {
-  static const auto* const rows = new NamedRows(std::begin(kTable), std::end(kTable));
-  return *rows;
+  static const NamedRows& rows = *new NamedRows(std::begin(kTable), std::end(kTable));
+  return rows;
 }
 
 // Sets a property of a feature in silence. Required: flags are reported to the
@@ -83,21 +83,29 @@ bool readAttribute(const AttributeMap& attributes, const std::string& name, Valu
   return attributes.loadMapVariable(name, value, static_cast<const Value*>(nullptr));
 }
 
+template <class Value, class Object>
+void assignAll(const NamedRow& row, const Value& value, Object& object) {
+  assign(object, row.property, value);
+  if (!row.secondProperty.empty()) assign(object, row.secondProperty, value);
+}
+
 // Whether the attribute is present.
 template <class Read, class Store, class Object>
 bool applyAttribute(const NamedRow& row, const AttributeMap& attributes, Object& object) {
   Read value{};
   if (!readAttribute(attributes, row.attribute, value)) return false;
-  const Store stored = static_cast<Store>(value);
-  assign(object, row.property, stored);
-  if (!row.secondProperty.empty()) assign(object, row.secondProperty, stored);
+  if constexpr (std::is_same_v<Read, Store>) {
+    assignAll(row, value, object);
+  } else {
+    assignAll(row, static_cast<Store>(value), object);
+  }
   return true;
 }
 
 template <class Object>
 bool applyRow(const NamedRow& row, const AttributeMap& attributes, Object& object) {
   if (row.kind == AttributeKind::kText) {
-    return applyAttribute<std::string, const std::string&>(row, attributes, object);
+    return applyAttribute<std::string, std::string>(row, attributes, object);
   }
   if (row.kind == AttributeKind::kBool) {
     return applyAttribute<bool, bool>(row, attributes, object);

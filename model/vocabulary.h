@@ -86,7 +86,7 @@ const std::vector<std::string>* makeNameTexts();
 
 // The name as the text that the operations of features and options take. All
 // of them are made at the first call and never destroyed, so that naming a
-// property costs no memory.
+// property costs no memory from then on.
 inline const std::string& nameText(Property property) {
   static const std::vector<std::string>& texts = *makeNameTexts();
   return texts[static_cast<std::size_t>(property)];

@@ -48,14 +48,14 @@ bool appendUnlessRefused(std::string_view commandTemplate, const Value& value,
       output.append(at, lengthOf(at, end));
       break;
     }
-    const char* behind = percent + 1;
-    while (behind != end && *behind == '%') ++behind;
+    const char* next = percent + 1;
+    while (next != end && *next == '%') ++next;
     // Each two signs in a row are one of the text, and go with what is before.
-    const std::size_t signs = lengthOf(percent, behind);
+    const std::size_t signs = lengthOf(percent, next);
     output.append(at, lengthOf(at, percent) + signs / 2);
-    at = behind;
+    at = next;
     if (signs % 2 == 0) continue;
-    std::string_view rest(behind, lengthOf(behind, end));
+    std::string_view rest(next, lengthOf(next, end));
     if (converted || !appendConverted(rest, value, output)) return false;
     converted = true;
     at = rest.data();

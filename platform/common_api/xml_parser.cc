@@ -52,8 +52,8 @@ const xmlAttr* findByteEscapes(const xmlNode& element) {
   constexpr const char* kName = "ByteEscapes";
   for (const xmlAttr* attribute = element.properties; attribute != nullptr;
        attribute = attribute->next) {
-    const char* name = textOf(attribute->name);
-    if (name[0] == kName[0] && attribute->ns == nullptr && std::strcmp(name, kName) == 0) {
+    if (attribute->name[0] != static_cast<xmlChar>(kName[0])) continue;
+    if (attribute->ns == nullptr && std::strcmp(textOf(attribute->name), kName) == 0) {
       return attribute;
     }
   }
