@@ -118,8 +118,8 @@ bool applyRow(const NamedRow& row, const AttributeMap& attributes, Object& objec
 }
 
 // Sets the properties of the attributes that are present, in the order of the
-// rows. `others` of the attributes are in no row; once all the rest was met, the rows that are left
-// are not looked for.
+// rows. `others` of the attributes are in no row; once all the rest was met,
+// the rows that are left are not looked for.
 template <class Object>
 void applyAttributes(const NamedRows& rows, const AttributeMap& attributes, Object& object,
                      long others) {
