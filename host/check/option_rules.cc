@@ -1,6 +1,7 @@
 // The commands of options, and the features that put them into the output.
 
 #include <algorithm>
+#include <string_view>
 
 #include "host/check/rules.h"
 #include "host/check/template_reading.h"
@@ -33,10 +34,16 @@ bool isWrittenByGroupRoutine(const Element& feature, const std::string& routine)
   return false;
 }
 
+// The filter of a print queue writes this feature's PJL behind the job.
+bool isEndOfJob(const Element& feature, const OptionOutput& output) {
+  return feature.name() == "JCLEnd" && std::string_view(output.optionCommand) == "PJLCommand";
+}
+
 void checkUse(const Element& feature, const OptionOutput& output, Findings& findings) {
   const bool used = std::any_of(output.users.begin(), output.users.end(),
                                 [&feature](const std::string& user) { return feature.has(user); });
   if (used || isWrittenByGroupRoutine(feature, output.users.back())) return;
+  if (isEndOfJob(feature, output)) return;
   const auto first =
       std::find_if(feature.children.begin(), feature.children.end(),
                    [&output](const auto& option) { return option->has(output.optionCommand); });

@@ -84,6 +84,11 @@ const std::vector<CheckRow>& commandRows() {
        "cannot carry; use ASCII characters only [DF505]\n"
        "@:5:42: error: PJLCommand of feature \"B\" holds \"\\x7f\", which PJL cannot carry; use "
        "ASCII characters only [DF505]\n"},
+      {"the end of a job, which is written behind it, and its PostScript, which is not",
+       {"<Feature FeatureType='MultiSelect' Name='JCLEnd' DefaultValue='True'>",
+        "<Option Name='True' PJLCommand='@PJL EOJ&#10;' PSCommand='a'/></Feature>"},
+       "@:4:48: warning: PSCommand of the options of feature \"JCLEnd\" is never written; give the "
+       "feature PSCommand or AddPSCallbackRoutine, or remove it from the options [DF506]\n"},
       {"options' commands that nothing writes",
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>",
         "<Option Name='x' PSCommand='a' PJLCommand='b' TESKCommand='c'/></Feature>",
