@@ -1,6 +1,7 @@
 #include "corpus/equal_orders.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -24,7 +25,9 @@ const std::string kC = block("C 1");            // Order dependency 20.
 class EqualOrdersTest : public testing::Test {
  protected:
   void SetUp() override {
-    const std::string path = testing::TempDir() + "equal_orders_test.ppd";
+    // The tests run at the same time, each in a process of its own.
+    const std::string path =
+        testing::TempDir() + "equal_orders_test." + std::to_string(::getpid()) + ".ppd";
     std::ofstream file(path);
     file << "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*LanguageEncoding: ISOLatin1\n"
             "*NonUIOrderDependency: 30 AnySetup *CustomC True\n";

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -78,7 +79,9 @@ std::string frame(const std::string& title, const std::string& code) {
 class PeerTest : public testing::Test {
  protected:
   void SetUp() override {
-    const std::string path = testing::TempDir() + "peer_test.ppd";
+    // The tests run at the same time, each in a process of its own.
+    const std::string path =
+        testing::TempDir() + "peer_test." + std::to_string(::getpid()) + ".ppd";
     std::ofstream(path) << kPpd;
     std::string problem;
     peer_ = Peer::open(path, problem);
