@@ -8,6 +8,7 @@
 
 #include "model/driver_feature.h"
 #include "model/driver_feature_set.h"
+#include "support/model_builder.h"
 #include "support/recording_host.h"
 
 namespace driver_feature::testing {
@@ -23,7 +24,7 @@ class FeaturePositionTest : public ::testing::Test {
   }
 
   RecordingHost host_;
-  std::deque<DriverFeature> features_;
+  std::deque<Owned<DriverFeature>> features_;
   DriverFeatureSet set_;
 };
 
