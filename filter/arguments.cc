@@ -1,5 +1,6 @@
 #include "filter/arguments.h"
 
+#include <cstddef>
 #include <cups/cups.h>
 
 #include <charconv>
@@ -41,6 +42,7 @@ std::vector<Setting> parseOptions(const std::string& text) {
   cups_option_t* parsed = nullptr;
   const int count = cupsParseOptions(text.c_str(), 0, &parsed);
   std::vector<Setting> options;
+  options.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) options.push_back({parsed[i].name, parsed[i].value});
   cupsFreeOptions(count, parsed);
   return options;
