@@ -1,9 +1,9 @@
 #include "filter/arguments.h"
 
-#include <cstddef>
 #include <cups/cups.h>
 
 #include <charconv>
+#include <cstddef>
 
 namespace driver_feature {
 

@@ -1,5 +1,9 @@
 #include "host/queue/queue_lines.h"
 
+#include <algorithm>
+#include <array>
+#include <string_view>
+
 namespace driver_feature {
 
 namespace {
@@ -35,10 +39,10 @@ std::string_view lineEndOf(std::string_view line) {
 }
 
 bool isReplaced(std::string_view line) {
-  for (const std::string_view keyword : {"*cupsFilter:", "*cupsFilter2:", "*DriverFeature"}) {
-    if (line.starts_with(keyword)) return true;
-  }
-  return false;
+  constexpr std::array<std::string_view, 3> kKeywords = {
+      "*cupsFilter:", "*cupsFilter2:", "*DriverFeature"};
+  return std::any_of(kKeywords.begin(), kKeywords.end(),
+                     [line](std::string_view keyword) { return line.starts_with(keyword); });
 }
 
 }  // namespace
