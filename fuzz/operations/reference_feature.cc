@@ -7,16 +7,6 @@ namespace driver_feature::operations {
 
 namespace {
 
-std::string forFeature(const RefObject& feature, const std::string& name) {
-  return '"' + name + "\" for feature \"" + feature.name();
-}
-
-std::string unrecognized(const std::string& operation, const RefObject& feature,
-                         const std::string& name) {
-  return "DriverFeature::" + operation +
-         " - Unrecognized feature property:  " + forFeature(feature, name) + ".";
-}
-
 std::string mismatch(const std::string& kind, const RefObject& feature, const std::string& name,
                      const std::string& value, const std::string& wanted) {
   return "DriverFeature::setFeatureProperty(" + kind +

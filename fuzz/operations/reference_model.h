@@ -43,6 +43,12 @@ struct RefObject {
   const std::string& name() const { return texts.at("Name"); }
 };
 
+// How log lines name a property of an object, and the line about one that the
+// object does not have.
+std::string forFeature(const RefObject& feature, const std::string& name);
+std::string unrecognized(const std::string& operation, const RefObject& feature,
+                         const std::string& name);
+
 // Owns all of its objects, as long as it lives.
 class ReferenceModel {
  public:

@@ -3,8 +3,6 @@
 
 namespace driver_feature::operations {
 
-namespace {
-
 std::string forFeature(const RefObject& feature, const std::string& name) {
   return '"' + name + "\" for feature \"" + feature.name();
 }
@@ -14,8 +12,6 @@ std::string unrecognized(const std::string& operation, const RefObject& feature,
   return "DriverFeature::" + operation +
          " - Unrecognized feature property:  " + forFeature(feature, name) + ".";
 }
-
-}  // namespace
 
 bool ReferenceModel::setText(RefObject& object, const std::string& name, const std::string& value,
                              bool suppress) {
