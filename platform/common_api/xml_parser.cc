@@ -2,12 +2,12 @@
 
 #include <libxml/tree.h>
 
-#include <cstring>
 #include <memory>
 #include <new>
 
 #include "AttributeMap.h"
 #include "byte_escapes.h"
+#include "xml_reader.h"
 
 namespace {
 
@@ -46,34 +46,6 @@ void readValue(const xmlAttr& attribute, std::string& value) {
   }
 }
 
-// The attribute ByteEscapes of an element, or null. Each element asks for it
-// and for that of those around it, so that few names may be compared whole.
-const xmlAttr* findByteEscapes(const xmlNode& element) {
-  constexpr const char* kName = "ByteEscapes";
-  for (const xmlAttr* attribute = element.properties; attribute != nullptr;
-       attribute = attribute->next) {
-    if (attribute->name[0] != static_cast<xmlChar>(kName[0])) continue;
-    if (attribute->ns == nullptr && std::strcmp(textOf(attribute->name), kName) == 0) {
-      return attribute;
-    }
-  }
-  return nullptr;
-}
-
-// Whether the values of an element's attributes hold byte escapes. The nearest
-// element that says so counts, the element itself or one around it.
-bool hasByteEscapes(const xmlNode& element) {
-  for (const xmlNode* node = &element; node != nullptr && node->type == XML_ELEMENT_NODE;
-       node = node->parent) {
-    const xmlAttr* attribute = findByteEscapes(*node);
-    if (attribute == nullptr) continue;
-    std::string value;
-    readValue(*attribute, value);
-    return value == "yes";
-  }
-  return false;
-}
-
 class LibXml2Parser final : public XMLParser {
  public:
   void tagName(void* element, std::string& tag) override {
@@ -100,7 +72,7 @@ class LibXml2Parser final : public XMLParser {
 
   void attributes(void* element, AttributeMap& map) override {
     if (element == nullptr) return;
-    const bool escaped = hasByteEscapes(*nodeOf(element));
+    const bool escaped = driver_feature::hasByteEscapes(*nodeOf(element));
     for (const xmlAttr* attribute = nodeOf(element)->properties; attribute != nullptr;
          attribute = attribute->next) {
       std::string name = textOf(attribute->name);

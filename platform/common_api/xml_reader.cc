@@ -111,8 +111,41 @@ void onAttributeDeclaration(void* context, const xmlChar* element, const xmlChar
                       "' is given a default value; default values are not accepted");
 }
 
-// libxml2 keeps 16 bits of a line. All of it stands in the field that it
-// leaves to its users.
+// What is noted with an element, in the field that libxml2 leaves to its users:
+// the whole line, of which libxml2 keeps 16 bits, and whether values hold byte
+// escapes.
+struct Note {
+  int line;
+  bool escaped;
+};
+
+void setNote(xmlNode& element, Note note) {
+  const std::intptr_t number = std::intptr_t{note.line} * 2 + (note.escaped ? 1 : 0);
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the field is a pointer and holds a number here.
+  element._private = reinterpret_cast<void*>(number);
+}
+
+Note noteOf(const xmlNode& element) {
+  const auto number = reinterpret_cast<std::intptr_t>(element._private);
+  return {static_cast<int>(number / 2), number % 2 != 0};
+}
+
+// Whether the values of a new element's attributes hold byte escapes: as its
+// own attribute ByteEscapes says, or else as for the element around it.
+bool holdsByteEscapes(const xmlNode& element) {
+  constexpr const char* kName = "ByteEscapes";
+  for (const xmlAttr* attribute = element.properties; attribute != nullptr;
+       attribute = attribute->next) {
+    // Each element is asked, so that few names may be compared whole.
+    if (attribute->name[0] != static_cast<xmlChar>(kName[0])) continue;
+    if (attribute->ns != nullptr || textOf(attribute->name) != kName) continue;
+    const xmlNode* value = attribute->children;
+    return value != nullptr && textOf(value->content) == "yes";
+  }
+  const xmlNode* parent = element.parent;
+  return parent != nullptr && parent->type == XML_ELEMENT_NODE && noteOf(*parent).escaped;
+}
+
 void onStartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
                     int namespaceCount, const xmlChar** namespaces, int attributeCount,
                     int defaultedCount, const xmlChar** attributes) {
@@ -121,9 +154,7 @@ void onStartElement(void* context, const xmlChar* name, const xmlChar* prefix, c
   const xmlParserCtxt* parser = parserOf(context);
   xmlNode* element = parser->node;
   if (element == nullptr) return;
-  const std::intptr_t line = xmlSAX2GetLineNumber(context);
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): the field is a pointer and holds a number here.
-  element->_private = reinterpret_cast<void*>(line);
+  setNote(*element, {xmlSAX2GetLineNumber(context), holdsByteEscapes(*element)});
   if (parser->nodeNr > kHighestDepth) refuse(context, "elements are nested deeper than 256");
 }
 
@@ -176,7 +207,11 @@ TreePointer readTree(const std::string& text, const std::string& name, XMLProble
 }
 
 int notedLine(const xmlNode& element) {
-  return static_cast<int>(reinterpret_cast<std::intptr_t>(element._private));
+  return noteOf(element).line;
+}
+
+bool hasByteEscapes(const xmlNode& element) {
+  return noteOf(element).escaped;
 }
 
 }  // namespace driver_feature

@@ -21,8 +21,11 @@ using TreePointer = std::unique_ptr<xmlDoc, TreeDeleter>;
 // file's name. Nothing is written to standard error.
 TreePointer readTree(const std::string& text, const std::string& name, XMLProblem& problem);
 
-// The line that readTree() has noted with an element of its trees.
+// What readTree() has noted with an element of its trees: its line, and whether
+// the values of its attributes hold byte escapes. The nearest element that says
+// so in its attribute ByteEscapes counts, the element itself or one around it.
 int notedLine(const xmlNode& element);
+bool hasByteEscapes(const xmlNode& element);
 
 }  // namespace driver_feature
 
