@@ -18,6 +18,7 @@ add_library(driver_feature_objects OBJECT
   model/driver_feature_options.cc
   model/driver_feature_set.cc
   model/driver_feature_static_group.cc
+  model/feature_index.cc
   model/messages.cc
   model/text_conversion.cc
   model/vocabulary.cc

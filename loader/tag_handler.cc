@@ -129,6 +129,7 @@ int FeatureXMLTagHandler(void* element) try {
   for (driver_feature::ChildElements child(element); child.handle() != nullptr; child.next()) {
     driver_feature::buildChild(child);
   }
+  driver_feature::masterSet().indexNames();
   undo.keepLoad();
   return 1;
 } catch (...) {

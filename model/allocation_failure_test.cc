@@ -10,6 +10,8 @@
 
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
+#include "model/driver_feature_set.h"
+#include "model/feature_index.h"
 #include "support/failing_memory.h"
 #include "support/model_builder.h"
 #include "support/recording_host.h"
@@ -40,11 +42,11 @@ class ModelAllocationFailureTest : public ::testing::Test {
   }
 
   RecordingHost host_;
-  Owned<DriverFeatureOption> first_{std::string("the first of two options")};
-  Owned<DriverFeatureOption> second_{std::string("the second of two options")};
-  Owned<DriverFeature> list_{std::string("a list with a long name")};
-  Owned<DriverFeatureStaticGroup> shape_{std::string("a template with a long name")};
-  Owned<DriverFeatureDynamicGroup> group_{std::string("a group with a long name")};
+  DriverFeatureOption first_{std::string("the first of two options")};
+  DriverFeatureOption second_{std::string("the second of two options")};
+  DriverFeature list_{std::string("a list with a long name")};
+  DriverFeatureStaticGroup shape_{std::string("a template with a long name")};
+  DriverFeatureDynamicGroup group_{std::string("a group with a long name")};
   AttributeMap values_;
 };
 
@@ -76,6 +78,31 @@ TEST_F(ModelAllocationFailureTest, AddRecord_AnyAllocationFails_AddsNothing) {
   EXPECT_EQ(position, 1);
 }
 
+TEST_F(ModelAllocationFailureTest, IndexNames_NoMemory_IsPassedOnAndNamesAreFoundAllTheSame) {
+  DriverFeatureSet set;
+  set.addFeatureToFeatureList("list", &list_);
+  failingMemory.failAfter(0);
+  EXPECT_THROW(set.indexNames(), std::bad_alloc);
+  EXPECT_EQ(set.FindFeatureInFeatureList(std::string("list")), &list_);
+}
+
+TEST_F(ModelAllocationFailureTest, IndexGrows_NoMemory_NamesAreFoundAllTheSame) {
+  FeatureIndex::Features features;
+  FeatureIndex index;
+  index.make(features);
+  int grown = 0;
+  for (int i = 0; i < 40; ++i) {
+    const auto added = features.emplace(std::to_string(i), &list_).first;
+    failingMemory.failAfter(0);
+    index.add(features, *added);
+    grown += failingMemory.hasFailed() ? 1 : 0;
+    failingMemory.stop();
+    for (const auto& [name, feature] : features) EXPECT_EQ(index.find(features, name), feature);
+  }
+  // Nothing is listed from then on.
+  EXPECT_EQ(grown, 1);
+}
+
 // An option that answers no read or, once it is told to, throws at each.
 class ThrowingOption : public UnreadableOption {
  public:
@@ -105,7 +132,7 @@ std::string thrownBy(const Operation& operation) {
 }
 
 TEST_F(ModelAllocationFailureTest, Options_OneThrows_PassesItOnAndIsAskedAgain) {
-  Owned<DriverFeature> list(std::string("List"));
+  DriverFeature list(std::string("List"));
   ThrowingOption option;
   list.addOptionToFeature(&option);
   list.addOptionToFeature(&first_);

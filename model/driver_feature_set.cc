@@ -75,8 +75,7 @@ DriverFeatureSet::Features::const_iterator DriverFeatureSet::featureAt(int index
 }
 
 CoreFeature* DriverFeatureSet::FindFeatureInFeatureList(const std::string& name) {
-  const auto found = features_.find(name);
-  if (found != features_.end()) return found->second;
+  if (DriverFeature* feature = index_.find(features_, name)) return feature;
   std::string text;
   if (CoreFeature* group = findGroup(staticGroups_, "Name", name, text)) return group;
   if (CoreFeature* group = findGroup(dynamicGroups_, "Name", name, text)) return group;
@@ -132,7 +131,8 @@ void DriverFeatureSet::restoreDefaultFeatureValues() {
 
 int DriverFeatureSet::addFeatureToFeatureList(const std::string& name, DriverFeature* feature) {
   if (name.empty() || feature == nullptr) return 0;
-  features_[name] = feature;
+  const auto [entry, isNew] = features_.insert_or_assign(name, feature);
+  if (isNew) index_.add(features_, *entry);
   lastFetchedIndex_ = -1;
   return 1;
 }
@@ -169,5 +169,6 @@ void DriverFeatureSet::swapContents(Contents& contents) noexcept {
   features_.swap(contents.features);
   staticGroups_.swap(contents.staticGroups);
   dynamicGroups_.swap(contents.dynamicGroups);
+  index_.clear();
   lastFetchedIndex_ = -1;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/core_feature_set.h"
+#include "model/feature_index.h"
 
 class DriverFeatureDynamicGroup;
 class DriverFeatureStaticGroup;
@@ -40,6 +41,11 @@ class DriverFeatureSet : public CoreFeatureSet {
   int addStaticGroupToFeatureList(DriverFeatureStaticGroup* group);
   int addDynamicGroupToFeatureList(DriverFeatureDynamicGroup* group);
 
+  // Makes features be found by name in a time that hardly grows with their
+  // number, also those that are added later. For the end of a load: memory is
+  // asked for here, and not at a look-up.
+  void indexNames() { index_.make(features_); }
+
   int fetchNumberOfStaticGroups() const;
   int fetchNumberOfDynamicGroups() const;
 
@@ -68,6 +74,8 @@ class DriverFeatureSet : public CoreFeatureSet {
   Features features_;
   std::vector<DriverFeatureStaticGroup*> staticGroups_;
   std::vector<DriverFeatureDynamicGroup*> dynamicGroups_;
+
+  driver_feature::FeatureIndex index_;  // Of features_.
 
   // The entry that was last fetched by its position, so that a walk over all
   // positions takes one step for each instead of starting anew. -1: there is
