@@ -27,6 +27,7 @@ add_library(driver_feature_objects OBJECT
   output/feature_text.cc
   output/group_text.cc
   output/group_ticket.cc
+  output/kept_text.cc
   output/serialization.cc
   output/ticket_attributes.cc
 )

@@ -84,7 +84,7 @@ bool DriverFeature::storeByRule(const Row& row, const Value& value, bool suppres
     if (row.rule == Rule::kFeatureType) return storeFeatureType(value);
     if (row.rule == Rule::kValueType) return storeValueType(value);
   }
-  member = value;
+  assign(member, value);
   if (row.rule == Rule::kFlag) driver_feature::notifyUpdate(suppressUpdate);
   return true;
 }
@@ -92,9 +92,15 @@ bool DriverFeature::storeByRule(const Row& row, const Value& value, bool suppres
 template <class Value>
 bool DriverFeature::storeChanged(Value& current, const Value& value, bool suppressUpdate) {
   if (current == value) return true;
-  current = value;
+  assign(current, value);
   notifyChange(suppressUpdate);
   return true;
+}
+
+template <class Value>
+void DriverFeature::assign(Value& member, const Value& value) {
+  ++changeCount_;
+  member = value;
 }
 
 void DriverFeature::notifyChange(bool suppressUpdate) {
@@ -108,8 +114,8 @@ bool DriverFeature::storeFeatureType(int value) {
   if (value < 0 || value > driver_feature::kHighestFeatureType) {
     return refuseValue(driver_feature::Property::kFeatureType, value);
   }
-  type_ = value;
-  if (const auto valueType = driver_feature::valueTypeOf(value)) valueType_ = *valueType;
+  assign(type_, value);
+  if (const auto valueType = driver_feature::valueTypeOf(value)) assign(valueType_, *valueType);
   return true;
 }
 
@@ -117,7 +123,7 @@ bool DriverFeature::storeValueType(int value) {
   if (value < 0 || value > driver_feature::kHighestValueType) {
     return refuseValue(driver_feature::Property::kFeatureValueType, value);
   }
-  valueType_ = value;
+  assign(valueType_, value);
   return true;
 }
 
@@ -130,7 +136,7 @@ bool DriverFeature::refuseValue(driver_feature::Property property, int value) {
 }
 
 bool DriverFeature::storeChangeRoutine(const std::string& routineName) {
-  callbackRoutine_ = routineName;
+  assign(callbackRoutine_, routineName);
   changeRoutine_ = reinterpret_cast<void (*)()>(FetchSymbol(routineName.c_str()));
   if (changeRoutine_ == nullptr) {
     logComposed(Level::kMisuse,
@@ -177,6 +183,18 @@ bool DriverFeature::fetch(const std::string& name, Value& value) {
   value = member;
   return true;
 }
+
+template <class Value>
+const Value DriverFeature::*DriverFeature::findPlainMember(const std::string& name) {
+  const Row* row = Properties::kTable.find<Value>(name, Access::kGet);
+  if (row == nullptr || row->rule == Rule::kValueString) return nullptr;
+  return *std::get_if<Value DriverFeature::*>(&row->member);
+}
+
+template const bool DriverFeature::*DriverFeature::findPlainMember(const std::string&);
+template const int DriverFeature::*DriverFeature::findPlainMember(const std::string&);
+template const float DriverFeature::*DriverFeature::findPlainMember(const std::string&);
+template const std::string DriverFeature::*DriverFeature::findPlainMember(const std::string&);
 
 bool DriverFeature::fetchValueString(std::string& text) {
   switch (valueType_) {

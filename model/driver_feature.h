@@ -14,6 +14,7 @@
 #ifndef MODEL_DRIVER_FEATURE_H_
 #define MODEL_DRIVER_FEATURE_H_
 
+#include <cstdint>
 #include <map>
 #include <set>
 #include <string>
@@ -87,6 +88,18 @@ class DriverFeature : public IntermediateCoreFeature {
   // alone, when there is none. The feature type is not looked at.
   bool findNextAvailableOption(int* position);
 
+  // The member that getFeatureProperty() copies for that name, in every
+  // feature: for a reader of many features, who need not have the name looked
+  // up for each. Null for a name that the getter refuses, and for one that
+  // stands for several members. What the getter hides while it is empty is
+  // empty here.
+  template <class Value>
+  static const Value DriverFeature::*findPlainMember(const std::string& name);
+
+  // Counts the changes of all that a text of this feature can depend on, but
+  // for what its options hold.
+  std::uint64_t changeCount() const { return changeCount_; }
+
  private:
   struct Properties;
   using Row = driver_feature::PropertyRow<DriverFeature, driver_feature::Property>;
@@ -99,6 +112,9 @@ class DriverFeature : public IntermediateCoreFeature {
   bool fetch(const std::string& name, Value& value);
   template <class Value>
   bool storeChanged(Value& current, const Value& value, bool suppressUpdate);
+  // The only way into a member that a property names, after the constructors.
+  template <class Value>
+  void assign(Value& member, const Value& value);
 
   bool storeFeatureType(int value);
   bool storeValueType(int value);
@@ -114,15 +130,22 @@ class DriverFeature : public IntermediateCoreFeature {
   bool isAvailable(int position);
   void copyOptionNames(DriverFeature& source);
 
-  std::string name_;
+  // What reading and writing need of each of many features stands together, in
+  // a piece of memory that is fetched at once.
   int type_ = driver_feature::kMultiSelect;
-  bool inGroup_ = false;
   int valueType_ = driver_feature::kIntValue;
+  int currentInt_ = 0;  // The current option's position in a "MultiSelect" feature.
+  // The option that was last fetched by its position, mostly the current one,
+  // which is fetched again and again. Null: none was.
+  int lastOptionPosition_ = 0;
+  CoreOption* lastOption_ = nullptr;
+  std::uint64_t changeCount_ = 0;
+  bool inGroup_ = false;
 
+  std::string name_;
   int defaultInt_ = 0;
   std::string defaultText_;
   float defaultFloat_ = 0;
-  int currentInt_ = 0;  // The current option's position in a "MultiSelect" feature.
   std::string currentText_;
   float currentFloat_ = 0;
   int originalInt_ = 0;
@@ -157,7 +180,7 @@ class DriverFeature : public IntermediateCoreFeature {
   std::string biDiDataSection_;
   std::string cloKey_;
 
-  std::map<int, CoreOption*> options_;  // By position, 0 to count - 1.
+  std::map<int, CoreOption*> options_;  // By position, 0 to count - 1. None is ever removed.
   std::set<long> constraints_;
 };
 

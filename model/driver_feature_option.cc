@@ -75,8 +75,15 @@ bool DriverFeatureOption::store(const std::string& name, const Value& value) {
     logComposed(Level::kWarning, Messages<Value>::kSetUnrecognized, name, name_);
     return false;
   }
+  if constexpr (std::is_same_v<Value, std::string>) ++textChangeCount_;
   memberOf<Value>(*this, *row) = value;
   return true;
+}
+
+const std::string DriverFeatureOption::*DriverFeatureOption::findPlainMember(
+    const std::string& name) {
+  const auto* row = Properties::kTable.find<std::string>(name, Access::kGet);
+  return row != nullptr ? *std::get_if<std::string DriverFeatureOption::*>(&row->member) : nullptr;
 }
 
 bool DriverFeatureOption::getOptionProperty(const std::string& name, std::string& value) {

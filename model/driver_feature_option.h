@@ -3,6 +3,7 @@
 #ifndef MODEL_DRIVER_FEATURE_OPTION_H_
 #define MODEL_DRIVER_FEATURE_OPTION_H_
 
+#include <cstdint>
 #include <set>
 #include <string>
 
@@ -25,6 +26,13 @@ class DriverFeatureOption : public IntermediateCoreOption {
   bool addConstraint(const long& id) override;
   bool removeConstraint(const long& id) override;
 
+  // As DriverFeature::findPlainMember(), for texts.
+  static const std::string DriverFeatureOption::*findPlainMember(const std::string& name);
+
+  // Counts the texts that were stored in any option. Options seldom get
+  // another text, so that one count serves them all.
+  static std::uint64_t textChangeCount() { return textChangeCount_; }
+
  private:
   struct Properties;
 
@@ -42,6 +50,8 @@ class DriverFeatureOption : public IntermediateCoreOption {
   std::string snmpValue_;
   std::string cloKey_;
   std::set<long> constraints_;
+
+  static inline std::uint64_t textChangeCount_ = 0;
 };
 
 #endif  // MODEL_DRIVER_FEATURE_OPTION_H_

@@ -18,15 +18,16 @@ bool DriverFeature::addOptionToFeature(CoreOption* option) {
                 name_);
     return false;
   }
-  std::string optionName;
-  option->getOptionProperty(std::string("Name"), optionName);
   if (!isMultiSelect()) {
+    std::string optionName;
+    option->getOptionProperty(std::string("Name"), optionName);
     logComposed(Level::kMisuse,
                 "DriverFeature::addOptionToFeature() - Attempt to add feature option \"{}\" to "
                 "non-combobox feature \"{}\".",
                 optionName, name_);
     return false;
   }
+  ++changeCount_;
   options_.emplace_hint(options_.end(), static_cast<int>(options_.size()), option);
   return true;
 }
@@ -132,6 +133,7 @@ CoreOption* DriverFeature::fetchOptionByIndex(int index) {
                 name_);
     return nullptr;
   }
+  if (lastOption_ != nullptr && index == lastOptionPosition_) return lastOption_;
   const auto found = options_.find(index);
   if (found == options_.end()) {
     logComposed(Level::kMisuse,
@@ -140,7 +142,9 @@ CoreOption* DriverFeature::fetchOptionByIndex(int index) {
                 name_);
     return nullptr;
   }
-  return found->second;
+  lastOption_ = found->second;
+  lastOptionPosition_ = index;
+  return lastOption_;
 }
 
 bool DriverFeature::findNextAvailableOption(int* position) {

@@ -133,6 +133,7 @@ int DriverFeatureSet::addFeatureToFeatureList(const std::string& name, DriverFea
   if (name.empty() || feature == nullptr) return 0;
   const auto [entry, isNew] = features_.insert_or_assign(name, feature);
   if (isNew) index_.add(features_, *entry);
+  ++listChangeCount_;
   lastFetchedIndex_ = -1;
   return 1;
 }
@@ -170,5 +171,6 @@ void DriverFeatureSet::swapContents(Contents& contents) noexcept {
   staticGroups_.swap(contents.staticGroups);
   dynamicGroups_.swap(contents.dynamicGroups);
   index_.clear();
+  ++listChangeCount_;
   lastFetchedIndex_ = -1;
 }

@@ -3,7 +3,9 @@
 #ifndef MODEL_DRIVER_FEATURE_SET_H_
 #define MODEL_DRIVER_FEATURE_SET_H_
 
+#include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,11 +15,17 @@
 class DriverFeatureDynamicGroup;
 class DriverFeatureStaticGroup;
 
+namespace driver_feature {
+class KeptText;
+struct TextDialect;
+}  // namespace driver_feature
+
 // Holds plain pointers to what the loader has made and deletes none of it.
 // Never holds null or a feature without a name. Nothing is ever removed.
 class DriverFeatureSet : public CoreFeatureSet {
  public:
-  DriverFeatureSet() = default;
+  DriverFeatureSet();
+  ~DriverFeatureSet();
   DriverFeatureSet(const DriverFeatureSet&) = delete;
   DriverFeatureSet& operator=(const DriverFeatureSet&) = delete;
 
@@ -56,6 +64,9 @@ class DriverFeatureSet : public CoreFeatureSet {
   // The address of the host's routine of that name, or null, in silence.
   void* fetchCallbackRoutine(const std::string& routineName);
 
+  // Counts the changes of which features there are.
+  std::uint64_t listChangeCount() const { return listChangeCount_; }
+
   using Features = std::map<std::string, DriverFeature*>;
 
   // What the set lists, for whoever takes back a load that has failed.
@@ -68,6 +79,9 @@ class DriverFeatureSet : public CoreFeatureSet {
   void swapContents(Contents& contents) noexcept;
 
  private:
+  void serializeText(std::string& output, const driver_feature::TextDialect& dialect,
+                     std::unique_ptr<driver_feature::KeptText>& keptText);
+
   // The entry at a position that is in the list.
   Features::const_iterator featureAt(int index);
 
@@ -83,7 +97,11 @@ class DriverFeatureSet : public CoreFeatureSet {
   Features::const_iterator lastFetched_;
   int lastFetchedIndex_ = -1;
 
-  std::string spareText_;  // What it holds is old; serialize() uses its memory.
+  std::uint64_t listChangeCount_ = 0;
+
+  // What serialize() wrote last. Null until it has, and while it does.
+  std::unique_ptr<driver_feature::KeptText> keptPostScript_;
+  std::unique_ptr<driver_feature::KeptText> keptPJL_;
 };
 
 #endif  // MODEL_DRIVER_FEATURE_SET_H_

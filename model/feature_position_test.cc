@@ -1,6 +1,5 @@
 // Features fetched by their position, in whatever order they are asked for.
 
-#include <deque>
 #include <string>
 #include <vector>
 
@@ -24,7 +23,7 @@ class FeaturePositionTest : public ::testing::Test {
   }
 
   RecordingHost host_;
-  std::deque<Owned<DriverFeature>> features_;
+  Objects<DriverFeature> features_;
   DriverFeatureSet set_;
 };
 

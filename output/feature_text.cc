@@ -1,6 +1,7 @@
 #include "output/feature_text.h"
 
 #include <string_view>
+#include <type_traits>
 
 #include "model/messages.h"
 #include "model/vocabulary.h"
@@ -11,74 +12,122 @@ namespace driver_feature {
 namespace {
 
 template <class Value>
-void appendFormatted(const std::string& commandTemplate, const Value& value, std::string& output) {
-  if (appendCommand(commandTemplate, value, output)) return;
+bool readByName(CoreFeature& feature, Property property, Value& value) {
+  if constexpr (std::is_same_v<Value, std::string>) {
+    return feature.getFeatureProperty(nameText(property), value);
+  } else {
+    return feature.getFeatureProperty(nameText(property), &value);
+  }
+}
+
+// The value as command templates take it.
+std::string_view formatted(const std::string& value) {
+  return value;
+}
+int formatted(int value) {
+  return value;
+}
+double formatted(float value) {
+  return static_cast<double>(value);
+}
+
+template <class Value>
+bool appendFormatted(const std::string& commandTemplate, const Value& value, std::string& output) {
+  if (appendCommand(commandTemplate, formatted(value), output)) return true;
   logComposed(Level::kWarning,
               "createTicketPDLAttributes() - Cannot format value with command template \"{}\"",
               commandTemplate);
+  return false;
 }
 
 }  // namespace
 
-void FeatureText::append(CoreFeature& feature, const std::string& commandTemplate,
+bool FeatureText::isInGroup(CoreFeature& object) const {
+  if (const DriverFeature* known = asKnown(object)) return known->*properties_.inGroup;
+  bool inGroup = false;
+  readByName(object, Property::kFeatureInGroup, inGroup);
+  return inGroup;
+}
+
+const std::string* FeatureText::findCommand(CoreFeature& object) {
+  return findText(object, properties_.command, dialect_.commandProperty);
+}
+
+const std::string* FeatureText::findRoutine(CoreFeature& object) {
+  return findText(object, properties_.routine, dialect_.routineProperty);
+}
+
+const std::string* FeatureText::findText(CoreFeature& object,
+                                         const std::string DriverFeature::*member,
+                                         Property property) {
+  const DriverFeature* known = asKnown(object);
+  if (known == nullptr && !readByName(object, property, found_)) return nullptr;
+  const std::string& text = known != nullptr ? known->*member : found_;
+  return text.empty() ? nullptr : &text;
+}
+
+bool FeatureText::append(CoreFeature& feature, const std::string& commandTemplate,
                          std::string& output) {
   switch (feature.getFeatureType()) {
     case kMultiSelect:
       return appendOption(feature, commandTemplate, output);
     case kIntEntry:
-      return appendInt(feature, commandTemplate, output);
+      return appendValue(feature, properties_.number, Property::kCurrentIntValue,
+                         "createTicketPDLAttributes() - Cannot get feature int value",
+                         commandTemplate, output);
     case kTextEntry:
-      return appendText(feature, commandTemplate, output);
+      return appendValue(feature, properties_.text, Property::kCurrentTextValue,
+                         "createTicketPDLAttributes() - Cannot get feature text value",
+                         commandTemplate, output);
     case kFloatEntry:
-      return appendFloat(feature, commandTemplate, output);
+      return appendValue(feature, properties_.fraction, Property::kCurrentFloatValue,
+                         "createTicketPDLAttributes() - Cannot get feature float value",
+                         commandTemplate, output);
     default:
       logFixed(Level::kMisuse, "createTicketPDLAttributes() - Feature has an invalid feature type");
+      return false;
   }
 }
 
-void FeatureText::appendOption(CoreFeature& feature, const std::string& commandTemplate,
+bool FeatureText::appendOption(CoreFeature& feature, const std::string& commandTemplate,
                                std::string& output) {
   CoreOption* option = feature.fetchCurrentOption();
   if (option == nullptr) {
     logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get current feature option");
-    return;
+    return false;
   }
-  value_.clear();
-  if (!option->getOptionProperty(nameText(dialect_.commandProperty), value_)) {
+  const DriverFeatureOption* own = areKnown_ ? asOwn<DriverFeatureOption>(*option) : nullptr;
+  if (own != nullptr) {
+    return appendFormatted(commandTemplate, own->*properties_.optionCommand, output) &&
+           asKnown(feature) != nullptr;
+  }
+  optionCommand_.clear();
+  if (option->getOptionProperty(nameText(dialect_.commandProperty), optionCommand_)) {
+    appendFormatted(commandTemplate, optionCommand_, output);
+  } else {
     logFixed(Level::kWarning, dialect_.optionCommandUnreadable);
-    return;
   }
-  appendFormatted(commandTemplate, std::string_view(value_), output);
+  return false;
 }
 
-void FeatureText::appendText(CoreFeature& feature, const std::string& commandTemplate,
-                             std::string& output) {
-  value_.clear();
-  if (!feature.getFeatureProperty(nameText(Property::kCurrentTextValue), value_)) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature text value");
-    return;
+template <class Value>
+bool FeatureText::appendValue(CoreFeature& feature, const Value DriverFeature::*member,
+                              Property property, const char* unreadable,
+                              const std::string& commandTemplate, std::string& output) const {
+  if (const DriverFeature* known = asKnown(feature)) {
+    return appendFormatted(commandTemplate, known->*member, output);
   }
-  appendFormatted(commandTemplate, std::string_view(value_), output);
+  Value value{};
+  if (readByName(feature, property, value)) {
+    appendFormatted(commandTemplate, value, output);
+  } else {
+    logFixed(Level::kMisuse, unreadable);
+  }
+  return false;
 }
 
-void FeatureText::appendInt(CoreFeature& feature, const std::string& commandTemplate,
-                            std::string& output) const {
-  int value = 0;
-  if (!feature.getFeatureProperty(nameText(Property::kCurrentIntValue), &value)) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature int value");
-    return;
-  }
-  appendFormatted(commandTemplate, value, output);
-}
-
-void FeatureText::appendFloat(CoreFeature& feature, const std::string& commandTemplate,
-                              std::string& output) const {
-  float value = 0;
-  if (!feature.getFeatureProperty(nameText(Property::kCurrentFloatValue), &value)) {
-    logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get feature float value");
-    return;
-  }
-  appendFormatted(commandTemplate, static_cast<double>(value), output);
+const DriverFeature* FeatureText::asKnown(const CoreFeature& object) const {
+  return areKnown_ ? asOwn<DriverFeature>(object) : nullptr;
 }
 
 }  // namespace driver_feature

@@ -6,33 +6,57 @@
 
 #include "model/core_feature.h"
 #include "output/text_dialect.h"
+#include "output/text_properties.h"
 
 namespace driver_feature {
 
-// Keeps the text that it reads values into, so that a feature costs no memory
-// once that text is long enough.
+// Reads the library's own objects where they hold their values, and a host's
+// through its operations.
 class FeatureText {
  public:
-  explicit FeatureText(const TextDialect& dialect) : dialect_(dialect) {}
+  explicit FeatureText(const TextDialect& dialect) : dialect_(dialect), properties_(dialect) {}
   FeatureText(const FeatureText&) = delete;
   FeatureText& operator=(const FeatureText&) = delete;
 
   const TextDialect& dialect() const { return dialect_; }
+  const TextProperties& properties() const { return properties_; }
+
+  // Whether the object is read where it holds its values, which then cannot
+  // change but by its own operations.
+  bool isKnown(const CoreFeature& object) const { return asKnown(object) != nullptr; }
+
+  // Whether the object is written by a static group that holds it.
+  bool isInGroup(CoreFeature& object) const;
+
+  // The command template, and the name of the output routine; null where there
+  // is none or an empty one. What is found stays until the next is asked for.
+  const std::string* findCommand(CoreFeature& object);
+  const std::string* findRoutine(CoreFeature& object);
 
   // Appends the current option's command, or the current value, in the command
-  // template. Nothing, after a log line, when there is no text.
-  void append(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
+  // template. Nothing, after a log line, when there is no text. True when the
+  // text will be the same, without a log line, until the feature or an option
+  // of the library's own changes.
+  bool append(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
 
  private:
-  void appendOption(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
-  void appendText(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
-  void appendInt(CoreFeature& feature, const std::string& commandTemplate,
-                 std::string& output) const;
-  void appendFloat(CoreFeature& feature, const std::string& commandTemplate,
+  bool appendOption(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
+  template <class Value>
+  bool appendValue(CoreFeature& feature, const Value DriverFeature::*member, Property property,
+                   const char* unreadable, const std::string& commandTemplate,
                    std::string& output) const;
 
+  const std::string* findText(CoreFeature& object, const std::string DriverFeature::*member,
+                              Property property);
+
+  // The object as a feature of the library's own whose properties are known.
+  const DriverFeature* asKnown(const CoreFeature& object) const;
+
   const TextDialect& dialect_;
-  std::string value_;
+  const TextProperties properties_;
+  const bool areKnown_ = properties_.areKnown();
+  std::string found_;
+  std::string optionCommand_;
 };
 
 }  // namespace driver_feature

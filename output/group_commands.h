@@ -13,6 +13,8 @@
 
 namespace driver_feature {
 
+class FeatureText;
+
 // Adds the group's node, with one node per member, to the ticket: under
 // `parentNode`, or at top level when that is null. `attributeName` carries the
 // group's own ticket name in and is undefined afterwards. `jobTicketAttribute`
@@ -26,6 +28,10 @@ void processVORNStaticGroup(CoreFeature& group, VORNWriter& writer, std::string&
 // there is neither.
 void processPSStaticGroup(CoreFeature& group, std::string& output, bool topLevel);
 void processPJLStaticGroup(CoreFeature& group, std::string& output, bool topLevel);
+
+// The same for many groups, in the language of `featureText`.
+void processTextStaticGroup(CoreFeature& group, FeatureText& featureText, std::string& output,
+                            bool topLevel);
 
 }  // namespace driver_feature
 

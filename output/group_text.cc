@@ -14,24 +14,23 @@ namespace driver_feature {
 
 namespace {
 
-void processTextStaticGroup(CoreFeature& object, FeatureText& featureText, std::string& output,
-                            bool topLevel, const GroupTrail* outer);
+void writeGroup(CoreFeature& object, FeatureText& featureText, std::string& output, bool topLevel,
+                const GroupTrail* outer);
 
 // Runs the routine that `owner` names, if it names one, on `text`.
-void runOwnRoutine(CoreFeature& owner, const FeatureText& featureText, std::string& text) {
-  std::string routineName;
-  if (!readNonEmpty(owner, featureText.dialect().routineProperty, routineName)) return;
-  if (runTextRoutine(routineName, text)) return;
-  logComposed(Level::kMisuse, featureText.dialect().groupRoutineMissing, routineName);
+void runOwnRoutine(CoreFeature& owner, FeatureText& featureText, std::string& text) {
+  const std::string* name = featureText.findRoutine(owner);
+  if (name == nullptr || runTextRoutine(*name, text)) return;
+  logComposed(Level::kMisuse, featureText.dialect().groupRoutineMissing, *name);
 }
 
-// Appends the member's text to `collected`. `scratch` is anything, kept for
-// its capacity.
+// Appends the member's text to `collected`.
 void writeMember(CoreFeature& group, CoreFeature& member, int index, FeatureText& featureText,
-                 std::string& scratch, std::string& collected) {
+                 std::string& collected) {
   const TextDialect& dialect = featureText.dialect();
-  if (readNonEmpty(member, dialect.commandProperty, scratch)) {
-    return featureText.append(member, scratch, collected);
+  if (const std::string* command = featureText.findCommand(member)) {
+    featureText.append(member, *command, collected);
+    return;
   }
   logComposed(Level::kInformation, dialect.memberWithoutCommand, toDecimalText(index));
   std::string piece;
@@ -40,14 +39,13 @@ void writeMember(CoreFeature& group, CoreFeature& member, int index, FeatureText
     collected += piece;
     return;
   }
-  featureText.append(member, scratch, collected);
+  featureText.append(member, std::string(), collected);
 }
 
 std::string collectMembers(IntermediateStaticFeatureGroup& group, FeatureText& featureText,
                            const GroupTrail& trail) {
   std::string collected;
   std::string piece;
-  std::string scratch;
   for (int i = 0; i < group.fetchNumberOfFeaturesInGroup(); ++i) {
     CoreFeature* member = group.fetchFeatureInGroupByIndex(static_cast<unsigned>(i));
     if (member == nullptr) {
@@ -55,17 +53,17 @@ std::string collectMembers(IntermediateStaticFeatureGroup& group, FeatureText& f
       continue;
     }
     if (member->getFeatureType() == kStaticGroup) {
-      processTextStaticGroup(*member, featureText, piece, false, &trail);
+      writeGroup(*member, featureText, piece, false, &trail);
       collected += piece;
     } else {
-      writeMember(group, *member, i, featureText, scratch, collected);
+      writeMember(group, *member, i, featureText, collected);
     }
   }
   return collected;
 }
 
-void processTextStaticGroup(CoreFeature& object, FeatureText& featureText, std::string& output,
-                            bool topLevel, const GroupTrail* outer) {
+void writeGroup(CoreFeature& object, FeatureText& featureText, std::string& output, bool topLevel,
+                const GroupTrail* outer) {
   const TextDialect& dialect = featureText.dialect();
   output.clear();
   if (isBeingWritten(object, outer)) return;
@@ -76,15 +74,16 @@ void processTextStaticGroup(CoreFeature& object, FeatureText& featureText, std::
     logFixed(Level::kInformation, dialect.groupNotStandard);
     return;
   }
-  if (isInGroup(*group) && topLevel) {
+  if (featureText.isInGroup(*group) && topLevel) {
     logFixed(Level::kInformation, dialect.groupInGroup);
     return;
   }
-  std::string groupTemplate;
-  if (!readNonEmpty(*group, dialect.commandProperty, groupTemplate)) {
+  const std::string* command = featureText.findCommand(*group);
+  if (command == nullptr) {
     runOwnRoutine(*group, featureText, output);
     return;
   }
+  const std::string groupTemplate = *command;
   const GroupTrail trail{&object, outer};
   const std::string collected = collectMembers(*group, featureText, trail);
   if (formatCommand(groupTemplate, std::string_view(collected), output)) return;
@@ -93,14 +92,19 @@ void processTextStaticGroup(CoreFeature& object, FeatureText& featureText, std::
 
 }  // namespace
 
+void processTextStaticGroup(CoreFeature& group, FeatureText& featureText, std::string& output,
+                            bool topLevel) {
+  writeGroup(group, featureText, output, topLevel, nullptr);
+}
+
 void processPSStaticGroup(CoreFeature& group, std::string& output, bool topLevel) {
   FeatureText featureText(kPostScript);
-  processTextStaticGroup(group, featureText, output, topLevel, nullptr);
+  processTextStaticGroup(group, featureText, output, topLevel);
 }
 
 void processPJLStaticGroup(CoreFeature& group, std::string& output, bool topLevel) {
   FeatureText featureText(kPJL);
-  processTextStaticGroup(group, featureText, output, topLevel, nullptr);
+  processTextStaticGroup(group, featureText, output, topLevel);
 }
 
 }  // namespace driver_feature

@@ -1,5 +1,6 @@
 // The set as PostScript, PJL or a job ticket.
 
+#include <memory>
 #include <utility>
 
 #include "model/driver_feature.h"
@@ -7,8 +8,9 @@
 #include "model/driver_feature_static_group.h"
 #include "model/messages.h"
 #include "model/text_conversion.h"
-#include "output/feature_text.h"
 #include "output/group_commands.h"
+#include "output/kept_text.h"
+#include "output/missing_objects.h"
 #include "output/output_routine.h"
 #include "output/text_dialect.h"
 #include "output/ticket_attributes.h"
@@ -38,68 +40,6 @@ constexpr TicketNameRow kTicketNames[] = {
 
 // Required: a group goes by its first two names only.
 constexpr TicketNameRow kGroupTicketNames[] = {kTicketNames[0], kTicketNames[1]};
-
-void logMissingFeature(int index) {
-  logComposed(Level::kMisuse, "serialize() - Cannot get reference to feature {}",
-              toDecimalText(index));
-}
-
-void logMissingGroup(int number) {
-  logComposed(Level::kMisuse, "serialize() - Cannot get reference to static group {}",
-              toDecimalText(number));
-}
-
-// Appends the feature's text. `scratch` is anything, kept for its capacity.
-void writeFeatureText(CoreFeature& feature, int index, FeatureText& text, std::string& scratch,
-                      std::string& output) {
-  const TextDialect& dialect = text.dialect();
-  if (isInGroup(feature)) {
-    if (dialect.logsFeatureInGroup) {
-      logComposed(Level::kInformation, "serialize() - Feature {} is in a group",
-                  toDecimalText(index));
-    }
-    return;
-  }
-  if (readNonEmpty(feature, dialect.commandProperty, scratch)) {
-    return text.append(feature, scratch, output);
-  }
-  if (!readNonEmpty(feature, dialect.routineProperty, scratch)) return;
-  if (runTextRoutine(scratch, output)) return;
-  logComposed(Level::kMisuse, dialect.featureRoutineMissing, scratch);
-}
-
-// The text of the whole set, which takes the place of `output` only when it is
-// complete: what a routine throws, or a lack of memory, leaves no half of one.
-// The text is made in the memory of `spare`, which then gets that of `output`,
-// so that a host which keeps its text from one call to the next costs none. A
-// routine that asks for a text in between finds no spare memory.
-void writeText(DriverFeatureSet& set, const TextDialect& dialect, std::string& spare,
-               std::string& output) {
-  std::string text = std::exchange(spare, {});
-  text.clear();
-  FeatureText featureText(dialect);
-  std::string scratch;
-  for (int i = 0; i < set.fetchNumberOfFeatures(); ++i) {
-    if (DriverFeature* feature = set.fetchFeatureByIndex(i)) {
-      writeFeatureText(*feature, i, featureText, scratch, text);
-    } else {
-      logMissingFeature(i);
-    }
-  }
-  const auto processGroup = dialect.isPostScript ? processPSStaticGroup : processPJLStaticGroup;
-  std::string piece;
-  for (int j = 0; j < set.fetchNumberOfStaticGroups(); ++j) {
-    DriverFeatureStaticGroup* group = set.fetchStaticGroupByIndex(j);
-    if (group == nullptr) {
-      logMissingGroup(j);
-      continue;
-    }
-    processGroup(*group, piece, true);
-    text += piece;
-  }
-  output.swap(text);
-  spare = std::move(text);
-}
 
 // Runs the object's ticket routine at top level. False when it names none.
 bool runOwnTicketRoutine(CoreFeature& object, VORNWriter& writer) {
@@ -169,13 +109,29 @@ void writeTicket(DriverFeatureSet& set, std::string& output, bool includeInstOpt
 
 }  // namespace driver_feature
 
+// Here, where the kept texts are complete types.
+DriverFeatureSet::DriverFeatureSet() = default;
+DriverFeatureSet::~DriverFeatureSet() = default;
+
+// Replaces `output` only when the text is complete: what a routine throws, or
+// a lack of memory, leaves no half of one. The kept text is taken out of the
+// set meanwhile: a routine that asks for a text in between finds none, and
+// neither does the next call when this one has failed.
+void DriverFeatureSet::serializeText(std::string& output,
+                                     const driver_feature::TextDialect& dialect,
+                                     std::unique_ptr<driver_feature::KeptText>& keptText) {
+  auto kept = keptText ? std::move(keptText) : std::make_unique<driver_feature::KeptText>();
+  output = kept->write(*this, dialect);
+  keptText = std::move(kept);
+}
+
 void DriverFeatureSet::serialize(std::string& output, int pdlType, bool includeInstOpt,
                                  const char* ticketArgument1, const char* ticketArgument2) {
   switch (pdlType) {
     case driver_feature::kTypePJL:
-      return driver_feature::writeText(*this, driver_feature::kPJL, spareText_, output);
+      return serializeText(output, driver_feature::kPJL, keptPJL_);
     case driver_feature::kTypePostScript:
-      return driver_feature::writeText(*this, driver_feature::kPostScript, spareText_, output);
+      return serializeText(output, driver_feature::kPostScript, keptPostScript_);
     case driver_feature::kTypeTicket:
       return driver_feature::writeTicket(*this, output, includeInstOpt, ticketArgument1,
                                          ticketArgument2);

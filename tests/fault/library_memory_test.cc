@@ -179,7 +179,7 @@ TEST_P(LibraryMemoryTest, Serialize_NoMemory_LeavesTheOutputOrWritesAllOfIt) {
   for (const int type : {0, 1}) {
     SCOPED_TRACE(type);
     const std::string whole = host_.output(type);
-    sweep(20, [&](const FailurePlan& plan) {
+    sweep(15, [&](const FailurePlan& plan) {
       std::string output = "before";
       const bool done = endsWithoutThrow(
           plan, [&] { host_.set().serialize(output, type, true, "first", "second"); });
@@ -188,6 +188,25 @@ TEST_P(LibraryMemoryTest, Serialize_NoMemory_LeavesTheOutputOrWritesAllOfIt) {
       EXPECT_EQ(host_.output(type), whole);
     });
   }
+}
+
+// What is not written for lack of memory is written by the next call.
+TEST_P(LibraryMemoryTest, SerializeAfterChange_NoMemory_LosesNoChange) {
+  resetTitle();
+  const std::string before = host_.output(1);
+  host_.object(kTitle).setFeatureProperty(std::string("CurrentTextValue"), kLongText);
+  const std::string after = host_.output(1);
+  ASSERT_NE(before, after);
+  sweep(10, [&](const FailurePlan& plan) {
+    resetTitle();
+    ASSERT_EQ(host_.output(1), before);
+    host_.object(kTitle).setFeatureProperty(std::string("CurrentTextValue"), kLongText);
+    std::string output = "before";
+    const bool done =
+        endsWithoutThrow(plan, [&] { host_.set().serialize(output, 1, false, "", ""); });
+    EXPECT_EQ(output, done ? after : "before");
+    EXPECT_EQ(host_.output(1), after);
+  });
 }
 
 // The writer reports what it has no memory for in the log alone, and the

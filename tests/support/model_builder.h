@@ -3,10 +3,11 @@
 #ifndef TESTS_SUPPORT_MODEL_BUILDER_H_
 #define TESTS_SUPPORT_MODEL_BUILDER_H_
 
-#include <deque>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "frame/master_set.h"
 #include "model/driver_feature.h"
@@ -18,13 +19,25 @@ namespace driver_feature::testing {
 
 using Texts = std::initializer_list<std::pair<const char*, const char*>>;
 
-// The model's classes have no virtual destructor, because their objects are
-// never deleted. A builder's are, as objects of a class that nobody derives
-// from.
+// Objects of exactly one class of the model. They have no virtual destructor,
+// because the library deletes none; what is destroyed here is of that class.
 template <class Object>
-class Owned final : public Object {
+class Objects {
  public:
-  using Object::Object;
+  template <class... Arguments>
+  Object& emplace_back(Arguments&&... arguments) {
+    objects_.emplace_back(new Object(std::forward<Arguments>(arguments)...));
+    return *objects_.back();
+  }
+
+ private:
+  struct Destroy {
+    void operator()(Object* object) const {
+      object->Object::~Object();
+      ::operator delete(object);
+    }
+  };
+  std::vector<std::unique_ptr<Object, Destroy>> objects_;
 };
 
 class ModelBuilder {
@@ -72,10 +85,10 @@ class ModelBuilder {
     }
   }
 
-  std::deque<Owned<DriverFeature>> features_;
-  std::deque<Owned<DriverFeatureOption>> options_;
-  std::deque<Owned<DriverFeatureStaticGroup>> staticGroups_;
-  std::deque<Owned<DriverFeatureDynamicGroup>> dynamicGroups_;
+  Objects<DriverFeature> features_;
+  Objects<DriverFeatureOption> options_;
+  Objects<DriverFeatureStaticGroup> staticGroups_;
+  Objects<DriverFeatureDynamicGroup> dynamicGroups_;
 };
 
 }  // namespace driver_feature::testing

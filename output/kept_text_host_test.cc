@@ -1,0 +1,204 @@
+// A set that is written again: what a host has its hands in is written anew at
+// each output.
+
+#include "output/kept_text_test.h"
+
+#include <dlfcn.h>
+
+#include <functional>
+
+#include "Log.h"
+
+namespace {
+
+// The platform's look-up knows no property of this name.
+std::string refusedName;
+
+// What the routine of the host does with the text so far.
+std::function<void(std::string&)> routine;
+
+}  // namespace
+
+// Stands in front of the platform's.
+extern "C" __attribute__((visibility("default"))) int ParseAttributeList_LowLevel(
+    const char* const* names, int highestIndex, const char* name) {
+  using Parse = int (*)(const char* const*, int, const char*);
+  static const auto kReal =
+      reinterpret_cast<Parse>(dlsym(RTLD_NEXT, "ParseAttributeList_LowLevel"));
+  ++driver_feature::testing::platformLookUps;
+  return refusedName == name ? -1 : kReal(names, highestIndex, name);
+}
+
+extern "C" void ChangeTheTextSoFar(DriverFeatureSet* /*set*/, std::string& text) {
+  routine(text);
+}
+
+namespace driver_feature::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class KeptTextHostTest : public KeptTextTest {
+ protected:
+  ~KeptTextHostTest() override {
+    refusedName.clear();
+    routine = nullptr;
+    SetLogHandler(nullptr, nullptr);
+  }
+};
+
+TEST_F(KeptTextHostTest, RoutineChangesTheTextBefore_EachOutputStartsFromTheFeatures) {
+  set(number_, "PSCommand", "");
+  set(number_, "AddPSCallbackRoutine", "ChangeTheTextSoFar");
+  int calls = 0;
+  routine = [&calls](std::string& text) {
+    text.erase(1, 2);
+    text += std::to_string(++calls);
+  };
+  EXPECT_EQ(write(), "<t>1()");
+  EXPECT_EQ(write(), "<t>2()");
+  set(text_, "CurrentTextValue", "x");
+  EXPECT_EQ(write(), "<t>3(x)");
+}
+
+TEST_F(KeptTextHostTest, RoutineNamedAfterAnOutput_IsRun) {
+  write();
+  routine = [](std::string& text) { text = "all of it;"; };
+  set(number_, "AddPSCallbackRoutine", "ChangeTheTextSoFar");
+  EXPECT_EQ(write(), "<1st>[0]()");
+  set(number_, "PSCommand", "");
+  EXPECT_EQ(write(), "all of it;()");
+  set(number_, "PSCommand", "[%d]");
+  EXPECT_EQ(write(), "<1st>[0]()");
+}
+
+TEST_F(KeptTextHostTest, RoutineChangesAFeatureThatIsWritten_TheNextOutputHasIt) {
+  set(number_, "PSCommand", "");
+  set(number_, "AddPSCallbackRoutine", "ChangeTheTextSoFar");
+  routine = [this](std::string&) { set(list_, "CurrentIntValue", 1); };
+  EXPECT_EQ(write(), "<1st>()");
+  EXPECT_EQ(write(), "<2nd>()");
+}
+
+TEST_F(KeptTextHostTest, LogHandlerChangesAFeatureThatIsWritten_TheNextOutputHasIt) {
+  set(number_, "PSCommand", "%s");
+  SetLogHandler(
+      [](int, const char*, const char*, std::size_t, void* context) {
+        set(*static_cast<DriverFeature*>(context), "CurrentIntValue", 1);
+      },
+      &list_);
+  EXPECT_EQ(write(), "<1st>()");
+  EXPECT_EQ(write(), "<2nd>()");
+}
+
+TEST_F(KeptTextHostTest, PlatformForgetsAName_IsSeenAtOnceAndAtEachOutput) {
+  write();
+  refusedName = "CurrentIntValue";
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(write(), "<1st>()");
+    EXPECT_THAT(host_.takeEvents(),
+                ElementsAre(logLine(3,
+                                    "DriverFeature::getFeatureProperty(int*) - Unrecognized "
+                                    "feature property:  \"CurrentIntValue\" for feature \"b."),
+                            logLine(2,
+                                    "createTicketPDLAttributes() - Cannot get feature int "
+                                    "value")));
+  }
+  refusedName.clear();
+  EXPECT_EQ(write(), "<1st>[0]()");
+}
+
+TEST_F(KeptTextHostTest, PlatformForgetsAnyName_TheOtherPropertiesAreReadByTheirs) {
+  DriverFeature& fraction = model_.feature("d", 4, {{"PSCommand", "{%.1f}"}});
+  fraction.setFeatureProperty(std::string("CurrentFloatValue"), 2.5F);
+  set(text_, "CurrentTextValue", "x");
+  refusedName = "AddPSCallbackRoutine";
+  EXPECT_EQ(write(), "<1st>[0](x){2.5}");
+  fraction.setFeatureProperty(std::string("CurrentFloatValue"), 3.5F);
+  set(text_, "CurrentTextValue", "y");
+  EXPECT_EQ(write(), "<1st>[0](y){3.5}");
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+}
+
+// Objects of a host's own answer as they like, so that they are asked for each
+// output.
+
+class CountingOption : public DriverFeatureOption {
+ public:
+  bool getOptionProperty(const std::string& /*name*/, std::string& value) override {
+    value = std::to_string(++reads);
+    return true;
+  }
+  int reads = 0;
+};
+
+TEST_F(KeptTextHostTest, OptionOfAHost_IsAskedForEachOutput) {
+  CountingOption option;
+  DriverFeature& list = model_.feature("d", 1, {{"PSCommand", "option %s;"}});
+  list.addOptionToFeature(&option);
+  const int before = option.reads;
+  for (int i = 1; i <= 3; ++i) {
+    EXPECT_EQ(write(), "<1st>[0]()option " + std::to_string(before + i) + ";");
+  }
+}
+
+// Writes nothing into the text that it is given.
+class WordlessOption : public DriverFeatureOption {
+ public:
+  bool getOptionProperty(const std::string& /*name*/, std::string& /*value*/) override {
+    return true;
+  }
+};
+
+TEST_F(KeptTextHostTest, OptionOfAHostGivesNoText_NoOtherTextIsWrittenForIt) {
+  CountingOption counting;
+  WordlessOption wordless;
+  DriverFeature& before = model_.feature("d", 1, {{"PSCommand", "before %s;"}});
+  DriverFeature& after = model_.feature("e", 1, {{"PSCommand", "after %s;"}});
+  before.addOptionToFeature(&counting);
+  after.addOptionToFeature(&wordless);
+  EXPECT_EQ(write(), "<1st>[0]()before 1;after ;");
+}
+
+// Answers no flag, and another command at each read; none at the first.
+class CountingFeature : public DriverFeature {
+ public:
+  CountingFeature(const std::string& name, int type) : DriverFeature(name), type_(type) {}
+  using DriverFeature::getFeatureProperty;
+  int getFeatureType() override { return type_; }
+  bool getFeatureProperty(const std::string& name, std::string& value) override {
+    if (name != "PSCommand") return DriverFeature::getFeatureProperty(name, value);
+    if (++reads == 1) return false;
+    value = std::to_string(reads);
+    return true;
+  }
+  bool getFeatureProperty(const std::string& name, bool* value) override {
+    return answersFlags && DriverFeature::getFeatureProperty(name, value);
+  }
+  int reads = 0;
+  bool answersFlags = false;
+
+ private:
+  int type_;
+};
+
+TEST_F(KeptTextHostTest, FeatureOfAHost_IsAskedForEachOutput) {
+  CountingFeature number(std::string("d"), 2);
+  CountingFeature list(std::string("e"), 1);
+  DriverFeatureOption option(std::string("option"));
+  list.addOptionToFeature(&option);
+  masterSet().addFeatureToFeatureList("d", &number);
+  masterSet().addFeatureToFeatureList("e", &list);
+  EXPECT_EQ(write(), "<1st>[0]()");
+  EXPECT_EQ(write(), "<1st>[0]()22");
+  EXPECT_EQ(write(), "<1st>[0]()33");
+  number.answersFlags = true;
+  number.setFeatureProperty(std::string("FeatureInGroup"), true);
+  EXPECT_EQ(write(), "<1st>[0]()4");
+  number.answersFlags = false;
+  EXPECT_EQ(write(), "<1st>[0]()45");
+}
+
+}  // namespace
+}  // namespace driver_feature::testing

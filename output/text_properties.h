@@ -1,0 +1,53 @@
+// The properties that a feature's PostScript or PJL text is made of.
+#ifndef OUTPUT_TEXT_PROPERTIES_H_
+#define OUTPUT_TEXT_PROPERTIES_H_
+
+#include <string>
+#include <typeinfo>
+
+#include "model/driver_feature.h"
+#include "model/driver_feature_option.h"
+#include "output/text_dialect.h"
+
+namespace driver_feature {
+
+// Where the library's own objects have these properties. Names are the
+// platform's to resolve, which takes most of the time when it is done for each
+// of many features; here they are resolved once for all of them.
+struct TextProperties {
+  TextProperties() = default;
+  explicit TextProperties(const TextDialect& dialect)
+      : inGroup(DriverFeature::findPlainMember<bool>(nameText(Property::kFeatureInGroup))),
+        command(DriverFeature::findPlainMember<std::string>(nameText(dialect.commandProperty))),
+        routine(DriverFeature::findPlainMember<std::string>(nameText(dialect.routineProperty))),
+        text(DriverFeature::findPlainMember<std::string>(nameText(Property::kCurrentTextValue))),
+        number(DriverFeature::findPlainMember<int>(nameText(Property::kCurrentIntValue))),
+        fraction(DriverFeature::findPlainMember<float>(nameText(Property::kCurrentFloatValue))),
+        optionCommand(DriverFeatureOption::findPlainMember(nameText(dialect.commandProperty))) {}
+
+  bool operator==(const TextProperties&) const = default;
+
+  // Whether the platform has resolved all of the names, as it should.
+  bool areKnown() const {
+    return inGroup != nullptr && command != nullptr && routine != nullptr && text != nullptr &&
+           number != nullptr && fraction != nullptr && optionCommand != nullptr;
+  }
+
+  const bool DriverFeature::*inGroup = nullptr;
+  const std::string DriverFeature::*command = nullptr;
+  const std::string DriverFeature::*routine = nullptr;
+  const std::string DriverFeature::*text = nullptr;
+  const int DriverFeature::*number = nullptr;
+  const float DriverFeature::*fraction = nullptr;
+  const std::string DriverFeatureOption::*optionCommand = nullptr;
+};
+
+// The object as one of the library's own class, or null for a host's.
+template <class Own, class Interface>
+const Own* asOwn(const Interface& object) {
+  return typeid(object) == typeid(Own) ? static_cast<const Own*>(&object) : nullptr;
+}
+
+}  // namespace driver_feature
+
+#endif  // OUTPUT_TEXT_PROPERTIES_H_
