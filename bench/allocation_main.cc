@@ -18,8 +18,6 @@ struct Limit {
 // A property's name of more than 15 characters is a text with memory of its
 // own, which the functions that take a name have to make.
 constexpr std::uint64_t kLongName = 1;
-// Writing a set: two texts that values and templates are read into.
-constexpr std::uint64_t kScratch = 2;
 
 constexpr Limit kLimits[] = {
     {"read int", 0},
@@ -35,9 +33,11 @@ constexpr Limit kLimits[] = {
     {"find feature", 0},
     {"option by position", 0},
     {"notify", 0},
-    {"serialize PostScript", kScratch},
-    {"serialize PJL", kScratch},
-    {"serialize numbers and texts", kScratch},
+    {"serialize PostScript", 0},
+    {"serialize PJL", 0},
+    {"serialize numbers and texts", 0},
+    {"change and serialize PostScript", 0},
+    {"change and serialize PJL", 0},
 };
 
 std::uint64_t allocationsOf(const Operation& operation, int size) {

@@ -28,6 +28,7 @@ OPERATIONS = (
     "change choice/1000",
     "serialize PostScript/1000",
     "serialize PJL/1000",
+    "change and serialize PostScript/1000",
     "serialize ticket/1000",
     "restore defaults/1000",
 )
@@ -72,10 +73,14 @@ def compare(baseline, counts):
     """Prints all and answers whether none has grown too much."""
     good = True
     for operation in OPERATIONS:
+        if operation not in baseline:
+            good = False
+            print(f"{operation:38}is not in the baseline; --update writes a new one")
+            continue
         ratio = counts[operation] / baseline[operation]
         verdict = "" if ratio <= HIGHEST_GROWTH else "  GROWN by more than 5 %"
         good = good and not verdict
-        print(f"{operation:28}{baseline[operation]:14,}{counts[operation]:14,.0f}"
+        print(f"{operation:38}{baseline[operation]:14,}{counts[operation]:14,.0f}"
               f"{ratio - 1:+9.2%}{verdict}")
     return good
 

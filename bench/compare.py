@@ -34,6 +34,8 @@ PAIRS = (
     ("read choice", "look up", 1 / 2),
     ("serialize PostScript", "emit", 1 / 4),
     ("serialize PJL", "emit", 1 / 4),
+    ("change and serialize PostScript", "mark and emit", 1 / 4),
+    ("change and serialize PJL", "mark and emit", 1 / 4),
 )
 FLOOR = "copy the PostScript"
 
@@ -126,8 +128,9 @@ def print_pairs(ours, theirs, our_counts, their_counts):
                 a[mine] / b[other] for a, b in zip(ours.times, theirs.times))
             limit = {1000: wanted, 10000: wanted / 2}.get(size)
             floor = ""
-            if our_name.startswith("serialize"):
-                floor = f"{ours.median(mine) / ours.median(f'{FLOOR}/{size}'):.0f} times"
+            if "serialize" in our_name:
+                floor = (f"{ours.median(mine) / ours.median(f'{FLOOR}/{size}'):.1f} times, "
+                         f"{our_counts[mine] / our_counts[f'{FLOOR}/{size}']:.1f} of instructions")
             print(f"| {our_name} | {size:,} | {shown_time(ours.median(mine))} "
                   f"| {shown_time(theirs.median(other))} | {ratio:.3f} "
                   f"| {our_counts[mine]:,.0f} | {their_counts[other]:,.0f} "

@@ -11,6 +11,7 @@
 #include <iostream>
 #include <string_view>
 
+#include "bench/heap.h"
 #include "bench/operation.h"
 
 namespace driver_feature::bench {
@@ -23,7 +24,9 @@ int runsFor(const Step& step) {
 }
 
 void finish(const Step& step) {
-  if (step.after) step.after();
+  if (!step.after) return;
+  step.after();
+  settleHeap();
 }
 
 void count(const Operation& operation, int size) {

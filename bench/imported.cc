@@ -72,6 +72,7 @@ Step writing(int number) {
   DriverFeatureSet& set = useModel("real_xml", number);
   return {.run =
               [&set, output = std::string()]() mutable {
+                makeTextsOld();
                 set.serialize(output, 1, false, "", "");
                 benchmark::DoNotOptimize(output.data());
               },

@@ -85,6 +85,11 @@ DriverFeatureSet& useModel(const std::string& kind, int size) {
   return *set;
 }
 
+void makeTextsOld() {
+  static DriverFeatureOption option(std::string("of no feature"));
+  option.setOptionProperty(std::string("Name"), std::string("of no feature"));
+}
+
 }  // namespace driver_feature::bench
 
 // The routines of the generated descriptions, found by name.

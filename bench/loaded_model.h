@@ -37,6 +37,10 @@ inline NamesInTurn namesOfType(int size, int type) {
   return NamesInTurn(size, type, 3);
 }
 
+// Makes the library write all of the next PostScript or PJL anew, by storing a
+// text in an option of no feature.
+void makeTextsOld();
+
 // How often the update callback and the change routine have been called.
 struct Calls {
   long updates = 0;

@@ -81,6 +81,15 @@ Step emitting(int size) {
   return emission(modelOf(size));
 }
 
+Step markingAndEmitting(int size) {
+  return {.run =
+              [mark = marking(size), emit = emitting(size)] {
+                mark.run();
+                emit.run();
+              },
+          .overAll = true};
+}
+
 Step lookingUp(int size) {
   return {[ppd = modelOf(size), names = NamesInTurn(size)]() mutable {
     ppd_option_t* option = ppdFindOption(ppd, names.next().c_str());
@@ -136,6 +145,7 @@ void addOperations(Operations& operations) {
   operations.push_back({"open", kFeatureCounts, opening});
   operations.push_back({"mark", kFeatureCounts, marking});
   operations.push_back({"emit", kFeatureCounts, emitting});
+  operations.push_back({"mark and emit", kFeatureCounts, markingAndEmitting});
   operations.push_back({"look up", kFeatureCounts, lookingUp});
   operations.push_back({"read marked choice", kFeatureCounts, readingChoice});
   const std::vector<int> models = realModels();

@@ -11,13 +11,16 @@
 #include <string_view>
 
 #include "bench/allocations.h"
+#include "bench/heap.h"
 #include "bench/operation.h"
 
 namespace driver_feature::bench {
 namespace {
 
 void finish(const Step& step) {
-  if (step.after) step.after();
+  if (!step.after) return;
+  step.after();
+  settleHeap();
 }
 
 void measure(benchmark::State& state, const Operation& operation) {
@@ -36,7 +39,7 @@ void measure(benchmark::State& state, const Operation& operation) {
     step.run();
     if (!step.after) continue;
     state.PauseTiming();
-    step.after();
+    finish(step);
     state.ResumeTiming();
   }
   state.counters["allocations"] = static_cast<double>(allocations);
