@@ -19,6 +19,11 @@ int obstacle(const std::string& path) {
   return S_ISDIR(status.st_mode) ? EISDIR : 0;
 }
 
+bool isNumber(ppd_cptype_t type) {
+  return type == PPD_CUSTOM_CURVE || type == PPD_CUSTOM_INT || type == PPD_CUSTOM_INVCURVE ||
+         type == PPD_CUSTOM_POINTS || type == PPD_CUSTOM_REAL;
+}
+
 PpdProblem openProblem(const std::string& path, int systemError) {
   return {path + ": cannot be opened: " + std::strerror(systemError), "file cannot be opened"};
 }
@@ -77,7 +82,26 @@ bool equalKeywords(const char* left, const char* right) {
   return strcasecmp(left, right) == 0;
 }
 
+CustomNumbersAway::CustomNumbersAway(ppd_file_t& ppd) {
+  for (auto* custom = cupsArrayFirst(ppd.coptions); custom != nullptr;
+       custom = cupsArrayNext(ppd.coptions)) {
+    cups_array_t* parameters = static_cast<ppd_coption_t*>(custom)->params;
+    for (auto* each = cupsArrayFirst(parameters); each != nullptr;
+         each = cupsArrayNext(parameters)) {
+      auto* parameter = static_cast<ppd_cparam_t*>(each);
+      if (!isNumber(parameter->type)) continue;
+      away_.emplace_back(parameter, parameter->current);
+      parameter->current = {};
+    }
+  }
+}
+
+CustomNumbersAway::~CustomNumbersAway() {
+  for (const auto& [parameter, value] : away_) parameter->current = value;
+}
+
 std::string emittedText(ppd_file_t& ppd, ppd_section_t section) {
+  const CustomNumbersAway away(ppd);
   const std::unique_ptr<char, void (*)(void*)> text(ppdEmitString(&ppd, section, 0), std::free);
   return text ? text.get() : "";
 }
