@@ -1,12 +1,18 @@
 #include "host/ppd/ppd_file.h"
 
+#include <cups/file.h>
 #include <sys/stat.h>
 
 #include <strings.h>
 
+#include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+
+#include "host/input_file.h"
 
 namespace driver_feature {
 
@@ -26,6 +32,22 @@ bool isNumber(ppd_cptype_t type) {
 
 PpdProblem openProblem(const std::string& path, int systemError) {
   return {path + ": cannot be opened: " + std::strerror(systemError), "file cannot be opened"};
+}
+
+// Whether the file is compressed with gzip and its text does not have the
+// length that its last four bytes tell. libcups takes what there is of such a
+// file for the whole.
+bool isCutOff(const std::string& path) {
+  std::error_code ignored;  // libcups then says why the file cannot be opened.
+  std::string file;
+  // A pipe could not be read again.
+  if (!std::filesystem::is_regular_file(path, ignored) || !readFile(path, file)) return false;
+  if (!file.starts_with("\x1F\x8B") || file.size() < 4) return false;
+  std::uint32_t length = 0;
+  for (std::size_t i = 1; i <= 4; ++i) {
+    length = (length << 8U) | static_cast<unsigned char>(file[file.size() - i]);
+  }
+  return static_cast<std::uint32_t>(ppdBytes(path).size()) != length;
 }
 
 PpdProblem problemOf(const std::string& path, int systemError) {
@@ -50,6 +72,12 @@ PpdPointer readPpd(const std::string& path, PpdProblem& problem) {
     problem = openProblem(path, systemError);
     return nullptr;
   }
+  if (isCutOff(path)) {
+    problem = {
+        path + ": the compressed file is cut off or damaged; copy it again (gunzip -t tests it)",
+        "compressed file is cut off or damaged"};
+    return nullptr;
+  }
   errno = 0;
   PpdPointer ppd(ppdOpenFile(path.c_str()));
   if (!ppd) {
@@ -60,6 +88,19 @@ PpdPointer readPpd(const std::string& path, PpdProblem& problem) {
   // Settles what stands for the page size.
   emittedText(*ppd, PPD_ORDER_ANY);
   return ppd;
+}
+
+std::string ppdBytes(const std::string& path) {
+  const std::unique_ptr<cups_file_t, int (*)(cups_file_t*)> file(cupsFileOpen(path.c_str(), "r"),
+                                                                 &cupsFileClose);
+  std::string bytes;
+  std::array<char, 65536> buffer;
+  while (file) {
+    const ssize_t count = cupsFileRead(file.get(), buffer.data(), buffer.size());
+    if (count <= 0) break;
+    bytes.append(buffer.data(), static_cast<std::size_t>(count));
+  }
+  return bytes;
 }
 
 std::vector<ppd_option_t*> optionsOf(ppd_file_t& ppd) {

@@ -24,6 +24,10 @@ using PpdPointer = std::unique_ptr<ppd_file_t, PpdDeleter>;
 // cannot be read.
 PpdPointer readPpd(const std::string& path, PpdProblem& problem);
 
+// The bytes of a PPD file, compressed with gzip or not; those up to the first
+// that cannot be read.
+std::string ppdBytes(const std::string& path);
+
 // The options of all groups, in the order of the file. libcups puts none into
 // subgroups.
 std::vector<ppd_option_t*> optionsOf(ppd_file_t& ppd);
