@@ -1,8 +1,5 @@
 #include "host/queue/queue_command.h"
 
-#include <cups/file.h>
-
-#include <array>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -59,20 +56,6 @@ QueueRequest requestOf(const Arguments& arguments, const SessionRequest& general
   return request;
 }
 
-// The bytes of a PPD file, compressed with gzip or not.
-std::string readBytes(const std::string& path) {
-  const std::unique_ptr<cups_file_t, int (*)(cups_file_t*)> file(cupsFileOpen(path.c_str(), "r"),
-                                                                 &cupsFileClose);
-  std::string bytes;
-  std::array<char, 65536> buffer;
-  while (file) {
-    const ssize_t count = cupsFileRead(file.get(), buffer.data(), buffer.size());
-    if (count <= 0) break;
-    bytes.append(buffer.data(), static_cast<std::size_t>(count));
-  }
-  return bytes;
-}
-
 // An option of the PPD that the description has no feature for does nothing.
 void complainOfOptions(const Arguments& arguments, const Model& model, ppd_file_t& ppd) {
   for (ppd_option_t* option : optionsOf(ppd)) {
@@ -101,8 +84,13 @@ int compose(const Arguments& arguments, const Session& session,
     complain(problem.text);
     return kUnusable;
   }
+  const std::string bytes = ppdBytes(arguments.ppd);
+  if (bytes.empty()) {
+    complain(arguments.ppd + ": cannot be read a second time; give a file instead of a pipe");
+    return kUnusable;
+  }
   complainOfOptions(arguments, session.model(), *ppd);
-  results.push_back({arguments.output, withQueueLines(readBytes(arguments.ppd), lines)});
+  results.push_back({arguments.output, withQueueLines(bytes, lines)});
   return kSuccess;
 }
 

@@ -60,6 +60,16 @@ TEST_F(QueueCommandTest, CompressedPpd_IsReadAsItIs) {
   EXPECT_EQ(queue({"office.xml", "--ppd", "office.ppd.gz"}), plain);
 }
 
+TEST_F(QueueCommandTest, PpdFromAPipe_IsRefused) {
+  const std::string program =
+      std::string(DRIVER_FEATURE_PROGRAM) + " --library " DRIVER_FEATURE_LIBRARY " queue";
+  EXPECT_EQ(runIn(folder(), "/bin/sh",
+                  {"-c", "cat office.ppd | " + program + " printer.xml --ppd /dev/stdin"}),
+            failure(2,
+                    "driver-feature: /dev/stdin: cannot be read a second time; give a file "
+                    "instead of a pipe\n"));
+}
+
 TEST_F(QueueCommandTest, OptionWithoutFeature_IsNamed) {
   const RunResult result = queue({"printer.xml", "--ppd", "office.ppd", "--output", "queue.ppd"});
   EXPECT_EQ(result.errors,
