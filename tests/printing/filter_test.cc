@@ -151,6 +151,17 @@ TEST_F(HandwrittenQueueTest, UnusableJobs_FailAndWriteNothing) {
             failure(1, "ERROR: the job cannot be read from .: Is a directory\n"));
 }
 
+TEST_F(HandwrittenQueueTest, SecondDocument_FailsTheJobBehindTheFirst) {
+  const std::string document = kExit + "@PJL\n" + read("job.ps");
+  write("job.ps", document + document + kExit);
+  const RunResult result = withoutDebug(filter(""));
+  EXPECT_EQ(result.output, twoPages(header("1", "A4"), setup("false", "595 842")));
+  EXPECT_EQ(result.errors, kTwoPages +
+                               "ERROR: only the first document has been printed, because another "
+                               "one stands behind its end; send each as a job of its own\n");
+  EXPECT_EQ(result.status, 1);
+}
+
 TEST_F(HandwrittenQueueTest, UnusableQueues_Fail) {
   EXPECT_EQ(filterWith({"7"}),
             failure(1,
