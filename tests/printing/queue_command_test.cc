@@ -129,6 +129,37 @@ TEST_F(QueueCommandTest, NoPpd_MakesOneOfTheFeatures) {
             "*ParamCustomWeight Value: 1 int 60 220\n");
 }
 
+TEST_F(QueueCommandTest, NamesThatDifferInCaseOnly_SecondIsNamed) {
+  describe("small.xml",
+           {feature("MultiSelect", "Tray", "DefaultValue='b' PSCommand='%s '",
+                    "<Option Name='B' PSCommand='big'/><Option Name='b' PSCommand='small'/>"),
+            feature("MultiSelect", "tray", "", "<Option Name='x'/>")});
+  const std::string reason =
+      ": another one has this name, of which a PPD does not tell capital from small letters\n";
+  EXPECT_EQ(queue({"small.xml", "--output", "queue.ppd"}).errors,
+            "driver-feature: not in the PPD: Tray=b" + reason +
+                "driver-feature: not in the PPD: tray" + reason);
+  // The default is the description's, though the PPD does not have it.
+  set("PPD", "queue.ppd");
+  EXPECT_THAT(filter("").output, HasSubstr("\nsmall \n"));
+  EXPECT_THAT(filter("Tray=B").output, HasSubstr("\nbig \n"));
+}
+
+TEST_F(QueueCommandTest, ImportedDescription_HasEachOptionOnceAndNoJobFrame) {
+  command({"import", "office.ppd", "--output", "office.xml"});
+  const RunResult result = queue({"office.xml", "--output", "queue.ppd"});
+  for (const std::string name : {"JCLBegin", "JCLEnd", "JCLToPSInterpreter"}) {
+    EXPECT_THAT(result.errors, HasSubstr("not in the PPD: " + name + ": a PPD cannot have"));
+  }
+  const std::string ppd = read("queue.ppd");
+  for (const std::string name : {"*JCLBegin", "*JCLEnd", "*JCLToPSInterpreter"}) {
+    EXPECT_THAT(ppd, Not(HasSubstr(name)));
+  }
+  const std::size_t first = ppd.find("*OpenUI *PageRegion");
+  ASSERT_NE(first, std::string::npos);
+  EXPECT_EQ(ppd.find("*OpenUI *PageRegion", first + 1), std::string::npos);
+}
+
 TEST_F(QueueCommandTest, MadePpd_CarriesDefaultsAndNumbersIntoTheJob) {
   describe("small.xml",
            {feature("IntEntry", "Weight",
