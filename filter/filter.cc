@@ -64,7 +64,8 @@ std::optional<JobTexts> textsFor(const FilterArguments& arguments, const Queue& 
   int status = kSuccess;
   const auto session = Session::open(request, status);
   if (!session) return std::nullopt;
-  session->log().setTeller([](const std::string& line) { tell(Message::kDebug, line); });
+  // Such as a routine that is missing: the job then lacks what it would write.
+  session->log().setTeller([](const std::string& line) { tell(Message::kWarning, line); });
   session->log().release();
   session->offerNoAllowance();
   JobSettings settings(session->model(), ppd, queue.refusedValue);

@@ -308,6 +308,15 @@ TEST_F(HandwrittenQueueTest, OptionThatNeedsAnotherOne_MayStandBeforeIt) {
   EXPECT_EQ(filter("CustomPageWidth=100").status, 1);
 }
 
+TEST_F(HandwrittenQueueTest, MissingRoutine_IsWarnedOf) {
+  describe("printer.xml", {feature("UIOnly", "A", "AddPSCallbackRoutine='absentRoutine'")});
+  const RunResult result = withoutDebug(filter(""));
+  EXPECT_EQ(result.errors,
+            "WARNING: misuse: serialize() - Cannot load PS Command callback: absentRoutine\n" +
+                kTwoPages);
+  EXPECT_EQ(result.status, 0);
+}
+
 TEST_F(HandwrittenQueueTest, RoutineThatPrints_DoesNotPrintIntoTheJob) {
   set("DRIVER_FEATURE_ROUTINES", ROUTINES_LIBRARY);
   describe("printer.xml",
