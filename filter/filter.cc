@@ -78,7 +78,8 @@ std::optional<JobTexts> textsFor(const FilterArguments& arguments, const Queue& 
 void dropCopiesMade(FilterArguments& arguments) {
   const char* type = std::getenv("CONTENT_TYPE");
   const bool isFirst = !arguments.file.empty() || type == nullptr;
-  if (!isFirst && std::strcmp(type, "application/postscript") != 0) arguments.copies = 1;
+  arguments.isConverted = !isFirst && std::strcmp(type, "application/postscript") != 0;
+  if (arguments.isConverted) arguments.copies = 1;
 }
 
 std::unique_ptr<QueuePpd> openPpd(std::string& problem) {

@@ -33,6 +33,20 @@ bool isKnownToLibcups(const std::string& option) {
   return std::find(kKnown.begin(), kKnown.end(), option) != kKnown.end();
 }
 
+// Whether the option asks for other pages, or pages in another order, than the
+// document has. Filters that convert documents see to that.
+bool isForPages(const Setting& option) {
+  struct Row {
+    std::string_view option;
+    std::string_view idle;  // Asks for nothing.
+  };
+  constexpr std::array<Row, 4> kRows = {
+      {{"number-up", "1"}, {"outputorder", "normal"}, {"page-ranges", ""}, {"page-set", "all"}}};
+  return std::any_of(kRows.begin(), kRows.end(), [&option](const Row& row) {
+    return row.option == option.name && row.idle != option.value;
+  });
+}
+
 std::string withoutCustom(const std::string& value) {
   constexpr std::string_view kCustom = "Custom.";
   return value.starts_with(kCustom) ? value.substr(kCustom.size()) : value;
@@ -45,6 +59,7 @@ std::string keywordPart(const std::string& name) {
 }  // namespace
 
 bool JobSettings::apply(const FilterArguments& arguments) {
+  isConverted_ = arguments.isConverted;
   for (const Setting& option : arguments.options) sort(option);
   addCopies(arguments);
   addDefault("job-name", harmless(arguments.title));
@@ -86,8 +101,18 @@ void JobSettings::sort(const Setting& option) {
     return;
   }
   if (sortByKey(option)) return;
+  passBy(option);
+}
+
+void JobSettings::passBy(const Setting& option) {
   forPpd_.push_back(option);
-  tell(Message::kDebug, "option " + option.name + " is no feature and passes by");
+  if (!isConverted_ && isForPages(option)) {
+    tell(Message::kWarning, "option " + option.name +
+                                " has no effect, because the document was sent as PostScript, "
+                                "whose pages pass as they are");
+  } else {
+    tell(Message::kDebug, "option " + option.name + " is no feature and passes by");
+  }
 }
 
 bool JobSettings::sortByKey(const Setting& option) {

@@ -39,6 +39,7 @@ class JobSettings {
 
   void sort(const Setting& option);
   bool sortByKey(const Setting& option);
+  void passBy(const Setting& option);
   void addCopies(const FilterArguments& arguments);
   void addDefault(const std::string& key, const std::string& value);
   bool isAsked(const std::string& feature) const;
@@ -52,6 +53,7 @@ class JobSettings {
   const Model& model_;
   QueuePpd* ppd_;
   RefusedValue refusedValue_;
+  bool isConverted_ = false;
   bool takesCopies_ = false;
   bool hasFailed_ = false;
   std::vector<Setting> forPpd_;               // Options for libcups to mark.

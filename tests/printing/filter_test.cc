@@ -72,6 +72,25 @@ TEST_F(HandwrittenQueueTest, UnknownOption_PassesBy) {
                         kTwoPages));
 }
 
+TEST_F(HandwrittenQueueTest, OptionsForThePages_AreWarnedOfUnlessTheyHaveBeenHeeded) {
+  const auto warning = [](const std::string& option) {
+    return "WARNING: option " + option +
+           " has no effect, because the document was sent as PostScript, whose pages pass as they "
+           "are\n";
+  };
+  const std::string options = "number-up=2 outputorder=reverse page-ranges=1 page-set=odd";
+  EXPECT_EQ(withoutDebug(filter(options)).errors, warning("number-up") + warning("outputorder") +
+                                                      warning("page-ranges") + warning("page-set") +
+                                                      kTwoPages);
+  EXPECT_EQ(withoutDebug(filter("number-up=1 outputorder=normal page-set=all")).errors, kTwoPages);
+  set("CONTENT_TYPE", "application/pdf");
+  const RunResult converted = filterWith({"7", "jane", "t", "1", options},
+                                         [] { ::dup2(::open("job.ps", O_RDONLY), STDIN_FILENO); });
+  EXPECT_EQ(withoutDebug(converted).errors, kTwoPages);
+  describe("printer.xml", {feature("IntEntry", "Pages", "CLOKey='number-up'")});
+  EXPECT_EQ(withoutDebug(filter("number-up=2")).errors, kTwoPages);
+}
+
 TEST_F(HandwrittenQueueTest, RefusedValues_FailTheJobAndAreNamed) {
   EXPECT_EQ(filter("PageSize=A0 Unknown=1 sides=many", "1000"),
             failure(1,
