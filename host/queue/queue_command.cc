@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -42,7 +43,12 @@ struct Arguments {
 };
 
 std::string absolutePath(const std::string& path) {
-  return path.empty() ? path : fs::absolute(path).lexically_normal().string();
+  if (path.empty()) return path;
+  const fs::path whole = fs::absolute(path);
+  const fs::path normal = whole.lexically_normal();
+  // Behind a symbolic link, ".." leads to the folder of what it points to.
+  std::error_code ignored;
+  return (fs::equivalent(whole, normal, ignored) ? normal : whole).string();
 }
 
 QueueRequest requestOf(const Arguments& arguments, const SessionRequest& general) {

@@ -60,6 +60,17 @@ TEST_F(QueueCommandTest, CompressedPpd_IsReadAsItIs) {
   EXPECT_EQ(queue({"office.xml", "--ppd", "office.ppd.gz"}), plain);
 }
 
+TEST_F(QueueCommandTest, PathThroughALink_LeadsToTheSameFile) {
+  std::filesystem::create_directories(folder() / "far" / "in");
+  std::filesystem::create_directory_symlink("far/in", folder() / "link");
+  std::filesystem::rename(folder() / "printer.xml", folder() / "far" / "printer.xml");
+  EXPECT_EQ(queue({"link/../printer.xml", "--output", "queue.ppd"}), success(""));
+  set("PPD", "queue.ppd");
+  EXPECT_EQ(filter("").status, 0);
+  EXPECT_EQ(queue({"./far/in/../printer.xml", "--output", "queue.ppd"}), success(""));
+  EXPECT_THAT(read("queue.ppd"), HasSubstr("Description: \"" + path("far/printer.xml") + "\"\n"));
+}
+
 TEST_F(QueueCommandTest, PpdFromAPipe_IsRefused) {
   const std::string program =
       std::string(DRIVER_FEATURE_PROGRAM) + " --library " DRIVER_FEATURE_LIBRARY " queue";
