@@ -65,7 +65,10 @@ bool JobSettings::apply(const FilterArguments& arguments) {
   addDefault("job-name", harmless(arguments.title));
   addDefault("user-name", harmless(arguments.user));
   for (;;) {
-    const std::vector<Wish> refused = settle(collect());
+    std::vector<Wish> refused = settle(collect());
+    for (Wish& wish : refused) {
+      if (wish.option.empty()) wish.option = translated(wish.setting);
+    }
     bool again = false;
     for (const Wish& wish : refused) {
       if (wish.option.empty()) {
@@ -172,6 +175,29 @@ std::vector<JobSettings::Wish> JobSettings::marked() {
   return wishes;
 }
 
+bool JobSettings::isMarkedBy(const std::vector<Setting>& options, const Setting& setting) const {
+  ppd_->mark(options);
+  const std::vector<Setting> marked = ppd_->marked();
+  return std::any_of(marked.begin(), marked.end(), [&setting](const Setting& other) {
+    return other.name == setting.name && other.value == setting.value;
+  });
+}
+
+// The job's option that libcups has turned into the setting, such as "media";
+// empty when it is a default.
+std::string JobSettings::translated(const Setting& setting) const {
+  if (ppd_ == nullptr) return "";
+  std::string name;
+  if (!isMarkedBy({}, setting)) {
+    const auto option = std::find_if(forPpd_.begin(), forPpd_.end(), [&](const Setting& one) {
+      return !named_.contains(one.name) && isMarkedBy({one}, setting);
+    });
+    if (option != forPpd_.end()) name = option->name;
+  }
+  ppd_->mark(forPpd_);
+  return name;
+}
+
 // Applies the wishes, and again those that were refused as long as others have
 // changed something: an option may be available because of another one.
 // Answers the wishes that stay refused.
@@ -206,7 +232,7 @@ void JobSettings::refuse(const std::string& option, const std::string& reason) {
 // Takes an option back. False when that changes nothing.
 bool JobSettings::drop(const std::string& option) {
   const auto taken = std::erase_if(wishes_, [&](const Wish& w) { return w.option == option; });
-  std::string keyword;
+  std::string keyword = option;  // Of one that libcups translates, its own name.
   for (const auto& [name, asked] : named_) {
     if (asked == option) keyword = name;
   }

@@ -45,6 +45,8 @@ class JobSettings {
   bool isAsked(const std::string& feature) const;
   std::vector<Wish> collect();
   std::vector<Wish> marked();
+  bool isMarkedBy(const std::vector<Setting>& options, const Setting& setting) const;
+  std::string translated(const Setting& setting) const;
   std::vector<Wish> settle(std::vector<Wish> wishes) const;
   bool isDone(Wish& wish) const;
   void refuse(const std::string& option, const std::string& reason);

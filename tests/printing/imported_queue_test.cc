@@ -143,6 +143,25 @@ TEST_F(ImportedQueueTest, CustomSizeOutsideOfTheLimits_IsRefused) {
   EXPECT_THAT(result.errors, testing::StartsWith("ERROR: option PageSize: "));
 }
 
+TEST_F(ImportedQueueTest, SizeThatLibcupsTranslates_IsRefusedByItsOwnName) {
+  const std::string option = "job-uuid=1 media=Custom.20x3000 sides=two-sided-long-edge";
+  const std::string xml = std::filesystem::canonical(folder()) / "office.xml";
+  const RunResult failed = withoutDebug(filter(option));
+  EXPECT_EQ(failed, failure(1,
+                            "ERROR: option media: 20 is out of range; give a decimal number, from "
+                            "100 to 1000 (" +
+                                xml +
+                                ":39)\nERROR: option media: 3000 is out of range; give a decimal "
+                                "number, from 100 to 2000 (" +
+                                xml + ":40)\n"));
+  set("DRIVER_FEATURE_REFUSED_VALUE", "default");
+  const RunResult printed = withoutDebug(filter(option));
+  EXPECT_EQ(printed.output,
+            job(begin("A title", "7 jane A title"), "OFF", {{"Duplex", "DuplexNoTumble"}}));
+  EXPECT_THAT(printed.errors, testing::StartsWith("WARNING: option media: 20 is out of range; "));
+  EXPECT_EQ(printed.status, 0);
+}
+
 // libcups has room for ten bytes of each number.
 TEST_F(ImportedQueueTest, LongCustomNumbers_StayOutOfLibcupsMemory) {
   constexpr int kNumbers = 50;
