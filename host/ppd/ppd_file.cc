@@ -135,10 +135,21 @@ CustomNumbersAway::CustomNumbersAway(ppd_file_t& ppd) {
       parameter->current = {};
     }
   }
+  for (int i = 0; i < ppd.num_sizes; ++i) {
+    ppd_size_t& size = ppd.sizes[i];
+    if (!equalKeywords(size.name, "Custom")) continue;
+    sizes_.emplace_back(&size, size);
+    size.width = 0;
+    size.length = 0;
+  }
 }
 
 CustomNumbersAway::~CustomNumbersAway() {
   for (const auto& [parameter, value] : away_) parameter->current = value;
+  for (const auto& [size, values] : sizes_) {
+    size->width = values.width;
+    size->length = values.length;
+  }
 }
 
 std::string emittedText(ppd_file_t& ppd, ppd_section_t section) {

@@ -39,8 +39,7 @@ std::vector<ppd_choice_t*> choicesOf(ppd_option_t& option);
 // case are the same.
 bool equalKeywords(const char* left, const char* right);
 
-// While it lives, the numbers of all custom choices are 0; those of page sizes
-// are written from elsewhere.
+// While it lives, the numbers of all custom choices are 0, page sizes included.
 //
 // libcups makes room for ten bytes of such a number, and writes those that need
 // more past the end of its memory. Values come from whoever prints.
@@ -53,6 +52,7 @@ class CustomNumbersAway {
 
  private:
   std::vector<std::pair<ppd_cparam_t*, ppd_cpvalue_t>> away_;
+  std::vector<std::pair<ppd_size_t*, ppd_size_t>> sizes_;
 };
 
 // The text of a section with what is marked, as libcups writes it; but with 0
