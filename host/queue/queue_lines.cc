@@ -21,7 +21,7 @@ std::string pathLine(const std::string& keyword, const std::string& path, std::s
                 "character in it; give the file another name";
     }
   }
-  const std::string line = "*DriverFeature" + keyword + ": \"" + path + "\"";
+  std::string line = "*DriverFeature" + keyword + ": \"" + path + "\"";
   if (line.size() > kLongestLine) {
     problem = path +
               ": a PPD cannot hold this path, because its lines have 255 bytes at most; give the "
