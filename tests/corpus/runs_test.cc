@@ -122,6 +122,19 @@ TEST_F(PpdEquivalenceTest, HangOfTheTrialLoad_EndsAtTheLimit) {
   EXPECT_TRUE(hangingProcessIsGone());
 }
 
+TEST_F(PpdEquivalenceTest, EndOfTheProgram_LeavesNoProcessBehind) {
+  plantRoutine("hangInOutput");
+  compareAndInterrupt();
+  EXPECT_TRUE(hangingProcessIsGone());
+}
+
+TEST_F(PpdEquivalenceTest, EndOfTheProgram_LeavesNoTrialLoadBehind) {
+  plant("DriverFeatureHostUpdate", "hangInUpdate");
+  plant("Name=\"Duplex\"", "Name=\"Duplex\" Sensitivity=\"true\"");
+  compareAndInterrupt();
+  EXPECT_TRUE(hangingProcessIsGone());
+}
+
 TEST_F(PpdEquivalenceTest, FailureOfOne_DoesNotTouchTheOthers) {
   write("other.ppd", "no PPD\n");
   EXPECT_EQ(compare({"other.ppd"}).status, 1);
