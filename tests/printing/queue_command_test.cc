@@ -73,7 +73,7 @@ TEST_F(QueueCommandTest, PathThroughALink_LeadsToTheSameFile) {
 
 TEST_F(QueueCommandTest, PpdFromAPipe_IsRefused) {
   const std::string program =
-      std::string(DRIVER_FEATURE_PROGRAM) + " --library " DRIVER_FEATURE_LIBRARY " queue";
+      "'" DRIVER_FEATURE_PROGRAM "' --library '" DRIVER_FEATURE_LIBRARY "' queue";
   EXPECT_EQ(runIn(folder(), "/bin/sh",
                   {"-c", "cat office.ppd | " + program + " printer.xml --ppd /dev/stdin"}),
             failure(2,
