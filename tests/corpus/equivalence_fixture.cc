@@ -57,10 +57,9 @@ void PpdEquivalenceTest::compareAndInterrupt() {
   write("small.xml", description_);
   const RunResult result =
       runIn(folder(), "/bin/sh",
-            {"-c", PPD_EQUIVALENCE
-             " --description small.xml --callbacks " CORPUS_ROUTINES
-             " --library " DRIVER_FEATURE_LIBRARY " small.ppd >/dev/null 2>&1 & "
-             "while [ ! -s hanging_process ]; do sleep 0.02; done; kill $!; wait $!"});
+            {"-c", "'" PPD_EQUIVALENCE "' --description small.xml --callbacks '" CORPUS_ROUTINES
+                   "' --library '" DRIVER_FEATURE_LIBRARY "' small.ppd >/dev/null 2>&1 & "
+                   "while [ ! -s hanging_process ]; do sleep 0.02; done; kill $!; wait $!"});
   EXPECT_EQ(result.status, 128 + SIGTERM);
 }
 
