@@ -119,13 +119,23 @@ bool writeFile(const fs::path& path, const std::string& text) {
   return false;
 }
 
-// Every folder is made anew but the one of the reports itself.
+// Makes the folder, and removes from it the files of an earlier run, which are
+// named by numbers. Whatever else is there belongs to somebody else.
+void prepareFolder(const fs::path& folder, const std::string& ending) {
+  fs::create_directories(folder);
+  std::vector<fs::path> old;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+    const std::string number = entry.path().stem().string();
+    const bool isNumber = number.find_first_not_of("0123456789") == std::string::npos;
+    if (isNumber && entry.path().extension() == ending) old.push_back(entry.path());
+  }
+  for (const fs::path& file : old) fs::remove(file);
+}
+
 void prepareFolders(Arguments& arguments) {
   const fs::path output = arguments.output;
-  for (const char* name : {"descriptions", "jobs"}) {
-    fs::remove_all(output / name);
-    fs::create_directories(output / name);
-  }
+  prepareFolder(output / "descriptions", ".xml");
+  prepareFolder(output / "jobs", ".ps");
   arguments.run.descriptionFolder = output / "descriptions";
   if (arguments.run.jobs > 0) arguments.run.jobFolder = output / "jobs";
 }

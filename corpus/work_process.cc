@@ -13,6 +13,7 @@
 #include <iostream>
 #include <system_error>
 
+#include "host/process_copy.h"
 #include "host/temporary_file.h"
 
 namespace driver_feature {
@@ -25,7 +26,8 @@ constexpr char kAnswer = 'A';
 
 constexpr std::size_t kPrintedLimit = 2000;
 
-[[noreturn]] void workInChild(const WorkProcess::Work& work, int pipe, int printed) {
+[[noreturn]] void workInChild(const WorkProcess::Work& work, pid_t parent, int pipe, int printed) {
+  endWithParent(parent);
   ::setpgid(0, 0);
   ::dup2(printed, STDOUT_FILENO);
   ::dup2(printed, STDERR_FILENO);
@@ -73,8 +75,9 @@ std::unique_ptr<WorkProcess> WorkProcess::start(const Work& work, std::chrono::s
   // What waits in a buffer must not come out twice.
   std::cout.flush();
   std::fflush(nullptr);
+  const pid_t self = ::getpid();
   const pid_t child = printed < 0 ? -1 : ::fork();
-  if (child == 0) workInChild(work, ends[1], printed);
+  if (child == 0) workInChild(work, self, ends[1], printed);
   const int error = errno;
   ::close(ends[1]);
   if (child < 0) {

@@ -20,6 +20,7 @@ struct FilterArguments {
   int copies = 1;
   std::vector<Setting> options;  // By their names; of one that stands twice the last.
   std::string file;              // Empty for standard input.
+  bool isConverted = false;      // The filters before this one have made the document PostScript.
 };
 
 // Nothing when the arguments cannot be understood; `problem` then says why.

@@ -63,7 +63,9 @@ Problem problemOf(const Device& device) {
 Problem problemOf(const JobStructure& job) {
   switch (job.kind()) {
     case JobStructure::Kind::kPostScript:
-      return std::nullopt;
+      if (!job.hasSecondDocument()) return std::nullopt;
+      return "only the first document has been printed, because another one stands behind its "
+             "end; send each as a job of its own";
     case JobStructure::Kind::kUnknown:
       return "the job is empty; send a PostScript document";
     case JobStructure::Kind::kNotPostScript:

@@ -64,7 +64,8 @@ std::optional<JobTexts> textsFor(const FilterArguments& arguments, const Queue& 
   int status = kSuccess;
   const auto session = Session::open(request, status);
   if (!session) return std::nullopt;
-  session->log().setTeller([](const std::string& line) { tell(Message::kDebug, line); });
+  // Such as a routine that is missing: the job then lacks what it would write.
+  session->log().setTeller([](const std::string& line) { tell(Message::kWarning, line); });
   session->log().release();
   session->offerNoAllowance();
   JobSettings settings(session->model(), ppd, queue.refusedValue);
@@ -77,7 +78,8 @@ std::optional<JobTexts> textsFor(const FilterArguments& arguments, const Queue& 
 void dropCopiesMade(FilterArguments& arguments) {
   const char* type = std::getenv("CONTENT_TYPE");
   const bool isFirst = !arguments.file.empty() || type == nullptr;
-  if (!isFirst && std::strcmp(type, "application/postscript") != 0) arguments.copies = 1;
+  arguments.isConverted = !isFirst && std::strcmp(type, "application/postscript") != 0;
+  if (arguments.isConverted) arguments.copies = 1;
 }
 
 std::unique_ptr<QueuePpd> openPpd(std::string& problem) {

@@ -33,6 +33,20 @@ bool isKnownToLibcups(const std::string& option) {
   return std::find(kKnown.begin(), kKnown.end(), option) != kKnown.end();
 }
 
+// Whether the option asks for other pages, or pages in another order, than the
+// document has. Filters that convert documents see to that.
+bool isForPages(const Setting& option) {
+  struct Row {
+    std::string_view option;
+    std::string_view idle;  // Asks for nothing.
+  };
+  constexpr std::array<Row, 4> kRows = {
+      {{"number-up", "1"}, {"outputorder", "normal"}, {"page-ranges", ""}, {"page-set", "all"}}};
+  return std::any_of(kRows.begin(), kRows.end(), [&option](const Row& row) {
+    return row.option == option.name && row.idle != option.value;
+  });
+}
+
 std::string withoutCustom(const std::string& value) {
   constexpr std::string_view kCustom = "Custom.";
   return value.starts_with(kCustom) ? value.substr(kCustom.size()) : value;
@@ -45,12 +59,16 @@ std::string keywordPart(const std::string& name) {
 }  // namespace
 
 bool JobSettings::apply(const FilterArguments& arguments) {
+  isConverted_ = arguments.isConverted;
   for (const Setting& option : arguments.options) sort(option);
   addCopies(arguments);
   addDefault("job-name", harmless(arguments.title));
   addDefault("user-name", harmless(arguments.user));
   for (;;) {
-    const std::vector<Wish> refused = settle(collect());
+    std::vector<Wish> refused = settle(collect());
+    for (Wish& wish : refused) {
+      if (wish.option.empty()) wish.option = translated(wish.setting);
+    }
     bool again = false;
     for (const Wish& wish : refused) {
       if (wish.option.empty()) {
@@ -86,8 +104,18 @@ void JobSettings::sort(const Setting& option) {
     return;
   }
   if (sortByKey(option)) return;
+  passBy(option);
+}
+
+void JobSettings::passBy(const Setting& option) {
   forPpd_.push_back(option);
-  tell(Message::kDebug, "option " + option.name + " is no feature and passes by");
+  if (!isConverted_ && isForPages(option)) {
+    tell(Message::kWarning, "option " + option.name +
+                                " has no effect, because the document was sent as PostScript, "
+                                "whose pages pass as they are");
+  } else {
+    tell(Message::kDebug, "option " + option.name + " is no feature and passes by");
+  }
 }
 
 bool JobSettings::sortByKey(const Setting& option) {
@@ -147,6 +175,29 @@ std::vector<JobSettings::Wish> JobSettings::marked() {
   return wishes;
 }
 
+bool JobSettings::isMarkedBy(const std::vector<Setting>& options, const Setting& setting) const {
+  ppd_->mark(options);
+  const std::vector<Setting> marked = ppd_->marked();
+  return std::any_of(marked.begin(), marked.end(), [&setting](const Setting& other) {
+    return other.name == setting.name && other.value == setting.value;
+  });
+}
+
+// The job's option that libcups has turned into the setting, such as "media";
+// empty when it is a default.
+std::string JobSettings::translated(const Setting& setting) const {
+  if (ppd_ == nullptr) return "";
+  std::string name;
+  if (!isMarkedBy({}, setting)) {
+    const auto option = std::find_if(forPpd_.begin(), forPpd_.end(), [&](const Setting& one) {
+      return !named_.contains(one.name) && isMarkedBy({one}, setting);
+    });
+    if (option != forPpd_.end()) name = option->name;
+  }
+  ppd_->mark(forPpd_);
+  return name;
+}
+
 // Applies the wishes, and again those that were refused as long as others have
 // changed something: an option may be available because of another one.
 // Answers the wishes that stay refused.
@@ -181,7 +232,7 @@ void JobSettings::refuse(const std::string& option, const std::string& reason) {
 // Takes an option back. False when that changes nothing.
 bool JobSettings::drop(const std::string& option) {
   const auto taken = std::erase_if(wishes_, [&](const Wish& w) { return w.option == option; });
-  std::string keyword;
+  std::string keyword = option;  // Of one that libcups translates, its own name.
   for (const auto& [name, asked] : named_) {
     if (asked == option) keyword = name;
   }

@@ -39,11 +39,14 @@ class JobSettings {
 
   void sort(const Setting& option);
   bool sortByKey(const Setting& option);
+  void passBy(const Setting& option);
   void addCopies(const FilterArguments& arguments);
   void addDefault(const std::string& key, const std::string& value);
   bool isAsked(const std::string& feature) const;
   std::vector<Wish> collect();
   std::vector<Wish> marked();
+  bool isMarkedBy(const std::vector<Setting>& options, const Setting& setting) const;
+  std::string translated(const Setting& setting) const;
   std::vector<Wish> settle(std::vector<Wish> wishes) const;
   bool isDone(Wish& wish) const;
   void refuse(const std::string& option, const std::string& reason);
@@ -52,6 +55,7 @@ class JobSettings {
   const Model& model_;
   QueuePpd* ppd_;
   RefusedValue refusedValue_;
+  bool isConverted_ = false;
   bool takesCopies_ = false;
   bool hasFailed_ = false;
   std::vector<Setting> forPpd_;               // Options for libcups to mark.

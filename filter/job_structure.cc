@@ -4,14 +4,12 @@
 #include <initializer_list>
 #include <utility>
 
+#include "filter/pjl_line.h"
 #include "filter/structure_comment.h"
 
 namespace driver_feature {
 
 namespace {
-
-constexpr std::string_view kExit = "\x1b%-12345X";
-constexpr char kEndOfFile = '\x04';
 
 bool isOneOf(std::string_view keyword, std::initializer_list<std::string_view> keywords) {
   return std::find(keywords.begin(), keywords.end(), keyword) != keywords.end();
@@ -35,6 +33,10 @@ JobStructure::JobStructure(Sections sections, ByteSink& sink, std::function<void
 
 void JobStructure::finish() {
   lines_.finish();
+  endStructure();
+}
+
+void JobStructure::endStructure() {
   if (place_ != Place::kHeader && place_ != Place::kBehindHeader) return;
   if (!lineHasEnd_) sink_.put("\n");
   if (place_ == Place::kHeader) sink_.put(sections_.exitServer);
@@ -44,7 +46,7 @@ void JobStructure::finish() {
 void JobStructure::takeLine(const JobLine& line) {
   const std::string_view keyword = line.isWhole ? keywordOf(line.text) : "";
   isDropping_ = false;
-  if (takeEmbedded(line, keyword)) return;
+  if (takeEmbedded(line, keyword) || takeBehindJob(line)) return;
   while (!takeAt(line, keyword)) {
   }
   beginEmbedded(line, keyword);
@@ -52,6 +54,19 @@ void JobStructure::takeLine(const JobLine& line) {
 
 void JobStructure::takeBytes(std::string_view bytes) {
   if (!isDropping_) sink_.put(bytes);
+}
+
+// Wherever the job has come to, an exit ends it when it came with PJL.
+bool JobStructure::takeBehindJob(const JobLine& line) {
+  if (place_ == Place::kFront || !hasPjl_) return false;
+  if (place_ != Place::kBehindJob) {
+    if (!beginsWithExit(line.text)) return false;
+    endStructure();
+    place_ = Place::kBehindJob;
+  }
+  isDropping_ = true;
+  hasSecondDocument_ = hasSecondDocument_ || withoutExits(line.text).starts_with("%!");
+  return true;
 }
 
 // Data and documents in the job have lines of their own, which mean nothing.
@@ -108,11 +123,8 @@ bool JobStructure::takeAt(const JobLine& line, std::string_view keyword) {
 bool JobStructure::takeFront(const JobLine& line) {
   isDropping_ = true;
   if (kind_ == Kind::kNotPostScript) return true;
-  std::string_view text = line.text;
-  while (text.starts_with(kEndOfFile) || text.starts_with(kExit)) {
-    hasPjl_ = hasPjl_ || text.front() != kEndOfFile;
-    text.remove_prefix(text.front() == kEndOfFile ? 1 : kExit.size());
-  }
+  hasPjl_ = hasPjl_ || beginsWithExit(line.text);
+  const std::string_view text = withoutExits(line.text);
   if (!text.starts_with("%!")) {
     if (!takePjlInFront(text)) kind_ = Kind::kNotPostScript;
     return true;
@@ -128,9 +140,7 @@ bool JobStructure::takeFront(const JobLine& line) {
 // another language.
 bool JobStructure::takePjlInFront(std::string_view text) {
   if (text.find_first_not_of(" \t") == std::string_view::npos) return true;
-  if (!hasPjl_ || !text.starts_with("@PJL")) return false;
-  return text.find("ENTER LANGUAGE") == std::string_view::npos ||
-         text.find("POSTSCRIPT") != std::string_view::npos;
+  return hasPjl_ && text.starts_with("@PJL") && !entersOtherLanguage(text);
 }
 
 bool JobStructure::takeHeader(const JobLine& line, std::string_view keyword) {
@@ -224,13 +234,6 @@ bool JobStructure::takePageHeader(const JobLine& line, std::string_view keyword)
 }
 
 bool JobStructure::takeRest(const JobLine& line, std::string_view keyword) {
-  std::string_view text = line.text;
-  if (text.starts_with(kEndOfFile)) text.remove_prefix(1);
-  if (hasPjl_ && text.starts_with(kExit)) place_ = Place::kBehindJob;
-  if (place_ == Place::kBehindJob) {
-    isDropping_ = true;
-    return true;
-  }
   if (keyword == "Page") {
     place_ = Place::kPageHeader;
     tellPage_(++pages_);

@@ -43,6 +43,10 @@ class JobStructure : private LineListener {
 
   Kind kind() const { return kind_; }
 
+  // Whether another document stands behind the PJL trailer that was taken off.
+  // It is left out.
+  bool hasSecondDocument() const { return hasSecondDocument_; }
+
   // Whether the document set-up has been written, or is empty.
   bool isSetUp() const { return isSetUp_ || sections_.documentSetup.empty(); }
 
@@ -64,6 +68,8 @@ class JobStructure : private LineListener {
   void takeLine(const JobLine& line) override;
   void takeBytes(std::string_view bytes) override;
 
+  void endStructure();
+  bool takeBehindJob(const JobLine& line);
   bool takeEmbedded(const JobLine& line, std::string_view keyword);
   void beginEmbedded(const JobLine& line, std::string_view keyword);
   // Each answers whether it has dealt with the line; otherwise the place has
@@ -107,6 +113,7 @@ class JobStructure : private LineListener {
   bool isSetUp_ = false;
   bool lineHasEnd_ = true;   // The line that was passed last.
   bool isDropping_ = false;  // The rest of a long line is dropped, too.
+  bool hasSecondDocument_ = false;
 };
 
 }  // namespace driver_feature

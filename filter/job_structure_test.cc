@@ -22,6 +22,7 @@ struct Outcome {
   std::vector<long> pages;
   JobStructure::Kind kind = JobStructure::Kind::kUnknown;
   bool isSetUp = false;
+  bool hasSecondDocument = false;
 };
 
 Sections allSections() {
@@ -41,6 +42,7 @@ Outcome run(const std::string& job, std::size_t piece, const Sections& sections 
   outcome.text = memory.text;
   outcome.kind = structure.kind();
   outcome.isSetUp = structure.isSetUp();
+  outcome.hasSecondDocument = structure.hasSecondDocument();
   return outcome;
 }
 
@@ -253,6 +255,37 @@ TEST(JobStructure, PjlOfTheJobItself_IsTakenOff) {
     }
   }
   EXPECT_EQ(written("\x04" + jobWith("")), writtenWith(""));
+}
+
+// PJL knows no capital letters; CUPS sends these jobs for PostScript.
+TEST(JobStructure, LanguageInOtherLetters_IsPostScript) {
+  const std::string exit = "\x1b%-12345X";
+  for (const std::string language : {"ENTER LANGUAGE = PostScript", "ENTER LANGUAGE = Postscript",
+                                     "Enter Language=postscript"}) {
+    EXPECT_EQ(written(exit + "@PJL " + language + "\n" + jobWith("") + exit), writtenWith(""))
+        << language;
+  }
+  EXPECT_EQ(written(exit + "@PJL enter language=pclxl\n" + jobWith("")), "");
+}
+
+TEST(JobStructure, PjlBehindAnyPart_IsTakenOff) {
+  const std::string exit = "\x1b%-12345X";
+  for (const std::string job :
+       {"%!PS\n", "%!PS\ncode\n", "%!PS\n%%EndComments\n%%BeginDefaults\n",
+        "%!PS\n%%EndComments\n%%BeginProlog\ncode\n",
+        "%!PS\n%%EndComments\n%%BeginProlog\n%%EndProlog\n",
+        "%!PS\n%%EndComments\n%%BeginProlog\n%%EndProlog\ncode\nshowpage\n",
+        "%!PS\n%%BeginSetup\ncode\n", "%!PS\n%%Page: 1 1\n", "%!PS\n%%Page: 1 1\ncode\n"}) {
+    EXPECT_EQ(written(exit + "@PJL\n" + job + exit + "@PJL EOJ\n" + exit), written(job)) << job;
+  }
+}
+
+TEST(JobStructure, SecondDocumentBehindThePjl_IsToldOf) {
+  const std::string exit = "\x1b%-12345X";
+  const std::string first = exit + "@PJL\n%!PS\nshowpage\n";
+  EXPECT_FALSE(run(first + exit + "@PJL EOJ\n" + exit, 1).hasSecondDocument);
+  EXPECT_TRUE(run(first + exit + "@PJL\n%!PS\nshowpage\n" + exit, 1).hasSecondDocument);
+  EXPECT_TRUE(run(first + exit + "%!PS\nshowpage\n" + exit, 1).hasSecondDocument);
 }
 
 TEST(JobStructure, ExitInAJobWithoutPjl_Passes) {

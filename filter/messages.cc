@@ -23,6 +23,19 @@ const char* wordOf(Message kind) {
   return "ERROR: ";
 }
 
+// A print scheduler takes 2047 bytes for a line, and what follows them for
+// another message, which whoever prints could then write.
+constexpr std::size_t kLongestText = 1500;
+
+std::string shortened(std::string text) {
+  if (text.size() <= kLongestText) return text;
+  std::size_t end = kLongestText;
+  // Not within a character of several bytes.
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
+  text.resize(end);
+  return text + " ...";
+}
+
 // In one piece, so that lines of other filters do not get between.
 void writeLine(const std::string& line) {
   std::string_view rest = line;
@@ -37,7 +50,7 @@ void writeLine(const std::string& line) {
 }  // namespace
 
 void tell(Message kind, std::string_view text) {
-  writeLine(wordOf(kind) + printable(text) + "\n");
+  writeLine(wordOf(kind) + shortened(printable(text)) + "\n");
 }
 
 void tellPage(long number, long copies) {

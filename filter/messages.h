@@ -14,7 +14,8 @@ enum class Message {
 };
 
 // Writes "ERROR: TEXT" or the like and a line end. Control characters of the
-// text are spelled out, so that it stays one line and begins no other message.
+// text are spelled out, and a long one is cut, so that it stays one line and
+// begins no other message.
 void tell(Message kind, std::string_view text);
 
 // Writes "PAGE: NUMBER COPIES": a page has begun.

@@ -144,6 +144,7 @@ void QueuePpd::addParameters(const std::string& keyword, std::vector<Setting>& s
 }
 
 std::string QueuePpd::jobBegin(int job, const std::string& user, const std::string& title) const {
+  const CustomNumbersAway away(*ppd_);
   return written(
       [&](std::FILE* file) { ppdEmitJCL(ppd_.get(), file, job, user.c_str(), title.c_str()); });
 }

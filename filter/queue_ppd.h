@@ -46,7 +46,7 @@ class QueuePpd {
   std::vector<Setting> marked() const;
 
   // The text of a job's beginning in job-control language, and that of its
-  // end, with the marked choices.
+  // end, with the marked choices; but with 0 for the numbers of custom ones.
   std::string jobBegin(int job, const std::string& user, const std::string& title) const;
   std::string jobEnd() const;
 

@@ -1,12 +1,14 @@
 #include "host/process_copy.h"
 
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <iostream>
@@ -85,8 +87,10 @@ std::optional<std::vector<std::string>> runInCopy(
   // What waits in a buffer must not come out twice.
   std::cout.flush();
   std::fflush(nullptr);
+  const pid_t self = ::getpid();
   const pid_t copy = ::fork();
   if (copy == 0) {
+    endWithParent(self);
     ::close(ends[0]);
     answer(ends[1], streams, work);
   }
@@ -96,6 +100,12 @@ std::optional<std::vector<std::string>> runInCopy(
   while (copy != -1 && ::waitpid(copy, nullptr, 0) == -1 && errno == EINTR) {
   }
   return unpack(packed);
+}
+
+void endWithParent(pid_t parent) {
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  // It may have ended before.
+  if (::getppid() != parent) ::_exit(1);
 }
 
 }  // namespace driver_feature

@@ -2,6 +2,8 @@
 #ifndef HOST_PROCESS_COPY_H_
 #define HOST_PROCESS_COPY_H_
 
+#include <sys/types.h>
+
 #include <functional>
 #include <optional>
 #include <string>
@@ -20,6 +22,10 @@ enum class CopyStreams {
 // has answered.
 std::optional<std::vector<std::string>> runInCopy(
     CopyStreams streams, const std::function<std::vector<std::string>()>& work);
+
+// Called in a copy of the process `parent`: ends the copy when that ends, so
+// that what hangs in it does not stay behind.
+void endWithParent(pid_t parent);
 
 }  // namespace driver_feature
 

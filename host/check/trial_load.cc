@@ -12,6 +12,7 @@
 #include "Log.h"
 
 #include "host/host_routines.h"
+#include "host/process_copy.h"
 
 namespace driver_feature {
 
@@ -103,9 +104,11 @@ LoadReport loadInChild(const Plugin& plugin, void* description) {
   if (pipe2(ends.data(), O_CLOEXEC) != 0) fail("the library cannot be tried: pipe");
   // What is still in a buffer must not be written twice.
   std::fflush(nullptr);
+  const pid_t self = getpid();
   const pid_t child = fork();
   if (child < 0) fail("the library cannot be tried: fork");
   if (child == 0) {
+    endWithParent(self);
     close(ends[0]);
     load(plugin, description, ends[1]);
   }

@@ -1,33 +1,27 @@
 #include "host/ppd/losses.h"
 
-#include <algorithm>
-
 #include "host/text.h"
 
 namespace driver_feature {
 
 void Losses::note(LossKind kind, const std::string& what) {
-  std::vector<Entry>& entries = entries_[kind];
-  const auto known = std::find_if(entries.begin(), entries.end(),
-                                  [&what](const Entry& entry) { return entry.what == what; });
-  if (known != entries.end()) {
-    ++known->times;
-  } else {
-    entries.push_back({what, 1});
-  }
+  Notes& notes = notes_[kind];
+  const auto [place, isNew] = notes.places.try_emplace(what, notes.entries.size());
+  if (isNew) notes.entries.push_back({what, 0});
+  ++notes.entries[place->second].times;
 }
 
 long Losses::count(LossKind kind) const {
   long count = 0;
-  const auto entries = entries_.find(kind);
-  if (entries == entries_.end()) return 0;
-  for (const Entry& entry : entries->second) count += entry.times;
+  const auto notes = notes_.find(kind);
+  if (notes == notes_.end()) return 0;
+  for (const Entry& entry : notes->second.entries) count += entry.times;
   return count;
 }
 
 std::string Losses::list(LossKind kind) const {
   std::vector<std::string> names;
-  for (const Entry& entry : entries_.at(kind)) {
+  for (const Entry& entry : notes_.at(kind).entries) {
     names.push_back(entry.times == 1 ? entry.what
                                      : entry.what + " (" + std::to_string(entry.times) + ")");
   }
@@ -36,20 +30,20 @@ std::string Losses::list(LossKind kind) const {
 
 std::vector<std::string> Losses::lines() const {
   std::vector<std::string> all;
-  for (const auto& [kind, entries] : entries_) {
+  for (const auto& [kind, notes] : notes_) {
     for (const std::string& line : lines(kind)) all.push_back(line);
   }
   return all;
 }
 
 std::vector<std::string> Losses::lines(LossKind kind) const {
-  const auto entries = entries_.find(kind);
-  if (entries == entries_.end()) return {};
+  const auto notes = notes_.find(kind);
+  if (notes == notes_.end()) return {};
   if (kind == LossKind::kText) return {"texts for users: " + list(kind)};
   if (kind == LossKind::kKeyword) return {"keywords: " + list(kind)};
   const std::string word = kind == LossKind::kConstraint ? "constraint " : "";
   std::vector<std::string> lines;
-  for (const Entry& entry : entries->second) lines.push_back(word + entry.what);
+  for (const Entry& entry : notes->second.entries) lines.push_back(word + entry.what);
   return lines;
 }
 

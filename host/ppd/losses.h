@@ -3,8 +3,10 @@
 #ifndef HOST_PPD_LOSSES_H_
 #define HOST_PPD_LOSSES_H_
 
+#include <cstddef>
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace driver_feature {
@@ -39,9 +41,15 @@ class Losses {
     long times = 0;
   };
 
+  // What was noted of one kind.
+  struct Notes {
+    std::vector<Entry> entries;                           // In the order of the first note.
+    std::unordered_map<std::string, std::size_t> places;  // Of each thing among the entries.
+  };
+
   std::string list(LossKind kind) const;
 
-  std::map<LossKind, std::vector<Entry>> entries_;  // In the order of the first note.
+  std::map<LossKind, Notes> notes_;
 };
 
 }  // namespace driver_feature

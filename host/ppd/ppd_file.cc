@@ -1,12 +1,18 @@
 #include "host/ppd/ppd_file.h"
 
+#include <cups/file.h>
 #include <sys/stat.h>
 
 #include <strings.h>
 
+#include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
+
+#include "host/input_file.h"
 
 namespace driver_feature {
 
@@ -19,8 +25,29 @@ int obstacle(const std::string& path) {
   return S_ISDIR(status.st_mode) ? EISDIR : 0;
 }
 
+bool isNumber(ppd_cptype_t type) {
+  return type == PPD_CUSTOM_CURVE || type == PPD_CUSTOM_INT || type == PPD_CUSTOM_INVCURVE ||
+         type == PPD_CUSTOM_POINTS || type == PPD_CUSTOM_REAL;
+}
+
 PpdProblem openProblem(const std::string& path, int systemError) {
   return {path + ": cannot be opened: " + std::strerror(systemError), "file cannot be opened"};
+}
+
+// Whether the file is compressed with gzip and its text does not have the
+// length that its last four bytes tell. libcups takes what there is of such a
+// file for the whole.
+bool isCutOff(const std::string& path) {
+  std::error_code ignored;  // libcups then says why the file cannot be opened.
+  std::string file;
+  // A pipe could not be read again.
+  if (!std::filesystem::is_regular_file(path, ignored) || !readFile(path, file)) return false;
+  if (!file.starts_with("\x1F\x8B") || file.size() < 4) return false;
+  std::uint32_t length = 0;
+  for (std::size_t i = 1; i <= 4; ++i) {
+    length = (length << 8U) | static_cast<unsigned char>(file[file.size() - i]);
+  }
+  return static_cast<std::uint32_t>(ppdBytes(path).size()) != length;
 }
 
 PpdProblem problemOf(const std::string& path, int systemError) {
@@ -45,6 +72,12 @@ PpdPointer readPpd(const std::string& path, PpdProblem& problem) {
     problem = openProblem(path, systemError);
     return nullptr;
   }
+  if (isCutOff(path)) {
+    problem = {
+        path + ": the compressed file is cut off or damaged; copy it again (gunzip -t tests it)",
+        "compressed file is cut off or damaged"};
+    return nullptr;
+  }
   errno = 0;
   PpdPointer ppd(ppdOpenFile(path.c_str()));
   if (!ppd) {
@@ -55,6 +88,19 @@ PpdPointer readPpd(const std::string& path, PpdProblem& problem) {
   // Settles what stands for the page size.
   emittedText(*ppd, PPD_ORDER_ANY);
   return ppd;
+}
+
+std::string ppdBytes(const std::string& path) {
+  const std::unique_ptr<cups_file_t, int (*)(cups_file_t*)> file(cupsFileOpen(path.c_str(), "r"),
+                                                                 &cupsFileClose);
+  std::string bytes;
+  std::array<char, 65536> buffer;
+  while (file) {
+    const ssize_t count = cupsFileRead(file.get(), buffer.data(), buffer.size());
+    if (count <= 0) break;
+    bytes.append(buffer.data(), static_cast<std::size_t>(count));
+  }
+  return bytes;
 }
 
 std::vector<ppd_option_t*> optionsOf(ppd_file_t& ppd) {
@@ -77,7 +123,37 @@ bool equalKeywords(const char* left, const char* right) {
   return strcasecmp(left, right) == 0;
 }
 
+CustomNumbersAway::CustomNumbersAway(ppd_file_t& ppd) {
+  for (auto* custom = cupsArrayFirst(ppd.coptions); custom != nullptr;
+       custom = cupsArrayNext(ppd.coptions)) {
+    cups_array_t* parameters = static_cast<ppd_coption_t*>(custom)->params;
+    for (auto* each = cupsArrayFirst(parameters); each != nullptr;
+         each = cupsArrayNext(parameters)) {
+      auto* parameter = static_cast<ppd_cparam_t*>(each);
+      if (!isNumber(parameter->type)) continue;
+      away_.emplace_back(parameter, parameter->current);
+      parameter->current = {};
+    }
+  }
+  for (int i = 0; i < ppd.num_sizes; ++i) {
+    ppd_size_t& size = ppd.sizes[i];
+    if (!equalKeywords(size.name, "Custom")) continue;
+    sizes_.emplace_back(&size, size);
+    size.width = 0;
+    size.length = 0;
+  }
+}
+
+CustomNumbersAway::~CustomNumbersAway() {
+  for (const auto& [parameter, value] : away_) parameter->current = value;
+  for (const auto& [size, values] : sizes_) {
+    size->width = values.width;
+    size->length = values.length;
+  }
+}
+
 std::string emittedText(ppd_file_t& ppd, ppd_section_t section) {
+  const CustomNumbersAway away(ppd);
   const std::unique_ptr<char, void (*)(void*)> text(ppdEmitString(&ppd, section, 0), std::free);
   return text ? text.get() : "";
 }

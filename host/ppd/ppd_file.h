@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/ppd/ppd_problem.h"
@@ -23,6 +24,10 @@ using PpdPointer = std::unique_ptr<ppd_file_t, PpdDeleter>;
 // cannot be read.
 PpdPointer readPpd(const std::string& path, PpdProblem& problem);
 
+// The bytes of a PPD file, compressed with gzip or not; those up to the first
+// that cannot be read.
+std::string ppdBytes(const std::string& path);
+
 // The options of all groups, in the order of the file. libcups puts none into
 // subgroups.
 std::vector<ppd_option_t*> optionsOf(ppd_file_t& ppd);
@@ -34,7 +39,24 @@ std::vector<ppd_choice_t*> choicesOf(ppd_option_t& option);
 // case are the same.
 bool equalKeywords(const char* left, const char* right);
 
-// The text of a section with what is marked, as libcups writes it.
+// While it lives, the numbers of all custom choices are 0, page sizes included.
+//
+// libcups makes room for ten bytes of such a number, and writes those that need
+// more past the end of its memory. Values come from whoever prints.
+class CustomNumbersAway {
+ public:
+  explicit CustomNumbersAway(ppd_file_t& ppd);
+  ~CustomNumbersAway();
+  CustomNumbersAway(const CustomNumbersAway&) = delete;
+  CustomNumbersAway& operator=(const CustomNumbersAway&) = delete;
+
+ private:
+  std::vector<std::pair<ppd_cparam_t*, ppd_cpvalue_t>> away_;
+  std::vector<std::pair<ppd_size_t*, ppd_size_t>> sizes_;
+};
+
+// The text of a section with what is marked, as libcups writes it; but with 0
+// for the numbers of custom choices.
 std::string emittedText(ppd_file_t& ppd, ppd_section_t section);
 
 }  // namespace driver_feature

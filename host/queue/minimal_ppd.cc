@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <limits>
 #include <optional>
+#include <set>
 #include <string_view>
 #include <utility>
 
+#include "host/queue/ppd_names.h"
 #include "host/settings_file.h"
 #include "model/core_feature.h"
 #include "model/core_feature_set.h"
@@ -17,15 +19,8 @@ namespace driver_feature {
 
 namespace {
 
-constexpr std::size_t kLongestName = 40;  // Of a keyword or choice in a PPD.
 constexpr const char* kPageSize = "PageSize";
-
-bool isPpdName(const std::string& name) {
-  return !name.empty() && name.size() <= kLongestName &&
-         std::all_of(name.begin(), name.end(), [](char c) {
-           return c > ' ' && c < 0x7f && c != '/' && c != ':' && c != '"' && c != '*' && c != '.';
-         });
-}
+constexpr const char* kPageRegion = "PageRegion";
 
 // What stays of a text where a PPD wants a name for users.
 std::string plainText(const std::string& text) {
@@ -71,11 +66,16 @@ class Writer {
     if (!feature.hasValue() || !feature.isVisible() || feature.isEncrypted() || name == "Copies") {
       return;
     }
+    const bool isList = feature.kind() == FeatureKind::kMultiSelect;
     if (feature.kind() == FeatureKind::kTextEntry) {
       lose(name, "a PPD has no options for texts");
-    } else if (!isPpdName(name) || name.starts_with("Custom") || name.starts_with("Default")) {
+    } else if (!isOptionName(name, isList)) {
       lose(name, "a PPD cannot have this name");
-    } else if (feature.kind() == FeatureKind::kMultiSelect) {
+    } else if (!names_.insert(smallLetters(name)).second) {
+      lose(name, kSameName);
+    } else if (name == kPageRegion && hasPageSizes()) {
+      return;  // It stands with them.
+    } else if (isList) {
       addList(name, feature);
     } else {
       addNumber(name, feature);
@@ -87,6 +87,13 @@ class Writer {
  private:
   void lose(const std::string& what, const std::string& reason) {
     ppd_.losses.push_back(what + ": " + reason);
+  }
+
+  // Whether addPageSizes() writes the page sizes.
+  bool hasPageSizes() const {
+    const auto size = model_.features.find(kPageSize);
+    return size != model_.features.end() && size->second.isVisible() &&
+           size->second.kind() == FeatureKind::kMultiSelect;
   }
 
   template <class... Texts>
@@ -104,14 +111,17 @@ class Writer {
 
   void addList(const std::string& name, const FeatureView& feature) {
     std::vector<std::string> choices;
+    std::set<std::string> names;
     for (const Choice& choice : feature.choices()) {
       if (!choice.visible) continue;
       if (choice.name == "Custom") {
         lose(name + "=Custom", "a PPD has this name for values of any size");
-      } else if (!isPpdName(choice.name)) {
+      } else if (!isChoiceName(choice.name)) {
         lose(name + "=" + choice.name, "a PPD cannot have this name");
       } else if (name == kPageSize && !paperSizeOf(model_, choice.name)) {
         lose(name + "=" + choice.name, "libcups knows no size of this name");
+      } else if (!names.insert(smallLetters(choice.name)).second) {
+        lose(name + "=" + choice.name, kSameName);
       } else {
         choices.push_back(choice.name);
       }
@@ -119,8 +129,10 @@ class Writer {
     if (choices.empty()) return;
     const std::string current = feature.currentChoice().value_or("");
     const bool isListed = std::find(choices.begin(), choices.end(), current) != choices.end();
-    writeList(name, choices, isListed ? current : choices.front());
-    if (name == kPageSize) addPageSizes(choices, isListed ? current : choices.front());
+    // Marks none of the choices, so that the description's default stands.
+    const std::string usual = isListed ? current : "Unknown";
+    writeList(name, choices, usual);
+    if (name == kPageSize) addPageSizes(choices, usual);
   }
 
   void writeList(const std::string& name, const std::vector<std::string>& choices,
@@ -132,7 +144,7 @@ class Writer {
 
   // Programs want to know the paper sizes, and PPDs have to tell them twice.
   void addPageSizes(const std::vector<std::string>& choices, const std::string& current) {
-    writeList("PageRegion", choices, current);
+    writeList(kPageRegion, choices, current);
     line("*DefaultImageableArea: " + current);
     for (const std::string& choice : choices) {
       const PaperSize size = paperSizeOf(model_, choice).value();
@@ -168,8 +180,12 @@ class Writer {
            (limits.floatMax ? numberText(*limits.floatMax) : "1000000");
   }
 
+  static constexpr const char* kSameName =
+      "another one has this name, of which a PPD does not tell capital from small letters";
+
   const Model& model_;
   MinimalPpd ppd_;
+  std::set<std::string> names_;  // Of features, with small letters.
 };
 
 }  // namespace

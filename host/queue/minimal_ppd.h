@@ -16,8 +16,9 @@ struct MinimalPpd {
 };
 
 // The PPD, named `name` for users. It has an option for every visible feature
-// that is a list or a number, with the present value as its default. The
-// options have no commands: those are the description's.
+// that is a list or a number, with the present value as its default; or with
+// "Unknown", so that the description's own stands, when the PPD cannot hold the
+// value. The options have no commands: those are the description's.
 MinimalPpd minimalPpd(const Model& model, const std::string& name,
                       const std::vector<std::string>& queueLines);
 

@@ -1,11 +1,9 @@
 #include "host/queue/queue_command.h"
 
-#include <cups/file.h>
-
-#include <array>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -45,7 +43,12 @@ struct Arguments {
 };
 
 std::string absolutePath(const std::string& path) {
-  return path.empty() ? path : fs::absolute(path).lexically_normal().string();
+  if (path.empty()) return path;
+  const fs::path whole = fs::absolute(path);
+  const fs::path normal = whole.lexically_normal();
+  // Behind a symbolic link, ".." leads to the folder of what it points to.
+  std::error_code ignored;
+  return (fs::equivalent(whole, normal, ignored) ? normal : whole).string();
 }
 
 QueueRequest requestOf(const Arguments& arguments, const SessionRequest& general) {
@@ -57,20 +60,6 @@ QueueRequest requestOf(const Arguments& arguments, const SessionRequest& general
   }
   request.defaultForRefused = arguments.defaultForRefused;
   return request;
-}
-
-// The bytes of a PPD file, compressed with gzip or not.
-std::string readBytes(const std::string& path) {
-  const std::unique_ptr<cups_file_t, int (*)(cups_file_t*)> file(cupsFileOpen(path.c_str(), "r"),
-                                                                 &cupsFileClose);
-  std::string bytes;
-  std::array<char, 65536> buffer;
-  while (file) {
-    const ssize_t count = cupsFileRead(file.get(), buffer.data(), buffer.size());
-    if (count <= 0) break;
-    bytes.append(buffer.data(), static_cast<std::size_t>(count));
-  }
-  return bytes;
 }
 
 // An option of the PPD that the description has no feature for does nothing.
@@ -101,8 +90,13 @@ int compose(const Arguments& arguments, const Session& session,
     complain(problem.text);
     return kUnusable;
   }
+  const std::string bytes = ppdBytes(arguments.ppd);
+  if (bytes.empty()) {
+    complain(arguments.ppd + ": cannot be read a second time; give a file instead of a pipe");
+    return kUnusable;
+  }
   complainOfOptions(arguments, session.model(), *ppd);
-  results.push_back({arguments.output, withQueueLines(readBytes(arguments.ppd), lines)});
+  results.push_back({arguments.output, withQueueLines(bytes, lines)});
   return kSuccess;
 }
 

@@ -8,6 +8,7 @@ namespace driver_feature {
 
 namespace {
 
+constexpr std::size_t kLongestLine = 255;  // Without its end; libcups reads no longer ones.
 constexpr const char* kFilter = "driver-feature-filter";
 
 // A line that holds a file's path; a PPD has no way to write a quotation mark
@@ -20,7 +21,13 @@ std::string pathLine(const std::string& keyword, const std::string& path, std::s
                 "character in it; give the file another name";
     }
   }
-  return "*DriverFeature" + keyword + ": \"" + path + "\"";
+  std::string line = "*DriverFeature" + keyword + ": \"" + path + "\"";
+  if (line.size() > kLongestLine) {
+    problem = path +
+              ": a PPD cannot hold this path, because its lines have 255 bytes at most; give the "
+              "file a shorter path";
+  }
+  return line;
 }
 
 // The next line of the text, with its line end.

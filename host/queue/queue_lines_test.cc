@@ -37,6 +37,19 @@ TEST(QueueLines, PathThatAPpdCannotHold_IsRefused) {
   }
 }
 
+// libcups refuses a PPD with a line of more than 255 bytes.
+TEST(QueueLines, PathThatMakesALineTooLong_IsRefused) {
+  const std::string longest = "/" + std::string(225, 'a');
+  std::string problem;
+  const auto lines = queueLines({longest, "", {}, false}, problem);
+  EXPECT_EQ(problem, "");
+  EXPECT_EQ(lines[2].size(), 255U);
+  queueLines({longest + "a", "", {}, false}, problem);
+  EXPECT_EQ(problem, longest +
+                         "a: a PPD cannot hold this path, because its lines have 255 bytes at "
+                         "most; give the file a shorter path");
+}
+
 TEST(QueueLines, OtherFiltersLines_AreReplaced) {
   for (const std::string end : {"\n", "\r\n", "\r"}) {
     const std::string ppd = "*PPD-Adobe: \"4.3\"" + end + "*% a note" + end +

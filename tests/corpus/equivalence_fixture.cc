@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
 #include <fstream>
 #include <iterator>
 #include <thread>
@@ -50,6 +51,16 @@ RunResult PpdEquivalenceTest::compare(std::vector<std::string> arguments) {
                                        "--library", DRIVER_FEATURE_LIBRARY, "--vectors", "40"});
   arguments.push_back("small.ppd");
   return runIn(folder(), PPD_EQUIVALENCE, arguments);
+}
+
+void PpdEquivalenceTest::compareAndInterrupt() {
+  write("small.xml", description_);
+  const RunResult result =
+      runIn(folder(), "/bin/sh",
+            {"-c", "'" PPD_EQUIVALENCE "' --description small.xml --callbacks '" CORPUS_ROUTINES
+                   "' --library '" DRIVER_FEATURE_LIBRARY "' small.ppd >/dev/null 2>&1 & "
+                   "while [ ! -s hanging_process ]; do sleep 0.02; done; kill $!; wait $!"});
+  EXPECT_EQ(result.status, 128 + SIGTERM);
 }
 
 json PpdEquivalenceTest::record() const {

@@ -25,6 +25,9 @@ class PpdEquivalenceTest : public ProgramTest {
   // Compares with 40 random vectors.
   RunResult compare(std::vector<std::string> arguments = {});
 
+  // Compares, and ends the program as soon as a routine hangs.
+  void compareAndInterrupt();
+
   // The first record of the last run.
   nlohmann::json record() const;
 

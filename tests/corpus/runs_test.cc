@@ -32,6 +32,29 @@ TEST_F(PpdEquivalenceTest, NoDescription_ThePpdIsImported) {
   EXPECT_TRUE(std::filesystem::is_empty(folder() / "descriptions"));
 }
 
+// The folder of the reports is the present one when no other is given.
+TEST_F(PpdEquivalenceTest, FilesOfAnEarlierRun_AreRemovedAndNoOthers) {
+  for (const std::string name : {"descriptions", "jobs"}) {
+    std::filesystem::create_directories(folder() / name / "more");
+    for (const std::string file : {"7.xml", "7.ps", "a7.xml", "a7.ps", "more/7.xml"}) {
+      write(std::string(name).append("/").append(file), "");
+    }
+  }
+  const RunResult result = runIn(folder(), PPD_EQUIVALENCE,
+                                 {"--library", DRIVER_FEATURE_LIBRARY, "--jobs", "0", "small.ppd"});
+  EXPECT_EQ(result.status, 0);
+  const auto namesIn = [this](const std::string& name) {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder() / name)) {
+      names.insert(entry.path().lexically_relative(folder() / name));
+    }
+    return names;
+  };
+  EXPECT_THAT(namesIn("descriptions"),
+              ElementsAre("7.ps", "a7.ps", "a7.xml", "more", "more/7.xml"));
+  EXPECT_THAT(namesIn("jobs"), ElementsAre("7.xml", "a7.ps", "a7.xml", "more", "more/7.xml"));
+}
+
 TEST_F(PpdEquivalenceTest, List_NamesPpdsFromTheRoot) {
   std::filesystem::create_directories(folder() / "root/a folder");
   write("root/a folder/b.ppd", read("small.ppd"));
@@ -96,6 +119,19 @@ TEST_F(PpdEquivalenceTest, HangOfTheTrialLoad_EndsAtTheLimit) {
   plant("DriverFeatureHostUpdate", "hangInUpdate");
   plant("Name=\"Duplex\"", "Name=\"Duplex\" Sensitivity=\"true\"");
   expectFailure("time limit in check", {"--limit", "1"});
+  EXPECT_TRUE(hangingProcessIsGone());
+}
+
+TEST_F(PpdEquivalenceTest, EndOfTheProgram_LeavesNoProcessBehind) {
+  plantRoutine("hangInOutput");
+  compareAndInterrupt();
+  EXPECT_TRUE(hangingProcessIsGone());
+}
+
+TEST_F(PpdEquivalenceTest, EndOfTheProgram_LeavesNoTrialLoadBehind) {
+  plant("DriverFeatureHostUpdate", "hangInUpdate");
+  plant("Name=\"Duplex\"", "Name=\"Duplex\" Sensitivity=\"true\"");
+  compareAndInterrupt();
   EXPECT_TRUE(hangingProcessIsGone());
 }
 

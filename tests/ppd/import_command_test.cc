@@ -78,6 +78,30 @@ TEST_F(ImportCommandTest, Import_NoPpdFile_IsRefused) {
             failure(2, "driver-feature: .: cannot be opened: Is a directory\n"));
 }
 
+// libcups takes the options in front of the cut for all there are.
+TEST_F(ImportCommandTest, Import_CompressedFileCutOffOrDamaged_IsRefused) {
+  std::string ppd = "*PPD-Adobe: \"4.3\"\n";
+  for (int i = 0; i < 2000; ++i) {
+    const std::string name = "O" + std::to_string(i * 7919 % 10007);
+    ppd += "*OpenUI *" + name + ": PickOne\n*" + name + " A: \"\"\n*CloseUI: *" + name + "\n";
+  }
+  write("whole.ppd", ppd);
+  ASSERT_EQ(runIn(folder(), "/usr/bin/env", {"gzip", "whole.ppd"}).status, 0);
+  EXPECT_EQ(run({"import", "whole.ppd.gz"}).status, 0);
+  const std::string whole = read("whole.ppd.gz");
+  std::string damaged = whole;
+  damaged[damaged.size() - 6] ^= 1;  // In the sum of the bytes.
+  for (const std::string& file :
+       {whole.substr(0, whole.size() / 2), whole.substr(0, whole.size() - 8), damaged}) {
+    write("part.ppd.gz", file);
+    EXPECT_EQ(run({"import", "part.ppd.gz"}),
+              failure(2,
+                      "driver-feature: part.ppd.gz: the compressed file is cut off or damaged; "
+                      "copy it again (gunzip -t tests it)\n"))
+        << file.size();
+  }
+}
+
 TEST_F(ImportCommandTest, Import_OutputCannotBeWritten_EndsWithOne) {
   write("small.ppd", kSmall);
   const RunResult result = run({"import", "small.ppd", "--output", "absent/small.xml"});

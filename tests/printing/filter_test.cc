@@ -72,6 +72,25 @@ TEST_F(HandwrittenQueueTest, UnknownOption_PassesBy) {
                         kTwoPages));
 }
 
+TEST_F(HandwrittenQueueTest, OptionsForThePages_AreWarnedOfUnlessTheyHaveBeenHeeded) {
+  const auto warning = [](const std::string& option) {
+    return "WARNING: option " + option +
+           " has no effect, because the document was sent as PostScript, whose pages pass as they "
+           "are\n";
+  };
+  const std::string options = "number-up=2 outputorder=reverse page-ranges=1 page-set=odd";
+  EXPECT_EQ(withoutDebug(filter(options)).errors, warning("number-up") + warning("outputorder") +
+                                                      warning("page-ranges") + warning("page-set") +
+                                                      kTwoPages);
+  EXPECT_EQ(withoutDebug(filter("number-up=1 outputorder=normal page-set=all")).errors, kTwoPages);
+  set("CONTENT_TYPE", "application/pdf");
+  const RunResult converted = filterWith({"7", "jane", "t", "1", options},
+                                         [] { ::dup2(::open("job.ps", O_RDONLY), STDIN_FILENO); });
+  EXPECT_EQ(withoutDebug(converted).errors, kTwoPages);
+  describe("printer.xml", {feature("IntEntry", "Pages", "CLOKey='number-up'")});
+  EXPECT_EQ(withoutDebug(filter("number-up=2")).errors, kTwoPages);
+}
+
 TEST_F(HandwrittenQueueTest, RefusedValues_FailTheJobAndAreNamed) {
   EXPECT_EQ(filter("PageSize=A0 Unknown=1 sides=many", "1000"),
             failure(1,
@@ -149,6 +168,17 @@ TEST_F(HandwrittenQueueTest, UnusableJobs_FailAndWriteNothing) {
             failure(1, "ERROR: the job cannot be read from none.ps: No such file or directory\n"));
   EXPECT_EQ(withoutDebug(filterWith({"7", "jane", "t", "1", "", "."})),
             failure(1, "ERROR: the job cannot be read from .: Is a directory\n"));
+}
+
+TEST_F(HandwrittenQueueTest, SecondDocument_FailsTheJobBehindTheFirst) {
+  const std::string document = kExit + "@PJL\n" + read("job.ps");
+  write("job.ps", document + document + kExit);
+  const RunResult result = withoutDebug(filter(""));
+  EXPECT_EQ(result.output, twoPages(header("1", "A4"), setup("false", "595 842")));
+  EXPECT_EQ(result.errors, kTwoPages +
+                               "ERROR: only the first document has been printed, because another "
+                               "one stands behind its end; send each as a job of its own\n");
+  EXPECT_EQ(result.status, 1);
 }
 
 TEST_F(HandwrittenQueueTest, UnusableQueues_Fail) {
@@ -295,6 +325,15 @@ TEST_F(HandwrittenQueueTest, OptionThatNeedsAnotherOne_MayStandBeforeIt) {
   EXPECT_EQ(result.status, 0);
   EXPECT_THAT(result.output, HasSubstr("<< /PageSize [283 842] >> setpagedevice\n"));
   EXPECT_EQ(filter("CustomPageWidth=100").status, 1);
+}
+
+TEST_F(HandwrittenQueueTest, MissingRoutine_IsWarnedOf) {
+  describe("printer.xml", {feature("UIOnly", "A", "AddPSCallbackRoutine='absentRoutine'")});
+  const RunResult result = withoutDebug(filter(""));
+  EXPECT_EQ(result.errors,
+            "WARNING: misuse: serialize() - Cannot load PS Command callback: absentRoutine\n" +
+                kTwoPages);
+  EXPECT_EQ(result.status, 0);
 }
 
 TEST_F(HandwrittenQueueTest, RoutineThatPrints_DoesNotPrintIntoTheJob) {

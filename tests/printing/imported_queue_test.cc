@@ -143,6 +143,65 @@ TEST_F(ImportedQueueTest, CustomSizeOutsideOfTheLimits_IsRefused) {
   EXPECT_THAT(result.errors, testing::StartsWith("ERROR: option PageSize: "));
 }
 
+TEST_F(ImportedQueueTest, SizeThatLibcupsTranslates_IsRefusedByItsOwnName) {
+  const std::string option = "job-uuid=1 media=Custom.20x3000 sides=two-sided-long-edge";
+  const std::string xml = std::filesystem::canonical(folder()) / "office.xml";
+  const RunResult failed = withoutDebug(filter(option));
+  EXPECT_EQ(failed, failure(1,
+                            "ERROR: option media: 20 is out of range; give a decimal number, from "
+                            "100 to 1000 (" +
+                                xml +
+                                ":39)\nERROR: option media: 3000 is out of range; give a decimal "
+                                "number, from 100 to 2000 (" +
+                                xml + ":40)\n"));
+  set("DRIVER_FEATURE_REFUSED_VALUE", "default");
+  const RunResult printed = withoutDebug(filter(option));
+  EXPECT_EQ(printed.output,
+            job(begin("A title", "7 jane A title"), "OFF", {{"Duplex", "DuplexNoTumble"}}));
+  EXPECT_THAT(printed.errors, testing::StartsWith("WARNING: option media: 20 is out of range; "));
+  EXPECT_EQ(printed.status, 0);
+}
+
+// libcups has room for ten bytes of each number.
+TEST_F(ImportedQueueTest, LongCustomNumbers_StayOutOfLibcupsMemory) {
+  constexpr int kNumbers = 50;
+  std::string mark;
+  std::string jclMark;
+  std::string jcl;
+  std::string values;
+  std::string postScript;
+  std::string pjl;
+  for (int i = 1; i <= kNumbers; ++i) {
+    const std::string number = std::to_string(i);
+    const std::string limits = " P" + number + ": " + number + " real 0 1e30\n";
+    mark += "*ParamCustomMark" + limits;
+    jclMark += "*ParamCustomJCLMark" + limits;
+    jcl += " \\" + number;
+    values += " P" + number + "=100000001504746621987668885504";
+    postScript += "100000001504746621987668885504\n";
+    pjl += " 100000001504746621987668885504";
+  }
+  write("numbers.ppd",
+        "*PPD-Adobe: \"4.3\"\n*JCLBegin: \"<1B>%-12345X@PJL<0A>\"\n"
+        "*JCLToPSInterpreter: \"@PJL ENTER LANGUAGE=POSTSCRIPT<0A>\"\n"
+        "*OpenUI *Mark: PickOne\n*DefaultMark: A\n*Mark A: \"a\"\n*CloseUI: *Mark\n"
+        "*CustomMark True: \"mark\"\n" +
+            mark +
+            "*JCLOpenUI *JCLMark: PickOne\n*OrderDependency: 10 JCLSetup *JCLMark\n"
+            "*DefaultJCLMark: A\n*JCLMark A: \"\"\n*JCLCloseUI: *JCLMark\n"
+            "*CustomJCLMark True: \"@PJL SET MARK=" +
+            jcl + "<0A>\"\n" + jclMark);
+  command({"import", "numbers.ppd", "--output", "numbers.xml"});
+  command({"--library", DRIVER_FEATURE_LIBRARY, "queue", "numbers.xml", "--ppd", "numbers.ppd",
+           "--output", "queue.ppd"});
+  const std::string list = "{" + values.substr(1) + "}";
+  EXPECT_THAT(filter("Mark=" + list).output,
+              testing::HasSubstr("*CustomMark True\n" + postScript + "mark\n"));
+  EXPECT_THAT(filter("JCLMark=" + list).output,
+              testing::HasSubstr("USERNAME = \"jane\"\n@PJL SET MARK=" + pjl +
+                                 "\n@PJL ENTER LANGUAGE=POSTSCRIPT\n%!PS"));
+}
+
 TEST_F(ImportedQueueTest, RefusedChoice_IsTheDefaultWhenTheQueueSaysSo) {
   set("DRIVER_FEATURE_REFUSED_VALUE", "default");
   const RunResult result = withoutDebug(filter("PageSize=A0 Duplex=DuplexTumble"));

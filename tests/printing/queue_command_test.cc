@@ -60,6 +60,27 @@ TEST_F(QueueCommandTest, CompressedPpd_IsReadAsItIs) {
   EXPECT_EQ(queue({"office.xml", "--ppd", "office.ppd.gz"}), plain);
 }
 
+TEST_F(QueueCommandTest, PathThroughALink_LeadsToTheSameFile) {
+  std::filesystem::create_directories(folder() / "far" / "in");
+  std::filesystem::create_directory_symlink("far/in", folder() / "link");
+  std::filesystem::rename(folder() / "printer.xml", folder() / "far" / "printer.xml");
+  EXPECT_EQ(queue({"link/../printer.xml", "--output", "queue.ppd"}), success(""));
+  set("PPD", "queue.ppd");
+  EXPECT_EQ(filter("").status, 0);
+  EXPECT_EQ(queue({"./far/in/../printer.xml", "--output", "queue.ppd"}), success(""));
+  EXPECT_THAT(read("queue.ppd"), HasSubstr("Description: \"" + path("far/printer.xml") + "\"\n"));
+}
+
+TEST_F(QueueCommandTest, PpdFromAPipe_IsRefused) {
+  const std::string program =
+      "'" DRIVER_FEATURE_PROGRAM "' --library '" DRIVER_FEATURE_LIBRARY "' queue";
+  EXPECT_EQ(runIn(folder(), "/bin/sh",
+                  {"-c", "cat office.ppd | " + program + " printer.xml --ppd /dev/stdin"}),
+            failure(2,
+                    "driver-feature: /dev/stdin: cannot be read a second time; give a file "
+                    "instead of a pipe\n"));
+}
+
 TEST_F(QueueCommandTest, OptionWithoutFeature_IsNamed) {
   const RunResult result = queue({"printer.xml", "--ppd", "office.ppd", "--output", "queue.ppd"});
   EXPECT_EQ(result.errors,
@@ -117,6 +138,37 @@ TEST_F(QueueCommandTest, NoPpd_MakesOneOfTheFeatures) {
             "*OpenUI *Weight: PickOne\n*OrderDependency: 10 AnySetup *Weight\n*DefaultWeight: 80\n"
             "*Weight 80: \"\"\n*CloseUI: *Weight\n*CustomWeight True: \"\"\n"
             "*ParamCustomWeight Value: 1 int 60 220\n");
+}
+
+TEST_F(QueueCommandTest, NamesThatDifferInCaseOnly_SecondIsNamed) {
+  describe("small.xml",
+           {feature("MultiSelect", "Tray", "DefaultValue='b' PSCommand='%s '",
+                    "<Option Name='B' PSCommand='big'/><Option Name='b' PSCommand='small'/>"),
+            feature("MultiSelect", "tray", "", "<Option Name='x'/>")});
+  const std::string reason =
+      ": another one has this name, of which a PPD does not tell capital from small letters\n";
+  EXPECT_EQ(queue({"small.xml", "--output", "queue.ppd"}).errors,
+            "driver-feature: not in the PPD: Tray=b" + reason +
+                "driver-feature: not in the PPD: tray" + reason);
+  // The default is the description's, though the PPD does not have it.
+  set("PPD", "queue.ppd");
+  EXPECT_THAT(filter("").output, HasSubstr("\nsmall \n"));
+  EXPECT_THAT(filter("Tray=B").output, HasSubstr("\nbig \n"));
+}
+
+TEST_F(QueueCommandTest, ImportedDescription_HasEachOptionOnceAndNoJobFrame) {
+  command({"import", "office.ppd", "--output", "office.xml"});
+  const RunResult result = queue({"office.xml", "--output", "queue.ppd"});
+  for (const std::string name : {"JCLBegin", "JCLEnd", "JCLToPSInterpreter"}) {
+    EXPECT_THAT(result.errors, HasSubstr("not in the PPD: " + name + ": a PPD cannot have"));
+  }
+  const std::string ppd = read("queue.ppd");
+  for (const std::string name : {"*JCLBegin", "*JCLEnd", "*JCLToPSInterpreter"}) {
+    EXPECT_THAT(ppd, Not(HasSubstr(name)));
+  }
+  const std::size_t first = ppd.find("*OpenUI *PageRegion");
+  ASSERT_NE(first, std::string::npos);
+  EXPECT_EQ(ppd.find("*OpenUI *PageRegion", first + 1), std::string::npos);
 }
 
 TEST_F(QueueCommandTest, MadePpd_CarriesDefaultsAndNumbersIntoTheJob) {

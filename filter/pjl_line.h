@@ -1,0 +1,23 @@
+// Reads lines of PJL that a job brings along.
+#ifndef FILTER_PJL_LINE_H_
+#define FILTER_PJL_LINE_H_
+
+#include <string_view>
+
+namespace driver_feature {
+
+// The line without the universal exit sequences and ends of file (Ctrl-D) that
+// it begins with.
+std::string_view withoutExits(std::string_view line);
+
+// Whether the line begins with a universal exit sequence, or with one behind an
+// end of file.
+bool beginsWithExit(std::string_view line);
+
+// Whether the line enters another language than PostScript. PJL takes capital
+// and small letters for the same behind its "@PJL".
+bool entersOtherLanguage(std::string_view line);
+
+}  // namespace driver_feature
+
+#endif  // FILTER_PJL_LINE_H_
