@@ -110,6 +110,14 @@ TEST_F(KeptTextTest, FeatureAddedOrReplaced_IsWrittenAtItsPlace) {
   EXPECT_EQ(write(), "<1st>addedin its place()");
 }
 
+TEST_F(KeptTextTest, LoadTakenBack_IsWrittenWithoutIt) {
+  DriverFeatureSet::Contents before = masterSet().copyContents();
+  model_.feature("b", 2, {{"PSCommand", "of the load"}});
+  EXPECT_EQ(write(), "<1st>of the load()");
+  masterSet().swapContents(before);
+  EXPECT_EQ(write(), "<1st>[0]()");
+}
+
 TEST_F(KeptTextTest, GroupChanged_IsWrittenBehindTheFeatures) {
   DriverFeature& member = model_.feature("bb", 2, {{"PSCommand", "%d"}});
   model_.group("group", {{"PSCommand", "{%s}"}}, {&member});
