@@ -3,16 +3,12 @@
 #ifndef TESTS_ABI_SANITIZERS_H_
 #define TESTS_ABI_SANITIZERS_H_
 
+#include "../support/address_checks.h"
+
 namespace driver_feature::testing {
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(ADDRESSES_ARE_CHECKED)
 inline constexpr bool kSanitized = true;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-inline constexpr bool kSanitized = true;
-#else
-inline constexpr bool kSanitized = false;
-#endif
 #else
 inline constexpr bool kSanitized = false;
 #endif

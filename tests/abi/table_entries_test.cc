@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include "abi/elf_file.h"
+#include "abi/sanitizers.h"
 #include "plugin/loaded_library.h"
 
 namespace driver_feature::testing {
@@ -168,6 +169,7 @@ std::string demangle(const std::string& symbol) {
 class TableEntriesTest : public LoadedLibraryTest {
  protected:
   void SetUp() override {
+    if (kSanitized) GTEST_SKIP() << kWhySkipped;
     LoadedLibraryTest::SetUp();
     link_map* map = nullptr;
     Dl_info place{};

@@ -12,10 +12,11 @@
 #include <gtest/gtest.h>
 
 #include "model/core_feature_set.h"
+#include "support/address_checks.h"
 
 #include "XMLDocument.h"
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(ADDRESSES_ARE_CHECKED)
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -27,7 +28,7 @@ namespace driver_feature::testing {
 // The tests that link the library's objects, and the program, are checked.
 class LeakCheckPause {
  public:
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(ADDRESSES_ARE_CHECKED)
   LeakCheckPause() {
     __lsan_disable();
   }
