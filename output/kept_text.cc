@@ -19,7 +19,7 @@ const std::string& KeptText::write(DriverFeatureSet& set, const TextDialect& dia
     optionChangeCount_ = DriverFeatureOption::textChangeCount();
   }
   routineHasRun_ = false;
-  writeFeatures(featureText);
+  writeFeatures(set, featureText);
   writeGroups(set, featureText);
   text_.swap(newText_);
   // A routine may change all of the text that is before it.
@@ -39,7 +39,7 @@ void KeptText::keepNone() {
   for (Piece& piece : pieces_) piece.changeCount = kNotKept;
 }
 
-void KeptText::writeFeatures(FeatureText& featureText) {
+void KeptText::writeFeatures(DriverFeatureSet& set, FeatureText& featureText) {
   newText_.clear();
   std::size_t copied = 0;  // So much of the old text has been copied or passed over.
   std::size_t begin = 0;   // Of the piece in the old text.
@@ -50,11 +50,20 @@ void KeptText::writeFeatures(FeatureText& featureText) {
       copyText(copied, begin);
       copied = end;
       writePiece(piece, index, featureText);
+      if (listChangeCount_ != set.listChangeCount()) return writeRest(set, index + 1, featureText);
     }
     begin = end;
     ++index;
   }
   copyText(copied, begin);
+}
+
+// Goes on with the features as they are now: the host has had another
+// description loaded in the middle of this output. Nothing of it is kept.
+void KeptText::writeRest(DriverFeatureSet& set, int index, FeatureText& featureText) {
+  for (; index < set.fetchNumberOfFeatures(); ++index) {
+    writeFeature(set.fetchFeatureByIndex(index), index, featureText);
+  }
 }
 
 void KeptText::copyText(std::size_t begin, std::size_t end) {

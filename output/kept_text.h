@@ -38,7 +38,8 @@ class KeptText {
 
   void listFeatures(DriverFeatureSet& set);
   void keepNone();
-  void writeFeatures(FeatureText& featureText);
+  void writeFeatures(DriverFeatureSet& set, FeatureText& featureText);
+  void writeRest(DriverFeatureSet& set, int index, FeatureText& featureText);
   void copyText(std::size_t begin, std::size_t end);
   void writePiece(Piece& piece, int index, FeatureText& featureText);
   bool writeFeature(DriverFeature* feature, int index, FeatureText& featureText);

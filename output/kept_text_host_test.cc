@@ -81,6 +81,33 @@ TEST_F(KeptTextHostTest, RoutineChangesAFeatureThatIsWritten_TheNextOutputHasIt)
   EXPECT_EQ(write(), "<2nd>()");
 }
 
+TEST_F(KeptTextHostTest, RoutineAddsAFeatureBehind_IsWrittenInTheSameOutput) {
+  set(number_, "PSCommand", "");
+  set(number_, "AddPSCallbackRoutine", "ChangeTheTextSoFar");
+  routine = [this](std::string& text) {
+    text += "[added]";
+    model_.feature("d", 2, {{"PSCommand", "new %d;"}});
+  };
+  EXPECT_EQ(write(), "<1st>[added]()new 0;");
+  routine = [](std::string&) {};
+  EXPECT_EQ(write(), "<1st>()new 0;");
+  set(*masterSet().fetchFeatureByIndex(3), "CurrentIntValue", 1);
+  EXPECT_EQ(write(), "<1st>()new 1;");
+}
+
+// Features are counted by their positions in the order of their names: one that
+// is added in front moves the feature at hand to the next position.
+TEST_F(KeptTextHostTest, RoutineAddsAFeatureInFront_IsRunOnceMore) {
+  set(number_, "PSCommand", "");
+  set(number_, "AddPSCallbackRoutine", "ChangeTheTextSoFar");
+  routine = [this](std::string& text) {
+    text += "[run]";
+    if (masterSet().fetchNumberOfFeatures() == 3) model_.feature("aa", 2, {{"PSCommand", "new;"}});
+  };
+  EXPECT_EQ(write(), "<1st>[run][run]()");
+  EXPECT_EQ(write(), "<1st>new;[run]()");
+}
+
 TEST_F(KeptTextHostTest, LogHandlerChangesAFeatureThatIsWritten_TheNextOutputHasIt) {
   set(number_, "PSCommand", "%s");
   SetLogHandler(
