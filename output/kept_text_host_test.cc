@@ -7,6 +7,9 @@
 
 #include <functional>
 
+#include "support/address_checks.h"
+#include "support/untyped_feature.h"
+
 #include "Log.h"
 
 namespace {
@@ -168,6 +171,14 @@ TEST_F(KeptTextHostTest, OptionOfAHost_IsAskedForEachOutput) {
   for (int i = 1; i <= 3; ++i) {
     EXPECT_EQ(write(), "<1st>[0]()option " + std::to_string(before + i) + ";");
   }
+}
+
+TEST_F(KeptTextHostTest, MemberAndOptionWithoutTypeInformation_AreWritten) {
+#if defined(ADDRESSES_ARE_CHECKED)
+  GTEST_SKIP() << "the checks of virtual calls ask for the type of each object";
+#endif
+  model_.group("group", {{"PSCommand", "{%s}"}}, {&untypedFeature()});
+  EXPECT_EQ(write(), "<1st>[0](){untyped option;}");
 }
 
 // Writes nothing into the text that it is given.

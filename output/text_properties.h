@@ -42,10 +42,18 @@ struct TextProperties {
   const std::string DriverFeatureOption::*optionCommand = nullptr;
 };
 
-// The object as one of the library's own class, or null for a host's.
+// The type that the object's virtual table names. Null when the object is one of
+// a host that was compiled without type information.
+template <class Interface>
+const std::type_info* typeOf(const Interface& object) {
+  const auto* table = *reinterpret_cast<const std::type_info* const* const*>(&object);
+  return table[-1];
+}
+
+// The object as one of exactly that class of the library's own, or null.
 template <class Own, class Interface>
 const Own* asOwn(const Interface& object) {
-  return typeid(object) == typeid(Own) ? static_cast<const Own*>(&object) : nullptr;
+  return typeOf(object) == &typeid(Own) ? static_cast<const Own*>(&object) : nullptr;
 }
 
 }  // namespace driver_feature
