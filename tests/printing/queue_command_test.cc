@@ -2,7 +2,10 @@
 
 #include <cups/ppd.h>
 #include <gmock/gmock.h>
+#include <unistd.h>
 
+#include <array>
+#include <functional>
 #include <memory>
 
 #include "printing/filter_fixture.h"
@@ -14,9 +17,10 @@ using testing::Not;
 
 class QueueCommandTest : public FilterTest {
  protected:
-  RunResult queue(std::vector<std::string> arguments) const {
+  RunResult queue(std::vector<std::string> arguments,
+                  const std::function<void()>& prepare = {}) const {
     arguments.insert(arguments.begin(), {"--library", DRIVER_FEATURE_LIBRARY, "queue"});
-    return runIn(folder(), DRIVER_FEATURE_PROGRAM, arguments);
+    return runIn(folder(), DRIVER_FEATURE_PROGRAM, arguments, prepare);
   }
 
   std::string path(const std::string& name) const {
@@ -72,10 +76,17 @@ TEST_F(QueueCommandTest, PathThroughALink_LeadsToTheSameFile) {
 }
 
 TEST_F(QueueCommandTest, PpdFromAPipe_IsRefused) {
-  const std::string program =
-      "'" DRIVER_FEATURE_PROGRAM "' --library '" DRIVER_FEATURE_LIBRARY "' queue";
-  EXPECT_EQ(runIn(folder(), "/bin/sh",
-                  {"-c", "cat office.ppd | " + program + " printer.xml --ppd /dev/stdin"}),
+  const std::string ppd = read("office.ppd");
+  EXPECT_EQ(queue({"printer.xml", "--ppd", "/dev/stdin"},
+                  [&ppd] {
+                    std::array<int, 2> ends{};
+                    const auto size = static_cast<ssize_t>(ppd.size());
+                    const bool isReady = ::pipe(ends.data()) == 0 &&
+                                         ::write(ends[1], ppd.data(), ppd.size()) == size &&
+                                         ::dup2(ends[0], STDIN_FILENO) == STDIN_FILENO;
+                    ::close(ends[1]);
+                    if (!isReady) ::_exit(1);
+                  }),
             failure(2,
                     "driver-feature: /dev/stdin: cannot be read a second time; give a file "
                     "instead of a pipe\n"));
