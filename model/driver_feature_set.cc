@@ -166,6 +166,10 @@ void* DriverFeatureSet::fetchCallbackRoutine(const std::string& routineName) {
   return FetchSymbol(routineName.c_str());
 }
 
+DriverFeatureSet::Contents DriverFeatureSet::copyContents() const {
+  return {features_, staticGroups_, dynamicGroups_};
+}
+
 void DriverFeatureSet::swapContents(Contents& contents) noexcept {
   features_.swap(contents.features);
   staticGroups_.swap(contents.staticGroups);

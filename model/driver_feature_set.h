@@ -75,7 +75,7 @@ class DriverFeatureSet : public CoreFeatureSet {
     std::vector<DriverFeatureStaticGroup*> staticGroups;
     std::vector<DriverFeatureDynamicGroup*> dynamicGroups;
   };
-  Contents copyContents() const { return {features_, staticGroups_, dynamicGroups_}; }
+  Contents copyContents() const;
   void swapContents(Contents& contents) noexcept;
 
  private:

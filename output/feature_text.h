@@ -14,7 +14,8 @@ namespace driver_feature {
 // through its operations.
 class FeatureText {
  public:
-  explicit FeatureText(const TextDialect& dialect) : dialect_(dialect), properties_(dialect) {}
+  explicit FeatureText(const TextDialect& dialect)
+      : dialect_(dialect), properties_(TextProperties::find(dialect)) {}
   FeatureText(const FeatureText&) = delete;
   FeatureText& operator=(const FeatureText&) = delete;
 

@@ -52,7 +52,7 @@ class KeptText {
   bool routineHasRun_ = false;  // In this output.
 
   // What the pieces were made with, beside their features.
-  TextProperties properties_;
+  TextProperties properties_{};
   std::uint64_t listChangeCount_ = 0;
   std::uint64_t optionChangeCount_ = 0;
 };

@@ -140,15 +140,33 @@ TEST_F(KeptTextHostTest, PlatformForgetsAName_IsSeenAtOnceAndAtEachOutput) {
 }
 
 TEST_F(KeptTextHostTest, PlatformForgetsAnyName_TheOtherPropertiesAreReadByTheirs) {
+  struct Row {
+    const char* name;
+    const char* first;
+    const char* second;
+  };
+  constexpr Row kRows[] = {
+      {"AddPSCallbackRoutine", "<1st>[0](x){2.5}", "<1st>[0](y){3.5}"},
+      {"FeatureInGroup", "<1st>[0](x){2.5}", "<1st>[0](y){3.5}"},
+      {"CurrentIntValue", "<1st>(x){2.5}", "<1st>(y){3.5}"},
+      {"CurrentTextValue", "<1st>[0]{2.5}", "<1st>[0]{3.5}"},
+      {"CurrentFloatValue", "<1st>[0](x)", "<1st>[0](y)"},
+      {"PSCommand", "", ""},
+  };
   DriverFeature& fraction = model_.feature("d", 4, {{"PSCommand", "{%.1f}"}});
-  fraction.setFeatureProperty(std::string("CurrentFloatValue"), 2.5F);
-  set(text_, "CurrentTextValue", "x");
-  refusedName = "AddPSCallbackRoutine";
-  EXPECT_EQ(write(), "<1st>[0](x){2.5}");
-  fraction.setFeatureProperty(std::string("CurrentFloatValue"), 3.5F);
-  set(text_, "CurrentTextValue", "y");
-  EXPECT_EQ(write(), "<1st>[0](y){3.5}");
-  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+  for (const Row& row : kRows) {
+    refusedName.clear();
+    fraction.setFeatureProperty(std::string("CurrentFloatValue"), 2.5F);
+    set(text_, "CurrentTextValue", "x");
+    EXPECT_EQ(write(), "<1st>[0](x){2.5}") << row.name;
+    refusedName = row.name;
+    EXPECT_EQ(write(), row.first) << row.name;
+    refusedName.clear();
+    fraction.setFeatureProperty(std::string("CurrentFloatValue"), 3.5F);
+    set(text_, "CurrentTextValue", "y");
+    refusedName = row.name;
+    EXPECT_EQ(write(), row.second) << row.name;
+  }
 }
 
 // Objects of a host's own answer as they like, so that they are asked for each

@@ -15,15 +15,18 @@ namespace driver_feature {
 // platform's to resolve, which takes most of the time when it is done for each
 // of many features; here they are resolved once for all of them.
 struct TextProperties {
-  TextProperties() = default;
-  explicit TextProperties(const TextDialect& dialect)
-      : inGroup(DriverFeature::findPlainMember<bool>(nameText(Property::kFeatureInGroup))),
-        command(DriverFeature::findPlainMember<std::string>(nameText(dialect.commandProperty))),
-        routine(DriverFeature::findPlainMember<std::string>(nameText(dialect.routineProperty))),
-        text(DriverFeature::findPlainMember<std::string>(nameText(Property::kCurrentTextValue))),
-        number(DriverFeature::findPlainMember<int>(nameText(Property::kCurrentIntValue))),
-        fraction(DriverFeature::findPlainMember<float>(nameText(Property::kCurrentFloatValue))),
-        optionCommand(DriverFeatureOption::findPlainMember(nameText(dialect.commandProperty))) {}
+  // Null for each name that the platform does not know.
+  static TextProperties find(const TextDialect& dialect) {
+    return {
+        DriverFeature::findPlainMember<bool>(nameText(Property::kFeatureInGroup)),
+        DriverFeature::findPlainMember<std::string>(nameText(dialect.commandProperty)),
+        DriverFeature::findPlainMember<std::string>(nameText(dialect.routineProperty)),
+        DriverFeature::findPlainMember<std::string>(nameText(Property::kCurrentTextValue)),
+        DriverFeature::findPlainMember<int>(nameText(Property::kCurrentIntValue)),
+        DriverFeature::findPlainMember<float>(nameText(Property::kCurrentFloatValue)),
+        DriverFeatureOption::findPlainMember(nameText(dialect.commandProperty)),
+    };
+  }
 
   bool operator==(const TextProperties&) const = default;
 
@@ -33,13 +36,13 @@ struct TextProperties {
            number != nullptr && fraction != nullptr && optionCommand != nullptr;
   }
 
-  const bool DriverFeature::*inGroup = nullptr;
-  const std::string DriverFeature::*command = nullptr;
-  const std::string DriverFeature::*routine = nullptr;
-  const std::string DriverFeature::*text = nullptr;
-  const int DriverFeature::*number = nullptr;
-  const float DriverFeature::*fraction = nullptr;
-  const std::string DriverFeatureOption::*optionCommand = nullptr;
+  const bool DriverFeature::*inGroup;
+  const std::string DriverFeature::*command;
+  const std::string DriverFeature::*routine;
+  const std::string DriverFeature::*text;
+  const int DriverFeature::*number;
+  const float DriverFeature::*fraction;
+  const std::string DriverFeatureOption::*optionCommand;
 };
 
 // The type that the object's virtual table names. Null when the object is one of
