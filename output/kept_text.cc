@@ -66,8 +66,8 @@ void KeptText::writeRest(DriverFeatureSet& set, int index, FeatureText& featureT
   }
 }
 
-void KeptText::copyText(std::size_t begin, std::size_t end) {
-  if (begin != end) newText_.append(text_, begin, end - begin);
+void KeptText::copyText(std::size_t from, std::size_t to) {
+  if (from != to) newText_.append(text_, from, to - from);
 }
 
 void KeptText::writePiece(Piece& piece, int index, FeatureText& featureText) {

@@ -40,7 +40,7 @@ class KeptText {
   void keepNone();
   void writeFeatures(DriverFeatureSet& set, FeatureText& featureText);
   void writeRest(DriverFeatureSet& set, int index, FeatureText& featureText);
-  void copyText(std::size_t begin, std::size_t end);
+  void copyText(std::size_t from, std::size_t to);
   void writePiece(Piece& piece, int index, FeatureText& featureText);
   bool writeFeature(DriverFeature* feature, int index, FeatureText& featureText);
   void runRoutine(const std::string& name, const TextDialect& dialect);
