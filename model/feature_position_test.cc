@@ -70,12 +70,13 @@ TEST_F(FeaturePositionTest, FeatureReplaced_TheNewOneIsFetched) {
 
 TEST_F(FeaturePositionTest, ContentsSwapped_OldPlacesAreForgotten) {
   DriverFeature* a = add('a');
+  DriverFeature* c = add('c');
   DriverFeatureSet::Contents before = set_.copyContents();
   add('b');
-  add('c');
-  EXPECT_NE(set_.fetchFeatureByIndex(2), nullptr);
+  EXPECT_EQ(set_.fetchFeatureByIndex(2), c);
   set_.swapContents(before);
   EXPECT_EQ(set_.fetchFeatureByIndex(2), nullptr);
+  EXPECT_EQ(set_.fetchFeatureByIndex(1), c);
   EXPECT_EQ(set_.fetchFeatureByIndex(0), a);
 }
 
