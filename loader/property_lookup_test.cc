@@ -2,12 +2,11 @@
 // property names; and what it does when the model refuses a property that
 // cannot be refused otherwise.
 
-#include <dlfcn.h>
-
 #include <string>
 #include <vector>
 
 #include "support/loader_test.h"
+#include "support/platform_look_up.h"
 
 namespace {
 
@@ -24,12 +23,9 @@ Lookups lookups;
 // Stands in front of the platform's routine and hands the call on to it.
 extern "C" __attribute__((visibility("default"))) int ParseAttributeList_LowLevel(
     const char* const* names, int highestIndex, const char* name) {
-  using Parse = int (*)(const char* const*, int, const char*);
-  static const auto kReal =
-      reinterpret_cast<Parse>(dlsym(RTLD_NEXT, "ParseAttributeList_LowLevel"));
   if (lookups.noted) lookups.names.emplace_back(name);
   if (!lookups.refused.empty() && lookups.refused == name && lookups.accepted-- <= 0) return -1;
-  return kReal(names, highestIndex, name);
+  return driver_feature::testing::askPlatform(names, highestIndex, name);
 }
 
 namespace driver_feature::testing {

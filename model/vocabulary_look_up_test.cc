@@ -1,10 +1,7 @@
 // How names reach the platform's look-up, and how its answers are taken. This
 // test program defines the look-up itself, in front of the platform's.
 
-#include <dlfcn.h>
-
 #include <climits>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -14,6 +11,7 @@
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
 #include "model/vocabulary.h"
+#include "support/platform_look_up.h"
 #include "support/property_names.h"
 #include "support/recording_host.h"
 
@@ -35,8 +33,6 @@ struct LookUp {
 };
 
 LookUp lookUp;
-
-using Platform = int (*)(const char* const*, int, const char*);
 
 class VocabularyLookUpTest : public ::testing::Test {
  protected:
@@ -110,8 +106,5 @@ int ParseAttributeList_LowLevel(const char* const* names, int highestIndex, cons
   lookUp.names.assign(names, names + highestIndex + 1);
   lookUp.name = name;
   if (lookUp.answer != nullptr) return *lookUp.answer;
-  static const auto platform = reinterpret_cast<driver_feature::testing::Platform>(
-      dlsym(RTLD_NEXT, "ParseAttributeList_LowLevel"));
-  if (platform == nullptr) std::abort();
-  return platform(names, highestIndex, name);
+  return driver_feature::testing::askPlatform(names, highestIndex, name);
 }

@@ -67,12 +67,12 @@ for name in libxml2 libxml2-dev libicu72 liblzma5 zlib1g libreadline8 libreadlin
 done
 check 'nothing is unpacked' test -f "$work/root/usr/lib/unpacked"
 check 'GoogleTest is not 32-bit' says calls '-DCMAKE_CXX_FLAGS=-m32 -msse2 -mfpmath=sse'
-check 'GoogleTest is not installed' says calls "cmake --install $work/root/work/googletest"
+check 'GoogleTest is not installed' says calls "cmake --install $work/root/compiled/googletest"
 check "Benchmark's source is not unpacked" \
   says calls "tar -x -f $work/root/apt/packages/benchmark_1.orig.tar.gz"
-check 'Benchmark is not installed' says calls "cmake --install $work/root/work/benchmark"
+check 'Benchmark is not installed' says calls "cmake --install $work/root/compiled/benchmark"
 check 'what was downloaded stays' test ! -e "$work/root/apt"
-check 'what was compiled stays' test ! -e "$work/root/work"
+check 'what was compiled stays' test ! -e "$work/root/compiled"
 
 begin FolderUpToDate_MadeAgain_IsLeftAlone
 makeRoot

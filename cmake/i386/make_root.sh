@@ -85,7 +85,7 @@ unpackPackages() {
 
 # build NAME SOURCE [CMAKE_OPTION]...: compiles a library into the root.
 build() {
-  local name=$1 source=$2 folder=$root/work/$1
+  local name=$1 source=$2 folder=$root/compiled/$1
   say "building $name"
   {
     cmake -S "$source" -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE=Release \
@@ -99,7 +99,7 @@ build() {
 }
 
 buildBenchmark() {
-  local source=$root/work/benchmark-source
+  local source=$root/compiled/benchmark-source
   mkdir -p "$source"
   tar -x -f "$1"/benchmark_*.orig.tar.* -C "$source" --strip-components=1
   build benchmark "$source" -DBENCHMARK_ENABLE_TESTING=OFF -DBENCHMARK_ENABLE_WERROR=OFF
@@ -118,7 +118,7 @@ main() {
   unpackPackages "$root/apt" "$root"
   build googletest "$kGoogleTest"
   buildBenchmark "$root/apt/packages"
-  rm -rf -- "$root/apt" "$root/work"
+  rm -rf -- "$root/apt" "$root/compiled"
   recipe >"$root/recipe"
 }
 
