@@ -1,7 +1,9 @@
 #include "AttributeMap.h"
 
 #include <charconv>
+#include <clocale>
 #include <cmath>
+#include <cstdlib>
 #include <iterator>
 #include <optional>
 #include <system_error>
@@ -30,24 +32,31 @@ std::optional<bool> convert(const std::string& text, bool /*tag*/) {
   return std::nullopt;
 }
 
-template <class Number>
-std::optional<Number> convertNumber(const std::string& text) {
-  Number number{};
+std::optional<int> convert(const std::string& text, int /*tag*/) {
+  int number = 0;
   const char* end = text.data() + text.size();
   const auto result = std::from_chars(text.data(), end, number);
   if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
   return number;
 }
 
-std::optional<int> convert(const std::string& text, int /*tag*/) {
-  return convertNumber<int>(text);
+// Whether a decimal number outside of what a double holds is too large for it,
+// not too small.
+bool isTooLarge(const std::string& text) {
+  static const locale_t kClassic = newlocale(LC_ALL_MASK, "C", nullptr);
+  return std::fabs(strtod_l(text.c_str(), nullptr, kClassic)) > 1;
 }
 
 // The words for infinity and for what is no number convert, but are no
-// decimal numbers.
+// decimal numbers. A number nearer to 0 than a double can be gives 0.
 std::optional<double> convert(const std::string& text, double /*tag*/) {
-  const auto number = convertNumber<double>(text);
-  return number && std::isfinite(*number) ? number : std::nullopt;
+  double number = 0;
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  if (result.ptr != end) return std::nullopt;
+  if (result.ec == std::errc::result_out_of_range && !isTooLarge(text)) return 0;
+  if (result.ec != std::errc() || !std::isfinite(number)) return std::nullopt;
+  return number;
 }
 
 const char* wantedForm(bool /*tag*/) {

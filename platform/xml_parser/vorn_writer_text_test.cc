@@ -128,6 +128,8 @@ TEST_F(TicketTextTest, Create_TextIsNoUtf8_IsTakenAsLatin1) {
       {"\xE0\x9F\xBF", "\xC3\xA0\xC2\x9F\xC2\xBF"},              // Longer than need be.
       {"\xF0\x8F\xBF\xBF", "\xC3\xB0\xC2\x8F\xC2\xBF\xC2\xBF"},  // Longer than need be.
       {"\xF4\x90\x80\x80", "\xC3\xB4\xC2\x90\xC2\x80\xC2\x80"},  // Beyond U+10FFFF.
+      {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xC2\x80"},              // The first surrogate.
+      {"\xED\xBF\xBF", "\xC3\xAD\xC2\xBF\xC2\xBF"},              // The last one.
       {"\xF8\x88\x80\x80\x80", "\xC3\xB8\xC2\x88\xC2\x80\xC2\x80\xC2\x80"},
       {"\xC3\xA4 \xE4", "\xC3\x83\xC2\xA4 \xC3\xA4"},  // All of it, not a part.
   };
@@ -146,8 +148,6 @@ TEST_F(TicketTextTest, Create_CharacterThatXmlCannotHold_IsRefusedAndNeverWritte
   expectRefused("behind\0"s, "U+0000");
   expectRefused("\xE4\x01", "U+0001");
   expectRefused("\xE4\0"s, "U+0000");
-  expectRefused("\xED\xA0\x80", "U+D800");
-  expectRefused("\xED\xBF\xBF", "U+DFFF");
   expectRefused("\xEF\xBF\xBE", "U+FFFE");
   expectRefused("x\xEF\xBF\xBF", "U+FFFF");
 }

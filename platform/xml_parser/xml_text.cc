@@ -21,6 +21,11 @@ unsigned byteAt(const std::string& text, std::size_t position) {
   return static_cast<unsigned char>(text[position]);
 }
 
+// Halves of a pair in UTF-16, which are no characters and have no place in UTF-8.
+bool isSurrogate(std::uint32_t character) {
+  return character >= 0xD800 && character <= 0xDFFF;
+}
+
 // The character at `position`, which moves behind it; nothing when no whole
 // character in its shortest form stands there.
 std::optional<std::uint32_t> takeCharacter(const std::string& text, std::size_t& position) {
@@ -37,7 +42,7 @@ std::optional<std::uint32_t> takeCharacter(const std::string& text, std::size_t&
       if ((byteAt(text, position) & 0xC0U) != 0x80U) return {};
       character = character << 6 | (byteAt(text, position) & 0x3FU);
     }
-    if (character < form.lowest || character > form.highest) return {};
+    if (character < form.lowest || character > form.highest || isSurrogate(character)) return {};
     return character;
   }
   return {};
@@ -66,7 +71,7 @@ std::string fromLatin1(const std::string& text) {
 
 bool isForbidden(std::uint32_t character) {
   if (character < 0x20) return character != '\t' && character != '\n' && character != '\r';
-  return (character >= 0xD800 && character <= 0xDFFF) || character == 0xFFFE || character == 0xFFFF;
+  return character == 0xFFFE || character == 0xFFFF;
 }
 
 }  // namespace

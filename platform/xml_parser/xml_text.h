@@ -9,11 +9,10 @@
 namespace driver_feature {
 
 // `text` when it is UTF-8, or else taken as ISO-8859-1 and brought to UTF-8.
-// Surrogates encoded as three bytes pass for UTF-8 here.
 std::string toUtf8(const std::string& text);
 
 // The first character of a text made by toUtf8() that XML cannot hold:
-// controls other than tab and line ends, surrogates, U+FFFE and U+FFFF.
+// controls other than tab and line ends, U+FFFE and U+FFFF.
 std::optional<std::uint32_t> findForbiddenCharacter(const std::string& utf8);
 
 }  // namespace driver_feature
