@@ -34,11 +34,6 @@ class TicketLoading {
   static void set(bool loading) { libraryState().ticketLoading = loading; }
 };
 
-int loadTicket(void* element, LoadMode mode) {
-  const TicketLoading loading;
-  return libraryState().loadCallback(element, mode);
-}
-
 }  // namespace
 
 void* GetMasterFeatureList() {
@@ -57,7 +52,9 @@ void setDriverFeatureUpdateCallback(bool (*callback)()) {
 
 int InstOptVORNTagHandler(void* element) try {
   if (libraryState().loadCallback == nullptr) return 1;
-  if (loadTicket(element, kInstallableOptions) != 0) {
+  // Required: the flag is up until the text is written.
+  const TicketLoading loading;
+  if (libraryState().loadCallback(element, kInstallableOptions) != 0) {
     // Required: to standard output, and not to the log.
     std::cout << "Queue Defaults Load Error" << std::endl;
   }
@@ -68,7 +65,10 @@ int InstOptVORNTagHandler(void* element) try {
 
 int JobTicketVORNTagHandler(void* element) try {
   if (libraryState().loadCallback == nullptr) return 1;
-  loadTicket(element, kJobTicket);
+  {
+    const TicketLoading loading;
+    libraryState().loadCallback(element, kJobTicket);
+  }
   driver_feature::callUpdateCallback();
   return 1;
 } catch (...) {

@@ -3,8 +3,7 @@
 #include <string>
 
 #include "frame/exports.h"
-#include "frame/state.h"
-#include "model/driver_feature_set.h"
+#include "frame/master_set.h"
 #include "model/messages.h"
 #include "model/vocabulary.h"
 
@@ -61,7 +60,7 @@ void copyValues(AttributeMap& names, const ValueNames& from, const ValueNames& t
   std::string ignored;
   for (long index = 0; index < names.size(); ++index) {
     names.fetchAttributeValueByIndex(index, name, ignored);
-    DriverFeatureSet& set = *driver_feature::libraryState().masterSet;
+    DriverFeatureSet& set = driver_feature::masterSet();
     if (CoreFeature* feature = set.FindFeatureInFeatureList(name)) {
       copyValue(*feature, from, to, values);
     } else {

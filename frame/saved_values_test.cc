@@ -220,5 +220,20 @@ TEST_F(SavedValuesTest, Restore_ChangedValue_RunsTheChangeRoutineOnce) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
+TEST_F(SavedValuesTest, BeforeASetExists_MakesItAndFindsNothing) {
+  libraryState().masterSet = nullptr;
+  names_["Copies"];
+  SaveCurrentFeatureValues(names_);
+  RestoreOriginalFeatureValues(names_);
+  const std::string notFound =
+      logLine(3, "FindFeatureInFeatureList() - Did not find feature \"Copies\".");
+  EXPECT_THAT(
+      host_.takeEvents(),
+      ElementsAre(
+          notFound, logLine(2, "SaveCurrentFeatureValues() - Cannot find feature \"Copies\""),
+          notFound, logLine(2, "RestoreOriginalFeatureValues() - Cannot find feature \"Copies\"")));
+  EXPECT_NE(libraryState().masterSet, nullptr);
+}
+
 }  // namespace
 }  // namespace driver_feature::testing

@@ -1,5 +1,7 @@
 #include <climits>
+#include <iostream>
 #include <stdexcept>
+#include <streambuf>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -186,6 +188,38 @@ TEST_F(TicketHandlersTest, EitherHandler_RoutineThrows_AnswersZeroAndLowersTheFl
   EXPECT_EQ(outputOf(JobTicketVORNTagHandler, 0), "");
   EXPECT_FALSE(libraryState().ticketLoading);
   EXPECT_THAT(host_.takeEvents(), ElementsAre("load 0, flag up"));
+}
+
+// Writes down the flag when a text goes through.
+class FlagBuffer : public std::streambuf {
+ public:
+  FlagBuffer() : before_(std::cout.rdbuf(this)) {}
+  ~FlagBuffer() override { std::cout.rdbuf(before_); }
+  FlagBuffer(const FlagBuffer&) = delete;
+  FlagBuffer& operator=(const FlagBuffer&) = delete;
+
+ protected:
+  std::streamsize xsputn(const char* text, std::streamsize size) override {
+    RecordingHost::record("writes " + std::string(text, static_cast<std::size_t>(size)) + ", " +
+                          flagText());
+    return size;
+  }
+  int overflow(int c) override { return c; }
+
+ private:
+  std::streambuf* before_;
+};
+
+TEST_F(TicketHandlersTest, InstOpt_RoutineFails_FlagIsUpUntilTheTextIsWritten) {
+  registerLoadRoutine();
+  script.result = 1;
+  {
+    const FlagBuffer buffer;
+    EXPECT_EQ(InstOptVORNTagHandler(&element_), 1);
+  }
+  EXPECT_FALSE(libraryState().ticketLoading);
+  EXPECT_THAT(host_.takeEvents(),
+              ElementsAre("load 1, flag up", "writes Queue Defaults Load Error, flag up"));
 }
 
 }  // namespace

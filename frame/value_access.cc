@@ -1,21 +1,19 @@
 // Reading and writing one value by the names of its target and property.
 
 #include "frame/exports.h"
-#include "frame/state.h"
-#include "model/driver_feature_set.h"
+#include "frame/master_set.h"
 #include "model/messages.h"
 
 namespace {
 
 using driver_feature::Level;
-using driver_feature::libraryState;
 using driver_feature::logComposed;
 
-// Finds the target and lets `access` answer for it. Nothing is thrown at the
-// host: a failure inside answers 0.
+// Finds the target and returns what `access` says of it. Nothing is thrown at
+// the host: a failure inside returns 0.
 template <class Access>
 int accessTarget(const std::string& target, const Access& access) try {
-  CoreFeature* feature = libraryState().masterSet->FindFeatureInFeatureList(target);
+  CoreFeature* feature = driver_feature::masterSet().FindFeatureInFeatureList(target);
   if (feature == nullptr) {
     logComposed(Level::kMisuse, "Couldn't attach to feature:  {}", target);
     return 0;
@@ -25,36 +23,43 @@ int accessTarget(const std::string& target, const Access& access) try {
   return 0;
 }
 
-template <class Out>
-int getValue(const std::string& target, const char* name, Out&& value) {
+// A null name is the empty one, which no property has.
+std::string propertyName(const char* name) {
+  return name != nullptr ? name : "";
+}
+
+template <class Value>
+int getNumber(const std::string& target, const char* name, Value* value) {
   return accessTarget(target, [&](CoreFeature& feature) {
-    return feature.getFeatureProperty(std::string(name), value);
+    return value != nullptr && feature.getFeatureProperty(propertyName(name), value);
   });
 }
 
 template <class Value>
 int setValue(const std::string& target, const char* name, const Value& value) {
   return accessTarget(target, [&](CoreFeature& feature) {
-    return feature.setFeatureProperty(std::string(name), value);
+    return feature.setFeatureProperty(propertyName(name), value);
   });
 }
 
 }  // namespace
 
 int GetFeatureIntValue(std::string& target, const char* name, int* value) {
-  return getValue(target, name, value);
+  return getNumber(target, name, value);
 }
 
 int GetFeatureFloatValue(std::string& target, const char* name, float* value) {
-  return getValue(target, name, value);
+  return getNumber(target, name, value);
 }
 
 int GetFeatureBoolValue(std::string& target, const char* name, bool* value) {
-  return getValue(target, name, value);
+  return getNumber(target, name, value);
 }
 
 int GetFeatureTextValue(std::string& target, const char* name, std::string& value) {
-  return getValue(target, name, value);
+  return accessTarget(target, [&](CoreFeature& feature) {
+    return feature.getFeatureProperty(propertyName(name), value);
+  });
 }
 
 int SetFeatureIntValue(std::string& target, const char* name, int value) {

@@ -6,6 +6,7 @@
 
 #include "frame/exports.h"
 #include "frame/master_set.h"
+#include "frame/state.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
 #include "model/driver_feature_static_group.h"
@@ -167,6 +168,50 @@ TEST_F(ValueAccessTest, Set_RefusedTypeOfValue_AnswersTheFeaturesTrue) {
                                   "DriverFeature::setFeatureProperty(string) - Attempt to set "
                                   "feature property:  \"CurrentTextValue\" for feature \"Copies\" "
                                   "to xwhere the feature is not a text valued feature.")));
+}
+
+TEST_F(ValueAccessTest, AnyFunction_NullPropertyName_IsTheEmptyName) {
+  int number = 3;
+  EXPECT_EQ(GetFeatureIntValue(copiesName_, nullptr, &number), 0);
+  EXPECT_EQ(number, 3);
+  EXPECT_EQ(SetFeatureTextValue(copiesName_, nullptr, "text"), 0);
+  EXPECT_THAT(host_.takeEvents(),
+              ElementsAre(logLine(3,
+                                  "DriverFeature::getFeatureProperty(int*) - Unrecognized feature "
+                                  "property:  \"\" for feature \"Copies."),
+                          logLine(3,
+                                  "DriverFeature::setFeatureProperty(string) - Unrecognized "
+                                  "feature property:  \"\" for feature \"Copies.")));
+  float fraction = 3;
+  bool flag = true;
+  std::string text = "before";
+  EXPECT_EQ(GetFeatureFloatValue(gammaName_, nullptr, &fraction), 0);
+  EXPECT_EQ(GetFeatureBoolValue(gammaName_, nullptr, &flag), 0);
+  EXPECT_EQ(GetFeatureTextValue(gammaName_, nullptr, text), 0);
+  EXPECT_EQ(SetFeatureIntValue(gammaName_, nullptr, 1), 0);
+  EXPECT_EQ(SetFeatureFloatValue(gammaName_, nullptr, 1), 0);
+  EXPECT_EQ(SetFeatureBoolValue(gammaName_, nullptr, true), 0);
+  EXPECT_EQ(host_.takeEvents().size(), 6U);
+  EXPECT_EQ(fraction, 3);
+  EXPECT_TRUE(flag);
+  EXPECT_EQ(text, "before");
+}
+
+TEST_F(ValueAccessTest, Get_NullValuePointer_ReturnsZero) {
+  EXPECT_EQ(GetFeatureIntValue(copiesName_, "CurrentIntValue", nullptr), 0);
+  EXPECT_EQ(GetFeatureFloatValue(gammaName_, "CurrentFloatValue", nullptr), 0);
+  EXPECT_EQ(GetFeatureBoolValue(copiesName_, "Sensitivity", nullptr), 0);
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+}
+
+TEST_F(ValueAccessTest, AnyFunction_BeforeASetExists_MakesItAndFindsNothing) {
+  libraryState().masterSet = nullptr;
+  EXPECT_EQ(SetFeatureIntValue(copiesName_, "CurrentIntValue", 7), 0);
+  EXPECT_THAT(
+      host_.takeEvents(),
+      ElementsAre(logLine(3, "FindFeatureInFeatureList() - Did not find feature \"Copies\"."),
+                  logLine(2, "Couldn't attach to feature:  Copies")));
+  EXPECT_NE(libraryState().masterSet, nullptr);
 }
 
 }  // namespace
