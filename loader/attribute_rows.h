@@ -118,12 +118,11 @@ bool applyRow(const NamedRow& row, const AttributeMap& attributes, Object& objec
 }
 
 // Sets the properties of the attributes that are present, in the order of the
-// rows. `others` of the attributes are in no row; once all the rest was met,
+// rows. `left` counts the attributes that were not met yet: when there are none,
 // the rows that are left are not looked for.
 template <class Object>
 void applyAttributes(const NamedRows& rows, const AttributeMap& attributes, Object& object,
-                     long others) {
-  long left = attributes.size() - others;
+                     long& left) {
   for (const NamedRow& row : rows) {
     if (left == 0) return;
     if (applyRow(row, attributes, object)) --left;
@@ -131,8 +130,8 @@ void applyAttributes(const NamedRows& rows, const AttributeMap& attributes, Obje
 }
 
 template <const auto& kTable, class Object>
-void applyAttributes(const AttributeMap& attributes, Object& object, long others) {
-  applyAttributes(namedRows<kTable>(), attributes, object, others);
+void applyAttributes(const AttributeMap& attributes, Object& object, long left) {
+  applyAttributes(namedRows<kTable>(), attributes, object, left);
 }
 
 }  // namespace driver_feature

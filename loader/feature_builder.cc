@@ -105,12 +105,13 @@ bool addOptions(void* element, DriverFeature& feature, const std::string& featur
       logFixed(Level::kError, "CreateFeature() - Could not create MultiSelect feature option");
       return false;
     }
-    if (feature.addOptionToFeature(option)) continue;
-    std::string optionName;
-    option->getOptionProperty(std::string("Name"), optionName);
-    logComposed(Level::kError, "CreateFeature() - Cannot add option \"{}\" to feature \"{}\".",
-                optionName, featureName);
-    return false;
+    if (!feature.addOptionToFeature(option)) {
+      std::string optionName;
+      option->getOptionProperty(std::string("Name"), optionName);
+      logComposed(Level::kError, "CreateFeature() - Cannot add option \"{}\" to feature \"{}\".",
+                  optionName, featureName);
+      return false;
+    }
   }
   return true;
 }
@@ -150,13 +151,6 @@ bool setDefaultOption(const AttributeMap& attributes, DriverFeature& feature,
   return true;
 }
 
-// How many of a feature's attributes are in no row of the common ones: its type
-// and name, and the default value that most features have.
-long attributesBesideCommonOnes(const AttributeMap& attributes) {
-  std::string ignored;
-  return readAttribute(attributes, "DefaultValue", ignored) ? 3 : 2;
-}
-
 }  // namespace
 
 DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes) {
@@ -166,7 +160,7 @@ DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes) {
     return nullptr;
   }
   auto* option = new DriverFeatureOption(name);
-  applyAttributes<kOptionAttributes>(attributes, *option, 1);
+  applyAttributes<kOptionAttributes>(attributes, *option, attributes.size() - 1);
   return option;
 }
 
@@ -193,9 +187,10 @@ DriverFeature* CreateFeature(void* element, const AttributeMap& attributes) {
     return nullptr;
   }
   assign(*feature, "FeatureType", *type);
-  applyAttributes<kFeatureAttributes>(attributes, *feature, attributesBesideCommonOnes(attributes));
+  long left = attributes.size() - 2;
+  applyAttributes(namedRows<kFeatureAttributes>(), attributes, *feature, left);
   if (const auto typeAttributes = kTypes[static_cast<std::size_t>(*type)].attributes) {
-    applyAttributes(typeAttributes(), attributes, *feature, 2);
+    applyAttributes(typeAttributes(), attributes, *feature, left);
   }
   if (*type == kMultiSelect) {
     if (!addOptions(element, *feature, name)) return nullptr;

@@ -24,7 +24,8 @@ sys.path.append(str(_ROOT / "tests/support"))
 from paragraphs import ListError, read_paragraphs  # noqa: E402
 
 _EXPLANATIONS = _ROOT / "tests/mutation/survivors.txt"
-_LEAST_PERCENTAGE = 95
+_UNREACHABLE = _ROOT / "tests/mutation/unreachable.txt"
+_LEAST_PERCENTAGE = 97
 # Fewer mutations say nothing about a percentage.
 _LEAST_FOR_PERCENTAGE = 100
 
@@ -168,7 +169,29 @@ def judge(outcomes, unexplained):
     return faults
 
 
-def read_reasons(everything):
+def lines_within(text, opening):
+    """The numbers of the lines of the block that such a line opens."""
+    lines = text.splitlines()
+    starts = [number for number, line in enumerate(lines) if line.strip() == opening]
+    if len(starts) != 1:
+        raise ListError(f"{_UNREACHABLE.relative_to(_ROOT)}: {len(starts)} lines read {opening}")
+    indent = lines[starts[0]][:-len(opening)]
+    end = next(number for number in range(starts[0] + 1, len(lines))
+               if lines[number].startswith(indent + "}"))
+    return range(starts[0] + 2, end + 1)
+
+
+def read_unreachable(everything, texts):
+    """The reasons of all mutations in blocks that no test can reach."""
+    reasons = {}
+    for (path, block), reason in read_paragraphs(_UNREACHABLE, ("file", "block", "reason")).items():
+        within = lines_within(texts[path], block)
+        reasons.update({key_of(each): reason for each in everything
+                        if each.path == path and each.line in within})
+    return reasons
+
+
+def read_reasons(everything, texts):
     """The committed reasons, each of which fits a mutation."""
     reasons = read_paragraphs(_EXPLANATIONS, ("file", "line", "becomes", "reason"))
     stale = set(reasons) - {key_of(each) for each in everything}
@@ -176,7 +199,7 @@ def read_reasons(everything):
         path, before, after = sorted(stale)[0]
         raise ListError(f"{_EXPLANATIONS.relative_to(_ROOT)}: no mutation of {path} makes\n"
                         f"  - {before}\n  + {after}\nany more; take the paragraph out")
-    return reasons
+    return read_unreachable(everything, texts) | reasons
 
 
 def main():
@@ -189,7 +212,7 @@ def main():
     sources = {path: Source(path, text) for path, text in texts.items()}
     enumerators = collect_enumerators(sources.values())
     everything = [each for path in paths for each in find_mutations(sources[path], enumerators)]
-    read_reasons(everything)
+    read_reasons(everything, texts)
 
     mutations = [each for each in everything if not arguments.places or
                  {each.path, f"{each.path}:{each.line}"} & set(arguments.places)]
@@ -206,7 +229,7 @@ def main():
     workspace.prepare()
     outcomes = try_all(workspace, mutations, texts, arguments.jobs)
     # Reasons may have been added in the meantime.
-    lines, unexplained = report(outcomes, read_reasons(everything))
+    lines, unexplained = report(outcomes, read_reasons(everything, texts))
     (folder / "report.txt").write_text("\n".join(lines) + "\n")
     print("\n" + "\n".join(lines))
     faults = judge(outcomes, unexplained)
