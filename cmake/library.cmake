@@ -20,6 +20,7 @@ add_library(driver_feature_objects OBJECT
   model/driver_feature_static_group.cc
   model/feature_index.cc
   model/messages.cc
+  model/option_list.cc
   model/text_conversion.cc
   model/vocabulary.cc
   output/command_template.cc
@@ -27,9 +28,10 @@ add_library(driver_feature_objects OBJECT
   output/feature_text.cc
   output/group_text.cc
   output/group_ticket.cc
-  output/kept_text.cc
   output/serialization.cc
+  output/text_serialization.cc
   output/ticket_attributes.cc
+  output/ticket_serialization.cc
 )
 target_link_libraries(driver_feature_objects PUBLIC
   driver_feature_compile_options common_api xml_parser)

@@ -84,7 +84,7 @@ bool DriverFeature::storeByRule(const Row& row, const Value& value, bool suppres
     if (row.rule == Rule::kFeatureType) return storeFeatureType(value);
     if (row.rule == Rule::kValueType) return storeValueType(value);
   }
-  assign(member, value);
+  member = value;
   if (row.rule == Rule::kFlag) driver_feature::notifyUpdate(suppressUpdate);
   return true;
 }
@@ -92,15 +92,9 @@ bool DriverFeature::storeByRule(const Row& row, const Value& value, bool suppres
 template <class Value>
 bool DriverFeature::storeChanged(Value& current, const Value& value, bool suppressUpdate) {
   if (current == value) return true;
-  assign(current, value);
+  current = value;
   notifyChange(suppressUpdate);
   return true;
-}
-
-template <class Value>
-void DriverFeature::assign(Value& member, const Value& value) {
-  ++changeCount_;
-  member = value;
 }
 
 void DriverFeature::notifyChange(bool suppressUpdate) {
@@ -114,8 +108,8 @@ bool DriverFeature::storeFeatureType(int value) {
   if (value < 0 || value > driver_feature::kHighestFeatureType) {
     return refuseValue(driver_feature::Property::kFeatureType, value);
   }
-  assign(type_, value);
-  if (const auto valueType = driver_feature::valueTypeOf(value)) assign(valueType_, *valueType);
+  type_ = value;
+  if (const auto valueType = driver_feature::valueTypeOf(value)) valueType_ = *valueType;
   return true;
 }
 
@@ -123,7 +117,7 @@ bool DriverFeature::storeValueType(int value) {
   if (value < 0 || value > driver_feature::kHighestValueType) {
     return refuseValue(driver_feature::Property::kFeatureValueType, value);
   }
-  assign(valueType_, value);
+  valueType_ = value;
   return true;
 }
 
@@ -136,7 +130,7 @@ bool DriverFeature::refuseValue(driver_feature::Property property, int value) {
 }
 
 bool DriverFeature::storeChangeRoutine(const std::string& routineName) {
-  assign(callbackRoutine_, routineName);
+  callbackRoutine_ = routineName;
   changeRoutine_ = reinterpret_cast<void (*)()>(FetchSymbol(routineName.c_str()));
   if (changeRoutine_ == nullptr) {
     logComposed(Level::kMisuse,

@@ -14,12 +14,11 @@
 #ifndef MODEL_DRIVER_FEATURE_H_
 #define MODEL_DRIVER_FEATURE_H_
 
-#include <cstdint>
-#include <map>
 #include <set>
 #include <string>
 
 #include "model/core_feature.h"
+#include "model/option_list.h"
 #include "model/vocabulary.h"
 
 namespace driver_feature {
@@ -96,10 +95,6 @@ class DriverFeature : public IntermediateCoreFeature {
   template <class Value>
   static const Value DriverFeature::*findPlainMember(const std::string& name);
 
-  // Counts the changes of all that a text of this feature can depend on, but
-  // for what its options hold.
-  std::uint64_t changeCount() const { return changeCount_; }
-
  private:
   struct Properties;
   using Row = driver_feature::PropertyRow<DriverFeature, driver_feature::Property>;
@@ -112,9 +107,6 @@ class DriverFeature : public IntermediateCoreFeature {
   bool fetch(const std::string& name, Value& value);
   template <class Value>
   bool storeChanged(Value& current, const Value& value, bool suppressUpdate);
-  // The only way into a member that a property names, after the constructors.
-  template <class Value>
-  void assign(Value& member, const Value& value);
 
   bool storeFeatureType(int value);
   bool storeValueType(int value);
@@ -125,9 +117,8 @@ class DriverFeature : public IntermediateCoreFeature {
 
   void notifyChange(bool suppressUpdate);
   bool isMultiSelect() const { return type_ == driver_feature::kMultiSelect; }
+  bool refusesOptionIndexByName();
   bool refusesOptionByName();
-  CoreOption* findOption(const std::string& attribute, const std::string& value);
-  bool isAvailable(int position);
   void copyOptionNames(DriverFeature& source);
 
   // What reading and writing need of each of many features stands together, in
@@ -135,12 +126,8 @@ class DriverFeature : public IntermediateCoreFeature {
   int type_ = driver_feature::kMultiSelect;
   int valueType_ = driver_feature::kIntValue;
   int currentInt_ = 0;  // The current option's position in a "MultiSelect" feature.
-  // The option that was last fetched by its position, mostly the current one,
-  // which is fetched again and again. Null: none was.
-  int lastOptionPosition_ = 0;
-  CoreOption* lastOption_ = nullptr;
-  std::uint64_t changeCount_ = 0;
   bool inGroup_ = false;
+  driver_feature::OptionList options_;
 
   std::string name_;
   int defaultInt_ = 0;
@@ -180,7 +167,6 @@ class DriverFeature : public IntermediateCoreFeature {
   std::string biDiDataSection_;
   std::string cloKey_;
 
-  std::map<int, CoreOption*> options_;  // By position, 0 to count - 1. None is ever removed.
   std::set<long> constraints_;
 };
 

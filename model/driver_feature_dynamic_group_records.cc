@@ -60,13 +60,13 @@ bool DriverFeatureDynamicGroup::copyMemberToRecord(CoreFeature& member, Attribut
                                                    DriverFeatureStaticGroup& record) {
   std::string name;
   member.getFeatureProperty(std::string("Name"), name);
+  const int type = member.getFeatureType();
   std::string value;
   if (!values.loadMapVariable(name, value, static_cast<const std::string*>(nullptr))) {
     logComposed(Level::kMisuse,
                 "addStaticGroupToDynamicGroupWithSort() - Feature not found in map:{}", name);
     return false;
   }
-  const int type = member.getFeatureType();
   if (type < driver_feature::kMultiSelect || type > driver_feature::kFloatEntry) return true;
   auto* feature = dynamic_cast<DriverFeature*>(&member);
   if (feature == nullptr) return true;
@@ -205,7 +205,9 @@ bool DriverFeatureDynamicGroup::removeAllDynamicEntries() {
 bool DriverFeatureDynamicGroup::detectDuplicateRecord(AttributeMap& values) {
   if (template_ == nullptr) return false;
   if (values.size() != template_->fetchNumberOfFeaturesInGroup()) return false;
-  for (DriverFeatureStaticGroup* record : records_) {
+  // By position: a line of the log may make the host change the records.
+  for (std::size_t i = 0; i < records_.size(); ++i) {
+    DriverFeatureStaticGroup* record = records_[i];
     if (record == nullptr) {
       logFixed(Level::kWarning,
                "DriverFeatureDynamicGroup::detectDuplicateRecord() - Cannot get feature from "

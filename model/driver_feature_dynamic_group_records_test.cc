@@ -275,5 +275,43 @@ TEST_F(RecordsTest, Duplicate_MapOfAnotherSize_IsNoneInSilence) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
+// A member of a template that writes down what it is asked.
+class AskedMember : public ScriptedFeature {
+ public:
+  AskedMember() : ScriptedFeature(0) { texts["Name"] = "asked"; }
+  using ScriptedFeature::getFeatureProperty;
+  bool getFeatureProperty(const std::string& name, std::string& value) override {
+    RecordingHost::record("reads " + name);
+    return ScriptedFeature::getFeatureProperty(name, value);
+  }
+  int getFeatureType() override {
+    RecordingHost::record("reads the type");
+    return ScriptedFeature::getFeatureType();
+  }
+};
+
+TEST_F(RecordsTest, Add_MemberNotInTheMap_ItsNameAndTypeWereReadBefore) {
+  AskedMember member;
+  DriverFeatureStaticGroup shape;
+  shape.addFeatureToGroup(&member);
+  DriverFeatureDynamicGroup group;
+  group.addDefaultStaticGroupTemplate(&shape);
+  AttributeMap map;
+  map["other"] = "1";
+  EXPECT_FALSE(group.addStaticGroupToDynamicGroup(map));
+  EXPECT_THAT(host_.takeEvents(),
+              ElementsAre("reads Name", "reads the type",
+                          logLine(2,
+                                  "addStaticGroupToDynamicGroupWithSort() - Feature not found in "
+                                  "map:asked")));
+}
+
+TEST_F(RecordsTest, Duplicate_FloatMadeOfASignAlone_EqualsPlusZero) {
+  AttributeMap signOnly = values("A4", "1", "Report", "-");
+  EXPECT_TRUE(group_.addStaticGroupToDynamicGroup(signOnly));
+  AttributeMap zero = values("A4", "1", "Report", "0.000000");
+  EXPECT_TRUE(group_.detectDuplicateRecord(zero));
+}
+
 }  // namespace
 }  // namespace driver_feature::testing

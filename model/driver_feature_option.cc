@@ -75,7 +75,6 @@ bool DriverFeatureOption::store(const std::string& name, const Value& value) {
     logComposed(Level::kWarning, Messages<Value>::kSetUnrecognized, name, name_);
     return false;
   }
-  if constexpr (std::is_same_v<Value, std::string>) ++textChangeCount_;
   memberOf<Value>(*this, *row) = value;
   return true;
 }

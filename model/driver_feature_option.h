@@ -3,7 +3,6 @@
 #ifndef MODEL_DRIVER_FEATURE_OPTION_H_
 #define MODEL_DRIVER_FEATURE_OPTION_H_
 
-#include <cstdint>
 #include <set>
 #include <string>
 
@@ -29,10 +28,6 @@ class DriverFeatureOption : public IntermediateCoreOption {
   // As DriverFeature::findPlainMember(), for texts.
   static const std::string DriverFeatureOption::*findPlainMember(const std::string& name);
 
-  // Counts the texts that were stored in any option. Options seldom get
-  // another text, so that one count serves them all.
-  static std::uint64_t textChangeCount() { return textChangeCount_; }
-
  private:
   struct Properties;
 
@@ -50,8 +45,6 @@ class DriverFeatureOption : public IntermediateCoreOption {
   std::string snmpValue_;
   std::string cloKey_;
   std::set<long> constraints_;
-
-  static inline std::uint64_t textChangeCount_ = 0;
 };
 
 #endif  // MODEL_DRIVER_FEATURE_OPTION_H_

@@ -1,7 +1,5 @@
 // The option list of a feature.
 
-#include <algorithm>
-
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
 #include "model/messages.h"
@@ -27,8 +25,7 @@ bool DriverFeature::addOptionToFeature(CoreOption* option) {
                 optionName, name_);
     return false;
   }
-  ++changeCount_;
-  options_.emplace_hint(options_.end(), static_cast<int>(options_.size()), option);
+  options_.add(option);
   return true;
 }
 
@@ -40,7 +37,7 @@ int DriverFeature::getFeatureOptionCount() {
                 name_);
     return -1;
   }
-  return static_cast<int>(options_.size());
+  return options_.size();
 }
 
 int DriverFeature::fetchNumberOfOptions() {
@@ -52,29 +49,26 @@ int DriverFeature::fetchNumberOfOptions() {
                 name_);
     return 0;
   }
-  return static_cast<int>(options_.size());
+  return options_.size();
 }
 
 int DriverFeature::fetchOptionIndexByName(const std::string& name) {
-  return fetchOptionIndexByName(std::string("Name"), name);
+  if (refusesOptionIndexByName()) return -1;
+  return options_.findPosition(std::string("Name"), name);
 }
 
 int DriverFeature::fetchOptionIndexByName(const std::string& attribute, const std::string& value) {
-  if (!isMultiSelect()) {
-    logComposed(Level::kMisuse,
-                "DriverFeature::fetchOptionIndexByName() - Attempt to get option index of "
-                "non-combobox feature \"{}\".",
-                name_);
-    return -1;
-  }
-  // Required: the reads are not checked and share one text, so that an unknown
-  // attribute with an empty value matches the first option.
-  std::string text;
-  for (const auto& [position, option] : options_) {
-    option->getOptionProperty(attribute, text);
-    if (text == value) return position;
-  }
-  return -1;
+  if (refusesOptionIndexByName()) return -1;
+  return options_.findPosition(attribute, value);
+}
+
+bool DriverFeature::refusesOptionIndexByName() {
+  if (isMultiSelect()) return false;
+  logComposed(Level::kMisuse,
+              "DriverFeature::fetchOptionIndexByName() - Attempt to get option index of "
+              "non-combobox feature \"{}\".",
+              name_);
+  return true;
 }
 
 CoreOption* DriverFeature::fetchCurrentOption() {
@@ -90,7 +84,8 @@ CoreOption* DriverFeature::fetchCurrentOption() {
 
 CoreOption* DriverFeature::fetchOptionByName(std::string name) {
   if (refusesOptionByName()) return nullptr;
-  if (CoreOption* option = findOption(std::string("Name"), name)) return option;
+  const int position = options_.findPosition(std::string("Name"), name);
+  if (CoreOption* option = options_.at(position)) return option;
   logComposed(Level::kWarning,
               "DriverFeature::fetchOptionByName() - Option \"{}\" of feature \"{}\" was not found.",
               name, name_);
@@ -100,7 +95,7 @@ CoreOption* DriverFeature::fetchOptionByName(std::string name) {
 CoreOption* DriverFeature::fetchOptionByName(const std::string& attribute,
                                              const std::string& value) {
   if (refusesOptionByName()) return nullptr;
-  if (CoreOption* option = findOption(attribute, value)) return option;
+  if (CoreOption* option = options_.findReadable(attribute, value)) return option;
   logComposed(Level::kWarning,
               "DriverFeature::fetchOptionByName() - Option with attribute \"{}\" = \"{}\" was not "
               "found.",
@@ -117,14 +112,6 @@ bool DriverFeature::refusesOptionByName() {
   return true;
 }
 
-CoreOption* DriverFeature::findOption(const std::string& attribute, const std::string& value) {
-  std::string text;
-  for (const auto& [position, option] : options_) {
-    if (option->getOptionProperty(attribute, text) && text == value) return option;
-  }
-  return nullptr;
-}
-
 CoreOption* DriverFeature::fetchOptionByIndex(int index) {
   if (!isMultiSelect()) {
     logComposed(Level::kMisuse,
@@ -133,48 +120,22 @@ CoreOption* DriverFeature::fetchOptionByIndex(int index) {
                 name_);
     return nullptr;
   }
-  if (lastOption_ != nullptr && index == lastOptionPosition_) return lastOption_;
-  const auto found = options_.find(index);
-  if (found == options_.end()) {
-    logComposed(Level::kMisuse,
-                "DriverFeature::fetchOptionByIndex() - Attempt to fetch feature option with index "
-                "out of range for feature \"{}\".",
-                name_);
-    return nullptr;
-  }
-  lastOption_ = found->second;
-  lastOptionPosition_ = index;
-  return lastOption_;
+  if (CoreOption* option = options_.at(index)) return option;
+  logComposed(Level::kMisuse,
+              "DriverFeature::fetchOptionByIndex() - Attempt to fetch feature option with index "
+              "out of range for feature \"{}\".",
+              name_);
+  return nullptr;
 }
 
 bool DriverFeature::findNextAvailableOption(int* position) {
-  const int count = static_cast<int>(options_.size());
-  const int start = *position;
-  // Positions outside the list hold no option and are not walked. From the
-  // position behind the last option, every option is tried.
-  const int first = start >= count ? (start == count ? 0 : count) : std::max(start + 1, 0);
-  for (int i = first; i < count; ++i) {
-    if (isAvailable(i)) {
-      *position = i;
-      return true;
-    }
-  }
-  for (int i = 0; i < std::min(start, count); ++i) {
-    if (isAvailable(i)) {
-      *position = i;
-      return true;
-    }
+  if (const auto next = options_.findNextAvailable(*position)) {
+    *position = *next;
+    return true;
   }
   logFixed(Level::kMisuse,
            "DriverFeatureOption::findNextAvailableOption() - No options are available!");
   return false;
-}
-
-bool DriverFeature::isAvailable(int position) {
-  const auto found = options_.find(position);
-  bool sensitive = false;
-  return found != options_.end() &&
-         found->second->getOptionProperty(std::string("Sensitivity"), &sensitive) && sensitive;
 }
 
 void DriverFeature::copyOptionNames(DriverFeature& source) {
@@ -186,6 +147,6 @@ void DriverFeature::copyOptionNames(DriverFeature& source) {
                "DriverFeature(DriverFeature*) - Cannot get MultiSelect feature option name");
       return;
     }
-    options_[i] = new DriverFeatureOption(name);
+    options_.add(new DriverFeatureOption(name));
   }
 }

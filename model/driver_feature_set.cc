@@ -20,7 +20,9 @@ namespace {
 template <class Group>
 CoreFeature* findGroup(const std::vector<Group*>& groups, const std::string& attribute,
                        const std::string& wanted, std::string& text) {
-  for (Group* group : groups) {
+  // By position: the platform's look-up of the name may add groups.
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    Group* group = groups[i];
     group->getFeatureProperty(attribute, text);
     if (text == wanted) return group;
   }
@@ -133,7 +135,6 @@ int DriverFeatureSet::addFeatureToFeatureList(const std::string& name, DriverFea
   if (name.empty() || feature == nullptr) return 0;
   const auto [entry, isNew] = features_.insert_or_assign(name, feature);
   if (isNew) index_.add(features_, *entry);
-  ++listChangeCount_;
   lastFetchedIndex_ = -1;
   return 1;
 }
@@ -175,6 +176,5 @@ void DriverFeatureSet::swapContents(Contents& contents) noexcept {
   staticGroups_.swap(contents.staticGroups);
   dynamicGroups_.swap(contents.dynamicGroups);
   index_.clear();
-  ++listChangeCount_;
   lastFetchedIndex_ = -1;
 }

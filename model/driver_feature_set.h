@@ -3,9 +3,7 @@
 #ifndef MODEL_DRIVER_FEATURE_SET_H_
 #define MODEL_DRIVER_FEATURE_SET_H_
 
-#include <cstdint>
 #include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -15,17 +13,11 @@
 class DriverFeatureDynamicGroup;
 class DriverFeatureStaticGroup;
 
-namespace driver_feature {
-class KeptText;
-struct TextDialect;
-}  // namespace driver_feature
-
 // Holds plain pointers to what the loader has made and deletes none of it.
 // Never holds null or a feature without a name. Nothing is ever removed.
 class DriverFeatureSet : public CoreFeatureSet {
  public:
-  DriverFeatureSet();
-  ~DriverFeatureSet();
+  DriverFeatureSet() = default;
   DriverFeatureSet(const DriverFeatureSet&) = delete;
   DriverFeatureSet& operator=(const DriverFeatureSet&) = delete;
 
@@ -64,9 +56,6 @@ class DriverFeatureSet : public CoreFeatureSet {
   // The address of the host's routine of that name, or null, in silence.
   void* fetchCallbackRoutine(const std::string& routineName);
 
-  // Counts the changes of which features there are.
-  std::uint64_t listChangeCount() const { return listChangeCount_; }
-
   using Features = std::map<std::string, DriverFeature*>;
 
   // What the set lists, for whoever takes back a load that has failed.
@@ -79,9 +68,6 @@ class DriverFeatureSet : public CoreFeatureSet {
   void swapContents(Contents& contents) noexcept;
 
  private:
-  void serializeText(std::string& output, const driver_feature::TextDialect& dialect,
-                     std::unique_ptr<driver_feature::KeptText>& keptText);
-
   // The entry at a position that is in the list.
   Features::const_iterator featureAt(int index);
 
@@ -96,12 +82,6 @@ class DriverFeatureSet : public CoreFeatureSet {
   // none since the list has grown.
   Features::const_iterator lastFetched_;
   int lastFetchedIndex_ = -1;
-
-  std::uint64_t listChangeCount_ = 0;
-
-  // What serialize() wrote last. Null until it has, and while it does.
-  std::unique_ptr<driver_feature::KeptText> keptPostScript_;
-  std::unique_ptr<driver_feature::KeptText> keptPJL_;
 };
 
 #endif  // MODEL_DRIVER_FEATURE_SET_H_

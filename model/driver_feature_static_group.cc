@@ -143,7 +143,10 @@ bool DriverFeatureStaticGroup::addFeatureToGroup(CoreFeature* member) {
 
 CoreFeature* DriverFeatureStaticGroup::fetchFeatureInGroupByName(const std::string& name) {
   std::string memberName;
-  for (CoreFeature* member : members_) {
+  // By position: a member that is the host's, or the platform's look-up of the
+  // name, may add members.
+  for (std::size_t i = 0; i < members_.size(); ++i) {
+    CoreFeature* member = members_[i];
     member->getFeatureProperty(std::string("Name"), memberName);
     if (memberName == name) return member;
   }

@@ -136,6 +136,22 @@ TEST_F(NextAvailableOptionTest, UnreadableOption_IsPassedOver) {
   EXPECT_EQ(position, 2);
 }
 
+// Reads as true and gives no value.
+class WordlessOption : public DriverFeatureOption {
+ public:
+  using DriverFeatureOption::getOptionProperty;
+  bool getOptionProperty(const std::string& /*name*/, bool* /*value*/) override { return true; }
+};
+
+TEST_F(NextAvailableOptionTest, OptionGivesNoValue_IsNotAvailable) {
+  WordlessOption wordless;
+  DriverFeature feature;
+  feature.addOptionToFeature(&a_);
+  feature.addOptionToFeature(&wordless);
+  int position = 0;
+  EXPECT_FALSE(feature.findNextAvailableOption(&position));
+}
+
 TEST_F(NextAvailableOptionTest, OfAnotherType_SearchesAllTheSame) {
   feature_.setFeatureProperty(std::string("FeatureType"), 2);
   int position = 0;

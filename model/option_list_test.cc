@@ -197,5 +197,43 @@ TEST_F(OptionListTest, ByProperty_UnreadableOption_KeepsTheTextOfTheOneBefore) {
   EXPECT_EQ(feature.fetchOptionByName(std::string("SNMPValue"), std::string("7")), &a_);
 }
 
+// The text of the read before counts for an option that cannot be read.
+TEST_F(OptionListTest, OptionByName_ReadFails_ComparesWhatWasReadBefore) {
+  UnreadableOption unreadable;
+  DriverFeature feature(std::string("Tray"));
+  feature.addOptionToFeature(&unreadable);
+  feature.addOptionToFeature(&b_);
+  EXPECT_EQ(feature.fetchOptionByName(std::string()), &unreadable);
+  EXPECT_EQ(feature.fetchOptionByName(std::string("B")), &b_);
+  EXPECT_EQ(feature.fetchOptionByName(std::string("Name"), std::string("B")), &b_);
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+  EXPECT_EQ(feature.fetchOptionByName(std::string("Name"), std::string()), nullptr);
+  EXPECT_THAT(host_.takeEvents(),
+              ElementsAre(logLine(3,
+                                  "DriverFeature::fetchOptionByName() - Option with attribute "
+                                  "\"Name\" = \"\" was not found.")));
+}
+
+// A feature of a host that replaces the search by any property (slot 25), and
+// not the one by name (slot 10).
+class OtherSearch : public DriverFeature {
+ public:
+  using DriverFeature::DriverFeature;
+  using DriverFeature::fetchOptionIndexByName;
+  int fetchOptionIndexByName(const std::string& /*attribute*/,
+                             const std::string& /*value*/) override {
+    return 1;
+  }
+};
+
+TEST_F(OptionListTest, SearchByAnyPropertyReplaced_SearchByNameStays) {
+  OtherSearch feature(std::string("Tray"));
+  for (DriverFeatureOption* option : {&a_, &b_, &c_}) feature.addOptionToFeature(option);
+  EXPECT_EQ(feature.fetchOptionIndexByName(std::string("C")), 2);
+  EXPECT_EQ(feature.fetchOptionIndexByName(std::string("Name"), std::string("C")), 1);
+  EXPECT_TRUE(feature.setFeatureProperty(std::string("ValueString"), std::string("C")));
+  EXPECT_EQ(feature.fetchCurrentOption(), &c_);
+}
+
 }  // namespace
 }  // namespace driver_feature::testing

@@ -84,6 +84,8 @@ float toFloat(const std::string& text) {
   double value = 0;
   const auto format = hexadecimal ? std::chars_format::hex : std::chars_format::general;
   const auto result = std::from_chars(rest.data(), rest.data() + rest.size(), value, format);
+  // Without a number there is no sign either: "-" is plus zero.
+  if (result.ec == std::errc::invalid_argument) return 0;
   if (result.ec == std::errc::result_out_of_range) {
     const auto length = static_cast<std::size_t>(result.ptr - rest.data());
     const bool large = isTooLarge(rest.substr(0, length), hexadecimal);

@@ -101,6 +101,16 @@ TEST(TextConversionTest, ToFloat_AnyText_ReadsTheNumberAtItsStart) {
   EXPECT_TRUE(std::isnan(toFloat("nan")));
 }
 
+TEST(TextConversionTest, ToFloat_SignWithoutANumber_IsPlusZero) {
+  for (const char* text : {"-", "-x", "- 5", "--5", "-+5", " -", "-."}) {
+    EXPECT_EQ(toFloat(text), 0.0F) << text;
+    EXPECT_FALSE(std::signbit(toFloat(text))) << text;
+  }
+  for (const char* text : {"-0", "-0x", "-.0", "-1e-999"}) {
+    EXPECT_TRUE(std::signbit(toFloat(text))) << text;
+  }
+}
+
 TEST(TextConversionTest, ToFixedText_AnyValue_HasSixDecimals) {
   EXPECT_EQ(toFixedText(2.5), "2.500000");
   EXPECT_EQ(toFixedText(static_cast<double>(0.1F)), "0.100000");

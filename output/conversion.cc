@@ -48,14 +48,14 @@ bool takeFlag(std::string_view& text, Conversion& conversion) {
   return true;
 }
 
+// "h" and "l" may stand twice.
 std::string_view takeLength(std::string_view& text) {
-  for (const std::string_view length : {"hh", "h", "ll", "l", "j", "z", "t", "L"}) {
-    if (!text.starts_with(length)) continue;
-    const std::string_view taken = text.substr(0, length.size());
-    text.remove_prefix(length.size());
-    return taken;
-  }
-  return {};
+  constexpr std::string_view kLetters = "hljztL";
+  if (text.empty() || kLetters.find(text.front()) == kLetters.npos) return {};
+  const std::size_t size = text.starts_with("hh") || text.starts_with("ll") ? 2 : 1;
+  const std::string_view taken = text.substr(0, size);
+  text.remove_prefix(size);
+  return taken;
 }
 
 bool isOneOf(std::string_view length, std::initializer_list<std::string_view> lengths) {

@@ -32,12 +32,11 @@ double formatted(float value) {
 }
 
 template <class Value>
-bool appendFormatted(const std::string& commandTemplate, const Value& value, std::string& output) {
-  if (appendCommand(commandTemplate, formatted(value), output)) return true;
+void appendFormatted(const std::string& commandTemplate, const Value& value, std::string& output) {
+  if (appendCommand(commandTemplate, formatted(value), output)) return;
   logComposed(Level::kWarning,
               "createTicketPDLAttributes() - Cannot format value with command template \"{}\"",
               commandTemplate);
-  return false;
 }
 
 }  // namespace
@@ -66,7 +65,7 @@ const std::string* FeatureText::findText(CoreFeature& object,
   return text.empty() ? nullptr : &text;
 }
 
-bool FeatureText::append(CoreFeature& feature, const std::string& commandTemplate,
+void FeatureText::append(CoreFeature& feature, const std::string& commandTemplate,
                          std::string& output) {
   switch (feature.getFeatureType()) {
     case kMultiSelect:
@@ -85,37 +84,38 @@ bool FeatureText::append(CoreFeature& feature, const std::string& commandTemplat
                          commandTemplate, output);
     default:
       logFixed(Level::kMisuse, "createTicketPDLAttributes() - Feature has an invalid feature type");
-      return false;
   }
 }
 
-bool FeatureText::appendOption(CoreFeature& feature, const std::string& commandTemplate,
+void FeatureText::appendOption(CoreFeature& feature, const std::string& commandTemplate,
                                std::string& output) {
   CoreOption* option = feature.fetchCurrentOption();
   if (option == nullptr) {
     logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get current feature option");
-    return false;
+    return;
   }
   const DriverFeatureOption* own = areKnown_ ? asOwn<DriverFeatureOption>(*option) : nullptr;
   if (own != nullptr) {
-    return appendFormatted(commandTemplate, own->*properties_.optionCommand, output) &&
-           asKnown(feature) != nullptr;
+    appendFormatted(commandTemplate, own->*properties_.optionCommand, output);
+    return;
   }
+  // A copy: an option of the host may change the feature's command.
+  const std::string command = commandTemplate;
   optionCommand_.clear();
   if (option->getOptionProperty(nameText(dialect_.commandProperty), optionCommand_)) {
-    appendFormatted(commandTemplate, optionCommand_, output);
+    appendFormatted(command, optionCommand_, output);
   } else {
     logFixed(Level::kWarning, dialect_.optionCommandUnreadable);
   }
-  return false;
 }
 
 template <class Value>
-bool FeatureText::appendValue(CoreFeature& feature, const Value DriverFeature::*member,
+void FeatureText::appendValue(CoreFeature& feature, const Value DriverFeature::*member,
                               Property property, const char* unreadable,
                               const std::string& commandTemplate, std::string& output) const {
   if (const DriverFeature* known = asKnown(feature)) {
-    return appendFormatted(commandTemplate, known->*member, output);
+    appendFormatted(commandTemplate, known->*member, output);
+    return;
   }
   Value value{};
   if (readByName(feature, property, value)) {
@@ -123,7 +123,6 @@ bool FeatureText::appendValue(CoreFeature& feature, const Value DriverFeature::*
   } else {
     logFixed(Level::kMisuse, unreadable);
   }
-  return false;
 }
 
 const DriverFeature* FeatureText::asKnown(const CoreFeature& object) const {

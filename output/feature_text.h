@@ -20,11 +20,6 @@ class FeatureText {
   FeatureText& operator=(const FeatureText&) = delete;
 
   const TextDialect& dialect() const { return dialect_; }
-  const TextProperties& properties() const { return properties_; }
-
-  // Whether the object is read where it holds its values, which then cannot
-  // change but by its own operations.
-  bool isKnown(const CoreFeature& object) const { return asKnown(object) != nullptr; }
 
   // Whether the object is written by a static group that holds it.
   bool isInGroup(CoreFeature& object) const;
@@ -35,15 +30,13 @@ class FeatureText {
   const std::string* findRoutine(CoreFeature& object);
 
   // Appends the current option's command, or the current value, in the command
-  // template. Nothing, after a log line, when there is no text. True when the
-  // text will be the same, without a log line, until the feature or an option
-  // of the library's own changes.
-  bool append(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
+  // template. Nothing, after a log line, when there is no text.
+  void append(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
 
  private:
-  bool appendOption(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
+  void appendOption(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
   template <class Value>
-  bool appendValue(CoreFeature& feature, const Value DriverFeature::*member, Property property,
+  void appendValue(CoreFeature& feature, const Value DriverFeature::*member, Property property,
                    const char* unreadable, const std::string& commandTemplate,
                    std::string& output) const;
 

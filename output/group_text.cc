@@ -19,9 +19,12 @@ void writeGroup(CoreFeature& object, FeatureText& featureText, std::string& outp
 
 // Runs the routine that `owner` names, if it names one, on `text`.
 void runOwnRoutine(CoreFeature& owner, FeatureText& featureText, std::string& text) {
-  const std::string* name = featureText.findRoutine(owner);
-  if (name == nullptr || runTextRoutine(*name, text)) return;
-  logComposed(Level::kMisuse, featureText.dialect().groupRoutineMissing, *name);
+  const std::string* routine = featureText.findRoutine(owner);
+  if (routine == nullptr) return;
+  // A copy: the platform's look-up may give the owner another routine.
+  const std::string name = *routine;
+  if (runTextRoutine(name, text)) return;
+  logComposed(Level::kMisuse, featureText.dialect().groupRoutineMissing, name);
 }
 
 // Appends the member's text to `collected`.

@@ -1,141 +1,30 @@
-// The set as PostScript, PJL or a job ticket.
+#include "output/serialization.h"
 
-#include <memory>
-#include <utility>
-
-#include "model/driver_feature.h"
 #include "model/driver_feature_set.h"
-#include "model/driver_feature_static_group.h"
 #include "model/messages.h"
-#include "model/text_conversion.h"
-#include "output/group_commands.h"
-#include "output/kept_text.h"
-#include "output/missing_objects.h"
-#include "output/output_routine.h"
-#include "output/text_dialect.h"
-#include "output/ticket_attributes.h"
-
-#include "VORNWriter.h"
-
-namespace driver_feature {
 
 namespace {
 
 enum PDLType : int { kTypePJL = 0, kTypePostScript = 1, kTypeTicket = 2 };
 
-// A property that may hold a feature's ticket name, and the kind of node that
-// it makes.
-struct TicketNameRow {
-  Property property;
-  bool jobTicketAttribute;
-  bool onlyWithInstallableOptions;
-};
-
-constexpr TicketNameRow kTicketNames[] = {
-    {Property::kTESKJTAttributeName, true, false},
-    {Property::kTESKOAAttributeName, false, false},
-    {Property::kInstOptAttributeName, true, true},
-    {Property::kNonVORNAttributeName, true, false},
-};
-
-// Required: a group goes by its first two names only.
-constexpr TicketNameRow kGroupTicketNames[] = {kTicketNames[0], kTicketNames[1]};
-
-// Runs the object's ticket routine at top level. False when it names none.
-bool runOwnTicketRoutine(CoreFeature& object, VORNWriter& writer) {
-  std::string routineName;
-  if (!readNonEmpty(object, Property::kAddVORNCallbackRoutine, routineName)) return false;
-  if (!runTicketRoutine(routineName, writer, nullptr)) {
-    logComposed(Level::kMisuse, "serialize() - Cannot load VORN Command callback: {}", routineName);
-  }
-  return true;
-}
-
-void writeFeatureNode(CoreFeature& feature, VORNWriter& writer, bool includeInstOpt) {
-  if (isInGroup(feature)) return;
-  for (const TicketNameRow& row : kTicketNames) {
-    std::string name;
-    if (row.onlyWithInstallableOptions && !includeInstOpt) continue;
-    if (!readNonEmpty(feature, row.property, name)) continue;
-    std::string syntax;
-    std::string value;
-    if (createTicketNodeAttributes(feature, syntax, value)) {
-      writer.createCommandNode(name, syntax, value, row.jobTicketAttribute);
-    }
-    return;
-  }
-  runOwnTicketRoutine(feature, writer);
-}
-
-void writeGroupNode(CoreFeature& group, VORNWriter& writer, int numberOfFeatures) {
-  for (const TicketNameRow& row : kGroupTicketNames) {
-    std::string name;
-    if (!readNonEmpty(group, row.property, name)) continue;
-    processVORNStaticGroup(group, writer, name, row.jobTicketAttribute, nullptr, true);
-    return;
-  }
-  if (runOwnTicketRoutine(group, writer)) return;
-  // Required: prints the number of features, not the group's index; log
-  // readers rely on it.
-  logComposed(Level::kInformation, "serialize() - StaticGroup {} has no VORN attributes",
-              toDecimalText(numberOfFeatures));
-}
-
-void writeTicket(DriverFeatureSet& set, std::string& output, bool includeInstOpt,
-                 const char* argument1, const char* argument2) {
-  // A routine may keep the writer, so it is never freed.
-  auto* writer = new VORNWriter;
-  writer->initializeJobTicketDOM(argument1, argument2);
-  int index = 0;
-  for (; index < set.fetchNumberOfFeatures(); ++index) {
-    if (DriverFeature* feature = set.fetchFeatureByIndex(index)) {
-      writeFeatureNode(*feature, *writer, includeInstOpt);
-    } else {
-      logMissingFeature(index);
-    }
-  }
-  for (int number = set.fetchNumberOfStaticGroups(); number > 0; --number) {
-    if (DriverFeatureStaticGroup* group = set.fetchStaticGroupByIndex(number - 1)) {
-      writeGroupNode(*group, *writer, index);
-    } else {
-      // Required: counted from 1 here.
-      logMissingGroup(number);
-    }
-  }
-  writer->serializeTicket(output);
-}
-
 }  // namespace
 
-}  // namespace driver_feature
-
-// Here, where the kept texts are complete types.
-DriverFeatureSet::DriverFeatureSet() = default;
-DriverFeatureSet::~DriverFeatureSet() = default;
-
-// Replaces `output` only when the text is complete: what a routine throws, or
-// a lack of memory, leaves no half of one. The kept text is taken out of the
-// set meanwhile: a routine that asks for a text in between finds none, and
-// neither does the next call when this one has failed.
-void DriverFeatureSet::serializeText(std::string& output,
-                                     const driver_feature::TextDialect& dialect,
-                                     std::unique_ptr<driver_feature::KeptText>& keptText) {
-  auto kept = keptText ? std::move(keptText) : std::make_unique<driver_feature::KeptText>();
-  output = kept->write(*this, dialect);
-  keptText = std::move(kept);
-}
-
+// A routine that throws leaves no half of a job that could be taken for a whole
+// one.
 void DriverFeatureSet::serialize(std::string& output, int pdlType, bool includeInstOpt,
-                                 const char* ticketArgument1, const char* ticketArgument2) {
+                                 const char* ticketArgument1, const char* ticketArgument2) try {
   switch (pdlType) {
-    case driver_feature::kTypePJL:
-      return serializeText(output, driver_feature::kPJL, keptPJL_);
-    case driver_feature::kTypePostScript:
-      return serializeText(output, driver_feature::kPostScript, keptPostScript_);
-    case driver_feature::kTypeTicket:
-      return driver_feature::writeTicket(*this, output, includeInstOpt, ticketArgument1,
-                                         ticketArgument2);
+    case kTypePJL:
+      return driver_feature::writeText(*this, driver_feature::kPJL, output);
+    case kTypePostScript:
+      return driver_feature::writeText(*this, driver_feature::kPostScript, output);
+    case kTypeTicket:
+      return driver_feature::writeTicket(*this, includeInstOpt, ticketArgument1, ticketArgument2,
+                                         output);
     default:
       driver_feature::logFixed(driver_feature::Level::kMisuse, "serialize() - Invalid PDL type");
   }
+} catch (...) {
+  output.clear();
+  throw;
 }

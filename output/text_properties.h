@@ -28,8 +28,6 @@ struct TextProperties {
     };
   }
 
-  bool operator==(const TextProperties&) const = default;
-
   // Whether the platform has resolved all of the names, as it should.
   bool areKnown() const {
     return inGroup != nullptr && command != nullptr && routine != nullptr && text != nullptr &&
@@ -44,6 +42,12 @@ struct TextProperties {
   const float DriverFeature::*fraction;
   const std::string DriverFeatureOption::*optionCommand;
 };
+
+// In the Itanium C++ ABI, a virtual table has the type's information at the place
+// before its first operation. Where it has not, typeOf() would read something else.
+#if !defined(__GXX_ABI_VERSION) || !defined(__GXX_RTTI)
+#error "needs the Itanium C++ ABI and type information"
+#endif
 
 // The type that the object's virtual table names. Null when the object is one of
 // a host that was compiled without type information.

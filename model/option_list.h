@@ -1,0 +1,53 @@
+// The options of a feature: in which order they are, and which one a search
+// finds. Logs nothing of its own.
+#ifndef MODEL_OPTION_LIST_H_
+#define MODEL_OPTION_LIST_H_
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/core_option.h"
+
+namespace driver_feature {
+
+// Positions count from 0 in the order of addition. Options are never removed,
+// so that a position keeps its option. Holds plain pointers and frees none.
+//
+// A search asks the options, which may be a host's own, and through them the
+// platform: either may add options meanwhile. Searches therefore go by position.
+class OptionList {
+ public:
+  void add(CoreOption* option) { options_.push_back(option); }
+
+  int size() const { return static_cast<int>(options_.size()); }
+
+  // The option at a position; null when there is no such position.
+  CoreOption* at(int position) const {
+    const auto index = static_cast<std::size_t>(position);  // Negative: beyond every list.
+    return index < options_.size() ? options_[index] : nullptr;
+  }
+
+  // The position of the first option whose property `attribute` is `value`, or
+  // -1. Required: the reads are not checked and share one text, so that an
+  // unknown attribute with an empty value matches the first option.
+  int findPosition(const std::string& attribute, const std::string& value) const;
+
+  // The first option whose property `attribute` can be read and is `value`, or
+  // null.
+  CoreOption* findReadable(const std::string& attribute, const std::string& value) const;
+
+  // The position of the next option after `start`, wrapping around, that is
+  // available; nothing when there is none. The option at `start` is not looked
+  // at. From outside the list, every option is.
+  std::optional<int> findNextAvailable(int start) const;
+
+ private:
+  bool isAvailable(int position) const;
+
+  std::vector<CoreOption*> options_;
+};
+
+}  // namespace driver_feature
+
+#endif  // MODEL_OPTION_LIST_H_

@@ -1,0 +1,65 @@
+// The set as PostScript or PJL.
+
+#include "model/driver_feature.h"
+#include "model/driver_feature_set.h"
+#include "model/driver_feature_static_group.h"
+#include "model/messages.h"
+#include "model/text_conversion.h"
+#include "output/feature_text.h"
+#include "output/group_commands.h"
+#include "output/missing_objects.h"
+#include "output/output_routine.h"
+#include "output/serialization.h"
+
+namespace driver_feature {
+
+namespace {
+
+void runOwnRoutine(DriverFeature& feature, FeatureText& featureText, std::string& output) {
+  const std::string* routine = featureText.findRoutine(feature);
+  if (routine == nullptr) return;
+  // A copy: the platform's look-up may give the feature another routine.
+  const std::string name = *routine;
+  if (runTextRoutine(name, output)) return;
+  logComposed(Level::kMisuse, featureText.dialect().featureRoutineMissing, name);
+}
+
+void writeFeature(DriverFeature& feature, int index, FeatureText& featureText,
+                  std::string& output) {
+  if (featureText.isInGroup(feature)) {
+    if (!featureText.dialect().logsFeatureInGroup) return;
+    logComposed(Level::kInformation, "serialize() - Feature {} is in a group",
+                toDecimalText(index));
+    return;
+  }
+  if (const std::string* command = featureText.findCommand(feature)) {
+    featureText.append(feature, *command, output);
+  } else {
+    runOwnRoutine(feature, featureText, output);
+  }
+}
+
+}  // namespace
+
+void writeText(DriverFeatureSet& set, const TextDialect& dialect, std::string& output) {
+  output.clear();
+  FeatureText featureText(dialect);
+  for (int i = 0; i < set.fetchNumberOfFeatures(); ++i) {
+    if (DriverFeature* feature = set.fetchFeatureByIndex(i)) {
+      writeFeature(*feature, i, featureText, output);
+    } else {
+      logMissingFeature(i);
+    }
+  }
+  std::string piece;
+  for (int i = 0; i < set.fetchNumberOfStaticGroups(); ++i) {
+    if (DriverFeatureStaticGroup* group = set.fetchStaticGroupByIndex(i)) {
+      processTextStaticGroup(*group, featureText, piece, true);
+      output += piece;
+    } else {
+      logMissingGroup(i);
+    }
+  }
+}
+
+}  // namespace driver_feature
