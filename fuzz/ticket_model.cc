@@ -20,7 +20,7 @@ bool isBetween(unsigned char byte, unsigned lowest, unsigned highest) {
 }
 
 // The number of bytes of the character in front, by the table of well-formed
-// byte sequences; encoded surrogates count as characters. 0 when there is none.
+// byte sequences, which leaves out surrogates. 0 when there is none.
 std::size_t characterLength(const unsigned char* bytes, std::size_t size) {
   struct Row {
     unsigned firstLow, firstHigh, secondLow, secondHigh;
@@ -28,8 +28,8 @@ std::size_t characterLength(const unsigned char* bytes, std::size_t size) {
   };
   constexpr Row kRows[] = {
       {0x00, 0x7F, 0, 0, 1},       {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3},
-      {0xE1, 0xEF, 0x80, 0xBF, 3}, {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4},
-      {0xF4, 0xF4, 0x80, 0x8F, 4},
+      {0xE1, 0xEC, 0x80, 0xBF, 3}, {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
+      {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4},
   };
   for (const Row& row : kRows) {
     if (!isBetween(bytes[0], row.firstLow, row.firstHigh)) continue;
@@ -66,13 +66,11 @@ std::string latin1ToUtf8(const std::string& text) {
   return converted;
 }
 
-// XML 1.0 has no other control characters, no surrogates (ED A0 to ED BF) and
-// neither of EF BF BE and EF BF BF.
+// XML 1.0 has no other control characters and neither of EF BF BE and EF BF BF.
 bool isCarried(const std::string& utf8) {
   for (std::size_t at = 0; at < utf8.size(); ++at) {
     const auto code = static_cast<unsigned char>(utf8[at]);
     if (code < 0x20 && code != '\t' && code != '\n' && code != '\r') return false;
-    if (code == 0xED && isBetween(bytesOf(utf8)[at + 1], 0xA0, 0xBF)) return false;
     const std::string three = utf8.substr(at, 3);
     if (three == "\xEF\xBF\xBE" || three == "\xEF\xBF\xBF") return false;
   }

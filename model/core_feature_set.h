@@ -45,7 +45,9 @@ class CoreFeatureSet {
   // PJL, 1 PostScript, 2 a job ticket. `includeInstOpt` lets the ticket use
   // the names of installable options; the last two texts are handed on to the
   // ticket writer. All three are ignored for PJL and PostScript. Any other
-  // type is logged at level 2 and leaves `output` alone.
+  // type is logged at level 2 and leaves `output` alone. A routine of the host
+  // that throws, or a lack of memory, leaves `output` empty, and the exception
+  // goes on to the caller.
   virtual void serialize(std::string& output, int pdlType, bool includeInstOpt,
                          const char* ticketArgument1, const char* ticketArgument2) = 0;
 
