@@ -6,7 +6,7 @@
 #include <string>
 
 #include "bench/generated_model.h"
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 
 #include "XMLDocument.h"
 

@@ -3,6 +3,7 @@
 
 add_library(driver_feature_objects OBJECT
   diagnostics/dump.cc
+  frame/driver_feature_set.cc
   frame/plugin_record.cc
   frame/saved_values.cc
   frame/state.cc
@@ -16,10 +17,10 @@ add_library(driver_feature_objects OBJECT
   model/driver_feature_dynamic_group_records.cc
   model/driver_feature_option.cc
   model/driver_feature_options.cc
-  model/driver_feature_set.cc
   model/driver_feature_static_group.cc
-  model/feature_index.cc
+  model/feature_list.cc
   model/messages.cc
+  model/notification.cc
   model/option_list.cc
   model/text_conversion.cc
   model/vocabulary.cc
@@ -28,7 +29,6 @@ add_library(driver_feature_objects OBJECT
   output/feature_text.cc
   output/group_text.cc
   output/group_ticket.cc
-  output/serialization.cc
   output/text_serialization.cc
   output/ticket_attributes.cc
   output/ticket_serialization.cc

@@ -1,14 +1,13 @@
-// A readable listing of the whole model, for people.
+#include "diagnostics/dump.h"
 
-#include <iostream>
 #include <locale>
 #include <span>
 #include <sstream>
 #include <string>
+#include <utility>
 
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
-#include "model/driver_feature_set.h"
 #include "model/driver_feature_static_group.h"
 #include "model/vocabulary.h"
 
@@ -160,26 +159,26 @@ void Dump::writeGroup(DriverFeatureDynamicGroup& group) {
 
 }  // namespace
 
-}  // namespace driver_feature
-
-void DriverFeatureSet::dumpFeatureListValues() {
+std::string dumpOf(CoreFeatureSet& features, const FeatureList& groups) {
   // Numbers look the same in every locale of the host.
   std::ostringstream text;
   text.imbue(std::locale::classic());
   // A stream would keep a lack of memory to itself, and print what there is.
   text.exceptions(std::ios::badbit);
-  driver_feature::Dump dump(text);
-  for (int i = 0; i < fetchNumberOfFeatures(); ++i) {
-    if (DriverFeature* feature = fetchFeatureByIndex(i)) dump.writeFeature(*feature);
+  Dump dump(text);
+  for (int i = 0; i < features.fetchNumberOfFeatures(); ++i) {
+    if (DriverFeature* feature = features.fetchFeatureByIndex(i)) dump.writeFeature(*feature);
   }
   dump.endSection();
-  for (int i = 0; i < fetchNumberOfStaticGroups(); ++i) {
-    if (DriverFeatureStaticGroup* group = fetchStaticGroupByIndex(i)) dump.writeGroup(*group);
+  for (int i = 0; i < groups.staticGroupCount(); ++i) {
+    if (DriverFeatureStaticGroup* group = groups.staticGroupAt(i)) dump.writeGroup(*group);
   }
   dump.endSection();
-  for (int i = 0; i < fetchNumberOfDynamicGroups(); ++i) {
-    if (DriverFeatureDynamicGroup* group = fetchDynamicGroupByIndex(i)) dump.writeGroup(*group);
+  for (int i = 0; i < groups.dynamicGroupCount(); ++i) {
+    if (DriverFeatureDynamicGroup* group = groups.dynamicGroupAt(i)) dump.writeGroup(*group);
   }
   dump.endSection();
-  std::cout << text.view() << std::flush;
+  return std::move(text).str();
 }
+
+}  // namespace driver_feature

@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 #include "support/model_builder.h"
 #include "support/private_member.h"
 #include "support/recording_host.h"
@@ -15,16 +15,16 @@
 namespace driver_feature::testing {
 
 struct StaticGroups {
-  using Type = std::vector<DriverFeatureStaticGroup*> DriverFeatureSet::*;
+  using Type = std::vector<DriverFeatureStaticGroup*> FeatureList::*;
   friend Type openMember(StaticGroups);
 };
-template struct PrivateMember<StaticGroups, &DriverFeatureSet::staticGroups_>;
+template struct PrivateMember<StaticGroups, &FeatureList::staticGroups_>;
 
 struct DynamicGroups {
-  using Type = std::vector<DriverFeatureDynamicGroup*> DriverFeatureSet::*;
+  using Type = std::vector<DriverFeatureDynamicGroup*> FeatureList::*;
   friend Type openMember(DynamicGroups);
 };
-template struct PrivateMember<DynamicGroups, &DriverFeatureSet::dynamicGroups_>;
+template struct PrivateMember<DynamicGroups, &FeatureList::dynamicGroups_>;
 
 namespace {
 
@@ -67,8 +67,8 @@ TEST(DumpDamageTest, GroupsGone_ArePassedOver) {
     model.group(name, {});
     model.dynamicGroup(name);
   }
-  (masterSet().*openMember(StaticGroups{}))[0] = nullptr;
-  (masterSet().*openMember(DynamicGroups{}))[0] = nullptr;
+  (masterSet().list().*openMember(StaticGroups{}))[0] = nullptr;
+  (masterSet().list().*openMember(DynamicGroups{}))[0] = nullptr;
   EXPECT_EQ(dump(),
             "\n\nStatic Feature Group:B:Static Group Contains 0 Features\n"
             "Dynamic Feature Group:B:0(, )\n\n");

@@ -38,10 +38,11 @@ DRIVER_FEATURE_EXPORT int InstOptVORNTagHandler(void* element);
 DRIVER_FEATURE_EXPORT int JobTicketVORNTagHandler(void* element);
 
 // Read or write the property `name` of the feature, static group or dynamic
-// group `target`, as its own operation of that type does, and answer what that
-// answers. A target that is not there answers 0, after a level 3 and a level 2
-// line, and leaves the value alone. GetMasterFeatureList() must have been
-// called before.
+// group `target`, as its own operation of that type does, and return what that
+// returns. For a target that is not there they return 0, after a level 3 and a
+// level 2 line, and leave the value alone. A null name is the empty name, which
+// no property has; a null value pointer returns 0. Before the master set exists,
+// they make it and find nothing.
 DRIVER_FEATURE_EXPORT int GetFeatureIntValue(std::string& target, const char* name, int* value);
 DRIVER_FEATURE_EXPORT int GetFeatureFloatValue(std::string& target, const char* name, float* value);
 DRIVER_FEATURE_EXPORT int GetFeatureBoolValue(std::string& target, const char* name, bool* value);

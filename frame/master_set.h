@@ -2,8 +2,8 @@
 #ifndef FRAME_MASTER_SET_H_
 #define FRAME_MASTER_SET_H_
 
+#include "frame/driver_feature_set.h"
 #include "frame/exports.h"
-#include "model/driver_feature_set.h"
 
 namespace driver_feature {
 

@@ -2,9 +2,10 @@
 
 #include <iostream>
 
+#include "frame/driver_feature_set.h"
 #include "frame/exports.h"
 #include "frame/state.h"
-#include "model/driver_feature_set.h"
+#include "model/notification.h"
 
 // A constant has internal linkage unless it is declared extern, as the header
 // does.
@@ -17,6 +18,7 @@ const char* const _KirvoNDTagHandlerFunction = "FeatureXMLTagHandler";
 namespace {
 
 using driver_feature::libraryState;
+using driver_feature::notification;
 
 // What the custom load routine is told to load.
 enum LoadMode : int { kJobTicket = 0, kInstallableOptions = 1 };
@@ -31,7 +33,7 @@ class TicketLoading {
   TicketLoading& operator=(const TicketLoading&) = delete;
 
  private:
-  static void set(bool loading) { libraryState().ticketLoading = loading; }
+  static void set(bool loading) { notification().ticketLoading = loading; }
 };
 
 }  // namespace
@@ -43,11 +45,11 @@ void* GetMasterFeatureList() {
 }
 
 void SetFeatureCreationCompleteFlag() {
-  libraryState().creationComplete = true;
+  notification().creationComplete = true;
 }
 
 void setDriverFeatureUpdateCallback(bool (*callback)()) {
-  libraryState().updateCallback = callback;
+  notification().updateCallback = callback;
 }
 
 int InstOptVORNTagHandler(void* element) try {

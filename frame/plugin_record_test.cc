@@ -5,8 +5,9 @@
 
 #include "frame/exports.h"
 #include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 #include "support/recording_host.h"
 
 namespace driver_feature::testing {
@@ -59,7 +60,7 @@ TEST(UpdateCallbackTest, Set_SecondRoutine_ReplacesTheFirst) {
   RecordingHost host;
   setDriverFeatureUpdateCallback(RecordUpdate);
   setDriverFeatureUpdateCallback(recordOtherUpdate);
-  EXPECT_EQ(libraryState().updateCallback, recordOtherUpdate);
+  EXPECT_EQ(notification().updateCallback, recordOtherUpdate);
   DriverFeature feature;
   feature.setFeatureProperty(std::string("CurrentIntValue"), 2);
   EXPECT_THAT(host.takeEvents(), ElementsAre("other update callback"));
@@ -69,7 +70,7 @@ TEST(UpdateCallbackTest, Set_Null_IsStoredAndNotCalled) {
   RecordingHost host;
   setDriverFeatureUpdateCallback(RecordUpdate);
   setDriverFeatureUpdateCallback(nullptr);
-  EXPECT_EQ(libraryState().updateCallback, nullptr);
+  EXPECT_EQ(notification().updateCallback, nullptr);
   DriverFeature feature;
   EXPECT_TRUE(feature.setFeatureProperty(std::string("CurrentIntValue"), 2));
   EXPECT_THAT(host.takeEvents(), IsEmpty());
@@ -80,7 +81,7 @@ TEST(CreationCompleteTest, Flag_BeforeAndAfter_DecidesAboutTheChangeRoutine) {
   host.registerUpdateCallback();
   DriverFeature feature;
   feature.setFeatureProperty(std::string("AddCallbackRoutine"), std::string("RecordChange"));
-  ASSERT_FALSE(libraryState().creationComplete);
+  ASSERT_FALSE(notification().creationComplete);
   feature.setFeatureProperty(std::string("CurrentIntValue"), 1);
   EXPECT_THAT(host.takeEvents(), ElementsAre(kUpdateCalled));
 
@@ -93,7 +94,7 @@ TEST(CreationCompleteTest, Flag_SetTwice_StaysSet) {
   RecordingHost host;
   SetFeatureCreationCompleteFlag();
   SetFeatureCreationCompleteFlag();
-  EXPECT_TRUE(libraryState().creationComplete);
+  EXPECT_TRUE(notification().creationComplete);
   EXPECT_THAT(host.takeEvents(), IsEmpty());
 }
 

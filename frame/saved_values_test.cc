@@ -7,6 +7,7 @@
 #include "frame/exports.h"
 #include "frame/master_set.h"
 #include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
 #include "model/driver_feature_static_group.h"
@@ -202,7 +203,7 @@ TEST_F(SavedValuesTest, Restore_WhileATicketIsLoaded_NotifiesNobody) {
   file(number, 2);
   number.setFeatureProperty(std::string("OriginalIntValue"), 8);
   host_.registerUpdateCallback();
-  libraryState().ticketLoading = true;
+  notification().ticketLoading = true;
   RestoreOriginalFeatureValues(names_);
   EXPECT_EQ(read<int>(number, "CurrentIntValue"), 8);
   EXPECT_THAT(host_.takeEvents(), IsEmpty());

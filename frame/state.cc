@@ -12,12 +12,4 @@ LibraryState& libraryState() {
   return state;
 }
 
-void callUpdateCallback() {
-  if (state.updateCallback != nullptr) state.updateCallback();
-}
-
-void notifyUpdate(bool suppressUpdate) {
-  if (!suppressUpdate && !state.ticketLoading) callUpdateCallback();
-}
-
 }  // namespace driver_feature

@@ -9,6 +9,7 @@
 
 #include "frame/exports.h"
 #include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
 #include "support/recording_host.h"
 
@@ -32,7 +33,7 @@ struct LoadScript {
 LoadScript script;
 
 std::string flagText() {
-  return libraryState().ticketLoading ? "flag up" : "flag down";
+  return notification().ticketLoading ? "flag up" : "flag down";
 }
 
 int loadRoutine(void* element, int mode) {
@@ -61,7 +62,7 @@ class TicketHandlersTest : public ::testing::Test {
  protected:
   TicketHandlersTest() {
     script = {};
-    libraryState().updateCallback = recordFlagAtUpdate;
+    notification().updateCallback = recordFlagAtUpdate;
   }
   ~TicketHandlersTest() override { script = {}; }
 
@@ -84,7 +85,7 @@ TEST_F(TicketHandlersTest, EitherHandler_NoLoadRoutine_AnswersOneAndDoesNothing)
   for (const Handler handler : {InstOptVORNTagHandler, JobTicketVORNTagHandler}) {
     SCOPED_TRACE(handler == InstOptVORNTagHandler ? "installable options" : "job ticket");
     EXPECT_EQ(outputOf(handler), "");
-    EXPECT_FALSE(libraryState().ticketLoading);
+    EXPECT_FALSE(notification().ticketLoading);
     EXPECT_THAT(host_.takeEvents(), IsEmpty());
   }
 }
@@ -93,7 +94,7 @@ TEST_F(TicketHandlersTest, InstOpt_Success_RunsTheRoutineInModeOneAndNotifiesNob
   registerLoadRoutine();
   EXPECT_EQ(outputOf(InstOptVORNTagHandler), "");
   EXPECT_EQ(script.element, &element_);
-  EXPECT_FALSE(libraryState().ticketLoading);
+  EXPECT_FALSE(notification().ticketLoading);
   EXPECT_THAT(host_.takeEvents(), ElementsAre("load 1, flag up"));
 }
 
@@ -103,7 +104,7 @@ TEST_F(TicketHandlersTest, InstOpt_RoutineFails_WritesToStandardOutputAndNotToTh
     SCOPED_TRACE(result);
     script.result = result;
     EXPECT_EQ(outputOf(InstOptVORNTagHandler), "Queue Defaults Load Error\n");
-    EXPECT_FALSE(libraryState().ticketLoading);
+    EXPECT_FALSE(notification().ticketLoading);
     EXPECT_THAT(host_.takeEvents(), ElementsAre("load 1, flag up"));
   }
 }
@@ -116,21 +117,21 @@ TEST_F(TicketHandlersTest, JobTicket_AnyResult_RunsTheRoutineInModeZeroAndNotifi
     script.element = nullptr;
     EXPECT_EQ(outputOf(JobTicketVORNTagHandler), "");
     EXPECT_EQ(script.element, &element_);
-    EXPECT_FALSE(libraryState().ticketLoading);
+    EXPECT_FALSE(notification().ticketLoading);
     EXPECT_THAT(host_.takeEvents(), ElementsAre("load 0, flag up", "update, flag down"));
   }
 }
 
 TEST_F(TicketHandlersTest, JobTicket_UpdateCallbackAnswersTrue_ResultIsIgnored) {
   registerLoadRoutine();
-  libraryState().updateCallback = recordFlagAtUpdateAndAgree;
+  notification().updateCallback = recordFlagAtUpdateAndAgree;
   EXPECT_EQ(outputOf(JobTicketVORNTagHandler), "");
   EXPECT_THAT(host_.takeEvents(), ElementsAre("load 0, flag up", "update, flag down"));
 }
 
 TEST_F(TicketHandlersTest, JobTicket_NoUpdateCallback_AnswersOne) {
   registerLoadRoutine();
-  libraryState().updateCallback = nullptr;
+  notification().updateCallback = nullptr;
   EXPECT_EQ(outputOf(JobTicketVORNTagHandler), "");
   EXPECT_THAT(host_.takeEvents(), ElementsAre("load 0, flag up"));
 }
@@ -182,11 +183,11 @@ TEST_F(TicketHandlersTest, EitherHandler_RoutineThrows_AnswersZeroAndLowersTheFl
   registerLoadRoutine();
   script.throws = true;
   EXPECT_EQ(outputOf(InstOptVORNTagHandler, 0), "");
-  EXPECT_FALSE(libraryState().ticketLoading);
+  EXPECT_FALSE(notification().ticketLoading);
   EXPECT_THAT(host_.takeEvents(), ElementsAre("load 1, flag up"));
 
   EXPECT_EQ(outputOf(JobTicketVORNTagHandler, 0), "");
-  EXPECT_FALSE(libraryState().ticketLoading);
+  EXPECT_FALSE(notification().ticketLoading);
   EXPECT_THAT(host_.takeEvents(), ElementsAre("load 0, flag up"));
 }
 
@@ -217,7 +218,7 @@ TEST_F(TicketHandlersTest, InstOpt_RoutineFails_FlagIsUpUntilTheTextIsWritten) {
     const FlagBuffer buffer;
     EXPECT_EQ(InstOptVORNTagHandler(&element_), 1);
   }
-  EXPECT_FALSE(libraryState().ticketLoading);
+  EXPECT_FALSE(notification().ticketLoading);
   EXPECT_THAT(host_.takeEvents(),
               ElementsAre("load 1, flag up", "writes Queue Defaults Load Error, flag up"));
 }

@@ -6,6 +6,7 @@
 #include "frame/exports.h"
 #include "frame/master_set.h"
 #include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
 #include "model/driver_feature_option.h"
@@ -40,12 +41,13 @@ inline void releaseModel() {
   for (int i = 0; i < features; ++i) {
     releaseFeature(set.fetchFeatureByIndex(features - 1 - i));
   }
-  for (int i = 0; i < set.fetchNumberOfStaticGroups(); ++i) release(set.fetchStaticGroupByIndex(i));
-  for (int i = 0; i < set.fetchNumberOfDynamicGroups(); ++i) {
+  for (int i = 0; i < set.list().staticGroupCount(); ++i) release(set.fetchStaticGroupByIndex(i));
+  for (int i = 0; i < set.list().dynamicGroupCount(); ++i) {
     release(set.fetchDynamicGroupByIndex(i));
   }
   release(&set);
   libraryState() = {};
+  notification() = {};
 }
 
 }  // namespace driver_feature::fuzz

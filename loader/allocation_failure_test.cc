@@ -91,8 +91,8 @@ TEST_F(AllocationFailureTest, TagHandler_AnyAllocationFails_AnswersZeroAndLeaves
   // Each element needs one for itself and one for its name, at the least.
   EXPECT_GT(failures, 12);
   EXPECT_EQ(masterSet().fetchNumberOfFeatures(), 3);
-  EXPECT_EQ(masterSet().fetchNumberOfStaticGroups(), 1);
-  EXPECT_EQ(masterSet().fetchNumberOfDynamicGroups(), 1);
+  EXPECT_EQ(masterSet().list().staticGroupCount(), 1);
+  EXPECT_EQ(masterSet().list().dynamicGroupCount(), 1);
 }
 
 TEST_F(AllocationFailureTest, CreateFeature_NoMemory_FailsBeforeTheKeywordIsCompared) {

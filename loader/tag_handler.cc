@@ -14,6 +14,7 @@
 #include "loader/feature_builder.h"
 #include "loader/group_builder.h"
 #include "model/messages.h"
+#include "model/notification.h"
 
 #include "Symbols.h"
 
@@ -99,11 +100,11 @@ void convertLogCategory() {
 // has been built is not freed: the host may have met it in a callback.
 class LoadUndo {
  public:
-  LoadUndo() : before_(masterSet().copyContents()) {}
+  LoadUndo() : before_(masterSet().list().copyContents()) {}
   ~LoadUndo() {
     if (done_) return;
-    masterSet().swapContents(before_);
-    libraryState().updateCallback = updateBefore_;
+    masterSet().list().swapContents(before_);
+    notification().updateCallback = updateBefore_;
     libraryState().loadCallback = loadBefore_;
   }
   LoadUndo(const LoadUndo&) = delete;
@@ -112,8 +113,8 @@ class LoadUndo {
   void keepLoad() { done_ = true; }
 
  private:
-  DriverFeatureSet::Contents before_;
-  UpdateCallback updateBefore_ = libraryState().updateCallback;
+  FeatureList::Contents before_;
+  UpdateCallback updateBefore_ = notification().updateCallback;
   LoadCallback loadBefore_ = libraryState().loadCallback;
   bool done_ = false;
 };
@@ -129,7 +130,7 @@ int FeatureXMLTagHandler(void* element) try {
   for (driver_feature::ChildElements child(element); child.handle() != nullptr; child.next()) {
     driver_feature::buildChild(child);
   }
-  driver_feature::masterSet().indexNames();
+  driver_feature::masterSet().list().indexNames();
   undo.keepLoad();
   return 1;
 } catch (...) {

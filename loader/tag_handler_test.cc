@@ -7,6 +7,7 @@
 #include <string>
 
 #include "frame/state.h"
+#include "model/notification.h"
 #include "support/loader_test.h"
 #include "support/recording_parser.h"
 
@@ -169,7 +170,7 @@ TEST_F(TagHandlerTest, BaseInfo_BothRoutines_AreRegisteredInSilence) {
   EXPECT_EQ(load(R"(<BaseFeatureInfo DefaultCallbackHandler="RecordUpdate"
                                      LoadVORNCallbackHandler="TagHandlerTestLoad"/>)"),
             1);
-  EXPECT_EQ(libraryState().updateCallback, RecordUpdate);
+  EXPECT_EQ(notification().updateCallback, RecordUpdate);
   EXPECT_THAT(takeEvents(), IsEmpty());
   InstOptVORNTagHandler(nullptr);
   JobTicketVORNTagHandler(nullptr);
@@ -179,7 +180,7 @@ TEST_F(TagHandlerTest, BaseInfo_BothRoutines_AreRegisteredInSilence) {
 TEST_F(TagHandlerTest, BaseInfo_NoLoadRoutine_LogsAndTheTicketHandlersDoNothing) {
   setDriverFeatureUpdateCallback(nullptr);
   EXPECT_EQ(load(R"(<BaseFeatureInfo DefaultCallbackHandler="RecordUpdate"/>)"), 1);
-  EXPECT_EQ(libraryState().updateCallback, RecordUpdate);
+  EXPECT_EQ(notification().updateCallback, RecordUpdate);
   EXPECT_EQ(libraryState().loadCallback, nullptr);
   EXPECT_THAT(takeEvents(), ElementsAre(kNoLoadLine));
   EXPECT_EQ(InstOptVORNTagHandler(nullptr), 1);

@@ -10,8 +10,7 @@
 
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
-#include "model/driver_feature_set.h"
-#include "model/feature_index.h"
+#include "model/feature_list.h"
 #include "support/failing_memory.h"
 #include "support/model_builder.h"
 #include "support/recording_host.h"
@@ -79,28 +78,26 @@ TEST_F(ModelAllocationFailureTest, AddRecord_AnyAllocationFails_AddsNothing) {
 }
 
 TEST_F(ModelAllocationFailureTest, IndexNames_NoMemory_IsPassedOnAndNamesAreFoundAllTheSame) {
-  DriverFeatureSet set;
-  set.addFeatureToFeatureList("list", &list_);
+  FeatureList list;
+  list.addFeature("list", &list_);
   failingMemory.failAfter(0);
-  EXPECT_THROW(set.indexNames(), std::bad_alloc);
-  EXPECT_EQ(set.FindFeatureInFeatureList(std::string("list")), &list_);
+  EXPECT_THROW(list.indexNames(), std::bad_alloc);
+  EXPECT_EQ(list.findFeature("list"), &list_);
 }
 
-TEST_F(ModelAllocationFailureTest, IndexGrows_NoMemory_NamesAreFoundAllTheSame) {
-  FeatureIndex::Features features;
-  FeatureIndex index;
-  index.make(features);
-  int grown = 0;
+TEST_F(ModelAllocationFailureTest, AddAfterIndexing_NoMemory_NamesAreFoundAllTheSame) {
+  FeatureList list;
+  list.addFeature("first", &list_);
+  list.indexNames();
   for (int i = 0; i < 40; ++i) {
-    const auto added = features.emplace(std::to_string(i), &list_).first;
-    failingMemory.failAfter(0);
-    index.add(features, *added);
-    grown += failingMemory.hasFailed() ? 1 : 0;
+    const std::string name = std::to_string(i);
+    // The first allocation is the list's own entry, the next one the index's.
+    failingMemory.failAfter(1);
+    EXPECT_TRUE(list.addFeature(name, &list_));
     failingMemory.stop();
-    for (const auto& [name, feature] : features) EXPECT_EQ(index.find(features, name), feature);
+    EXPECT_EQ(list.findFeature(name), &list_);
+    EXPECT_EQ(list.findFeature("first"), &list_);
   }
-  // Nothing is listed from then on.
-  EXPECT_EQ(grown, 1);
 }
 
 // An option that answers no read or, once it is told to, throws at each.

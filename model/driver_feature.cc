@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "frame/state.h"
 #include "model/driver_feature_properties.h"
 #include "model/messages.h"
 #include "model/text_conversion.h"
@@ -93,15 +92,8 @@ template <class Value>
 bool DriverFeature::storeChanged(Value& current, const Value& value, bool suppressUpdate) {
   if (current == value) return true;
   current = value;
-  notifyChange(suppressUpdate);
+  driver_feature::notifyChange(changeRoutine_, suppressUpdate);
   return true;
-}
-
-void DriverFeature::notifyChange(bool suppressUpdate) {
-  if (changeRoutine_ != nullptr && driver_feature::libraryState().creationComplete) {
-    changeRoutine_();
-  }
-  driver_feature::notifyUpdate(suppressUpdate);
 }
 
 bool DriverFeature::storeFeatureType(int value) {
@@ -131,7 +123,8 @@ bool DriverFeature::refuseValue(driver_feature::Property property, int value) {
 
 bool DriverFeature::storeChangeRoutine(const std::string& routineName) {
   callbackRoutine_ = routineName;
-  changeRoutine_ = reinterpret_cast<void (*)()>(FetchSymbol(routineName.c_str()));
+  changeRoutine_ =
+      reinterpret_cast<driver_feature::ChangeRoutine>(FetchSymbol(routineName.c_str()));
   if (changeRoutine_ == nullptr) {
     logComposed(Level::kMisuse,
                 "DriverFeature::setFeatureProperty(string):  Failed to load custom feature "

@@ -18,6 +18,7 @@
 #include <string>
 
 #include "model/core_feature.h"
+#include "model/notification.h"
 #include "model/option_list.h"
 #include "model/vocabulary.h"
 
@@ -115,7 +116,6 @@ class DriverFeature : public IntermediateCoreFeature {
   bool storeValueString(const std::string& text, bool suppressUpdate);
   bool fetchValueString(std::string& text);
 
-  void notifyChange(bool suppressUpdate);
   bool isMultiSelect() const { return type_ == driver_feature::kMultiSelect; }
   bool refusesOptionIndexByName();
   bool refusesOptionByName();
@@ -158,7 +158,7 @@ class DriverFeature : public IntermediateCoreFeature {
   std::string nonVORNAttributeName_;
   std::string teskAttributeSyntax_;
   std::string callbackRoutine_;
-  void (*changeRoutine_)() = nullptr;
+  driver_feature::ChangeRoutine changeRoutine_ = nullptr;
   std::string pjlCallbackRoutine_;
   std::string psCallbackRoutine_;
   std::string vornCallbackRoutine_;

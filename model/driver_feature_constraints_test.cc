@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
 #include "support/recording_host.h"
@@ -82,7 +82,7 @@ TEST_F(ConstraintsTest, Apply_WithHiding_HidesTheOptionToo) {
 }
 
 TEST_F(ConstraintsTest, Apply_CurrentOption_MovesToTheNextAvailable) {
-  libraryState().creationComplete = true;
+  notification().creationComplete = true;
   feature_.setFeatureProperty(std::string("AddCallbackRoutine"), std::string("RecordChange"));
   b_.setOptionProperty(std::string("Sensitivity"), false);
   EXPECT_TRUE(feature_.applyOptionConstraint("A", 7, false));

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
 #include "support/feature_operations.h"
@@ -93,7 +93,7 @@ TEST_F(CopyTest, Copy_TakesSixValuesAndNoMore) {
 
 TEST_F(CopyTest, Copy_ChangeRoutine_StaysBehind) {
   set("AddCallbackRoutine", std::string("RecordChange"));
-  libraryState().creationComplete = true;
+  notification().creationComplete = true;
   DriverFeature copy(&source_);
   copy.setFeatureProperty(std::string("CurrentIntValue"), 1);
   EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled));

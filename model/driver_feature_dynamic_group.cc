@@ -2,9 +2,9 @@
 
 #include "model/driver_feature_dynamic_group.h"
 
-#include "frame/state.h"
 #include "model/constraint_set.h"
 #include "model/messages.h"
+#include "model/notification.h"
 #include "model/property_table.h"
 
 using driver_feature::Access;

@@ -3,10 +3,10 @@
 #include <new>
 #include <utility>
 
-#include "frame/state.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
 #include "model/messages.h"
+#include "model/notification.h"
 
 #include "AttributeMap.h"
 #include "Symbols.h"

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
 #include "model/driver_feature_option.h"
@@ -87,7 +87,7 @@ TEST_F(RecordsTest, Add_FittingMap_CopiesTheValuesAndReports) {
 }
 
 TEST_F(RecordsTest, Add_WhileATicketIsLoaded_ReportsAllTheSame) {
-  libraryState().ticketLoading = true;
+  notification().ticketLoading = true;
   AttributeMap map = values("A4", "1", "", "1");
   EXPECT_TRUE(group_.addStaticGroupToDynamicGroup(map));
   EXPECT_TRUE(group_.removeDynamicEntryByIndex(0));
@@ -182,7 +182,7 @@ TEST_F(RecordsTest, Add_CopiesAreSilent_WhateverTheyAreSetTo) {
   for (DriverFeature* member : {&size_, &first_, &title_, &scale_}) {
     member->setFeatureProperty(std::string("AddCallbackRoutine"), std::string("RecordChange"));
   }
-  libraryState().creationComplete = true;
+  notification().creationComplete = true;
   AttributeMap map = values("Letter", "3", "Cover", "1.5");
   EXPECT_TRUE(group_.addStaticGroupToDynamicGroup(map));
   EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled));

@@ -9,7 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "frame/state.h"
+#include "model/notification.h"
 #include "support/property_names.h"
 #include "support/recording_host.h"
 
@@ -202,14 +202,14 @@ TEST_F(DynamicGroupTest, Flags_EveryWay_AreStoredAndReported) {
 }
 
 TEST_F(DynamicGroupTest, NumbersAndFlags_WhileATicketIsLoaded_AreStoredInSilence) {
-  libraryState().ticketLoading = true;
+  notification().ticketLoading = true;
   EXPECT_TRUE(group_.setFeatureProperty(std::string("RecordInFocus"), 2));
   EXPECT_TRUE(group_.setFeatureProperty(std::string("Visibility"), false));
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
 TEST_F(DynamicGroupTest, NumbersAndFlags_WithoutUpdateCallback_AreStored) {
-  libraryState().updateCallback = nullptr;
+  notification().updateCallback = nullptr;
   EXPECT_TRUE(group_.setFeatureProperty(std::string("RecordInFocus"), 2));
   EXPECT_TRUE(group_.removeAllDynamicEntries());
 }

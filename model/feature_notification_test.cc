@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
 #include "support/recording_host.h"
 
@@ -38,7 +38,7 @@ class FeatureNotificationTest : public ::testing::Test {
 };
 
 TEST_F(FeatureNotificationTest, CurrentValue_Unchanged_TellsNobody) {
-  libraryState().creationComplete = true;
+  notification().creationComplete = true;
   set("AddCallbackRoutine", std::string("RecordChange"));
   EXPECT_TRUE(set("CurrentIntValue", 0));
   setType(3);
@@ -62,17 +62,17 @@ TEST_F(FeatureNotificationTest, Change_BeforeCreationIsComplete_SkipsTheChangeRo
   set("AddCallbackRoutine", std::string("RecordChange"));
   set("CurrentIntValue", 1);
   EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled));
-  libraryState().creationComplete = true;
+  notification().creationComplete = true;
   set("CurrentIntValue", 2);
   EXPECT_THAT(host_.takeEvents(), ElementsAre(kChangeCalled, kUpdateCalled));
 }
 
 TEST_F(FeatureNotificationTest, Change_SilentOrWhileATicketIsLoaded_RunsTheChangeRoutineAlone) {
-  libraryState().creationComplete = true;
+  notification().creationComplete = true;
   set("AddCallbackRoutine", std::string("RecordChange"));
   feature_.setFeaturePropertyWithConstraintControl(std::string("CurrentIntValue"), 1, true);
   EXPECT_THAT(host_.takeEvents(), ElementsAre(kChangeCalled));
-  libraryState().ticketLoading = true;
+  notification().ticketLoading = true;
   set("CurrentIntValue", 2);
   EXPECT_THAT(host_.takeEvents(), ElementsAre(kChangeCalled));
   set("Visibility", true);
@@ -80,7 +80,7 @@ TEST_F(FeatureNotificationTest, Change_SilentOrWhileATicketIsLoaded_RunsTheChang
 }
 
 TEST_F(FeatureNotificationTest, Flag_Stored_SkipsTheChangeRoutine) {
-  libraryState().creationComplete = true;
+  notification().creationComplete = true;
   setType(3);
   set("AddCallbackRoutine", std::string("RecordChange"));
   for (const char* name : {"Sensitivity", "Visibility", "Encrypted"}) {
@@ -92,7 +92,7 @@ TEST_F(FeatureNotificationTest, Flag_Stored_SkipsTheChangeRoutine) {
 }
 
 TEST_F(FeatureNotificationTest, Change_WithoutUpdateCallback_IsStored) {
-  libraryState().updateCallback = nullptr;
+  notification().updateCallback = nullptr;
   EXPECT_TRUE(set("CurrentIntValue", 3));
   EXPECT_TRUE(set("Sensitivity", false));
   EXPECT_EQ(readInt("CurrentIntValue"), 3);
@@ -100,7 +100,7 @@ TEST_F(FeatureNotificationTest, Change_WithoutUpdateCallback_IsStored) {
 }
 
 TEST_F(FeatureNotificationTest, ChangeRoutine_UnknownName_ClearsTheOneBefore) {
-  libraryState().creationComplete = true;
+  notification().creationComplete = true;
   EXPECT_TRUE(set("AddCallbackRoutine", std::string("RecordChange")));
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
   EXPECT_TRUE(set("AddCallbackRoutine", std::string("NoSuchRoutine")));
@@ -127,8 +127,8 @@ void recordWatched(const std::string& who) {
 
 TEST_F(FeatureNotificationTest, Change_IsStoredBeforeAnybodyIsTold) {
   watched = &feature_;
-  libraryState().creationComplete = true;
-  libraryState().updateCallback = [] {
+  notification().creationComplete = true;
+  notification().updateCallback = [] {
     recordWatched("host");
     return true;
   };

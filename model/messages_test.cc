@@ -7,7 +7,7 @@
 
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 #include "support/recording_host.h"
 
 #include "Log.h"

@@ -10,7 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
 #include "support/feature_operations.h"
 #include "support/feature_property_rows.h"
@@ -109,8 +109,8 @@ class PropertyMatrixTest : public ::testing::TestWithParam<int> {
       if (name == "ValueString" && Operation<Value>::kKind == Kind::kText) continue;
       for (const Circumstances& circumstances : kAllCircumstances) {
         SCOPED_TRACE(name + ", " + circumstances.name);
-        libraryState().ticketLoading = circumstances.ticketLoading;
-        libraryState().creationComplete = circumstances.creationComplete;
+        notification().ticketLoading = circumstances.ticketLoading;
+        notification().creationComplete = circumstances.creationComplete;
         for (const Value& value : Operation<Value>::values()) {
           tryName<Value>(name, circumstances, value);
         }

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
 #include "support/recording_host.h"
@@ -24,7 +24,7 @@ class ValueStringTest : public ::testing::Test {
     feature_.addOptionToFeature(&letter_);
     host_.registerUpdateCallback();
     feature_.setFeatureProperty(std::string("AddCallbackRoutine"), std::string("RecordChange"));
-    libraryState().creationComplete = true;
+    notification().creationComplete = true;
   }
 
   void setType(int type) { feature_.setFeatureProperty(std::string("FeatureType"), type); }

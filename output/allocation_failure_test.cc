@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 #include "support/failing_memory.h"
 #include "support/model_builder.h"
 #include "support/recording_host.h"

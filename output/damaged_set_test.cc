@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 #include "support/model_builder.h"
 #include "support/private_member.h"
 #include "support/recording_host.h"
@@ -14,10 +14,10 @@
 namespace driver_feature::testing {
 
 struct StaticGroups {
-  using Type = std::vector<DriverFeatureStaticGroup*> DriverFeatureSet::*;
+  using Type = std::vector<DriverFeatureStaticGroup*> FeatureList::*;
   friend Type openMember(StaticGroups);
 };
-template struct PrivateMember<StaticGroups, &DriverFeatureSet::staticGroups_>;
+template struct PrivateMember<StaticGroups, &FeatureList::staticGroups_>;
 
 namespace {
 
@@ -30,7 +30,7 @@ class DamagedSetTest : public ::testing::Test {
     for (const char* name : {"A", "B", "C"}) {
       model_.group(name, {{"PSCommand", name}, {"PJLCommand", name}});
     }
-    (masterSet().*openMember(StaticGroups{}))[1] = nullptr;
+    (masterSet().list().*openMember(StaticGroups{}))[1] = nullptr;
   }
 
   static std::string serialize(int type) {

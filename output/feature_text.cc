@@ -6,6 +6,7 @@
 #include "model/messages.h"
 #include "model/vocabulary.h"
 #include "output/command_template.h"
+#include "output/output_routine.h"
 
 namespace driver_feature {
 
@@ -63,6 +64,10 @@ const std::string* FeatureText::findText(CoreFeature& object,
   if (known == nullptr && !readByName(object, property, found_)) return nullptr;
   const std::string& text = known != nullptr ? known->*member : found_;
   return text.empty() ? nullptr : &text;
+}
+
+bool FeatureText::runRoutine(const std::string& name, std::string& text) const {
+  return runTextRoutine(name, set_, text);
 }
 
 void FeatureText::append(CoreFeature& feature, const std::string& commandTemplate,

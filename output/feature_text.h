@@ -8,14 +8,17 @@
 #include "output/text_dialect.h"
 #include "output/text_properties.h"
 
+class DriverFeatureSet;
+
 namespace driver_feature {
 
 // Reads the library's own objects where they hold their values, and a host's
 // through its operations.
 class FeatureText {
  public:
-  explicit FeatureText(const TextDialect& dialect)
-      : dialect_(dialect), properties_(TextProperties::find(dialect)) {}
+  // Output routines of the host get `set`.
+  FeatureText(const TextDialect& dialect, DriverFeatureSet* set)
+      : dialect_(dialect), set_(set), properties_(TextProperties::find(dialect)) {}
   FeatureText(const FeatureText&) = delete;
   FeatureText& operator=(const FeatureText&) = delete;
 
@@ -28,6 +31,10 @@ class FeatureText {
   // is none or an empty one. What is found stays until the next is asked for.
   const std::string* findCommand(CoreFeature& object);
   const std::string* findRoutine(CoreFeature& object);
+
+  // Runs the host's output routine of that name on `text`. False when there is
+  // none.
+  bool runRoutine(const std::string& name, std::string& text) const;
 
   // Appends the current option's command, or the current value, in the command
   // template. Nothing, after a log line, when there is no text.
@@ -47,6 +54,7 @@ class FeatureText {
   const DriverFeature* asKnown(const CoreFeature& object) const;
 
   const TextDialect& dialect_;
+  DriverFeatureSet* const set_;
   const TextProperties properties_;
   const bool areKnown_ = properties_.areKnown();
   std::string found_;

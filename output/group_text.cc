@@ -23,7 +23,7 @@ void runOwnRoutine(CoreFeature& owner, FeatureText& featureText, std::string& te
   if (routine == nullptr) return;
   // A copy: the platform's look-up may give the owner another routine.
   const std::string name = *routine;
-  if (runTextRoutine(name, text)) return;
+  if (featureText.runRoutine(name, text)) return;
   logComposed(Level::kMisuse, featureText.dialect().groupRoutineMissing, name);
 }
 
@@ -100,13 +100,15 @@ void processTextStaticGroup(CoreFeature& group, FeatureText& featureText, std::s
   writeGroup(group, featureText, output, topLevel, nullptr);
 }
 
-void processPSStaticGroup(CoreFeature& group, std::string& output, bool topLevel) {
-  FeatureText featureText(kPostScript);
+void processPSStaticGroup(CoreFeature& group, DriverFeatureSet* set, std::string& output,
+                          bool topLevel) {
+  FeatureText featureText(kPostScript, set);
   processTextStaticGroup(group, featureText, output, topLevel);
 }
 
-void processPJLStaticGroup(CoreFeature& group, std::string& output, bool topLevel) {
-  FeatureText featureText(kPJL);
+void processPJLStaticGroup(CoreFeature& group, DriverFeatureSet* set, std::string& output,
+                           bool topLevel) {
+  FeatureText featureText(kPJL, set);
   processTextStaticGroup(group, featureText, output, topLevel);
 }
 

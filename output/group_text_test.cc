@@ -35,7 +35,7 @@ struct Language {
   const char* word;
   const char* command;
   const char* routine;
-  void (*process)(CoreFeature&, std::string&, bool);
+  void (*process)(CoreFeature&, DriverFeatureSet*, std::string&, bool);
 };
 
 constexpr Language kLanguages[] = {
@@ -47,7 +47,7 @@ class GroupTextTest : public ::testing::TestWithParam<Language> {
  protected:
   static std::string process(CoreFeature& group, bool topLevel = true) {
     std::string output = "left over";
-    GetParam().process(group, output, topLevel);
+    GetParam().process(group, &masterSet(), output, topLevel);
     return output;
   }
 
@@ -234,7 +234,7 @@ TEST_F(GroupTextDifferenceTest, PostScriptMemberWithoutCommand_IsWrittenByItsOwn
   DriverFeatureStaticGroup& g = model_.group(
       "G", {{"PSCommand", "<%s>"}, {"AddPSCallbackRoutine", "NeverLookedAt"}}, {&a, &b, &a});
   std::string output;
-  processPSStaticGroup(g, output, true);
+  processPSStaticGroup(g, &masterSet(), output, true);
   EXPECT_EQ(output, "<[routine][routine]>");
   EXPECT_THAT(
       host_.takeEvents(),
@@ -259,7 +259,7 @@ TEST_F(GroupTextDifferenceTest, PJLMemberWithoutCommand_RunsTheGroupsRoutineAndA
   DriverFeatureStaticGroup& g = model_.group(
       "G", {{"PJLCommand", "<%s>"}, {"AddPJLCallbackRoutine", "WriteGroupText"}}, {&a, &b, &a});
   std::string output;
-  processPJLStaticGroup(g, output, true);
+  processPJLStaticGroup(g, &masterSet(), output, true);
   EXPECT_EQ(output, "<b0>");
   EXPECT_THAT(
       host_.takeEvents(),
@@ -279,7 +279,7 @@ TEST_F(GroupTextDifferenceTest, PJLMemberWithoutCommand_UnknownGroupRoutine_IsLo
   DriverFeatureStaticGroup& g =
       model_.group("G", {{"PJLCommand", "<%s>"}, {"AddPJLCallbackRoutine", "NoSuchRoutine"}}, {&a});
   std::string output;
-  processPJLStaticGroup(g, output, true);
+  processPJLStaticGroup(g, &masterSet(), output, true);
   EXPECT_EQ(output, "<>");
   // The member's text is made all the same, which the last line shows.
   EXPECT_THAT(

@@ -15,6 +15,7 @@ namespace {
 
 // What stays the same while one top-level group is written.
 struct TicketGroupWriter {
+  DriverFeatureSet* set;
   VORNWriter& writer;
   bool jobTicketAttribute;
 
@@ -88,17 +89,18 @@ void TicketGroupWriter::runMemberRoutine(CoreFeature& member, int index, _xmlNod
                 toDecimalText(index));
     return;
   }
-  if (runTicketRoutine(routineName, writer, groupNode)) return;
+  if (runTicketRoutine(routineName, set, writer, groupNode)) return;
   logComposed(Level::kMisuse, "processVORNStaticGroup() - Cannot load VORN Command callback: {}",
               routineName);
 }
 
 }  // namespace
 
-void processVORNStaticGroup(CoreFeature& group, VORNWriter& writer, std::string& attributeName,
-                            bool jobTicketAttribute, _xmlNode* parentNode, bool topLevel) {
-  TicketGroupWriter{writer, jobTicketAttribute}.writeGroup(group, attributeName, parentNode,
-                                                           topLevel, nullptr);
+void processVORNStaticGroup(CoreFeature& group, DriverFeatureSet* set, VORNWriter& writer,
+                            std::string& attributeName, bool jobTicketAttribute,
+                            _xmlNode* parentNode, bool topLevel) {
+  TicketGroupWriter{set, writer, jobTicketAttribute}.writeGroup(group, attributeName, parentNode,
+                                                                topLevel, nullptr);
 }
 
 }  // namespace driver_feature

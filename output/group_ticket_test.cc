@@ -41,7 +41,8 @@ class GroupTicketTest : public ::testing::Test {
   // The groups and commands of the ticket, without the lines around them.
   std::string process(CoreFeature& group, bool jobTicketAttribute = true, bool topLevel = true) {
     std::string name = "group";
-    processVORNStaticGroup(group, writer_, name, jobTicketAttribute, nullptr, topLevel);
+    processVORNStaticGroup(group, &masterSet(), writer_, name, jobTicketAttribute, nullptr,
+                           topLevel);
     std::string ticket;
     writer_.serializeTicket(ticket);
     return ticket;

@@ -4,11 +4,13 @@
 
 #include <string>
 
-#include "frame/master_set.h"
 #include "model/core_feature.h"
 #include "model/vocabulary.h"
 
+#include "Symbols.h"
 #include "VORNWriter.h"
+
+class DriverFeatureSet;
 
 namespace driver_feature {
 
@@ -28,20 +30,20 @@ inline bool isInGroup(CoreFeature& object) {
   return inGroup;
 }
 
-// Run the host's routine of that name. False when there is none.
-inline bool runTextRoutine(const std::string& name, std::string& text) {
-  DriverFeatureSet& set = masterSet();
-  const auto routine = reinterpret_cast<TextRoutine>(set.fetchCallbackRoutine(name));
+// Run the host's routine of that name, which gets the set. False when there is
+// none.
+inline bool runTextRoutine(const std::string& name, DriverFeatureSet* set, std::string& text) {
+  const auto routine = reinterpret_cast<TextRoutine>(FetchSymbol(name.c_str()));
   if (routine == nullptr) return false;
-  routine(&set, text);
+  routine(set, text);
   return true;
 }
 
-inline bool runTicketRoutine(const std::string& name, VORNWriter& writer, _xmlNode* parent) {
-  DriverFeatureSet& set = masterSet();
-  const auto routine = reinterpret_cast<TicketRoutine>(set.fetchCallbackRoutine(name));
+inline bool runTicketRoutine(const std::string& name, DriverFeatureSet* set, VORNWriter& writer,
+                             _xmlNode* parent) {
+  const auto routine = reinterpret_cast<TicketRoutine>(FetchSymbol(name.c_str()));
   if (routine == nullptr) return false;
-  routine(&set, &writer, parent);
+  routine(set, &writer, parent);
   return true;
 }
 

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 #include "support/model_builder.h"
 #include "support/recording_host.h"
 

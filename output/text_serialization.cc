@@ -1,7 +1,6 @@
-// The set as PostScript or PJL.
+// A set as PostScript or PJL.
 
 #include "model/driver_feature.h"
-#include "model/driver_feature_set.h"
 #include "model/driver_feature_static_group.h"
 #include "model/messages.h"
 #include "model/text_conversion.h"
@@ -20,7 +19,7 @@ void runOwnRoutine(DriverFeature& feature, FeatureText& featureText, std::string
   if (routine == nullptr) return;
   // A copy: the platform's look-up may give the feature another routine.
   const std::string name = *routine;
-  if (runTextRoutine(name, output)) return;
+  if (featureText.runRoutine(name, output)) return;
   logComposed(Level::kMisuse, featureText.dialect().featureRoutineMissing, name);
 }
 
@@ -41,19 +40,19 @@ void writeFeature(DriverFeature& feature, int index, FeatureText& featureText,
 
 }  // namespace
 
-void writeText(DriverFeatureSet& set, const TextDialect& dialect, std::string& output) {
+void writeText(const OutputSource& source, const TextDialect& dialect, std::string& output) {
   output.clear();
-  FeatureText featureText(dialect);
-  for (int i = 0; i < set.fetchNumberOfFeatures(); ++i) {
-    if (DriverFeature* feature = set.fetchFeatureByIndex(i)) {
+  FeatureText featureText(dialect, source.set);
+  for (int i = 0; i < source.features.fetchNumberOfFeatures(); ++i) {
+    if (DriverFeature* feature = source.features.fetchFeatureByIndex(i)) {
       writeFeature(*feature, i, featureText, output);
     } else {
       logMissingFeature(i);
     }
   }
   std::string piece;
-  for (int i = 0; i < set.fetchNumberOfStaticGroups(); ++i) {
-    if (DriverFeatureStaticGroup* group = set.fetchStaticGroupByIndex(i)) {
+  for (int i = 0; i < source.groups.staticGroupCount(); ++i) {
+    if (DriverFeatureStaticGroup* group = source.groups.staticGroupAt(i)) {
       processTextStaticGroup(*group, featureText, piece, true);
       output += piece;
     } else {

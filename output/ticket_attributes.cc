@@ -87,7 +87,7 @@ bool createTicketNodeAttributes(CoreFeature& feature, std::string& syntax, std::
 void createTicketPDLAttributes(CoreFeature& feature, const std::string& commandTemplate,
                                std::string& output, bool forPostScript) {
   output.clear();
-  FeatureText text(forPostScript ? kPostScript : kPJL);
+  FeatureText text(forPostScript ? kPostScript : kPJL, nullptr);
   text.append(feature, commandTemplate, output);
 }
 

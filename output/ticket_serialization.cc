@@ -1,7 +1,6 @@
-// The set as a job ticket.
+// A set as a job ticket.
 
 #include "model/driver_feature.h"
-#include "model/driver_feature_set.h"
 #include "model/driver_feature_static_group.h"
 #include "model/messages.h"
 #include "model/text_conversion.h"
@@ -36,16 +35,17 @@ constexpr TicketNameRow kTicketNames[] = {
 constexpr TicketNameRow kGroupTicketNames[] = {kTicketNames[0], kTicketNames[1]};
 
 // Runs the object's ticket routine at top level. False when it names none.
-bool runOwnTicketRoutine(CoreFeature& object, VORNWriter& writer) {
+bool runOwnTicketRoutine(CoreFeature& object, DriverFeatureSet* set, VORNWriter& writer) {
   std::string routineName;
   if (!readNonEmpty(object, Property::kAddVORNCallbackRoutine, routineName)) return false;
-  if (!runTicketRoutine(routineName, writer, nullptr)) {
+  if (!runTicketRoutine(routineName, set, writer, nullptr)) {
     logComposed(Level::kMisuse, "serialize() - Cannot load VORN Command callback: {}", routineName);
   }
   return true;
 }
 
-void writeFeatureNode(CoreFeature& feature, VORNWriter& writer, bool includeInstOpt) {
+void writeFeatureNode(CoreFeature& feature, DriverFeatureSet* set, VORNWriter& writer,
+                      bool includeInstOpt) {
   if (isInGroup(feature)) return;
   for (const TicketNameRow& row : kTicketNames) {
     std::string name;
@@ -58,17 +58,18 @@ void writeFeatureNode(CoreFeature& feature, VORNWriter& writer, bool includeInst
     }
     return;
   }
-  runOwnTicketRoutine(feature, writer);
+  runOwnTicketRoutine(feature, set, writer);
 }
 
-void writeGroupNode(CoreFeature& group, VORNWriter& writer, int numberOfFeatures) {
+void writeGroupNode(CoreFeature& group, DriverFeatureSet* set, VORNWriter& writer,
+                    int numberOfFeatures) {
   for (const TicketNameRow& row : kGroupTicketNames) {
     std::string name;
     if (!readNonEmpty(group, row.property, name)) continue;
-    processVORNStaticGroup(group, writer, name, row.jobTicketAttribute, nullptr, true);
+    processVORNStaticGroup(group, set, writer, name, row.jobTicketAttribute, nullptr, true);
     return;
   }
-  if (runOwnTicketRoutine(group, writer)) return;
+  if (runOwnTicketRoutine(group, set, writer)) return;
   // Required: prints the number of features, not the group's index; log
   // readers rely on it.
   logComposed(Level::kInformation, "serialize() - StaticGroup {} has no VORN attributes",
@@ -77,22 +78,22 @@ void writeGroupNode(CoreFeature& group, VORNWriter& writer, int numberOfFeatures
 
 }  // namespace
 
-void writeTicket(DriverFeatureSet& set, bool includeInstOpt, const char* argument1,
+void writeTicket(const OutputSource& source, bool includeInstOpt, const char* argument1,
                  const char* argument2, std::string& output) {
   // A routine may keep the writer, so it is never freed.
   auto* writer = new VORNWriter;
   writer->initializeJobTicketDOM(argument1, argument2);
   int index = 0;
-  for (; index < set.fetchNumberOfFeatures(); ++index) {
-    if (DriverFeature* feature = set.fetchFeatureByIndex(index)) {
-      writeFeatureNode(*feature, *writer, includeInstOpt);
+  for (; index < source.features.fetchNumberOfFeatures(); ++index) {
+    if (DriverFeature* feature = source.features.fetchFeatureByIndex(index)) {
+      writeFeatureNode(*feature, source.set, *writer, includeInstOpt);
     } else {
       logMissingFeature(index);
     }
   }
-  for (int number = set.fetchNumberOfStaticGroups(); number > 0; --number) {
-    if (DriverFeatureStaticGroup* group = set.fetchStaticGroupByIndex(number - 1)) {
-      writeGroupNode(*group, *writer, index);
+  for (int number = source.groups.staticGroupCount(); number > 0; --number) {
+    if (DriverFeatureStaticGroup* group = source.groups.staticGroupAt(number - 1)) {
+      writeGroupNode(*group, source.set, *writer, index);
     } else {
       // Required: counted from 1 here.
       logMissingGroup(number);

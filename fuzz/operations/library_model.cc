@@ -7,6 +7,7 @@
 #include "frame/exports.h"
 #include "frame/master_set.h"
 #include "frame/state.h"
+#include "model/notification.h"
 
 #include "AttributeMap.h"
 #include "Log.h"
@@ -119,6 +120,7 @@ int OperationsSortMeddling(AttributeMap& first, AttributeMap& second) {
 LibraryModel::LibraryModel(Host host) : host_(std::move(host)) {
   current = &host_;
   libraryState() = {};
+  notification() = {};
   GetMasterFeatureList();
   SetLogHandler(takeLogLine, nullptr);
 }
@@ -130,6 +132,7 @@ LibraryModel::~LibraryModel() {
   set.DriverFeatureSet::~DriverFeatureSet();
   ::operator delete(&set);
   libraryState() = {};
+  notification() = {};
   current = nullptr;
 }
 

@@ -11,7 +11,7 @@
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
 #include "model/driver_feature_option.h"
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 #include "model/driver_feature_static_group.h"
 
 namespace driver_feature::operations {

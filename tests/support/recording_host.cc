@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "frame/state.h"
+#include "model/notification.h"
 
 #include "Log.h"
 
@@ -20,6 +21,7 @@ void resetLibraryState() {
   static auto* const kSets = new std::vector<DriverFeatureSet*>;
   kSets->push_back(libraryState().masterSet);
   libraryState() = {};
+  notification() = {};
 }
 
 void recordLogLine(int level, const char* category, const char* text, std::size_t length,
@@ -47,7 +49,7 @@ RecordingHost::~RecordingHost() {
 }
 
 void RecordingHost::registerUpdateCallback() {
-  libraryState().updateCallback = RecordUpdate;
+  notification().updateCallback = RecordUpdate;
 }
 
 std::vector<std::string> RecordingHost::takeEvents() {

@@ -1,4 +1,4 @@
-#include "frame/state.h"
+#include "model/notification.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -25,12 +25,12 @@ constexpr NotifyRow kNotifyRows[] = {
     {"suppressed during a ticket", true, true, false},
 };
 
-TEST(StateTest, NotifyUpdate_EachCombination_CallsOnlyWhenNothingSilencesIt) {
+TEST(NotificationTest, NotifyUpdate_EachCombination_CallsOnlyWhenNothingSilencesIt) {
   for (const NotifyRow& row : kNotifyRows) {
     SCOPED_TRACE(row.name);
     RecordingHost host;
     host.registerUpdateCallback();
-    libraryState().ticketLoading = row.ticketLoading;
+    notification().ticketLoading = row.ticketLoading;
     notifyUpdate(row.suppressUpdate);
     if (row.called) {
       EXPECT_THAT(host.takeEvents(), ElementsAre(kUpdateCalled));
@@ -40,21 +40,21 @@ TEST(StateTest, NotifyUpdate_EachCombination_CallsOnlyWhenNothingSilencesIt) {
   }
 }
 
-TEST(StateTest, NotifyUpdate_NoCallback_DoesNothing) {
+TEST(NotificationTest, NotifyUpdate_NoCallback_DoesNothing) {
   RecordingHost host;
   notifyUpdate(false);
   EXPECT_THAT(host.takeEvents(), IsEmpty());
 }
 
-TEST(StateTest, CallUpdateCallback_DuringATicket_CallsAllTheSame) {
+TEST(NotificationTest, CallUpdateCallback_DuringATicket_CallsAllTheSame) {
   RecordingHost host;
   host.registerUpdateCallback();
-  libraryState().ticketLoading = true;
+  notification().ticketLoading = true;
   callUpdateCallback();
   EXPECT_THAT(host.takeEvents(), ElementsAre(kUpdateCalled));
 }
 
-TEST(StateTest, CallUpdateCallback_NoCallback_DoesNothing) {
+TEST(NotificationTest, CallUpdateCallback_NoCallback_DoesNothing) {
   RecordingHost host;
   callUpdateCallback();
   EXPECT_THAT(host.takeEvents(), IsEmpty());

@@ -1,11 +1,16 @@
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 
-#include "frame/state.h"
+#include <iostream>
+#include <type_traits>
+
+#include "diagnostics/dump.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
 #include "model/driver_feature_static_group.h"
 #include "model/messages.h"
+#include "model/notification.h"
 #include "model/vocabulary.h"
+#include "output/serialization.h"
 
 #include "Symbols.h"
 
@@ -14,35 +19,18 @@ using driver_feature::logComposed;
 
 namespace {
 
-// The first of `groups` whose text property `attribute` holds `wanted`, or
-// null. Required: a group that has no such property is compared with what the
-// candidate before it has left in `text`.
-template <class Group>
-CoreFeature* findGroup(const std::vector<Group*>& groups, const std::string& attribute,
-                       const std::string& wanted, std::string& text) {
-  // By position: the platform's look-up of the name may add groups.
-  for (std::size_t i = 0; i < groups.size(); ++i) {
-    Group* group = groups[i];
-    group->getFeatureProperty(attribute, text);
-    if (text == wanted) return group;
-  }
-  return nullptr;
+enum PDLType : int { kTypePJL = 0, kTypePostScript = 1, kTypeTicket = 2 };
+
+// Whether the group's text property `attribute` holds `wanted`. Required: a group
+// that has no such property is compared with what the candidate before it has
+// left in `text`.
+bool holds(CoreFeature& group, const std::string& attribute, const std::string& wanted,
+           std::string& text) {
+  group.getFeatureProperty(attribute, text);
+  return text == wanted;
 }
 
-template <class Group>
-Group* groupAt(const std::vector<Group*>& groups, int index) {
-  const auto position = static_cast<std::size_t>(index);  // Negative: beyond every list.
-  return position < groups.size() ? groups[position] : nullptr;
-}
-
-template <class Group>
-int append(std::vector<Group*>& groups, Group* group) {
-  if (group == nullptr) return 0;
-  groups.push_back(group);
-  return 1;
-}
-
-// The pair of properties that a default travels between.
+// Copies a default value into the current one.
 template <class Value>
 void restoreDefault(DriverFeature& feature, const char* from, const char* to) {
   Value value{};
@@ -57,30 +45,18 @@ void restoreDefault(DriverFeature& feature, const char* from, const char* to) {
 }  // namespace
 
 int DriverFeatureSet::fetchNumberOfFeatures() {
-  return static_cast<int>(features_.size());
+  return list_.featureCount();
 }
 
 DriverFeature* DriverFeatureSet::fetchFeatureByIndex(int index) {
-  if (index < 0 || static_cast<std::size_t>(index) >= features_.size()) return nullptr;
-  return featureAt(index)->second;
-}
-
-DriverFeatureSet::Features::const_iterator DriverFeatureSet::featureAt(int index) {
-  const bool isNearerToStart = lastFetchedIndex_ - index > index;
-  if (lastFetchedIndex_ < 0 || isNearerToStart) {
-    lastFetched_ = features_.begin();
-    lastFetchedIndex_ = 0;
-  }
-  for (; lastFetchedIndex_ < index; ++lastFetchedIndex_) ++lastFetched_;
-  for (; lastFetchedIndex_ > index; --lastFetchedIndex_) --lastFetched_;
-  return lastFetched_;
+  return list_.featureAt(index);
 }
 
 CoreFeature* DriverFeatureSet::FindFeatureInFeatureList(const std::string& name) {
-  if (DriverFeature* feature = index_.find(features_, name)) return feature;
+  if (DriverFeature* feature = list_.findFeature(name)) return feature;
   std::string text;
-  if (CoreFeature* group = findGroup(staticGroups_, "Name", name, text)) return group;
-  if (CoreFeature* group = findGroup(dynamicGroups_, "Name", name, text)) return group;
+  if (CoreFeature* group = findStaticGroup("Name", name, text)) return group;
+  if (CoreFeature* group = findDynamicGroup("Name", name, text)) return group;
   logComposed(Level::kWarning, "FindFeatureInFeatureList() - Did not find feature \"{}\".", name);
   return nullptr;
 }
@@ -95,10 +71,30 @@ CoreFeature* DriverFeatureSet::FindFeatureInFeatureList(const std::string& attri
     if (text == value) return feature;
   }
   // Required: groups are compared with the attribute's name, not the value.
-  if (CoreFeature* group = findGroup(staticGroups_, attribute, attribute, text)) return group;
-  if (CoreFeature* group = findGroup(dynamicGroups_, attribute, attribute, text)) return group;
+  if (CoreFeature* group = findStaticGroup(attribute, attribute, text)) return group;
+  if (CoreFeature* group = findDynamicGroup(attribute, attribute, text)) return group;
   logComposed(Level::kInformation,
               "FindFeatureInFeatureList() - Couldn't find feature with attribute \"{}\".", value);
+  return nullptr;
+}
+
+// Groups are walked by position: the platform's look-up of a name may add some.
+
+CoreFeature* DriverFeatureSet::findStaticGroup(const std::string& attribute,
+                                               const std::string& wanted, std::string& text) {
+  for (int i = 0; i < list_.staticGroupCount(); ++i) {
+    DriverFeatureStaticGroup* group = list_.staticGroupAt(i);
+    if (holds(*group, attribute, wanted, text)) return group;
+  }
+  return nullptr;
+}
+
+CoreFeature* DriverFeatureSet::findDynamicGroup(const std::string& attribute,
+                                                const std::string& wanted, std::string& text) {
+  for (int i = 0; i < list_.dynamicGroupCount(); ++i) {
+    DriverFeatureDynamicGroup* group = list_.dynamicGroupAt(i);
+    if (holds(*group, attribute, wanted, text)) return group;
+  }
   return nullptr;
 }
 
@@ -107,6 +103,30 @@ DriverFeatureOption* DriverFeatureSet::CreateOptionForFeature(const std::string&
                                                               const std::string& /*optionName*/,
                                                               int /*number*/) {
   return nullptr;
+}
+
+// A routine that throws leaves no half of a job that could be taken for a whole
+// one.
+void DriverFeatureSet::serialize(std::string& output, int pdlType, bool includeInstOpt,
+                                 const char* ticketArgument1, const char* ticketArgument2) try {
+  const driver_feature::OutputSource source{*this, list_, this};
+  switch (pdlType) {
+    case kTypePJL:
+      return writeText(source, driver_feature::kPJL, output);
+    case kTypePostScript:
+      return writeText(source, driver_feature::kPostScript, output);
+    case kTypeTicket:
+      return writeTicket(source, includeInstOpt, ticketArgument1, ticketArgument2, output);
+    default:
+      driver_feature::logFixed(Level::kMisuse, "serialize() - Invalid PDL type");
+  }
+} catch (...) {
+  output.clear();
+  throw;
+}
+
+void DriverFeatureSet::dumpFeatureListValues() {
+  std::cout << driver_feature::dumpOf(*this, list_) << std::flush;
 }
 
 void DriverFeatureSet::restoreDefaultFeatureValues() {
@@ -132,49 +152,25 @@ void DriverFeatureSet::restoreDefaultFeatureValues() {
 }
 
 int DriverFeatureSet::addFeatureToFeatureList(const std::string& name, DriverFeature* feature) {
-  if (name.empty() || feature == nullptr) return 0;
-  const auto [entry, isNew] = features_.insert_or_assign(name, feature);
-  if (isNew) index_.add(features_, *entry);
-  lastFetchedIndex_ = -1;
-  return 1;
+  return list_.addFeature(name, feature) ? 1 : 0;
 }
 
 int DriverFeatureSet::addStaticGroupToFeatureList(DriverFeatureStaticGroup* group) {
-  return append(staticGroups_, group);
+  return list_.addStaticGroup(group) ? 1 : 0;
 }
 
 int DriverFeatureSet::addDynamicGroupToFeatureList(DriverFeatureDynamicGroup* group) {
-  return append(dynamicGroups_, group);
-}
-
-int DriverFeatureSet::fetchNumberOfStaticGroups() const {
-  return static_cast<int>(staticGroups_.size());
-}
-
-int DriverFeatureSet::fetchNumberOfDynamicGroups() const {
-  return static_cast<int>(dynamicGroups_.size());
+  return list_.addDynamicGroup(group) ? 1 : 0;
 }
 
 DriverFeatureStaticGroup* DriverFeatureSet::fetchStaticGroupByIndex(int index) {
-  return groupAt(staticGroups_, index);
+  return list_.staticGroupAt(index);
 }
 
 DriverFeatureDynamicGroup* DriverFeatureSet::fetchDynamicGroupByIndex(int index) {
-  return groupAt(dynamicGroups_, index);
+  return list_.dynamicGroupAt(index);
 }
 
 void* DriverFeatureSet::fetchCallbackRoutine(const std::string& routineName) {
   return FetchSymbol(routineName.c_str());
-}
-
-DriverFeatureSet::Contents DriverFeatureSet::copyContents() const {
-  return {features_, staticGroups_, dynamicGroups_};
-}
-
-void DriverFeatureSet::swapContents(Contents& contents) noexcept {
-  features_.swap(contents.features);
-  staticGroups_.swap(contents.staticGroups);
-  dynamicGroups_.swap(contents.dynamicGroups);
-  index_.clear();
-  lastFetchedIndex_ = -1;
 }

@@ -1,20 +1,14 @@
 // The master list of a driver's features and groups. Every look-up by name
 // goes through it, and it writes the whole model out.
-#ifndef MODEL_DRIVER_FEATURE_SET_H_
-#define MODEL_DRIVER_FEATURE_SET_H_
+#ifndef FRAME_DRIVER_FEATURE_SET_H_
+#define FRAME_DRIVER_FEATURE_SET_H_
 
-#include <map>
 #include <string>
-#include <vector>
 
 #include "model/core_feature_set.h"
-#include "model/feature_index.h"
-
-class DriverFeatureDynamicGroup;
-class DriverFeatureStaticGroup;
+#include "model/feature_list.h"
 
 // Holds plain pointers to what the loader has made and deletes none of it.
-// Never holds null or a feature without a name. Nothing is ever removed.
 class DriverFeatureSet : public CoreFeatureSet {
  public:
   DriverFeatureSet() = default;
@@ -41,47 +35,23 @@ class DriverFeatureSet : public CoreFeatureSet {
   int addStaticGroupToFeatureList(DriverFeatureStaticGroup* group);
   int addDynamicGroupToFeatureList(DriverFeatureDynamicGroup* group);
 
-  // Makes features be found by name in a time that hardly grows with their
-  // number, also those that are added later. For the end of a load: memory is
-  // asked for here, and not at a look-up.
-  void indexNames() { index_.make(features_); }
-
-  int fetchNumberOfStaticGroups() const;
-  int fetchNumberOfDynamicGroups() const;
-
   // The group at a position counted from 0 in order of addition, or null.
   DriverFeatureStaticGroup* fetchStaticGroupByIndex(int index);
   DriverFeatureDynamicGroup* fetchDynamicGroupByIndex(int index);
 
-  // The address of the host's routine of that name, or null, in silence.
+  // The address of the host's routine of that name, or null, without a log line.
   void* fetchCallbackRoutine(const std::string& routineName);
 
-  using Features = std::map<std::string, DriverFeature*>;
-
-  // What the set lists, for whoever takes back a load that has failed.
-  struct Contents {
-    Features features;
-    std::vector<DriverFeatureStaticGroup*> staticGroups;
-    std::vector<DriverFeatureDynamicGroup*> dynamicGroups;
-  };
-  Contents copyContents() const;
-  void swapContents(Contents& contents) noexcept;
+  // All features and groups, for the loader and the outputs.
+  driver_feature::FeatureList& list() { return list_; }
 
  private:
-  // The entry at a position that is in the list.
-  Features::const_iterator featureAt(int index);
+  CoreFeature* findStaticGroup(const std::string& attribute, const std::string& wanted,
+                               std::string& text);
+  CoreFeature* findDynamicGroup(const std::string& attribute, const std::string& wanted,
+                                std::string& text);
 
-  Features features_;
-  std::vector<DriverFeatureStaticGroup*> staticGroups_;
-  std::vector<DriverFeatureDynamicGroup*> dynamicGroups_;
-
-  driver_feature::FeatureIndex index_;  // Of features_.
-
-  // The entry that was last fetched by its position, so that a walk over all
-  // positions takes one step for each instead of starting anew. -1: there is
-  // none since the list has grown.
-  Features::const_iterator lastFetched_;
-  int lastFetchedIndex_ = -1;
+  driver_feature::FeatureList list_;
 };
 
-#endif  // MODEL_DRIVER_FEATURE_SET_H_
+#endif  // FRAME_DRIVER_FEATURE_SET_H_

@@ -7,7 +7,7 @@
 
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 #include "model/driver_feature_static_group.h"
 #include "support/recording_host.h"
 

@@ -5,9 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "frame/state.h"
+#include "model/notification.h"
 #include "model/driver_feature.h"
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 #include "support/model_builder.h"
 #include "support/recording_host.h"
 
@@ -37,7 +37,7 @@ TEST_F(RestoreDefaultsTest, EachType_TakesItsDefaultAndReportsOnce) {
   DriverFeature& text = feature("Text", 3, "DefaultTextValue", std::string("default"));
   DriverFeature& fraction = feature("Fraction", 4, "DefaultFloatValue", 2.5F);
   number.setFeatureProperty(std::string("AddCallbackRoutine"), std::string("RecordChange"));
-  libraryState().creationComplete = true;
+  notification().creationComplete = true;
   masterSet().restoreDefaultFeatureValues();
   int value = 0;
   EXPECT_TRUE(list.getFeatureProperty(std::string("CurrentIntValue"), &value));
@@ -122,10 +122,10 @@ TEST_F(RestoreDefaultsTest, Set_IsSilentAndItsRefusalIgnored) {
 TEST_F(RestoreDefaultsTest, EmptySet_ReportsAllTheSame) {
   masterSet().restoreDefaultFeatureValues();
   EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled));
-  libraryState().ticketLoading = true;
+  notification().ticketLoading = true;
   masterSet().restoreDefaultFeatureValues();
   EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled));
-  libraryState().updateCallback = nullptr;
+  notification().updateCallback = nullptr;
   masterSet().restoreDefaultFeatureValues();
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }

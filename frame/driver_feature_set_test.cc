@@ -1,4 +1,4 @@
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 
 #include <climits>
 #include <string>
@@ -34,8 +34,8 @@ class FeatureSetTest : public ::testing::Test {
 TEST_F(FeatureSetTest, NewSet_IsEmpty) {
   EXPECT_EQ(set_.fetchNumberOfFeatures(), 0);
   EXPECT_EQ(set_.fetchFeatureByIndex(0), nullptr);
-  EXPECT_EQ(set_.fetchNumberOfStaticGroups(), 0);
-  EXPECT_EQ(set_.fetchNumberOfDynamicGroups(), 0);
+  EXPECT_EQ(set_.list().staticGroupCount(), 0);
+  EXPECT_EQ(set_.list().dynamicGroupCount(), 0);
   EXPECT_EQ(set_.fetchStaticGroupByIndex(0), nullptr);
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
@@ -46,8 +46,8 @@ TEST_F(FeatureSetTest, Add_NothingOrNoName_IsRefused) {
   EXPECT_EQ(set_.addStaticGroupToFeatureList(nullptr), 0);
   EXPECT_EQ(set_.addDynamicGroupToFeatureList(nullptr), 0);
   EXPECT_EQ(set_.fetchNumberOfFeatures(), 0);
-  EXPECT_EQ(set_.fetchNumberOfStaticGroups(), 0);
-  EXPECT_EQ(set_.fetchNumberOfDynamicGroups(), 0);
+  EXPECT_EQ(set_.list().staticGroupCount(), 0);
+  EXPECT_EQ(set_.list().dynamicGroupCount(), 0);
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
@@ -80,7 +80,7 @@ TEST_F(FeatureSetTest, Groups_StandInOrderOfAddition) {
   EXPECT_EQ(set_.addStaticGroupToFeatureList(&first), 1);
   EXPECT_EQ(set_.addStaticGroupToFeatureList(&static_), 1);
   EXPECT_EQ(set_.addStaticGroupToFeatureList(&first), 1);
-  EXPECT_EQ(set_.fetchNumberOfStaticGroups(), 3);
+  EXPECT_EQ(set_.list().staticGroupCount(), 3);
   EXPECT_EQ(set_.fetchStaticGroupByIndex(0), &first);
   EXPECT_EQ(set_.fetchStaticGroupByIndex(1), &static_);
   EXPECT_EQ(set_.fetchStaticGroupByIndex(2), &first);

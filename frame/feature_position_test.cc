@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "model/driver_feature.h"
-#include "model/driver_feature_set.h"
+#include "frame/driver_feature_set.h"
 #include "support/model_builder.h"
 #include "support/recording_host.h"
 
@@ -71,10 +71,10 @@ TEST_F(FeaturePositionTest, FeatureReplaced_TheNewOneIsFetched) {
 TEST_F(FeaturePositionTest, ContentsSwapped_OldPlacesAreForgotten) {
   DriverFeature* a = add('a');
   DriverFeature* c = add('c');
-  DriverFeatureSet::Contents before = set_.copyContents();
+  FeatureList::Contents before = set_.list().copyContents();
   add('b');
   EXPECT_EQ(set_.fetchFeatureByIndex(2), c);
-  set_.swapContents(before);
+  set_.list().swapContents(before);
   EXPECT_EQ(set_.fetchFeatureByIndex(2), nullptr);
   EXPECT_EQ(set_.fetchFeatureByIndex(1), c);
   EXPECT_EQ(set_.fetchFeatureByIndex(0), a);

@@ -1,0 +1,96 @@
+#include "model/feature_list.h"
+
+#include <cstddef>
+#include <new>
+
+namespace driver_feature {
+
+namespace {
+
+template <class Group>
+Group* groupAt(const std::vector<Group*>& groups, int index) {
+  const auto position = static_cast<std::size_t>(index);  // Negative: beyond every list.
+  return position < groups.size() ? groups[position] : nullptr;
+}
+
+template <class Group>
+bool append(std::vector<Group*>& groups, Group* group) {
+  if (group == nullptr) return false;
+  groups.push_back(group);
+  return true;
+}
+
+}  // namespace
+
+bool FeatureList::addFeature(const std::string& name, DriverFeature* feature) {
+  if (name.empty() || feature == nullptr) return false;
+  const auto [entry, isNew] = features_.insert_or_assign(name, feature);
+  if (isNew && !index_.empty()) index(*entry);
+  forgetPositions();
+  return true;
+}
+
+bool FeatureList::addStaticGroup(DriverFeatureStaticGroup* group) {
+  return append(staticGroups_, group);
+}
+
+bool FeatureList::addDynamicGroup(DriverFeatureDynamicGroup* group) {
+  return append(dynamicGroups_, group);
+}
+
+DriverFeature* FeatureList::featureAt(int index) {
+  if (index < 0 || index >= featureCount()) return nullptr;
+  const bool isNearerToStart = lastFetchedIndex_ - index > index;
+  if (lastFetchedIndex_ < 0 || isNearerToStart) {
+    lastFetched_ = features_.begin();
+    lastFetchedIndex_ = 0;
+  }
+  for (; lastFetchedIndex_ < index; ++lastFetchedIndex_) ++lastFetched_;
+  for (; lastFetchedIndex_ > index; --lastFetchedIndex_) --lastFetched_;
+  return lastFetched_->second;
+}
+
+DriverFeatureStaticGroup* FeatureList::staticGroupAt(int index) const {
+  return groupAt(staticGroups_, index);
+}
+
+DriverFeatureDynamicGroup* FeatureList::dynamicGroupAt(int index) const {
+  return groupAt(dynamicGroups_, index);
+}
+
+DriverFeature* FeatureList::findFeature(const std::string& name) const {
+  if (index_.empty()) {
+    const auto found = features_.find(name);
+    return found != features_.end() ? found->second : nullptr;
+  }
+  const auto found = index_.find(name);
+  return found != index_.end() ? found->second->second : nullptr;
+}
+
+void FeatureList::indexNames() {
+  index_.clear();
+  index_.reserve(features_.size());
+  for (const auto& entry : features_) index_.emplace(entry.first, &entry);
+}
+
+// Where there is no memory for the entry, none is indexed, and the map is
+// searched instead.
+void FeatureList::index(const Features::value_type& entry) try {
+  index_.emplace(entry.first, &entry);
+} catch (const std::bad_alloc&) {
+  index_.clear();
+}
+
+FeatureList::Contents FeatureList::copyContents() const {
+  return {features_, staticGroups_, dynamicGroups_};
+}
+
+void FeatureList::swapContents(Contents& contents) noexcept {
+  features_.swap(contents.features);
+  staticGroups_.swap(contents.staticGroups);
+  dynamicGroups_.swap(contents.dynamicGroups);
+  index_.clear();
+  forgetPositions();
+}
+
+}  // namespace driver_feature
