@@ -1,7 +1,9 @@
 # How every target of the project is compiled and linked.
 
 add_library(driver_feature_compile_options INTERFACE)
-target_include_directories(driver_feature_compile_options INTERFACE ${PROJECT_SOURCE_DIR})
+# The sources of the plug-in name each other, and are named, from library/ on.
+target_include_directories(driver_feature_compile_options
+  INTERFACE ${PROJECT_SOURCE_DIR}/library ${PROJECT_SOURCE_DIR})
 target_compile_options(driver_feature_compile_options INTERFACE
   -Wall -Wextra -Wconversion -Wshadow
   $<$<CXX_COMPILER_ID:Clang>:-Wstring-conversion>

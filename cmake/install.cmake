@@ -34,9 +34,12 @@ install(EXPORT DriverFeatureTargets NAMESPACE DriverFeature::
   DESTINATION ${cmake_folder} COMPONENT development)
 
 install(FILES
-  model/core_feature.h model/core_feature_group.h model/core_feature_set.h model/core_option.h
+  library/model/core_feature.h
+  library/model/core_feature_group.h
+  library/model/core_feature_set.h
+  library/model/core_option.h
   DESTINATION ${header_folder}/model COMPONENT development)
-install(FILES frame/exports.h
+install(FILES library/frame/exports.h
   DESTINATION ${header_folder}/frame COMPONENT development)
 install(FILES
   platform/common_api/AttributeList.h

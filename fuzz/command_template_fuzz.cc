@@ -15,7 +15,7 @@
 
 #include "fuzz/c_library.h"
 #include "fuzz/template_reading.h"
-#include "output/command_template.h"
+#include "templates/command_template.h"
 
 namespace driver_feature::fuzz {
 namespace {

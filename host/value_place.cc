@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "output/conversion.h"
+#include "templates/conversion.h"
 
 namespace driver_feature {
 

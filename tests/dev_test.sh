@@ -556,7 +556,7 @@ for tool in cmake gcovr python3; do fake "$tool"; done
 ln -s "$(command -v mkdir)" "$work/bin/mkdir"
 mkdir -p "$work/project/build/coverage/bin"
 : >"$work/project/build/coverage/old.gcda"
-for program in diagnostics frame loader model output plugin plugin_interposition raw_slot; do
+for program in diagnostics frame loader model output templates plugin plugin_interposition raw_slot; do
   printf '#!%s\necho "%s_tests $*" >>"%s/calls"\n' "$bash_path" "$program" "$work" \
     >"$work/project/build/coverage/bin/${program}_tests"
   chmod +x "$work/project/build/coverage/bin/${program}_tests"

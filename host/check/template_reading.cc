@@ -1,7 +1,7 @@
 #include "host/check/template_reading.h"
 
-#include "output/command_template.h"
-#include "output/conversion.h"
+#include "templates/command_template.h"
+#include "templates/conversion.h"
 
 namespace driver_feature {
 

@@ -30,7 +30,7 @@ baseline=$2
 # hosts know them by name at the most.
 collectHeaders() {
   mkdir "$1"
-  cp "$project"/model/core_*.h "$project"/frame/exports.h \
+  cp "$project"/library/model/core_*.h "$project"/library/frame/exports.h \
     "$project"/platform/common_api/{AttributeMap,UnicodeString,XMLParser}.h \
     "$project"/platform/xml_parser/VORNWriter.h "$1"
 }

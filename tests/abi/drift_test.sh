@@ -27,7 +27,8 @@ begin() {
   current=$1
   rm -rf "${work:?}"/*
   mkdir -p "$work/build/lib" "$work/headers"
-  (cd "$project" && cp -r --parents model/core_*.h frame/exports.h platform "$work/headers")
+  (cd "$project/library" && cp --parents model/core_*.h frame/exports.h "$work/headers")
+  cp -r "$project/platform" "$work/headers"
   cp "$build/lib/libDriverFeature.so" "$work/build/lib"
 }
 

@@ -127,7 +127,7 @@ def percentage(counts):
 def table_of(outcomes):
     """Killed, survived and invalid per room and per kind, as lines."""
     lines = []
-    for title, group in (("room", lambda each: each.path.split("/")[0]),
+    for title, group in (("room", lambda each: each.path.split("/")[1]),
                          ("kind", lambda each: each.kind)):
         rows = collections.defaultdict(collections.Counter)
         for mutation, outcome in outcomes:

@@ -16,11 +16,12 @@ _SLOW_SECONDS = 0.1
 # The test programs that a change in a room can affect, its own first.
 _AFFECTED = {
     "diagnostics": ("diagnostics_tests", "plugin_tests"),
-    "frame": ("frame_tests", "model_tests", "loader_tests", "plugin_tests", "raw_slot_tests"),
+    "frame": ("frame_tests", "output_tests", "diagnostics_tests", "loader_tests", "plugin_tests", "raw_slot_tests"),
     "loader": ("loader_tests", "plugin_tests", "raw_slot_tests"),
     "model": ("model_tests", "loader_tests", "output_tests", "frame_tests", "diagnostics_tests",
               "raw_slot_tests", "plugin_tests"),
     "output": ("output_tests", "plugin_tests", "raw_slot_tests"),
+    "templates": ("templates_tests", "output_tests"),
 }
 
 
@@ -93,7 +94,7 @@ class Trials:
         """Tries one mutation. `text` is the whole changed file."""
         if not worker.compile(mutation.path, text):
             return Outcome(INVALID, "does not compile")
-        affected = _AFFECTED[mutation.path.split("/")[0]]
+        affected = _AFFECTED[mutation.path.split("/")[1]]
         programs = [program for program in affected if program in self._passes]
         for is_slow in (False, True):
             for program in programs:

@@ -13,14 +13,13 @@ import shlex
 import shutil
 import subprocess
 
-ROOMS = ("diagnostics", "frame", "loader", "model", "output")
+ROOMS = ("diagnostics", "frame", "loader", "model", "output", "templates")
 # Test programs that hold the library's objects.
 OBJECT_PROGRAMS = tuple(f"{room}_tests" for room in ROOMS)
 # Test programs that load the library from a file.
 PLUGIN_PROGRAMS = ("raw_slot_tests", "plugin_tests")
 _LIBRARY = "lib/libDriverFeature.so"
 _ARCHIVE = "liblibrary_under_test.a"
-_OBJECTS = "CMakeFiles/driver_feature_objects.dir"
 # Comes with the compiler's own packages and takes a quarter of the time.
 _LINKER = "-fuse-ld=gold"
 _KEPT_OUT = ("build", ".git")
@@ -29,7 +28,7 @@ _KEPT_OUT = ("build", ".git")
 def library_sources(root):
     """The library's files, from the project's root."""
     return sorted(str(path.relative_to(root)) for room in ROOMS
-                  for path in (root / room).iterdir()
+                  for path in (root / "library" / room).iterdir()
                   if path.suffix in (".cc", ".h") and not path.stem.endswith("_test"))
 
 
@@ -59,6 +58,7 @@ class Workspace:
         self._is_own = build is None
         self._links = {}
         self._compiles = {}
+        self._objects = {}
         self._users = {}
 
     def prepare(self):
@@ -86,9 +86,12 @@ class Workspace:
 
     def _read_commands(self):
         for entry in json.loads((self.base / "compile_commands.json").read_text()):
-            path = pathlib.Path(entry["file"])
-            if f"-o {_OBJECTS}/" in entry["command"]:
-                self._compiles[str(path.relative_to(self.sources))] = shlex.split(entry["command"])
+            command = shlex.split(entry["command"])
+            place = command[command.index("-o") + 1]
+            if place.startswith("library/"):
+                unit = str(pathlib.Path(entry["file"]).relative_to(self.sources))
+                self._compiles[unit] = command
+                self._objects[unit] = place
         for target in OBJECT_PROGRAMS + ("DriverFeature",):
             commands = _require(["ninja", "-t", "commands", target], self.base)
             link = commands.strip().splitlines()[-1].removeprefix(": && ").split(" && ")[0]
@@ -97,7 +100,7 @@ class Workspace:
 
     def _read_includes(self):
         """Finds for each header the sources that include it."""
-        objects = {f"{_OBJECTS}/{path}.o": path for path in self._compiles}
+        objects = {place: unit for unit, place in self._objects.items()}
         user = None
         for line in _require(["ninja", "-t", "deps"], self.base).splitlines():
             if not line.startswith(" "):
@@ -121,7 +124,7 @@ class Workspace:
                    for word in self._compiles[unit]]
         command[command.index("-o") + 1] = place
         first = next(at for at, word in enumerate(command) if word.startswith("-I"))
-        return command[:first] + ["-Isources"] + command[first:] + ["-O0", "-g0", "-w"]
+        return command[:first] + ["-Isources/library"] + command[first:] + ["-O0", "-g0", "-w"]
 
     def _absolute(self, word):
         return str(self.base / word) if (self.base / word).exists() else word
@@ -130,11 +133,11 @@ class Workspace:
         """Links a test program or the library; `changed` are the worker's
         objects by source. The library's objects go first, so that its inline
         functions are taken, and not the copies that the tests were built with."""
-        objects = [changed.get(unit, str(self.base / _OBJECTS / f"{unit}.o"))
+        objects = [changed.get(unit, str(self.base / self._objects[unit]))
                    for unit in sorted(self._compiles)]
         command = []
         for word in self._links[target]:
-            if word.startswith(_OBJECTS):
+            if word in self._objects.values():
                 continue
             if word.endswith(_ARCHIVE):
                 word = "tests/CMakeFiles/library_under_test.dir/support/recording_host.cc.o"
@@ -159,7 +162,7 @@ class Worker:
             (self.folder / name).mkdir(parents=True)
         for path in library_sources(workspace.sources):
             copy = self.folder / "sources" / path
-            copy.parent.mkdir(exist_ok=True)
+            copy.parent.mkdir(parents=True, exist_ok=True)
             shutil.copyfile(workspace.sources / path, copy)
 
     def compile(self, path, text):

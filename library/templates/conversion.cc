@@ -1,4 +1,4 @@
-#include "output/conversion.h"
+#include "templates/conversion.h"
 
 #include <algorithm>
 #include <array>

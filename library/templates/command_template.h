@@ -13,8 +13,8 @@
 // comes out is what printf gives in the C locale, of any length. Of the length
 // letters only h and hh mean something: they narrow the integer; the others
 // promise a type that the value does not have, and are passed over.
-#ifndef OUTPUT_COMMAND_TEMPLATE_H_
-#define OUTPUT_COMMAND_TEMPLATE_H_
+#ifndef TEMPLATES_COMMAND_TEMPLATE_H_
+#define TEMPLATES_COMMAND_TEMPLATE_H_
 
 #include <string>
 #include <string_view>
@@ -34,4 +34,4 @@ bool appendCommand(std::string_view commandTemplate, double value, std::string& 
 
 }  // namespace driver_feature
 
-#endif  // OUTPUT_COMMAND_TEMPLATE_H_
+#endif  // TEMPLATES_COMMAND_TEMPLATE_H_

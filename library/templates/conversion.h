@@ -1,6 +1,6 @@
 // One conversion of a command template, and the texts it makes of values.
-#ifndef OUTPUT_CONVERSION_H_
-#define OUTPUT_CONVERSION_H_
+#ifndef TEMPLATES_CONVERSION_H_
+#define TEMPLATES_CONVERSION_H_
 
 #include <optional>
 #include <string>
@@ -35,4 +35,4 @@ std::optional<std::string> convert(const Conversion& conversion, double value);
 
 }  // namespace driver_feature
 
-#endif  // OUTPUT_CONVERSION_H_
+#endif  // TEMPLATES_CONVERSION_H_

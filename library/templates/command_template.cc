@@ -1,11 +1,11 @@
-#include "output/command_template.h"
+#include "templates/command_template.h"
 
 #include <cstddef>
 #include <cstring>
 #include <type_traits>
 #include <utility>
 
-#include "output/conversion.h"
+#include "templates/conversion.h"
 
 namespace driver_feature {
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "output/command_template.h"
+#include "templates/command_template.h"
 
 namespace driver_feature {
 namespace {

@@ -1,7 +1,7 @@
 // Compared with the C library's own formatter, in the C locale, for templates
 // that are legal to hand to it; the rest is written by hand.
 
-#include "output/command_template.h"
+#include "templates/command_template.h"
 
 #include <locale.h>
 

@@ -5,7 +5,7 @@
 
 #include "model/messages.h"
 #include "model/vocabulary.h"
-#include "output/command_template.h"
+#include "templates/command_template.h"
 #include "output/output_routine.h"
 
 namespace driver_feature {

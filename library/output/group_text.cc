@@ -4,7 +4,7 @@
 #include "model/messages.h"
 #include "model/text_conversion.h"
 #include "model/vocabulary.h"
-#include "output/command_template.h"
+#include "templates/command_template.h"
 #include "output/feature_text.h"
 #include "output/group_commands.h"
 #include "output/group_trail.h"
