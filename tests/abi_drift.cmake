@@ -25,4 +25,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_BUILD_TYPE STREQUAL "Release")
   add_test(NAME abi_drift
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/abi/drift_test.sh ${PROJECT_BINARY_DIR} ${abi_baseline}
             ${CMAKE_CXX_COMPILER} ${compiler_flags})
+  set_property(TEST abi_baseline PROPERTY LABELS core)
+  set_property(TEST abi_drift PROPERTY LABELS once)
+  add_dependencies(core_tests host_view)
 endif()

@@ -11,10 +11,10 @@ set_target_properties(raw_slot_tests PROPERTIES ENABLE_EXPORTS ON CXX_VISIBILITY
 target_link_libraries(raw_slot_tests PRIVATE
   GTest::gmock GTest::gtest GTest::gtest_main ${CMAKE_DL_LIBS})
 add_dependencies(raw_slot_tests DriverFeature)
-gtest_discover_tests(raw_slot_tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+driver_feature_core_test(raw_slot_tests)
 
 # The tables and the file of the built library, and what the headers promise.
-driver_feature_test(abi_tests
+driver_feature_test(abi_tests CORE
   GLOB tests/abi/*_test.cc tests/abi/elf_file.cc
   LINK ${CMAKE_DL_LIBS})
 target_compile_definitions(abi_tests PRIVATE

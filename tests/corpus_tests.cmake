@@ -23,3 +23,4 @@ add_dependencies(corpus_program_tests DriverFeature corpus_test_routines ppd_equ
 add_test(NAME corpus_scripts
   COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_SOURCE_DIR}/corpus/scripts_test.sh ${PROJECT_SOURCE_DIR})
 set_tests_properties(corpus_scripts PROPERTIES TIMEOUT 120)
+set_property(TEST corpus_scripts APPEND PROPERTY LABELS once)

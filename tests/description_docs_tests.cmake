@@ -25,3 +25,6 @@ add_test(NAME security_examples
 add_test(NAME import_examples
   COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/import.md
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
+set_property(TEST 
+  description_format_examples description_format_attributes description_format_faults tutorial
+  security_examples import_examples APPEND PROPERTY LABELS once)

@@ -260,6 +260,16 @@ fake ctest
 dev test-i386 -R Option
 expectStatus 0
 expectCalls 'make_root build/i386-root' 'cmake --preset i386 --log-level=WARNING' \
+  'cmake --build --preset i386 --parallel 3 --target core_tests all_products' \
+  'ctest --preset i386 --output-on-failure --no-tests=error -j3 -L ^core$ -R Option'
+
+begin TestI386_All_BuildsAndTestsEverything
+fakeI386Root
+fake cmake
+fake ctest
+dev test-i386 --all -R Option
+expectStatus 0
+expectCalls 'make_root build/i386-root' 'cmake --preset i386 --log-level=WARNING' \
   'cmake --build --preset i386 --parallel 3' \
   'ctest --preset i386 --output-on-failure --no-tests=error -j3 -R Option'
 
@@ -507,9 +517,10 @@ prepareLint() {
   fake clang-format
   fake clang-tidy
   fake shellcheck
+  fake git 'exit 128'
 }
 
-begin Lint_NoFindings_ChecksProjectFilesOnly
+begin Lint_NoHistory_ChecksAllProjectFiles
 prepareLint
 dev lint
 expectStatus 0
@@ -518,7 +529,56 @@ expected=$(printf '%s\n' 'clang-format --dry-run -Werror ./model/a.cc ./model/a.
   "clang-tidy --quiet -p build/release $work/project/model/a.cc" \
   'cmake --preset release --log-level=WARNING' 'shellcheck -x dev .ci/run ./model/run.sh')
 actual=$(sed 's|\./model/a\.h \./model/a\.cc|./model/a.cc ./model/a.h|' "$work/calls" | LC_ALL=C sort)
+actual=$(grep -v '^git ' <<<"$actual")
 [ "$actual" = "$expected" ] || fail "calls differ from: $expected"
+
+# Two commits a month apart: a header is altered in the second one, which one of
+# two sources includes through another header.
+begin Lint_History_ChecksWhatTheLastChangeTouches
+prepareLint
+rm "$work/bin/git"
+ln -s "$(command -v git)" "$work/bin/git"
+ln -s "$(python3 -c 'import sys; print(sys.executable)')" "$work/bin/python3"
+mkdir -p "$work/project/tests" "$work/project/library"
+cp "$source_dir/tests/changed_sources.py" "$work/project/tests/"
+printf '#include "inner.h"\n' >"$work/project/library/outer.h"
+: >"$work/project/library/inner.h"
+printf '#include "outer.h"\n' >"$work/project/model/a.cc"
+: >"$work/project/model/b.cc"
+printf '  "file": "%s",\n' "$work/project/model/a.cc" "$work/project/model/b.cc" \
+  >"$work/project/build/release/compile_commands.json"
+commit() {
+  (cd "$work/project" && git add library model tests &&
+    GIT_COMMITTER_DATE="$1" git -c user.name=t -c user.email=t@t commit -qm t)
+}
+(cd "$work/project" && git init -q)
+commit '2026-01-01T12:00:00Z'
+printf 'int changed;\n' >"$work/project/library/inner.h"
+commit '2026-02-01T12:00:00Z'
+dev lint
+expectStatus 0
+checks=$((checks + 1))
+[ "$(grep -c '^clang-tidy' "$work/calls")" = 1 ] || fail 'not one source is checked'
+grep -qxF "clang-tidy --quiet -p build/release $work/project/model/a.cc" "$work/calls" ||
+  fail 'the source that includes the header is not checked'
+: >"$work/calls"
+dev lint --all
+expectStatus 0
+checks=$((checks + 1))
+[ "$(grep -c '^clang-tidy' "$work/calls")" = 2 ] || fail 'not all sources are checked'
+: >"$work/calls"
+environment=(LANG=C DEV_BASE=HEAD)
+dev lint
+environment=(LANG=C)
+expectStatus 0
+checks=$((checks + 1))
+! grep -q '^clang-tidy' "$work/calls" || fail 'sources are checked that have not changed'
+
+begin Lint_OtherArgument_IsRefused
+prepareLint
+dev lint everything
+expectStatus 2
+expectLine err 'dev: lint takes no argument but --all'
 
 for tool in clang-format clang-tidy shellcheck; do
   begin "Lint_FindingsOf_${tool}_Fail"
@@ -566,7 +626,7 @@ expectStatus 0
 checks=$((checks + 1))
 [ ! -e "$work/project/build/coverage/old.gcda" ] || fail 'an old count is still there'
 checks=$((checks + 1))
-[ "$(grep -c '_tests --gtest_brief=1$' "$work/calls")" -eq 8 ] || fail 'not every program has run'
+[ "$(grep -c '_tests --gtest_brief=1$' "$work/calls")" -eq 9 ] || fail 'not every program has run'
 checks=$((checks + 1))
 [ "$(tail -n 1 "$work/calls")" = 'python3 -B tests/coverage/check.py'"\
  build/coverage/report/report.json build/coverage/report/summary.json" ] || fail 'not judged at last'
@@ -628,6 +688,15 @@ fake python3
 dev mutate --sample 12 model/messages.cc
 expectStatus 0
 expectCalls 'python3 -B -u tests/mutation/mutate.py --sample 12 model/messages.cc'
+
+begin Mutate_Changed_StartsFromTheBase
+fake python3
+fake git 'case "$*" in rev-parse*) echo abc ;; esac'
+environment=(LANG=C DEV_BASE=main)
+dev mutate --changed --sample 12
+environment=(LANG=C)
+expectStatus 0
+expectLine calls 'python3 -B -u tests/mutation/mutate.py --since abc --sample 12'
 
 begin Mutate_Survivors_AreItsStatus
 fake python3
@@ -696,24 +765,24 @@ chmod +x "$work/project/dev"
 (cd "$work/elsewhere" && bash "$work/project/.ci/run") <&- >"$work/out" 2>"$work/err"
 status=$?
 expectStatus 0
-expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset asan' \
-  'dev mutate --sample 12 --build build/release' 'dev corpus --sample 200' 'dev package' 'dev lint' \
-  'dev demo'
+expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset asan -LE ^once$' \
+  'dev mutate --changed --sample 40 --build build/release' 'dev corpus --sample 200' 'dev package' \
+  'dev lint' 'dev demo'
 checks=$((checks + 1))
 [ "$(grep -cE '^passed  .*  \([0-9]+ s\)$' "$work/out")" -eq 9 ] || fail 'summary is not whole'
 
 begin Ci_ALegFails_EndsWithItsStatus
 cp "$source_dir/.ci/run" "$work/project/.ci/"
-printf '#!%s\necho "dev $*" >>"%s/calls"\ncase "$*" in *asan) exit 9 ;; esac\n' \
+printf '#!%s\necho "dev $*" >>"%s/calls"\ncase "$*" in *asan*) exit 9 ;; esac\n' \
   "$bash_path" "$work" >"$work/project/dev"
 chmod +x "$work/project/dev"
 bash "$work/project/.ci/run" </dev/null >"$work/out" 2>"$work/err"
 status=$?
 expectStatus 9
-expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset asan'
-expectLine out 'not run  lint'
+expectCalls 'dev test' 'dev test-i386' 'dev abi' 'dev test --preset asan -LE ^once$'
+expectLine out 'not run  lint of what has changed'
 checks=$((checks + 1))
-grep -qE '^FAILED with status 9  tests with clang, ' "$work/out" || fail 'summary does not name the leg'
+grep -qE '^FAILED with status 9  clang, addresses ' "$work/out" || fail 'summary does not name the leg'
 
 printf '%d checks, %d failed\n' "$checks" "$failures"
 [ "$failures" -eq 0 ]

@@ -1,7 +1,7 @@
 # Faults: memory that runs out, routines of the host that misbehave, and
 # descriptions nested too deep.
 
-driver_feature_test(fault_tests
+driver_feature_test(fault_tests CORE
   GLOB tests/fault/*_test.cc tests/fault/failing_memory.cc tests/fault/faulty_host.cc
   LINK LibXml2::LibXml2 ${CMAKE_DL_LIBS})
 target_compile_definitions(fault_tests PRIVATE

@@ -19,18 +19,19 @@ add_test(NAME locale_outputs
   COMMAND ${BASH_PROGRAM} ${locale_folder}/outputs_test.sh
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} $<TARGET_FILE:office_routines>)
 # Leaks are looked for where the same commands run without a locale.
-set_tests_properties(locale_outputs PROPERTIES FIXTURES_REQUIRED locales TIMEOUT 300
+set_tests_properties(locale_outputs PROPERTIES FIXTURES_REQUIRED locales LABELS once TIMEOUT 300
   ENVIRONMENT ASAN_OPTIONS=detect_leaks=0)
 
 # The unit tests of what reads and writes numbers and names. `./dev test-locales`
 # runs all tests in each locale; the long tables of properties are left to it.
 foreach(locale de_DE.UTF-8 tr_TR.UTF-8)
-  foreach(program diagnostics frame loader model output platform host_unit filter_unit
+  foreach(program diagnostics frame loader model output templates platform host_unit filter_unit
           filter_program)
     add_test(NAME locale_${locale}_${program}
       COMMAND ${BASH_PROGRAM} ${locale_folder}/in_locale.sh ${PROJECT_BINARY_DIR} ${locale}
               $<TARGET_FILE:${program}_tests> --gtest_brief=1
               --gtest_filter=-*PropertyMatrixTest*)
-    set_tests_properties(locale_${locale}_${program} PROPERTIES FIXTURES_REQUIRED locales)
+    set_tests_properties(locale_${locale}_${program} PROPERTIES
+      FIXTURES_REQUIRED locales LABELS once)
   endforeach()
 endforeach()

@@ -21,3 +21,5 @@ set_tests_properties(install minimal_host PROPERTIES
 add_test(NAME build_id
   COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/build_id_test.sh ${PROJECT_SOURCE_DIR})
 set_tests_properties(build_id PROPERTIES TIMEOUT 120)
+set_property(TEST install build_id APPEND PROPERTY LABELS once)
+set_property(TEST minimal_host APPEND PROPERTY LABELS core)

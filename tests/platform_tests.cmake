@@ -1,6 +1,6 @@
 # Tests of the development editions of the host's two libraries.
 
-driver_feature_test(platform_tests
+driver_feature_test(platform_tests CORE
   GLOB platform/common_api/*_test.cc platform/xml_parser/*_test.cc
   LINK LibXml2::LibXml2 ${CMAKE_DL_LIBS})
 

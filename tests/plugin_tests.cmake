@@ -7,7 +7,7 @@ else()
   set(exports_list ${CMAKE_CURRENT_SOURCE_DIR}/plugin/exports.x86_64.txt)
 endif()
 
-driver_feature_test(plugin_tests
+driver_feature_test(plugin_tests CORE
   GLOB tests/plugin/*_test.cc
   LINK ${CMAKE_DL_LIBS})
 target_compile_definitions(plugin_tests PRIVATE
@@ -17,7 +17,7 @@ target_compile_definitions(plugin_tests PRIVATE
   NM_PROGRAM="${CMAKE_NM}")
 
 # Defines platform routines itself, which would be in the way of other tests.
-driver_feature_test(plugin_interposition_tests
+driver_feature_test(plugin_interposition_tests CORE
   GLOB tests/plugin/interposition/*_test.cc
   LINK ${CMAKE_DL_LIBS})
 target_compile_definitions(plugin_interposition_tests PRIVATE

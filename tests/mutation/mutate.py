@@ -9,6 +9,8 @@ import concurrent.futures
 import pathlib
 import queue
 import random
+import re
+import subprocess
 import sys
 import threading
 import time
@@ -40,6 +42,8 @@ def read_arguments():
     parser.add_argument("--jobs", type=int, default=2, help="workers (default: 2)")
     parser.add_argument("--build", metavar="FOLDER",
                         help="run the tests of this build of the working tree, and make none")
+    parser.add_argument("--since", metavar="COMMIT",
+                        help="only the lines that have changed since that commit")
     parser.add_argument("--list", action="store_true", help="only list the mutations")
     parser.add_argument("places", nargs="*", metavar="FILE[:LINE]",
                         help="the library's files, or lines of them (default: all)")
@@ -202,6 +206,22 @@ def read_reasons(everything, texts):
     return read_unreachable(everything, texts) | reasons
 
 
+def changed_lines(base):
+    """(path, line) of each line that the working tree has and the base has not."""
+    done = subprocess.run(["git", "diff", "--unified=0", "--find-renames", "--no-color", base,
+                           "--", "library", "model", "frame", "loader", "output", "diagnostics"],
+                          cwd=_ROOT, stdout=subprocess.PIPE, text=True, check=True)
+    changed = set()
+    path = None
+    for line in done.stdout.splitlines():
+        if line.startswith("+++ "):
+            path = line[len("+++ b/"):]
+        elif hunk := re.match(r"@@ -\S+ \+(\d+)(?:,(\d+))? @@", line):
+            first, count = int(hunk[1]), int(hunk[2] or 1)
+            changed |= {(path, number) for number in range(first, first + count)}
+    return changed
+
+
 def main():
     arguments = read_arguments()
     paths = library_sources(_ROOT)
@@ -216,6 +236,12 @@ def main():
 
     mutations = [each for each in everything if not arguments.places or
                  {each.path, f"{each.path}:{each.line}"} & set(arguments.places)]
+    if arguments.since is not None:
+        changed = changed_lines(arguments.since)
+        mutations = [each for each in mutations if (each.path, each.line) in changed]
+        if not mutations:
+            print("mutate: nothing that can be changed in the lines since then")
+            return
     if not mutations:
         sys.exit("mutate: there is nothing to change in these places")
     if arguments.sample is not None:
