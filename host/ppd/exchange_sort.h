@@ -32,6 +32,9 @@ class Tally {
 // because of every higher order the first entry goes to that order's end.
 class EqualEntries {
  public:
+  // Makes room for this number of entries.
+  void reserve(std::size_t entries) { ring_.reserve(entries); }
+
   // Adds an entry at the end; `lower` is the number of entries of lower orders
   // in front of it in the list.
   void add(std::size_t entry, std::size_t lower);

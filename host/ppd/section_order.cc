@@ -100,6 +100,7 @@ class UsualEntries {
   // Entries of equal orders.
   struct Block {
     std::vector<std::size_t> places;  // In the list.
+    std::vector<std::size_t> lower;   // The entries of lower orders before each place.
     std::size_t first = 0;            // Where they begin among the sorted ones.
     // The least place of any that is not the first of its order, from this
     // order on.
@@ -126,25 +127,29 @@ class UsualEntries {
   }
 
   // The same for an entry with the order of the block.
-  Place placeAmongEquals(const Block& block, std::size_t listPlace) const {
+  Place placeAmongEquals(Block& block, std::size_t listPlace) const {
     const auto next = std::lower_bound(block.places.begin(), block.places.end(), listPlace);
+    const auto before = static_cast<std::size_t>(next - block.places.begin());
     if (lower_.before(listPlace) == lower_.all()) {
-      return {block.first + static_cast<std::size_t>(next - block.places.begin()), false};
+      return {block.first + before, false};
+    }
+    if (block.lower.empty()) {
+      for (const std::size_t place : block.places) block.lower.push_back(lower_.before(place));
     }
     EqualEntries entries;
-    const auto add = [this, &entries](std::size_t place) {
-      entries.add(place, lower_.before(place));
-    };
-    std::for_each(block.places.begin(), next, add);
+    entries.reserve(block.places.size() + 1);
+    for (std::size_t i = 0; i < before; ++i) entries.add(block.places[i], block.lower[i]);
     entries.add(kNone, lower_.before(listPlace));
-    std::for_each(next, block.places.end(), add);
+    for (std::size_t i = before; i < block.places.size(); ++i) {
+      entries.add(block.places[i], block.lower[i]);
+    }
     std::vector<std::size_t> settled = entries.settled(lower_.all());
     const auto own = std::find(settled.begin(), settled.end(), kNone);
     const auto usual = sorted_.begin() + static_cast<std::ptrdiff_t>(block.first);
     std::size_t position = block.first;
     if (own != settled.begin()) {
-      const auto before = std::find(usual, sorted_.end(), listed_[*(own - 1)]);
-      position = static_cast<std::size_t>(before - sorted_.begin()) + 1;
+      const auto previous = std::find(usual, sorted_.end(), listed_[*(own - 1)]);
+      position = static_cast<std::size_t>(previous - sorted_.begin()) + 1;
     }
     settled.erase(own);
     const bool same = std::equal(
