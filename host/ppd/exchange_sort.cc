@@ -41,6 +41,23 @@ std::vector<std::size_t> EqualEntries::settled(std::size_t lower) {
   return entries;
 }
 
+EqualPlace placeAmongEquals(const std::vector<std::size_t>& lower, std::size_t before,
+                            std::size_t ownLower, std::size_t allLower) {
+  EqualPlace place{before, false};
+  std::size_t turned = ownLower;
+  for (std::size_t others = before; others <= lower.size(); ++others) {
+    const std::size_t until = others < lower.size() ? lower[others] : allLower;
+    const std::size_t turns = until - turned;
+    turned = until;
+    // The turns that move the entry itself do not move the others.
+    const std::size_t own =
+        turns > place.position ? (turns - 1 - place.position) / (others + 1) + 1 : 0;
+    place.position = place.position + own * (others + 1) - turns;
+    if (others > 1 && own % others != 0) place.unsettles = true;
+  }
+  return place;
+}
+
 std::vector<std::size_t> exchangeSorted(const std::vector<float>& orders) {
   std::map<float, std::vector<std::size_t>> byOrder;
   for (std::size_t place = 0; place < orders.size(); ++place) {

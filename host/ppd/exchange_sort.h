@@ -32,9 +32,6 @@ class Tally {
 // because of every higher order the first entry goes to that order's end.
 class EqualEntries {
  public:
-  // Makes room for this number of entries.
-  void reserve(std::size_t entries) { ring_.reserve(entries); }
-
   // Adds an entry at the end; `lower` is the number of entries of lower orders
   // in front of it in the list.
   void add(std::size_t entry, std::size_t lower);
@@ -50,6 +47,19 @@ class EqualEntries {
   std::size_t first_ = 0;   // Where the ring begins.
   std::size_t turned_ = 0;  // The number of lower entries that it has been turned for.
 };
+
+// Where one entry more goes among entries of its order.
+struct EqualPlace {
+  std::size_t position = 0;
+  bool unsettles = false;  // Whether it changes the order of the others.
+};
+
+// `lower` holds for each of the others, in the order of the list, the number of
+// entries of lower orders in front of it. Of the others `before` stand in front
+// of the entry itself, and `ownLower` entries of lower orders; of these there
+// are `allLower` in all.
+EqualPlace placeAmongEquals(const std::vector<std::size_t>& lower, std::size_t before,
+                            std::size_t ownLower, std::size_t allLower);
 
 // The places of the list, from 0, in the order in which the sorting leaves
 // their entries. `orders` are those of the entries, none of them NaN.

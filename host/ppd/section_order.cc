@@ -121,41 +121,16 @@ class UsualEntries {
     if (block == blocks_.end()) {
       return {higher != blocks_.end() ? higher->second.first : sorted_.size(), unsettles};
     }
-    Place place = placeAmongEquals(block->second, listPlace);
-    place.unsettles = place.unsettles || unsettles;
-    return place;
-  }
-
-  // The same for an entry with the order of the block.
-  Place placeAmongEquals(Block& block, std::size_t listPlace) const {
-    const auto next = std::lower_bound(block.places.begin(), block.places.end(), listPlace);
-    const auto before = static_cast<std::size_t>(next - block.places.begin());
-    if (lower_.before(listPlace) == lower_.all()) {
-      return {block.first + before, false};
+    const std::vector<std::size_t>& equals = block->second.places;
+    std::vector<std::size_t>& lower = block->second.lower;
+    if (lower.empty()) {
+      for (const std::size_t place : equals) lower.push_back(lower_.before(place));
     }
-    if (block.lower.empty()) {
-      for (const std::size_t place : block.places) block.lower.push_back(lower_.before(place));
-    }
-    EqualEntries entries;
-    entries.reserve(block.places.size() + 1);
-    for (std::size_t i = 0; i < before; ++i) entries.add(block.places[i], block.lower[i]);
-    entries.add(kNone, lower_.before(listPlace));
-    for (std::size_t i = before; i < block.places.size(); ++i) {
-      entries.add(block.places[i], block.lower[i]);
-    }
-    std::vector<std::size_t> settled = entries.settled(lower_.all());
-    const auto own = std::find(settled.begin(), settled.end(), kNone);
-    const auto usual = sorted_.begin() + static_cast<std::ptrdiff_t>(block.first);
-    std::size_t position = block.first;
-    if (own != settled.begin()) {
-      const auto previous = std::find(usual, sorted_.end(), listed_[*(own - 1)]);
-      position = static_cast<std::size_t>(previous - sorted_.begin()) + 1;
-    }
-    settled.erase(own);
-    const bool same = std::equal(
-        settled.begin(), settled.end(), usual,
-        [this](std::size_t place, const SectionEntry* entry) { return listed_[place] == entry; });
-    return {position, !same};
+    const auto next = std::lower_bound(equals.begin(), equals.end(), listPlace);
+    const EqualPlace place =
+        placeAmongEquals(lower, static_cast<std::size_t>(next - equals.begin()),
+                         lower_.before(listPlace), lower_.all());
+    return {block->second.first + place.position, place.unsettles || unsettles};
   }
 
   // The place of an entry that is marked in the place of others.
