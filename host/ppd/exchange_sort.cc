@@ -11,6 +11,25 @@ std::ptrdiff_t offset(std::size_t place) {
   return static_cast<std::ptrdiff_t>(place);
 }
 
+// The number of the entry that ends at `position`, other than the one that is
+// added; see placeAmongEquals(). Goes back to when it was the last one.
+std::size_t entryAt(std::size_t position, const std::vector<std::size_t>& lower, std::size_t before,
+                    std::size_t ownLower, std::size_t allLower) {
+  std::size_t until = allLower;
+  const auto takeBack = [&position, &until](std::size_t since, std::size_t entries) {
+    position = (position + until - since) % entries;
+    until = since;
+    return position + 1 == entries;
+  };
+  for (std::size_t others = lower.size(); others > before; --others) {
+    if (takeBack(lower[others - 1], others + 1)) return others - 1;
+  }
+  takeBack(ownLower, before + 1);
+  std::size_t others = before;
+  while (others > 1 && !takeBack(lower[others - 1], others)) --others;
+  return others - 1;
+}
+
 }  // namespace
 
 void Tally::mark(std::size_t place) {
@@ -43,7 +62,7 @@ std::vector<std::size_t> EqualEntries::settled(std::size_t lower) {
 
 EqualPlace placeAmongEquals(const std::vector<std::size_t>& lower, std::size_t before,
                             std::size_t ownLower, std::size_t allLower) {
-  EqualPlace place{before, false};
+  EqualPlace place{before, false, 0};
   std::size_t turned = ownLower;
   for (std::size_t others = before; others <= lower.size(); ++others) {
     const std::size_t until = others < lower.size() ? lower[others] : allLower;
@@ -54,6 +73,9 @@ EqualPlace placeAmongEquals(const std::vector<std::size_t>& lower, std::size_t b
         turns > place.position ? (turns - 1 - place.position) / (others + 1) + 1 : 0;
     place.position = place.position + own * (others + 1) - turns;
     if (others > 1 && own % others != 0) place.unsettles = true;
+  }
+  if (place.unsettles && place.position > 0) {
+    place.previous = entryAt(place.position - 1, lower, before, ownLower, allLower);
   }
   return place;
 }

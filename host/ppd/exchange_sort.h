@@ -51,7 +51,8 @@ class EqualEntries {
 // Where one entry more goes among entries of its order.
 struct EqualPlace {
   std::size_t position = 0;
-  bool unsettles = false;  // Whether it changes the order of the others.
+  bool unsettles = false;    // Whether it changes the order of the others.
+  std::size_t previous = 0;  // Then the number of the one in front of it, if there is one.
 };
 
 // `lower` holds for each of the others, in the order of the list, the number of

@@ -130,7 +130,13 @@ class UsualEntries {
     const EqualPlace place =
         placeAmongEquals(lower, static_cast<std::size_t>(next - equals.begin()),
                          lower_.before(listPlace), lower_.all());
-    return {block->second.first + place.position, place.unsettles || unsettles};
+    if (!place.unsettles || place.position == 0) {
+      return {block->second.first + place.position, place.unsettles || unsettles};
+    }
+    const auto previous =
+        std::find(sorted_.begin() + static_cast<std::ptrdiff_t>(block->second.first), sorted_.end(),
+                  listed_[equals[place.previous]]);
+    return {static_cast<std::size_t>(previous - sorted_.begin()) + 1, true};
   }
 
   // The place of an entry that is marked in the place of others.
