@@ -31,14 +31,10 @@ ppd_section_t sectionNamed(std::string_view name) {
   return PPD_ORDER_ANY;
 }
 
-// Where libcups writes a custom choice. It looks for a place of its own under
-// the name "Custom" alone, though it takes any case of the name elsewhere.
-WritingPlace placeOf(const ImportState& state, const ppd_choice_t& choice) {
-  const ppd_option_t& option = *choice.option;
+// Where libcups writes the custom choice of an option.
+WritingPlace placeOf(const ImportState& state, const ppd_option_t& option) {
   const auto own = state.customPlaces.find(std::string("Custom") + option.keyword);
-  if (own != state.customPlaces.end() && std::strcmp(choice.choice, "Custom") == 0) {
-    return own->second;
-  }
+  if (own != state.customPlaces.end()) return own->second;
   return {option.section, option.order};
 }
 
@@ -139,7 +135,7 @@ std::map<std::string, WritingPlace> customPlacesOf(ppd_file_t& ppd) {
 std::string importCustomChoice(ImportState& state, const ppd_choice_t& choice,
                                const SectionEntry& entry, const CustomPlan& chosen) {
   const ppd_option_t& option = *choice.option;
-  const WritingPlace place = placeOf(state, choice);
+  const WritingPlace place = placeOf(state, option);
   if (!isWritten(place.order)) {
     if (isWritten(option.order)) noteLoss(state, choice, kNeverWritten);
     return "";

@@ -54,7 +54,7 @@ bool isCustomPageRegion(ppd_file_t& ppd, const ppd_option_t& option, const ppd_c
 }
 
 // Which choices of an option libcups finds by their names: the first of equal
-// ones, and none whose name it takes for a custom value. (To ask ppdFindChoice
+// ones, and none whose name it takes for custom values. (To ask ppdFindChoice
 // for each would take time with the square of their number.)
 class ChoicesFound {
  public:
@@ -63,7 +63,7 @@ class ChoicesFound {
     std::transform(name.begin(), name.end(), name.begin(), [](char letter) {
       return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
     });
-    if (name.starts_with('{') || name.starts_with("custom.")) return false;
+    if (name.starts_with('{')) return false;
     return names_.insert(std::move(name)).second;
   }
 

@@ -55,6 +55,7 @@ class UsualEntries {
     }
     std::size_t first = listed_.size();
     std::size_t second = kNone;
+    // NOLINTNEXTLINE(modernize-loop-convert): clang 14 has no reversing view.
     for (auto block = blocks_.rbegin(); block != blocks_.rend(); ++block) {
       const std::vector<std::size_t>& places = block->second.places;
       block->second.first = first -= places.size();

@@ -74,10 +74,8 @@ TEST_F(OddNumbersTest, OrderBelowZero_PickManyAndJcl_AreNotWritten) {
 }
 
 // An option A with a custom choice, which has a place of its own.
-std::string customLines(const std::string& order, const std::string& customOrder,
-                        const std::string& name = "Custom") {
+std::string customLines(const std::string& order, const std::string& customOrder) {
   return option("A", order) + option("B", "20") + option("C", "20") + "*CustomA True: \"c\"\n" +
-         (name == "Custom" ? "" : "*A " + name + ": \"c\"\n") +
          "*ParamCustomA P: 1 int 0 9\n*NonUIOrderDependency: " + customOrder +
          " PageSetup *CustomA True\n";
 }
