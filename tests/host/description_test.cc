@@ -182,7 +182,7 @@ TEST_F(DescriptionTest, Load_RoutineIsMissing_EveryCommandNamesTheLibraryBesideT
                             "ELF\0noSuchRoutine\0",
                             19));
   write("c.so", std::string("\0noSuchRoutine\0", 15));
-  write("d.txt", std::string("\0noSuchRoutine\0", 15));
+  write("a.txt", std::string("\0noSuchRoutine\0", 15));
   const std::string errors =
       "FeatureXMLTagHandler() - Null Default Callback Handler pointer\n"
       "driver-feature: office.xml: the description could not be loaded: it names a routine "
