@@ -61,6 +61,7 @@ std::optional<JobTexts> textsFor(const FilterArguments& arguments, const Queue& 
   request.description = queue.description;
   request.library = queue.library;
   request.routines = queue.routines;
+  request.advice = "write the queue's PPD again with driver-feature queue and --callbacks";
   int status = kSuccess;
   const auto session = Session::open(request, status);
   if (!session) return std::nullopt;

@@ -8,24 +8,25 @@ namespace driver_feature {
 
 namespace {
 
-const std::string* watchedFile = nullptr;
+const LoadWatch* current = nullptr;
 
 }  // namespace
 
-LoadWatch::LoadWatch(const std::string& file) : file_(file) {
+LoadWatch::LoadWatch(std::string file, Remedy remedy)
+    : file_(std::move(file)), remedy_(std::move(remedy)) {
   static const int kRegistered = std::atexit(&LoadWatch::report);
   static_cast<void>(kRegistered);
-  watchedFile = &file_;
+  current = this;
 }
 
 LoadWatch::~LoadWatch() {
-  watchedFile = nullptr;
+  current = nullptr;
 }
 
 void LoadWatch::report() {
   // exit() leaves the objects of the functions that called it alive.
-  if (watchedFile == nullptr) return;
-  complain(*watchedFile + ": the description could not be loaded");
+  if (current == nullptr) return;
+  complain(current->file_ + ": the description could not be loaded" + current->remedy_());
 }
 
 }  // namespace driver_feature

@@ -95,7 +95,10 @@ void LogPrinter::handle(int level, const char* /*category*/, const char* text, s
 
 void LogPrinter::take(int level, std::string_view text) {
   // An error ends the load, and the lines before it may tell why.
-  if (level <= 1) printHeld();
+  if (level <= 1) {
+    printHeld();
+    lastError_ = text;
+  }
   if (!isShown(level, text)) return;
   const std::string line = std::string(wordOf(level)) + ": " + std::string(text);
   if (holding_ && level > 1) {

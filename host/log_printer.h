@@ -44,6 +44,10 @@ class LogPrinter {
   // Drops what is kept; later lines come out at once.
   void discard();
 
+  // The last error, a line of level 1, whether it was shown or not; empty
+  // before there is one.
+  const std::string& lastError() const { return lastError_; }
+
   // Which lines are shown from now on.
   LogDetail detail() const { return detail_; }
   void setDetail(LogDetail detail) { detail_ = detail; }
@@ -67,6 +71,7 @@ class LogPrinter {
   LogDetail detail_;
   std::function<void(const std::string& line)> tell_ = &complain;
   bool holding_ = false;
+  std::string lastError_;
   std::vector<std::string> held_;
 };
 

@@ -1,11 +1,13 @@
 #include "host/session.h"
 
+#include <filesystem>
 #include <optional>
 #include <utility>
 
 #include "host/console.h"
 #include "host/host_routines.h"
 #include "host/load_watch.h"
+#include "host/missing_routine.h"
 
 namespace driver_feature {
 
@@ -21,13 +23,6 @@ bool fail(const std::string& problem, int result, int& status) {
   complain(problem);
   status = result;
   return false;
-}
-
-bool buildFeatures(const Plugin& plugin, const DescriptionFile& file) {
-  const LoadWatch watch(file.path());
-  if (plugin.handOver(file.element()) != 1) return false;
-  plugin.completeCreation();
-  return true;
 }
 
 }  // namespace
@@ -62,8 +57,28 @@ bool Session::load(const SessionRequest& request, int& status) {
     if (!loadRoutines(routines, problem)) return fail(problem, kFailure, status);
   }
   plugin_->setUpdateCallback(&DriverFeatureHostUpdate);
-  if (buildFeatures(*plugin_, *file_)) return true;
+  if (buildFeatures(request)) return true;
   return fail(request.description + ": the description could not be loaded", kFailure, status);
+}
+
+bool Session::buildFeatures(const SessionRequest& request) {
+  const LoadWatch watch(file_->path(), [this, &request] { return remedy(request); });
+  if (plugin_->handOver(file_->element()) != 1) return false;
+  plugin_->completeCreation();
+  return true;
+}
+
+// What the user can do about a load that has failed, as far as that is known.
+std::string Session::remedy(const SessionRequest& request) const {
+  if (log_.lastError() != kNoUpdateRoutine) return "";
+  const LogSilence silence;  // The library has read the same attributes.
+  const std::string routine = missingUpdateRoutine(file_->element());
+  std::vector<std::filesystem::path> folders = {
+      std::filesystem::path(request.description).parent_path()};
+  const std::filesystem::path library = plugin_->path();
+  if (library.has_parent_path()) folders.push_back(library.parent_path());
+  return ": it names a routine \"" + routine + "\" that is not there; " + request.advice + " " +
+         libraryWithRoutine(routine, folders);
 }
 
 }  // namespace driver_feature

@@ -19,6 +19,8 @@ struct SessionRequest {
   std::string library;                // The feature library; empty to search it.
   std::vector<std::string> routines;  // Libraries of routines that the description names.
   LogDetail detail = LogDetail::kUsual;
+  // How to load a library of routines that is missing; its name follows.
+  std::string advice = "load the library that has it with --callbacks";
 };
 
 class Session {
@@ -59,6 +61,8 @@ class Session {
  private:
   explicit Session(LogDetail detail) : log_(detail) {}
   bool load(const SessionRequest& request, int& status);
+  bool buildFeatures(const SessionRequest& request);
+  std::string remedy(const SessionRequest& request) const;
 
   LogPrinter log_;
   std::unique_ptr<DescriptionFile> file_;

@@ -32,6 +32,18 @@ DRIVER_FEATURE_DESCRIPTION=$description DRIVER_FEATURE_ROUTINES=$routines \
   lib/cups/filter/driver-feature-filter 1 user title 2 '' ../job.ps >../job.prn 2>../filter.log
 grep -qxF '<< /NumCopies 2 >> setpagedevice' ../job.prn
 
+# By its name it is the same program, which finds the library as well.
+DRIVER_FEATURE_DESCRIPTION=$description DRIVER_FEATURE_ROUTINES=$routines PATH=$PWD/bin:$PATH \
+  driver-feature-filter 1 user title 2 '' ../job.ps >../named.prn 2>../filter.log
+cmp ../job.prn ../named.prn
+
+# A description whose routines are missing: the program knows where they are.
+if bin/driver-feature queue share/driver-feature/office_laser.xml >../queue.ppd 2>../complaints; then
+  echo "a description without its routines was loaded"
+  exit 1
+fi
+grep -qF "load the library that has it with --callbacks $routines" ../complaints
+
 for header in include/driver_feature/*/*.h; do
   "$compiler" -std=c++11 -Wall -Wextra -Werror -fsyntax-only -x c++ \
     -Iinclude/driver_feature -Iinclude/driver_feature/platform - <<<"#include \"$PWD/$header\""

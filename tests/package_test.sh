@@ -90,7 +90,8 @@ expectHolds libdriverfeature-dev "usr/lib/$triplet/pkgconfig/driver-feature.pc" 
   "usr/lib/$triplet/cmake/DriverFeature/DriverFeatureConfig.cmake" \
   usr/include/driver_feature/{model/core_feature_set,frame/exports,platform/AttributeMap}.h \
   usr/share/doc/libdriverfeature-dev/examples/minimal_host/minimal_host.cc
-expectHolds driver-feature usr/bin/driver-feature usr/lib/cups/filter/driver-feature-filter \
+expectHolds driver-feature usr/bin/driver-feature{,-filter} \
+  usr/lib/cups/filter/driver-feature-filter \
   "$libraries"/lib{office,ppd}_routines.so \
   usr/share/driver-feature/{label_printer,office_laser}.xml \
   usr/share/driver-feature/feature_description.rng usr/share/man/man1/driver-feature.1 \
@@ -100,7 +101,7 @@ expectHolds driver-feature usr/bin/driver-feature usr/lib/cups/filter/driver-fea
 
 # Everything belongs to root, and nobody else may write to it.
 for name in libdriverfeature1 libdriverfeature-dev driver-feature; do
-  if dpkg-deb -c "$(file "$name")" | grep -vE '^(drwxr-xr-x|-rw-r--r--|-rwxr-xr-x) root/root '; then
+  if dpkg-deb -c "$(file "$name")" | grep -vE '^(drwxr-xr-x|-rw-r--r--|-rwxr-xr-x|lrwxrwxrwx) root/root '; then
     fail "$name has files with other owners or permissions"
   fi
 done
@@ -184,6 +185,24 @@ printf '%%!\n' >"$work/job.ps"
 PPD=$work/queue.ppd "$root/usr/lib/cups/filter/driver-feature-filter" 1 user title 2 '' \
   "$work/job.ps" >"$work/output" 2>"$work/filter.log" || fail "the filter failed:" "$(<"$work/filter.log")"
 grep -qxF '<< /NumCopies 2 >> setpagedevice' "$work/output"
+
+# The example of the document on printing that calls the filter by hand runs as
+# it stands there.
+# shellcheck source=tests/description_docs/console.sh
+. "$source/tests/description_docs/console.sh"
+mkdir "$work/blocks" "$work/trial"
+sessions=0
+while read -r number language line key value; do
+  if [ "$key" = file: ]; then cp "$work/blocks/$number" "$work/trial/$value"; fi
+  [ "$language" = console ] || continue
+  grep -q '^\$ .*driver-feature-filter' "$work/blocks/$number" || continue
+  sessions=$((sessions + 1))
+  (cd "$work/trial" && PATH=$root/usr/bin:$PATH && runSession "$work/blocks/$number") \
+    >"$work/session" 2>&1
+  diff -u "$work/blocks/$number" "$work/session" ||
+    fail "docs/printing.md:$line: the installed programs do something else"
+done < <(listBlocks "$source/docs/printing.md" "$work/blocks")
+[ "$sessions" -gt 0 ] || fail "the document calls no filter"
 
 cp -r "$root/usr/share/doc/libdriverfeature-dev/examples/minimal_host" "$work/host"
 PKG_CONFIG_PATH=$root/usr/lib/$triplet/pkgconfig make -C "$work/host" run >"$work/make.log" 2>&1 ||

@@ -1,5 +1,7 @@
 #include "host/ppd/byte_escapes.h"
 
+#include <algorithm>
+
 #include "host/text.h"
 
 namespace driver_feature {
@@ -24,15 +26,21 @@ bool isReserved(std::string_view character) {
   return (second >= 0x9C && second <= 0x9F) || (second == 0xBF && byteOf(character[2]) >= 0xBE);
 }
 
-bool isHeldByXml(std::string_view character) {
-  if (character.size() > 1) return !isReserved(character);
-  const unsigned byte = byteOf(character.front());
+// Whether XML holds the byte as a character of its own.
+bool isPlain(char character) {
+  const unsigned byte = byteOf(character);
   return (byte >= 0x20 && byte < 0x80) || byte == '\t' || byte == '\n' || byte == '\r';
+}
+
+bool isHeldByXml(std::string_view character) {
+  return character.size() > 1 ? !isReserved(character) : isPlain(character.front());
 }
 
 }  // namespace
 
 std::string escapeBytes(std::string_view bytes) {
+  // Most texts have nothing to escape.
+  if (std::all_of(bytes.begin(), bytes.end(), isPlain)) return std::string(bytes);
   std::string text;
   text.reserve(bytes.size());
   for (const std::string_view character : splitCharacters(bytes)) {

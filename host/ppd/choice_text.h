@@ -8,6 +8,10 @@
 
 namespace driver_feature {
 
+// Why something is lost that libcups itself leaves out.
+inline constexpr const char* kNeverWritten =
+    "libcups never writes it, because its order dependency is below 0";
+
 // The text of a choice in a section: its code, in PostScript within the lines
 // that keep a failure away from the rest of the job. `title` is what the
 // comment on the feature says, such as "*PageSize A4".

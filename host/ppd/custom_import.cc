@@ -15,12 +15,6 @@ namespace driver_feature {
 
 namespace {
 
-// Where libcups writes a custom choice.
-struct Place {
-  ppd_section_t section;
-  float order;
-};
-
 ppd_section_t sectionNamed(std::string_view name) {
   struct Row {
     std::string_view name;
@@ -37,27 +31,10 @@ ppd_section_t sectionNamed(std::string_view name) {
   return PPD_ORDER_ANY;
 }
 
-// A custom choice may have an order dependency of its own:
-// *NonUIOrderDependency: 30 AnySetup *CustomPageSize True
-Place placeOf(ppd_file_t& ppd, const ppd_option_t& option) {
-  for (const ppd_attr_t* attribute = ppdFindAttr(&ppd, "NonUIOrderDependency", nullptr);
-       attribute != nullptr; attribute = ppdFindNextAttr(&ppd, "NonUIOrderDependency", nullptr)) {
-    float order = 0;
-    std::array<char, 17> section{};
-    std::array<char, 42> keyword{};
-    std::array<char, 41> value{};
-    if (attribute->value == nullptr ||
-        // NOLINTNEXTLINE(cert-err34-c): as libcups reads it.
-        std::sscanf(attribute->value, "%f%16s%41s%40s", &order, section.data(), keyword.data(),
-                    value.data()) != 4) {
-      continue;
-    }
-    if (std::string("*Custom") + option.keyword != keyword.data() ||
-        std::strcmp(value.data(), "True") != 0) {
-      continue;
-    }
-    return {sectionNamed(section.data()), order};
-  }
+// Where libcups writes the custom choice of an option.
+WritingPlace placeOf(const ImportState& state, const ppd_option_t& option) {
+  const auto own = state.customPlaces.find(std::string("Custom") + option.keyword);
+  if (own != state.customPlaces.end()) return own->second;
   return {option.section, option.order};
 }
 
@@ -116,7 +93,7 @@ ImportedElement writerOf(ppd_section_t section, const std::string& name, const s
 }
 
 SectionEntry writerEntry(const SectionEntry& entry, const ppd_choice_t& choice,
-                         const Place& place) {
+                         const WritingPlace& place) {
   SectionEntry own = entry;
   own.order = place.order;
   own.usual = choice.marked != 0;
@@ -135,10 +112,34 @@ void noteLoss(ImportState& state, const ppd_choice_t& choice, const std::string&
 
 }  // namespace
 
+std::map<std::string, WritingPlace> customPlacesOf(ppd_file_t& ppd) {
+  std::map<std::string, WritingPlace> places;
+  for (const ppd_attr_t* attribute = ppdFindAttr(&ppd, "NonUIOrderDependency", nullptr);
+       attribute != nullptr; attribute = ppdFindNextAttr(&ppd, "NonUIOrderDependency", nullptr)) {
+    float order = 0;
+    std::array<char, 17> section{};
+    std::array<char, 42> keyword{};
+    std::array<char, 41> value{};
+    if (attribute->value == nullptr ||
+        // NOLINTNEXTLINE(cert-err34-c): as libcups reads it.
+        std::sscanf(attribute->value, "%f%16s%41s%40s", &order, section.data(), keyword.data(),
+                    value.data()) != 4 ||
+        keyword[0] != '*' || std::strcmp(value.data(), "True") != 0) {
+      continue;
+    }
+    places.try_emplace(keyword.data() + 1, WritingPlace{sectionNamed(section.data()), order});
+  }
+  return places;
+}
+
 std::string importCustomChoice(ImportState& state, const ppd_choice_t& choice,
                                const SectionEntry& entry, const CustomPlan& chosen) {
   const ppd_option_t& option = *choice.option;
-  const Place place = placeOf(state.ppd, option);
+  const WritingPlace place = placeOf(state, option);
+  if (!isWritten(place.order)) {
+    if (isWritten(option.order)) noteLoss(state, choice, kNeverWritten);
+    return "";
+  }
   CustomParameters parameters = valuesOf(state, option, place.section);
   const std::string command = commandText(state.ppd, choice, place.section);
   const bool inPlace = place.section == option.section && place.order == option.order;

@@ -3,12 +3,17 @@
 #ifndef HOST_PPD_CUSTOM_IMPORT_H_
 #define HOST_PPD_CUSTOM_IMPORT_H_
 
+#include <map>
 #include <string>
 
 #include "host/ppd/custom_text.h"
 #include "host/ppd/import_state.h"
 
 namespace driver_feature {
+
+// The places that the file gives its custom choices of their own:
+//   *NonUIOrderDependency: 30 AnySetup *CustomPageSize True
+std::map<std::string, WritingPlace> customPlacesOf(ppd_file_t& ppd);
 
 // Adds what writes the text of the choice, and a feature for each of its
 // values. `entry` is that of its option, and `chosen` tells the feature and

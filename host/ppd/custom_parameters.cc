@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
+#include "host/ppd/custom_limits.h"
 #include "host/ppd/ppd_file.h"
 
 namespace driver_feature {
@@ -32,21 +34,37 @@ std::string characterSet(ppd_cptype_t type, bool forPjl) {
   return set;
 }
 
-std::string titleOf(const ppd_option_t& option, const char* parameter) {
-  return std::string("*ParamCustom") + option.keyword + " " + parameter;
+void noteDefault(ImportState& state, const ppd_option_t& option, const char* parameter) {
+  state.losses.note(LossKind::kOption, "the default of " + parameterTitle(option, parameter) +
+                                           ": it is not within the limits");
 }
 
-// The attributes of a number. Limits of which the least is above the greatest
-// are none.
+bool isFinite(float number) {
+  return std::isfinite(number);
+}
+bool isFinite(int /*number*/) {
+  return true;
+}
+
+// Whether the parameter's present value is one that libcups writes by default.
+bool isDefault(ppd_file_t& ppd, const ppd_option_t& option) {
+  const ppd_choice_t* marked = ppdFindMarkedChoice(&ppd, option.keyword);
+  return marked != nullptr && equalKeywords(marked->choice, "Custom");
+}
+
+// The attributes of a number. `usual` is its present value.
 template <class Number, class ToText>
-Attributes limits(const char* prefix, Number least, Number greatest, Number usual, ToText toText) {
+Attributes numberAttributes(ImportState& state, const ppd_option_t& option, const char* parameter,
+                            const std::string& prefix, const Limits<Number>& limits, Number usual,
+                            ToText toText) {
   Attributes attributes;
-  if (least <= greatest) {
-    attributes.emplace_back(std::string(prefix) + "MaxValue", toText(greatest));
-    attributes.emplace_back(std::string(prefix) + "MinValue", toText(least));
-    usual = std::clamp(usual, least, greatest);
-  }
-  attributes.emplace_back("DefaultValue", toText(usual));
+  if (limits.greatest) attributes.emplace_back(prefix + "MaxValue", toText(*limits.greatest));
+  if (limits.least) attributes.emplace_back(prefix + "MinValue", toText(*limits.least));
+  Number value = isFinite(usual) ? usual : Number{};
+  if (limits.greatest) value = std::min(value, *limits.greatest);
+  if (limits.least) value = std::max(value, *limits.least);
+  if (value != usual && isDefault(state.ppd, option)) noteDefault(state, option, parameter);
+  attributes.emplace_back("DefaultValue", toText(value));
   return attributes;
 }
 
@@ -63,12 +81,13 @@ ImportedElement textFeature(ImportState& state, const ppd_option_t& option,
   if (parameter.type != PPD_CUSTOM_STRING) attributes.emplace_back("Encrypted", "true");
   const std::string characters = characterSet(parameter.type, forPjl);
   attributes.emplace_back("TextValidationCharSet", characters);
-  const int longest = parameter.maximum.custom_string;
+  const Limits<int> limits = lengthLimits(state.ppd, option, parameter, state.losses);
+  const int longest = limits.greatest.value_or(0);
   if (longest > 0) attributes.emplace_back("MaxTextLength", std::to_string(longest));
-  const int shortest = parameter.minimum.custom_string;
+  const int shortest = limits.least.value_or(0);
   if (shortest > 0) {
     state.losses.note(LossKind::kOption, "the least length " + std::to_string(shortest) + " of " +
-                                             titleOf(option, parameter.name));
+                                             parameterTitle(option, parameter.name));
   }
   const char* current = parameter.current.custom_string;
   const std::string usual = current != nullptr ? current : "";
@@ -76,19 +95,9 @@ ImportedElement textFeature(ImportState& state, const ppd_option_t& option,
   if (fits && usual.find_first_not_of(characters) == std::string::npos) {
     if (!usual.empty()) attributes.emplace_back("DefaultValue", usual);
   } else {
-    state.losses.note(LossKind::kOption, "the default of " + titleOf(option, parameter.name) +
-                                             ": it is not within the limits");
+    noteDefault(state, option, parameter.name);
   }
   return featureOf("TextEntry", name, attributes);
-}
-
-// Notes limits that allow nothing, and which libcups does not look at.
-template <class Number>
-void checkLimits(ImportState& state, const ppd_option_t& option, const char* parameter,
-                 Number least, Number greatest) {
-  if (least <= greatest) return;
-  state.losses.note(LossKind::kOption, "the limits of " + titleOf(option, parameter) +
-                                           ": the least is above the greatest");
 }
 
 ImportedElement parameterFeature(ImportState& state, const ppd_option_t& option,
@@ -96,22 +105,20 @@ ImportedElement parameterFeature(ImportState& state, const ppd_option_t& option,
                                  bool forPjl) {
   switch (parameter.type) {
     case PPD_CUSTOM_INT:
-      checkLimits(state, option, parameter.name, parameter.minimum.custom_int,
-                  parameter.maximum.custom_int);
-      return featureOf(
-          "IntEntry", name,
-          limits("Int", parameter.minimum.custom_int, parameter.maximum.custom_int,
-                 parameter.current.custom_int, [](int value) { return std::to_string(value); }));
+      return featureOf("IntEntry", name,
+                       numberAttributes(state, option, parameter.name, "Int",
+                                        intLimits(state.ppd, option, parameter, state.losses),
+                                        parameter.current.custom_int,
+                                        [](int value) { return std::to_string(value); }));
     case PPD_CUSTOM_PASSCODE:
     case PPD_CUSTOM_PASSWORD:
     case PPD_CUSTOM_STRING:
       return textFeature(state, option, parameter, name, forPjl);
     default:
-      checkLimits(state, option, parameter.name, parameter.minimum.custom_real,
-                  parameter.maximum.custom_real);
       return featureOf("FloatEntry", name,
-                       limits("Float", parameter.minimum.custom_real, parameter.maximum.custom_real,
-                              parameter.current.custom_real, floatText));
+                       numberAttributes(state, option, parameter.name, "Float",
+                                        realLimits(state.ppd, option, parameter, state.losses),
+                                        parameter.current.custom_real, floatText));
   }
 }
 
@@ -159,7 +166,7 @@ void noteFixedParameters(ImportState& state, const ppd_option_t& option,
     if (equalKeywords(parameter->name, "Width") || equalKeywords(parameter->name, "Height")) {
       continue;
     }
-    state.losses.note(LossKind::kOption, titleOf(option, parameter->name) +
+    state.losses.note(LossKind::kOption, parameterTitle(option, parameter->name) +
                                              ": libcups always writes " +
                                              std::to_string(turns ? orientation.value : 0));
   }
@@ -175,7 +182,7 @@ CustomParameters parametersOf(ImportState& state, const ppd_option_t& option, bo
        parameter = ppdNextCustomParam(custom)) {
     const std::string name = std::string(option.keyword) + "." + parameter->name;
     if (parameter->type == PPD_CUSTOM_UNKNOWN || !state.take(name)) {
-      state.losses.note(LossKind::kOption, titleOf(option, parameter->name) +
+      state.losses.note(LossKind::kOption, parameterTitle(option, parameter->name) +
                                                (parameter->type == PPD_CUSTOM_UNKNOWN
                                                     ? ": its type is not known"
                                                     : ": its name \"" + name + "\" is in use"));
@@ -206,14 +213,10 @@ CustomParameters pageSizeParameters(ImportState& state, const ppd_option_t& opti
     state.names.insert(name);
     const int position = positionOf(ppdFindAttr(&ppd, "ParamCustomPageSize", row.name), row.side);
     parameters.values[static_cast<std::size_t>(position)] = {position + 1, name, false};
-    const float least = ppd.custom_min[row.side];
-    const float greatest = ppd.custom_max[row.side];
-    // A file may allow custom sizes without a word on their limits.
-    const bool limited = greatest > 0;
-    if (limited) checkLimits(state, option, row.name, least, greatest);
     parameters.features.push_back(featureOf(
         "FloatEntry", name,
-        limits("Float", limited ? least : 1, limited ? greatest : 0, row.usual, floatText)));
+        numberAttributes(state, option, row.name, "Float",
+                         sideLimits(ppd, option, row.side, state.losses), row.usual, floatText)));
   }
   const Orientation orientation = orientationOf(ppd);
   parameters.values[static_cast<std::size_t>(orientation.position)] = {
@@ -227,7 +230,7 @@ void noteUnusedParameters(ImportState& state, const ppd_option_t& option) {
   if (custom == nullptr) return;
   for (ppd_cparam_t* parameter = ppdFirstCustomParam(custom); parameter != nullptr;
        parameter = ppdNextCustomParam(custom)) {
-    state.losses.note(LossKind::kOption, titleOf(option, parameter->name) +
+    state.losses.note(LossKind::kOption, parameterTitle(option, parameter->name) +
                                              ": libcups writes no values into ExitServer");
   }
 }

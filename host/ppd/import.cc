@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "host/ppd/custom_import.h"
 #include "host/ppd/description_text.h"
 #include "host/ppd/import_state.h"
 #include "host/ppd/keyword_losses.h"
@@ -90,7 +91,8 @@ void reserveNames(ImportState& state) {
 std::optional<ImportedDescription> importPpd(const std::string& path, PpdProblem& problem) {
   const PpdPointer ppd = readPpd(path, problem);
   if (!ppd) return std::nullopt;
-  ImportState state{*ppd, {}, {}, {}, 0};
+  ImportState state(*ppd);
+  state.customPlaces = customPlacesOf(*ppd);
   reserveNames(state);
   importOptions(state);
   ImportedElement root{"FeatureDescription", {}, {}};
@@ -102,6 +104,7 @@ std::optional<ImportedDescription> importPpd(const std::string& path, PpdProblem
     ImportedElement group = groupOf(state, row);
     if (!group.children.empty()) root.children.push_back(std::move(group));
   }
+  for (ImportedElement& feature : state.unwritten) root.children.push_back(std::move(feature));
   addFixedText(state, "JCLEnd", ppd->jcl_end, false, root.children);
   noteKeywords(*ppd, state.losses);
   ImportedDescription description{descriptionText(root), std::move(state.losses), 0, 0};

@@ -22,8 +22,10 @@ constexpr const char* kFooter =
     "of its file with .xml in the place of .ppd or .ppd.gz, and goes beside it or to\n"
     "the folder given with --output.\n"
     "\n"
-    "What a description cannot hold, constraints for one, is named on standard\n"
-    "error; of several files the most of it is only counted, without --verbose.\n"
+    "A summary of what a description cannot hold, constraints for one, goes to\n"
+    "standard error; with --verbose each such thing is named. With --strict no\n"
+    "description is written of a file that loses a part of an option or a constraint;\n"
+    "texts for users and other keywords are never carried over, and are no error.\n"
     "\n"
     "Examples:\n"
     "  driver-feature import printer.ppd --output printer.xml\n"
@@ -31,13 +33,14 @@ constexpr const char* kFooter =
     "  driver-feature import --all ppds --output descriptions\n"
     "\n"
     "Exit status: 0 success, 1 a description could not be written, 2 wrong usage or\n"
-    "a file that is no PPD file. Of several files, the others are imported all the\n"
-    "same.";
+    "a file that is no PPD file, 3 a file was refused by --strict. Of several files,\n"
+    "the others are imported all the same, and the lowest of these statuses counts.";
 
 struct Arguments {
   std::vector<std::string> files;
   std::string folder;
   std::string output;
+  bool isStrict = false;
 };
 
 // libcups takes the language of the environment, for its messages and for
@@ -49,6 +52,7 @@ void chooseLanguage() {
 }
 
 int run(const Arguments& arguments, LogDetail detail) {
+  const ImportStyle style{detail, arguments.isStrict};
   chooseLanguage();
   if (arguments.files.empty() == arguments.folder.empty()) {
     complain(
@@ -58,16 +62,16 @@ int run(const Arguments& arguments, LogDetail detail) {
   }
   if (arguments.files.size() == 1) {
     const std::string output = arguments.output.empty() ? "-" : arguments.output;
-    return importOne({arguments.files.front(), output}, detail);
+    return importOne({arguments.files.front(), output}, style);
   }
   if (arguments.folder.empty())
-    return importAll(planFiles(arguments.files, arguments.output), detail);
+    return importAll(planFiles(arguments.files, arguments.output), style);
   const ImportPlan plan = planFolder(arguments.folder, arguments.output);
   if (plan.jobs.empty() && plan.problems.empty()) {
     complain(arguments.folder + ": there is no file named *.ppd or *.ppd.gz in the folder");
     return kUnusable;
   }
-  return importAll(plan, detail);
+  return importAll(plan, style);
 }
 
 }  // namespace
@@ -85,6 +89,8 @@ Command addImportCommand(CLI::App& program, const SessionRequest& general) {
       ->add_option("--output", arguments->output,
                    "Write the description to this file; of several, the folder for them")
       ->type_name("FILE");
+  command->add_flag("--strict", arguments->isStrict,
+                    "Refuse a file that loses a part of an option or a constraint");
   return {command, [arguments, &general] { return run(*arguments, general.detail); }};
 }
 

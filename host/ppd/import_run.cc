@@ -8,6 +8,7 @@
 #include "host/console.h"
 #include "host/output_file.h"
 #include "host/ppd/import.h"
+#include "host/ppd/loss_report.h"
 #include "host/ppd/progress.h"
 #include "host/text.h"
 
@@ -15,48 +16,24 @@ namespace driver_feature {
 
 namespace {
 
-std::string counted(long number, const std::string& one, const std::string& several) {
-  return std::to_string(number) + " " + (number == 1 ? one : several);
-}
-
-// "2 constraints, 1 text": what was lost, in numbers.
-std::string countsOf(const std::map<LossKind, long>& losses) {
-  struct Row {
-    LossKind kind;
-    const char* one;
-    const char* several;
-  };
-  constexpr Row kRows[] = {{LossKind::kOption, "part of an option", "parts of options"},
-                           {LossKind::kConstraint, "constraint", "constraints"},
-                           {LossKind::kText, "text for users", "texts for users"},
-                           {LossKind::kKeyword, "other keyword", "other keywords"}};
-  std::vector<std::string> counts;
-  for (const Row& row : kRows) {
-    const auto loss = losses.find(row.kind);
-    if (loss == losses.end() || loss->second == 0) continue;
-    counts.push_back(counted(loss->second, row.one, row.several));
-  }
-  return join(counts, ", ");
-}
-
-constexpr LossKind kLossKinds[] = {LossKind::kOption, LossKind::kConstraint, LossKind::kText,
-                                   LossKind::kKeyword};
-
-std::map<LossKind, long> countsOf(const Losses& losses) {
-  std::map<LossKind, long> counts;
-  for (const LossKind kind : kLossKinds) counts[kind] = losses.count(kind);
-  return counts;
-}
+constexpr const char* kHint = "; --verbose names each";
+constexpr const char* kRefused = "refused by --strict";
 
 void complainOfLosses(const std::string& file, const std::vector<std::string>& lines) {
   const std::string begin = file + ": not carried over: ";
   for (const std::string& line : lines) complain(std::string(begin).append(line));
 }
 
+std::string refusalOf(const std::string& file) {
+  return file +
+         ": no description is written: with --strict the loss of parts of options or of "
+         "constraints is an error";
+}
+
 class Run {
  public:
-  Run(const ImportPlan& plan, LogDetail detail)
-      : plan_(plan), detail_(detail), progress_(plan.jobs.size()) {}
+  Run(const ImportPlan& plan, const ImportStyle& style)
+      : plan_(plan), style_(style), progress_(plan.jobs.size()) {}
 
   int all() {
     for (const std::string& problem : plan_.problems) fail("left out", problem);
@@ -67,7 +44,8 @@ class Run {
     progress_.clear();
     sumUp();
     if (unwritten_ > 0) return kFailure;
-    return causes_.empty() ? kSuccess : kUnusable;
+    if (causes_.empty()) return kSuccess;
+    return causes_.size() == causes_.count(kRefused) ? kLossy : kUnusable;
   }
 
  private:
@@ -76,6 +54,9 @@ class Run {
     const auto description = importPpd(job.file, problem);
     if (!description) return fail(problem.cause, problem.text);
     reportLosses(job.file, description->losses);
+    if (style_.isStrict && losesChoices(description->losses)) {
+      return fail(kRefused, refusalOf(job.file));
+    }
     std::error_code ignored;  // The file then cannot be written, which is told.
     const auto folder = std::filesystem::path(job.output).parent_path();
     if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
@@ -95,15 +76,11 @@ class Run {
   }
 
   void reportLosses(const std::string& file, const Losses& losses) {
-    auto counts = countsOf(losses);
-    for (const auto& [kind, number] : counts) losses_[kind] += number;
-    if (detail_ == LogDetail::kErrors) return;
+    for (const auto& [kind, number] : countsOf(losses)) losses_[kind] += number;
+    if (style_.detail == LogDetail::kErrors) return;
     progress_.clear();
-    if (detail_ == LogDetail::kAll) return complainOfLosses(file, losses.lines());
-    complainOfLosses(file, losses.lines(LossKind::kOption));
-    counts.erase(LossKind::kOption);  // Which have been named.
-    const std::string text = countsOf(counts);
-    if (!text.empty()) complainOfLosses(file, {text});
+    const bool all = style_.detail == LogDetail::kAll;
+    complainOfLosses(file, all ? losses.lines() : summaryOf(losses, ""));
   }
 
   void sumUp() const {
@@ -116,16 +93,17 @@ class Run {
     complain(counted(imported_, "PPD file", "PPD files") + " imported, with " +
              counted(features_, "feature", "features") + " and " +
              counted(options_, "option", "options"));
-    const std::string lost = countsOf(losses_);
-    if (!lost.empty()) complain("not carried over in all: " + lost + "; --verbose names each");
+    const std::string lost = countText(losses_);
+    const char* hint = style_.detail == LogDetail::kAll ? "" : kHint;
+    if (!lost.empty()) complain("not carried over in all: " + lost + hint);
     if (failed > 0) complain(counted(failed, "failure", "failures") + ": " + join(causes, ", "));
   }
 
   const ImportPlan& plan_;
-  LogDetail detail_;
+  ImportStyle style_;
   Progress progress_;
   std::map<std::string, long> causes_;  // Of failures.
-  std::map<LossKind, long> losses_;
+  LossCounts losses_;
   long unwritten_ = 0;
   long imported_ = 0;
   long features_ = 0;
@@ -134,7 +112,7 @@ class Run {
 
 }  // namespace
 
-int importOne(const ImportJob& job, LogDetail detail) {
+int importOne(const ImportJob& job, const ImportStyle& style) {
   std::error_code ignored;  // The two are then not the same file.
   if (job.output != "-" && std::filesystem::equivalent(job.file, job.output, ignored)) {
     complain(job.output + ": is the PPD file itself; give the description another name");
@@ -146,15 +124,21 @@ int importOne(const ImportJob& job, LogDetail detail) {
     complain(problem.text);
     return kUnusable;
   }
-  if (detail != LogDetail::kErrors) complainOfLosses(job.file, description->losses.lines());
+  const Losses& losses = description->losses;
+  if (style.detail == LogDetail::kAll) complainOfLosses(job.file, losses.lines());
+  if (style.detail == LogDetail::kUsual) complainOfLosses(job.file, summaryOf(losses, kHint));
+  if (style.isStrict && losesChoices(losses)) {
+    complain(refusalOf(job.file));
+    return kLossy;
+  }
   const WriteProblem failure = writeToFile(job.output, description->text);
   if (!failure) return kSuccess;
   complain(*failure);
   return kFailure;
 }
 
-int importAll(const ImportPlan& plan, LogDetail detail) {
-  return Run(plan, detail).all();
+int importAll(const ImportPlan& plan, const ImportStyle& style) {
+  return Run(plan, style).all();
 }
 
 }  // namespace driver_feature

@@ -9,17 +9,26 @@
 
 namespace driver_feature {
 
-// Imports one file to `output`; "-" is standard output. Names everything that
-// is not carried over, unless only errors are to be shown. Answers the
-// program's exit status.
-int importOne(const ImportJob& job, LogDetail detail);
+struct ImportStyle {
+  LogDetail detail = LogDetail::kUsual;
+  // Whether a file that loses parts of options or constraints is refused: its
+  // description is then not written.
+  bool isStrict = false;
+};
 
-// Imports every file of the plan, whatever becomes of the others, and sums up.
-// What is not carried over is counted per file, parts of options apart, which
-// are named; with LogDetail::kAll everything is named. Shows on a terminal how
-// far it is. Answers 1 when a description could not be written, else 2 when a
-// file or folder could not be read.
-int importAll(const ImportPlan& plan, LogDetail detail);
+// The exit status of files that are refused for what they lose.
+inline constexpr int kLossy = 3;
+
+// Imports one file to `output`; "-" is standard output. Sums up what is not
+// carried over, unless only errors are to be shown; with LogDetail::kAll names
+// everything. Returns the program's exit status.
+int importOne(const ImportJob& job, const ImportStyle& style);
+
+// Imports every file of the plan, whatever becomes of the others, and sums up
+// for each file and in all. Shows on a terminal how far it is. Returns 1 when
+// a description could not be written, else 2 when a file or folder could not
+// be read, else 3 when a file was refused.
+int importAll(const ImportPlan& plan, const ImportStyle& style);
 
 }  // namespace driver_feature
 

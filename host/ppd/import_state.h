@@ -21,14 +21,25 @@ struct SectionItem {
   std::vector<ImportedElement> elements;
 };
 
+// Where libcups writes something.
+struct WritingPlace {
+  ppd_section_t section = PPD_ORDER_ANY;
+  float order = 0;
+};
+
 struct ImportState {
+  explicit ImportState(ppd_file_t& file) : ppd(file) {}
+
   ppd_file_t& ppd;
+  std::map<std::string, WritingPlace> customPlaces;  // Of "CustomKeyword", where the file says so.
   std::map<ppd_section_t, std::vector<SectionItem>> sections;
-  std::set<std::string> names;  // Of features and groups so far.
+  std::vector<ImportedElement> unwritten;  // Features that libcups never writes.
+  std::set<std::string> names;             // Of features and groups so far.
   Losses losses;
   long routines = 0;  // The number of output routines in use.
 
-  // Adds elements to a section; `entry.item` is filled in here.
+  // Adds elements to a section; `entry.item` is filled in here, and its order
+  // is one that libcups writes.
   void add(ppd_section_t section, SectionEntry entry, std::vector<ImportedElement> elements) {
     std::vector<SectionItem>& items = sections[section];
     entry.item = items.size();

@@ -83,6 +83,12 @@ void noteKeywords(ppd_file_t& ppd, Losses& losses) {
   for (int i = 0; i < ppd.num_attrs; ++i) {
     const ppd_attr_t& attribute = *ppd.attrs[i];
     if (isJobFrame(attribute.name) || belongsToOption(ppd, attribute)) continue;
+    // These are no part of the list of constraints before libcups looks for
+    // conflicts.
+    if (std::string_view(attribute.name) == "cupsUIConstraints" && attribute.value != nullptr) {
+      losses.note(LossKind::kConstraint, attribute.value);
+      continue;
+    }
     losses.note(LossKind::kKeyword, std::string("*") + attribute.name);
   }
 }

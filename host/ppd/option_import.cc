@@ -1,6 +1,9 @@
 #include "host/ppd/option_import.h"
 
 #include <algorithm>
+#include <string>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "host/ppd/choice_text.h"
@@ -36,11 +39,12 @@ bool canLoseMark(ppd_file_t& ppd, const ppd_option_t& option) {
   });
 }
 
-const ppd_choice_t* markedChoice(ppd_option_t& option) {
-  for (const ppd_choice_t* choice : choicesOf(option)) {
-    if (choice->marked != 0) return choice;
-  }
-  return nullptr;
+const ppd_choice_t* markedChoice(const ppd_option_t& option) {
+  const ppd_choice_t* begin = option.choices;
+  const ppd_choice_t* end = begin + option.num_choices;
+  const ppd_choice_t* marked =
+      std::find_if(begin, end, [](const ppd_choice_t& choice) { return choice.marked != 0; });
+  return marked != end ? marked : nullptr;
 }
 
 // Whether libcups writes the option PageSize in the place of the choice.
@@ -49,11 +53,30 @@ bool isCustomPageRegion(ppd_file_t& ppd, const ppd_option_t& option, const ppd_c
          hasOption(ppd, "PageSize");
 }
 
+// Which choices of an option libcups finds by their names: the first of equal
+// ones, and none whose name it takes for custom values. (To ask ppdFindChoice
+// for each would take time with the square of their number.)
+class ChoicesFound {
+ public:
+  bool operator()(const ppd_choice_t& choice) {
+    std::string name = choice.choice;
+    std::transform(name.begin(), name.end(), name.begin(), [](char letter) {
+      return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    });
+    if (name.starts_with('{')) return false;
+    return names_.insert(std::move(name)).second;
+  }
+
+ private:
+  std::unordered_set<std::string> names_;  // In small letters.
+};
+
 // The choices that libcups can mark. The others are noted.
 std::vector<ppd_choice_t*> usableChoices(ImportState& state, ppd_option_t& option) {
   std::vector<ppd_choice_t*> usable;
+  ChoicesFound isFound;
   for (ppd_choice_t* choice : choicesOf(option)) {
-    if (ppdFindChoice(&option, choice->choice) != choice) {
+    if (!isFound(*choice)) {
       state.losses.note(LossKind::kOption,
                         "choice " + titleOf(option, *choice) +
                             ": libcups takes another choice of the option for it");
@@ -68,7 +91,7 @@ std::vector<ppd_choice_t*> usableChoices(ImportState& state, ppd_option_t& optio
 }
 
 // The order dependency of the option, and whether it is marked as a rule.
-SectionEntry entryOf(ppd_file_t& ppd, ppd_option_t& option) {
+SectionEntry entryOf(ppd_file_t& ppd, const ppd_option_t& option) {
   SectionEntry entry;
   entry.keyword = option.keyword;
   entry.order = option.order;
@@ -78,7 +101,7 @@ SectionEntry entryOf(ppd_file_t& ppd, ppd_option_t& option) {
   const bool isSize = equalKeywords(option.keyword, "PageSize");
   const bool isRegion = equalKeywords(option.keyword, "PageRegion");
   if (!isSize && !isRegion) return entry;
-  ppd_option_t* rival = ppdFindOption(&ppd, isSize ? "PageRegion" : "PageSize");
+  const ppd_option_t* rival = ppdFindOption(&ppd, isSize ? "PageRegion" : "PageSize");
   if (rival == nullptr) return entry;
   // Of the two, one is marked as a rule; when neither is, the size counts.
   const bool rivalMarked = markedChoice(*rival) != nullptr;
@@ -87,12 +110,31 @@ SectionEntry entryOf(ppd_file_t& ppd, ppd_option_t& option) {
   return entry;
 }
 
+// Adds the feature of an option, or of one of its choices.
+void addFeature(ImportState& state, const ppd_option_t& option, const SectionEntry& entry,
+                ImportedElement feature) {
+  if (!isWritten(option.order)) {
+    feature.attributes.pop_back();  // The command.
+    state.unwritten.push_back(std::move(feature));
+    return;
+  }
+  std::vector<ImportedElement> elements;
+  elements.push_back(std::move(feature));
+  state.add(option.section, entry, std::move(elements));
+}
+
+// The text of a choice, as far as libcups writes it.
+std::string textOf(const ppd_option_t& option, const ppd_choice_t& choice) {
+  if (!isWritten(option.order)) return "";
+  return sectionText(option.section, titleOf(option, choice), codeOf(choice));
+}
+
 void importPickOne(ImportState& state, ppd_option_t& option) {
   const ppd_choice_t* marked = markedChoice(option);
   std::vector<ImportedOption> options;
   SectionEntry entry = entryOf(state.ppd, option);
   for (const ppd_choice_t* choice : usableChoices(state, option)) {
-    std::string text = sectionText(option.section, titleOf(option, *choice), codeOf(*choice));
+    std::string text = textOf(option, *choice);
     if (equalKeywords(choice->choice, "Custom")) {
       text = importCustomChoice(state, *choice, entry, {option.keyword, choice->choice, {}});
       // What writes the custom text stands for the option by default.
@@ -101,15 +143,16 @@ void importPickOne(ImportState& state, ppd_option_t& option) {
         entry.replaces = option.keyword;
       }
     }
-    options.push_back({choice->choice, text});
+    options.push_back({choice->choice, std::move(text)});
   }
   if (marked == nullptr || canLoseMark(state.ppd, option)) options.push_back({kNotSet, ""});
-  state.add(option.section, entry,
-            {listFeature(option.section, option.keyword,
-                         marked != nullptr ? marked->choice : kNotSet, options)});
+  addFeature(state, option, entry,
+             listFeature(option.section, option.keyword,
+                         marked != nullptr ? marked->choice : kNotSet, options));
 }
 
 void importPickMany(ImportState& state, ppd_option_t& option) {
+  SectionEntry entry = entryOf(state.ppd, option);
   for (const ppd_choice_t* choice : usableChoices(state, option)) {
     const std::string name = std::string(option.keyword) + "." + choice->choice;
     if (!state.take(name)) {
@@ -117,15 +160,14 @@ void importPickMany(ImportState& state, ppd_option_t& option) {
                                                name + "\" is in use");
       continue;
     }
-    SectionEntry entry = entryOf(state.ppd, option);
     entry.usual = choice->marked != 0;
-    std::string text = sectionText(option.section, titleOf(option, *choice), codeOf(*choice));
+    std::string text = textOf(option, *choice);
     if (equalKeywords(choice->choice, "Custom")) {
       text = importCustomChoice(state, *choice, entry, {name, "True", {}});
     }
-    state.add(option.section, entry,
-              {listFeature(option.section, name, choice->marked != 0 ? "True" : "False",
-                           {{"False", ""}, {"True", text}})});
+    addFeature(state, option, entry,
+               listFeature(option.section, name, choice->marked != 0 ? "True" : "False",
+                           {{"False", ""}, {"True", text}}));
   }
 }
 
@@ -135,6 +177,9 @@ void importOption(ImportState& state, ppd_option_t& option) {
     state.losses.note(LossKind::kOption,
                       "option *" + keyword + ": libcups takes another option of the file for it");
     return;
+  }
+  if (!isWritten(option.order)) {
+    state.losses.note(LossKind::kOption, "the code of option *" + keyword + ": " + kNeverWritten);
   }
   if (option.ui == PPD_UI_PICKMANY) return importPickMany(state, option);
   if (!state.take(keyword)) {

@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <limits>
 
 #include "host/input_file.h"
 
@@ -50,6 +51,13 @@ bool isCutOff(const std::string& path) {
   return static_cast<std::uint32_t>(ppdBytes(path).size()) != length;
 }
 
+// Has libcups mark what stands for the page size, as it does before it writes.
+// It then writes nothing, because no order dependency is at least NaN: to
+// sort all options would take time with the square of their number.
+void settlePageSize(ppd_file_t& ppd) {
+  std::free(ppdEmitString(&ppd, PPD_ORDER_ANY, std::numeric_limits<float>::quiet_NaN()));
+}
+
 PpdProblem problemOf(const std::string& path, int systemError) {
   int line = 0;
   const ppd_status_t status = ppdLastError(&line);
@@ -85,8 +93,7 @@ PpdPointer readPpd(const std::string& path, PpdProblem& problem) {
     return nullptr;
   }
   ppdMarkDefaults(ppd.get());
-  // Settles what stands for the page size.
-  emittedText(*ppd, PPD_ORDER_ANY);
+  settlePageSize(*ppd);
   return ppd;
 }
 

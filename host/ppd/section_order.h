@@ -30,7 +30,14 @@ struct SectionOrder {
   std::vector<std::string> unsettling;
 };
 
+// `entries` have orders that libcups writes.
 SectionOrder orderOfSection(const std::vector<SectionEntry>& entries);
+
+// Whether libcups writes what has this order dependency: it leaves out what
+// stands before 0, and what is NaN.
+inline bool isWritten(float order) {
+  return order >= 0;
+}
 
 }  // namespace driver_feature
 

@@ -3,12 +3,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <ctime>
+#include <iterator>
+#include <random>
+#include <tuple>
+#include <utility>
+
 namespace {
 
 using driver_feature::orderOfSection;
 using driver_feature::SectionEntry;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAreArray;
 
 SectionEntry usual(const std::string& keyword, float order) {
   return {keyword, order, true, "", false, 0};
@@ -89,6 +97,128 @@ TEST(SectionOrderTest, Usual_ThatMovesEqualOnesByLeaving_IsNamed) {
 TEST(SectionOrderTest, Nothing_IsInNoOrder) {
   EXPECT_THAT(orderOfSection({}).items, IsEmpty());
   EXPECT_THAT(orderOfSection(numbered({unusual("A", 0)})).items, ElementsAre(0));
+}
+
+// The items of what is marked, as libcups sorts them.
+std::vector<std::size_t> marked(std::vector<SectionEntry> entries) {
+  std::sort(entries.begin(), entries.end(),
+            [](const SectionEntry& left, const SectionEntry& right) {
+              return std::make_tuple(left.keyword, !left.usual, left.item) <
+                     std::make_tuple(right.keyword, !right.usual, right.item);
+            });
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    for (std::size_t j = i + 1; j < entries.size(); ++j) {
+      if (entries[i].order > entries[j].order) std::swap(entries[i], entries[j]);
+    }
+  }
+  std::vector<std::size_t> items;
+  for (const SectionEntry& entry : entries) items.push_back(entry.item);
+  return items;
+}
+
+std::vector<SectionEntry> usualOf(const std::vector<SectionEntry>& entries,
+                                  const std::string& but = "") {
+  std::vector<SectionEntry> others;
+  std::copy_if(entries.begin(), entries.end(), std::back_inserter(others),
+               [&but](const SectionEntry& entry) { return entry.usual && entry.keyword != but; });
+  return others;
+}
+
+std::vector<std::size_t> without(std::vector<std::size_t> items, std::size_t item) {
+  items.erase(std::remove(items.begin(), items.end(), item), items.end());
+  return items;
+}
+
+// The items of the list that are among the others.
+std::vector<std::size_t> only(const std::vector<std::size_t>& items,
+                              const std::vector<std::size_t>& others) {
+  std::vector<std::size_t> found;
+  std::copy_if(items.begin(), items.end(), std::back_inserter(found), [&others](std::size_t item) {
+    return std::find(others.begin(), others.end(), item) != others.end();
+  });
+  return found;
+}
+
+// The last usual one of the items in front of one of them; -1 for none.
+long previousUsual(const std::vector<std::size_t>& items, const std::vector<SectionEntry>& entries,
+                   std::size_t item) {
+  long previous = -1;
+  for (const std::size_t other : items) {
+    if (other == item) break;
+    if (entries[other].usual) previous = static_cast<long>(other);
+  }
+  return previous;
+}
+
+std::vector<SectionEntry> randomEntries(std::mt19937& random) {
+  const std::size_t orders = 1 + random() % 5;
+  std::vector<SectionEntry> entries(1 + random() % 12);
+  for (SectionEntry& entry : entries) {
+    entry.keyword = std::string(1, static_cast<char>('A' + random() % 20));
+    entry.order = static_cast<float>(random() % orders);
+    entry.usual = random() % 3 != 0;
+    entry.vanishes = random() % 8 == 0;
+    if (!entry.usual && random() % 3 == 0) {
+      entry.replaces = random() % 2 == 0 ? entry.keyword
+                                         : std::string(1, static_cast<char>('A' + random() % 20));
+    }
+  }
+  return numbered(std::move(entries));
+}
+
+// Each unusual entry, marked with the usual ones, stands where the order has it.
+// When it changes the order of others it is named, and stands behind the same one.
+TEST(SectionOrderTest, Order_ListsOfEveryKind_IsWhatLibcupsWrites) {
+  std::mt19937 random(1);
+  for (int i = 0; i < 1500; ++i) {
+    const auto entries = randomEntries(random);
+    const auto order = orderOfSection(entries);
+    const auto usualItems = marked(usualOf(entries));
+    ASSERT_EQ(order.items.size(), entries.size());
+    ASSERT_EQ(only(order.items, usualItems), usualItems) << "list " << i;
+    std::vector<std::string> unsettling;
+    for (const SectionEntry& entry : entries) {
+      std::vector<SectionEntry> others = usualOf(entries, entry.usual ? "" : entry.replaces);
+      if (entry.usual) {
+        if (!entry.vanishes) continue;
+        others.erase(
+            std::find_if(others.begin(), others.end(),
+                         [&entry](const SectionEntry& other) { return other.item == entry.item; }));
+        const auto left = marked(others);
+        if (left != without(usualItems, entry.item)) unsettling.push_back(entry.keyword);
+        continue;
+      }
+      const auto othersAlone = only(usualItems, marked(others));
+      others.push_back(entry);
+      const auto with = marked(others);
+      if (without(with, entry.item) != othersAlone) {
+        unsettling.push_back(entry.keyword);
+        if (entry.replaces.empty()) {
+          EXPECT_EQ(previousUsual(order.items, entries, entry.item),
+                    previousUsual(with, entries, entry.item))
+              << "list " << i << ", item " << entry.item;
+        }
+      } else {
+        EXPECT_EQ(only(order.items, with), with) << "list " << i << ", item " << entry.item;
+      }
+    }
+    EXPECT_THAT(order.unsettling, UnorderedElementsAreArray(unsettling)) << "list " << i;
+  }
+}
+
+// A fraction of a second; minutes, if each unusual entry were sorted among all.
+TEST(SectionOrderTest, Order_ManyUnusualEntries_TakeNoLongTime) {
+  constexpr double kSecondsAllowed = 20;
+  std::vector<SectionEntry> entries;
+  for (int i = 0; i < 20000; ++i) {
+    const std::string keyword = "Option" + std::to_string(i * 7919 % 20011);
+    const float order = static_cast<float>(i % 1000);
+    entries.push_back(i % 2 == 0 ? usual(keyword, order) : unusual(keyword, order));
+  }
+  entries = numbered(std::move(entries));
+  const std::clock_t start = std::clock();
+  EXPECT_EQ(orderOfSection(entries).items.size(), 20000U);
+  EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, kSecondsAllowed);
 }
 
 }  // namespace

@@ -97,6 +97,12 @@ TEST_F(DescriptionTest, Show_LibraryRefusesTheDescription_EndsWithOneAndSaysWhic
        "driver-feature: office.xml: the description could not be loaded\n"},
       {"<BaseFeatureInfo DefaultCallbackHandler='noSuchRoutine'/>",
        "FeatureXMLTagHandler() - Null Default Callback Handler pointer\n"
+       "driver-feature: office.xml: the description could not be loaded: it names a routine "
+       "\"noSuchRoutine\" that is not there; load the library that has it with --callbacks "
+       "LIB.so\n"},
+      {"<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'/><feature/>"
+       "<BaseFeatureInfo DefaultCallbackHandler='noSuchRoutine'/>",
+       "FeatureXMLTagHandler() - Invalid element tag \"feature\".\n"
        "driver-feature: office.xml: the description could not be loaded\n"},
       {"<Feature Name='A'/>",
        "driver-feature: error: CreateFeature() - No keyword defined for feature type\n"
@@ -162,7 +168,34 @@ TEST_F(DescriptionTest, Callbacks_LibraryOfRoutines_ResolvesTheirNames) {
   EXPECT_EQ(run({"show", "office.xml"}),
             failure(1,
                     "FeatureXMLTagHandler() - Null Default Callback Handler pointer\n"
-                    "driver-feature: office.xml: the description could not be loaded\n"));
+                    "driver-feature: office.xml: the description could not be loaded: it names a "
+                    "routine \"testUpdate\" that is not there; load the library that has it with "
+                    "--callbacks " +
+                        std::string(ROUTINES_LIBRARY) + "\n"));
+}
+
+// Every command that loads a description ends in the same two lines.
+TEST_F(DescriptionTest, Load_RoutineIsMissing_EveryCommandNamesTheLibraryBesideTheDescription) {
+  describe("office.xml", {"<BaseFeatureInfo DefaultCallbackHandler='noSuchRoutine'/>"});
+  write("a.so", std::string("noSuchRoutine2\0\0anoSuchRoutine\0", 31));
+  write("b.so", std::string("\x7F"
+                            "ELF\0noSuchRoutine\0",
+                            19));
+  write("c.so", std::string("\0noSuchRoutine\0", 15));
+  write("a.txt", std::string("\0noSuchRoutine\0", 15));
+  const std::string errors =
+      "FeatureXMLTagHandler() - Null Default Callback Handler pointer\n"
+      "driver-feature: office.xml: the description could not be loaded: it names a routine "
+      "\"noSuchRoutine\" that is not there; load the library that has it with --callbacks b.so\n";
+  for (const std::vector<std::string>& command :
+       std::vector<std::vector<std::string>>{{"show", "office.xml"},
+                                             {"emit", "office.xml", "--to", "pjl"},
+                                             {"dump", "office.xml"},
+                                             {"try", "office.xml"},
+                                             {"queue", "office.xml"},
+                                             {"shell", "office.xml"}}) {
+    EXPECT_EQ(run(command), failure(1, errors)) << command.front();
+  }
 }
 
 TEST_F(DescriptionTest, Callbacks_LibraryIsMissing_EndsWithOne) {

@@ -1,7 +1,10 @@
 // The command "import": its files, its refusals and its summary.
 
 #include <pty.h>
+#include <sys/resource.h>
 #include <unistd.h>
+
+#include <algorithm>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -136,9 +139,109 @@ TEST_F(ImportCommandTest, Import_SeveralFiles_EachHasItsOwn) {
                     "driver-feature: not carried over in all: 1 constraint; --verbose names "
                     "each\n"));
   EXPECT_THAT(fileNames(), ElementsAre("a.ppd", "a.xml", "b.ppd", "b.xml"));
-  EXPECT_THAT(run({"import", "a.ppd", "b.ppd", "-v"}).errors,
-              HasSubstr("driver-feature: b.ppd: not carried over: constraint *Duplex *Duplex "
-                        "Off\n"));
+  EXPECT_EQ(run({"import", "a.ppd", "b.ppd", "-v"}).errors,
+            "driver-feature: b.ppd: not carried over: constraint *Duplex *Duplex Off\n"
+            "driver-feature: 2 PPD files imported, with 2 features and 2 options\n"
+            "driver-feature: not carried over in all: 1 constraint\n");
+}
+
+// Eight choices that libcups cannot choose, three hundred constraints of both
+// kinds, and a text and two keywords.
+std::string lossyPpd() {
+  std::string ppd = std::string(kSmall) + "*NickName: \"A\"\n*ModelName: \"A\"\n";
+  for (int i = 0; i < 299; ++i) {
+    ppd += "*UIConstraints: *Duplex Off *Tray C" + std::to_string(i) + "\n";
+  }
+  ppd += "*cupsUIConstraints X: \"*Duplex Off *Tray A\"\n";
+  ppd += "*OpenUI *Tray/Paper source: PickOne\n*Tray A: \"\"\n";
+  for (int i = 0; i < 8; ++i) ppd += "*Tray {" + std::to_string(i) + ": \"\"\n";
+  return ppd + "*CloseUI: *Tray\n";
+}
+
+constexpr const char* kLossySummary =
+    "driver-feature: a.ppd: not carried over: choice *Tray {0: libcups takes another choice "
+    "of the option for it\n"
+    "driver-feature: a.ppd: not carried over: choice *Tray {1: libcups takes another choice "
+    "of the option for it\n"
+    "driver-feature: a.ppd: not carried over: choice *Tray {2: libcups takes another choice "
+    "of the option for it\n"
+    "driver-feature: a.ppd: not carried over: choice *Tray {3: libcups takes another choice "
+    "of the option for it\n"
+    "driver-feature: a.ppd: not carried over: choice *Tray {4: libcups takes another choice "
+    "of the option for it\n"
+    "driver-feature: a.ppd: not carried over: 3 more parts of options, 300 constraints, 1 text for "
+    "users, 2 other keywords; --verbose names each\n";
+
+TEST_F(ImportCommandTest, Import_OneFileWithManyLosses_SumsThemUpInAFewLines) {
+  write("a.ppd", lossyPpd());
+  EXPECT_EQ(run({"import", "a.ppd", "--output", "a.xml"}), failure(0, kLossySummary));
+  EXPECT_EQ(run({"import", "a.ppd", "--output", "a.xml", "-q"}), success(""));
+}
+
+TEST_F(ImportCommandTest, Import_OneFileVerbosely_NamesEveryLoss) {
+  write("a.ppd", lossyPpd());
+  const RunResult result = run({"import", "a.ppd", "--output", "a.xml", "--verbose"});
+  EXPECT_EQ(result.status, 0);
+  // Eight choices, 300 constraints, the texts and the keywords.
+  EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 310);
+  for (const char* line : {"choice *Tray {7: libcups takes another choice of the option for "
+                           "it",
+                           "constraint *Duplex Off *Tray C298", "constraint *Duplex Off *Tray A",
+                           "texts for users: *Tray", "keywords: *NickName, *ModelName"}) {
+    EXPECT_THAT(result.errors,
+                HasSubstr(std::string("driver-feature: a.ppd: not carried over: ") + line + "\n"));
+  }
+}
+
+constexpr const char* kRefusal =
+    ": no description is written: with --strict the loss of parts of options or of constraints is "
+    "an error\n";
+
+TEST_F(ImportCommandTest, Import_StrictlyWithLosses_WritesNothingAndEndsWithThree) {
+  write("a.ppd", lossyPpd());
+  write("a.xml", "of before");
+  const std::string refusal = std::string("driver-feature: a.ppd") + kRefusal;
+  EXPECT_EQ(run({"import", "--strict", "a.ppd", "--output", "a.xml"}),
+            failure(3, kLossySummary + refusal));
+  EXPECT_EQ(run({"import", "--strict", "-q", "a.ppd"}), failure(3, refusal));
+  EXPECT_EQ(read("a.xml"), "of before");
+  write("constraint.ppd", std::string(kSmall) + "*UIConstraints: *Duplex *Duplex Off\n");
+  EXPECT_EQ(run({"import", "--strict", "constraint.ppd"}).status, 3);
+  write("cups.ppd", std::string(kSmall) + "*cupsUIConstraints: \"*Duplex *Duplex Off\"\n");
+  EXPECT_EQ(run({"import", "--strict", "cups.ppd"}).status, 3);
+  write("order.ppd", std::string(kSmall) +
+                         "*OpenUI *Tray: PickOne\n*OrderDependency: -1 AnySetup *Tray\n"
+                         "*DefaultTray: A\n*Tray A: \"\"\n*CloseUI: *Tray\n");
+  EXPECT_EQ(run({"import", "--strict", "order.ppd"}).status, 3);
+}
+
+TEST_F(ImportCommandTest, Import_StrictlyWithTextsAndKeywordsAlone_Succeeds) {
+  write("a.ppd", std::string(kSmall) +
+                     "*NickName: \"A\"\n*OpenUI *Tray/Paper source: PickOne\n"
+                     "*DefaultTray: A\n*Tray A: \"\"\n*CloseUI: *Tray\n");
+  EXPECT_EQ(run({"import", "--strict", "a.ppd", "--output", "a.xml"}),
+            failure(0,
+                    "driver-feature: a.ppd: not carried over: 1 text for users, 1 other keyword; "
+                    "--verbose names each\n"));
+  EXPECT_EQ(run({"check", "a.xml"}).status, 0);
+}
+
+TEST_F(ImportCommandTest, Import_SeveralFilesStrictly_ImportsTheOthers) {
+  write("a.ppd", kSmall);
+  write("b.ppd", std::string(kSmall) + "*UIConstraints: *Duplex *Duplex Off\n");
+  EXPECT_EQ(run({"import", "--strict", "a.ppd", "b.ppd"}),
+            failure(3,
+                    "driver-feature: b.ppd: not carried over: 1 constraint\n"
+                    "driver-feature: b.ppd" +
+                        std::string(kRefusal) +
+                        "driver-feature: 1 PPD file imported, with 1 feature and 1 option\n"
+                        "driver-feature: not carried over in all: 1 constraint; --verbose names "
+                        "each\n"
+                        "driver-feature: 1 failure: refused by --strict (1)\n"));
+  EXPECT_THAT(fileNames(), ElementsAre("a.ppd", "a.xml", "b.ppd"));
+  write("c.ppd", "no PPD file");
+  EXPECT_EQ(run({"import", "--strict", "a.ppd", "b.ppd", "c.ppd"}).status, 2);
+  EXPECT_EQ(run({"import", "--strict", "a.ppd", "a.ppd", "--output", "a.xml"}).status, 1);
 }
 
 TEST_F(ImportCommandTest, Import_Quietly_ShowsErrorsAndTheSummary) {
@@ -208,6 +311,25 @@ TEST_F(ImportCommandTest, ImportAll_NothingToImport_IsRefused) {
   EXPECT_EQ(result.status, 2);
   EXPECT_THAT(result.errors,
               HasSubstr("driver-feature: absent: cannot be read: No such file or directory\n"));
+}
+
+// The seconds that programs run by the test have computed for.
+double secondsOfChildren() {
+  rusage usage{};
+  getrusage(RUSAGE_CHILDREN, &usage);
+  return static_cast<double>(usage.ru_utime.tv_sec) +
+         static_cast<double>(usage.ru_utime.tv_usec) / 1e6;
+}
+
+// About a second; half a minute, if each choice were looked up among all.
+TEST_F(ImportCommandTest, Import_ManyChoices_TakesNoLongTime) {
+  constexpr double kSecondsAllowed = 15;
+  std::string ppd = "*PPD-Adobe: \"4.3\"\n*OpenUI *Big: PickOne\n*DefaultBig: C0\n";
+  for (int i = 0; i < 150000; ++i) ppd += "*Big C" + std::to_string(i) + ": \"c\"\n";
+  write("big.ppd", ppd + "*CloseUI: *Big\n");
+  const double before = secondsOfChildren();
+  EXPECT_EQ(run({"import", "big.ppd", "--output", "big.xml"}), success(""));
+  EXPECT_LT(secondsOfChildren() - before, kSecondsAllowed);
 }
 
 // What the program writes to standard error when that is a terminal.

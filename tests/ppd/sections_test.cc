@@ -17,6 +17,9 @@ class SectionsTest : public PpdTest {
 
 TEST_F(SectionsTest, Import_WhatIsNotCarriedOver_IsNamed) {
   EXPECT_EQ(errors_,
+            "driver-feature: sections.ppd: not carried over: 2 constraints, 2 texts for users, 6 "
+            "other keywords; --verbose names each\n");
+  EXPECT_EQ(run({"import", "sections.ppd", "--output", "sections.xml", "--verbose"}).errors,
             "driver-feature: sections.ppd: not carried over: constraint *Duplex Both *Finish\n"
             "driver-feature: sections.ppd: not carried over: constraint *Finish Staple *Duplex "
             "Both\n"
