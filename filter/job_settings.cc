@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -33,22 +35,33 @@ bool isKnownToLibcups(const std::string& option) {
   return std::find(kKnown.begin(), kKnown.end(), option) != kKnown.end();
 }
 
-// Whether the option asks for other pages, or pages in another order, than the
-// document has. Filters that convert documents see to that.
-bool isForPages(const Setting& option) {
-  struct Row {
-    std::string_view option;
-    std::string_view idle;  // Asks for nothing.
-  };
-  constexpr std::array<Row, 4> kRows = {
-      {{"number-up", "1"}, {"outputorder", "normal"}, {"page-ranges", ""}, {"page-set", "all"}}};
-  return std::any_of(kRows.begin(), kRows.end(), [&option](const Row& row) {
-    return row.option == option.name && row.idle != option.value;
-  });
+const std::string kPageSize = "PageSize";
+constexpr std::string_view kCustom = "Custom.";
+constexpr const char* kSizeRemedy =
+    "\" is no size; give one such as Custom.200x300 in points or Custom.10x20cm";
+
+bool isCustom(const std::string& value) {
+  return value.starts_with(kCustom) || value.starts_with('{') || value == "Custom";
+}
+
+bool takeNumber(std::string_view& text) {
+  float number = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (read.ec != std::errc() || !std::isfinite(number) || number <= 0) return false;
+  text.remove_prefix(static_cast<std::size_t>(read.ptr - text.data()));
+  return true;
+}
+
+// Whether it is WIDTHxLENGTH with a unit that libcups knows, or none for
+// points.
+bool isSize(std::string_view text) {
+  constexpr std::array<std::string_view, 7> kUnits = {"", "cm", "ft", "in", "m", "mm", "pt"};
+  if (!takeNumber(text) || !text.starts_with('x')) return false;
+  text.remove_prefix(1);
+  return takeNumber(text) && std::find(kUnits.begin(), kUnits.end(), text) != kUnits.end();
 }
 
 std::string withoutCustom(const std::string& value) {
-  constexpr std::string_view kCustom = "Custom.";
   return value.starts_with(kCustom) ? value.substr(kCustom.size()) : value;
 }
 
@@ -59,9 +72,15 @@ std::string keywordPart(const std::string& name) {
 }  // namespace
 
 bool JobSettings::apply(const FilterArguments& arguments) {
-  isConverted_ = arguments.isConverted;
+  arguments_ = &arguments;
   for (const Setting& option : arguments.options) sort(option);
-  addCopies(arguments);
+  copiesFeature_ = copiesFeature();
+  if (ppd_ != nullptr) ppd_->mark(forPpd_);
+  if (const auto problem = pages_.decide(takesCopies())) {
+    tell(Message::kError, *problem);
+    return false;
+  }
+  addCopies(pages_.makesCopies() ? 1 : arguments.copies);
   addDefault("job-name", harmless(arguments.title));
   addDefault("user-name", harmless(arguments.user));
   for (;;) {
@@ -88,52 +107,127 @@ void JobSettings::sort(const Setting& option) {
   const auto feature = model_.features.find(keyword.value_or(option.name));
   const bool isChoice =
       feature == model_.features.end() || feature->second.kind() == FeatureKind::kMultiSelect;
-  if (keyword && isChoice) {
-    if (ppd_->hasChoice(*keyword, option.value)) {
-      forPpd_.push_back({*keyword, option.value});
-      named_[*keyword] = option.name;
-    } else {
-      refuse(option.name, "there is no choice \"" + option.value + "\"; choose one of " +
-                              join(ppd_->choicesOf(*keyword), ", "));
-    }
-    return;
-  }
+  if (keyword && isChoice) return sortChoice(option, *keyword);
   if (feature != model_.features.end()) {
     const std::string value = keyword ? withoutCustom(option.value) : option.value;
     wishes_.push_back({option.name, {feature->first, value}, ""});
     return;
   }
   if (sortByKey(option)) return;
-  passBy(option);
+  sortUnknown(option);
 }
 
-void JobSettings::passBy(const Setting& option) {
-  forPpd_.push_back(option);
-  if (!isConverted_ && isForPages(option)) {
-    tell(Message::kWarning, "option " + option.name +
-                                " has no effect, because the document was sent as PostScript, "
-                                "whose pages pass as they are");
+// A choice of the PPD. libcups does not give "PageRegion" a size of its own
+// making; it means the same as such a "PageSize".
+void JobSettings::sortChoice(const Setting& option, const std::string& keyword) {
+  const bool isRegion = keyword == "PageRegion" && isCustom(option.value);
+  const std::string& target = isRegion ? kPageSize : keyword;
+  if (isRegion && asksFor(kPageSize)) {
+    refuse(option.name, "it cannot be together with another PageSize; give one of them");
+  } else if (!ppd_->hasChoice(target, option.value)) {
+    refuse(option.name, "there is no choice \"" + option.value + "\"; choose one of " +
+                            join(ppd_->choicesOf(keyword), ", "));
+  } else if (target == kPageSize && option.value.starts_with(kCustom) &&
+             !isSize(option.value.substr(kCustom.size()))) {
+    refuse(option.name, "\"" + option.value + kSizeRemedy);
   } else {
-    tell(Message::kDebug, "option " + option.name + " is no feature and passes by");
+    forPpd_.push_back({target, option.value});
+    named_[target] = option.name;
   }
+}
+
+// An option of neither the PPD nor the features.
+void JobSettings::sortUnknown(const Setting& option) {
+  if (ppd_ != nullptr && (isRefusedMedia(option) || isRefusedSides(option))) return;
+  forPpd_.push_back(option);
+  if (pages_.take(option)) return;
+  if (ppd_ != nullptr && isKnownToLibcups(option.name) && ppd_->understands(option)) return;
+  tell(Message::kDebug,
+       "option " + option.name + " is ignored, because this queue does not have it");
+}
+
+bool JobSettings::asksFor(const std::string& name) const {
+  return std::any_of(
+      arguments_->options.begin(), arguments_->options.end(),
+      [&name](const Setting& option) { return equalKeywords(option.name.c_str(), name.c_str()); });
+}
+
+// "media" is a list of sizes, trays and types. libcups passes over those that
+// the PPD does not have, and over all sizes beside one that is given by name.
+bool JobSettings::isRefusedMedia(const Setting& option) {
+  if (option.name != "media" || !ppd_->keywordOf(kPageSize)) return false;
+  if (asksFor(kPageSize) || asksFor("PageRegion")) return false;
+  std::string_view rest = option.value;
+  do {
+    const std::string part(rest.substr(0, rest.find(',')));
+    rest.remove_prefix(std::min(part.size() + 1, rest.size()));
+    if (part.starts_with(kCustom) && !isSize(part.substr(kCustom.size()))) {
+      refuse(option.name, "\"" + part + kSizeRemedy);
+      return true;
+    }
+    if (ppd_->understands({option.name, part})) continue;
+    refuse(option.name, "there is no size, tray or type \"" + part + "\"; choose one of " +
+                            join(ppd_->choicesOf(kPageSize), ", "));
+    return true;
+  } while (!rest.empty());
+  return false;
+}
+
+bool JobSettings::isRefusedSides(const Setting& option) {
+  if (option.name != "sides" || ppd_->understands(option)) return false;
+  std::vector<std::string> known;
+  for (const char* value : {"one-sided", "two-sided-long-edge", "two-sided-short-edge"}) {
+    if (ppd_->understands({option.name, value})) known.emplace_back(value);
+  }
+  // A printer without a choice prints on one side in any case.
+  if (known.empty() || option.value == "one-sided") return false;
+  refuse(option.name,
+         "there is no choice \"" + option.value + "\"; choose one of " + join(known, ", "));
+  return true;
 }
 
 bool JobSettings::sortByKey(const Setting& option) {
   const auto feature = featureWithKey(model_, option.name);
   if (!feature) return false;
   const auto value = valueWithKey(model_, *feature, option.value);
-  if (!value && ppd_ != nullptr && isKnownToLibcups(option.name)) return false;
+  if (!value && ppd_ != nullptr && isKnownToLibcups(option.name)) {
+    const bool isStrict = option.name == "media" || option.name == "sides";
+    if (!isStrict || ppd_->understands(option)) return false;
+  }
   wishes_.push_back({option.name, {*feature, value.value_or(option.value)}, ""});
   return true;
 }
 
-void JobSettings::addCopies(const FilterArguments& arguments) {
+std::string JobSettings::copiesFeature() const {
   std::string name = "Copies";
   if (!model_.features.contains(name)) name = featureWithKey(model_, "copies").value_or("");
   const auto feature = model_.features.find(name);
-  if (feature == model_.features.end() || feature->second.kind() != FeatureKind::kIntEntry) return;
-  takesCopies_ = true;
-  if (!isAsked(name)) wishes_.push_back({"copies", {name, std::to_string(arguments.copies)}, ""});
+  const bool isCount =
+      feature != model_.features.end() && feature->second.kind() == FeatureKind::kIntEntry;
+  return isCount ? name : "";
+}
+
+void JobSettings::addCopies(int copies) {
+  if (copiesFeature_.empty() || isAsked(copiesFeature_)) return;
+  wishes_.push_back({"copies", {copiesFeature_, std::to_string(copies)}, ""});
+}
+
+int JobSettings::copiesMade(int asked) const {
+  if (copiesFeature_.empty()) return asked;
+  const std::string text = settingText(model_.features.at(copiesFeature_)).value_or("");
+  int made = asked;
+  std::from_chars(text.data(), text.data() + text.size(), made);
+  return std::max(made, 1);
+}
+
+void JobSettings::markAll() {
+  if (ppd_ == nullptr) return;
+  std::vector<Setting> options = forPpd_;
+  for (const Wish& wish : wishes_) {
+    const bool isChoice = ppd_->hasChoice(wish.setting.name, wish.setting.value);
+    if (isChoice && wish.reason.empty()) options.push_back(wish.setting);
+  }
+  ppd_->mark(options);
 }
 
 // A feature that is named after something that every job has gets it, unless
