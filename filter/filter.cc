@@ -113,7 +113,7 @@ int runFilter(int argc, const char* const* argv) {
   if (!texts) return kFailure;
   if (const auto failure = pages.start(*arguments)) return fail(*failure);
   auto failure = copyJob(*arguments, *texts);
-  if (const auto ofPages = pages.finish(failure || isCancelled())) failure = ofPages;
+  if (const auto ofPages = pages.finish(); ofPages && !isCancelled()) failure = ofPages;
   return failure ? fail(*failure) : kSuccess;
 }
 

@@ -1,6 +1,7 @@
 #include "filter/page_filter.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,7 +24,7 @@ namespace driver_feature {
 namespace {
 
 constexpr int kPatience = 5000;        // Milliseconds for its end after its output's.
-constexpr int kLittlePatience = 2000;  // Milliseconds for its end after a signal.
+constexpr int kLittlePatience = 1000;  // Milliseconds for its end after a signal.
 constexpr int kStep = 5;
 
 std::string failure(const std::string& what, int error) {
@@ -49,6 +50,12 @@ std::vector<char*> pointersTo(std::vector<std::string>& texts) {
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;
+}
+
+// Whether nothing is left to read, and nobody writes any more.
+bool hasEnded(int descriptor) {
+  pollfd wait{descriptor, POLLIN, 0};
+  return ::poll(&wait, 1, 0) == 1 && (wait.revents & POLLIN) == 0;
 }
 
 }  // namespace
@@ -141,20 +148,21 @@ void PageFilter::stop() {
   child_ = -1;
 }
 
-std::optional<std::string> PageFilter::finish(bool isBroken) {
+std::optional<std::string> PageFilter::finish() {
   if (child_ == -1) return std::nullopt;
+  const bool isRead = hasEnded(STDIN_FILENO);
   // A filter that still writes finds out that nobody reads.
   const int nothing = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-  if (nothing != -1) {
-    ::dup2(nothing, STDIN_FILENO);
-    ::close(nothing);
-  } else {
-    ::close(STDIN_FILENO);
+  if (nothing == -1) return "there is no /dev/null: " + std::string(std::strerror(errno));
+  ::dup2(nothing, STDIN_FILENO);
+  ::close(nothing);
+  if (!isRead) {
+    stop();
+    return std::nullopt;
   }
   const std::string name = "the scheduler's filter " + pageFilterPath();
-  if (!waitFor(isBroken ? 0 : kPatience)) {
+  if (!waitFor(kPatience)) {
     stop();
-    if (isBroken) return std::nullopt;
     return name + " did not end after its output; the document may not be whole";
   }
   if (WIFSIGNALED(status_)) {

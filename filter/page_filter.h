@@ -39,10 +39,9 @@ class PageFilter {
                                    const FilterArguments& arguments,
                                    const std::vector<Setting>& options);
 
-  // Waits for the end of the filter, whose output has been read to its end.
-  // Returns why it failed. `isBroken` says that the output has not been read to
-  // its end: the filter is then ended, and nothing is returned.
-  std::optional<std::string> finish(bool isBroken);
+  // Waits for the end of the filter and returns why it failed. One whose output
+  // has not been read to its end is ended, and nothing is returned.
+  std::optional<std::string> finish();
 
  private:
   bool waitFor(int milliseconds);

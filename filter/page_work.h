@@ -41,7 +41,7 @@ class PageWork {
   std::optional<std::string> start(FilterArguments& arguments);
 
   // Ends it, as PageFilter::finish() does.
-  std::optional<std::string> finish(bool isBroken) { return filter_.finish(isBroken); }
+  std::optional<std::string> finish() { return filter_.finish(); }
 
  private:
   bool wantsCopies(bool takesCopies) const;
