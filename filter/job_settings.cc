@@ -155,7 +155,7 @@ bool JobSettings::asksFor(const std::string& name) const {
 // "media" is a list of sizes, trays and types. libcups passes over those that
 // the PPD does not have, and over all sizes beside one that is given by name.
 bool JobSettings::isRefusedMedia(const Setting& option) {
-  if (option.name != "media" || !ppd_->keywordOf(kPageSize)) return false;
+  if (option.name != "media" || option.value.empty() || !ppd_->keywordOf(kPageSize)) return false;
   if (asksFor(kPageSize) || asksFor("PageRegion")) return false;
   std::string_view rest = option.value;
   do {

@@ -66,6 +66,8 @@ void PageCount::takeBeforePages(std::string_view line) {
 }
 
 void PageCount::takePages(std::string_view line) {
+  // Most comments of a page mean nothing.
+  if (line.size() < 2 || (line[1] != '%' && line[1] != 'A')) return;
   const bool isOutside = documents_ == 0;
   if (line.starts_with("%%BeginDocument") || line.starts_with("%ADO_BeginApplication")) {
     ++documents_;
