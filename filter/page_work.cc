@@ -72,9 +72,8 @@ bool PageWork::wantsWork() const {
 }
 
 void PageWork::warn(const std::vector<std::string>& options, const std::string& reason) const {
-  for (const std::string& option : options) {
-    tell(Message::kWarning, "option " + option + " has no effect, because " + reason);
-  }
+  const std::string end = " has no effect, because " + reason;
+  for (const std::string& option : options) tell(Message::kWarning, "option " + option + end);
 }
 
 // What nobody has asked for by an option is worth a warning only where the
@@ -97,7 +96,7 @@ std::optional<std::string> PageWork::decide(bool takesCopies) {
     giveUpAll("the scheduler's filter " + pageFilterPath() + " is not there");
     return std::nullopt;
   }
-  const auto problem = document_.read(arguments_.file);
+  auto problem = document_.read(arguments_.file);
   if (problem || isCancelled()) return problem;
   if (!document_.isDocument()) {
     giveUpAll("the job is not one PostScript document");
