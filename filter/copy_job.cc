@@ -36,6 +36,20 @@ Problem problemOf(const JobStructure& job) {
          "first";
 }
 
+// Of a document on whose pages the scheduler's filter has worked.
+Problem problemOf(const PageCount& count, const JobTexts& texts) {
+  const bool isWhole = texts.end == DocumentEnd::kAny ||
+                       (texts.end == DocumentEnd::kTrailer && count.hasTrailer()) ||
+                       (texts.end == DocumentEnd::kPages && count.pages() == texts.pages);
+  if (!isWhole) {
+    return "the document is not whole, because the scheduler's filter for pages has ended early";
+  }
+  if (texts.end != DocumentEnd::kAny && count.pages() == 0) {
+    tell(Message::kWarning, "no page is printed, because the job's options leave out all of them");
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<std::string> copyJob(const FilterArguments& arguments, const JobTexts& texts) {
@@ -60,6 +74,7 @@ std::optional<std::string> copyJob(const FilterArguments& arguments, const JobTe
   }
   if (!problem) problem = problemOf(device);
   if (!problem) problem = problemOf(job);
+  if (!problem) problem = problemOf(job.pageCount(), texts);
   if (!problem && !job.isSetUp()) {
     tell(Message::kWarning,
          "no comment in the job shows where its pages begin; the settings of "

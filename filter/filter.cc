@@ -109,9 +109,9 @@ int runFilter(int argc, const char* const* argv) {
   if (!queue) return fail(problem);
   tell(Message::kDebug, "the description is " + queue->description);
   PageWork pages(*arguments, ppd.get());
-  const auto texts = textsFor(*arguments, *queue, ppd.get(), pages);
+  auto texts = textsFor(*arguments, *queue, ppd.get(), pages);
   if (!texts) return kFailure;
-  if (const auto failure = pages.start(*arguments)) return fail(*failure);
+  if (const auto failure = pages.start(*arguments, *texts)) return fail(*failure);
   auto failure = copyJob(*arguments, *texts);
   if (const auto ofPages = pages.finish(); ofPages && !isCancelled()) failure = ofPages;
   return failure ? fail(*failure) : kSuccess;

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <string_view>
 #include <utility>
 
 #include "filter/feature_key.h"
+#include "filter/media_rule.h"
 #include "filter/messages.h"
 #include "host/settings_file.h"
 #include "host/text.h"
@@ -36,32 +36,10 @@ bool isKnownToLibcups(const std::string& option) {
 }
 
 const std::string kPageSize = "PageSize";
-constexpr std::string_view kCustom = "Custom.";
-constexpr const char* kSizeRemedy =
-    "\" is no size; give one such as Custom.200x300 in points or Custom.10x20cm";
-
-bool isCustom(const std::string& value) {
-  return value.starts_with(kCustom) || value.starts_with('{') || value == "Custom";
-}
-
-bool takeNumber(std::string_view& text) {
-  float number = 0;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (read.ec != std::errc() || !std::isfinite(number) || number <= 0) return false;
-  text.remove_prefix(static_cast<std::size_t>(read.ptr - text.data()));
-  return true;
-}
-
-// Whether it is WIDTHxLENGTH with a unit that libcups knows, or none for
-// points.
-bool isSize(std::string_view text) {
-  constexpr std::array<std::string_view, 7> kUnits = {"", "cm", "ft", "in", "m", "mm", "pt"};
-  if (!takeNumber(text) || !text.starts_with('x')) return false;
-  text.remove_prefix(1);
-  return takeNumber(text) && std::find(kUnits.begin(), kUnits.end(), text) != kUnits.end();
-}
+const std::string kMirror = "MirrorPrint";
 
 std::string withoutCustom(const std::string& value) {
+  constexpr std::string_view kCustom = "Custom.";
   return value.starts_with(kCustom) ? value.substr(kCustom.size()) : value;
 }
 
@@ -75,11 +53,7 @@ bool JobSettings::apply(const FilterArguments& arguments) {
   arguments_ = &arguments;
   for (const Setting& option : arguments.options) sort(option);
   copiesFeature_ = copiesFeature();
-  if (ppd_ != nullptr) ppd_->mark(forPpd_);
-  if (const auto problem = pages_.decide(takesCopies())) {
-    tell(Message::kError, *problem);
-    return false;
-  }
+  if (!settlePages()) return false;
   addCopies(pages_.makesCopies() ? 1 : arguments.copies);
   addDefault("job-name", harmless(arguments.title));
   addDefault("user-name", harmless(arguments.user));
@@ -122,24 +96,32 @@ void JobSettings::sort(const Setting& option) {
 void JobSettings::sortChoice(const Setting& option, const std::string& keyword) {
   const bool isRegion = keyword == "PageRegion" && isCustom(option.value);
   const std::string& target = isRegion ? kPageSize : keyword;
+  Refusal refusal;
   if (isRegion && asksFor(kPageSize)) {
-    refuse(option.name, "it cannot be together with another PageSize; give one of them");
+    refusal = "it cannot be together with another PageSize; give one of them";
   } else if (!ppd_->hasChoice(target, option.value)) {
-    refuse(option.name, "there is no choice \"" + option.value + "\"; choose one of " +
-                            join(ppd_->choicesOf(keyword), ", "));
-  } else if (target == kPageSize && option.value.starts_with(kCustom) &&
-             !isSize(option.value.substr(kCustom.size()))) {
-    refuse(option.name, "\"" + option.value + kSizeRemedy);
-  } else {
-    forPpd_.push_back({target, option.value});
-    named_[target] = option.name;
+    refusal = "there is no choice \"" + option.value + "\"; choose one of " +
+              join(ppd_->choicesOf(keyword), ", ");
+  } else if (target == kPageSize) {
+    refusal = customSizeRefusal(option.value);
   }
+  if (refusal) return refuse(option.name, *refusal);
+  forPpd_.push_back({target, option.value});
+  named_[target] = option.name;
 }
 
 // An option of neither the PPD nor the features.
 void JobSettings::sortUnknown(const Setting& option) {
-  if (ppd_ != nullptr && (isRefusedMedia(option) || isRefusedSides(option))) return;
+  if (ppd_ != nullptr) {
+    // A size that is asked for by name is stronger.
+    const bool hasSize = asksFor(kPageSize) || asksFor("PageRegion");
+    const Refusal refusal = option.name == "media" && !hasSize ? mediaRefusal(*ppd_, option.value)
+                                                               : sidesRefusal(*ppd_, option);
+    if (refusal) return refuse(option.name, *refusal);
+  }
   forPpd_.push_back(option);
+  // libcups makes it a choice of the PPD.
+  if (option.name == "mirror" && ppd_ != nullptr && ppd_->keywordOf(kMirror)) return;
   if (pages_.take(option)) return;
   if (ppd_ != nullptr && isKnownToLibcups(option.name) && ppd_->understands(option)) return;
   tell(Message::kDebug,
@@ -152,37 +134,21 @@ bool JobSettings::asksFor(const std::string& name) const {
       [&name](const Setting& option) { return equalKeywords(option.name.c_str(), name.c_str()); });
 }
 
-// "media" is a list of sizes, trays and types. libcups passes over those that
-// the PPD does not have, and over all sizes beside one that is given by name.
-bool JobSettings::isRefusedMedia(const Setting& option) {
-  if (option.name != "media" || option.value.empty() || !ppd_->keywordOf(kPageSize)) return false;
-  if (asksFor(kPageSize) || asksFor("PageRegion")) return false;
-  std::string_view rest = option.value;
-  do {
-    const std::string part(rest.substr(0, rest.find(',')));
-    rest.remove_prefix(std::min(part.size() + 1, rest.size()));
-    if (part.starts_with(kCustom) && !isSize(part.substr(kCustom.size()))) {
-      refuse(option.name, "\"" + part + kSizeRemedy);
-      return true;
-    }
-    if (ppd_->understands({option.name, part})) continue;
-    refuse(option.name, "there is no size, tray or type \"" + part + "\"; choose one of " +
-                            join(ppd_->choicesOf(kPageSize), ", "));
-    return true;
-  } while (!rest.empty());
-  return false;
-}
-
-bool JobSettings::isRefusedSides(const Setting& option) {
-  if (option.name != "sides" || ppd_->understands(option)) return false;
-  std::vector<std::string> known;
-  for (const char* value : {"one-sided", "two-sided-long-edge", "two-sided-short-edge"}) {
-    if (ppd_->understands({option.name, value})) known.emplace_back(value);
+// Who works on the pages. Mirrored pages are made like others, and the
+// printer's own way is then left off.
+bool JobSettings::settlePages() {
+  if (ppd_ != nullptr) ppd_->mark(forPpd_);
+  const bool isMirrored =
+      ppd_ != nullptr && ppdIsMarked(&ppd_->file(), kMirror.c_str(), "True") != 0;
+  if (isMirrored) pages_.takeMirror();
+  if (const auto problem = pages_.decide(takesCopies())) {
+    tell(Message::kError, *problem);
+    return false;
   }
-  // A printer without a choice prints on one side in any case.
-  if (known.empty() || option.value == "one-sided") return false;
-  refuse(option.name,
-         "there is no choice \"" + option.value + "\"; choose one of " + join(known, ", "));
+  if (isMirrored && pages_.works()) {
+    std::erase_if(forPpd_, [](const Setting& s) { return s.name == "mirror"; });
+    forPpd_.push_back({kMirror, "False"});
+  }
   return true;
 }
 

@@ -53,9 +53,8 @@ class JobSettings {
   bool sortByKey(const Setting& option);
   void sortChoice(const Setting& option, const std::string& keyword);
   void sortUnknown(const Setting& option);
-  bool isRefusedMedia(const Setting& option);
-  bool isRefusedSides(const Setting& option);
   bool asksFor(const std::string& name) const;
+  bool settlePages();
   std::string copiesFeature() const;
   void addCopies(int copies);
   void addDefault(const std::string& key, const std::string& value);

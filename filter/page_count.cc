@@ -8,6 +8,7 @@ namespace driver_feature {
 namespace {
 
 constexpr std::string_view kStructured = "%!PS-Adobe-";
+constexpr std::string_view kTrailer = "%%Trailer";
 constexpr std::string_view kCopies = "%RBINumCopies:";
 
 int numberIn(std::string_view text) {
@@ -32,6 +33,7 @@ void PageCount::begin(std::string_view line) {
 }
 
 void PageCount::take(std::string_view line) {
+  hasTrailer_ = hasTrailer_ || line.starts_with(kTrailer);
   switch (place_) {
     case Place::kHeader:
       return takeHeader(line);
@@ -60,7 +62,7 @@ void PageCount::takeBeforePages(std::string_view line) {
     hasSetup_ = true;
   } else if (line.starts_with("%%EndSetup")) {
     isSetUp_ = hasSetup_;
-  } else if (line.starts_with("%%Trailer") && isSetUp_) {
+  } else if (line.starts_with(kTrailer) && isSetUp_) {
     place_ = Place::kBehindPages;
   }
 }
@@ -75,7 +77,7 @@ void PageCount::takePages(std::string_view line) {
     if (!isOutside) --documents_;
   } else if (isOutside && line.starts_with("%%Page:")) {
     addPage();
-  } else if (isOutside && (line.starts_with("%%Trailer") || line.starts_with("%%EOF"))) {
+  } else if (isOutside && (line.starts_with(kTrailer) || line.starts_with("%%EOF"))) {
     place_ = Place::kBehindPages;
   }
 }

@@ -35,6 +35,9 @@ class PageCount {
   // Whether the document's comments tell its pages.
   bool isStructured() const { return isStructured_; }
 
+  // Whether a comment has begun a trailer, of the document or of one within it.
+  bool hasTrailer() const { return hasTrailer_; }
+
   // How many copies of each page the document's own commands make, which a
   // filter that has converted the document says in the header; 1 without that.
   int copiesInside() const { return copiesInside_; }
@@ -53,6 +56,7 @@ class PageCount {
   long documents_ = 0;  // Embedded documents around this line.
   int copiesInside_ = 1;
   bool isStructured_ = false;
+  bool hasTrailer_ = false;
   bool hasSetup_ = false;  // A document set-up has begun.
   bool isSetUp_ = false;   // It has ended.
 };

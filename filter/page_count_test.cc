@@ -16,6 +16,7 @@ struct Counted {
   std::vector<long> told;
   int copies = 0;
   bool isStructured = false;
+  bool hasTrailer = false;
 };
 
 // Counts the pages of a document with these lines.
@@ -36,6 +37,7 @@ Counted count(const std::string& document) {
   EXPECT_EQ(pages.pages(), static_cast<long>(result.told.size()));
   result.copies = pages.copiesInside();
   result.isStructured = pages.isStructured();
+  result.hasTrailer = pages.hasTrailer();
   return result;
 }
 
@@ -88,6 +90,12 @@ TEST(PageCount, Trailer_EndsThePages) {
   EXPECT_THAT(count(kHead + kSetup + "%%Trailer\n%%Page: 1 1\n").told, IsEmpty());
   // What looks like a trailer in front of the set-up's end is none.
   EXPECT_THAT(count(kHead + "%%EndSetup\n%%Trailer\n%%Page: 1 1\n").told, ElementsAre(1));
+}
+
+TEST(PageCount, Trailer_IsSeenEverywhere) {
+  EXPECT_FALSE(count(kHead + "%%Page: 1 1\n%%EOF\n").hasTrailer);
+  EXPECT_TRUE(count(kHead + "%%Page: 1 1\n%%BeginDocument: a\n%%Trailer\n").hasTrailer);
+  EXPECT_TRUE(count(kHead + "%%Trailer\n").hasTrailer);
 }
 
 TEST(PageCount, SecondDocument_IsCountedToo) {

@@ -67,13 +67,15 @@ bool PageWork::wantsCopies(bool takesCopies) const {
 }
 
 bool PageWork::wantsWork() const {
-  if (!asked_.empty() || isReversed() || isClassified()) return true;
+  if (!asked_.empty() || isMirrored_ || isReversed() || isClassified()) return true;
   return ppd_ != nullptr && fillsLastSheet(ppd_->file());
 }
 
 void PageWork::warn(const std::vector<std::string>& options, const std::string& reason) const {
-  const std::string end = " has no effect, because " + reason;
-  for (const std::string& option : options) tell(Message::kWarning, "option " + option + end);
+  for (const std::string& option : options) {
+    tell(Message::kWarning,
+         std::string("option ").append(option).append(" has no effect, because ").append(reason));
+  }
 }
 
 // What nobody has asked for by an option is worth a warning only where the
@@ -127,20 +129,29 @@ bool PageWork::asksForReverse() const {
   return outputOrder(options_) == OutputOrder::kReverse;
 }
 
-std::optional<std::string> PageWork::start(FilterArguments& arguments) {
+std::optional<std::string> PageWork::start(FilterArguments& arguments, JobTexts& texts) {
   if (isCancelled() || (!works_ && !makesCopies_)) return std::nullopt;
   std::vector<Setting> options = options_;
   // The commands of the printer's own language come from the description.
   options.push_back({"emit-jcl", "false"});
   if (makesCopies_) options.push_back({"Collate", "true"});
+  if (works_ && isMirrored_) options.push_back({"mirror", "true"});
   if (works_ && isReversed()) options.push_back({"OutputOrder", "Reverse"});
   FilterArguments forFilter = arguments;
   forFilter.copies = makesCopies_ ? copies_ : 1;
   auto problem =
       filter_.start(document_.descriptor(), pagePpd(ppd_ != nullptr ? &ppd_->file() : nullptr),
                     forFilter, options);
-  if (!problem) arguments.file.clear();
-  return problem;
+  if (problem) return problem;
+  arguments.file.clear();
+  // The filter does not say that it has ended too early.
+  if (document_.isStructured()) {
+    texts.end = DocumentEnd::kTrailer;
+  } else {
+    texts.end = DocumentEnd::kPages;
+    texts.pages = copies_;
+  }
+  return std::nullopt;
 }
 
 }  // namespace driver_feature

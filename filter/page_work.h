@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "filter/arguments.h"
+#include "filter/copy_job.h"
 #include "filter/kept_document.h"
 #include "filter/page_filter.h"
 #include "filter/queue_ppd.h"
@@ -27,18 +28,24 @@ class PageWork {
   // An option that asks for something unknown is told as a warning.
   bool take(const Setting& option);
 
+  // Mirrors the pages if it can be done; nobody is told if not.
+  void takeMirror() { isMirrored_ = true; }
+
   // Finds out who works on the pages, for which the job may be read. Each
   // option that nobody can carry out is told as a warning. The PPD has the
   // job's choices marked. `takesCopies` says that a feature makes copies.
   // Returns why the job fails.
   std::optional<std::string> decide(bool takesCopies);
 
+  // Whether the pages are worked on.
+  bool works() const { return works_; }
+
   // Whether the copies are made here, and not by the printer.
   bool makesCopies() const { return makesCopies_; }
 
   // Starts the work, if there is any: the job then comes from standard input,
-  // and `arguments` says so. The PPD has the job's choices marked.
-  std::optional<std::string> start(FilterArguments& arguments);
+  // and `arguments` and `texts` say so. The PPD has the job's choices marked.
+  std::optional<std::string> start(FilterArguments& arguments, JobTexts& texts);
 
   // Ends it, as PageFilter::finish() does.
   std::optional<std::string> finish() { return filter_.finish(); }
@@ -59,8 +66,9 @@ class PageWork {
   std::vector<Setting> options_;    // For the filter.
   std::vector<std::string> asked_;  // The names of those that ask for something.
   std::string collation_;           // The option that asks for it; empty without one.
-  bool works_ = false;              // The filter works on the pages.
-  bool makesCopies_ = false;        // It makes the copies.
+  bool isMirrored_ = false;
+  bool works_ = false;        // The filter works on the pages.
+  bool makesCopies_ = false;  // It makes the copies.
   KeptDocument document_;
   PageFilter filter_;
 };

@@ -241,6 +241,31 @@ TEST_F(PageWorkTest, FailingFilter_FailsTheJob) {
   EXPECT_EQ(result.status, 1);
 }
 
+// A filter that the scheduler or somebody else ends, ends well but too early.
+TEST_F(PageWorkTest, OutputThatEndsEarly_FailsTheJob) {
+  const std::string failure =
+      "ERROR: the document is not whole, because the scheduler's filter for pages has ended "
+      "early\n";
+  replaceFilter("sed '/^%%Trailer/,$d'");
+  RunResult result = filter("number-up=2");
+  EXPECT_EQ(told(result), kTwoPages + failure);
+  EXPECT_THAT(result.output, EndsWith("(two) pageText showpage\n" + kExit));
+  EXPECT_EQ(result.status, 1);
+  // Copies of a document without a trailer are counted.
+  write("job.ps", "%!\nshowpage\n");
+  replaceFilter("echo '%!PS-Adobe-3.0'; echo '%%EndComments'; echo '%%Page: 1 1'; cat");
+  result = filter("collate=true", "2");
+  EXPECT_EQ(told(result), "PAGE: 1 1\n" + failure);
+  EXPECT_EQ(result.status, 1);
+}
+
+TEST_F(PageWorkTest, NoPageLeft_IsWarnedOf) {
+  const RunResult result = filter("page-ranges=3");
+  EXPECT_EQ(told(result),
+            "WARNING: no page is printed, because the job's options leave out all of them\n");
+  EXPECT_EQ(result.status, 0);
+}
+
 TEST_F(PageWorkTest, FullFolder_FailsTheJob) {
   write("job.ps", read("job.ps") + std::string(10000, '%'));
   const RunResult result = filterWith({"7", "jane", "t", "1", "number-up=2", "job.ps"}, [] {
@@ -298,6 +323,28 @@ TEST_F(PageWorkTest, CancelWhileTheJobIsRead_WritesNothing) {
   running.cancel();
   EXPECT_EQ(running.read(100), "");
   EXPECT_EQ(running.finish(), 0);
+}
+
+// Pages are mirrored here or by the printer, but not by both.
+TEST_F(PageWorkTest, Mirror_IsDoneOnce) {
+  write("mirror.ppd", read("office.ppd") +
+                          "*OpenUI *MirrorPrint: Boolean\n"
+                          "*OrderDependency: 20 DocumentSetup *MirrorPrint\n"
+                          "*DefaultMirrorPrint: False\n*MirrorPrint True: \"/mirror true def\"\n"
+                          "*MirrorPrint False: \"/mirror false def\"\n*CloseUI: *MirrorPrint\n");
+  command({"import", "mirror.ppd", "--output", "mirror.xml"});
+  command({"--library", DRIVER_FEATURE_LIBRARY, "queue", "mirror.xml", "--ppd", "mirror.ppd",
+           "--output", "queue.ppd"});
+  set("DRIVER_FEATURE_DESCRIPTION", "");
+  set("PPD", "queue.ppd");
+  for (const std::string option : {"mirror=true", "MirrorPrint=True", "mirror=true number-up=2"}) {
+    const std::string output = filter(option).output;
+    EXPECT_THAT(output, HasSubstr("/mirror false def")) << option;
+    EXPECT_THAT(output, HasSubstr(" 0.0 translate -1 1 scale\n")) << option;
+  }
+  set("CUPS_SERVERBIN", "/nowhere");
+  EXPECT_THAT(filter("mirror=true").output, HasSubstr("/mirror true def"));
+  EXPECT_EQ(told(filter("MirrorPrint=True")), kTwoPages);
 }
 
 // The filter reads a PPD of the sheet and makes no commands of it.
