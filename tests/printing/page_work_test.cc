@@ -133,6 +133,7 @@ TEST_F(PageWorkTest, CollatedCopies_AreMadeOnce) {
 TEST_F(PageWorkTest, PagesInUncollatedCopies_AreCountedWithThem) {
   const RunResult result = filter("number-up=2", "3");
   EXPECT_THAT(result.output, HasSubstr("@PJL SET COPIES=3\r\n"));
+  EXPECT_THAT(result.output, HasSubstr("\n%RBINumCopies: 1\n"));
   EXPECT_EQ(told(result), "PAGE: 1 3\n");
 }
 
