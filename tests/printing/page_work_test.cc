@@ -3,6 +3,8 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -280,6 +282,27 @@ TEST_F(PageWorkTest, FullFolder_FailsTheJob) {
   EXPECT_EQ(told(filter("number-up=2")), "ERROR: the job cannot be kept in " +
                                              (folder() / "none").string() +
                                              ": No such file or directory\n");
+}
+
+// The filter keeps pages of its own when their order changes, and would not
+// notice that it cannot.
+TEST_F(PageWorkTest, FolderWithoutRoomForThePages_FailsTheJob) {
+  const std::string smallFolder = folder() / "tmp";
+  const auto mountSmallFolder = [&smallFolder] {
+    const bool isMounted =
+        (::unshare(CLONE_NEWNS) == 0 || ::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0) &&
+        ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+        ::mount("none", smallFolder.c_str(), "tmpfs", 0, "size=512k") == 0;
+    if (!isMounted) ::_exit(99);
+  };
+  const RunResult result =
+      filterWith({"7", "jane", "t", "1", "outputorder=reverse", "job.ps"}, mountSmallFolder);
+  if (result.status == 99) GTEST_SKIP() << "this user may not mount a small folder";
+  EXPECT_EQ(told(result),
+            "ERROR: the job cannot be kept in " + smallFolder + ": there is not enough room\n");
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(filterWith({"7", "jane", "t", "1", "page-set=odd", "job.ps"}, mountSmallFolder).status,
+            0);
 }
 
 TEST_F(PageWorkTest, DeviceThatWentAway_EndsTheFilter) {
