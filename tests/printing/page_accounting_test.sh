@@ -196,17 +196,17 @@ waitFor 60 isIdle || { echo "jobs are left:"; lpstat -o; exit 1; }
 # counted JOB: what the page log says.
 counted() { sed -n "s/^$1 [^ ]* \([0-9]*\) total$/\1/p" "$folder/log/pages"; }
 
-# picture FILE: the pages of a printed job as pictures, and what gs says. The job
-# may be several documents with PJL around each.
+# picture FILE NAME: makes NAME.pgm of the pages of a printed job, and of what gs
+# says. The job may be several documents with PJL around each.
 picture() {
   local part
-  rm -f part.*
+  rm -f "$2".part.*
   tr -d '\004' <"$1" | sed 's/\x1b%-12345X/\x01/g' |
-    awk -v RS='\001' '/%!/ { printf "%s", $0 >("part." ++count) }'
-  for part in part.*; do
+    awk -v RS='\001' -v name="$2" '/%!/ { printf "%s", $0 >(name ".part." ++count) }'
+  for part in "$2".part.*; do
     sed '/^@PJL/d' "$part" |
       gs -q -dBATCH -dNOPAUSE -dSAFER -r12 -sDEVICE=pgmraw -sOutputFile=- - 2>&1 || echo "gs fails"
-  done
+  done >"$2.pgm"
 }
 
 failures=0 pictures=0
@@ -223,8 +223,9 @@ for row in "${rows[@]}"; do
   if [ "$document $options" = "silent.ps -n 4" ]; then continue; fi
   # Without options the job is the document itself.
   case $document$options in *.pdf* | *.txt* | *.ps | *.eps) continue ;; esac
-  picture "$folder/jobs/plain_$printer/$plain" >plain.pgm
-  picture "$folder/jobs/filter_$printer/$filter" >filter.pgm
+  picture "$folder/jobs/plain_$printer/$plain" plain &
+  picture "$folder/jobs/filter_$printer/$filter" filter
+  wait "$!"
   pictures=$((pictures + 1))
   cmp plain.pgm filter.pgm || failures=$((failures + 1))
 done
