@@ -1,14 +1,12 @@
 #include "filter/copy_job.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
-#include <array>
-#include <cerrno>
 #include <cstring>
 
 #include "filter/cancellation.h"
 #include "filter/device.h"
+#include "filter/job_source.h"
 #include "filter/job_structure.h"
 #include "filter/messages.h"
 
@@ -17,43 +15,6 @@ namespace driver_feature {
 namespace {
 
 using Problem = std::optional<std::string>;
-
-// The job's bytes.
-class Source {
- public:
-  explicit Source(const std::string& file)
-      : name_(file.empty() ? "standard input" : file),
-        descriptor_(file.empty() ? STDIN_FILENO : ::open(file.c_str(), O_RDONLY | O_CLOEXEC)),
-        error_(descriptor_ == -1 ? errno : 0) {}
-  ~Source() {
-    if (descriptor_ > STDIN_FILENO) ::close(descriptor_);
-  }
-  Source(const Source&) = delete;
-  Source& operator=(const Source&) = delete;
-
-  // The next bytes; none at the end, after a failure and when the job is
-  // cancelled.
-  std::string_view read(Problem& problem) {
-    // Nobody waits for a file that could not be opened.
-    while (descriptor_ != -1 && waitToRead(descriptor_)) {
-      const ssize_t count = ::read(descriptor_, buffer_.data(), buffer_.size());
-      if (count >= 0) return {buffer_.data(), static_cast<std::size_t>(count)};
-      if (errno == EINTR || errno == EAGAIN) continue;
-      error_ = errno;
-      break;
-    }
-    if (error_ != 0) {
-      problem = "the job cannot be read from " + name_ + ": " + std::strerror(error_);
-    }
-    return {};
-  }
-
- private:
-  std::string name_;
-  int descriptor_;
-  int error_;  // The error number of a failure.
-  std::array<char, 65536> buffer_;
-};
 
 Problem problemOf(const Device& device) {
   if (!device.hasFailed()) return std::nullopt;
@@ -75,14 +36,29 @@ Problem problemOf(const JobStructure& job) {
          "first";
 }
 
+// Of a document on whose pages the scheduler's filter has worked.
+Problem problemOf(const PageCount& count, const JobTexts& texts) {
+  const bool isWhole = texts.end == DocumentEnd::kAny ||
+                       (texts.end == DocumentEnd::kTrailer && count.hasTrailer()) ||
+                       (texts.end == DocumentEnd::kPages && count.pages() == texts.pages);
+  if (!isWhole) {
+    return "the document is not whole, because the scheduler's filter for pages has ended early";
+  }
+  if (texts.end != DocumentEnd::kAny && count.pages() == 0) {
+    tell(Message::kWarning, "no page is printed, because the job's options leave out all of them");
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<std::string> copyJob(const FilterArguments& arguments, const JobTexts& texts) {
   Problem problem;
-  Source source(arguments.file);
+  JobSource source(arguments.file);
   Device device(STDOUT_FILENO);
-  JobStructure job(texts.sections, device,
-                   [&arguments](long page) { tellPage(page, arguments.copies); });
+  JobStructure job(texts.sections, device, [&](long page) {
+    tellPage(page, arguments.isConverted ? job.pageCount().copiesInside() : arguments.copies);
+  });
   for (std::string_view bytes = source.read(problem); !bytes.empty();
        bytes = source.read(problem)) {
     job.take(bytes);
@@ -98,6 +74,7 @@ std::optional<std::string> copyJob(const FilterArguments& arguments, const JobTe
   }
   if (!problem) problem = problemOf(device);
   if (!problem) problem = problemOf(job);
+  if (!problem) problem = problemOf(job.pageCount(), texts);
   if (!problem && !job.isSetUp()) {
     tell(Message::kWarning,
          "no comment in the job shows where its pages begin; the settings of "

@@ -10,9 +10,18 @@
 
 namespace driver_feature {
 
+// What shows that a document has been read to its end.
+enum class DocumentEnd {
+  kAny,      // Nothing in it.
+  kTrailer,  // The comment in front of its trailer.
+  kPages,    // A number of pages.
+};
+
 struct JobTexts {
   Sections sections;
   std::string trailer;
+  DocumentEnd end = DocumentEnd::kAny;
+  long pages = 0;  // For DocumentEnd::kPages.
 };
 
 // Copies the job from its file, or from standard input, to standard output.

@@ -14,6 +14,7 @@
 #include "filter/job_frame.h"
 #include "filter/job_settings.h"
 #include "filter/messages.h"
+#include "filter/page_work.h"
 #include "filter/queue.h"
 #include "filter/queue_ppd.h"
 #include "filter/sections.h"
@@ -54,8 +55,8 @@ JobTexts composeTexts(const Session& session, const QueuePpd* ppd, const FilterA
 
 // What the description makes of the job's options; nothing after an ERROR
 // line.
-std::optional<JobTexts> textsFor(const FilterArguments& arguments, const Queue& queue,
-                                 QueuePpd* ppd) {
+std::optional<JobTexts> textsFor(FilterArguments& arguments, const Queue& queue, QueuePpd* ppd,
+                                 PageWork& pages) {
   const StandardOutputDiversion diversion;
   SessionRequest request;
   request.description = queue.description;
@@ -69,9 +70,13 @@ std::optional<JobTexts> textsFor(const FilterArguments& arguments, const Queue& 
   session->log().setTeller([](const std::string& line) { tell(Message::kWarning, line); });
   session->log().release();
   session->offerNoAllowance();
-  JobSettings settings(session->model(), ppd, queue.refusedValue);
+  JobSettings settings(session->model(), ppd, queue.refusedValue, pages);
   if (!settings.apply(arguments)) return std::nullopt;
-  return composeTexts(*session, ppd, arguments, settings.takesCopies());
+  if (pages.makesCopies()) arguments.copies = 1;
+  auto texts = composeTexts(*session, ppd, arguments, settings.takesCopies());
+  arguments.copies = settings.copiesMade(arguments.copies);
+  settings.markAll();
+  return texts;
 }
 
 // Where a document was converted first, the filters before this one have made
@@ -104,10 +109,13 @@ int runFilter(int argc, const char* const* argv) {
       ppd.get(), [](const char* name) { return std::getenv(name); }, problem);
   if (!queue) return fail(problem);
   tell(Message::kDebug, "the description is " + queue->description);
-  const auto texts = textsFor(*arguments, *queue, ppd.get());
+  PageWork pages(*arguments, ppd.get());
+  auto texts = textsFor(*arguments, *queue, ppd.get(), pages);
   if (!texts) return kFailure;
-  if (const auto failure = copyJob(*arguments, *texts)) return fail(*failure);
-  return kSuccess;
+  if (const auto failure = pages.start(*arguments, *texts)) return fail(*failure);
+  auto failure = copyJob(*arguments, *texts);
+  if (const auto ofPages = pages.finish(); ofPages && !isCancelled()) failure = ofPages;
+  return failure ? fail(*failure) : kSuccess;
 }
 
 }  // namespace driver_feature

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string_view>
 #include <utility>
 
 #include "filter/feature_key.h"
+#include "filter/media_rule.h"
 #include "filter/messages.h"
 #include "host/settings_file.h"
 #include "host/text.h"
@@ -33,19 +35,8 @@ bool isKnownToLibcups(const std::string& option) {
   return std::find(kKnown.begin(), kKnown.end(), option) != kKnown.end();
 }
 
-// Whether the option asks for other pages, or pages in another order, than the
-// document has. Filters that convert documents see to that.
-bool isForPages(const Setting& option) {
-  struct Row {
-    std::string_view option;
-    std::string_view idle;  // Asks for nothing.
-  };
-  constexpr std::array<Row, 4> kRows = {
-      {{"number-up", "1"}, {"outputorder", "normal"}, {"page-ranges", ""}, {"page-set", "all"}}};
-  return std::any_of(kRows.begin(), kRows.end(), [&option](const Row& row) {
-    return row.option == option.name && row.idle != option.value;
-  });
-}
+const std::string kPageSize = "PageSize";
+const std::string kMirror = "MirrorPrint";
 
 std::string withoutCustom(const std::string& value) {
   constexpr std::string_view kCustom = "Custom.";
@@ -59,9 +50,11 @@ std::string keywordPart(const std::string& name) {
 }  // namespace
 
 bool JobSettings::apply(const FilterArguments& arguments) {
-  isConverted_ = arguments.isConverted;
+  arguments_ = &arguments;
   for (const Setting& option : arguments.options) sort(option);
-  addCopies(arguments);
+  copiesFeature_ = copiesFeature();
+  if (!settlePages()) return false;
+  addCopies(pages_.makesCopies() ? 1 : arguments.copies);
   addDefault("job-name", harmless(arguments.title));
   addDefault("user-name", harmless(arguments.user));
   for (;;) {
@@ -88,52 +81,119 @@ void JobSettings::sort(const Setting& option) {
   const auto feature = model_.features.find(keyword.value_or(option.name));
   const bool isChoice =
       feature == model_.features.end() || feature->second.kind() == FeatureKind::kMultiSelect;
-  if (keyword && isChoice) {
-    if (ppd_->hasChoice(*keyword, option.value)) {
-      forPpd_.push_back({*keyword, option.value});
-      named_[*keyword] = option.name;
-    } else {
-      refuse(option.name, "there is no choice \"" + option.value + "\"; choose one of " +
-                              join(ppd_->choicesOf(*keyword), ", "));
-    }
-    return;
-  }
+  if (keyword && isChoice) return sortChoice(option, *keyword);
   if (feature != model_.features.end()) {
     const std::string value = keyword ? withoutCustom(option.value) : option.value;
     wishes_.push_back({option.name, {feature->first, value}, ""});
     return;
   }
   if (sortByKey(option)) return;
-  passBy(option);
+  sortUnknown(option);
 }
 
-void JobSettings::passBy(const Setting& option) {
-  forPpd_.push_back(option);
-  if (!isConverted_ && isForPages(option)) {
-    tell(Message::kWarning, "option " + option.name +
-                                " has no effect, because the document was sent as PostScript, "
-                                "whose pages pass as they are");
-  } else {
-    tell(Message::kDebug, "option " + option.name + " is no feature and passes by");
+// A choice of the PPD. libcups does not give "PageRegion" a size of its own
+// making; it means the same as such a "PageSize".
+void JobSettings::sortChoice(const Setting& option, const std::string& keyword) {
+  const bool isRegion = keyword == "PageRegion" && isCustom(option.value);
+  const std::string& target = isRegion ? kPageSize : keyword;
+  Refusal refusal;
+  if (isRegion && asksFor(kPageSize)) {
+    refusal = "it cannot be together with another PageSize; give one of them";
+  } else if (!ppd_->hasChoice(target, option.value)) {
+    refusal = "there is no choice \"" + option.value + "\"; choose one of " +
+              join(ppd_->choicesOf(keyword), ", ");
+  } else if (target == kPageSize) {
+    refusal = customSizeRefusal(option.value);
   }
+  if (refusal) return refuse(option.name, *refusal);
+  forPpd_.push_back({target, option.value});
+  named_[target] = option.name;
+}
+
+// An option of neither the PPD nor the features.
+void JobSettings::sortUnknown(const Setting& option) {
+  if (ppd_ != nullptr) {
+    // A size that is asked for by name is stronger.
+    const bool hasSize = asksFor(kPageSize) || asksFor("PageRegion");
+    const Refusal refusal = option.name == "media" && !hasSize ? mediaRefusal(*ppd_, option.value)
+                                                               : sidesRefusal(*ppd_, option);
+    if (refusal) return refuse(option.name, *refusal);
+  }
+  forPpd_.push_back(option);
+  // libcups makes it a choice of the PPD.
+  if (option.name == "mirror" && ppd_ != nullptr && ppd_->keywordOf(kMirror)) return;
+  if (pages_.take(option)) return;
+  if (ppd_ != nullptr && isKnownToLibcups(option.name) && ppd_->understands(option)) return;
+  tell(Message::kDebug,
+       "option " + option.name + " is ignored, because this queue does not have it");
+}
+
+bool JobSettings::asksFor(const std::string& name) const {
+  return std::any_of(
+      arguments_->options.begin(), arguments_->options.end(),
+      [&name](const Setting& option) { return equalKeywords(option.name.c_str(), name.c_str()); });
+}
+
+// Who works on the pages. Mirrored pages are made like others, and the
+// printer's own way is then left off.
+bool JobSettings::settlePages() {
+  if (ppd_ != nullptr) ppd_->mark(forPpd_);
+  const bool isMirrored =
+      ppd_ != nullptr && ppdIsMarked(&ppd_->file(), kMirror.c_str(), "True") != 0;
+  if (isMirrored) pages_.takeMirror();
+  if (const auto problem = pages_.decide(takesCopies())) {
+    tell(Message::kError, *problem);
+    return false;
+  }
+  if (isMirrored && pages_.works()) {
+    std::erase_if(forPpd_, [](const Setting& s) { return s.name == "mirror"; });
+    forPpd_.push_back({kMirror, "False"});
+  }
+  return true;
 }
 
 bool JobSettings::sortByKey(const Setting& option) {
   const auto feature = featureWithKey(model_, option.name);
   if (!feature) return false;
   const auto value = valueWithKey(model_, *feature, option.value);
-  if (!value && ppd_ != nullptr && isKnownToLibcups(option.name)) return false;
+  if (!value && ppd_ != nullptr && isKnownToLibcups(option.name)) {
+    const bool isStrict = option.name == "media" || option.name == "sides";
+    if (!isStrict || ppd_->understands(option)) return false;
+  }
   wishes_.push_back({option.name, {*feature, value.value_or(option.value)}, ""});
   return true;
 }
 
-void JobSettings::addCopies(const FilterArguments& arguments) {
+std::string JobSettings::copiesFeature() const {
   std::string name = "Copies";
   if (!model_.features.contains(name)) name = featureWithKey(model_, "copies").value_or("");
   const auto feature = model_.features.find(name);
-  if (feature == model_.features.end() || feature->second.kind() != FeatureKind::kIntEntry) return;
-  takesCopies_ = true;
-  if (!isAsked(name)) wishes_.push_back({"copies", {name, std::to_string(arguments.copies)}, ""});
+  const bool isCount =
+      feature != model_.features.end() && feature->second.kind() == FeatureKind::kIntEntry;
+  return isCount ? name : "";
+}
+
+void JobSettings::addCopies(int copies) {
+  if (copiesFeature_.empty() || isAsked(copiesFeature_)) return;
+  wishes_.push_back({"copies", {copiesFeature_, std::to_string(copies)}, ""});
+}
+
+int JobSettings::copiesMade(int asked) const {
+  if (copiesFeature_.empty()) return asked;
+  const std::string text = settingText(model_.features.at(copiesFeature_)).value_or("");
+  int made = asked;
+  std::from_chars(text.data(), text.data() + text.size(), made);
+  return std::max(made, 1);
+}
+
+void JobSettings::markAll() {
+  if (ppd_ == nullptr) return;
+  std::vector<Setting> options = forPpd_;
+  for (const Wish& wish : wishes_) {
+    const bool isChoice = ppd_->hasChoice(wish.setting.name, wish.setting.value);
+    if (isChoice && wish.reason.empty()) options.push_back(wish.setting);
+  }
+  ppd_->mark(options);
 }
 
 // A feature that is named after something that every job has gets it, unless

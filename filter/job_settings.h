@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "filter/arguments.h"
+#include "filter/page_work.h"
 #include "filter/queue.h"
 #include "filter/queue_ppd.h"
 #include "host/settings.h"
@@ -16,18 +17,29 @@ namespace driver_feature {
 class JobSettings {
  public:
   // `ppd` may be null. All must outlive this object.
-  JobSettings(const Model& model, QueuePpd* ppd, RefusedValue refusedValue)
-      : model_(model), ppd_(ppd), refusedValue_(refusedValue) {}
+  JobSettings(const Model& model, QueuePpd* ppd, RefusedValue refusedValue, PageWork& pages)
+      : model_(model), ppd_(ppd), refusedValue_(refusedValue), pages_(pages) {}
 
   // Applies the queue's defaults, the job's options and its copies, in that
-  // order. Features with the keys "job-name" and "user-name" get the job's. An option is one of the
-  // PPD, or a feature by its name or its "CLOKey"; others pass by. A value that must be refused is
-  // told as an error, and false is the answer; or it is told as a warning and the queue's default
-  // stands in its place, when the queue says so.
+  // order. Features with the keys "job-name" and "user-name" get the job's.
+  //
+  // An option is one of the PPD, or a feature by its name or its "CLOKey", or
+  // one that libcups turns into choices of the PPD, or one for the pages. Others
+  // are ignored. A value that must be refused is told as an error, and false is
+  // returned; or it is told as a warning and the queue's default is used, when
+  // the queue says so.
   bool apply(const FilterArguments& arguments);
 
   // Whether a feature has taken the copies, so that its commands make them.
-  bool takesCopies() const { return takesCopies_; }
+  bool takesCopies() const { return !copiesFeature_.empty(); }
+
+  // How many copies the features' commands make, or `asked` without such a
+  // feature.
+  int copiesMade(int asked) const;
+
+  // Marks in the PPD what the job has in the end, also what it has asked of
+  // features directly.
+  void markAll();
 
  private:
   // A value for a feature.
@@ -39,8 +51,12 @@ class JobSettings {
 
   void sort(const Setting& option);
   bool sortByKey(const Setting& option);
-  void passBy(const Setting& option);
-  void addCopies(const FilterArguments& arguments);
+  void sortChoice(const Setting& option, const std::string& keyword);
+  void sortUnknown(const Setting& option);
+  bool asksFor(const std::string& name) const;
+  bool settlePages();
+  std::string copiesFeature() const;
+  void addCopies(int copies);
   void addDefault(const std::string& key, const std::string& value);
   bool isAsked(const std::string& feature) const;
   std::vector<Wish> collect();
@@ -55,8 +71,9 @@ class JobSettings {
   const Model& model_;
   QueuePpd* ppd_;
   RefusedValue refusedValue_;
-  bool isConverted_ = false;
-  bool takesCopies_ = false;
+  PageWork& pages_;
+  const FilterArguments* arguments_ = nullptr;  // Of the job that is applied.
+  std::string copiesFeature_;                   // Empty without one.
   bool hasFailed_ = false;
   std::vector<Setting> forPpd_;               // Options for libcups to mark.
   std::map<std::string, std::string> named_;  // Keywords of the PPD to the job's options.

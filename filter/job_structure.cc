@@ -29,7 +29,7 @@ bool showsStructure(std::string_view keyword) {
 }  // namespace
 
 JobStructure::JobStructure(Sections sections, ByteSink& sink, std::function<void(long)> tellPage)
-    : sections_(std::move(sections)), sink_(sink), tellPage_(std::move(tellPage)), lines_(*this) {}
+    : sections_(std::move(sections)), sink_(sink), lines_(*this), pages_(std::move(tellPage)) {}
 
 void JobStructure::finish() {
   lines_.finish();
@@ -46,10 +46,21 @@ void JobStructure::endStructure() {
 void JobStructure::takeLine(const JobLine& line) {
   const std::string_view keyword = line.isWhole ? keywordOf(line.text) : "";
   isDropping_ = false;
+  countPages(line);
   if (takeEmbedded(line, keyword) || takeBehindJob(line)) return;
   while (!takeAt(line, keyword)) {
   }
   beginEmbedded(line, keyword);
+}
+
+// Lines of data are none of the document's own.
+void JobStructure::countPages(const JobLine& line) {
+  if (kind_ != Kind::kPostScript || place_ == Place::kBehindJob || dataLines_ > 0) return;
+  if (!line.text.starts_with('%')) {
+    pages_.takeCode();
+  } else if (line.isWhole) {
+    pages_.take(line.text);
+  }
 }
 
 void JobStructure::takeBytes(std::string_view bytes) {
@@ -132,6 +143,7 @@ bool JobStructure::takeFront(const JobLine& line) {
   isDropping_ = false;
   kind_ = Kind::kPostScript;
   sink_.put(sections_.header);
+  pages_.begin(text);
   place_ = Place::kHeader;
   return pass({text, line.end, line.isWhole});
 }
@@ -234,10 +246,7 @@ bool JobStructure::takePageHeader(const JobLine& line, std::string_view keyword)
 }
 
 bool JobStructure::takeRest(const JobLine& line, std::string_view keyword) {
-  if (keyword == "Page") {
-    place_ = Place::kPageHeader;
-    tellPage_(++pages_);
-  }
+  if (keyword == "Page") place_ = Place::kPageHeader;
   return pass(line);
 }
 

@@ -19,6 +19,7 @@
 
 #include "filter/byte_sink.h"
 #include "filter/line_cutter.h"
+#include "filter/page_count.h"
 #include "filter/sections.h"
 
 namespace driver_feature {
@@ -32,8 +33,8 @@ class JobStructure : private LineListener {
     kNotPostScript,  // Nothing is written and nothing will be.
   };
 
-  // `tellPage` is told the number of each page, counted from 1, when it
-  // begins. The sink must outlive this object.
+  // `tellPage` is told the number of each page, as PageCount counts them. The
+  // sink must outlive this object.
   JobStructure(Sections sections, ByteSink& sink, std::function<void(long)> tellPage);
 
   void take(std::string_view bytes) { lines_.take(bytes); }
@@ -46,6 +47,9 @@ class JobStructure : private LineListener {
   // Whether another document stands behind the PJL trailer that was taken off.
   // It is left out.
   bool hasSecondDocument() const { return hasSecondDocument_; }
+
+  // The pages so far.
+  const PageCount& pageCount() const { return pages_; }
 
   // Whether the document set-up has been written, or is empty.
   bool isSetUp() const { return isSetUp_ || sections_.documentSetup.empty(); }
@@ -68,6 +72,7 @@ class JobStructure : private LineListener {
   void takeLine(const JobLine& line) override;
   void takeBytes(std::string_view bytes) override;
 
+  void countPages(const JobLine& line);
   void endStructure();
   bool takeBehindJob(const JobLine& line);
   bool takeEmbedded(const JobLine& line, std::string_view keyword);
@@ -97,7 +102,6 @@ class JobStructure : private LineListener {
 
   Sections sections_;
   ByteSink& sink_;
-  std::function<void(long)> tellPage_;
   LineCutter lines_;
   Kind kind_ = Kind::kUnknown;
   Place place_ = Place::kFront;
@@ -105,7 +109,7 @@ class JobStructure : private LineListener {
   std::string_view bytesEnd_;    // What ends the data being passed over; empty outside.
   std::uint64_t dataLines_ = 0;  // Lines of data still to pass over.
   long documents_ = 0;           // Embedded documents around this line.
-  long pages_ = 0;
+  PageCount pages_;
   bool promisesPages_ = false;  // The header comments give a number of pages.
   bool hasPjl_ = false;         // The job came with a PJL header.
   bool ownProlog_ = false;      // A prolog was begun here and has no end yet.

@@ -2,6 +2,7 @@
 
 #include <cups/ppd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -85,6 +86,21 @@ std::optional<std::string> QueuePpd::keywordOf(const std::string& option) const 
 bool QueuePpd::hasChoice(const std::string& option, const std::string& value) const {
   ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
   return found != nullptr && ppdFindChoice(found, value.c_str()) != nullptr;
+}
+
+bool QueuePpd::understands(const Setting& option) {
+  ppdMarkDefaults(ppd_.get());
+  std::vector<ppd_choice_t*> choices;
+  for (ppd_option_t* one : optionsOf(*ppd_)) {
+    for (ppd_choice_t* choice : driver_feature::choicesOf(*one)) choices.push_back(choice);
+  }
+  for (ppd_choice_t* choice : choices) choice->marked = 0;
+  cups_option_t* list = nullptr;
+  const int count = cupsAddOption(option.name.c_str(), option.value.c_str(), 0, &list);
+  cupsMarkOptions(ppd_.get(), count, list);
+  cupsFreeOptions(count, list);
+  return std::any_of(choices.begin(), choices.end(),
+                     [](const ppd_choice_t* choice) { return choice->marked != 0; });
 }
 
 std::vector<std::string> QueuePpd::choicesOf(const std::string& option) const {

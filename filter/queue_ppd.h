@@ -32,6 +32,13 @@ class QueuePpd {
   // or "{PARAMETER=VALUE ...}".
   bool hasChoice(const std::string& option, const std::string& value) const;
 
+  // Whether libcups marks any choice for the option, such as a known size for
+  // "media". What was marked before is not any more.
+  bool understands(const Setting& option);
+
+  // The PPD as libcups has it, with what is marked.
+  ppd_file_t& file() const { return *ppd_; }
+
   // The names of the option's choices.
   std::vector<std::string> choicesOf(const std::string& option) const;
 

@@ -29,5 +29,9 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT CMAKE_CXX_FLAGS MATCHES "sanitize")
   add_test(NAME printing_examples
     COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/printing/document_test.sh
             ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
+  add_test(NAME page_accounting
+    COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/printing/page_accounting_test.sh
+            ${PROJECT_BINARY_DIR})
   set_tests_properties(print_queue printing_examples PROPERTIES TIMEOUT 120)
+  set_tests_properties(page_accounting PROPERTIES TIMEOUT 300)
 endif()

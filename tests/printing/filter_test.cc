@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "printing/filter_fixture.h"
+#include "printing/running_filter.h"
 
 namespace {
 
@@ -63,39 +64,20 @@ TEST_F(HandwrittenQueueTest, Options_AreFeaturesOrTheirKeys) {
             twoPages(header("5", "A4"), setup("false", "595 842")));
 }
 
-TEST_F(HandwrittenQueueTest, UnknownOption_PassesBy) {
+TEST_F(HandwrittenQueueTest, UnknownOption_IsIgnored) {
   EXPECT_EQ(filter("Unknown=value\n@PJL", "1"),
             printed(twoPages(header("1", "A4"), setup("false", "595 842")),
                     "DEBUG: the description is printer.xml\n"
-                    "DEBUG: option @PJL is no feature and passes by\n"
-                    "DEBUG: option Unknown is no feature and passes by\n" +
+                    "DEBUG: option @PJL is ignored, because this queue does not have it\n"
+                    "DEBUG: option Unknown is ignored, because this queue does not have it\n" +
                         kTwoPages));
-}
-
-TEST_F(HandwrittenQueueTest, OptionsForThePages_AreWarnedOfUnlessTheyHaveBeenHeeded) {
-  const auto warning = [](const std::string& option) {
-    return "WARNING: option " + option +
-           " has no effect, because the document was sent as PostScript, whose pages pass as they "
-           "are\n";
-  };
-  const std::string options = "number-up=2 outputorder=reverse page-ranges=1 page-set=odd";
-  EXPECT_EQ(withoutDebug(filter(options)).errors, warning("number-up") + warning("outputorder") +
-                                                      warning("page-ranges") + warning("page-set") +
-                                                      kTwoPages);
-  EXPECT_EQ(withoutDebug(filter("number-up=1 outputorder=normal page-set=all")).errors, kTwoPages);
-  set("CONTENT_TYPE", "application/pdf");
-  const RunResult converted = filterWith({"7", "jane", "t", "1", options},
-                                         [] { ::dup2(::open("job.ps", O_RDONLY), STDIN_FILENO); });
-  EXPECT_EQ(withoutDebug(converted).errors, kTwoPages);
-  describe("printer.xml", {feature("IntEntry", "Pages", "CLOKey='number-up'")});
-  EXPECT_EQ(withoutDebug(filter("number-up=2")).errors, kTwoPages);
 }
 
 TEST_F(HandwrittenQueueTest, RefusedValues_FailTheJobAndAreNamed) {
   EXPECT_EQ(filter("PageSize=A0 Unknown=1 sides=many", "1000"),
             failure(1,
                     "DEBUG: the description is printer.xml\n"
-                    "DEBUG: option Unknown is no feature and passes by\n"
+                    "DEBUG: option Unknown is ignored, because this queue does not have it\n"
                     "ERROR: option PageSize: feature \"PageSize\" has no option \"A0\"; did you "
                     "mean \"A4\"? (choose one of A4, A5, Letter)\n"
                     "ERROR: option sides: feature \"Duplex\" has no option \"many\"; choose one of "
@@ -218,68 +200,6 @@ TEST_F(HandwrittenQueueTest, DeviceThatWentAway_FailsWithItsReason) {
             kTwoPages + "ERROR: the job cannot be written to the device: Broken pipe\n");
   EXPECT_EQ(result.status, 1);
 }
-
-// A filter that runs while the test does something with it.
-class RunningFilter {
- public:
-  RunningFilter(const std::filesystem::path& folder, const std::function<void()>& enter) {
-    if (::pipe(input_.data()) != 0 || ::pipe(output_.data()) != 0) return;
-    process_ = ::fork();
-    if (process_ == 0) {
-      if (::chdir(folder.c_str()) != 0) ::_exit(126);
-      enter();
-      ::dup2(input_[0], STDIN_FILENO);
-      ::dup2(output_[1], STDOUT_FILENO);
-      ::dup2(::open("/dev/null", O_WRONLY), STDERR_FILENO);
-      for (const int end : {input_[0], input_[1], output_[0], output_[1]}) ::close(end);
-      ::execl(DRIVER_FEATURE_FILTER, DRIVER_FEATURE_FILTER, "7", "jane", "t", "1", "", nullptr);
-      ::_exit(127);
-    }
-    ::close(input_[0]);
-    ::close(output_[1]);
-  }
-  ~RunningFilter() {
-    if (process_ > 0) ::kill(process_, SIGKILL);
-    finish();
-  }
-  RunningFilter(const RunningFilter&) = delete;
-  RunningFilter& operator=(const RunningFilter&) = delete;
-
-  void send(const std::string& bytes) const {
-    ASSERT_EQ(::write(input_[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-  }
-
-  // Reads up to so many bytes, or the end.
-  std::string read(std::size_t count) const {
-    std::string bytes(count, '\0');
-    std::size_t size = 0;
-    while (size < count) {
-      const ssize_t got = ::read(output_[0], bytes.data() + size, count - size);
-      if (got <= 0) break;
-      size += static_cast<std::size_t>(got);
-    }
-    bytes.resize(size);
-    return bytes;
-  }
-
-  void cancel() const { ::kill(process_, SIGTERM); }
-
-  // Waits for the end. Answers the status, 1000 and more for a signal.
-  int finish() {
-    if (process_ <= 0) return -1;
-    int status = 0;
-    ::waitpid(process_, &status, 0);
-    process_ = -1;
-    ::close(input_[1]);
-    ::close(output_[0]);
-    return WIFSIGNALED(status) ? 1000 + WTERMSIG(status) : WEXITSTATUS(status);
-  }
-
- private:
-  std::array<int, 2> input_{};
-  std::array<int, 2> output_{};
-  pid_t process_ = -1;
-};
 
 TEST_F(HandwrittenQueueTest, CancelWhileWaitingForTheJob_EndsItWithTheTrailer) {
   RunningFilter running(folder(), [this] { enter(); });

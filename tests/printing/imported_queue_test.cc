@@ -212,4 +212,76 @@ TEST_F(ImportedQueueTest, RefusedChoice_IsTheDefaultWhenTheQueueSaysSo) {
   EXPECT_EQ(custom.output, job(begin("A title", "7 jane A title"), "OFF", {}));
 }
 
+// libcups ignores sizes and sides that the PPD does not have.
+TEST_F(ImportedQueueTest, MediaAndSides_AreRefusedAsChoicesAre) {
+  struct Row {
+    const char* option;
+    const char* reason;
+  };
+  const std::vector<Row> rows = {
+      {"media=Bogus",
+       "media: there is no size, tray or type \"Bogus\"; choose one of A4, A5, Custom"},
+      {"media=A5,Bogus",
+       "media: there is no size, tray or type \"Bogus\"; choose one of A4, A5, Custom"},
+      {"media=Custom.10",
+       "media: \"Custom.10\" is no size; give one such as Custom.200x300 in points or "
+       "Custom.10x20cm"},
+      {"PageSize=Custom.200xinf",
+       "PageSize: \"Custom.200xinf\" is no size; give one such as Custom.200x300 in points or "
+       "Custom.10x20cm"},
+      {"PageSize=Custom.200x300km",
+       "PageSize: \"Custom.200x300km\" is no size; give one such as Custom.200x300 in points or "
+       "Custom.10x20cm"},
+      {"sides=bogus",
+       "sides: there is no choice \"bogus\"; choose one of one-sided, two-sided-long-edge, "
+       "two-sided-short-edge"}};
+  for (const Row& row : rows) {
+    EXPECT_EQ(withoutDebug(filter(row.option)),
+              failure(1, "ERROR: option " + std::string(row.reason) + "\n"));
+  }
+  set("DRIVER_FEATURE_REFUSED_VALUE", "default");
+  const std::string usual = job(begin("A title", "7 jane A title"), "OFF", {});
+  for (const Row& row : rows) {
+    const RunResult result = withoutDebug(filter(row.option));
+    EXPECT_EQ(result.output, usual) << row.option;
+    EXPECT_EQ(result.errors, "WARNING: option " + std::string(row.reason) +
+                                 "; the queue's default stands in its place\nPAGE: 1 1\nPAGE: 2 "
+                                 "1\n");
+  }
+}
+
+TEST_F(ImportedQueueTest, MediaAndSidesThatArePossible_Print) {
+  const std::string a5 = job(begin("A title", "7 jane A title"), "OFF", {{"PageSize", "A5"}});
+  for (const std::string option :
+       {"media=iso_a5_148x210mm", "media=A5 sides=one-sided", "media=Bogus PageSize=A5"}) {
+    EXPECT_EQ(filter(option).output, a5) << option;
+  }
+  // A printer without a choice prints on one side; others have asked for more.
+  std::string ppd = read("queue.ppd");
+  const std::size_t from = ppd.find("*OpenUI *Duplex");
+  ppd.erase(from, ppd.find("*CloseUI: *Duplex\n") + 18 - from);
+  write("queue.ppd", ppd);
+  EXPECT_EQ(filter("sides=two-sided-long-edge media=").status, 0);
+}
+
+TEST_F(ImportedQueueTest, OptionThatWorks_IsNotToldToBeIgnored) {
+  EXPECT_EQ(filter("media=A5 sides=two-sided-long-edge number-up=1 job-uuid=1").errors,
+            "DEBUG: the description is " +
+                std::string(std::filesystem::canonical(folder()) / "office.xml") +
+                "\nDEBUG: option job-uuid is ignored, because this queue does not have it\n"
+                "PAGE: 1 1\nPAGE: 2 1\n");
+}
+
+TEST_F(ImportedQueueTest, CustomPageRegion_IsACustomPageSize) {
+  const RunResult result = withoutDebug(filter("PageRegion=Custom.335.75x468.5"));
+  EXPECT_EQ(result.output,
+            job(begin("A title", "7 jane A title"), "OFF", {{"PageSize", "Custom.335.75x468.5"}}));
+  EXPECT_THAT(result.output, testing::HasSubstr("\n335.75\n468.5\n"));
+  EXPECT_EQ(withoutDebug(filter("PageRegion=Custom.20x468.5")).status, 1);
+  EXPECT_EQ(withoutDebug(filter("PageSize=A5 PageRegion=Custom.200x300")),
+            failure(1,
+                    "ERROR: option PageRegion: it cannot be together with another PageSize; give "
+                    "one of them\n"));
+}
+
 }  // namespace

@@ -47,6 +47,17 @@ END
   chmod 755 "$folder/bin/backend/capture"
 }
 
+# addFilters FOLDER NAME...: lets the scheduler run these filters of the system.
+addFilters() {
+  local folder=$1 name
+  shift
+  for name in "$@"; do
+    [ -x "/usr/lib/cups/filter/$name" ] ||
+      { echo "$name is missing: apt-get install cups-core-drivers cups-filters"; return 1; }
+    ln -s "/usr/lib/cups/filter/$name" "$folder/bin/filter/"
+  done
+}
+
 freePort() {
   python3 -c 'import socket; s = socket.create_server(("127.0.0.1", 0)); print(s.getsockname()[1])'
 }

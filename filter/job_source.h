@@ -1,0 +1,33 @@
+// Where the bytes of a job come from.
+#ifndef FILTER_JOB_SOURCE_H_
+#define FILTER_JOB_SOURCE_H_
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace driver_feature {
+
+class JobSource {
+ public:
+  // Reads the file, or standard input when the name is empty.
+  explicit JobSource(const std::string& file);
+  ~JobSource();
+  JobSource(const JobSource&) = delete;
+  JobSource& operator=(const JobSource&) = delete;
+
+  // The next bytes; none at the end, after a failure and when the job is
+  // cancelled. `problem` then says what failed.
+  std::string_view read(std::optional<std::string>& problem);
+
+ private:
+  std::string name_;
+  int descriptor_;
+  int error_;  // The error number of a failure.
+  std::array<char, 65536> buffer_;
+};
+
+}  // namespace driver_feature
+
+#endif  // FILTER_JOB_SOURCE_H_
