@@ -33,8 +33,7 @@ TEST_F(RoutineLibraryTest, Linked_PluginLoadedLocally_SeesTheHostsSet) {
 
 TEST_F(RoutineLibraryTest, Unlinked_PluginLoadedLocally_DoesNotLoad) {
   ASSERT_FALSE(loadRoutines(UNLINKED_ROUTINES));
-  EXPECT_EQ(dlerror(),
-            std::string(UNLINKED_ROUTINES) + ": undefined symbol: GetMasterFeatureList");
+  EXPECT_EQ(dlerror(), std::string(UNLINKED_ROUTINES) + ": undefined symbol: GetMasterFeatureList");
 }
 
 TEST_F(RoutineLibraryTest, Unlinked_PluginLoadedGlobally_SeesTheHostsSet) {
