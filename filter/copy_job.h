@@ -6,6 +6,7 @@
 #include <string>
 
 #include "filter/arguments.h"
+#include "filter/libcups_frame.h"
 #include "filter/sections.h"
 
 namespace driver_feature {
@@ -13,6 +14,7 @@ namespace driver_feature {
 struct JobTexts {
   Sections sections;
   std::string trailer;
+  LibcupsFrame around;  // What filters before this one may have put around the job.
 };
 
 // Copies the job from its file, or from standard input, to standard output.

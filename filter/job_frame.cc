@@ -28,15 +28,35 @@ JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments&
   // job.
   const bool isImported = model.index.groupNamed("Section.JCL") == GroupKind::kStatic;
   if (isImported && (!begin || !pjlOfTrue(model, "JCLToPSInterpreter"))) {
-    return {"", end && ppd != nullptr ? ppd->jobEnd() : end.value_or("")};
+    return {"", ppd != nullptr ? ppd->jobEnd() : end.value_or("")};
   }
-  JobFrame frame{pjl, end.value_or(pjl.empty() ? "" : kUniversalExit)};
+  const bool hasJcl = ppd != nullptr && !ppd->jclBegin().empty();
+  if (!end && pjl.empty()) return {"", ppd != nullptr && !hasJcl ? ppd->jobEnd() : ""};
+  JobFrame frame{pjl, end.value_or(kUniversalExit)};
   if (ppd == nullptr || !begin || begin->empty() || *begin != ppd->jclBegin()) return frame;
   const std::string ownBegin = beginOf(*ppd, arguments);
   if (ownBegin.empty() || !pjl.starts_with(*begin)) return frame;
   frame.header = ownBegin + pjl.substr(begin->size());
   frame.trailer = ppd->jobEnd();
   return frame;
+}
+
+LibcupsFrame libcupsFrameOf(const QueuePpd& ppd, const FilterArguments& arguments,
+                            const JobFrame& frame) {
+  LibcupsFrame around;
+  around.exitServer = ppd.exitServer();
+  around.end = ppd.jobEnd();
+  around.replacesEnd = around.end == frame.trailer;
+  const std::string front = ppd.jobBegin(arguments.job, "", "");
+  if (front.empty()) return around;
+  // Of a beginning in PJL libcups leaves a line out and puts others behind its
+  // first command.
+  const std::string begin = ppd.jclBegin();
+  const std::string pjl = std::string(kUniversalExit) + "@PJL";
+  around.begin = begin.starts_with(pjl) ? pjl : begin;
+  around.toPostScript = ppd.jclToPostScript();
+  around.hasHeaderLike = front.find("%!") != std::string::npos;
+  return around;
 }
 
 std::string copiesText(int copies) {

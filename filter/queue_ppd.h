@@ -50,6 +50,9 @@ class QueuePpd {
   std::string jobBegin(int job, const std::string& user, const std::string& title) const;
   std::string jobEnd() const;
 
+  // What libcups writes for the section ExitServer, with the marked choices.
+  std::string exitServer() const;
+
   // The parts of the beginning that do not depend on the job.
   std::string jclBegin() const;
   std::string jclOptions() const;

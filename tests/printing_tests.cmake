@@ -5,6 +5,10 @@ driver_feature_test(filter_unit_tests
   GLOB filter/*_test.cc host/queue/*_test.cc
   LINK driver_feature_filter driver_feature_host_parts)
 
+# What stands in the scheduler's chain of filters in front of ours.
+find_program(PSTOPS_PROGRAM pstops PATHS /usr/lib/cups/filter /usr/libexec/cups/filter
+  NO_DEFAULT_PATH REQUIRED)
+
 driver_feature_test(filter_program_tests
   GLOB tests/printing/*_test.cc tests/printing/filter_fixture.cc tests/host/program_runner.cc
   LINK Cups::Cups)
@@ -13,6 +17,7 @@ target_compile_definitions(filter_program_tests PRIVATE
   DRIVER_FEATURE_FILTER="$<TARGET_FILE:driver-feature-filter>"
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
+  PSTOPS="${PSTOPS_PROGRAM}"
   OFFICE_DESCRIPTION="${PROJECT_SOURCE_DIR}/descriptions/office_laser.xml"
   OFFICE_ROUTINES="$<TARGET_FILE:office_routines>"
   ROUTINES_LIBRARY="$<TARGET_FILE:host_test_routines>"
