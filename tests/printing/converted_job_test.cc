@@ -79,9 +79,15 @@ TEST_F(ConvertedJobTest, FrontWithOtherLines_ComesOutOnce) {
 }
 
 TEST_F(ConvertedJobTest, FrontWithALongLine_ComesOutOnce) {
-  const std::string code = "!R!" + std::string(3000, 'x');
-  use(kPjl + jclOption("JCLScreen", code));
-  expectUnchanged(kJob + code + kEnter, kPjlEnd);
+  const std::string code(200, 'x');
+  std::string options;
+  std::string line;
+  for (const std::string name : {"A", "B", "C", "D", "E", "F", "G", "H"}) {
+    options += jclOption("JCL" + name, code);
+    line += code;
+  }
+  use(kPjl + options);
+  expectUnchanged(kJob + line + kEnter, kPjlEnd);
 }
 
 TEST_F(ConvertedJobTest, FrontWithPercentSigns_ComesOutOnce) {
@@ -127,7 +133,7 @@ TEST_F(ConvertedJobTest, CodeOfExitServer_IsNoFaultOfTheJob) {
   std::string expected = job.substr(code.size());
   const std::string comments = "%%EndComments\n";
   expected.insert(expected.find(comments) + comments.size(), code + "\n");
-  EXPECT_EQ(filterConverted(job), printed(expected + "\x04", "PAGE: 1 1\nPAGE: 2 1\n"));
+  EXPECT_EQ(filterConverted(job), printed(expected, "PAGE: 1 1\nPAGE: 2 1\n"));
 }
 
 // Without a filter of its own libcups ends the printer's jobs with an end of
@@ -136,15 +142,17 @@ TEST_F(ConvertedJobTest, PpdWithoutJclAndFilter_EndsWithAnEndOfFile) {
   use("");
   const std::string job = converted("job.ps", "printer.ppd", "");
   EXPECT_THAT(job, testing::EndsWith("%%EOF\n\x04"));
-  EXPECT_EQ(filterConverted(converted("job.ps", "queue.ppd", "")).output, job);
-  // The end that a job brings along is the same one.
   EXPECT_EQ(filterConverted(job).output, job);
+  EXPECT_EQ(filterConverted(job.substr(0, job.size() - 1)).output, job);
   EXPECT_EQ(withoutDebug(filter("")).output, read("job.ps") + "\x04");
 }
 
 TEST_F(ConvertedJobTest, PpdWithAFilter_HasNoEndOfFile) {
   use("*cupsFilter: \"application/vnd.cups-postscript 0 another\"\n");
   EXPECT_EQ(withoutDebug(filter("")).output, read("job.ps"));
+  // That of pstops passes.
+  const std::string job = converted("job.ps", "queue.ppd", "");
+  EXPECT_EQ(filterConverted(job).output, job);
 }
 
 TEST_F(ConvertedJobTest, PpdOfAQueue_KeepsItsEnd) {
