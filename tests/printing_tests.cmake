@@ -5,10 +5,6 @@ driver_feature_test(filter_unit_tests
   GLOB filter/*_test.cc host/queue/*_test.cc
   LINK driver_feature_filter driver_feature_host_parts)
 
-# What stands in the scheduler's chain of filters in front of ours.
-find_program(PSTOPS_PROGRAM pstops PATHS /usr/lib/cups/filter /usr/libexec/cups/filter
-  NO_DEFAULT_PATH REQUIRED)
-
 driver_feature_test(filter_program_tests
   GLOB tests/printing/*_test.cc tests/printing/filter_fixture.cc tests/host/program_runner.cc
   LINK Cups::Cups)
