@@ -5,6 +5,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <filesystem>
+
 #include "corpus/equivalence_fixture.h"
 
 namespace {
@@ -62,6 +64,21 @@ TEST_F(WholeJobsTest, OtherCode_IsADifferenceOfTheJob) {
 TEST_F(WholeJobsTest, OtherJobControl_IsADifferenceOfTheJob) {
   plant("ECO=OFF", "ECO=Off");
   EXPECT_THAT(difference("JCL", "whole job")["ours"].get<std::string>(), HasSubstr("ECO=Off"));
+}
+
+// The filter fails only at what other filters have converted.
+TEST_F(WholeJobsTest, OtherConvertedJob_IsADifference) {
+  write("driver-feature", "#!/bin/sh\nexec " PROGRAM_FOLDER "/driver-feature \"$@\"\n");
+  write("driver-feature-filter",
+        "#!/bin/sh\nif [ \"$CONTENT_TYPE\" = application/pdf ]; then\n" PROGRAM_FOLDER
+        "/driver-feature-filter \"$@\" | sed 's/(two)/(Two)/'\nelse\nexec " PROGRAM_FOLDER
+        "/driver-feature-filter \"$@\"\nfi\n");
+  for (const char* program : {"driver-feature", "driver-feature-filter"}) {
+    std::filesystem::permissions(folder() / program, std::filesystem::perms::owner_all);
+  }
+  EXPECT_EQ(compare({"--programs", folder()}).status, 1);
+  EXPECT_EQ(record()["causes"], json::array({"difference in converted job"}));
+  EXPECT_THAT(record()["differences"][0]["ours"].get<std::string>(), HasSubstr("(Two)"));
 }
 
 TEST_F(WholeJobsTest, QueueThatCannotBeMade_IsAFailure) {
