@@ -155,8 +155,9 @@ class Examination {
     std::string options;
     for (int i = 0; i <= request_.wholeVectors; ++i) {
       std::vector<Difference> differences;
-      if (!jobs->compare(options, differences, problem))
-        fail("whole job", problem + ": " + options);
+      if (!jobs->compare(options, differences, problem)) {
+        fail("whole job", problem.append(": ").append(options));
+      }
       for (const Difference& difference : differences) {
         addDifference("difference in ", "whole job " + std::to_string(i), options, difference);
       }

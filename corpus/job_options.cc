@@ -11,8 +11,8 @@ namespace {
 
 // Options of pstops, which knows them in any letters.
 bool isForPstops(const std::string& keyword) {
-  constexpr std::array<const char*, 5> kNames = {"Brightness", "Gamma", "Mirror", "OutputOrder",
-                                                 "Collate"};
+  constexpr std::array<const char*, 6> kNames = {"Brightness", "Collate", "Gamma",
+                                                 "Landscape",  "Mirror",  "OutputOrder"};
   return std::any_of(kNames.begin(), kNames.end(), [&keyword](const char* name) {
     return ::strcasecmp(name, keyword.c_str()) == 0;
   });

@@ -18,6 +18,11 @@ std::string beginOf(const QueuePpd& ppd, const FilterArguments& arguments) {
   return whole.substr(0, whole.size() - rest.size());
 }
 
+// The PPD's own end of a job; empty without one.
+std::string ownEndOf(const QueuePpd* ppd) {
+  return ppd != nullptr ? ppd->jclEnd() : "";
+}
+
 }  // namespace
 
 JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments& arguments,
@@ -30,9 +35,10 @@ JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments&
   if (isImported && (!begin || !pjlOfTrue(model, "JCLToPSInterpreter"))) {
     return {"", ppd != nullptr ? ppd->jobEnd() : end.value_or("")};
   }
-  const bool hasJcl = ppd != nullptr && !ppd->jclBegin().empty();
-  if (!end && pjl.empty()) return {"", ppd != nullptr && !hasJcl ? ppd->jobEnd() : ""};
-  JobFrame frame{pjl, end.value_or(kUniversalExit)};
+  if (pjl.empty() && end.value_or("") == ownEndOf(ppd)) {
+    return {"", ppd != nullptr && ppd->jclBegin().empty() ? ppd->jobEnd() : ""};
+  }
+  JobFrame frame{pjl, end.value_or(pjl.empty() ? "" : kUniversalExit)};
   if (ppd == nullptr || !begin || begin->empty() || *begin != ppd->jclBegin()) return frame;
   const std::string ownBegin = beginOf(*ppd, arguments);
   if (ownBegin.empty() || !pjl.starts_with(*begin)) return frame;

@@ -167,6 +167,10 @@ std::string QueuePpd::jclToPostScript() const {
   return textOf(ppd_->jcl_ps);
 }
 
+std::string QueuePpd::jclEnd() const {
+  return textOf(ppd_->jcl_end);
+}
+
 std::string QueuePpd::jclOptions() const {
   return emittedText(*ppd_, PPD_ORDER_JCL);
 }

@@ -53,10 +53,11 @@ class QueuePpd {
   // What libcups writes for the section ExitServer, with the marked choices.
   std::string exitServer() const;
 
-  // The parts of the beginning that do not depend on the job.
+  // The parts of the beginning and the end that do not depend on the job.
   std::string jclBegin() const;
   std::string jclOptions() const;
   std::string jclToPostScript() const;
+  std::string jclEnd() const;
 
  private:
   QueuePpd(const std::string& path, PpdPointer ppd) : path_(path), ppd_(std::move(ppd)) {}

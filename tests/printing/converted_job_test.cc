@@ -117,6 +117,13 @@ TEST_F(ConvertedJobTest, EndWithoutAFront_ComesOutOnce) {
   expectUnchanged("", kPjlEnd);
 }
 
+TEST_F(ConvertedJobTest, EndAlone_ComesOutOnce) {
+  use("*JCLEnd: \"<1B>%-12345X@PJL EOJ<0A>\"\n");
+  const std::string end = kExit + "@PJL\n@PJL RDYMSG DISPLAY = \"\"\n@PJL EOJ\n";
+  expectUnchanged("", end);
+  EXPECT_EQ(withoutDebug(filter("")).output, read("job.ps") + end);
+}
+
 TEST_F(ConvertedJobTest, JclWithoutAnEnd_EndsAsLibcupsDoes) {
   use("*JCLBegin: \"<1B>%-12345X@PJL JOB<0A>\"\n*JCLToPSInterpreter: \"@PJL ENTER LANGUAGE = "
       "POSTSCRIPT <0A>\"\n");
@@ -160,6 +167,20 @@ TEST_F(ConvertedJobTest, PpdOfAQueue_KeepsItsEnd) {
   command({"--library", DRIVER_FEATURE_LIBRARY, "queue", "printer.xml", "--ppd", "queue.ppd",
            "--output", "again.ppd"});
   EXPECT_EQ(read("again.ppd"), read("queue.ppd"));
+}
+
+// Nothing tells the printer of a front; an end of one would be printed.
+TEST_F(ConvertedJobTest, DescriptionWithoutPjl_HasNoFrontAndNoEnd) {
+  write("printer.ppd", "*PPD-Adobe: \"4.3\"\n*NickName: \"Example\"\n" + kPjl);
+  describe("printer.xml", {feature("IntEntry", "Weight", "DefaultValue='80'")});
+  command({"--library", DRIVER_FEATURE_LIBRARY, "queue", "printer.xml", "--ppd", "printer.ppd",
+           "--output", "queue.ppd"});
+  set("PPD", "queue.ppd");
+  EXPECT_EQ(withoutDebug(filter("")), printed(read("job.ps"), "PAGE: 1 1\nPAGE: 2 1\n"));
+  const std::string job = converted("job.ps", "queue.ppd", "");
+  const std::string front = kJob + kEnter;
+  EXPECT_EQ(filterConverted(job).output,
+            job.substr(front.size(), job.size() - front.size() - kPjlEnd.size()));
 }
 
 // A job that was printed to a file with the printer's own PPD.
