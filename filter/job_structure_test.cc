@@ -301,7 +301,8 @@ TEST(JobStructure, ExitInTheDataOfAJobWithPjl_Passes) {
   for (const std::string& inside :
        {exit + "\n", exit + "abc\n", exit + "@PJL\n@PJL EOJ\n\nabc\n", exit + exit + "\xff\r\n",
         exit + std::string(2000, 'x') + "\n", "\x04" + exit + "\nabc\n" + exit + "\nabc\n",
-        exit + "@PJL COMMENT ENTER LANGUAGE=PCL\nabc\n"}) {
+        exit + "@PJL COMMENT ENTER LANGUAGE=PCL\nabc\n",
+        exit + "@PJL COMMENT " + std::string(2000, 'x') + "\nabc\n"}) {
     EXPECT_EQ(written(exit + "@PJL\n" + jobWith(inside) + end), writtenWith(inside)) << inside;
     EXPECT_EQ(written(exit + "@PJL\n" + jobWith(inside)), writtenWith(inside)) << inside;
     EXPECT_FALSE(run(exit + "@PJL\n" + jobWith(inside) + end, 1).hasSecondDocument) << inside;
@@ -312,8 +313,8 @@ TEST(JobStructure, TrailerLongerThanAnyIs_Passes) {
   const std::string exit = "\x1b%-12345X";
   std::string lines;
   for (int i = 0; i < 300; ++i) lines += "@PJL COMMENT " + std::to_string(i) + "\n";
-  EXPECT_EQ(run(exit + "@PJL\n" + jobWith(exit + "\n" + lines), 4096).text,
-            writtenWith(exit + "\n" + lines));
+  EXPECT_EQ(run(exit + "@PJL\n" + jobWith("") + exit + "\n" + lines, 4096).text,
+            writtenWith("") + exit + "\n" + lines);
 }
 
 TEST(JobStructure, SecondDocumentBehindThePjl_IsToldOf) {
