@@ -166,7 +166,13 @@ std::string QueuePpd::jobBegin(int job, const std::string& user, const std::stri
 }
 
 std::string QueuePpd::jobEnd() const {
+  // Without the queue's own filter libcups would end the job itself.
+  if (ppd_->jcl_end == nullptr && !attributes("DriverFeatureEndOfFile").empty()) return "\x04";
   return written([&](std::FILE* file) { ppdEmitJCLEnd(ppd_.get(), file); });
+}
+
+std::string QueuePpd::exitServer() const {
+  return emittedText(*ppd_, PPD_ORDER_EXIT);
 }
 
 std::string QueuePpd::jclBegin() const {
@@ -175,6 +181,10 @@ std::string QueuePpd::jclBegin() const {
 
 std::string QueuePpd::jclToPostScript() const {
   return textOf(ppd_->jcl_ps);
+}
+
+std::string QueuePpd::jclEnd() const {
+  return textOf(ppd_->jcl_end);
 }
 
 std::string QueuePpd::jclOptions() const {

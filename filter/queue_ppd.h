@@ -57,10 +57,14 @@ class QueuePpd {
   std::string jobBegin(int job, const std::string& user, const std::string& title) const;
   std::string jobEnd() const;
 
-  // The parts of the beginning that do not depend on the job.
+  // What libcups writes for the section ExitServer, with the marked choices.
+  std::string exitServer() const;
+
+  // The parts of the beginning and the end that do not depend on the job.
   std::string jclBegin() const;
   std::string jclOptions() const;
   std::string jclToPostScript() const;
+  std::string jclEnd() const;
 
  private:
   QueuePpd(const std::string& path, PpdPointer ppd) : path_(path), ppd_(std::move(ppd)) {}

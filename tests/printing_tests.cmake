@@ -13,6 +13,7 @@ target_compile_definitions(filter_program_tests PRIVATE
   DRIVER_FEATURE_FILTER="$<TARGET_FILE:driver-feature-filter>"
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
+  PSTOPS="${PSTOPS_PROGRAM}"
   OFFICE_DESCRIPTION="${PROJECT_SOURCE_DIR}/descriptions/office_laser.xml"
   OFFICE_ROUTINES="$<TARGET_FILE:office_routines>"
   ROUTINES_LIBRARY="$<TARGET_FILE:host_test_routines>"

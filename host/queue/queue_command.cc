@@ -12,6 +12,7 @@
 #include "host/command_arguments.h"
 #include "host/console.h"
 #include "host/ppd/ppd_file.h"
+#include "host/queue/job_end_lines.h"
 #include "host/queue/minimal_ppd.h"
 #include "host/queue/queue_lines.h"
 
@@ -96,7 +97,9 @@ int compose(const Arguments& arguments, const Session& session,
     return kUnusable;
   }
   complainOfOptions(arguments, session.model(), *ppd);
-  results.push_back({arguments.output, withQueueLines(bytes, lines)});
+  std::vector<std::string> all = lines;
+  for (const std::string& line : jobEndLines(*ppd)) all.push_back(line);
+  results.push_back({arguments.output, withQueueLines(bytes, all)});
   return kSuccess;
 }
 
