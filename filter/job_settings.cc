@@ -52,6 +52,12 @@ std::string withoutCustom(const std::string& value) {
   return value.starts_with(kCustom) ? value.substr(kCustom.size()) : value;
 }
 
+bool hasChoice(const FeatureView& feature, const std::string& name) {
+  const std::vector<Choice> choices = feature.choices();
+  return std::any_of(choices.begin(), choices.end(),
+                     [&name](const Choice& choice) { return choice.name == name; });
+}
+
 std::string keywordPart(const std::string& name) {
   return name.substr(0, name.find('.'));
 }
@@ -92,6 +98,9 @@ void JobSettings::sort(const Setting& option) {
     if (ppd_->hasChoice(*keyword, option.value)) {
       forPpd_.push_back({*keyword, option.value});
       named_[*keyword] = option.name;
+    } else if (feature != model_.features.end() && hasChoice(feature->second, option.value)) {
+      // A PPD made of the description cannot have each of its choices.
+      wishes_.push_back({option.name, {feature->first, option.value}, ""});
     } else {
       refuse(option.name, "there is no choice \"" + option.value + "\"; choose one of " +
                               join(ppd_->choicesOf(*keyword), ", "));
