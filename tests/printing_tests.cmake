@@ -6,7 +6,8 @@ driver_feature_test(filter_unit_tests
   LINK driver_feature_filter driver_feature_host_parts)
 
 driver_feature_test(filter_program_tests
-  GLOB tests/printing/*_test.cc tests/printing/filter_fixture.cc tests/host/program_runner.cc
+  GLOB tests/printing/*_test.cc tests/printing/filter_fixture.cc tests/printing/queue_fixture.cc
+       tests/host/program_runner.cc
   LINK Cups::Cups)
 target_compile_options(filter_program_tests PRIVATE -Wno-deprecated-declarations)
 target_compile_definitions(filter_program_tests PRIVATE

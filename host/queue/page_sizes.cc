@@ -37,8 +37,8 @@ void skipBlanks(std::string_view& text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
 }
 
-bool takeNumber(std::string_view& text, float& number) {
-  skipBlanks(text);
+template <class Number>
+bool takeNumber(std::string_view& text, Number& number) {
   const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
   if (result.ec != std::errc()) return false;
   text.remove_prefix(static_cast<std::size_t>(result.ptr - text.data()));
@@ -48,7 +48,10 @@ bool takeNumber(std::string_view& text, float& number) {
 // Two numbers, as in "595 842".
 std::optional<Extent> takeExtent(std::string_view& text) {
   Extent extent;
-  if (!takeNumber(text, extent.first) || !takeNumber(text, extent.second)) return std::nullopt;
+  skipBlanks(text);
+  if (!takeNumber(text, extent.first)) return std::nullopt;
+  skipBlanks(text);
+  if (!takeNumber(text, extent.second)) return std::nullopt;
   skipBlanks(text);
   return extent;
 }
@@ -63,11 +66,12 @@ std::optional<Extent> extentOf(const pwg_media_t* media) {
 
 // Of a name that is a size, such as w612h792 or w612h792.Fullbleed.
 std::optional<Extent> extentInName(std::string_view name) {
-  Extent extent;
-  if (!take(name, "w") || !takeNumber(name, extent.first)) return std::nullopt;
-  if (!take(name, "h") || !takeNumber(name, extent.second)) return std::nullopt;
+  int width = 0;
+  int length = 0;
+  if (!take(name, "w") || !takeNumber(name, width)) return std::nullopt;
+  if (!take(name, "h") || !takeNumber(name, length)) return std::nullopt;
   if (!name.empty() && name.front() != '.') return std::nullopt;
-  return extent;
+  return Extent(static_cast<float>(width), static_cast<float>(length));
 }
 
 std::optional<Extent> extentInCommand(const std::string& frame, const std::string& command) {

@@ -40,9 +40,9 @@ std::string written(ppd_file_t& ppd, const Choices& choices) {
     ppdMarkOption(&ppd, option.c_str(), choice.c_str());
   }
   std::string all;
-  for (const ppd_section_t section : std::array{PPD_ORDER_EXIT, PPD_ORDER_JCL, PPD_ORDER_PROLOG,
-                                                PPD_ORDER_DOCUMENT, PPD_ORDER_ANY,
-                                                PPD_ORDER_PAGE}) {
+  for (const ppd_section_t section :
+       std::array{PPD_ORDER_EXIT, PPD_ORDER_JCL, PPD_ORDER_PROLOG, PPD_ORDER_DOCUMENT,
+                  PPD_ORDER_ANY, PPD_ORDER_PAGE}) {
     const std::unique_ptr<char, decltype(&std::free)> text(ppdEmitString(&ppd, section, 0),
                                                            &std::free);
     all += text ? text.get() : "";
