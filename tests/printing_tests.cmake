@@ -21,6 +21,11 @@ target_compile_definitions(filter_program_tests PRIVATE
 add_dependencies(filter_program_tests
   driver-feature driver-feature-filter DriverFeature host_test_routines office_routines)
 
+# What libcups writes of the PPDs of queues, beside those of the printers.
+add_executable(queue_media printing/queue_media_main.cc)
+target_link_libraries(queue_media PRIVATE driver_feature_compile_options Cups::Cups)
+target_compile_options(queue_media PRIVATE -Wno-deprecated-declarations)
+
 # The scheduler is a program of the machine, which loads nothing of another
 # kind; and what the address checks would find, the tests above find faster.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT CMAKE_CXX_FLAGS MATCHES "sanitize")

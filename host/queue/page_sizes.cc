@@ -21,6 +21,7 @@ namespace {
 
 constexpr float kUsualMargin = 18;  // What most printers need: a quarter of an inch.
 constexpr float kTurned = 3;        // What sizes of the same sheet differ by.
+constexpr int kLongest = 14400;     // 200 inches, as long as PostScript's sheets get.
 constexpr std::string_view kPageSizeKey = "/PageSize";
 
 // Width and length in points.
@@ -42,7 +43,7 @@ bool takeNumber(std::string_view& text, Number& number) {
   const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
   if (result.ec != std::errc()) return false;
   text.remove_prefix(static_cast<std::size_t>(result.ptr - text.data()));
-  return number >= 1 && number < 100000;
+  return number >= 1 && number <= kLongest;
 }
 
 // Two numbers, as in "595 842".
@@ -61,7 +62,10 @@ std::optional<Extent> extentOf(const pwg_media_t* media) {
   const auto points = [](int hundredths) {
     return static_cast<float>((static_cast<long long>(hundredths) * 72 + 1270) / 2540);
   };
-  return Extent(points(media->width), points(media->length));
+  const Extent extent(points(media->width), points(media->length));
+  // A name such as 226x310 is meant to be millimetres, which libcups cannot know.
+  if (extent.first > kLongest || extent.second > kLongest) return std::nullopt;
+  return extent;
 }
 
 // Of a name that is a size, such as w612h792 or w612h792.Fullbleed.

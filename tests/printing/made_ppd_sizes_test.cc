@@ -76,7 +76,7 @@ TEST_F(MadePpdSizesTest, ExtentOfACommand_IsFound) {
 TEST_F(MadePpdSizesTest, CommandWithoutExtent_TellsNoSize) {
   for (const std::string command :
        {"/PageSize [300]", "/PageSize [0 400]", "/PageSize [w h]", "/PageSize", "300",
-        "300 400 500", "/PageSize [300 400", "/PageSize [-300 400]", "/PageSize [300 400000]"}) {
+        "300 400 500", "/PageSize [300 400", "/PageSize [-300 400]", "/PageSize [300 14401]"}) {
     describeSizes("%s", "<Option Name='A5'/><Option Name='X' PSCommand='" + command + "'/>");
     EXPECT_EQ(queue({"sizes.xml", "--output", "queue.ppd"}).errors,
               "driver-feature: not in the PPD: PageSize=X: its size is not known; give it a name "
@@ -84,6 +84,13 @@ TEST_F(MadePpdSizesTest, CommandWithoutExtent_TellsNoSize) {
         << command;
     EXPECT_EQ(sizeOf("A5"), "420x595 18 18 18 18");
   }
+}
+
+TEST_F(MadePpdSizesTest, NameOfAnImpossibleSize_TellsNone) {
+  describeSizes("%s", "<Option Name='A5'/><Option Name='226x310'/><Option Name='w9h14401'/>");
+  EXPECT_EQ(queue({"sizes.xml", "--output", "queue.ppd"}).status, 0);
+  EXPECT_EQ(sizeOf("226x310"), "none");
+  EXPECT_EQ(sizeOf("w9h14401"), "none");
 }
 
 TEST_F(MadePpdSizesTest, SmallSheets_HaveSmallMargins) {
