@@ -26,6 +26,11 @@ add_executable(queue_media printing/queue_media_main.cc)
 target_link_libraries(queue_media PRIVATE driver_feature_compile_options Cups::Cups)
 target_compile_options(queue_media PRIVATE -Wno-deprecated-declarations)
 
+add_test(NAME queue_ppds_conform
+  COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/printing/cupstestppd_test.sh
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
+set_tests_properties(queue_ppds_conform PROPERTIES TIMEOUT 120)
+
 # The scheduler is a program of the machine, which loads nothing of another
 # kind; and what the address checks would find, the tests above find faster.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT CMAKE_CXX_FLAGS MATCHES "sanitize")

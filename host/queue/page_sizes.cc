@@ -43,7 +43,14 @@ bool takeNumber(std::string_view& text, Number& number) {
   const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
   if (result.ec != std::errc()) return false;
   text.remove_prefix(static_cast<std::size_t>(result.ptr - text.data()));
-  return number >= 1 && number <= kLongest;
+  return true;
+}
+
+// Nothing for an extent that no sheet has.
+std::optional<Extent> possible(const Extent& extent) {
+  const auto isPossible = [](float points) { return points >= 1 && points <= kLongest; };
+  if (!isPossible(extent.first) || !isPossible(extent.second)) return std::nullopt;
+  return extent;
 }
 
 // Two numbers, as in "595 842".
@@ -54,7 +61,7 @@ std::optional<Extent> takeExtent(std::string_view& text) {
   skipBlanks(text);
   if (!takeNumber(text, extent.second)) return std::nullopt;
   skipBlanks(text);
-  return extent;
+  return possible(extent);
 }
 
 std::optional<Extent> extentOf(const pwg_media_t* media) {
@@ -62,19 +69,17 @@ std::optional<Extent> extentOf(const pwg_media_t* media) {
   const auto points = [](int hundredths) {
     return static_cast<float>((static_cast<long long>(hundredths) * 72 + 1270) / 2540);
   };
-  const Extent extent(points(media->width), points(media->length));
-  // A name such as 226x310 is meant to be millimetres, which libcups cannot know.
-  if (extent.first > kLongest || extent.second > kLongest) return std::nullopt;
-  return extent;
+  // A name such as 226x310 may be millimetres, which libcups cannot know.
+  return possible({points(media->width), points(media->length)});
 }
 
-// Of a name that is a size, such as w612h792 or w612h792.Fullbleed.
+// Of a name that says a size, such as w612h792 or w612h792.Fullbleed, whether
+// there can be such a sheet or not.
 std::optional<Extent> extentInName(std::string_view name) {
   int width = 0;
   int length = 0;
   if (!take(name, "w") || !takeNumber(name, width)) return std::nullopt;
   if (!take(name, "h") || !takeNumber(name, length)) return std::nullopt;
-  if (!name.empty() && name.front() != '.') return std::nullopt;
   return Extent(static_cast<float>(width), static_cast<float>(length));
 }
 
@@ -117,7 +122,8 @@ std::optional<Extent> extentOfChoice(const Model& model, const std::string& choi
   CoreFeature* feature = model.set->FindFeatureInFeatureList("PageSize");
   CoreOption* option =
       feature != nullptr ? feature->fetchOptionByName(std::string("Name"), choice) : nullptr;
-  if (const auto extent = extentInName(choice)) return extent;
+  // A PPD may give such a name to no other size.
+  if (const auto extent = extentInName(choice)) return possible(*extent);
   std::optional<Extent> standard = extentOf(pwgMediaForPWG(textOf(option, "TESKCommand").c_str()));
   if (!standard) standard = extentOfStandardName(choice);
   std::string frame;

@@ -62,6 +62,7 @@ TEST_F(MadePpdSizesTest, ExtentOfACommand_IsFound) {
            // Fed with the long edge first.
            {"%s", "Name='A4' PSCommand='/PageSize [842 595]'", "595x842"},
            {"%s", "Name='w300h400' PSCommand='/PageSize [400 300]'", "300x400"},
+           {"%s", "Name='w300h400x' PSCommand='/PageSize [500 600]'", "300x400"},
            {"%s", "Name='X' TESKCommand='iso_a5_148x210mm' PSCommand='x'", "420x595"},
            {"%s", "Name='4x6in'", "288x432"},
            {"%s", "Name='A4.Transverse'", "595x842"}}) {
@@ -87,10 +88,14 @@ TEST_F(MadePpdSizesTest, CommandWithoutExtent_TellsNoSize) {
 }
 
 TEST_F(MadePpdSizesTest, NameOfAnImpossibleSize_TellsNone) {
-  describeSizes("%s", "<Option Name='A5'/><Option Name='226x310'/><Option Name='w9h14401'/>");
+  describeSizes("%s",
+                "<Option Name='A5'/><Option Name='226x310'/><Option Name='w9h14401'/>"
+                "<Option Name='w0h0' PSCommand='300 400'/>");
   EXPECT_EQ(queue({"sizes.xml", "--output", "queue.ppd"}).status, 0);
   EXPECT_EQ(sizeOf("226x310"), "none");
   EXPECT_EQ(sizeOf("w9h14401"), "none");
+  EXPECT_EQ(sizeOf("w0h0"), "none");
+  EXPECT_EQ(sizeOf("A5"), "420x595 18 18 18 18");
 }
 
 TEST_F(MadePpdSizesTest, SmallSheets_HaveSmallMargins) {
