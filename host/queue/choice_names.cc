@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <set>
 #include <string_view>
 
 #include "host/queue/ppd_names.h"
@@ -66,13 +68,7 @@ std::optional<std::string> resolutionName(const std::string& text) {
   return text;
 }
 
-}  // namespace
-
-bool hasFixedNames(const std::string& feature) {
-  return feature == kDuplex || feature == "Resolution" || feature == "JCLResolution" ||
-         feature == "SetResolution";
-}
-
+// The PPD's name of an option of a feature with fixed names.
 std::optional<std::string> fixedNameOf(const Model& model, const std::string& feature,
                                        const std::string& option) {
   CoreFeature* found = model.set->FindFeatureInFeatureList(feature);
@@ -82,10 +78,45 @@ std::optional<std::string> fixedNameOf(const Model& model, const std::string& fe
   for (const std::string property : {"Name", "CLOKey", "TESKCommand"}) {
     std::string text;
     if (!choice->getOptionProperty(property, text)) continue;
-    const auto name = feature == kDuplex ? duplexName(text) : resolutionName(text);
+    std::optional<std::string> name = feature == kDuplex ? duplexName(text) : resolutionName(text);
     if (name) return name;
   }
   return std::nullopt;
+}
+
+// Why a PPD cannot have the choice; empty when it can.
+std::string obstacleOf(const std::optional<std::string>& name) {
+  if (!name) return "a PPD has other names for the choices of this option";
+  if (smallLetters(*name) == "custom") return "a PPD has this name for values of the user's own";
+  return isChoiceName(*name) ? "" : "a PPD cannot have this name";
+}
+
+}  // namespace
+
+bool hasFixedNames(const std::string& feature) {
+  return feature == kDuplex || feature == "Resolution" || feature == "JCLResolution" ||
+         feature == "SetResolution";
+}
+
+std::vector<NamedChoice> namedChoices(const Model& model, const std::string& name,
+                                      const FeatureView& feature,
+                                      std::vector<std::string>& losses) {
+  std::vector<NamedChoice> choices;
+  std::set<std::string> names;  // With small letters.
+  for (const Choice& choice : feature.choices()) {
+    // What an import calls it when none of the choices stands.
+    if (!choice.visible || choice.name == "not set") continue;
+    std::optional<std::string> inPpd = choice.name;
+    if (hasFixedNames(name)) inPpd = fixedNameOf(model, name, choice.name);
+    std::string obstacle = obstacleOf(inPpd);
+    if (obstacle.empty() && !names.insert(smallLetters(*inPpd)).second) obstacle = kSameNameInPpd;
+    if (obstacle.empty()) {
+      choices.push_back({*inPpd, choice.name});
+    } else {
+      losses.push_back(name + "=" + choice.name + ": " + obstacle);
+    }
+  }
+  return choices;
 }
 
 }  // namespace driver_feature

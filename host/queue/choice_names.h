@@ -1,24 +1,36 @@
-// The names that the choices of some options must have in a PPD, whatever the
-// description calls them.
+// The choices of a PPD's options, and the names that those of some options must
+// have, whatever the description calls them.
 #ifndef HOST_QUEUE_CHOICE_NAMES_H_
 #define HOST_QUEUE_CHOICE_NAMES_H_
 
-#include <optional>
 #include <string>
+#include <vector>
 
 #include "host/settings.h"
 
 namespace driver_feature {
+
+// Why the second one of two names is left out.
+inline constexpr const char* kSameNameInPpd =
+    "another one has this name, of which a PPD does not tell capital from small letters";
+
+// A choice of a PPD's option.
+struct NamedChoice {
+  std::string name;    // In the PPD.
+  std::string option;  // In the description.
+};
 
 // Whether a PPD gives the choices of this option their names: those of Duplex
 // are None, DuplexNoTumble, DuplexTumble and SimplexTumble, those of a
 // resolution such as 600dpi or 600x300dpi.
 bool hasFixedNames(const std::string& feature);
 
-// The PPD's name of an option of such a feature, found by the option's name,
-// its "CLOKey" and its name in tickets. Nothing when it has none.
-std::optional<std::string> fixedNameOf(const Model& model, const std::string& feature,
-                                       const std::string& option);
+// The visible options of a list that a PPD can have as choices. The others are
+// added to the losses, as NAME=OPTION and the reason. Options of a feature with
+// fixed names get these, found by the option's name, its "CLOKey" and its name
+// in tickets.
+std::vector<NamedChoice> namedChoices(const Model& model, const std::string& name,
+                                      const FeatureView& feature, std::vector<std::string>& losses);
 
 }  // namespace driver_feature
 

@@ -31,12 +31,6 @@ std::string plainText(const std::string& text) {
   return plain.substr(0, 30);
 }
 
-// A choice of the PPD: its name there and in the description.
-struct NamedChoice {
-  std::string name;
-  std::string option;
-};
-
 class Writer {
  public:
   explicit Writer(const Model& model) : model_(model) {}
@@ -70,7 +64,7 @@ class Writer {
     } else if (!isOptionName(name, isList)) {
       lose(name, "a PPD cannot have this name");
     } else if (!names_.insert(smallLetters(name)).second) {
-      lose(name, kSameName);
+      lose(name, kSameNameInPpd);
     } else if (isList) {
       addList(name, feature);
     } else {
@@ -120,32 +114,12 @@ class Writer {
 
   void close(const std::string& name) { line("*CloseUI: *" + name); }
 
-  // The options of a list that the PPD can have as choices; the others are lost.
-  std::vector<NamedChoice> namedChoices(const std::string& name, const FeatureView& feature) {
-    std::vector<NamedChoice> choices;
-    std::set<std::string> names;
-    for (const Choice& choice : feature.choices()) {
-      // What an import calls it when none of the choices stands.
-      if (!choice.visible || choice.name == "not set") continue;
-      std::optional<std::string> inPpd = choice.name;
-      if (hasFixedNames(name)) inPpd = fixedNameOf(model_, name, choice.name);
-      if (!inPpd) {
-        lose(name + "=" + choice.name, "a PPD has other names for the choices of this option");
-      } else if (smallLetters(*inPpd) == "custom") {
-        lose(name + "=" + choice.name, "a PPD has this name for values of the user's own");
-      } else if (!isChoiceName(*inPpd)) {
-        lose(name + "=" + choice.name, "a PPD cannot have this name");
-      } else if (!names.insert(smallLetters(*inPpd)).second) {
-        lose(name + "=" + choice.name, kSameName);
-      } else {
-        choices.push_back({*inPpd, choice.name});
-      }
-    }
-    return choices;
+  std::vector<NamedChoice> choicesOf(const std::string& name, const FeatureView& feature) {
+    return namedChoices(model_, name, feature, ppd_.losses);
   }
 
   void addList(const std::string& name, const FeatureView& feature) {
-    const std::vector<NamedChoice> choices = namedChoices(name, feature);
+    const std::vector<NamedChoice> choices = choicesOf(name, feature);
     if (choices.empty()) return;
     const auto has = [&choices](const std::string& wanted, std::string NamedChoice::*member) {
       return std::find_if(choices.begin(), choices.end(),
@@ -156,6 +130,7 @@ class Writer {
     }
     const auto current = has(feature.currentChoice().value_or(""), &NamedChoice::option);
     std::vector<std::string> inPpd;
+    inPpd.reserve(choices.size());
     for (const NamedChoice& choice : choices) {
       inPpd.push_back(choice.name);
       if (choice.name == choice.option) continue;
@@ -173,7 +148,7 @@ class Writer {
 
   std::vector<PageSize> sizesOf(const FeatureView& feature) {
     std::vector<PageSize> sizes;
-    for (const NamedChoice& choice : namedChoices(kPageSize, feature)) {
+    for (const NamedChoice& choice : choicesOf(kPageSize, feature)) {
       if (const std::optional<PageSize> size = pageSizeOf(model_, choice.option)) {
         sizes.push_back(*size);
       } else {
@@ -187,6 +162,7 @@ class Writer {
 
   void writePageSizes(const std::vector<PageSize>& sizes, const std::string& usual) {
     std::vector<std::string> names;
+    names.reserve(sizes.size());
     for (const PageSize& size : sizes) names.push_back(size.name);
     const bool isListed = std::find(names.begin(), names.end(), usual) != names.end();
     const std::string current = isListed ? usual : kUnknown;
@@ -231,8 +207,6 @@ class Writer {
 
   // Marks none of the choices, so that the description's default stands.
   static constexpr const char* kUnknown = "Unknown";
-  static constexpr const char* kSameName =
-      "another one has this name, of which a PPD does not tell capital from small letters";
 
   const Model& model_;
   MinimalPpd ppd_;

@@ -67,7 +67,7 @@ std::optional<Extent> takeExtent(std::string_view& text) {
 std::optional<Extent> extentOf(const pwg_media_t* media) {
   if (media == nullptr || media->width <= 0 || media->length <= 0) return std::nullopt;
   const auto points = [](int hundredths) {
-    return static_cast<float>((static_cast<long long>(hundredths) * 72 + 1270) / 2540);
+    return std::round(static_cast<float>(hundredths) * 72 / 2540);
   };
   // A name such as 226x310 may be millimetres, which libcups cannot know.
   return possible({points(media->width), points(media->length)});

@@ -68,6 +68,11 @@ while read -r number language line key value; do
   fi
 done <<<"$list"
 [ "$sessions" -gt 0 ] || { echo "the document has no sessions"; exit 1; }
+# Such as a printer without page sizes.
+if grep -a '^C' "$folder/log/errors"; then
+  echo "the scheduler finds a critical fault"
+  failures=$((failures + 1))
+fi
 for ppd in *.ppd; do
   found=$(failuresOf "$ppd")
   if [ -n "$found" ]; then
