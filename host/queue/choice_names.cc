@@ -113,7 +113,8 @@ std::vector<NamedChoice> namedChoices(const Model& model, const std::string& nam
     if (obstacle.empty()) {
       choices.push_back({*inPpd, choice.name});
     } else {
-      losses.push_back(name + "=" + choice.name + ": " + obstacle);
+      losses.push_back(name);
+      losses.back().append("=").append(choice.name).append(": ").append(obstacle);
     }
   }
   return choices;

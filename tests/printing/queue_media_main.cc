@@ -75,7 +75,9 @@ std::vector<Choices> product(const std::vector<Choices>& left, const std::vector
 
 std::string textOf(const Choices& choices) {
   std::string text;
-  for (const auto& [option, choice] : choices) text += " " + option + "=" + choice;
+  for (const auto& [option, choice] : choices) {
+    text.append(" ").append(option).append("=").append(choice);
+  }
   return text.empty() ? " the defaults" : text;
 }
 
