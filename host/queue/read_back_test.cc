@@ -39,7 +39,9 @@ TEST(ReadBack, GoodPpd_HasNoProblem) {
 }
 
 TEST(ReadBack, TextThatLibcupsCannotRead_HasItsLineAndReason) {
-  EXPECT_EQ(problemOf(kHead + "another-filter\"\n"), "5: Missing asterisk in column 1");
+  // In the language of the user, as everything that libcups says.
+  EXPECT_EQ(problemOf(kHead + "another-filter\"\n"),
+            std::string("5: ") + ppdErrorString(PPD_MISSING_ASTERISK));
 }
 
 TEST(ReadBack, LostLine_IsNamed) {
