@@ -121,8 +121,10 @@ int compose(const Arguments& arguments, const Session& session, std::vector<std:
     complain(arguments.ppd + ": cannot be read a second time; give a file instead of a pipe");
     return kUnusable;
   }
-  for (const std::string& line : mediaLines(*ppd)) lines.push_back(line);
+  // The queue's own lines first: a PPD that has been through here comes out as it
+  // was.
   for (const std::string& line : jobEndLines(*ppd)) lines.push_back(line);
+  for (const std::string& line : mediaLines(*ppd)) lines.push_back(line);
   const QueueText queue = withQueueLines(bytes, lines);
   if (const auto unusable = readBack(queue.text, lines, ppd.get())) {
     return complainOfPpd(arguments, *unusable, queue.origins);
