@@ -52,7 +52,7 @@ compileView() {
 # linkLibrary MAP [SOURCE]: links the library's objects with a list of exports.
 linkLibrary() {
   local objects
-  mapfile -t objects < <(find "$build/CMakeFiles/driver_feature_objects.dir" -name '*.o')
+  mapfile -t objects < <(find "$build/library" -name '*.o')
   "$compiler" "${flags[@]}" -shared -fPIC -g "${objects[@]}" "${@:2}" \
     -Wl,--version-script="$1" -Wl,-soname,libDriverFeature.so -L"$build/lib" -lCommonAPI -lXMLParser -o "$work/build/lib/libDriverFeature.so" \
     >"$work/log" 2>&1 || fail "does not link"
