@@ -50,6 +50,7 @@ JobTexts composeTexts(const Session& session, const QueuePpd* ppd, const FilterA
       frameOf(session.model(), ppd, arguments, outputOf(session, OutputForm::kPjl));
   texts.sections.header = frame.header;
   texts.trailer = frame.trailer;
+  if (ppd != nullptr) texts.around = libcupsFrameOf(*ppd, arguments, frame);
   return texts;
 }
 

@@ -38,18 +38,6 @@ bool FeatureList::addDynamicGroup(DriverFeatureDynamicGroup* group) {
   return append(dynamicGroups_, group);
 }
 
-DriverFeature* FeatureList::featureAt(int index) {
-  if (index < 0 || index >= featureCount()) return nullptr;
-  const bool isNearerToStart = lastFetchedIndex_ - index > index;
-  if (lastFetchedIndex_ < 0 || isNearerToStart) {
-    lastFetched_ = features_.begin();
-    lastFetchedIndex_ = 0;
-  }
-  for (; lastFetchedIndex_ < index; ++lastFetchedIndex_) ++lastFetched_;
-  for (; lastFetchedIndex_ > index; --lastFetchedIndex_) --lastFetched_;
-  return lastFetched_->second;
-}
-
 DriverFeatureStaticGroup* FeatureList::staticGroupAt(int index) const {
   return groupAt(staticGroups_, index);
 }
@@ -58,13 +46,9 @@ DriverFeatureDynamicGroup* FeatureList::dynamicGroupAt(int index) const {
   return groupAt(dynamicGroups_, index);
 }
 
-DriverFeature* FeatureList::findFeature(const std::string& name) const {
-  if (index_.empty()) {
-    const auto found = features_.find(name);
-    return found != features_.end() ? found->second : nullptr;
-  }
-  const auto found = index_.find(name);
-  return found != index_.end() ? found->second->second : nullptr;
+DriverFeature* FeatureList::searchFeatures(const std::string& name) const {
+  const auto found = features_.find(name);
+  return found != features_.end() ? found->second : nullptr;
 }
 
 void FeatureList::indexNames() {
