@@ -57,8 +57,8 @@ void FeatureList::indexNames() {
   for (const auto& entry : features_) index_.emplace(entry.first, &entry);
 }
 
-// Where there is no memory for the entry, none is indexed, and the map is
-// searched instead.
+// Without memory for the entry the index is dropped, and the map is searched
+// instead.
 void FeatureList::index(const Features::value_type& entry) try {
   index_.emplace(entry.first, &entry);
 } catch (const std::bad_alloc&) {
