@@ -158,8 +158,12 @@ class Examination {
       if (!jobs->compare(options, differences, problem)) {
         fail("whole job", problem.append(": ").append(options));
       }
-      for (const Difference& difference : differences) {
-        addDifference("difference in ", "whole job " + std::to_string(i), options, difference);
+      for (Difference& difference : differences) {
+        const auto section =
+            sectionOfEquals(peer_->file(), difference.peerText, difference.ourText);
+        if (section) difference.part = *section;
+        addDifference(section ? "order of equals in " : "difference in ",
+                      "whole job " + std::to_string(i), options, difference);
       }
       options = jobOptions(*peer_, randomMarks(*peer_, random));
     }

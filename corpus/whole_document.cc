@@ -31,11 +31,6 @@ constexpr std::array<Place, 4> kPlaces = {{{"%%EndComments\n", "%%BeginProlog\n"
                                            {"%%BeginSetup\n", "/Helvetica 12 selectfont\n"},
                                            {"%%BeginPageSetup\n", "%%EndPageSetup\n"}}};
 
-void removeOnce(std::string& text, const std::string& part) {
-  const std::size_t at = part.empty() ? std::string::npos : text.find(part);
-  if (at != std::string::npos) text.erase(at, part.size());
-}
-
 // Removes the lines from the first one that begins so up to the next one that
 // begins like `last`; nothing when one of them is missing.
 void removeLines(std::string& text, const std::string& first, const std::string& last) {
@@ -51,17 +46,41 @@ void replaceAll(std::string& text, const std::string& old, const std::string& by
   }
 }
 
+// What stands between two marks; empty without them.
+std::string textBetween(const std::string& text, const std::string& begin, const std::string& end) {
+  const std::size_t at = text.find(begin);
+  const std::size_t last = at == std::string::npos ? at : text.find(end, at + begin.size());
+  if (last == std::string::npos) return "";
+  return text.substr(at + begin.size(), last - at - begin.size());
+}
+
+std::string afterCodes(const std::string& text) {
+  const std::string codeEnd = "} stopped cleartomark\n";
+  const std::size_t at = text.rfind(codeEnd);
+  return at == std::string::npos ? text : text.substr(at + codeEnd.size());
+}
+
 }  // namespace
 
-std::string withoutPstopsTexts(std::string job, const ppd_file_t& ppd) {
+std::string withoutJobPatch(std::string job, const ppd_file_t& ppd) {
+  if (ppd.patches == nullptr) return job;
+  const std::string patch =
+      "%%BeginFeature: *JobPatchFile 1\n" + std::string(ppd.patches) + "\n%%EndFeature\n";
+  const std::size_t at = job.find(patch);
+  if (at != std::string::npos) job.erase(at, patch.size());
+  return job;
+}
+
+std::string withoutPstopsProcedures(std::string job) {
   removeLines(job, "% x y w h ESPrc", "userdict/ESPwl");
   removeLines(job, "% Disable CTRL-D", "userdict dup(\\004)");
   removeLines(job, "%RBINumCopies: ", "%RBINumCopies: ");
   removeLines(job, "%%Requirements: ", "%%Requirements: ");
-  if (ppd.patches != nullptr) {
-    removeOnce(job,
-               "%%BeginFeature: *JobPatchFile 1\n" + std::string(ppd.patches) + "\n%%EndFeature\n");
-  }
+  return job;
+}
+
+std::string withoutPstopsTexts(std::string job, const ppd_file_t& ppd) {
+  job = withoutPstopsProcedures(std::move(job));
   const bool endsForAnother = ppd.jcl_end == nullptr && ppd.num_filters > 0;
   if (endsForAnother && job.ends_with('\x04')) job.pop_back();
   return job;
@@ -80,7 +99,11 @@ std::string expectedOfConverted(const std::string& converted, const std::string&
     const std::size_t section = direct.find(mark, begin) + mark.size();
     const std::size_t after = direct.find(place.end, section);
     if (after == std::string::npos) return "";
-    replaceAll(body, mark, mark + direct.substr(section, after - section));
+    std::string text = direct.substr(section, after - section);
+    // What pstops has done to the pages of both, after libcups' codes.
+    const std::string there = afterCodes(textBetween(body, mark, place.end));
+    if (text.ends_with(there)) text.resize(text.size() - there.size());
+    replaceAll(body, mark, mark + text);
   }
   std::string last = direct.substr(end + kDocumentEnd.size());
   // What pstops writes for another filter's sake passes.

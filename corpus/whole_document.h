@@ -13,11 +13,19 @@ namespace driver_feature {
 // that pstops writes.
 extern const char* const kWholeDocument;
 
+// A job without the procedures of pstops and without two comments that it writes
+// in the header. In the filter's jobs they are where the filter has let pstops
+// work on the pages.
+std::string withoutPstopsProcedures(std::string job);
+
 // The job of pstops without what pstops adds of its own, whatever libcups
-// writes for the PPD's options: its procedures, two comments in the header, the
-// PPD's job patch, and its end of file where the PPD names another filter, for
-// which libcups writes none.
+// writes for the PPD's options: the same, and its end of file where the PPD names
+// another filter, for which libcups writes none.
 std::string withoutPstopsTexts(std::string job, const ppd_file_t& ppd);
+
+// A job without the PPD's patch, which is written once into each job: by pstops
+// into the jobs that it converts.
+std::string withoutJobPatch(std::string job, const ppd_file_t& ppd);
 
 // What must come of a job that pstops has made of the document: the front and
 // the end of `direct`, which came of the document itself; and between them the

@@ -31,19 +31,6 @@ TEST(WholeDocument, HalfATextOfPstops_Stays) {
   EXPECT_EQ(withoutPstopsTexts(job, ppd_file_t{}), job);
 }
 
-TEST(WholeDocument, PatchOfThePpd_IsRemovedOnce) {
-  const std::string patch = "%%BeginFeature: *JobPatchFile 1\npatch\n%%EndFeature\n";
-  ppd_file_t ppd{};
-  std::string text = "patch";
-  const std::string begin = "%%BeginProlog\n";
-  EXPECT_EQ(withoutPstopsTexts(replaced(kDocument, begin, begin + patch), ppd),
-            replaced(kDocument, begin, begin + patch));
-  ppd.patches = text.data();
-  EXPECT_EQ(withoutPstopsTexts(replaced(kDocument, begin, begin + patch), ppd), kDocument);
-  EXPECT_EQ(withoutPstopsTexts(replaced(kDocument, begin, begin + patch + patch), ppd),
-            replaced(kDocument, begin, begin + patch));
-}
-
 TEST(WholeDocument, EndOfFile_IsRemovedWhereAnotherFilterFollows) {
   ppd_file_t ppd{};
   EXPECT_EQ(withoutPstopsTexts(kDocument + "\x04", ppd), kDocument + "\x04");
@@ -79,6 +66,27 @@ TEST(WholeDocument, OtherJobs_HaveNoExpectation) {
   EXPECT_EQ(expectedOfConverted("", kDocument), "");
   EXPECT_EQ(expectedOfConverted(kDocument, ""), "");
   EXPECT_EQ(expectedOfConverted(kDocument, replaced(kDocument, "/pageText { 72", "")), "");
+}
+
+TEST(WholeDocument, JobPatch_IsRemovedOnce) {
+  const std::string patch = "%%BeginFeature: *JobPatchFile 1\npatch\n%%EndFeature\n";
+  const std::string begin = "%%BeginProlog\n";
+  ppd_file_t ppd{};
+  std::string text = "patch";
+  const std::string job = replaced(kDocument, begin, begin + patch + patch);
+  EXPECT_EQ(withoutJobPatch(job, ppd), job);
+  ppd.patches = text.data();
+  EXPECT_EQ(withoutJobPatch(job, ppd), replaced(kDocument, begin, begin + patch));
+}
+
+TEST(WholeDocument, ExpectedOfAConvertedJob_HasWhatPstopsDidToThePagesOnce) {
+  const std::string page = "%%BeginPageSetup\n";
+  const std::string code = "[{\ncode\n} stopped cleartomark\n";
+  const std::string mirrored = replaced(kDocument, page, page + code + "-1 1 scale\n");
+  std::string expected = kDocument;
+  expected.replace(expected.rfind(page), page.size(), page + code);
+  expected = replaced(expected, page, page + code + code + "-1 1 scale\n");
+  EXPECT_EQ(expectedOfConverted(mirrored, mirrored), expected);
 }
 
 }  // namespace

@@ -146,8 +146,9 @@ bool JobSettings::asksFor(const std::string& name) const {
       [&name](const Setting& option) { return equalKeywords(option.name.c_str(), name.c_str()); });
 }
 
-// Who works on the pages. Mirrored pages are made like others, and the
-// printer's own way is then left off.
+// Who works on the pages. The scheduler's filter mirrors them for the PPD's own
+// choice as well, and that choice is written all the same, as for a queue without
+// a description.
 bool JobSettings::settlePages() {
   if (ppd_ != nullptr) ppd_->mark(forPpd_);
   const bool isMirrored =
@@ -156,10 +157,6 @@ bool JobSettings::settlePages() {
   if (const auto problem = pages_.decide(takesCopies())) {
     tell(Message::kError, *problem);
     return false;
-  }
-  if (isMirrored && pages_.works()) {
-    std::erase_if(forPpd_, [](const Setting& s) { return s.name == "mirror"; });
-    forPpd_.push_back({kMirror, "False"});
   }
   return true;
 }

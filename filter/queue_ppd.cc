@@ -203,6 +203,11 @@ std::string QueuePpd::jobEnd() const {
   return written([&](std::FILE* file) { ppdEmitJCLEnd(ppd_.get(), file); });
 }
 
+std::string QueuePpd::jobPatch() const {
+  if (ppd_->patches == nullptr) return "";
+  return "%%BeginFeature: *JobPatchFile 1\n" + std::string(ppd_->patches) + "\n%%EndFeature\n";
+}
+
 std::string QueuePpd::exitServer() const {
   return emittedText(*ppd_, PPD_ORDER_EXIT);
 }

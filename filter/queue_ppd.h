@@ -56,6 +56,10 @@ class QueuePpd {
   std::string jobBegin(int job, const std::string& user, const std::string& title) const;
   std::string jobEnd() const;
 
+  // The PPD's patch (*JobPatchFile) as pstops writes it at the beginning of the
+  // prolog of each document that is not converted; empty without one.
+  std::string jobPatch() const;
+
   // What libcups writes for the section ExitServer, with the marked choices.
   std::string exitServer() const;
 
