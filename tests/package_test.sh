@@ -95,7 +95,6 @@ expectHolds driver-feature usr/bin/driver-feature{,-filter} \
   "$libraries"/lib{office,ppd}_routines.so \
   usr/share/driver-feature/{label_printer,office_laser}.xml \
   usr/share/driver-feature/feature_description.rng usr/share/man/man1/driver-feature.1 \
-  usr/share/man/man5/driver-feature-{description,settings}.5 \
   usr/share/man/man8/driver-feature-filter.8 \
   usr/share/bash-completion/completions/driver-feature.bash \
   usr/share/zsh/vendor-completions/_driver-feature
