@@ -244,7 +244,8 @@ TEST_F(TagHandlerTest, Load_ARoutineThrows_IsTakenBackWhole) {
                                      LoadVORNCallbackHandler="TagHandlerTestLoad"/>
                     <Feature FeatureType="UIOnly" Name="A"/>)"),
             1);
-  EXPECT_EQ(load(R"(<BaseFeatureInfo DefaultCallbackHandler="TagHandlerTestThrow"/>
+  EXPECT_EQ(load(R"(<BaseFeatureInfo DefaultCallbackHandler="TagHandlerTestThrow"
+                                     LoadVORNCallbackHandler="TagHandlerTestOtherLoad"/>
                     <FeatureStaticGroup Name="G"><Feature FeatureType="UIOnly" Name="B"/>
                     </FeatureStaticGroup>
                     <Feature FeatureType="UIOnly" Name="C" Visibility="true"/>)"),
