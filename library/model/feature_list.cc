@@ -52,9 +52,11 @@ DriverFeature* FeatureList::searchFeatures(const std::string& name) const {
 }
 
 void FeatureList::indexNames() {
-  index_.clear();
-  index_.reserve(features_.size());
-  for (const auto& entry : features_) index_.emplace(entry.first, &entry);
+  // Made aside: there must be all of it or none.
+  Index index;
+  index.reserve(features_.size());
+  for (const auto& entry : features_) index.emplace(entry.first, &entry);
+  index_.swap(index);
 }
 
 // Without memory for the entry the index is dropped, and the map is searched

@@ -81,7 +81,8 @@ class FeatureList {
   // The entries of features_ by name: all of them, or none. Entries keep their
   // places in the map, so that a feature filed in the place of another one needs
   // no change here.
-  std::unordered_map<std::string_view, const Features::value_type*> index_;
+  using Index = std::unordered_map<std::string_view, const Features::value_type*>;
+  Index index_;
 
   // The entry that was last fetched by its position, so that a walk over all
   // positions takes one step for each instead of starting anew. -1: there is
