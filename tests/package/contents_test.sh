@@ -62,8 +62,8 @@ for architecture in "$own" i386; do
   expectDependencies "libdriverfeature-dev:$architecture" "libdriverfeature1 (= $kVersion)"
 done
 expectFields "driver-feature:$own" utils allowed
-expectDependencies "driver-feature:$own" libc6 libcups2 "libdriverfeature1 (= $kVersion)" libgcc-s1 \
-  libreadline8 libstdc++6 libxml2
+expectDependencies "driver-feature:$own" libc6 libcups2 "libdriverfeature1 (= $kVersion)" libedit2 \
+  libgcc-s1 libstdc++6 libxml2
 
 # Debian's own checker finds no error and nothing to warn of.
 for package in "${kAllPackages[@]}"; do file "$package"; done >"$work/files"

@@ -25,7 +25,7 @@ root=$work/root
 libraries=usr/lib/$(triplet "$own")/driver-feature
 mkdir -p "$root/var/lib/dpkg/"{info,updates}
 : >"$root/var/lib/dpkg/available"
-for name in libc6 libcups2 libgcc-s1 libreadline8 libstdc++6 libxml2; do
+for name in libc6 libcups2 libedit2 libgcc-s1 libstdc++6 libxml2; do
   dpkg-query --status "$name:$own"
   echo
 done >"$root/var/lib/dpkg/status"
