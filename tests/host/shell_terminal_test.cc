@@ -10,6 +10,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <thread>
 
 #include "host/shell_fixture.h"
 
@@ -76,10 +77,15 @@ class Terminal {
     return tcgetattr(master_, &settings) == 0 && (settings.c_lflag & ICANON) == 0;
   }
 
-  // Waits for the end; the exit status, or 1000 and the signal.
+  // Waits for the end; the exit status, or 1000 and the signal. A program that
+  // has not ended after ten seconds is killed.
   int end() {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     int status = 0;
-    waitpid(child_, &status, 0);
+    while (waitpid(child_, &status, WNOHANG) == 0) {
+      if (std::chrono::steady_clock::now() > deadline) kill(child_, SIGKILL);
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
     child_ = 0;
     return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
   }
