@@ -455,26 +455,39 @@ expectLine out 'demo of build/release'
 
 # preparePackage: stand-ins for everything that makes packages.
 preparePackage() {
-  mkdir -p "$work/project/packaging" "$work/project/build/package"
+  local script
+  mkdir -p "$work/project/packaging" "$work/project/build/package" "$work/project/cmake/i386" \
+    "$work/project/tests/package"
   : >"$work/project/packaging/changelog"
   : >"$work/project/build/package/old.deb"
-  fake cmake
+  fake cmake 'case "$1" in --fresh) echo "flags $CXXFLAGS" >>'"$work/calls"' ;; esac'
   fake cpack 'echo "time $SOURCE_DATE_EPOCH" >>'"$work/calls"
-  fake ctest
   fake dpkg-buildflags 'echo "-of-$2"'
+  fake dpkg-deb 'echo "a, b (>= 2)"'
   fake git 'echo 1234'
   fake stat 'echo 5678'
+  for script in cmake/i386/make_root tests/package/contents_test tests/package/life_test; do
+    printf 'echo "%s $*" >>"%s/calls"\n[ ! -f "%s/status.%s" ]\n' \
+      "${script##*/}" "$work" "$work" "${script##*/}" >"$work/project/$script.sh"
+  done
 }
 
 # expectPackageCalls TIME-CALL... TIME: the calls of a whole run, with what
 # finds the time and what it finds.
 expectPackageCalls() {
-  local folder=$work/project/build/package
+  local project=$work/project folder=$work/project/build/package time=${*: -1}
+  local common="--log-level=WARNING -DCMAKE_INSTALL_PREFIX=/usr -DBUILD_TESTING=OFF -DDRIVER_FEATURE_PACKAGE_FOLDER=$folder"
   expectCalls 'dpkg-buildflags --get CXXFLAGS' 'dpkg-buildflags --get CPPFLAGS' "${@:1:$#-1}" \
-    "cmake --preset release -B $folder/tree --log-level=WARNING -DCMAKE_CXX_FLAGS=-of-CXXFLAGS -of-CPPFLAGS -g0 -DCMAKE_INSTALL_PREFIX=/usr -DBUILD_TESTING=OFF -DDRIVER_FEATURE_PACKAGE_FOLDER=$folder" \
+    "cmake --fresh -B $folder/tree $common --preset release" 'flags -of-CXXFLAGS -of-CPPFLAGS -g0' \
     "cmake --build $folder/tree --parallel 3" \
-    "cpack --config $folder/tree/CPackConfig.cmake" "time ${*: -1}" \
-    "ctest --test-dir $folder/tree --output-on-failure --no-tests=error -L ^package\$"
+    "cpack --config $folder/tree/CPackConfig.cmake" "time $time" \
+    "dpkg-deb --field $folder/libdriverfeature1_*.deb Depends" \
+    'make_root build/i386-root' \
+    "cmake --fresh -B $folder/tree-i386 $common --preset i386 -DCMAKE_INSTALL_LIBDIR=lib/i386-linux-gnu -DDRIVER_FEATURE_FOREIGN_ARCHITECTURE=i386 -DDRIVER_FEATURE_FOREIGN_DEPENDS=a, b (>= 2)" \
+    'flags -of-CXXFLAGS -of-CPPFLAGS -g0' \
+    "cmake --build $folder/tree-i386 --parallel 3 --target DriverFeature common_api xml_parser" \
+    "cpack --config $folder/tree-i386/CPackConfig.cmake" "time $time" \
+    "contents_test $project $folder" "life_test $project $folder $project/build/i386-root"
 }
 
 begin Package_IsBuiltPackedAndTried
@@ -493,12 +506,21 @@ dev package
 expectStatus 0
 expectPackageCalls 'git log -1 --format=%ct' 'stat -c %Y packaging/changelog' 5678
 
-for tool in cmake cpack ctest dpkg-buildflags; do
+for tool in cmake cpack dpkg-buildflags dpkg-deb; do
   begin "Package_FailureOf_${tool}_IsPassedOn"
   preparePackage
   echo 3 >"$work/status.$tool"
   dev package
   expectStatus 3
+  checks=$((checks + 1))
+  ! grep -q 'the packages are in' "$work/out" || fail 'promises packages'
+done
+for script in make_root contents_test life_test; do
+  begin "Package_FailureOf_${script}_IsPassedOn"
+  preparePackage
+  : >"$work/status.$script"
+  dev package
+  expectStatus 1
   checks=$((checks + 1))
   ! grep -q 'the packages are in' "$work/out" || fail 'promises packages'
 done

@@ -61,7 +61,7 @@ check 'the lists are not those of 32-bit packages' \
   says calls '-o APT::Architecture=i386 -o APT::Architectures=i386'
 check 'apt-get works outside of the folder' \
   says calls "-o Dir::State::Lists=$work/root/apt/lists"
-for name in libxml2 libxml2-dev libicu72 liblzma5 zlib1g libreadline8 libreadline-dev libtinfo6 \
+for name in libxml2 libxml2-dev libicu72 liblzma5 zlib1g libedit2 libedit-dev libbsd0 libmd0 libtinfo6 \
   libcups2 libcups2-dev libavahi-client3 libgnutls30 libgssapi-krb5-2; do
   check "does not fetch $name" grep -qE " download .*\\b$name\\b" "$work/calls"
 done

@@ -8,6 +8,7 @@
 
 #include "host/shell/history.h"
 #include "host/shell/shell.h"
+#include "host/shell/tab_key.h"
 
 namespace driver_feature {
 
@@ -32,11 +33,15 @@ class CompletionTest : public testing::Test {
     std::string folder =
         (std::filesystem::temp_directory_path() / "driver-feature-XXXXXX").string();
     ASSERT_NE(mkdtemp(folder.data()), nullptr);
-    const std::string file = folder + "/office.xml";
+    files = folder + "/";
+    for (const char* file : {"a file.ps", "abc1", "abc2", "it's", ".hidden"}) {
+      std::ofstream(files + file).flush();
+    }
+    std::filesystem::create_directories(files + "sub dir");
+    const std::string file = files + "office.xml";
     std::ofstream(file) << kDescription;
     int status = 0;
     session = Session::open({file, DRIVER_FEATURE_LIBRARY, {}, LogDetail::kUsual}, status);
-    std::filesystem::remove_all(folder);
     ASSERT_TRUE(session);
     transcript = std::make_unique<Transcript>();
     shell = std::make_unique<Shell>(*session, *transcript);
@@ -46,15 +51,24 @@ class CompletionTest : public testing::Test {
     shell.reset();
     session.reset();
     transcript.reset();
+    std::filesystem::remove_all(files);
+  }
+
+  // The line after Tab, with the cursor at its end.
+  static std::string afterTab(const std::string& line) {
+    const TabStep step = pressTab(*shell, line);
+    return line.substr(0, step.begin) + step.written;
   }
 
   static Words words(const std::string& line) { return complete(*shell, line).words; }
 
+  static std::string files;  // A folder, with a slash.
   static std::unique_ptr<Session> session;
   static std::unique_ptr<Transcript> transcript;
   static std::unique_ptr<Shell> shell;
 };
 
+std::string CompletionTest::files;
 std::unique_ptr<Session> CompletionTest::session;
 std::unique_ptr<Transcript> CompletionTest::transcript;
 std::unique_ptr<Shell> CompletionTest::shell;
@@ -136,6 +150,55 @@ TEST_F(CompletionTest, Complete_Files_AreProposedWhereTheyBelong) {
   EXPECT_FALSE(complete(*shell, "set ").files);
   EXPECT_TRUE(complete(*shell, "write ").files);
   EXPECT_TRUE(complete(*shell, "load ").files);
+}
+
+TEST_F(CompletionTest, PressTab_OneProposal_EndsTheWord) {
+  EXPECT_EQ(afterTab("se"), "set ");
+  EXPECT_EQ(afterTab("set Dup"), "set Duplex ");
+  EXPECT_EQ(afterTab("set \"Dup"), "set \"Duplex\" ");
+  EXPECT_EQ(afterTab("set 'Dup"), "set 'Duplex' ");
+  EXPECT_EQ(afterTab("set Du\"p"), "set \"Duplex\" ");
+  EXPECT_EQ(afterTab("set Duplex Long\\ "), "set Duplex \"Long Edge\" ");
+  EXPECT_EQ(afterTab("set Duplex \"Long "), "set Duplex \"Long Edge\" ");
+  EXPECT_EQ(afterTab("set Duplex 'Long "), "set Duplex 'Long Edge' ");
+  EXPECT_EQ(afterTab("records Pages add Fi"), "records Pages add First=");
+  EXPECT_EQ(afterTab("records Pages add \"Fi"), "records Pages add \"First=");
+  EXPECT_EQ(pressTab(*shell, "set Dup").choices, Words{});
+}
+
+TEST_F(CompletionTest, PressTab_SeveralProposals_GoesOnAsFarAsTheyAgree) {
+  EXPECT_EQ(afterTab("set Duplex L"), "set Duplex Long");
+  EXPECT_EQ(pressTab(*shell, "set Duplex L").choices, (Words{"Long", "\"Long Edge\""}));
+  EXPECT_EQ(afterTab("set Duplex 'L"), "set Duplex 'Long");
+  EXPECT_EQ(afterTab("set Duplex Long"), "set Duplex Long");
+  EXPECT_EQ(afterTab("set 'P"), "set 'Pa");
+  EXPECT_EQ(afterTab("set "), "set ");
+}
+
+TEST_F(CompletionTest, PressTab_NoProposal_LeavesTheLine) {
+  EXPECT_EQ(afterTab("set 'zz"), "set 'zz");
+  EXPECT_EQ(pressTab(*shell, "set 'zz").choices, Words{});
+}
+
+TEST_F(CompletionTest, PressTab_File_IsQuotedWhereItMustBe) {
+  const std::string emit = "emit ps ";
+  EXPECT_EQ(afterTab(emit + files + "a f"), emit + files + "a f");  // A word of its own.
+  EXPECT_EQ(afterTab(emit + files + "a\\ "), emit + "\"" + files + "a file.ps\" ");
+  EXPECT_EQ(afterTab(emit + files + "abc"), emit + files + "abc");
+  EXPECT_EQ(pressTab(*shell, emit + files + "abc").choices, (Words{"abc1", "abc2"}));
+  EXPECT_EQ(afterTab(emit + files + "su"), emit + "\"" + files + "sub dir/");
+  EXPECT_EQ(afterTab(emit + "'" + files + "it"), emit + "\"" + files + "it's\" ");
+  EXPECT_EQ(pressTab(*shell, emit + files).choices,
+            (Words{".hidden", "a file.ps", "abc1", "abc2", "it's", "office.xml", "sub dir/"}));
+  EXPECT_EQ(pressTab(*shell, emit + files + "nothing/").choices, Words{});
+}
+
+TEST(TabKey, LayOutChoices_Width_IsFilledColumnByColumn) {
+  const Words choices = {"a", "bbb", "c", "d", "\xC3\x84"};
+  EXPECT_EQ(layOutChoices(choices, 80), "a    bbb  c    d    \xC3\x84    \n");
+  EXPECT_EQ(layOutChoices(choices, 12), "a    d    \nbbb  \xC3\x84    \nc    \n");
+  EXPECT_EQ(layOutChoices(choices, 1), "a    \nbbb  \nc    \nd    \n\xC3\x84    \n");
+  EXPECT_EQ(layOutChoices({}, 80), "");
 }
 
 TEST_F(CompletionTest, IsKept_Line_IsNoSecretAndNotEmpty) {

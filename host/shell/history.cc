@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
+#include "host/output_file.h"
 #include "host/shell/words.h"
 
 namespace driver_feature {
@@ -44,6 +46,28 @@ bool makeHistoryFile(const std::string& file) {
   if (descriptor == -1) return false;
   ::close(descriptor);
   return true;
+}
+
+std::vector<std::string> readHistory(const std::string& file, std::size_t most) {
+  std::vector<std::string> lines;
+  std::ifstream input(file);
+  for (std::string line; std::getline(input, line);) lines.push_back(line);
+  const std::size_t dropped = lines.size() - std::min(lines.size(), most);
+  lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(dropped));
+  return lines;
+}
+
+void appendHistory(const std::string& file, const std::vector<std::string>& lines,
+                   std::size_t most) {
+  std::string added;
+  for (const std::string& line : lines) added += line + "\n";
+  std::ofstream output(file, std::ios::app);
+  // One call: what another shell adds does not get in between.
+  output << added << std::flush;
+  if (!output || readHistory(file, most + 1).size() <= most) return;
+  std::string kept;
+  for (const std::string& line : readHistory(file, most)) kept += line + "\n";
+  writeToFile(file, kept);
 }
 
 bool isKept(const Model& model, const std::string& line) {

@@ -2,9 +2,14 @@
 #ifndef HOST_SHELL_LINE_EDITOR_H_
 #define HOST_SHELL_LINE_EDITOR_H_
 
+#include <memory>
 #include <string>
+#include <vector>
+
+#include <histedit.h>
 
 #include "host/shell/shell.h"
+#include "host/shell/terminal_signals.h"
 
 namespace driver_feature {
 
@@ -25,11 +30,31 @@ class LineEditor {
   bool read(std::string& line);
 
  private:
+  void bindKeys();
+  // What the keys and the editor call.
+  static int onRead(EditLine* editor, wchar_t* character);
+  static unsigned char onTab(EditLine* editor, int key);
+  static unsigned char onEndOfInput(EditLine* editor, int key);
+
+  int readCharacter(wchar_t& character);
+  unsigned char complete();
+  bool replaceBeforeCursor(const std::string& before, const std::string& after);
+  void show(const std::vector<std::string>& choices);
+  bool wantsAll(std::size_t count);
+  void react(int signal);
+  void remember(const std::string& line);
   void keep(const std::string& line);
 
   const Shell& shell_;
   std::string historyFile_;
-  int added_ = 0;  // Lines of this use in the history.
+  EditLine* editor_;
+  HistoryW* history_;
+  std::unique_ptr<TerminalSignals> signals_;  // While a line is being read.
+  bool dropped_ = false;                      // The line, by Ctrl-C.
+  std::string bytes_;                         // Of a character that is not whole yet.
+  std::string unclear_;                       // The line in which Tab has not helped.
+  std::string last_;                          // Of the history.
+  std::vector<std::string> added_;            // Lines of this use in the history.
 };
 
 }  // namespace driver_feature

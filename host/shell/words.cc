@@ -41,11 +41,12 @@ std::optional<char> byteOf(std::string_view digits) {
 
 class Splitter {
  public:
-  explicit Splitter(std::string_view line) : rest_(line) {}
+  explicit Splitter(std::string_view line) : rest_(line), length_(line.size()) {}
 
   // Reads the next word. False at the end of the line and after a refusal.
   bool next(std::string& word) {
     skipBlanks();
+    begin_ = length_ - rest_.size();
     if (rest_.empty() || rest_.front() == '#') return false;
     while (!rest_.empty() && !refusal_ && (quote_ != 0 || !isBlank(rest_.front()))) take(word);
     closed_ = !rest_.empty();
@@ -57,6 +58,8 @@ class Splitter {
 
   const Refusal& refusal() const { return refusal_; }
   bool isClosed() const { return closed_; }  // A blank ends the last word.
+  std::size_t begin() const { return begin_; }
+  char quote() const { return quote_; }
 
  private:
   void skipBlanks() {
@@ -94,6 +97,8 @@ class Splitter {
   }
 
   std::string_view rest_;
+  std::size_t length_;
+  std::size_t begin_ = 0;  // Of the last word.
   char quote_ = 0;
   bool closed_ = true;
   Refusal refusal_;
@@ -119,6 +124,7 @@ UnfinishedLine splitUnfinished(std::string_view line) {
   std::string word;
   while (splitter.next(word)) {
     unfinished.before.push_back(word);
+    unfinished.begin = splitter.begin();
     word.clear();
   }
   if (splitter.refusal()) {
@@ -126,7 +132,10 @@ UnfinishedLine splitUnfinished(std::string_view line) {
   } else if (!splitter.isClosed()) {
     unfinished.word = unfinished.before.back();
     unfinished.before.pop_back();
+    return unfinished;
   }
+  unfinished.begin = splitter.refusal() ? splitter.begin() : line.size();
+  unfinished.quote = splitter.quote();
   return unfinished;
 }
 

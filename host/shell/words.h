@@ -11,6 +11,7 @@
 #ifndef HOST_SHELL_WORDS_H_
 #define HOST_SHELL_WORDS_H_
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,8 @@ Refusal splitWords(std::string_view line, Words& words);
 struct UnfinishedLine {
   Words before;
   std::string word;
+  std::size_t begin = 0;  // Where the word begins in the line.
+  char quote = 0;         // The quote that is open at the cursor; 0 for none.
 };
 UnfinishedLine splitUnfinished(std::string_view line);
 

@@ -67,21 +67,27 @@ TEST(Words_SplitUnfinished, LastWord_IsTheUnfinishedOne) {
     std::string line;
     Words before;
     std::string word;
+    std::size_t begin;
+    char quote;
   };
   const Row rows[] = {
-      {"", {}, ""},
-      {"se", {}, "se"},
-      {"set ", {"set"}, ""},
-      {"set Co", {"set"}, "Co"},
-      {"set \"A ", {"set"}, "A "},
-      {"set \"A B\"", {"set"}, "A B"},
-      {"set \"A B\" ", {"set", "A B"}, ""},
-      {"set a\\", {"set"}, "a"},
+      {"", {}, "", 0, 0},
+      {"se", {}, "se", 0, 0},
+      {"set ", {"set"}, "", 4, 0},
+      {"set  Co", {"set"}, "Co", 5, 0},
+      {"set \"A ", {"set"}, "A ", 4, '"'},
+      {"set 'A \"", {"set"}, "A \"", 4, '\''},
+      {"set A'B", {"set"}, "AB", 4, '\''},
+      {"set \"A B\"", {"set"}, "A B", 4, 0},
+      {"set \"A B\" ", {"set", "A B"}, "", 10, 0},
+      {"set a\\", {"set"}, "a", 4, 0},
   };
   for (const Row& row : rows) {
     const UnfinishedLine unfinished = splitUnfinished(row.line);
     EXPECT_EQ(unfinished.before, row.before) << row.line;
     EXPECT_EQ(unfinished.word, row.word) << row.line;
+    EXPECT_EQ(unfinished.begin, row.begin) << row.line;
+    EXPECT_EQ(unfinished.quote, row.quote) << row.line;
   }
 }
 

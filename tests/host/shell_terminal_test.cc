@@ -2,6 +2,7 @@
 
 #include <poll.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -9,6 +10,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <thread>
 
 #include "host/shell_fixture.h"
 
@@ -25,7 +27,7 @@ class Terminal {
     if (child_ != 0) return;
     if (chdir(folder.c_str()) != 0) _exit(126);
     setenv("TERM", "dumb", 1);
-    setenv("INPUTRC", "/dev/null", 1);
+    setenv("EDITRC", "/dev/null", 1);
     unsetenv("NO_COLOR");
     setenv("XDG_STATE_HOME", (folder / "state").c_str(), 1);
     for (const std::string& setting : environment) {
@@ -65,16 +67,25 @@ class Terminal {
   }
 
   std::string readPrompt() { return readUntil(kPrompt); }
+  void resize(unsigned short columns) const {
+    const winsize size{24, columns, 0, 0};
+    EXPECT_EQ(ioctl(master_, TIOCSWINSZ, &size), 0);
+  }
   pid_t child() const { return child_; }
   bool isLineEditing() const {
     termios settings{};
     return tcgetattr(master_, &settings) == 0 && (settings.c_lflag & ICANON) == 0;
   }
 
-  // Waits for the end; the exit status, or 1000 and the signal.
+  // Waits for the end; the exit status, or 1000 and the signal. A program that
+  // has not ended after ten seconds is killed.
   int end() {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     int status = 0;
-    waitpid(child_, &status, 0);
+    while (waitpid(child_, &status, WNOHANG) == 0) {
+      if (std::chrono::steady_clock::now() > deadline) kill(child_, SIGKILL);
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
     child_ = 0;
     return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
   }
@@ -134,6 +145,25 @@ TEST_F(ShellTerminalTest, Tab_InAFile_CompletesItsName) {
   EXPECT_EQ(read("report.ps"), "/Copies 1 def\n(plain) m\n");
 }
 
+TEST_F(ShellTerminalTest, Tab_ThatAltersTheWord_DrawsTheLineAnew) {
+  write("a file.ps", "");
+  const auto terminal = start({"TERM=xterm"});
+  terminal->press("emit ps a\\ \t\r");
+  terminal->readPrompt();
+  EXPECT_EQ(read("a file.ps"), "/Copies 1 def\n(plain) m\n");
+}
+
+TEST_F(ShellTerminalTest, BytesOfAnotherEncoding_ArriveAsTheyAre) {
+  for (const char* locale : {"LC_ALL=C", "LC_ALL=C.UTF-8"}) {
+    const auto terminal = start({locale});
+    terminal->press("set Media M\xFCller\r");
+    const std::string refusal =
+        "feature \"Media\" has no option \"M\xFCller\"; choose one of Plain, Foil\r\n";
+    const std::string shown = terminal->readUntil(refusal);
+    EXPECT_TRUE(shown.ends_with(refusal)) << shown;
+  }
+}
+
 TEST_F(ShellTerminalTest, RefusedLine_IsTold_AndTheShellGoesOn) {
   const auto terminal = start();
   terminal->press("set Copies 0\r");
@@ -172,6 +202,25 @@ TEST_F(ShellTerminalTest, ControlD_EndsTheShell) {
   EXPECT_FALSE(terminal->isLineEditing());
 }
 
+TEST_F(ShellTerminalTest, ControlD_InALine_DeletesACharacter) {
+  const auto terminal = start();
+  terminal->press("get CXopies\x04");
+  EXPECT_EQ(terminal->readUntil("\x07"), "get CXopies\x07");
+  terminal->press("\x02\x02\x02\x02\x02\x02\x04\r");  // Control-B: to the left.
+  const std::string shown = terminal->readUntil("1\r\ndriver-feature> ");
+  EXPECT_TRUE(shown.ends_with("\r\n1\r\ndriver-feature> ")) << shown;
+}
+
+TEST_F(ShellTerminalTest, WindowOfAnotherSize_ShowsTheLineAgain) {
+  const auto terminal = start();
+  terminal->press("get Copies");
+  terminal->readUntil("get Copies");
+  terminal->resize(40);
+  EXPECT_EQ(terminal->readUntil("get Copies"), "\rdriver-feature> get Copies");
+  terminal->press("\r");
+  EXPECT_EQ(terminal->readPrompt(), "\r\n1\r\ndriver-feature> ");
+}
+
 TEST_F(ShellTerminalTest, Terminated_LeavesTheTerminalAsItWas) {
   const auto terminal = start();
   terminal->press("set C");
@@ -202,7 +251,8 @@ TEST_F(ShellTerminalTest, History_IsKeptForTheNextUse) {
             perms::owner_read | perms::owner_write);
   const auto terminal = start();
   terminal->press("\x10\x10\r");  // Control-P: the line before.
-  const std::string shown = terminal->readPrompt();
+  // This terminal can only show a line from the past by writing a whole line anew.
+  const std::string shown = terminal->readUntil("0\r\ndriver-feature> ");
   EXPECT_TRUE(shown.ends_with("get Copies\r\n0\r\ndriver-feature> ")) << shown;
 }
 
