@@ -1,6 +1,6 @@
-# The manual page, written by a program that knows the arguments of
-# driver-feature, and the completion functions for shells, which ask the
-# program itself.
+# The manual pages, of which the first is written by a program that knows the
+# arguments of driver-feature, and the completion functions for shells, which
+# ask the program itself.
 
 find_package(CLI11 REQUIRED)
 add_library(driver_feature_manual STATIC host/manual/manual_page.cc host/manual/roff.cc)
@@ -23,6 +23,16 @@ add_custom_command(
 add_custom_target(manual_page ALL DEPENDS ${manual_page})
 
 install(FILES ${manual_page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
+
+# The pages for the form of descriptions and of settings files.
+set(VERSION ${PROJECT_VERSION})
+foreach(form description settings)
+  set(page driver-feature-${form}.5)
+  configure_file(docs/man/${page}.in ${PROJECT_BINARY_DIR}/man/${page} @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/man/${page}
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man5 COMPONENT tools)
+endforeach()
+
 install(FILES completions/driver-feature.bash
   DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
 # The folder in which zsh looks below /usr/local; packages of Debian have

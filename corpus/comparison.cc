@@ -36,6 +36,8 @@ std::string around(std::string_view text, std::size_t offset) {
   return printable(text.substr(begin, offset - begin + kContextAfter));
 }
 
+}  // namespace
+
 void compareText(const std::string& part, std::string_view peer, std::string_view ours,
                  std::vector<Difference>& differences) {
   if (peer == ours) return;
@@ -44,8 +46,6 @@ void compareText(const std::string& part, std::string_view peer, std::string_vie
   differences.push_back({part, offset, std::string(peer), std::string(ours), around(peer, offset),
                          around(ours, offset)});
 }
-
-}  // namespace
 
 bool takeApart(std::string_view postScript, JobTexts& texts, std::string& rest) {
   for (std::size_t i = 0; i < kSectionNames.size(); ++i) {

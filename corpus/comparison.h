@@ -14,7 +14,7 @@ namespace driver_feature {
 // The first byte of a text that differs, with what stands around it on both
 // sides: bytes that are no printable ASCII are written as \xNN.
 struct Difference {
-  std::string part;  // A section, "JCL", "JCLEnd" or "frame".
+  std::string part;  // A section, "JCL", "JCLEnd", "frame" or a whole job.
   std::size_t offset = 0;
   std::string peerText;  // Whole.
   std::string ourText;
@@ -38,6 +38,10 @@ bool takeApart(std::string_view postScript, JobTexts& texts, std::string& rest);
 
 // All differences, at most one for each part.
 std::vector<Difference> compareTexts(const JobTexts& peer, const OurOutput& ours);
+
+// Adds the difference of two texts, if there is one.
+void compareText(const std::string& part, std::string_view peer, std::string_view ours,
+                 std::vector<Difference>& differences);
 
 // The number of libcups' bytes that a comparison looks at.
 std::size_t sizeOf(const JobTexts& texts);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
@@ -38,13 +39,18 @@ std::optional<float> ownOrder(ppd_file_t& file, const std::string& keyword) {
   return std::nullopt;
 }
 
+// The keyword of a framed code.
+std::string keywordOf(std::string_view block) {
+  block.remove_prefix(kBlockBegin.size());
+  return std::string(block.substr(0, block.find(' ')));
+}
+
 // The order dependency of a framed code; nothing when it has no such frame, or
 // the PPD no such option.
 std::optional<float> orderOf(ppd_file_t& file, std::string_view block) {
   constexpr std::string_view kCustom = "Custom";
   if (!block.starts_with(kBlockBegin)) return std::nullopt;
-  block.remove_prefix(kBlockBegin.size());
-  std::string keyword(block.substr(0, block.find(' ')));
+  std::string keyword = keywordOf(block);
   if (keyword.starts_with(kCustom) && ::ppdFindOption(&file, keyword.c_str()) == nullptr) {
     if (const auto order = ownOrder(file, keyword)) return order;
     keyword.erase(0, kCustom.size());
@@ -52,6 +58,32 @@ std::optional<float> orderOf(ppd_file_t& file, std::string_view block) {
   const ppd_option_t* option = ::ppdFindOption(&file, keyword.c_str());
   if (option == nullptr) return std::nullopt;
   return option->order;
+}
+
+// The job in pieces: each framed code, and each text between them.
+std::vector<std::string_view> piecesOf(std::string_view job) {
+  std::vector<std::string_view> pieces;
+  while (!job.empty()) {
+    const std::size_t begin = std::min(job.find(kBlockBegin), job.size());
+    if (begin > 0) pieces.push_back(job.substr(0, begin));
+    job.remove_prefix(begin);
+    const std::size_t end = job.find(kBlockEnd);
+    if (end == std::string_view::npos) {
+      if (!job.empty()) pieces.push_back(job);
+      break;
+    }
+    pieces.push_back(job.substr(0, end + kBlockEnd.size()));
+    job.remove_prefix(end + kBlockEnd.size());
+  }
+  return pieces;
+}
+
+std::string sectionOf(ppd_file_t& file, std::string_view block) {
+  const ppd_option_t* option = ::ppdFindOption(&file, keywordOf(block).c_str());
+  constexpr const char* kNames[] = {"AnySetup", "DocumentSetup", "ExitServer",
+                                    "JCL",      "PageSetup",     "Prolog"};
+  const auto section = static_cast<std::size_t>(option != nullptr ? option->section : 0);
+  return section < std::size(kNames) ? kNames[section] : kNames[0];
 }
 
 }  // namespace
@@ -71,6 +103,23 @@ bool differsInEqualsOnly(ppd_file_t& file, std::string_view peer, std::string_vi
   std::sort(peerBlocks.begin(), peerBlocks.end());
   std::sort(ourBlocks.begin(), ourBlocks.end());
   return peerBlocks == ourBlocks;
+}
+
+std::optional<std::string> sectionOfEquals(ppd_file_t& file, std::string_view peer,
+                                           std::string_view ours) {
+  std::vector<std::string_view> peerPieces = piecesOf(peer);
+  std::vector<std::string_view> ourPieces = piecesOf(ours);
+  if (peerPieces.size() != ourPieces.size()) return std::nullopt;
+  std::optional<std::string> section;
+  for (std::size_t i = 0; i < ourPieces.size(); ++i) {
+    if (peerPieces[i] == ourPieces[i]) continue;
+    const std::optional<float> order = orderOf(file, ourPieces[i]);
+    if (!order || orderOf(file, peerPieces[i]) != order) return std::nullopt;
+    if (!section) section = sectionOf(file, ourPieces[i]);
+  }
+  std::sort(peerPieces.begin(), peerPieces.end());
+  std::sort(ourPieces.begin(), ourPieces.end());
+  return peerPieces == ourPieces ? section : std::nullopt;
 }
 
 }  // namespace driver_feature

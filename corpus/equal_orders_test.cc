@@ -73,6 +73,22 @@ TEST_F(EqualOrdersTest, CustomChoice_HasItsOwnOrder) {
   EXPECT_TRUE(ordersOnly(kA + other + custom, other + kA + custom));
 }
 
+TEST_F(EqualOrdersTest, WholeJob_EqualsInAnotherOrder_TheirSectionIsNamed) {
+  EXPECT_EQ(sectionOfEquals(peer_->file(), "front\n" + kA + kB + "text\n" + kC + "end",
+                            "front\n" + kB + kA + "text\n" + kC + "end"),
+            "AnySetup");
+}
+
+TEST_F(EqualOrdersTest, WholeJob_AnythingElse_IsADifference) {
+  ppd_file_t& file = peer_->file();
+  EXPECT_EQ(sectionOfEquals(file, kA + kB, kA + kB), std::nullopt);
+  EXPECT_EQ(sectionOfEquals(file, kA + kB + "end", kB + kA + "End"), std::nullopt);
+  EXPECT_EQ(sectionOfEquals(file, kA + kC, kC + kA), std::nullopt);
+  EXPECT_EQ(sectionOfEquals(file, kA + kB, kB + block("A 1", "other\n")), std::nullopt);
+  EXPECT_EQ(sectionOfEquals(file, kA + "text\n" + kB, kB + kA + "text\n"), std::nullopt);
+  EXPECT_EQ(sectionOfEquals(file, kA + kB, kA), std::nullopt);
+}
+
 }  // namespace
 
 }  // namespace driver_feature

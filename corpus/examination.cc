@@ -9,9 +9,11 @@
 #include "corpus/comparison.h"
 #include "corpus/equal_orders.h"
 #include "corpus/job.h"
+#include "corpus/job_options.h"
 #include "corpus/peer.h"
 #include "corpus/subject.h"
 #include "corpus/vectors.h"
+#include "corpus/whole_jobs.h"
 #include "host/check/check.h"
 #include "host/ppd/import.h"
 
@@ -36,6 +38,7 @@ class Examination {
   Json run() {
     record_ = {{"causes", Json::array()}, {"differences", Json::array()}};
     if (openPeer() && import() && check() && load()) compareAll();
+    if (subject_ && !request_.programs.empty()) compareWholeJobs();
     return record_;
   }
 
@@ -136,6 +139,37 @@ class Examination {
     if (subject_->postScript() != before.postScript || subject_->pjl() != before.pjl) {
       fail("restored defaults", "the output is not that of the defaults as they were loaded");
     }
+  }
+
+  void compareWholeJobs() {
+    enter_("whole jobs");
+    std::string problem;
+    const auto jobs = WholeJobs::open({request_.programs, request_.pstops, request_.file,
+                                       description_, request_.library, request_.routines},
+                                      peer_->file(), problem);
+    if (!jobs) {
+      fail("whole job", problem);
+      return;
+    }
+    Random random(digestOfFile(request_.file) ^ ~request_.seed);
+    std::string options;
+    for (int i = 0; i <= request_.wholeVectors; ++i) {
+      std::vector<Difference> differences;
+      if (!jobs->compare(options, differences, problem)) {
+        fail("whole job", problem.append(": ").append(options));
+      }
+      for (Difference& difference : differences) {
+        const auto section =
+            sectionOfEquals(peer_->file(), difference.peerText, difference.ourText);
+        if (section) difference.part = *section;
+        addDifference(section ? "order of equals in " : "difference in ",
+                      "whole job " + std::to_string(i), options, difference);
+      }
+      options = jobOptions(*peer_, randomMarks(*peer_, random));
+    }
+    record_["whole_jobs"] = 2 * (request_.wholeVectors + 1);
+    record_["whole_bytes"] = jobs->bytes();
+    record_["fronts"] = jobs->hasFront() ? 1 : 0;
   }
 
   void compare(const std::string& vector, const std::string& marks) {

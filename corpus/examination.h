@@ -18,14 +18,18 @@ struct ExaminationRequest {
   std::string library;      // The feature library; empty to search it.
   std::vector<std::string> routines;
   std::uint64_t seed = 1;
-  int vectors = 3;      // Random ones, after the defaults.
+  int vectors = 3;  // Random ones, after the defaults.
+  // Whole jobs, with the defaults and so many random choices; none without the folder of programs.
+  std::string programs;
+  std::string pstops = "/usr/lib/cups/filter/pstops";
+  int wholeVectors = 1;
   std::string jobFile;  // Receives the output for the defaults as a job; empty for none.
 };
 
 // Opens the PPD in libcups, imports it, checks the description, loads it, and
 // compares the outputs: for the defaults as they are loaded, for choices that
 // touch libcups' rules of media, for random choices, and for the restored
-// defaults. `enter` is told each phase before
+// defaults; and whole jobs, when that is asked for. `enter` is told each phase before
 // it begins. The answer holds the figures and
 //   "causes": why this PPD is no success, each a short text; empty when it is
 //   "detail": a text for the first cause

@@ -66,6 +66,13 @@ void addOptions(CLI::App& program, Arguments& arguments) {
   program.add_option("--callbacks", examination.routines, "Library of routines, loaded before");
   program.add_option("--description", examination.description,
                      "Compare this description instead of importing the PPD");
+  program.add_option("--programs", examination.programs,
+                     "Folder of driver-feature and its filter: compare whole jobs, too");
+  program.add_option("--pstops", examination.pstops, "The print scheduler's filter pstops");
+  program
+      .add_option("--whole-vectors", examination.wholeVectors,
+                  "Random sets of choices per PPD for whole jobs")
+      ->check(CLI::NonNegativeNumber);
   program.add_flag("--complete", arguments.complete, "Every exception has to occur in this run");
   program.add_option("FILE", arguments.files, "PPDs");
 }

@@ -16,15 +16,19 @@ struct FigureRow {
   const char* words;
 };
 
-constexpr std::array<FigureRow, 9> kFigures = {{{"options", "options"},
-                                                {"choices", "choices"},
-                                                {"jcl_options", "JCL options"},
-                                                {"custom_options", "options with custom values"},
-                                                {"vectors", "vectors compared"},
-                                                {"bytes", "bytes compared"},
-                                                {"difference_count", "texts that differ"},
-                                                {"check_errors", "errors of the check"},
-                                                {"check_warnings", "warnings of the check"}}};
+constexpr std::array<FigureRow, 12> kFigures = {
+    {{"options", "options"},
+     {"choices", "choices"},
+     {"jcl_options", "JCL options"},
+     {"custom_options", "options with custom values"},
+     {"vectors", "vectors compared"},
+     {"bytes", "bytes compared"},
+     {"difference_count", "texts that differ"},
+     {"whole_jobs", "whole jobs compared"},
+     {"whole_bytes", "bytes of whole jobs"},
+     {"fronts", "PPDs with job-control language in front of them"},
+     {"check_errors", "errors of the check"},
+     {"check_warnings", "warnings of the check"}}};
 
 std::string textOf(const Json& record, const char* key) {
   const auto found = record.find(key);

@@ -19,9 +19,10 @@ Report reportWith(const std::string& exceptions) {
 }
 
 Json goodRecord(const std::string& ppd) {
-  return {{"ppd", ppd},        {"causes", Json::array()}, {"options", 2}, {"choices", 5},
-          {"jcl_options", 1},  {"custom_options", 1},     {"vectors", 3}, {"bytes", 1000},
-          {"check_errors", 0}, {"check_warnings", 4}};
+  return {{"ppd", ppd},        {"causes", Json::array()}, {"options", 2},    {"choices", 5},
+          {"jcl_options", 1},  {"custom_options", 1},     {"vectors", 3},    {"bytes", 1000},
+          {"check_errors", 0}, {"check_warnings", 4},     {"whole_jobs", 6}, {"whole_bytes", 2000},
+          {"fronts", 1}};
 }
 
 Json badRecord(const std::string& ppd, const std::vector<std::string>& causes) {
@@ -56,6 +57,9 @@ TEST(Report, AllEqual_HasFiguresOnly) {
             "             6  vectors compared\n"
             "          2000  bytes compared\n"
             "             0  texts that differ\n"
+            "            12  whole jobs compared\n"
+            "          4000  bytes of whole jobs\n"
+            "             2  PPDs with job-control language in front of them\n"
             "             0  errors of the check\n"
             "             8  warnings of the check\n");
 }

@@ -2,7 +2,10 @@
 # Compares imported PPDs with libcups, and runs a sample of the outputs through
 # Ghostscript. Reports are written into build/corpus.
 #
-# usage: run.sh BUILD [--sample N] [--seed S] [--vectors N] [FILE]...
+# usage: run.sh BUILD [--sample N] [--seed S] [--vectors N] [--whole-jobs] [FILE]...
+#
+# Whole jobs are compared, too, for a sample and for files that are named; for
+# all PPDs with --whole-jobs.
 #
 # Without FILE all PPDs of the packages are compared; with --sample the first N
 # of sample.txt, and when it has fewer, further ones in the order of their
@@ -11,7 +14,7 @@ set -euo pipefail
 
 here=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
 readonly kFolder=build/corpus
-readonly kUsage='usage: ./dev corpus [--sample N] [--seed S] [--vectors N] [FILE]...'
+readonly kUsage='usage: ./dev corpus [--sample N] [--seed S] [--vectors N] [--whole-jobs] [FILE]...'
 
 say() { printf 'corpus: %s\n' "$*"; }
 refuse() {
@@ -33,12 +36,17 @@ orderedNames() {
 
 build=$1
 shift
-sample='' seed=1 vectors=20 files=()
+sample='' seed=1 vectors=20 files=() whole=false
 while [ $# -gt 0 ]; do
   case $1 in
     --sample) sample=$(number "$1" "${2:-}" 1) ;;
     --seed) seed=$(number "$1" "${2:-}") ;;
     --vectors) vectors=$(number "$1" "${2:-}") ;;
+    --whole-jobs)
+      whole=true
+      shift
+      continue
+      ;;
     -*) refuse "$1 is no option" ;;
     *)
       files+=("$1")
@@ -54,6 +62,9 @@ arguments=(--output "$kFolder" --root "$kFolder/ppds" --exceptions "$here/except
   --processes "$(nproc)")
 if [ -n "$sample" ] && [ "${#files[@]}" -gt 0 ]; then
   refuse "--sample chooses among all PPDs; leave it out, or the files"
+fi
+if "$whole" || [ -n "$sample" ] || [ "${#files[@]}" -gt 0 ]; then
+  arguments+=(--programs "$build/bin" --pstops "${PSTOPS:-/usr/lib/cups/filter/pstops}")
 fi
 mkdir -p "$kFolder"
 if [ "${#files[@]}" -gt 0 ]; then

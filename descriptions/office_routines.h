@@ -19,13 +19,13 @@ extern "C" {
 
 // Update callback: a value has changed. A user interface would draw itself
 // anew; nothing here keeps a copy of a value, so there is nothing to do.
-// Answers true.
+// Returns true.
 DRIVER_FEATURE_EXPORT bool OfficeUpdate();
 
 // Load routine. Each child of `element`, whatever its tag, is one setting: its
 // attributes "Name" and "Value" are a feature and the text of its new value.
 // `mode` 1 takes settings of installable options only, `mode` 0 any setting.
-// Answers the number of settings that were not taken, 0 for success; the
+// Returns the number of settings that were not taken, 0 for success; the
 // others are set all the same.
 DRIVER_FEATURE_EXPORT int OfficeLoadValues(void* element, int mode);
 

@@ -6,8 +6,10 @@
 
 #include "filter/cancellation.h"
 #include "filter/device.h"
+#include "filter/eps_file.h"
 #include "filter/job_source.h"
 #include "filter/job_structure.h"
+#include "filter/libcups_frame.h"
 #include "filter/messages.h"
 
 namespace driver_feature {
@@ -59,12 +61,16 @@ std::optional<std::string> copyJob(const FilterArguments& arguments, const JobTe
   JobStructure job(texts.sections, device, [&](long page) {
     tellPage(page, arguments.isConverted ? job.pageCount().copiesInside() : arguments.copies);
   });
+  LibcupsFrameCutter document(texts.around, job, [&job] { job.noteTakenPjl(); });
+  EpsFile file(document);
   for (std::string_view bytes = source.read(problem); !bytes.empty();
        bytes = source.read(problem)) {
-    job.take(bytes);
+    file.put(bytes);
     device.flush();
     if (device.hasFailed() || job.kind() == JobStructure::Kind::kNotPostScript) break;
   }
+  file.finish();
+  document.finish();
   job.finish();
   device.flush();
   if (device.hasBegun()) device.putLast(texts.trailer);
@@ -75,6 +81,9 @@ std::optional<std::string> copyJob(const FilterArguments& arguments, const JobTe
   if (!problem) problem = problemOf(device);
   if (!problem) problem = problemOf(job);
   if (!problem) problem = problemOf(job.pageCount(), texts);
+  if (!problem && file.isCut()) {
+    problem = "the EPS file ends before its PostScript does; send the whole file";
+  }
   if (!problem && !job.isSetUp()) {
     tell(Message::kWarning,
          "no comment in the job shows where its pages begin; the settings of "

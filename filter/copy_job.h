@@ -6,6 +6,7 @@
 #include <string>
 
 #include "filter/arguments.h"
+#include "filter/libcups_frame.h"
 #include "filter/sections.h"
 
 namespace driver_feature {
@@ -21,7 +22,8 @@ struct JobTexts {
   Sections sections;
   std::string trailer;
   DocumentEnd end = DocumentEnd::kAny;
-  long pages = 0;  // For DocumentEnd::kPages.
+  long pages = 0;       // For DocumentEnd::kPages.
+  LibcupsFrame around;  // What filters before this one may have put around the job.
 };
 
 // Copies the job from its file, or from standard input, to standard output.

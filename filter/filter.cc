@@ -45,11 +45,15 @@ JobTexts composeTexts(const Session& session, const QueuePpd* ppd, const FilterA
   for (const std::string& name : unknown) {
     tell(Message::kDebug, "there is no section " + name + "; it goes into the document set-up");
   }
+  if (ppd != nullptr && !arguments.isConverted) {
+    texts.sections.prolog.insert(0, ppd->jobPatch());
+  }
   if (!takesCopies) appendLines(texts.sections.documentSetup, copiesText(arguments.copies));
   const JobFrame frame =
       frameOf(session.model(), ppd, arguments, outputOf(session, OutputForm::kPjl));
   texts.sections.header = frame.header;
   texts.trailer = frame.trailer;
+  if (ppd != nullptr) texts.around = libcupsFrameOf(*ppd, arguments, frame);
   return texts;
 }
 

@@ -18,6 +18,11 @@ std::string beginOf(const QueuePpd& ppd, const FilterArguments& arguments) {
   return whole.substr(0, whole.size() - rest.size());
 }
 
+// The PPD's own end of a job; empty without one.
+std::string ownEndOf(const QueuePpd* ppd) {
+  return ppd != nullptr ? ppd->jclEnd() : "";
+}
+
 }  // namespace
 
 JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments& arguments,
@@ -28,7 +33,10 @@ JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments&
   // job.
   const bool isImported = model.index.groupNamed("Section.JCL") == GroupKind::kStatic;
   if (isImported && (!begin || !pjlOfTrue(model, "JCLToPSInterpreter"))) {
-    return {"", end && ppd != nullptr ? ppd->jobEnd() : end.value_or("")};
+    return {"", ppd != nullptr ? ppd->jobEnd() : end.value_or("")};
+  }
+  if (pjl.empty() && end.value_or("") == ownEndOf(ppd)) {
+    return {"", ppd != nullptr && ppd->jclBegin().empty() ? ppd->jobEnd() : ""};
   }
   JobFrame frame{pjl, end.value_or(pjl.empty() ? "" : kUniversalExit)};
   if (ppd == nullptr || !begin || begin->empty() || *begin != ppd->jclBegin()) return frame;
@@ -37,6 +45,24 @@ JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments&
   frame.header = ownBegin + pjl.substr(begin->size());
   frame.trailer = ppd->jobEnd();
   return frame;
+}
+
+LibcupsFrame libcupsFrameOf(const QueuePpd& ppd, const FilterArguments& arguments,
+                            const JobFrame& frame) {
+  LibcupsFrame around;
+  around.exitServer = ppd.exitServer();
+  around.end = ppd.jobEnd();
+  around.replacesEnd = around.end == frame.trailer;
+  const std::string front = ppd.jobBegin(arguments.job, "", "");
+  if (front.empty()) return around;
+  // Of a beginning in PJL libcups leaves a line out and puts others behind its
+  // first command.
+  const std::string begin = ppd.jclBegin();
+  const std::string pjl = std::string(kUniversalExit) + "@PJL";
+  around.begin = begin.starts_with(pjl) ? pjl : begin;
+  around.toPostScript = ppd.jclToPostScript();
+  around.hasHeaderLike = front.find("%!") != std::string::npos;
+  return around;
 }
 
 std::string copiesText(int copies) {

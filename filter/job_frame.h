@@ -5,6 +5,7 @@
 #include <string>
 
 #include "filter/arguments.h"
+#include "filter/libcups_frame.h"
 #include "filter/queue_ppd.h"
 #include "host/settings.h"
 
@@ -19,7 +20,8 @@ struct JobFrame {
 // null.
 //
 // The trailer is the PJL of the description's feature "JCLEnd". A description
-// without that feature has the universal exit sequence if it has PJL at all.
+// without that feature has the universal exit sequence if it has PJL, and
+// otherwise what libcups writes at the end of a job of the PPD.
 //
 // An imported description without "JCLBegin" or "JCLToPSInterpreter" has no
 // header: nothing would tell the printer that its commands are PJL.
@@ -29,6 +31,11 @@ struct JobFrame {
 // them.
 JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments& arguments,
                  const std::string& pjl);
+
+// What libcups writes around a job of the PPD; `frame` is what is written around
+// it here.
+LibcupsFrame libcupsFrameOf(const QueuePpd& ppd, const FilterArguments& arguments,
+                            const JobFrame& frame);
 
 // PostScript that prints each page several times, with its line end; empty for
 // one copy.

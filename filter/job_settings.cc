@@ -43,6 +43,12 @@ std::string withoutCustom(const std::string& value) {
   return value.starts_with(kCustom) ? value.substr(kCustom.size()) : value;
 }
 
+bool hasChoice(const FeatureView& feature, const std::string& name) {
+  const std::vector<Choice> choices = feature.choices();
+  return std::any_of(choices.begin(), choices.end(),
+                     [&name](const Choice& choice) { return choice.name == name; });
+}
+
 std::string keywordPart(const std::string& name) {
   return name.substr(0, name.find('.'));
 }
@@ -100,6 +106,12 @@ void JobSettings::sortChoice(const Setting& option, const std::string& keyword) 
   if (isRegion && asksFor(kPageSize)) {
     refusal = "it cannot be together with another PageSize; give one of them";
   } else if (!ppd_->hasChoice(target, option.value)) {
+    // A PPD made of the description cannot have each of its choices.
+    const auto feature = model_.features.find(target);
+    if (feature != model_.features.end() && hasChoice(feature->second, option.value)) {
+      wishes_.push_back({option.name, {feature->first, option.value}, ""});
+      return;
+    }
     refusal = "there is no choice \"" + option.value + "\"; choose one of " +
               join(ppd_->choicesOf(keyword), ", ");
   } else if (target == kPageSize) {
@@ -134,8 +146,9 @@ bool JobSettings::asksFor(const std::string& name) const {
       [&name](const Setting& option) { return equalKeywords(option.name.c_str(), name.c_str()); });
 }
 
-// Who works on the pages. Mirrored pages are made like others, and the
-// printer's own way is then left off.
+// Who works on the pages. The scheduler's filter mirrors them for the PPD's own
+// choice as well, and that choice is written all the same, as for a queue without
+// a description.
 bool JobSettings::settlePages() {
   if (ppd_ != nullptr) ppd_->mark(forPpd_);
   const bool isMirrored =
@@ -144,10 +157,6 @@ bool JobSettings::settlePages() {
   if (const auto problem = pages_.decide(takesCopies())) {
     tell(Message::kError, *problem);
     return false;
-  }
-  if (isMirrored && pages_.works()) {
-    std::erase_if(forPpd_, [](const Setting& s) { return s.name == "mirror"; });
-    forPpd_.push_back({kMirror, "False"});
   }
   return true;
 }

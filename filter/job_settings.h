@@ -25,9 +25,9 @@ class JobSettings {
   //
   // An option is one of the PPD, or a feature by its name or its "CLOKey", or
   // one that libcups turns into choices of the PPD, or one for the pages. Others
-  // are ignored. A value that must be refused is told as an error, and false is
-  // returned; or it is told as a warning and the queue's default is used, when
-  // the queue says so.
+  // are ignored. For a value that must be refused, an ERROR line says why, and
+  // false is returned; or a WARNING line says why, and the queue's default is
+  // used, when the queue says so.
   bool apply(const FilterArguments& arguments);
 
   // Whether a feature has taken the copies, so that its commands make them.

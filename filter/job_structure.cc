@@ -47,7 +47,7 @@ void JobStructure::takeLine(const JobLine& line) {
   const std::string_view keyword = line.isWhole ? keywordOf(line.text) : "";
   isDropping_ = false;
   countPages(line);
-  if (takeEmbedded(line, keyword) || takeBehindJob(line)) return;
+  if (takeEmbedded(line, keyword) || takeTrailer(line)) return;
   while (!takeAt(line, keyword)) {
   }
   beginEmbedded(line, keyword);
@@ -65,19 +65,6 @@ void JobStructure::countPages(const JobLine& line) {
 
 void JobStructure::takeBytes(std::string_view bytes) {
   if (!isDropping_) sink_.put(bytes);
-}
-
-// Wherever the job has come to, an exit ends it when it came with PJL.
-bool JobStructure::takeBehindJob(const JobLine& line) {
-  if (place_ == Place::kFront || !hasPjl_) return false;
-  if (place_ != Place::kBehindJob) {
-    if (!beginsWithExit(line.text)) return false;
-    endStructure();
-    place_ = Place::kBehindJob;
-  }
-  isDropping_ = true;
-  hasSecondDocument_ = hasSecondDocument_ || withoutExits(line.text).starts_with("%!");
-  return true;
 }
 
 // Data and documents in the job have lines of their own, which mean nothing.
@@ -134,7 +121,7 @@ bool JobStructure::takeAt(const JobLine& line, std::string_view keyword) {
 bool JobStructure::takeFront(const JobLine& line) {
   isDropping_ = true;
   if (kind_ == Kind::kNotPostScript) return true;
-  hasPjl_ = hasPjl_ || beginsWithExit(line.text);
+  hasPjl_ = hasPjl_ || beginsWithExit(line.text) || line.text.starts_with("@PJL");
   const std::string_view text = withoutExits(line.text);
   if (!text.starts_with("%!")) {
     if (!takePjlInFront(text)) kind_ = Kind::kNotPostScript;

@@ -8,7 +8,8 @@
 // - Binary data, embedded documents and lines of any length pass untouched.
 //
 // A PJL header that the job brings with it is taken off, and so is its PJL
-// trailer: the description's take their place.
+// trailer: the description's take their place. A trailer is what an exit begins
+// and nothing but PJL follows; data that holds an exit passes.
 #ifndef FILTER_JOB_STRUCTURE_H_
 #define FILTER_JOB_STRUCTURE_H_
 
@@ -16,6 +17,8 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "filter/byte_sink.h"
 #include "filter/line_cutter.h"
@@ -24,7 +27,7 @@
 
 namespace driver_feature {
 
-class JobStructure : private LineListener {
+class JobStructure : public ByteSink, private LineListener {
  public:
   // What the job has shown so far.
   enum class Kind {
@@ -37,7 +40,10 @@ class JobStructure : private LineListener {
   // sink must outlive this object.
   JobStructure(Sections sections, ByteSink& sink, std::function<void(long)> tellPage);
 
-  void take(std::string_view bytes) { lines_.take(bytes); }
+  void put(std::string_view bytes) override { lines_.take(bytes); }
+
+  // The job came with PJL that has been taken off before.
+  void noteTakenPjl() { hasPjl_ = true; }
 
   // The job has ended.
   void finish();
@@ -66,7 +72,7 @@ class JobStructure : private LineListener {
     kBehindSetup,  // Also between pages.
     kPageHeader,   // Behind %%Page, and no code of the page yet.
     kPage,
-    kBehindJob,  // In a PJL trailer that is taken off.
+    kBehindJob,  // In another document, which is left out.
   };
 
   void takeLine(const JobLine& line) override;
@@ -74,7 +80,9 @@ class JobStructure : private LineListener {
 
   void countPages(const JobLine& line);
   void endStructure();
-  bool takeBehindJob(const JobLine& line);
+  bool takeTrailer(const JobLine& line);
+  bool holdsTrailer(const JobLine& line);
+  void releaseTrailer();
   bool takeEmbedded(const JobLine& line, std::string_view keyword);
   void beginEmbedded(const JobLine& line, std::string_view keyword);
   // Each answers whether it has dealt with the line; otherwise the place has
@@ -115,8 +123,11 @@ class JobStructure : private LineListener {
   bool ownProlog_ = false;      // A prolog was begun here and has no end yet.
   bool ownSetup_ = false;       // Likewise the document set-up.
   bool isSetUp_ = false;
-  bool lineHasEnd_ = true;   // The line that was passed last.
-  bool isDropping_ = false;  // The rest of a long line is dropped, too.
+  bool lineHasEnd_ = true;  // The line that was passed last.
+  // What may be the PJL trailer: lines and their ends.
+  std::vector<std::pair<std::string, std::string>> trailer_;
+  bool trailerEnters_ = false;  // It enters a language: another document follows.
+  bool isDropping_ = false;     // The rest of a long line is dropped, too.
   bool hasSecondDocument_ = false;
 };
 

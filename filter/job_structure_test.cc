@@ -36,7 +36,7 @@ Outcome run(const std::string& job, std::size_t piece, const Sections& sections 
   JobStructure structure(sections, memory,
                          [&outcome](long page) { outcome.pages.push_back(page); });
   for (std::size_t at = 0; at < job.size(); at += piece) {
-    structure.take(std::string_view(job).substr(at, piece));
+    structure.put(std::string_view(job).substr(at, piece));
   }
   structure.finish();
   outcome.text = memory.text;
@@ -235,10 +235,10 @@ TEST(JobStructure, LineOfHundredMegabytes_PassesInPieces) {
   };
   Counter counter;
   JobStructure structure(allSections(), counter, [](long) {});
-  structure.take("%!PS-Adobe-3.0\n%%Pages: 1\n");
+  structure.put("%!PS-Adobe-3.0\n%%Pages: 1\n");
   const std::uint64_t before = counter.count;
   const std::string piece(65536, '%');
-  for (int i = 0; i < 1600; ++i) structure.take(piece);
+  for (int i = 0; i < 1600; ++i) structure.put(piece);
   structure.finish();
   // Behind the line, which is a header comment, stand its line end and the texts with their
   // comments.
@@ -281,12 +281,56 @@ TEST(JobStructure, PjlBehindAnyPart_IsTakenOff) {
   }
 }
 
+TEST(JobStructure, PjlWithoutAnExitInFront_IsTakenOff) {
+  const std::string exit = "\x1b%-12345X";
+  EXPECT_EQ(written("@PJL\n@PJL ENTER LANGUAGE=POSTSCRIPT\n" + jobWith("")), writtenWith(""));
+  EXPECT_EQ(written("@PJL SET COPIES=2\r\n" + jobWith("") + exit), writtenWith(""));
+}
+
+TEST(JobStructure, RemarkOnALanguage_EntersNone) {
+  const std::string exit = "\x1b%-12345X";
+  const std::string remark = "@PJL COMMENT ENTER LANGUAGE = PCL\n";
+  EXPECT_EQ(written(exit + remark + "@PJL ENTER LANGUAGE=POSTSCRIPT\n" + jobWith("") + exit +
+                    remark + exit),
+            writtenWith(""));
+}
+
+// Binary data may hold anything, such as another job for printers.
+TEST(JobStructure, ExitInTheDataOfAJobWithPjl_Passes) {
+  const std::string exit = "\x1b%-12345X";
+  const std::string end = exit + "@PJL EOJ\n" + exit;
+  for (const std::string& inside :
+       {exit + "\n", exit + "abc\n", exit + "@PJL\n@PJL EOJ\n\nabc\n", exit + exit + "\xff\r\n",
+        exit + std::string(2000, 'x') + "\n", "\x04" + exit + "\nabc\n" + exit + "\nabc\n",
+        exit + "@PJL COMMENT ENTER LANGUAGE=PCL\nabc\n",
+        exit + "@PJL COMMENT " + std::string(2000, 'x') + "\nabc\n"}) {
+    EXPECT_EQ(written(exit + "@PJL\n" + jobWith(inside) + end), writtenWith(inside)) << inside;
+    EXPECT_EQ(written(exit + "@PJL\n" + jobWith(inside)), writtenWith(inside)) << inside;
+    EXPECT_FALSE(run(exit + "@PJL\n" + jobWith(inside) + end, 1).hasSecondDocument) << inside;
+  }
+}
+
+TEST(JobStructure, TrailerLongerThanAnyIs_Passes) {
+  const std::string exit = "\x1b%-12345X";
+  std::string lines;
+  for (int i = 0; i < 300; ++i) lines += "@PJL COMMENT " + std::to_string(i) + "\n";
+  EXPECT_EQ(run(exit + "@PJL\n" + jobWith("") + exit + "\n" + lines, 4096).text,
+            writtenWith("") + exit + "\n" + lines);
+}
+
 TEST(JobStructure, SecondDocumentBehindThePjl_IsToldOf) {
   const std::string exit = "\x1b%-12345X";
   const std::string first = exit + "@PJL\n%!PS\nshowpage\n";
   EXPECT_FALSE(run(first + exit + "@PJL EOJ\n" + exit, 1).hasSecondDocument);
   EXPECT_TRUE(run(first + exit + "@PJL\n%!PS\nshowpage\n" + exit, 1).hasSecondDocument);
   EXPECT_TRUE(run(first + exit + "%!PS\nshowpage\n" + exit, 1).hasSecondDocument);
+  const std::string pcl = exit +
+                          "@PJL ENTER LANGUAGE=PCL\n\x1b"
+                          "E\n" +
+                          exit + "abc\n";
+  EXPECT_TRUE(run(first + pcl, 1).hasSecondDocument);
+  EXPECT_EQ(run(first + pcl, 1).text, run(first, 1).text);
+  EXPECT_FALSE(run(first + exit + "@PJL ENTER LANGUAGE=PCL\n" + exit, 1).hasSecondDocument);
 }
 
 TEST(JobStructure, ExitInAJobWithoutPjl_Passes) {
@@ -297,7 +341,8 @@ TEST(JobStructure, ExitInAJobWithoutPjl_Passes) {
 TEST(JobStructure, WhatIsNoPostScript_IsDropped) {
   const std::string exit = "\x1b%-12345X";
   for (const std::string& job :
-       {std::string("%PDF-1.4\n%!PS\n"), std::string("hello\n%!PS\n"), std::string("@PJL\n%!PS\n"),
+       {std::string("%PDF-1.4\n%!PS\n"), std::string("hello\n%!PS\n"),
+        std::string("@PJL ENTER LANGUAGE=PCL\n%!PS\n"), std::string("@PJL\nhello\n%!PS\n"),
         exit + "@PJL ENTER LANGUAGE=PCL\n%!PS\n", exit + "E\n", std::string(5000, 'x')}) {
     EXPECT_EQ(written(job), "") << job;
     EXPECT_EQ(run(job, 1).kind, JobStructure::Kind::kNotPostScript) << job;

@@ -8,6 +8,7 @@
 
 #include "filter/cancellation.h"
 #include "filter/device.h"
+#include "filter/eps_file.h"
 #include "filter/job_source.h"
 #include "filter/job_structure.h"
 #include "filter/kept_file.h"
@@ -58,11 +59,13 @@ std::optional<std::string> KeptDocument::read(const std::string& file) {
   JobSource source(file);
   Device kept(descriptor_);
   JobStructure job({}, kept, [](long) {});
+  EpsFile whole(job);
   for (auto bytes = source.read(problem); !bytes.empty(); bytes = source.read(problem)) {
-    job.take(bytes);
+    whole.put(bytes);
     kept.flush();
     if (kept.hasFailed() || job.kind() == JobStructure::Kind::kNotPostScript) break;
   }
+  whole.finish();
   job.finish();
   kept.flush();
   if (!problem && kept.hasFailed()) problem = failure(kept.error());

@@ -25,14 +25,14 @@ class PageWork {
   PageWork(const FilterArguments& arguments, const QueuePpd* ppd);
 
   // Takes an option of the job that no feature has taken, if it is for pages.
-  // An option that asks for something unknown is told as a warning.
+  // A warning reports an option that asks for something unknown.
   bool take(const Setting& option);
 
-  // Mirrors the pages if it can be done; nobody is told if not.
+  // Mirrors the pages if it can be done; there is no message if not.
   void takeMirror() { isMirrored_ = true; }
 
   // Finds out who works on the pages, for which the job may be read. Each
-  // option that nobody can carry out is told as a warning. The PPD has the
+  // option that cannot be carried out gets a WARNING line. The PPD has the
   // job's choices marked. `takesCopies` says that a feature makes copies.
   // Returns why the job fails.
   std::optional<std::string> decide(bool takesCopies);

@@ -1,5 +1,6 @@
 #include "filter/pjl_line.h"
 
+#include <algorithm>
 #include <string>
 
 namespace driver_feature {
@@ -29,10 +30,18 @@ bool beginsWithExit(std::string_view line) {
   return line.starts_with(kExit);
 }
 
+std::string enteredLanguage(std::string_view line) {
+  std::string command = capitals(line);
+  for (const std::string_view word : {"@PJL", "ENTER", "LANGUAGE"}) {
+    if (!command.starts_with(word)) return "";
+    command.erase(0, std::min(command.find_first_not_of(" \t", word.size()), command.size()));
+  }
+  return command.substr(std::min(command.find_first_not_of("= \t"), command.size()));
+}
+
 bool entersOtherLanguage(std::string_view line) {
-  const std::string command = capitals(line);
-  return command.find("ENTER LANGUAGE") != std::string::npos &&
-         command.find("POSTSCRIPT") == std::string::npos;
+  const std::string language = enteredLanguage(line);
+  return !language.empty() && language.find("POSTSCRIPT") == std::string::npos;
 }
 
 }  // namespace driver_feature

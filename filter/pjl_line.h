@@ -2,6 +2,7 @@
 #ifndef FILTER_PJL_LINE_H_
 #define FILTER_PJL_LINE_H_
 
+#include <string>
 #include <string_view>
 
 namespace driver_feature {
@@ -14,8 +15,12 @@ std::string_view withoutExits(std::string_view line);
 // end of file.
 bool beginsWithExit(std::string_view line);
 
-// Whether the line enters another language than PostScript. PJL takes capital
-// and small letters for the same behind its "@PJL".
+// The language that a line of PJL enters, in capital letters; empty for any
+// other line, a remark among them. PJL takes capital and small letters for the
+// same.
+std::string enteredLanguage(std::string_view line);
+
+// Whether the line enters another language than PostScript.
 bool entersOtherLanguage(std::string_view line);
 
 }  // namespace driver_feature

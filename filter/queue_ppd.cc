@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <sstream>
 
 #include "host/description_index.h"
 
@@ -60,6 +61,36 @@ std::string written(const Write& write) {
 
 }  // namespace
 
+QueuePpd::QueuePpd(const std::string& path, PpdPointer ppd) : path_(path), ppd_(std::move(ppd)) {
+  for (const std::string& value : attributes("DriverFeatureChoice")) {
+    std::istringstream words(value);
+    ForeignName foreign;
+    words >> foreign.option >> foreign.choice >> std::ws;
+    std::getline(words, foreign.name);
+    foreignNames_.push_back(std::move(foreign));
+  }
+}
+
+// The PPD's name of a choice that the description calls so; else the name as it
+// is.
+std::string QueuePpd::choiceNamed(const std::string& option, const std::string& name) const {
+  for (const ForeignName& foreign : foreignNames_) {
+    if (equalKeywords(foreign.option.c_str(), option.c_str()) &&
+        equalKeywords(foreign.name.c_str(), name.c_str())) {
+      return foreign.choice;
+    }
+  }
+  return name;
+}
+
+// What the description calls a choice of the PPD.
+std::string QueuePpd::nameOf(const std::string& option, const std::string& choice) const {
+  for (const ForeignName& foreign : foreignNames_) {
+    if (foreign.option == option && foreign.choice == choice) return foreign.name;
+  }
+  return choice;
+}
+
 std::unique_ptr<QueuePpd> QueuePpd::open(const std::string& path, std::string& problem) {
   PpdProblem ppdProblem;
   PpdPointer ppd = readPpd(path, ppdProblem);
@@ -85,7 +116,7 @@ std::optional<std::string> QueuePpd::keywordOf(const std::string& option) const 
 
 bool QueuePpd::hasChoice(const std::string& option, const std::string& value) const {
   ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
-  return found != nullptr && ppdFindChoice(found, value.c_str()) != nullptr;
+  return found != nullptr && ppdFindChoice(found, choiceNamed(option, value).c_str()) != nullptr;
 }
 
 bool QueuePpd::understands(const Setting& option) {
@@ -117,7 +148,8 @@ void QueuePpd::mark(const std::vector<Setting>& options) {
   cups_option_t* list = nullptr;
   int count = 0;
   for (const Setting& option : options) {
-    count = cupsAddOption(option.name.c_str(), option.value.c_str(), count, &list);
+    const std::string choice = choiceNamed(option.name, option.value);
+    count = cupsAddOption(option.name.c_str(), choice.c_str(), count, &list);
   }
   ppdMarkDefaults(ppd_.get());
   cupsMarkOptions(ppd_.get(), count, list);
@@ -143,7 +175,7 @@ void QueuePpd::addMarked(ppd_option_t& option, std::vector<Setting>& settings) c
   const ppd_choice_t* choice = ppdFindMarkedChoice(ppd_.get(), option.keyword);
   // The parameters first, so that the choice finds them in their place.
   if (choice != nullptr && isCustom(*choice)) addParameters(keyword, settings);
-  settings.push_back({keyword, choice != nullptr ? choice->choice : kNotSet});
+  settings.push_back({keyword, choice != nullptr ? nameOf(keyword, choice->choice) : kNotSet});
 }
 
 void QueuePpd::addParameters(const std::string& keyword, std::vector<Setting>& settings) const {
@@ -166,7 +198,18 @@ std::string QueuePpd::jobBegin(int job, const std::string& user, const std::stri
 }
 
 std::string QueuePpd::jobEnd() const {
+  // Without the queue's own filter libcups would end the job itself.
+  if (ppd_->jcl_end == nullptr && !attributes("DriverFeatureEndOfFile").empty()) return "\x04";
   return written([&](std::FILE* file) { ppdEmitJCLEnd(ppd_.get(), file); });
+}
+
+std::string QueuePpd::jobPatch() const {
+  if (ppd_->patches == nullptr) return "";
+  return "%%BeginFeature: *JobPatchFile 1\n" + std::string(ppd_->patches) + "\n%%EndFeature\n";
+}
+
+std::string QueuePpd::exitServer() const {
+  return emittedText(*ppd_, PPD_ORDER_EXIT);
 }
 
 std::string QueuePpd::jclBegin() const {
@@ -175,6 +218,10 @@ std::string QueuePpd::jclBegin() const {
 
 std::string QueuePpd::jclToPostScript() const {
   return textOf(ppd_->jcl_ps);
+}
+
+std::string QueuePpd::jclEnd() const {
+  return textOf(ppd_->jcl_end);
 }
 
 std::string QueuePpd::jclOptions() const {

@@ -28,8 +28,8 @@ class QueuePpd {
   // Upper and lower case are the same, as everywhere in print options.
   std::optional<std::string> keywordOf(const std::string& option) const;
 
-  // Whether the option can have the value: a choice of its own, "Custom.VALUE"
-  // or "{PARAMETER=VALUE ...}".
+  // Whether the option can have the value: a choice of its own, by its name in
+  // the PPD or in the description, "Custom.VALUE" or "{PARAMETER=VALUE ...}".
   bool hasChoice(const std::string& option, const std::string& value) const;
 
   // Whether libcups marks any choice for the option, such as a known size for
@@ -47,9 +47,8 @@ class QueuePpd {
   void mark(const std::vector<Setting>& options);
 
   // What is marked, as settings of features: the option's keyword and its
-  // choice ("not set" without one); "Keyword.Choice" with True or False where
-  // several choices may stand; "Keyword.Parameter" and its value for a custom
-  // choice.
+  // choice, as the description calls it ("not set" without one); "Keyword.Choice" with True or
+  // False where several choices may stand; "Keyword.Parameter" and its value for a custom choice.
   std::vector<Setting> marked() const;
 
   // The text of a job's beginning in job-control language, and that of its
@@ -57,19 +56,38 @@ class QueuePpd {
   std::string jobBegin(int job, const std::string& user, const std::string& title) const;
   std::string jobEnd() const;
 
-  // The parts of the beginning that do not depend on the job.
+  // The PPD's patch (*JobPatchFile) as pstops writes it at the beginning of the
+  // prolog of each document that is not converted; empty without one.
+  std::string jobPatch() const;
+
+  // What libcups writes for the section ExitServer, with the marked choices.
+  std::string exitServer() const;
+
+  // The parts of the beginning and the end that do not depend on the job.
   std::string jclBegin() const;
   std::string jclOptions() const;
   std::string jclToPostScript() const;
+  std::string jclEnd() const;
 
  private:
-  QueuePpd(const std::string& path, PpdPointer ppd) : path_(path), ppd_(std::move(ppd)) {}
+  // A choice that the description calls by another name than the PPD.
+  struct ForeignName {
+    std::string option;
+    std::string choice;
+    std::string name;  // The description's.
+  };
+
+  QueuePpd(const std::string& path, PpdPointer ppd);
+
+  std::string choiceNamed(const std::string& option, const std::string& name) const;
+  std::string nameOf(const std::string& option, const std::string& choice) const;
 
   void addMarked(ppd_option_t& option, std::vector<Setting>& settings) const;
   void addParameters(const std::string& keyword, std::vector<Setting>& settings) const;
 
   std::string path_;
   PpdPointer ppd_;
+  std::vector<ForeignName> foreignNames_;
 };
 
 }  // namespace driver_feature

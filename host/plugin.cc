@@ -44,7 +44,8 @@ std::string loaderError() {
 
 std::unique_ptr<Plugin> Plugin::load(const std::string& path, std::string& problem) {
   const std::string file = path.empty() ? findLibrary() : asPath(path);
-  void* library = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+  // Globally, so that a library of routines may call the exported functions.
+  void* library = ::dlopen(file.c_str(), RTLD_NOW | RTLD_GLOBAL);
   if (library == nullptr) {
     problem =
         "the feature library cannot be loaded: " + loaderError() + "; name it with --library PATH";

@@ -18,7 +18,8 @@ class Plugin {
   // these places that has it: the library folders beside the program's
   // folder, the program's folder, and wherever the system's loader looks.
   // Null when there is none or when it is not such a plug-in; `problem` then
-  // says why. The library stays loaded until the process ends.
+  // says why. The library stays loaded until the process ends, and routines
+  // that are loaded later may call what it exports.
   static std::unique_ptr<Plugin> load(const std::string& path, std::string& problem);
 
   const std::string& path() const { return path_; }  // As handed to the loader.
@@ -69,7 +70,8 @@ class Plugin {
 
 // Loads a library of routines that a description names, so that they are
 // found by their names. False when it cannot be loaded; `problem` then says
-// why. The library stays loaded until the process ends.
+// why. The library stays loaded until the process ends. Routines that call the
+// plug-in's exported functions are loaded after it.
 bool loadRoutines(const std::string& path, std::string& problem);
 
 }  // namespace driver_feature

@@ -10,8 +10,8 @@
 namespace driver_feature::testing {
 
 // Those of `names` that the loaded library at `path` does not export itself,
-// or all of them when it is not loaded. In a name, '@' stands for the mangled
-// std::string and '#' for the mangled std::size_t.
+// or all of them when it is not loaded. In a name, '@' means the mangled
+// std::string and '#' the mangled std::size_t.
 inline std::vector<std::string> missingExports(const char* path,
                                                const std::vector<std::string>& names) {
   void* library = dlopen(path, RTLD_NOW | RTLD_NOLOAD);

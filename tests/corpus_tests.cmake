@@ -2,6 +2,9 @@
 # with faults planted in what it compares.
 
 find_program(BASH_PROGRAM bash REQUIRED)
+# What stands in the scheduler's chain of filters in front of ours.
+find_program(PSTOPS_PROGRAM pstops PATHS /usr/lib/cups/filter /usr/libexec/cups/filter
+  NO_DEFAULT_PATH REQUIRED)
 
 driver_feature_test(corpus_unit_tests
   GLOB corpus/*_test.cc LINK ppd_corpus driver_feature_host)
@@ -17,6 +20,8 @@ target_compile_definitions(corpus_program_tests PRIVATE
   CORPUS_TEST_FOLDER="${CMAKE_CURRENT_SOURCE_DIR}/corpus"
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
+  PROGRAM_FOLDER="$<TARGET_FILE_DIR:ppd_equivalence>"
+  PSTOPS="${PSTOPS_PROGRAM}"
   PPD_EQUIVALENCE="$<TARGET_FILE:ppd_equivalence>")
 add_dependencies(corpus_program_tests DriverFeature corpus_test_routines ppd_equivalence)
 

@@ -19,6 +19,12 @@ add_test(NAME description_format_faults
 add_test(NAME tutorial
   COMMAND ${document_runner} grow ${PROJECT_SOURCE_DIR}/docs/tutorial.md
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
+add_test(NAME cookbook
+  COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/cookbook.md
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
+add_test(NAME coming_from_ppd
+  COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/coming-from-ppd.md
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
 add_test(NAME security_examples
   COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/security.md
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
@@ -27,4 +33,4 @@ add_test(NAME import_examples
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
 set_property(TEST 
   description_format_examples description_format_attributes description_format_faults tutorial
-  security_examples import_examples APPEND PROPERTY LABELS once)
+  cookbook coming_from_ppd security_examples import_examples APPEND PROPERTY LABELS once)

@@ -8,6 +8,8 @@ driver_feature_test(help_program_tests
   GLOB tests/help/*_test.cc tests/host/program_runner.cc)
 target_compile_definitions(help_program_tests PRIVATE
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
+  DESCRIPTION_ATTRIBUTES="${CMAKE_CURRENT_LIST_DIR}/description_docs/attributes.txt"
+  MANUAL_FOLDER="${PROJECT_BINARY_DIR}/man"
   MANUAL_PAGE="${PROJECT_BINARY_DIR}/man/driver-feature.1"
   OFFICE_ROUTINES="$<TARGET_FILE:office_routines>"
   SOURCE_FOLDER="${PROJECT_SOURCE_DIR}")

@@ -23,6 +23,8 @@ bin/driver-feature --version | grep -qxF "Driver Feature Library v1.0 ($library)
 bin/driver-feature --callbacks "$routines" emit "$description" --to ps >../out.ps
 grep -q setpagedevice ../out.ps
 grep -qF 'driver\-feature emit' share/man/man1/driver-feature.1
+test -s share/man/man5/driver-feature-description.5
+test -s share/man/man5/driver-feature-settings.5
 test -s share/bash-completion/completions/driver-feature.bash
 test -s "$(echo share/zsh/*/_driver-feature)"
 

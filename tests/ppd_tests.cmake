@@ -17,3 +17,11 @@ target_compile_definitions(ppd_program_tests PRIVATE
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
   PPD_FILES="${CMAKE_CURRENT_SOURCE_DIR}/ppd/files")
 add_dependencies(ppd_program_tests driver-feature DriverFeature)
+
+# Instructions are counted where memcheck runs, too.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_BUILD_TYPE STREQUAL "Release"
+   AND CMAKE_SIZEOF_VOID_P EQUAL 8)
+  add_test(NAME import_growth
+    COMMAND python3 -B ${CMAKE_CURRENT_LIST_DIR}/ppd/import_growth.py $<TARGET_FILE:driver-feature>)
+  set_property(TEST import_growth PROPERTY TIMEOUT 120)
+endif()

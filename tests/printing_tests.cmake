@@ -6,19 +6,31 @@ driver_feature_test(filter_unit_tests
   LINK driver_feature_filter driver_feature_host_parts)
 
 driver_feature_test(filter_program_tests
-  GLOB tests/printing/*_test.cc tests/printing/filter_fixture.cc tests/host/program_runner.cc
+  GLOB tests/printing/*_test.cc tests/printing/filter_fixture.cc tests/printing/queue_fixture.cc
+       tests/host/program_runner.cc
   LINK Cups::Cups)
 target_compile_options(filter_program_tests PRIVATE -Wno-deprecated-declarations)
 target_compile_definitions(filter_program_tests PRIVATE
   DRIVER_FEATURE_FILTER="$<TARGET_FILE:driver-feature-filter>"
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
+  PSTOPS="${PSTOPS_PROGRAM}"
   OFFICE_DESCRIPTION="${PROJECT_SOURCE_DIR}/descriptions/office_laser.xml"
   OFFICE_ROUTINES="$<TARGET_FILE:office_routines>"
   ROUTINES_LIBRARY="$<TARGET_FILE:host_test_routines>"
   PRINTING_FOLDER="${CMAKE_CURRENT_LIST_DIR}/printing")
 add_dependencies(filter_program_tests
   driver-feature driver-feature-filter DriverFeature host_test_routines office_routines)
+
+# What libcups writes of the PPDs of queues, beside those of the printers.
+add_executable(queue_media printing/queue_media_main.cc)
+target_link_libraries(queue_media PRIVATE driver_feature_compile_options Cups::Cups)
+target_compile_options(queue_media PRIVATE -Wno-deprecated-declarations)
+
+add_test(NAME queue_ppds_conform
+  COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/printing/cupstestppd_test.sh
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
+set_tests_properties(queue_ppds_conform PROPERTIES TIMEOUT 120)
 
 # The scheduler is a program of the machine, which loads nothing of another
 # kind; and what the address checks would find, the tests above find faster.

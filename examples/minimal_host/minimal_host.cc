@@ -1,4 +1,4 @@
-// A small host of the feature library: loads the plug-in, hands it a feature
+// A small host of the feature library: loads the plug-in, passes it a feature
 // description, makes settings and writes the three forms of output.
 //
 //   minimal_host PLUGIN DESCRIPTION STEM [NAME=VALUE]...
@@ -28,7 +28,7 @@ namespace {
   throw std::runtime_error(reason);
 }
 
-// Codes of feature types, as getFeatureType() answers them.
+// Codes of feature types, as getFeatureType() returns them.
 enum { kMultiSelect = 1, kIntEntry = 2 };
 
 // The plug-in's functions, bound by name, with the types of its header.
@@ -69,7 +69,7 @@ Plugin loadPlugin(const std::string& path) {
   return loaded;
 }
 
-// The first child of that tag, or null. An element may stand for its own child.
+// The element itself if it has that tag, else its first child that has, or null.
 void* findElement(void* element, const std::string& wanted) {
   std::string tag;
   pParserInstance->tagName(element, tag);

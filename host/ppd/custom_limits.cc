@@ -117,7 +117,7 @@ Limits<float> sideLimits(ppd_file_t& ppd, const ppd_option_t& option, int side, 
   const LimitTexts texts = textsOf(ppd, "PageSize", name);
   const Limits<float> limits =
       limitsOf(texts, ppd.custom_min[side], ppd.custom_max[side], title, losses);
-  // A file may allow custom sizes without a word on their limits.
+  // A file may allow custom sizes and give no limits.
   if (limits.greatest && *limits.greatest <= 0) return {};
   return withoutContradiction(limits, title, losses);
 }

@@ -1,7 +1,5 @@
 #include "host/queue/minimal_ppd.h"
 
-#include <cups/cups.h>
-
 #include <algorithm>
 #include <limits>
 #include <optional>
@@ -9,11 +7,10 @@
 #include <string_view>
 #include <utility>
 
+#include "host/queue/choice_names.h"
+#include "host/queue/page_sizes.h"
 #include "host/queue/ppd_names.h"
 #include "host/settings_file.h"
-#include "model/core_feature.h"
-#include "model/core_feature_set.h"
-#include "model/core_option.h"
 
 namespace driver_feature {
 
@@ -34,47 +31,40 @@ std::string plainText(const std::string& text) {
   return plain.substr(0, 30);
 }
 
-// In points.
-struct PaperSize {
-  std::string width;
-  std::string length;
-};
-
-// The size that a choice's name or its name in tickets stands for; nothing
-// when libcups knows neither.
-std::optional<PaperSize> paperSizeOf(const Model& model, const std::string& choice) {
-  const pwg_media_t* media = pwgMediaForPPD(choice.c_str());
-  CoreFeature* feature = model.set->FindFeatureInFeatureList(kPageSize);
-  CoreOption* option = feature->fetchOptionByName(std::string("Name"), choice);
-  std::string name;
-  if (media == nullptr && option != nullptr &&
-      option->getOptionProperty(std::string("TESKCommand"), name)) {
-    media = pwgMediaForPWG(name.c_str());
-  }
-  if (media == nullptr || media->width <= 0 || media->length <= 0) return std::nullopt;
-  const auto points = [](int hundredths) {
-    return std::to_string((static_cast<long long>(hundredths) * 72 + 1270) / 2540);
-  };
-  return PaperSize{points(media->width), points(media->length)};
-}
-
 class Writer {
  public:
   explicit Writer(const Model& model) : model_(model) {}
+
+  // The page sizes: a PPD must have some. Programs want to know them, and PPDs
+  // have to tell them twice.
+  void addPageSizes() {
+    names_ = {smallLetters(kPageSize), smallLetters(kPageRegion)};
+    const auto feature = model_.features.find(kPageSize);
+    const bool isOffered = feature != model_.features.end() && isPageSizeList(feature->second);
+    std::vector<PageSize> sizes = isOffered ? sizesOf(feature->second) : std::vector<PageSize>();
+    // What stands for the user's choice until there is one: that of the description.
+    std::string usual = isOffered ? feature->second.currentChoice().value_or("") : "";
+    if (sizes.empty()) sizes = standardPageSizes();
+    if (feature == model_.features.end()) usual = sizes.front().name;
+    writePageSizes(sizes, usual);
+  }
 
   void add(const std::string& name, const FeatureView& feature) {
     if (!feature.hasValue() || !feature.isVisible() || feature.isEncrypted() || name == "Copies") {
       return;
     }
     const bool isList = feature.kind() == FeatureKind::kMultiSelect;
-    if (feature.kind() == FeatureKind::kTextEntry) {
+    const std::string records = recordsOf(name);
+    if (!records.empty()) {
+      lose(name, "the options of a job do not reach the records of " + records);
+    } else if (feature.kind() == FeatureKind::kTextEntry) {
       lose(name, "a PPD has no options for texts");
+    } else if (isPageSizeName(name)) {
+      if (!isPageSizeList(feature)) lose(name, "a PPD has this name for the sizes of sheets");
     } else if (!isOptionName(name, isList)) {
       lose(name, "a PPD cannot have this name");
     } else if (!names_.insert(smallLetters(name)).second) {
-      lose(name, kSameName);
-    } else if (name == kPageRegion && hasPageSizes()) {
-      return;  // It stands with them.
+      lose(name, kSameNameInPpd);
     } else if (isList) {
       addList(name, feature);
     } else {
@@ -89,11 +79,26 @@ class Writer {
     ppd_.losses.push_back(what + ": " + reason);
   }
 
-  // Whether addPageSizes() writes the page sizes.
-  bool hasPageSizes() const {
-    const auto size = model_.features.find(kPageSize);
-    return size != model_.features.end() && size->second.isVisible() &&
-           size->second.kind() == FeatureKind::kMultiSelect;
+  static bool isPageSizeName(const std::string& name) {
+    return name == kPageSize || name == kPageRegion;
+  }
+
+  // Whether addPageSizes() writes the choices of the feature.
+  static bool isPageSizeList(const FeatureView& feature) {
+    return feature.kind() == FeatureKind::kMultiSelect && feature.isVisible() &&
+           !feature.isEncrypted();
+  }
+
+  // The dynamic group of whose records the feature is a member; empty when it
+  // is none.
+  std::string recordsOf(const std::string& feature) const {
+    const std::vector<std::string> around = model_.index.groupsAround(feature);
+    for (const GroupEntry& group : model_.index.groups()) {
+      if (group.kind != GroupKind::kDynamic) continue;
+      const std::string members = model_.index.templateOf(group.name);
+      if (std::find(around.begin(), around.end(), members) != around.end()) return group.name;
+    }
+    return "";
   }
 
   template <class... Texts>
@@ -109,30 +114,29 @@ class Writer {
 
   void close(const std::string& name) { line("*CloseUI: *" + name); }
 
+  std::vector<NamedChoice> choicesOf(const std::string& name, const FeatureView& feature) {
+    return namedChoices(model_, name, feature, ppd_.losses);
+  }
+
   void addList(const std::string& name, const FeatureView& feature) {
-    std::vector<std::string> choices;
-    std::set<std::string> names;
-    for (const Choice& choice : feature.choices()) {
-      if (!choice.visible) continue;
-      if (choice.name == "Custom") {
-        lose(name + "=Custom", "a PPD has this name for values of any size");
-      } else if (!isChoiceName(choice.name)) {
-        lose(name + "=" + choice.name, "a PPD cannot have this name");
-      } else if (name == kPageSize && !paperSizeOf(model_, choice.name)) {
-        lose(name + "=" + choice.name, "libcups knows no size of this name");
-      } else if (!names.insert(smallLetters(choice.name)).second) {
-        lose(name + "=" + choice.name, kSameName);
-      } else {
-        choices.push_back(choice.name);
-      }
-    }
+    const std::vector<NamedChoice> choices = choicesOf(name, feature);
     if (choices.empty()) return;
-    const std::string current = feature.currentChoice().value_or("");
-    const bool isListed = std::find(choices.begin(), choices.end(), current) != choices.end();
-    // Marks none of the choices, so that the description's default stands.
-    const std::string usual = isListed ? current : "Unknown";
-    writeList(name, choices, usual);
-    if (name == kPageSize) addPageSizes(choices, usual);
+    const auto has = [&choices](const std::string& wanted, std::string NamedChoice::*member) {
+      return std::find_if(choices.begin(), choices.end(),
+                          [&](const NamedChoice& choice) { return choice.*member == wanted; });
+    };
+    if (name == "Duplex" && has("None", &NamedChoice::name) == choices.end()) {
+      return lose(name, "a PPD has this name only for an option with a choice None");
+    }
+    const auto current = has(feature.currentChoice().value_or(""), &NamedChoice::option);
+    std::vector<std::string> inPpd;
+    inPpd.reserve(choices.size());
+    for (const NamedChoice& choice : choices) {
+      inPpd.push_back(choice.name);
+      if (choice.name == choice.option) continue;
+      line("*DriverFeatureChoice: \"", name, " ", choice.name, " ", choice.option, "\"");
+    }
+    writeList(name, inPpd, current != choices.end() ? current->name : kUnknown);
   }
 
   void writeList(const std::string& name, const std::vector<std::string>& choices,
@@ -142,28 +146,49 @@ class Writer {
     close(name);
   }
 
-  // Programs want to know the paper sizes, and PPDs have to tell them twice.
-  void addPageSizes(const std::vector<std::string>& choices, const std::string& current) {
-    writeList(kPageRegion, choices, current);
+  std::vector<PageSize> sizesOf(const FeatureView& feature) {
+    std::vector<PageSize> sizes;
+    for (const NamedChoice& choice : choicesOf(kPageSize, feature)) {
+      if (const std::optional<PageSize> size = pageSizeOf(model_, choice.option)) {
+        sizes.push_back(*size);
+      } else {
+        lose(std::string(kPageSize) + "=" + choice.option,
+             "its size is not known; give it a name such as A4 or w612h792, or a PSCommand with "
+             "/PageSize [WIDTH LENGTH]");
+      }
+    }
+    return sizes;
+  }
+
+  void writePageSizes(const std::vector<PageSize>& sizes, const std::string& usual) {
+    std::vector<std::string> names;
+    names.reserve(sizes.size());
+    for (const PageSize& size : sizes) names.push_back(size.name);
+    const bool isListed = std::find(names.begin(), names.end(), usual) != names.end();
+    const std::string current = isListed ? usual : kUnknown;
+    writeList(kPageSize, names, current);
+    writeList(kPageRegion, names, current);
     line("*DefaultImageableArea: " + current);
-    for (const std::string& choice : choices) {
-      const PaperSize size = paperSizeOf(model_, choice).value();
-      line("*ImageableArea ", choice, ": \"0 0 ", size.width, " ", size.length, "\"");
+    for (const PageSize& size : sizes) {
+      const std::string margin = numberText(size.margin);
+      line("*ImageableArea ", size.name, ": \"", margin, " ", margin, " ",
+           numberText(size.width - size.margin), " ", numberText(size.length - size.margin), "\"");
     }
     line("*DefaultPaperDimension: " + current);
-    for (const std::string& choice : choices) {
-      const PaperSize size = paperSizeOf(model_, choice).value();
-      line("*PaperDimension ", choice, ": \"", size.width, " ", size.length, "\"");
+    for (const PageSize& size : sizes) {
+      line("*PaperDimension ", size.name, ": \"", numberText(size.width), " ",
+           numberText(size.length), "\"");
     }
   }
 
   void addNumber(const std::string& name, const FeatureView& feature) {
+    if (hasFixedNames(name)) return lose(name, "a PPD has this name for an option with choices");
     const std::string current = settingText(feature).value_or("0");
     const FeatureLimits& limits = model_.index.limitsOf(name);
     open(name, current);
     line("*" + name + " " + current + ": \"\"");
     close(name);
-    // libcups takes a default such as Custom.5 when this stands behind the option.
+    // libcups takes a default such as Custom.5 when this stands after the option.
     const bool isInt = feature.kind() == FeatureKind::kIntEntry;
     line("*Custom" + name + " True: \"\"");
     line("*ParamCustom" + name + " Value: 1 " + (isInt ? intLimits(limits) : realLimits(limits)));
@@ -180,8 +205,8 @@ class Writer {
            (limits.floatMax ? numberText(*limits.floatMax) : "1000000");
   }
 
-  static constexpr const char* kSameName =
-      "another one has this name, of which a PPD does not tell capital from small letters";
+  // Marks none of the choices, so that the description's default stands.
+  static constexpr const char* kUnknown = "Unknown";
 
   const Model& model_;
   MinimalPpd ppd_;
@@ -193,6 +218,7 @@ class Writer {
 MinimalPpd minimalPpd(const Model& model, const std::string& name,
                       const std::vector<std::string>& queueLines) {
   Writer writer(model);
+  writer.addPageSizes();
   for (const auto& [feature, view] : model.features) writer.add(feature, view);
   MinimalPpd ppd = writer.take();
   const std::string plain = plainText(name);

@@ -36,6 +36,17 @@ class PpdNamesTest : public testing::Test {
            (isList || (custom != nullptr && cupsArrayCount(custom->params) == 1));
   }
 
+  // Whether libcups finds a choice by its name.
+  bool isReadAsChoice(const std::string& name) const {
+    std::ofstream(file_) << "*PPD-Adobe: \"4.3\"\n*OpenUI *Tray: PickOne\n*Tray " << name
+                         << ": \"code\"\n*CloseUI: *Tray\n";
+    const std::unique_ptr<ppd_file_t, void (*)(ppd_file_t*)> ppd(ppdOpenFile(file_.c_str()),
+                                                                 &ppdClose);
+    if (!ppd) return false;
+    const ppd_choice_t* choice = ppdFindChoice(ppdFindOption(ppd.get(), "Tray"), name.c_str());
+    return choice != nullptr && choice->choice == name;
+  }
+
   std::string file_ = std::filesystem::temp_directory_path() /
                       ("driver-feature-names-" + std::to_string(::getpid()));
 };
@@ -62,8 +73,26 @@ TEST_F(PpdNamesTest, OptionNames_AreThoseThatLibcupsReads) {
     EXPECT_FALSE(isOptionName(name, true)) << name;
     EXPECT_FALSE(isRead(name, true)) << name;
   }
-  for (const std::string name : {"", "a b", "a.b", "a/b", "a:b", "a\"b", "*a", "CustomX", "\xE4"}) {
+  for (const std::string name : {"", "a b", "a.b", "a/b", "a:b", "a\"b", "*a", "CustomX", "\xE4",
+                                 "DriverFeatureLibrary", "psversion", "1284DeviceId"}) {
     EXPECT_FALSE(isOptionName(name, true)) << name;
+  }
+}
+
+TEST_F(PpdNamesTest, ChoicesThatLibcupsReads_AreNames) {
+  for (const std::string name : {"A4.Fullbleed", "1.5", "a,b", "Custom", "Customs.1"}) {
+    EXPECT_TRUE(isChoiceName(name)) << name;
+  }
+  for (const std::string name : {"A4.Fullbleed", "1.5", "a,b", "Customs.1"}) {
+    EXPECT_TRUE(isReadAsChoice(name)) << name;
+  }
+  for (const std::string name : {"", "a b", "a/b", "a:b", "a\"b", "*a", "\xE4"}) {
+    EXPECT_FALSE(isChoiceName(name)) << name;
+  }
+  // These are values of the user's own.
+  for (const std::string name : {"{a", "Custom.1", "custom.1"}) {
+    EXPECT_FALSE(isChoiceName(name)) << name;
+    EXPECT_FALSE(isReadAsChoice(name)) << name;
   }
 }
 
@@ -71,7 +100,6 @@ TEST_F(PpdNamesTest, ChoiceNames_HaveFortyCharacters) {
   EXPECT_TRUE(isChoiceName(std::string(40, 'a')));
   EXPECT_TRUE(isChoiceName("JCLBegin"));
   EXPECT_FALSE(isChoiceName(std::string(41, 'a')));
-  EXPECT_FALSE(isChoiceName("a.b"));
 }
 
 TEST_F(PpdNamesTest, SmallLetters_OfAsciiOnly) {

@@ -1,5 +1,6 @@
 #include "host/queue/queue_command.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -12,8 +13,10 @@
 #include "host/command_arguments.h"
 #include "host/console.h"
 #include "host/ppd/ppd_file.h"
+#include "host/queue/job_end_lines.h"
 #include "host/queue/minimal_ppd.h"
 #include "host/queue/queue_lines.h"
+#include "host/queue/read_back.h"
 
 namespace driver_feature {
 
@@ -74,16 +77,39 @@ void complainOfOptions(const Arguments& arguments, const Model& model, ppd_file_
   }
 }
 
-int compose(const Arguments& arguments, const Session& session,
-            const std::vector<std::string>& lines, std::vector<Result>& results) {
-  if (arguments.ppd.empty()) {
-    const std::string stem = fs::path(arguments.description).stem();
-    const MinimalPpd ppd =
-        minimalPpd(session.model(), arguments.name.empty() ? stem : arguments.name, lines);
-    for (const std::string& loss : ppd.losses) complain("not in the PPD: " + loss);
-    results.push_back({arguments.output, ppd.text});
-    return kSuccess;
+// Of a PPD that libcups could not use. `origins` is empty for one that was made
+// of the description.
+int complainOfPpd(const Arguments& arguments, const UnusablePpd& unusable,
+                  const std::vector<int>& origins) {
+  const bool isMade = arguments.ppd.empty();
+  std::string place = isMade ? arguments.description : arguments.ppd;
+  const auto line = static_cast<std::size_t>(std::max(unusable.line, 0));
+  if (line > 0 && line <= origins.size() && origins[line - 1] > 0) {
+    place += ":" + std::to_string(origins[line - 1]);
   }
+  complain(place + ": libcups cannot use the queue's PPD that would be made of it: " +
+           unusable.reason + "; nothing is written; " +
+           (isMade ? "give the printer's PPD with --ppd"
+                   : "correct the PPD (cupstestppd explains more)"));
+  return kUnusable;
+}
+
+int composeMade(const Arguments& arguments, const Session& session,
+                const std::vector<std::string>& lines, std::vector<Result>& results) {
+  const std::string stem = fs::path(arguments.description).stem();
+  const MinimalPpd ppd =
+      minimalPpd(session.model(), arguments.name.empty() ? stem : arguments.name, lines);
+  if (const auto unusable = readBack(ppd.text, lines, nullptr)) {
+    return complainOfPpd(arguments, *unusable, {});
+  }
+  for (const std::string& loss : ppd.losses) complain("not in the PPD: " + loss);
+  results.push_back({arguments.output, ppd.text});
+  return kSuccess;
+}
+
+int compose(const Arguments& arguments, const Session& session, std::vector<std::string> lines,
+            std::vector<Result>& results) {
+  if (arguments.ppd.empty()) return composeMade(arguments, session, lines, results);
   PpdProblem problem;
   const PpdPointer ppd = readPpd(arguments.ppd, problem);
   if (!ppd) {
@@ -95,8 +121,16 @@ int compose(const Arguments& arguments, const Session& session,
     complain(arguments.ppd + ": cannot be read a second time; give a file instead of a pipe");
     return kUnusable;
   }
+  // The queue's own lines first: a PPD that has been through here comes out as it
+  // was.
+  for (const std::string& line : jobEndLines(*ppd)) lines.push_back(line);
+  for (const std::string& line : mediaLines(*ppd)) lines.push_back(line);
+  const QueueText queue = withQueueLines(bytes, lines);
+  if (const auto unusable = readBack(queue.text, lines, ppd.get())) {
+    return complainOfPpd(arguments, *unusable, queue.origins);
+  }
   complainOfOptions(arguments, session.model(), *ppd);
-  results.push_back({arguments.output, withQueueLines(bytes, lines)});
+  results.push_back({arguments.output, queue.text});
   return kSuccess;
 }
 

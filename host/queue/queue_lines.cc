@@ -1,8 +1,9 @@
 #include "host/queue/queue_lines.h"
 
-#include <algorithm>
-#include <array>
 #include <string_view>
+
+#include "host/queue/ppd_names.h"
+#include "host/queue/ppd_statements.h"
 
 namespace driver_feature {
 
@@ -30,26 +31,19 @@ std::string pathLine(const std::string& keyword, const std::string& path, std::s
   return line;
 }
 
-// The next line of the text, with its line end.
-std::string_view takeLine(std::string_view& text) {
-  std::size_t end = text.find_first_of("\r\n");
-  if (end == std::string_view::npos) end = text.size();
-  if (text.substr(end).starts_with("\r\n")) ++end;
-  const std::string_view line = text.substr(0, end + 1);
-  text.remove_prefix(line.size());
-  return line;
+// Statements that name other filters or another description. libcups and the
+// scheduler find some of them in any spelling.
+bool isReplaced(std::string_view keyword) {
+  const std::string name = smallLetters(std::string(keyword));
+  if (name == "cupsfilter" || name == "cupsfilter2") return true;
+  // Other names of choices belong to the options, which stay.
+  return name.starts_with("driverfeature") && name != "driverfeaturechoice";
 }
 
-std::string_view lineEndOf(std::string_view line) {
-  const std::size_t last = line.find_last_not_of("\r\n");
-  return line.substr(last == std::string_view::npos ? 0 : last + 1);
-}
-
-bool isReplaced(std::string_view line) {
-  constexpr std::array<std::string_view, 3> kKeywords = {
-      "*cupsFilter:", "*cupsFilter2:", "*DriverFeature"};
-  return std::any_of(kKeywords.begin(), kKeywords.end(),
-                     [line](std::string_view keyword) { return line.starts_with(keyword); });
+int linesOf(std::string_view statement) {
+  int count = 0;
+  for (; !statement.empty(); ++count) takeLine(statement);
+  return count;
 }
 
 }  // namespace
@@ -70,15 +64,39 @@ std::vector<std::string> queueLines(const QueueRequest& request, std::string& pr
   return lines;
 }
 
-std::string withQueueLines(std::string_view ppd, const std::vector<std::string>& lines) {
-  const std::string_view first = takeLine(ppd);
+std::vector<std::string> mediaLines(ppd_file_t& ppd) {
+  const bool hasRule = ppdFindAttr(&ppd, "RequiresPageRegion", "All") != nullptr;
+  if (ppd.num_filters > 0 || hasRule) return {};
+  return {"*RequiresPageRegion All: False"};
+}
+
+QueueText withQueueLines(std::string_view ppd, const std::vector<std::string>& lines) {
+  QueueText result;
+  int line = 1;  // The next one of the printer's PPD.
+  const auto keep = [&](std::string_view statement) {
+    result.text += statement;
+    for (int count = linesOf(statement); count > 0; --count) result.origins.push_back(line++);
+  };
+  const std::string_view first = takeStatement(ppd);
+  keep(first);
   const std::string end(lineEndOf(first).empty() ? "\n" : lineEndOf(first));
-  std::string result(first.substr(0, first.size() - lineEndOf(first).size()));
-  result += end;
-  for (const std::string& line : lines) result += line + end;
+  if (lineEndOf(first).empty()) result.text += end;
+  for (const std::string& added : lines) {
+    result.text += added + end;
+    result.origins.push_back(0);
+  }
   while (!ppd.empty()) {
-    const std::string_view line = takeLine(ppd);
-    if (!isReplaced(line)) result += line;
+    const std::string_view statement = takeStatement(ppd);
+    if (!isReplaced(statementKeyword(statement))) {
+      keep(statement);
+      continue;
+    }
+    line += linesOf(statement);
+    // A value of several lines may be ended by a line of its own.
+    std::string_view rest = ppd;
+    if (statementKeyword(takeLine(rest)) != "End") continue;
+    ppd = rest;
+    ++line;
   }
   return result;
 }

@@ -3,6 +3,8 @@
 #ifndef HOST_QUEUE_QUEUE_LINES_H_
 #define HOST_QUEUE_QUEUE_LINES_H_
 
+#include <cups/ppd.h>
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,9 +23,21 @@ struct QueueRequest {
 // otherwise it is left alone.
 std::vector<std::string> queueLines(const QueueRequest& request, std::string& problem);
 
-// The text of a PPD with the lines behind its first one, and without the lines
-// that name other filters or another description. Line ends stay as they are.
-std::string withQueueLines(std::string_view ppd, const std::vector<std::string>& lines);
+// The lines that keep libcups' handling of media as it is with the printer's
+// PPD, when the queue's gets a filter that the printer's does not have. With a
+// filter libcups writes the page size wherever a tray is chosen, without one it
+// does not; but not where the PPD has a rule about it.
+std::vector<std::string> mediaLines(ppd_file_t& ppd);
+
+struct QueueText {
+  std::string text;
+  std::vector<int> origins;  // Of each line: which one of the printer's PPD it is, or 0.
+};
+
+// The text of a PPD with the lines after its first statement, and without the
+// statements that name other filters or another description. Line ends stay as
+// they are.
+QueueText withQueueLines(std::string_view ppd, const std::vector<std::string>& lines);
 
 }  // namespace driver_feature
 

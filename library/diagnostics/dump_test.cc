@@ -237,5 +237,39 @@ TEST_F(DumpTest, OptionsState_IsNotTakenForTheLastFeatures) {
   EXPECT_THAT(dump(), ::testing::EndsWith("Dynamic Feature Group:Pages:0(enabled, visible)\n\n"));
 }
 
+// A feature and a group of the host that add others when they are read.
+class GrowingFeature : public DriverFeature {
+ public:
+  using DriverFeature::DriverFeature;
+  using DriverFeature::getFeatureProperty;
+  bool getFeatureProperty(const std::string& name, bool* value) override {
+    for (; added < 100; ++added) {
+      masterSet().addFeatureToFeatureList("b" + std::to_string(added), &other);
+      masterSet().addStaticGroupToFeatureList(&group);
+      masterSet().addDynamicGroupToFeatureList(&dynamicGroup);
+    }
+    return DriverFeature::getFeatureProperty(name, value);
+  }
+  int added = 0;
+  DriverFeature other{std::string("other")};
+  DriverFeatureStaticGroup group{std::string("static")};
+  DriverFeatureDynamicGroup dynamicGroup{std::string("dynamic")};
+};
+
+TEST_F(DumpTest, Feature_AddsOthers_TheyArePrinted) {
+  GrowingFeature feature(std::string("a"));
+  feature.setFeatureProperty(std::string("FeatureType"), 0);
+  masterSet().addFeatureToFeatureList("a", &feature);
+  const std::string text = dump();
+  const auto countOf = [&text](const std::string& part) {
+    int count = 0;
+    for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++count;
+    return count;
+  };
+  EXPECT_EQ(countOf("\n\"other\" ("), 100);
+  EXPECT_EQ(countOf("\nStatic Feature Group:static:"), 100);
+  EXPECT_EQ(countOf("Dynamic Feature Group:dynamic:"), 100);
+}
+
 }  // namespace
 }  // namespace driver_feature::testing

@@ -54,6 +54,10 @@ DriverFeature* DriverFeatureSet::fetchFeatureByIndex(int index) {
 
 CoreFeature* DriverFeatureSet::FindFeatureInFeatureList(const std::string& name) {
   if (DriverFeature* feature = list_.findFeature(name)) return feature;
+  return findGroup(name);
+}
+
+CoreFeature* DriverFeatureSet::findGroup(const std::string& name) {
   std::string text;
   if (CoreFeature* group = findStaticGroup("Name", name, text)) return group;
   if (CoreFeature* group = findDynamicGroup("Name", name, text)) return group;

@@ -46,6 +46,7 @@ class DriverFeatureSet : public CoreFeatureSet {
   driver_feature::FeatureList& list() { return list_; }
 
  private:
+  CoreFeature* findGroup(const std::string& name);
   CoreFeature* findStaticGroup(const std::string& attribute, const std::string& wanted,
                                std::string& text);
   CoreFeature* findDynamicGroup(const std::string& attribute, const std::string& wanted,

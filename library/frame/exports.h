@@ -20,7 +20,7 @@ extern DRIVER_FEATURE_EXPORT const char* const _KirvoSODisplayName;
 // feature-description element.
 extern DRIVER_FEATURE_EXPORT const char* const _KirvoNDTagHandlerFunction;
 
-// Builds the model from the feature-description element. Answers 1; a
+// Builds the model from the feature-description element. Returns 1; a
 // description that cannot be built ends the process with status 1.
 DRIVER_FEATURE_EXPORT int FeatureXMLTagHandler(void* element);
 
@@ -32,8 +32,8 @@ DRIVER_FEATURE_EXPORT void* GetMasterFeatureList();
 DRIVER_FEATURE_EXPORT void SetFeatureCreationCompleteFlag();
 
 // Hand a ticket element to the description's custom load routine, with mode 1
-// (installable options) and 0 (job ticket). Values that it sets notify
-// nobody; after a job ticket the update callback runs once. Always 1.
+// (installable options) and 0 (job ticket). Values that it sets do not
+// notify; after a job ticket the update callback runs once. Always 1.
 DRIVER_FEATURE_EXPORT int InstOptVORNTagHandler(void* element);
 DRIVER_FEATURE_EXPORT int JobTicketVORNTagHandler(void* element);
 
@@ -55,8 +55,8 @@ DRIVER_FEATURE_EXPORT int SetFeatureTextValue(std::string& target, const char* n
                                               const std::string& value);
 
 // Copy the current values of the features that `names` lists into their
-// original values, and back. The values of the map are not looked at. A name
-// that is not there is logged and passed over. Restoring a value notifies as
+// original values, and back. The values of the map are ignored. A name
+// that is not there is logged and skipped. Restoring a value notifies as
 // any setting of it does.
 DRIVER_FEATURE_EXPORT void SaveCurrentFeatureValues(AttributeMap& names);
 DRIVER_FEATURE_EXPORT void RestoreOriginalFeatureValues(AttributeMap& names);

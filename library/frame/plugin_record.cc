@@ -20,7 +20,7 @@ namespace {
 using driver_feature::libraryState;
 using driver_feature::notification;
 
-// What the custom load routine is told to load.
+// What the custom load routine must load.
 enum LoadMode : int { kJobTicket = 0, kInstallableOptions = 1 };
 
 // Raises the ticket-loading flag, and lowers it again also when the host's

@@ -1,7 +1,7 @@
 // The library-wide state of the frame: the master set, and what loads tickets.
 //
 // Plain data that is zero when the library is loaded and is never destroyed, so
-// that a host may call in as late as it likes while it ends. There are no locks:
+// that a host may call the library until it has ended. There are no locks:
 // a host calls from one thread.
 #ifndef FRAME_STATE_H_
 #define FRAME_STATE_H_

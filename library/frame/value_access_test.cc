@@ -205,6 +205,8 @@ TEST_F(ValueAccessTest, Get_NullValuePointer_ReturnsZero) {
 }
 
 TEST_F(ValueAccessTest, AnyFunction_BeforeASetExists_MakesItAndFindsNothing) {
+  // The set stays in sight of the check for leaks.
+  static DriverFeatureSet* const kBefore = libraryState().masterSet;
   libraryState().masterSet = nullptr;
   EXPECT_EQ(SetFeatureIntValue(copiesName_, "CurrentIntValue", 7), 0);
   EXPECT_THAT(
@@ -212,6 +214,7 @@ TEST_F(ValueAccessTest, AnyFunction_BeforeASetExists_MakesItAndFindsNothing) {
       ElementsAre(logLine(3, "FindFeatureInFeatureList() - Did not find feature \"Copies\"."),
                   logLine(2, "Couldn't attach to feature:  Copies")));
   EXPECT_NE(libraryState().masterSet, nullptr);
+  EXPECT_NE(libraryState().masterSet, kBefore);
 }
 
 }  // namespace

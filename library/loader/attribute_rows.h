@@ -28,7 +28,7 @@ struct AttributeRow {
 };
 
 // A row with its names as the texts that maps and objects take. An empty second
-// property stands for none.
+// property means that there is none.
 struct NamedRow {
   explicit NamedRow(const AttributeRow& row)
       : kind(row.kind),
@@ -54,8 +54,8 @@ const NamedRows& namedRows() {
   return rows;
 }
 
-// Sets a property of a feature in silence. Required: flags are reported to the
-// host's update callback all the same.
+// Sets a property of a feature without notification. Required: flags are still
+// reported to the host's update callback.
 template <class Value>
 void assign(DriverFeature& feature, const std::string& property, const Value& value) {
   if constexpr (std::is_same_v<Value, bool>) {
@@ -118,8 +118,8 @@ bool applyRow(const NamedRow& row, const AttributeMap& attributes, Object& objec
 }
 
 // Sets the properties of the attributes that are present, in the order of the
-// rows. `left` counts the attributes that were not met yet: when there are none,
-// the rows that are left are not looked for.
+// rows. `left` counts the attributes that were not found yet: the search stops
+// when it is 0.
 template <class Object>
 void applyAttributes(const NamedRows& rows, const AttributeMap& attributes, Object& object,
                      long& left) {

@@ -25,15 +25,15 @@ class ChildElements {
   const std::string& tag() const { return tag_; }
   AttributeMap& attributes() { return attributes_; }
 
-  // Past the last child there is nothing, and going on changes nothing.
+  // After the last child, further calls do nothing.
   void next() {
     if (handle_ == nullptr) return;
     handle_ = pParserInstance->nextSibling(handle_);
     attributes_.clear();
   }
 
-  // Reads the tag and the attributes of the current child. Where there is
-  // none, the tag stays and there are no attributes.
+  // Reads the tag and the attributes of the current child. If there is none,
+  // the tag is unchanged and there are no attributes.
   void read() {
     if (handle_ == nullptr) return;
     pParserInstance->tagName(handle_, tag_);

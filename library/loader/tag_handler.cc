@@ -95,9 +95,9 @@ void convertLogCategory() {
                 &inputLength);
 }
 
-// Takes a load back that an exception ends, so that the set lists all of a
-// description or nothing of it, and the callbacks are those of before. What
-// has been built is not freed: the host may have met it in a callback.
+// Rolls back a load interrupted by an exception, so that the set holds a whole
+// description or none of it, and the callbacks are those of before. What has
+// been built is not freed: the host may have seen it in a callback.
 class LoadUndo {
  public:
   LoadUndo() : before_(masterSet().list().copyContents()) {}

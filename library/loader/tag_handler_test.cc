@@ -53,6 +53,10 @@ extern "C" int TagHandlerTestOtherLoad(void* /*element*/, int mode) {
   driver_feature::testing::RecordingHost::record("other load " + std::to_string(mode));
   return 0;
 }
+extern "C" bool TagHandlerTestThrow() {
+  throw 1;
+}
+
 extern "C" bool TagHandlerTestOtherUpdate() {
   driver_feature::testing::RecordingHost::record("other update callback");
   return true;
@@ -233,6 +237,23 @@ TEST_F(TagHandlerTest, BaseInfo_FixedTexts_LeaveTheMessageBufferAlone) {
                            LoadVORNCallbackHandler="NoSuchRoutine"/>)");
   EXPECT_THAT(takeEvents(), ElementsAre(kNoLoadLine, kNullLoadLine));
   EXPECT_EQ(LogMessageBuffer.utf8(), "untouched");
+}
+
+TEST_F(TagHandlerTest, Load_ARoutineThrows_IsTakenBackWhole) {
+  ASSERT_EQ(load(R"(<BaseFeatureInfo DefaultCallbackHandler="RecordUpdate"
+                                     LoadVORNCallbackHandler="TagHandlerTestLoad"/>
+                    <Feature FeatureType="UIOnly" Name="A"/>)"),
+            1);
+  EXPECT_EQ(load(R"(<BaseFeatureInfo DefaultCallbackHandler="TagHandlerTestThrow"
+                                     LoadVORNCallbackHandler="TagHandlerTestOtherLoad"/>
+                    <FeatureStaticGroup Name="G"><Feature FeatureType="UIOnly" Name="B"/>
+                    </FeatureStaticGroup>
+                    <Feature FeatureType="UIOnly" Name="C" Visibility="true"/>)"),
+            0);
+  EXPECT_THAT(featureNames(), ElementsAre("A"));
+  EXPECT_THAT(staticGroupNames(), IsEmpty());
+  EXPECT_EQ(notification().updateCallback, RecordUpdate);
+  EXPECT_EQ(libraryState().loadCallback, TagHandlerTestLoad);
 }
 
 }  // namespace

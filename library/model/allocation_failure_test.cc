@@ -77,12 +77,19 @@ TEST_F(ModelAllocationFailureTest, AddRecord_AnyAllocationFails_AddsNothing) {
   EXPECT_EQ(position, 1);
 }
 
-TEST_F(ModelAllocationFailureTest, IndexNames_NoMemory_IsPassedOnAndNamesAreFoundAllTheSame) {
+TEST_F(ModelAllocationFailureTest, IndexNames_AnyAllocationFails_NamesAreFoundAllTheSame) {
   FeatureList list;
-  list.addFeature("list", &list_);
-  failingMemory.failAfter(0);
-  EXPECT_THROW(list.indexNames(), std::bad_alloc);
-  EXPECT_EQ(list.findFeature("list"), &list_);
+  for (int i = 0; i < 20; ++i) list.addFeature(std::to_string(i), &list_);
+  const long failures = failEachAllocation([&list, this] {
+    try {
+      list.indexNames();
+      EXPECT_FALSE(failingMemory.hasFailed()) << "the failure has been swallowed";
+    } catch (const std::bad_alloc&) {
+      for (int i = 0; i < 20; ++i) EXPECT_EQ(list.findFeature(std::to_string(i)), &list_);
+    }
+  });
+  // One for each name, at the least.
+  EXPECT_GE(failures, 20);
 }
 
 TEST_F(ModelAllocationFailureTest, AddAfterIndexing_NoMemory_NamesAreFoundAllTheSame) {

@@ -1,5 +1,5 @@
-// The rules of a set of host identifiers: no negative ones, and an answer that
-// tells whether the set has changed. Options and features keep the identifiers
+// The rules of a set of host identifiers: no negative ones, and a result that
+// says whether the set has changed. Options and features keep the identifiers
 // of the constraints that hold them back, dynamic groups the indices of their
 // selected records.
 #ifndef MODEL_CONSTRAINT_SET_H_

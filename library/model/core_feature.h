@@ -1,5 +1,5 @@
 // The abstract interfaces of a feature (one print setting) and of everything
-// that answers like one: static groups and dynamic groups.
+// that has the same operations: static groups and dynamic groups.
 //
 // Hosts call these operations through the virtual table, so the order of the
 // declarations is a binary contract: a new operation may only be added at the
@@ -23,17 +23,17 @@
 
 class CoreFeature {
  public:
-  // Slots 0 to 3. Store a property. A value that the object must refuse
-  // answers false and changes nothing; a feature also answers true, after a
-  // log line, when the property belongs to another value type. A changed
+  // Slots 0 to 3. Store a property. For a value that the object must
+  // refuse they return false and change nothing; a feature returns true, after
+  // a log line, if the property belongs to another value type. A changed
   // current value or flag notifies the host (see DriverFeature).
   virtual bool setFeatureProperty(const std::string& name, const std::string& value) = 0;
   virtual bool setFeatureProperty(const std::string& name, int value) = 0;
   virtual bool setFeatureProperty(const std::string& name, float value) = 0;
   virtual bool setFeatureProperty(const std::string& name, bool value) = 0;
 
-  // Slots 4 to 7. Read a property. An unreadable name answers false and
-  // leaves the output alone.
+  // Slots 4 to 7. Read a property. For an unreadable name they return
+  // false and leave the output unchanged.
   virtual bool getFeatureProperty(const std::string& name, std::string& value) = 0;
   virtual bool getFeatureProperty(const std::string& name, int* value) = 0;
   virtual bool getFeatureProperty(const std::string& name, bool* value) = 0;
@@ -44,8 +44,8 @@ class CoreFeature {
   // a dynamic group, 8 dynamic group.
   virtual int getFeatureType() = 0;
 
-  // Slots 9 to 14. The options of a "MultiSelect" feature. What has no
-  // options keeps these answers, which log nothing.
+  // Slots 9 to 14. The options of a "MultiSelect" feature. These
+  // implementations, for what has no options, do not log.
 
   // Slot 9. Number of options; 0 when this is not a "MultiSelect" feature.
   virtual int fetchNumberOfOptions() { return 0; }

@@ -22,7 +22,7 @@ class IntermediateStaticFeatureGroup : public CoreFeature {
   virtual int fetchNumberOfFeaturesInGroup() = 0;
 
   // Slot 16. The member at a position counted from 0 in order of addition;
-  // null when there is none. The member stays owned by whoever made it.
+  // null if there is none. The member still belongs to its maker.
   virtual CoreFeature* fetchFeatureInGroupByIndex(unsigned index) = 0;
 
  protected:
@@ -40,8 +40,8 @@ class CoreFeatureGroup : public CoreFeature {
   // Slot 16. Number of records.
   virtual int fetchNumberOfDynamicEntries() = 0;
 
-  // Slot 17. Loads the values of a record into the template and answers the
-  // template; null when there is no such record.
+  // Slot 17. Loads the values of a record into the template and returns the
+  // template; null if there is no such record.
   virtual IntermediateStaticFeatureGroup* getDynamicEntryByIndex(unsigned index) = 0;
 
   // Slot 18. Removes one record; later ones move up. False when there is no
@@ -76,8 +76,8 @@ class IntermediateDynamicFeatureGroup : public CoreFeatureGroup {
                                                        bool suppressUpdate) = 0;
 
   // Slots 25 to 27. For a dynamic group the set holds the indices of the
-  // selected records: is none selected, select one, deselect one. The last
-  // two answer false for a negative index and when nothing changes.
+  // selected records: whether none is selected, select one, deselect one. The
+  // last two return false for a negative index and if nothing changes.
   virtual bool isConstraintSetEmpty() { return true; }
   virtual bool addConstraint(const long& /*index*/) { return false; }
   virtual bool removeConstraint(const long& /*index*/) { return false; }

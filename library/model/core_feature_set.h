@@ -36,7 +36,7 @@ class CoreFeatureSet {
   virtual CoreFeature* FindFeatureInFeatureList(const std::string& attribute,
                                                 const std::string& value) = 0;
 
-  // Slot 5. Does nothing and always answers null.
+  // Slot 5. Does nothing and always returns null.
   virtual DriverFeatureOption* CreateOptionForFeature(const std::string& featureName,
                                                       const std::string& optionName,
                                                       int number) = 0;

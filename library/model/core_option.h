@@ -14,20 +14,20 @@
 class CoreOption {
  public:
   // Slot 0. Copies the text property `name` into `value`. An unknown name, or
-  // that of a bool property, is logged at level 3, answers false and leaves
-  // `value` alone.
+  // that of a bool property, is logged at level 3, returns false and leaves
+  // `value` unchanged.
   virtual bool getOptionProperty(const std::string& name, std::string& value) = 0;
 
   // Slot 1. Stores the bool property `name` ("Sensitivity" or "Visibility")
-  // through `value`. Any other name is logged at level 3 and answers false.
+  // through `value`. Any other name is logged at level 3 and returns false.
   virtual bool getOptionProperty(const std::string& name, bool* value) = 0;
 
   // Slot 2. Stores a text property. Any other name is logged at level 3,
-  // answers false and changes nothing. Nobody is notified.
+  // returns false and changes nothing. No callback is called.
   virtual bool setOptionProperty(const std::string& name, const std::string& value) = 0;
 
   // Slot 3. Stores a bool property. Any other name is logged at level 3,
-  // answers false and changes nothing. Nobody is notified.
+  // returns false and changes nothing. No callback is called.
   virtual bool setOptionProperty(const std::string& name, bool value) = 0;
 
  protected:

@@ -62,7 +62,7 @@ bool DriverFeature::store(const std::string& name, const Value& value, bool supp
     logComposed(Level::kWarning, Messages<Value>::kSetUnrecognized, name, name_);
     return false;
   }
-  // Required: a value of the wrong type is reported and answers true.
+  // Required: a value of the wrong type is reported, and the result is true.
   if (row->needs != Needs::kAny && static_cast<int>(row->needs) != valueType_) {
     logComposed(Level::kWarning, Messages<Value>::kWrongType, name, name_, shownValue(value),
                 wordFor(row->needs));
@@ -148,7 +148,7 @@ bool DriverFeature::storeValueString(const std::string& text, bool suppressUpdat
   if (type_ == driver_feature::kIntEntry) {
     return storeChanged(currentInt_, driver_feature::toInt(text), suppressUpdate);
   }
-  // Required: equality comes first, so that an absent option is no failure
+  // Required: equality comes first, so that an absent option is not a failure
   // while the position is -1 already.
   const int position = fetchOptionIndexByName(text);
   if (position == -1 && currentInt_ != -1) return false;
@@ -204,7 +204,7 @@ bool DriverFeature::fetchValueString(std::string& text) {
     text = driver_feature::toDecimalText(currentInt_);
     return true;
   }
-  // Required: the answer is true whether or not there is an option to name.
+  // Required: the result is true whether or not there is an option to name.
   if (CoreOption* option = fetchCurrentOption()) {
     option->getOptionProperty(std::string("Name"), text);
   }

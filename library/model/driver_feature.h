@@ -5,9 +5,9 @@
 // Notification. When a current value has really changed, first the feature's
 // own change routine runs ("AddCallbackRoutine"; only once the host has set
 // the creation-complete flag), then the host's update callback (unless the
-// caller asked for silence or a ticket is being loaded). Storing "Sensitivity",
+// caller suppresses it or a ticket is being loaded). Storing "Sensitivity",
 // "Visibility" or "Encrypted" calls the update callback every time. Everything
-// else is stored in silence.
+// else is stored without notification.
 //
 // Limits, the allowed characters and the deferred values are stored for the
 // host and never acted on.
@@ -53,7 +53,7 @@ class DriverFeature : public IntermediateCoreFeature {
   int getFeatureType() override;
 
   // The option list. Each operation refuses a feature that is not of type
-  // "MultiSelect" with a level 2 line and the answer for nothing.
+  // "MultiSelect" with a level 2 line and the result for "none".
   int fetchNumberOfOptions() override;
   int fetchOptionIndexByName(const std::string& name) override;
   CoreOption* fetchCurrentOption() override;
@@ -84,14 +84,14 @@ class DriverFeature : public IntermediateCoreFeature {
 
   // Finds the next option after `*position`, wrapping around, that is
   // available, and stores its position. The option at `*position` itself is
-  // never the answer. False, after a level 2 line and with `*position` left
-  // alone, when there is none. The feature type is not looked at.
+  // never chosen. Returns false, after a level 2 line and with `*position`
+  // unchanged, if there is none. The feature type does not matter.
   bool findNextAvailableOption(int* position);
 
   // The member that getFeatureProperty() copies for that name, in every
   // feature: for a reader of many features, who need not have the name looked
   // up for each. Null for a name that the getter refuses, and for one that
-  // stands for several members. What the getter hides while it is empty is
+  // names several members. What the getter hides while it is empty is
   // empty here.
   template <class Value>
   static const Value DriverFeature::*findPlainMember(const std::string& name);
@@ -121,8 +121,8 @@ class DriverFeature : public IntermediateCoreFeature {
   bool refusesOptionByName();
   void copyOptionNames(DriverFeature& source);
 
-  // What reading and writing need of each of many features stands together, in
-  // a piece of memory that is fetched at once.
+  // What reading and writing need of each of many features is together, in a
+  // piece of memory that is fetched at once.
   int type_ = driver_feature::kMultiSelect;
   int valueType_ = driver_feature::kIntValue;
   int currentInt_ = 0;  // The current option's position in a "MultiSelect" feature.

@@ -71,7 +71,7 @@ bool DriverFeatureDynamicGroup::store(const std::string& name, const Value& valu
 bool DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(const std::string& name,
                                                                         const std::string& value,
                                                                         bool /*suppressUpdate*/) {
-  // Texts are stored in silence, whatever the caller asks for.
+  // Storing a text never notifies, whatever the caller asks for.
   return store(name, value, true);
 }
 

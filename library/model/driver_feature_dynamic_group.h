@@ -14,8 +14,8 @@
 #include "model/core_feature_group.h"
 #include "model/driver_feature_static_group.h"
 
-// The records and what they hold are made by this class and never freed:
-// removing one drops the pointer. The template belongs to whoever made it.
+// This class makes the records and their values and never frees them:
+// removing one drops the pointer. The template belongs to its maker.
 class DriverFeatureDynamicGroup : public IntermediateDynamicFeatureGroup {
  public:
   // A routine of the host that compares two records, each as member name to
@@ -27,9 +27,9 @@ class DriverFeatureDynamicGroup : public IntermediateDynamicFeatureGroup {
   DriverFeatureDynamicGroup(const DriverFeatureDynamicGroup&) = delete;
   DriverFeatureDynamicGroup& operator=(const DriverFeatureDynamicGroup&) = delete;
 
-  // Unknown text properties are refused in silence, all others with a level 3
-  // line. Storing a number or a flag calls the update callback unless the
-  // caller asked for silence or a ticket is being loaded.
+  // Unknown text properties are refused without a log line, all others with a
+  // level 3 line. Storing a number or a flag calls the update callback unless
+  // the caller suppresses it or a ticket is being loaded.
   bool setFeatureProperty(const std::string& name, const std::string& value) override;
   bool setFeatureProperty(const std::string& name, int value) override;
   bool setFeatureProperty(const std::string& name, float value) override;
@@ -61,9 +61,9 @@ class DriverFeatureDynamicGroup : public IntermediateDynamicFeatureGroup {
   bool addStaticGroupToDynamicGroupWithSort(AttributeMap& values, bool sort) override;
   bool sortList() override;
 
-  // The operations of slots 25 to 27 under the names that tell what they do
-  // here. Selecting a selected record, deselecting another, and a negative
-  // index answer false.
+  // The operations of slots 25 to 27 under names that say what they do here.
+  // Selecting a selected record, deselecting one that is not selected, and a
+  // negative index return false.
   bool isSelectionEmpty() { return isConstraintSetEmpty(); }
   bool selectDynamicEntry(long index) { return addConstraint(index); }
   bool deselectDynamicEntry(long index) { return removeConstraint(index); }

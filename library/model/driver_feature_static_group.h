@@ -10,9 +10,9 @@
 #include "model/core_feature_group.h"
 #include "model/vocabulary.h"
 
-// A group has no value and notifies nobody. Unknown text properties are
-// refused in silence, all others with a level 3 line. Groups are made with
-// new and never freed.
+// A group has no value and does not notify. Unknown text properties are
+// refused without a log line, all others with a level 3 line. Groups are made
+// with new and never freed.
 class DriverFeatureStaticGroup : public IntermediateStaticFeatureGroup {
  public:
   DriverFeatureStaticGroup() = default;
@@ -32,9 +32,9 @@ class DriverFeatureStaticGroup : public IntermediateStaticFeatureGroup {
   int fetchNumberOfFeaturesInGroup() override;
   CoreFeature* fetchFeatureInGroupByIndex(unsigned index) override;
 
-  // Appends a member and tells it that it is in a group. False for null, and
-  // when the member refuses to be told; it is in the list all the same. Keeps
-  // the pointer; never frees it. A feature may stand in the list twice.
+  // Appends a member and sets its "FeatureInGroup". Returns false for null,
+  // and if the member rejects that property; it is appended regardless. Keeps
+  // the pointer; never frees it. A feature may be in the list twice.
   bool addFeatureToGroup(CoreFeature* member);
 
   // The first member of that name, or null.

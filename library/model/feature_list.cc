@@ -38,18 +38,6 @@ bool FeatureList::addDynamicGroup(DriverFeatureDynamicGroup* group) {
   return append(dynamicGroups_, group);
 }
 
-DriverFeature* FeatureList::featureAt(int index) {
-  if (index < 0 || index >= featureCount()) return nullptr;
-  const bool isNearerToStart = lastFetchedIndex_ - index > index;
-  if (lastFetchedIndex_ < 0 || isNearerToStart) {
-    lastFetched_ = features_.begin();
-    lastFetchedIndex_ = 0;
-  }
-  for (; lastFetchedIndex_ < index; ++lastFetchedIndex_) ++lastFetched_;
-  for (; lastFetchedIndex_ > index; --lastFetchedIndex_) --lastFetched_;
-  return lastFetched_->second;
-}
-
 DriverFeatureStaticGroup* FeatureList::staticGroupAt(int index) const {
   return groupAt(staticGroups_, index);
 }
@@ -58,23 +46,21 @@ DriverFeatureDynamicGroup* FeatureList::dynamicGroupAt(int index) const {
   return groupAt(dynamicGroups_, index);
 }
 
-DriverFeature* FeatureList::findFeature(const std::string& name) const {
-  if (index_.empty()) {
-    const auto found = features_.find(name);
-    return found != features_.end() ? found->second : nullptr;
-  }
-  const auto found = index_.find(name);
-  return found != index_.end() ? found->second->second : nullptr;
+DriverFeature* FeatureList::searchFeatures(const std::string& name) const {
+  const auto found = features_.find(name);
+  return found != features_.end() ? found->second : nullptr;
 }
 
 void FeatureList::indexNames() {
-  index_.clear();
-  index_.reserve(features_.size());
-  for (const auto& entry : features_) index_.emplace(entry.first, &entry);
+  // Made aside: there must be all of it or none.
+  Index index;
+  index.reserve(features_.size());
+  for (const auto& entry : features_) index.emplace(entry.first, &entry);
+  index_.swap(index);
 }
 
-// Where there is no memory for the entry, none is indexed, and the map is
-// searched instead.
+// Without memory for the entry the index is dropped, and the map is searched
+// instead.
 void FeatureList::index(const Features::value_type& entry) try {
   index_.emplace(entry.first, &entry);
 } catch (const std::bad_alloc&) {

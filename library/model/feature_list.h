@@ -39,12 +39,20 @@ class FeatureList {
 
   // Features count from 0 in the order of their names, groups in the order of
   // addition. Null when there is no such position.
-  DriverFeature* featureAt(int index);
+  DriverFeature* featureAt(int index) {
+    if (index < 0 || index >= featureCount()) return nullptr;
+    moveTo(index);
+    return lastFetched_->second;
+  }
   DriverFeatureStaticGroup* staticGroupAt(int index) const;
   DriverFeatureDynamicGroup* dynamicGroupAt(int index) const;
 
   // The feature filed under that name, or null.
-  DriverFeature* findFeature(const std::string& name) const;
+  DriverFeature* findFeature(const std::string& name) const {
+    if (index_.empty()) return searchFeatures(name);
+    const auto found = index_.find(name);
+    return found != index_.end() ? found->second->second : nullptr;
+  }
 
   // Makes features be found in a time that hardly grows with their number, also
   // those that are added later. For the end of a load: memory is asked for here,
@@ -61,7 +69,9 @@ class FeatureList {
   void swapContents(Contents& contents) noexcept;
 
  private:
+  DriverFeature* searchFeatures(const std::string& name) const;
   void index(const Features::value_type& entry);
+  void moveTo(int index);
   void forgetPositions() noexcept { lastFetchedIndex_ = -1; }
 
   Features features_;
@@ -71,7 +81,8 @@ class FeatureList {
   // The entries of features_ by name: all of them, or none. Entries keep their
   // places in the map, so that a feature filed in the place of another one needs
   // no change here.
-  std::unordered_map<std::string_view, const Features::value_type*> index_;
+  using Index = std::unordered_map<std::string_view, const Features::value_type*>;
+  Index index_;
 
   // The entry that was last fetched by its position, so that a walk over all
   // positions takes one step for each instead of starting anew. -1: there is
@@ -79,6 +90,16 @@ class FeatureList {
   Features::const_iterator lastFetched_;
   int lastFetchedIndex_ = -1;
 };
+
+inline void FeatureList::moveTo(int index) {
+  const bool isNearerToStart = lastFetchedIndex_ - index > index;
+  if (lastFetchedIndex_ < 0 || isNearerToStart) {
+    lastFetched_ = features_.begin();
+    lastFetchedIndex_ = 0;
+  }
+  for (; lastFetchedIndex_ < index; ++lastFetchedIndex_) ++lastFetched_;
+  for (; lastFetchedIndex_ > index; --lastFetchedIndex_) --lastFetched_;
+}
 
 }  // namespace driver_feature
 

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "model/driver_feature.h"
+#include "model/driver_feature_dynamic_group.h"
+#include "model/driver_feature_static_group.h"
 #include "support/model_builder.h"
 #include "support/private_member.h"
 
@@ -108,6 +110,20 @@ TEST_F(FeatureListTest, ContentsSwapped_OldNamesAreForgotten) {
   EXPECT_EQ(list_.findFeature("b"), nullptr);
   EXPECT_EQ(list_.featureAt(1), nullptr);
   EXPECT_EQ(before.features.count("b"), 1U);
+}
+
+TEST_F(FeatureListTest, ContentsSwapped_GroupsAreThoseOfBefore) {
+  DriverFeatureStaticGroup staticGroup;
+  DriverFeatureDynamicGroup dynamicGroup;
+  FeatureList::Contents before = list_.copyContents();
+  list_.addStaticGroup(&staticGroup);
+  list_.addDynamicGroup(&dynamicGroup);
+  list_.swapContents(before);
+  EXPECT_EQ(list_.staticGroupCount(), 0);
+  EXPECT_EQ(list_.dynamicGroupCount(), 0);
+  list_.swapContents(before);
+  EXPECT_EQ(list_.staticGroupAt(0), &staticGroup);
+  EXPECT_EQ(list_.dynamicGroupAt(0), &dynamicGroup);
 }
 
 TEST_F(FeatureListTest, EmptyNameOrNull_IsRefused) {

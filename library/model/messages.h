@@ -1,6 +1,6 @@
 // How the library writes to the platform's log.
 //
-// Texts stand whole in the source, with "{}" where a name or number goes, so
+// Texts are whole in the source, with "{}" where a name or number goes, so
 // that a search for a log line finds the place that writes it:
 //
 //   logComposed(Level::kWarning, "CreateFeature() - No default value for feature \"{}\", using 0.",

@@ -13,7 +13,7 @@ using UpdateCallback = bool (*)();
 using ChangeRoutine = void (*)();
 
 struct Notification {
-  UpdateCallback updateCallback;  // The host's. Null: there is nobody to call.
+  UpdateCallback updateCallback;  // The host's. Null: none is registered.
   bool ticketLoading;             // While a ticket handler runs the load callback.
   bool creationComplete;          // Set once, by SetFeatureCreationCompleteFlag().
 };
@@ -25,8 +25,8 @@ Notification& notification();
 // is registered.
 void callUpdateCallback();
 
-// Calls the update callback, but not when the caller has asked for silence and
-// not while a ticket is being loaded.
+// Calls the update callback, unless the caller suppresses it or a ticket is
+// being loaded.
 void notifyUpdate(bool suppressUpdate);
 
 // Reports a current value that has changed: first to the feature's own change

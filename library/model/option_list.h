@@ -3,6 +3,7 @@
 #ifndef MODEL_OPTION_LIST_H_
 #define MODEL_OPTION_LIST_H_
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,7 +19,10 @@ namespace driver_feature {
 // platform: either may add options meanwhile. Searches therefore go by position.
 class OptionList {
  public:
-  void add(CoreOption* option) { options_.push_back(option); }
+  void add(CoreOption* option) {
+    if (options_.empty()) options_.reserve(kUsual);
+    options_.push_back(option);
+  }
 
   int size() const { return static_cast<int>(options_.size()); }
 
@@ -43,6 +47,8 @@ class OptionList {
   std::optional<int> findNextAvailable(int start) const;
 
  private:
+  static constexpr std::size_t kUsual = 8;  // Most lists have no more.
+
   bool isAvailable(int position) const;
 
   std::vector<CoreOption*> options_;

@@ -43,7 +43,7 @@ enum class Rule : unsigned char {
   kRoutine,      // A routine's name: the routine is looked up.
   kFeatureType,  // Checked, and decides the value type.
   kValueType,    // Checked.
-  kValueString,  // Stands for the current value of whatever type.
+  kValueString,  // The current value, of any type, as text.
   kHideEmpty,    // Read as absent while it is empty.
 };
 

@@ -27,7 +27,7 @@ bool takeSign(std::string_view& text) {
   return negative;
 }
 
-// Whether `text` is "0x" and a hexadecimal digit, perhaps behind a point.
+// Whether `text` is "0x" and a hexadecimal digit, perhaps after a point.
 bool isHexadecimal(std::string_view text) {
   if (text.size() < 3 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X')) return false;
   const std::size_t digit = text[2] == '.' ? 3 : 2;
@@ -84,7 +84,7 @@ float toFloat(const std::string& text) {
   double value = 0;
   const auto format = hexadecimal ? std::chars_format::hex : std::chars_format::general;
   const auto result = std::from_chars(rest.data(), rest.data() + rest.size(), value, format);
-  // Without a number there is no sign either: "-" is plus zero.
+  // Without a number the sign has no effect: "-" is plus zero.
   if (result.ec == std::errc::invalid_argument) return 0;
   if (result.ec == std::errc::result_out_of_range) {
     const auto length = static_cast<std::size_t>(result.ptr - rest.data());

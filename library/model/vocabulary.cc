@@ -76,8 +76,8 @@ constexpr std::array<VocabularyRow<OptionProperty>, kOptionPropertyCount> kOptio
     {OptionProperty::kVisibility, "Visibility"},
 }};
 
-// The platform's look-up needs ascending byte order, and its answer is taken
-// for the enumerator of the same position.
+// The platform's look-up needs ascending byte order, and the position that it
+// returns is used as the enumerator of the same position.
 template <class Rows>
 consteval bool isInOrder(const Rows& rows) {
   for (std::size_t i = 0; i < rows.size(); ++i) {

@@ -27,8 +27,8 @@ class FeatureText {
   // Whether the object is written by a static group that holds it.
   bool isInGroup(CoreFeature& object) const;
 
-  // The command template, and the name of the output routine; null where there
-  // is none or an empty one. What is found stays until the next is asked for.
+  // The command template, and the name of the output routine; null if there is
+  // none or it is empty. The text is valid until the next call.
   const std::string* findCommand(CoreFeature& object);
   const std::string* findRoutine(CoreFeature& object);
 
@@ -37,7 +37,7 @@ class FeatureText {
   bool runRoutine(const std::string& name, std::string& text) const;
 
   // Appends the current option's command, or the current value, in the command
-  // template. Nothing, after a log line, when there is no text.
+  // template. Appends nothing, after a log line, if there is no text.
   void append(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
 
  private:

@@ -8,7 +8,7 @@ namespace driver_feature {
 
 // Marks a group as being written, so that one which contains itself, directly
 // or through others, is not entered without end. The same group under two
-// parents is no such case.
+// parents does not contain itself.
 struct GroupTrail {
   const CoreFeature* group;
   const GroupTrail* outer;

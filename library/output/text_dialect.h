@@ -17,10 +17,10 @@ struct TextDialect {
   // routine that its group names, not its own, once for every such member.
   bool memberRunsGroupRoutine;
   // Required, and true for PJL only: the text of such a member is formatted
-  // all the same, from its empty command, which drops what the routine wrote.
+  // anyway, from its empty command, which drops what the routine wrote.
   bool memberTextReplacesRoutine;
   // Required, and true for PJL only: a feature that its group writes is logged
-  // when it is passed over at top level.
+  // when it is skipped at top level.
   bool logsFeatureInGroup;
 
   const char* optionCommandUnreadable;

@@ -11,13 +11,13 @@
 namespace driver_feature {
 
 // The syntax and the value of a feature's job-ticket node: the current
-// option's ticket command, or the current value. False, after a log line, when
-// there is no node to write; an empty text makes none.
+// option's ticket command, or the current value. Returns false, after a log
+// line, if there is no node to write; an empty text makes no node.
 bool createTicketNodeAttributes(CoreFeature& feature, std::string& syntax, std::string& value);
 
 // A feature's PostScript or PJL text: the current option's command, or the
 // current value, in the feature's command template. `output` is emptied first
-// and stays empty, after a log line, when there is no text.
+// and stays empty, after a log line, if there is no text.
 void createTicketPDLAttributes(CoreFeature& feature, const std::string& commandTemplate,
                                std::string& output, bool forPostScript);
 

@@ -12,7 +12,7 @@ namespace driver_feature {
 namespace {
 
 // Appends the value as the conversion at the front of `rest` shows it, and
-// takes the conversion off. False when there is none or it does not fit.
+// removes the conversion. Returns false if there is none or it does not fit.
 template <class Value>
 bool appendConverted(std::string_view& rest, const Value& value, std::string& output) {
   if constexpr (std::is_same_v<Value, std::string_view>) {

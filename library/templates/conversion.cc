@@ -48,7 +48,7 @@ bool takeFlag(std::string_view& text, Conversion& conversion) {
   return true;
 }
 
-// "h" and "l" may stand twice.
+// "h" and "l" may be doubled.
 std::string_view takeLength(std::string_view& text) {
   constexpr std::string_view kLetters = "hljztL";
   if (text.empty() || kLetters.find(text.front()) == kLetters.npos) return {};
@@ -154,7 +154,7 @@ std::string floatDigits(double magnitude, std::chars_format format, std::optiona
   return {begin, result.ptr};
 }
 
-// Puts a point behind the digits of a number that has none.
+// Puts a point after the digits of a number that has none.
 void addPoint(std::string& digits, std::string_view exponentLetters) {
   if (digits.find('.') != digits.npos) return;
   digits.insert(std::min(digits.find_first_of(exponentLetters), digits.size()), 1, '.');

@@ -22,9 +22,9 @@ struct Conversion {
   char letter = 0;
 };
 
-// Takes a conversion without its per cent sign off the front of `text`.
-// Nothing, when there is none or a width or precision is too large. Letters
-// are not judged here.
+// Removes a conversion without its per cent sign from the front of `text`.
+// Nothing if there is none or a width or precision is too large. Letters are
+// not checked here.
 std::optional<Conversion> takeConversion(std::string_view& text);
 
 // The value as the conversion shows it; nothing when its letter or length

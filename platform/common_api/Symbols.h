@@ -3,7 +3,7 @@
 #define PLATFORM_COMMON_API_SYMBOLS_H_
 
 // The address of a routine of the host process, or of a library that it has
-// loaded globally; null when there is none of that name.
+// loaded globally; null if none has that name.
 extern "C" void* FetchSymbol(const char* name);
 
 #endif  // PLATFORM_COMMON_API_SYMBOLS_H_

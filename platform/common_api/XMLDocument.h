@@ -33,7 +33,7 @@ class XMLDocument {
   // are larger than 64 MiB.
   static std::unique_ptr<XMLDocument> parseFile(const std::string& path, XMLProblem& problem);
 
-  // The same from memory; `name` stands for the file's name in messages.
+  // The same from memory; `name` is the file's name in messages.
   static std::unique_ptr<XMLDocument> parseText(const std::string& text, const std::string& name,
                                                 XMLProblem& problem);
 

@@ -7,7 +7,7 @@
 //
 // The parser of the development edition reads documents of XMLDocument.h. The
 // tag of an element comes without its namespace prefix, the name of an
-// attribute with it, so that a foreign attribute is no attribute of ours.
+// attribute with it, so that a foreign attribute is not mistaken for ours.
 #ifndef PLATFORM_COMMON_API_XML_PARSER_H_
 #define PLATFORM_COMMON_API_XML_PARSER_H_
 

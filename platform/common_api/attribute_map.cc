@@ -47,8 +47,8 @@ bool isTooLarge(const std::string& text) {
   return std::fabs(strtod_l(text.c_str(), nullptr, kClassic)) > 1;
 }
 
-// The words for infinity and for what is no number convert, but are no
-// decimal numbers. A number nearer to 0 than a double can be gives 0.
+// The words for infinity and for "not a number" convert, but are not decimal
+// numbers. A number nearer to 0 than a double can be gives 0.
 std::optional<double> convert(const std::string& text, double /*tag*/) {
   double number = 0;
   const char* end = text.data() + text.size();

@@ -4,8 +4,8 @@ namespace driver_feature {
 
 namespace {
 
-// The byte that the three bytes at `text` stand for; 0 when they are no
-// escape. U+F700 spells as EF 9C 80.
+// The byte that the three bytes at `text` mean; 0 if they are not an escape.
+// U+F700 is EF 9C 80 in UTF-8.
 unsigned escapedByte(std::string_view text) {
   if (text.size() < 3 || text[0] != '\xEF') return 0;
   const auto second = static_cast<unsigned char>(text[1]);

@@ -27,8 +27,8 @@ xmlNode* elementFrom(xmlNode* node) {
 
 using XmlText = std::unique_ptr<xmlChar, void (*)(void*)>;
 
-// Without memory libxml2 answers null, which stands for an empty text as well.
-// The two must not be taken for each other.
+// Without memory libxml2 returns null, which also means an empty text. The two
+// must not be confused.
 XmlText copiedValueOf(const xmlAttr& attribute) {
   XmlText value(xmlNodeListGetString(attribute.doc, attribute.children, 1), xmlFree);
   const xmlNode* text = attribute.children;
@@ -36,7 +36,7 @@ XmlText copiedValueOf(const xmlAttr& attribute) {
   return value;
 }
 
-// A value that is one text, as nearly all are, is read where it stands.
+// A value that is one text, as nearly all are, is read in place.
 void readValue(const xmlAttr& attribute, std::string& value) {
   const xmlNode* text = attribute.children;
   if (text != nullptr && text->type == XML_TEXT_NODE && text->next == nullptr) {

@@ -18,7 +18,7 @@ struct ContextDeleter {
 };
 using ContextPointer = std::unique_ptr<xmlParserCtxt, ContextDeleter>;
 
-// What a parse has found; the first error is the one that tells.
+// What a parse has found; only the first error is reported.
 struct ParseReport {
   XMLProblem problem;
   bool failed = false;
@@ -39,7 +39,7 @@ void noteProblem(xmlParserCtxt* parser, int line, int column, const std::string&
   report.problem = {line, column, text};
 }
 
-// Notes a problem where the parser stands.
+// Notes a problem at the parser's position.
 void noteProblemHere(xmlParserCtxt* parser, const std::string& text) {
   noteProblem(parser, xmlSAX2GetLineNumber(parser), xmlSAX2GetColumnNumber(parser), text);
 }
@@ -173,7 +173,7 @@ void setHandlers(xmlSAXHandler& handlers) {
   handlers.processingInstruction = nullptr;
 }
 
-// The parser takes a NUL character behind the root element for the end.
+// The parser takes a NUL character after the root element for the end.
 void checkWholeTextIsRead(xmlParserCtxt* parser) {
   const xmlParserInput* input = parser->input;
   if (input == nullptr || input->cur >= input->end) return;
@@ -193,7 +193,7 @@ TreePointer readTree(const std::string& text, const std::string& name, XMLProble
   setHandlers(*parser->sax);
   const ErrorCatcher catcher(parser.get());
   // The size of the text and onStartElement() limit what libxml2 would. Short
-  // values stand in their nodes (COMPACT), since nobody changes the tree, and
+  // values are stored in their nodes (COMPACT), since nobody changes the tree, and
   // each value is one text (NOENT): entities, which that would resolve, are
   // refused where they are declared.
   TreePointer tree(xmlCtxtReadMemory(

@@ -17,8 +17,8 @@ struct TreeDeleter {
 };
 using TreePointer = std::unique_ptr<xmlDoc, TreeDeleter>;
 
-// The tree of `text`, or null and a filled `problem`. `name` stands for the
-// file's name. Nothing is written to standard error.
+// The tree of `text`, or null and a filled `problem`. `name` is the file's
+// name in messages. Nothing is written to standard error.
 TreePointer readTree(const std::string& text, const std::string& name, XMLProblem& problem);
 
 // What readTree() has noted with an element of its trees: its line, and whether

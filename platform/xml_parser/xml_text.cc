@@ -21,13 +21,13 @@ unsigned byteAt(const std::string& text, std::size_t position) {
   return static_cast<unsigned char>(text[position]);
 }
 
-// Halves of a pair in UTF-16, which are no characters and have no place in UTF-8.
+// Halves of a pair in UTF-16, which are not characters and not allowed in UTF-8.
 bool isSurrogate(std::uint32_t character) {
   return character >= 0xD800 && character <= 0xDFFF;
 }
 
-// The character at `position`, which moves behind it; nothing when no whole
-// character in its shortest form stands there.
+// The character at `position`, which moves past it; nothing if there is no whole
+// character in its shortest form.
 std::optional<std::uint32_t> takeCharacter(const std::string& text, std::size_t& position) {
   const unsigned first = byteAt(text, position++);
   std::size_t more = 0;
@@ -38,7 +38,7 @@ std::optional<std::uint32_t> takeCharacter(const std::string& text, std::size_t&
     }
     std::uint32_t character = first & ~form.mask;
     for (const std::size_t end = position + more; position < end; ++position) {
-      // The NUL at the text's end is no byte of this kind either.
+      // The NUL at the text's end is not such a byte either.
       if ((byteAt(text, position) & 0xC0U) != 0x80U) return {};
       character = character << 6 | (byteAt(text, position) & 0x3FU);
     }

@@ -52,7 +52,7 @@ compileView() {
 # linkLibrary MAP [SOURCE]: links the library's objects with a list of exports.
 linkLibrary() {
   local objects
-  mapfile -t objects < <(find "$build/CMakeFiles/driver_feature_objects.dir" -name '*.o')
+  mapfile -t objects < <(find "$build/library" -name '*.o')
   "$compiler" "${flags[@]}" -shared -fPIC -g "${objects[@]}" "${@:2}" \
     -Wl,--version-script="$1" -Wl,-soname,libDriverFeature.so -L"$build/lib" -lCommonAPI -lXMLParser -o "$work/build/lib/libDriverFeature.so" \
     >"$work/log" 2>&1 || fail "does not link"
@@ -74,7 +74,7 @@ expectReport() {
 
 begin Interface_Unchanged_IsTheCommittedOne
 compileView
-linkLibrary "$project/driver_feature.map"
+linkLibrary "$project/library/driver_feature.map"
 expectReport
 
 begin TwoOperations_Swapped_AreSeen
@@ -144,13 +144,13 @@ expectReport 'the vtable offset of method virtual void* XMLParser::firstChild(vo
 
 begin Export_Dropped_IsSeen
 compileView
-grep -v 'GetFeatureTextValue;' "$project/driver_feature.map" >"$work/map"
+grep -v 'GetFeatureTextValue;' "$project/library/driver_feature.map" >"$work/map"
 linkLibrary "$work/map"
 expectReport 'function int GetFeatureTextValue'
 
 begin Export_Added_IsSeen
 compileView
-sed 's/^  local:/    another;\n  local:/' "$project/driver_feature.map" >"$work/map"
+sed 's/^  local:/    another;\n  local:/' "$project/library/driver_feature.map" >"$work/map"
 echo 'extern "C" __attribute__((visibility("default"))) void another() {}' >"$work/another.cc"
 linkLibrary "$work/map" "$work/another.cc"
 expectReport "function void another()"

@@ -119,5 +119,28 @@ for arguments in '--sample' '--sample many' '--sample 0' '--seed x' '--vectors' 
   expect "Run_WrongArguments_UsageIsShown ($arguments)" grep -q '^usage: ./dev corpus' "$work/out"
 done
 
+# runWith ARGUMENT...: runs a copy of it that compares nothing, and keeps the
+# arguments of the comparison.
+mkdir -p "$work/run/corpus" "$work/run/bin" "$work/run/build/corpus"
+cp "$source_dir/corpus/run.sh" "$work/run/corpus/"
+printf 'first/A.ppd\n' >"$work/run/corpus/sample.txt"
+printf '1 2 first/A.ppd\n3 4 first/B.ppd\n' >"$work/run/build/corpus/ppds.txt"
+for script in fetch ghostscript; do : >"$work/run/corpus/$script.sh"; done
+printf '#!/bin/sh\nprintf "%%s " "$@" >arguments\n' >"$work/run/bin/ppd_equivalence"
+chmod +x "$work/run/bin/ppd_equivalence"
+runWith() {
+  (cd "$work/run" && PSTOPS=/the/pstops bash corpus/run.sh . "$@") >"$work/out" 2>&1
+}
+whole='--programs ./bin --pstops /the/pstops '
+
+for arguments in '--sample 1' '--whole-jobs' 'a.ppd' 'a.ppd --whole-jobs --seed 7'; do
+  # shellcheck disable=SC2086  # several words
+  runWith $arguments
+  expect "Run_WholeJobs_AreAskedFor ($arguments)" grep -qF -- "$whole" "$work/run/arguments"
+done
+runWith
+expect Run_AllPpds_HaveNoWholeJobs same "$(grep -cF -- --programs "$work/run/arguments")" 0
+expect Run_AllPpds_AreComplete grep -qF -- --complete "$work/run/arguments"
+
 printf '%d checks, %d failed\n' "$checks" "$failures"
 [ "$failures" -eq 0 ]

@@ -20,8 +20,9 @@ namespace {
 
 using ::testing::HasSubstr;
 
-constexpr std::array<const char*, 3> kPages = {"host-interface.md", "host-interface-slots.md",
-                                               "host-interface-properties.md"};
+constexpr const char* kPages[] = {
+    "host-interface.md", "host-interface-slots.md", "host-interface-properties.md", "tutorial.md",
+    "cookbook.md",       "coming-from-ppd.md",      "description-format.md"};
 
 // What a command writes to standard output; `status` is its exit status.
 std::string outputOf(const std::string& command, int& status) {

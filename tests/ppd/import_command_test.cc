@@ -1,7 +1,6 @@
 // The command "import": its files, its refusals and its summary.
 
 #include <pty.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -311,25 +310,6 @@ TEST_F(ImportCommandTest, ImportAll_NothingToImport_IsRefused) {
   EXPECT_EQ(result.status, 2);
   EXPECT_THAT(result.errors,
               HasSubstr("driver-feature: absent: cannot be read: No such file or directory\n"));
-}
-
-// The seconds that programs run by the test have computed for.
-double secondsOfChildren() {
-  rusage usage{};
-  getrusage(RUSAGE_CHILDREN, &usage);
-  return static_cast<double>(usage.ru_utime.tv_sec) +
-         static_cast<double>(usage.ru_utime.tv_usec) / 1e6;
-}
-
-// About a second; half a minute, if each choice were looked up among all.
-TEST_F(ImportCommandTest, Import_ManyChoices_TakesNoLongTime) {
-  constexpr double kSecondsAllowed = 15;
-  std::string ppd = "*PPD-Adobe: \"4.3\"\n*OpenUI *Big: PickOne\n*DefaultBig: C0\n";
-  for (int i = 0; i < 150000; ++i) ppd += "*Big C" + std::to_string(i) + ": \"c\"\n";
-  write("big.ppd", ppd + "*CloseUI: *Big\n");
-  const double before = secondsOfChildren();
-  EXPECT_EQ(run({"import", "big.ppd", "--output", "big.xml"}), success(""));
-  EXPECT_LT(secondsOfChildren() - before, kSecondsAllowed);
 }
 
 // What the program writes to standard error when that is a terminal.

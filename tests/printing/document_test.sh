@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs the examples of the document on printing, with a scheduler of its own:
-# their output must be what stands there, byte for byte.
+# their output must be what stands there, byte for byte, and cupstestppd must pass
+# the PPDs among them.
 #
 # usage: document_test.sh SOURCE_DIR BUILD_DIR
 set -eu
@@ -11,6 +12,8 @@ document=$source/docs/printing.md
 tools=$(dirname -- "$(realpath "${BASH_SOURCE[0]}")")
 # shellcheck source=tests/printing/scheduler.sh
 . "$tools/scheduler.sh"
+# shellcheck source=tests/printing/cupstestppd.sh
+. "$tools/cupstestppd.sh"
 # shellcheck source=tests/description_docs/console.sh
 . "$tools/../description_docs/console.sh"
 schedulerProcess=
@@ -22,6 +25,7 @@ unset CUPS_SERVER LC_ALL LANGUAGE
 export LANG=C CUPS_USER=jane HOME=$folder/work
 
 needPrograms
+needCupstestppd
 makeScheduler "$folder" "$build/bin/driver-feature-filter" \
   "$build"/lib/lib{DriverFeature,CommonAPI,XMLParser}.so
 mkdir "$folder/blocks" "$folder/work"
@@ -64,5 +68,17 @@ while read -r number language line key value; do
   fi
 done <<<"$list"
 [ "$sessions" -gt 0 ] || { echo "the document has no sessions"; exit 1; }
+# Such as a printer without page sizes.
+if grep -a '^C' "$folder/log/errors"; then
+  echo "the scheduler finds a critical fault"
+  failures=$((failures + 1))
+fi
+for ppd in *.ppd; do
+  found=$(failuresOf "$ppd")
+  if [ -n "$found" ]; then
+    echo "$ppd: cupstestppd: $found"
+    failures=$((failures + 1))
+  fi
+done
 echo "$sessions sessions, $failures failures"
 exit $((failures > 0))

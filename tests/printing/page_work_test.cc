@@ -349,8 +349,9 @@ TEST_F(PageWorkTest, CancelWhileTheJobIsRead_WritesNothing) {
   EXPECT_EQ(running.finish(), 0);
 }
 
-// Pages are mirrored here or by the printer, but not by both.
-TEST_F(PageWorkTest, Mirror_IsDoneOnce) {
+// The PPD's own choice is written, and the pages are mirrored, as pstops does both
+// for a queue without a description.
+TEST_F(PageWorkTest, Mirror_IsThatOfAPlainQueue) {
   write("mirror.ppd", read("office.ppd") +
                           "*OpenUI *MirrorPrint: Boolean\n"
                           "*OrderDependency: 20 DocumentSetup *MirrorPrint\n"
@@ -363,7 +364,7 @@ TEST_F(PageWorkTest, Mirror_IsDoneOnce) {
   set("PPD", "queue.ppd");
   for (const std::string option : {"mirror=true", "MirrorPrint=True", "mirror=true number-up=2"}) {
     const std::string output = filter(option).output;
-    EXPECT_THAT(output, HasSubstr("/mirror false def")) << option;
+    EXPECT_THAT(output, HasSubstr("/mirror true def")) << option;
     EXPECT_THAT(output, HasSubstr(" 0.0 translate -1 1 scale\n")) << option;
   }
   set("CUPS_SERVERBIN", "/nowhere");

@@ -112,7 +112,7 @@ print strict -o Duplex=Sideways
 refused=$job
 waitFor 10 grep -qaF "[Job $refused] Job stopped due to filter errors" "$folder/log/errors" ||
   fail "a refused value does not stop the job"
-reason='option Duplex: there is no choice \"Sideways\"; choose one of OneSided, LongEdge'
+reason='option Duplex: there is no choice \"Sideways\"; choose one of None, DuplexNoTumble'
 grep -aF "[Job $refused] $reason" "$folder/log/errors" | grep -q '^E' ||
   fail "no line of the log tells why the job was stopped"
 [ ! -s "$folder/devices/strict" ] || fail "a refused job was printed"
