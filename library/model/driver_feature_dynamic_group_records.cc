@@ -205,7 +205,7 @@ bool DriverFeatureDynamicGroup::removeAllDynamicEntries() {
 bool DriverFeatureDynamicGroup::detectDuplicateRecord(AttributeMap& values) {
   if (template_ == nullptr) return false;
   if (values.size() != template_->fetchNumberOfFeaturesInGroup()) return false;
-  // By position: a line of the log may make the host change the records.
+  // NOLINTNEXTLINE(modernize-loop-convert): a line of the log may make the host change the records.
   for (std::size_t i = 0; i < records_.size(); ++i) {
     DriverFeatureStaticGroup* record = records_[i];
     if (record == nullptr) {

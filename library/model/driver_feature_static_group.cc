@@ -145,6 +145,7 @@ CoreFeature* DriverFeatureStaticGroup::fetchFeatureInGroupByName(const std::stri
   std::string memberName;
   // By position: a member that is the host's, or the platform's look-up of the
   // name, may add members.
+  // NOLINTNEXTLINE(modernize-loop-convert): the list may grow meanwhile.
   for (std::size_t i = 0; i < members_.size(); ++i) {
     CoreFeature* member = members_[i];
     member->getFeatureProperty(std::string("Name"), memberName);

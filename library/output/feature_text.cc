@@ -104,7 +104,8 @@ void FeatureText::appendOption(CoreFeature& feature, const std::string& commandT
     appendFormatted(commandTemplate, own->*properties_.optionCommand, output);
     return;
   }
-  // A copy: an option of the host may change the feature's command.
+  // An option of the host may change the feature's command.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): what was read before counts.
   const std::string command = commandTemplate;
   optionCommand_.clear();
   if (option->getOptionProperty(nameText(dialect_.commandProperty), optionCommand_)) {
