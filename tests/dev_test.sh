@@ -729,8 +729,8 @@ expectStatus 1
 # prepareCorpus: a run that answers a status.
 prepareCorpus() {
   fake cmake
-  mkdir "$work/project/corpus"
-  printf 'echo "run $*" >>"%s/calls"; exit %s\n' "$work" "$1" >"$work/project/corpus/run.sh"
+  mkdir "$work/project/equivalence"
+  printf 'echo "run $*" >>"%s/calls"; exit %s\n' "$work" "$1" >"$work/project/equivalence/run.sh"
 }
 
 begin Corpus_BuildsItsTargetsOnly_AndHandsItsArgumentsOn

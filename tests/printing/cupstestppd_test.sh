@@ -73,7 +73,7 @@ done
 
 grep -v '^\*cupsFilter' "$source/tests/printing/office.ppd" >"$folder/plain.ppd"
 ppds=("$source"/tests/ppd/files/*.ppd "$source/tests/printing/office.ppd" "$folder/plain.ppd"
-  "$source/tests/corpus/small.ppd")
+  "$source/tests/equivalence/small.ppd")
 passing=0
 for ppd in "${ppds[@]}"; do
   run import "$ppd" --output "$folder/import.xml"

@@ -7,7 +7,7 @@
 # usage: queue_ppds.sh BUILD [COUNT]
 #
 # COUNT PPDs of the corpus are taken, 200 without it, "all" for each of them; those
-# of corpus/sample.txt first. BUILD is the folder of a preset, such as
+# of equivalence/sample.txt first. BUILD is the folder of a preset, such as
 # build/release. The report is build/corpus/queue_ppds.txt.
 set -euo pipefail
 
@@ -48,8 +48,8 @@ examine() {
 
 # names: the PPDs, those of the sample first.
 names() {
-  sed -e '/^#/d' -e '/^$/d' "$source/corpus/sample.txt"
-  sort "$corpus/ppds.txt" | cut -d ' ' -f 3- | grep -vxFf "$source/corpus/sample.txt"
+  sed -e '/^#/d' -e '/^$/d' "$source/equivalence/sample.txt"
+  sort "$corpus/ppds.txt" | cut -d ' ' -f 3- | grep -vxFf "$source/equivalence/sample.txt"
 }
 
 # A part of the PPDs, in a process of its own.
@@ -60,7 +60,7 @@ if [ "${3:-}" = --part ]; then
 fi
 
 needCupstestppd
-bash "$source/corpus/fetch.sh" "$source/build/corpus"
+bash "$source/equivalence/fetch.sh" "$source/build/corpus"
 folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
 mkdir "$folder/queue" "$folder/made"

@@ -1,0 +1,236 @@
+#include "equivalence/examination.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <set>
+
+#include "equivalence/comparison.h"
+#include "equivalence/equal_orders.h"
+#include "equivalence/job.h"
+#include "equivalence/job_options.h"
+#include "equivalence/peer.h"
+#include "equivalence/subject.h"
+#include "equivalence/vectors.h"
+#include "equivalence/whole_jobs.h"
+#include "host/check/check.h"
+#include "host/ppd/import.h"
+
+namespace driver_feature {
+
+namespace {
+
+using Json = nlohmann::json;
+
+std::uint64_t digestOfFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+  return digestOf(bytes);
+}
+
+class Examination {
+ public:
+  Examination(const ExaminationRequest& request,
+              const std::function<void(const std::string& phase)>& enter)
+      : request_(request), enter_(enter) {}
+
+  Json run() {
+    record_ = {{"causes", Json::array()}, {"differences", Json::array()}};
+    if (openPeer() && import() && check() && load()) compareAll();
+    if (subject_ && !request_.programs.empty()) compareWholeJobs();
+    return record_;
+  }
+
+ private:
+  bool openPeer() {
+    enter_("open");
+    std::string problem;
+    peer_ = Peer::open(request_.file, problem);
+    if (!peer_) return fail("refused by libcups", problem);
+    const PpdFigures figures = peer_->figures();
+    record_["options"] = figures.options;
+    record_["choices"] = figures.choices;
+    record_["jcl_options"] = figures.jclOptions;
+    record_["custom_options"] = figures.customOptions;
+    record_["longest_code"] = figures.longestCode;
+    record_["escapes"] = figures.hasEscapes;
+    record_["high_bytes"] = figures.hasHighBytes;
+    return true;
+  }
+
+  bool import() {
+    description_ = request_.description;
+    if (!description_.empty()) return true;
+    enter_("import");
+    PpdProblem problem;
+    const auto imported = importPpd(request_.file, problem);
+    if (!imported) return fail("import", problem.text);
+    std::ofstream file(request_.importTo, std::ios::binary);
+    file << imported->text;
+    file.close();
+    if (!file) return fail("import", request_.importTo + ": cannot be written");
+    record_["losses"] = imported->losses.count(LossKind::kOption);
+    description_ = request_.importTo;
+    return true;
+  }
+
+  // Warnings are counted and no failure.
+  bool check() {
+    enter_("check");
+    std::string problem;
+    const auto plugin = Plugin::load(request_.library, problem);
+    if (!plugin) return fail("library", problem);
+    for (const std::string& routines : request_.routines) {
+      if (!loadRoutines(routines, problem)) return fail("library", problem);
+    }
+    const FileReport report = checkFile(description_, *plugin);
+    record_["check_errors"] = countOf(report.findings, Severity::kError);
+    record_["check_warnings"] = countOf(report.findings, Severity::kWarning);
+    for (const Finding& finding : report.findings) {
+      const CodeRow& row = rowOf(finding.code);
+      if (row.severity != Severity::kError) continue;
+      fail("check", std::string(row.name) + " " + finding.sentence);
+      break;
+    }
+    return report.usable;
+  }
+
+  bool load() {
+    enter_("load");
+    SessionRequest session;
+    session.description = description_;
+    session.library = request_.library;
+    session.routines = request_.routines;
+    session.detail = LogDetail::kErrors;
+    subject_ = Subject::load(session);
+    return subject_ != nullptr || fail("load", "");
+  }
+
+  void compareAll() {
+    enter_("compare");
+    peer_->settle();
+    compare("defaults", "");
+    Random random(digestOfFile(request_.file) ^ request_.seed);
+    for (const Marks& marks : mediaMarks(*peer_, random)) compareMarked("media", marks);
+    for (int i = 1; i <= request_.vectors; ++i) {
+      compareMarked("vector " + std::to_string(i), randomMarks(*peer_, random));
+    }
+    compareRestored();
+  }
+
+  // Marks the defaults and then the choices, and makes the same choices here.
+  void compareMarked(const std::string& vector, const Marks& marks) {
+    peer_->markDefaults();
+    peer_->mark(marks);
+    peer_->settle();
+    std::string problem;
+    if (!subject_->set(peer_->settings(), problem)) {
+      fail("features", problem + " (" + describe(marks) + ")");
+      return;
+    }
+    compare(vector, describe(marks));
+  }
+
+  // What the library restores is compared with its own first output.
+  void compareRestored() {
+    const OurOutput before = first_;
+    subject_->restoreDefaults();
+    if (subject_->postScript() != before.postScript || subject_->pjl() != before.pjl) {
+      fail("restored defaults", "the output is not that of the defaults as they were loaded");
+    }
+  }
+
+  void compareWholeJobs() {
+    enter_("whole jobs");
+    std::string problem;
+    const auto jobs = WholeJobs::open({request_.programs, request_.pstops, request_.file,
+                                       description_, request_.library, request_.routines},
+                                      peer_->file(), problem);
+    if (!jobs) {
+      fail("whole job", problem);
+      return;
+    }
+    Random random(digestOfFile(request_.file) ^ ~request_.seed);
+    std::string options;
+    for (int i = 0; i <= request_.wholeVectors; ++i) {
+      std::vector<Difference> differences;
+      if (!jobs->compare(options, differences, problem)) {
+        fail("whole job", problem.append(": ").append(options));
+      }
+      for (Difference& difference : differences) {
+        const auto section =
+            sectionOfEquals(peer_->file(), difference.peerText, difference.ourText);
+        if (section) difference.part = *section;
+        addDifference(section ? "order of equals in " : "difference in ",
+                      "whole job " + std::to_string(i), options, difference);
+      }
+      options = jobOptions(*peer_, randomMarks(*peer_, random));
+    }
+    record_["whole_jobs"] = 2 * (request_.wholeVectors + 1);
+    record_["whole_bytes"] = jobs->bytes();
+    record_["fronts"] = jobs->hasFront() ? 1 : 0;
+  }
+
+  void compare(const std::string& vector, const std::string& marks) {
+    const JobTexts texts = peer_->texts();
+    const OurOutput output = {subject_->postScript(), subject_->pjl(), subject_->jclEnd()};
+    ++vectors_;
+    bytes_ += sizeOf(texts);
+    record_["vectors"] = vectors_;
+    record_["bytes"] = bytes_;
+    if (vectors_ == 1) {
+      first_ = output;
+      if (!request_.jobFile.empty()) writeJob(output, request_.jobFile);
+    }
+    for (const Difference& difference : compareTexts(texts, output)) {
+      const bool isOrder =
+          !difference.peerText.empty() &&
+          differsInEqualsOnly(peer_->file(), difference.peerText, difference.ourText);
+      addDifference(isOrder ? "order of equals in " : "difference in ", vector, marks, difference);
+    }
+  }
+
+  void addDifference(const std::string& kind, const std::string& vector, const std::string& marks,
+                     const Difference& difference) {
+    record_["difference_count"] = ++differences_;
+    fail(kind + difference.part, "");
+    if (!reported_.insert(kind + difference.part).second) return;
+    record_["differences"].push_back({{"part", difference.part},
+                                      {"vector", vector},
+                                      {"marks", marks},
+                                      {"offset", difference.offset},
+                                      {"peer_size", difference.peerText.size()},
+                                      {"our_size", difference.ourText.size()},
+                                      {"peer", difference.peer},
+                                      {"ours", difference.ours}});
+  }
+
+  bool fail(const std::string& cause, const std::string& detail) {
+    Json& causes = record_["causes"];
+    if (causes.empty()) record_["detail"] = detail;
+    if (std::find(causes.begin(), causes.end(), cause) == causes.end()) causes.push_back(cause);
+    return false;
+  }
+
+  const ExaminationRequest& request_;
+  const std::function<void(const std::string& phase)>& enter_;
+  Json record_;
+  std::string description_;
+  std::unique_ptr<Peer> peer_;
+  std::unique_ptr<Subject> subject_;
+  OurOutput first_;
+  long vectors_ = 0;
+  std::size_t bytes_ = 0;
+  long differences_ = 0;
+  std::set<std::string> reported_;  // Causes whose first difference is recorded.
+};
+
+}  // namespace
+
+nlohmann::json examine(const ExaminationRequest& request,
+                       const std::function<void(const std::string& phase)>& enter) {
+  return Examination(request, enter).run();
+}
+
+}  // namespace driver_feature

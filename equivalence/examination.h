@@ -1,0 +1,43 @@
+// Everything that is done with one PPD.
+#ifndef EQUIVALENCE_EXAMINATION_H_
+#define EQUIVALENCE_EXAMINATION_H_
+
+#include <nlohmann/json.hpp>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace driver_feature {
+
+struct ExaminationRequest {
+  std::string file;         // The PPD.
+  std::string description;  // Compared instead of an import of the PPD, when not empty.
+  std::string importTo;     // Receives the imported description.
+  std::string library;      // The feature library; empty to search it.
+  std::vector<std::string> routines;
+  std::uint64_t seed = 1;
+  int vectors = 3;  // Random ones, after the defaults.
+  // Whole jobs, with the defaults and so many random choices; none without the folder of programs.
+  std::string programs;
+  std::string pstops = "/usr/lib/cups/filter/pstops";
+  int wholeVectors = 1;
+  std::string jobFile;  // Receives the output for the defaults as a job; empty for none.
+};
+
+// Opens the PPD in libcups, imports it, checks the description, loads it, and
+// compares the outputs: for the defaults as they are loaded, for choices that
+// touch libcups' rules of media, for random choices, and for the restored
+// defaults; and whole jobs, when that is asked for. `enter` is told each phase before
+// it begins. The answer holds the figures and
+//   "causes": why this PPD is no success, each a short text; empty when it is
+//   "detail": a text for the first cause
+//   "differences": the first difference of each part of the output.
+// One per process: the library keeps one set of features.
+nlohmann::json examine(const ExaminationRequest& request,
+                       const std::function<void(const std::string& phase)>& enter);
+
+}  // namespace driver_feature
+
+#endif  // EQUIVALENCE_EXAMINATION_H_

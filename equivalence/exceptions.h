@@ -1,0 +1,41 @@
+// The PPDs whose output is known not to be equal, each with its reason.
+#ifndef EQUIVALENCE_EXCEPTIONS_H_
+#define EQUIVALENCE_EXCEPTIONS_H_
+
+#include <istream>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace driver_feature {
+
+class Exceptions {
+ public:
+  // Reads lines "CAUSE | PPD | REASON"; empty lines and those that begin with
+  // "#" are passed over. Nothing when a line is not of that form, has an empty
+  // part or repeats an earlier one; `problem` then names the line and says why.
+  static std::optional<Exceptions> read(std::istream& input, std::string& problem);
+
+  // The reason, or null when it is not listed. A cause that is asked for
+  // counts as one that has occurred.
+  const std::string* find(const std::string& cause, const std::string& ppd);
+
+  // "CAUSE | PPD" of those that have not occurred, though their PPD is one of
+  // `examined`; with `complete`, of all that have not occurred.
+  std::vector<std::string> idle(const std::set<std::string>& examined, bool complete) const;
+
+ private:
+  struct Entry {
+    std::string reason;
+    bool hasOccurred = false;
+  };
+
+  std::map<std::pair<std::string, std::string>, Entry> entries_;  // By cause and PPD.
+};
+
+}  // namespace driver_feature
+
+#endif  // EQUIVALENCE_EXCEPTIONS_H_

@@ -1,0 +1,61 @@
+#include "equivalence/exceptions.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace driver_feature {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::optional<Exceptions> read(const std::string& text, std::string& problem) {
+  std::istringstream input(text);
+  return Exceptions::read(input, problem);
+}
+
+std::string problemOf(const std::string& text) {
+  std::string problem = "none";
+  EXPECT_FALSE(read(text, problem)) << text;
+  return problem;
+}
+
+TEST(Exceptions, Read_FindsByCauseAndPpd) {
+  std::string problem;
+  auto exceptions = read("# text\n\nimport | a/b c.ppd | why | not\n", problem);
+  ASSERT_TRUE(exceptions);
+  const std::string* reason = exceptions->find("import", "a/b c.ppd");
+  ASSERT_NE(reason, nullptr);
+  EXPECT_EQ(*reason, "why | not");
+  EXPECT_EQ(exceptions->find("import", "a/b d.ppd"), nullptr);
+  EXPECT_EQ(exceptions->find("load", "a/b c.ppd"), nullptr);
+}
+
+TEST(Exceptions, Read_BadLine_NamesIt) {
+  const std::string form = "is not of the form CAUSE | PPD | REASON";
+  EXPECT_EQ(problemOf("#\nimport | a.ppd\n"), "line 2: " + form);
+  EXPECT_EQ(problemOf("import\n"), "line 1: " + form);
+  EXPECT_EQ(problemOf(" | a.ppd | why\n"), "line 1: " + form);
+  EXPECT_EQ(problemOf("import |  | why\n"), "line 1: " + form);
+  EXPECT_EQ(problemOf("import | a.ppd | \n"), "line 1: " + form);
+  EXPECT_EQ(problemOf("import | a.ppd | why\nimport | a.ppd | more\n"),
+            "line 2: repeats an earlier line");
+}
+
+TEST(Exceptions, Idle_AreThoseOfExaminedPpdsThatWereNotFound) {
+  std::string problem;
+  auto exceptions = read("x | a | why\ny | a | why\nx | b | why\n", problem);
+  ASSERT_TRUE(exceptions);
+  exceptions->find("x", "a");
+  EXPECT_THAT(exceptions->idle({"a"}, false), ElementsAre("y | a"));
+  EXPECT_THAT(exceptions->idle({"a"}, true), ElementsAre("x | b", "y | a"));
+  exceptions->find("y", "a");
+  EXPECT_THAT(exceptions->idle({"a"}, false), IsEmpty());
+}
+
+}  // namespace
+
+}  // namespace driver_feature

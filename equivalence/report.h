@@ -1,0 +1,54 @@
+// What a run has found, for people and for programs.
+#ifndef EQUIVALENCE_REPORT_H_
+#define EQUIVALENCE_REPORT_H_
+
+#include <nlohmann/json.hpp>
+
+#include <array>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "equivalence/exceptions.h"
+
+namespace driver_feature {
+
+class Report {
+ public:
+  explicit Report(Exceptions exceptions) : exceptions_(std::move(exceptions)) {}
+
+  // Adds the record of one PPD. True when it has a cause that is no exception.
+  bool add(const nlohmann::json& record);
+
+  // Closes the report: exceptions that have not occurred are failures, too;
+  // all of them when the run was `complete`, else those of examined PPDs.
+  void close(bool complete);
+
+  bool hasFailures() const { return !failures_.empty() || !idleExceptions_.empty(); }
+
+  // Figures, causes and exceptions. The failures stand in the order of their
+  // names.
+  nlohmann::json toJson() const;
+  std::string toText() const;
+
+ private:
+  struct Failure {
+    std::vector<std::string> causes;  // Without the listed exceptions.
+    nlohmann::json record;
+  };
+
+  std::string figuresText() const;
+
+  Exceptions exceptions_;
+  std::set<std::string> examined_;
+  std::map<std::string, long> figures_;
+  std::map<std::string, long> causes_;                // PPDs by cause, exceptions included.
+  std::map<std::string, Failure> failures_;           // By PPD.
+  std::vector<std::array<std::string, 3>> excepted_;  // Cause, PPD, reason.
+  std::vector<std::string> idleExceptions_;
+};
+
+}  // namespace driver_feature
+
+#endif  // EQUIVALENCE_REPORT_H_

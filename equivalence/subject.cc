@@ -1,0 +1,47 @@
+#include "equivalence/subject.h"
+
+#include "host/feature_view.h"
+
+namespace driver_feature {
+
+std::unique_ptr<Subject> Subject::load(const SessionRequest& request) {
+  int status = 0;
+  auto session = Session::open(request, status);
+  if (!session) return nullptr;
+  session->log().release();
+  return std::unique_ptr<Subject>(new Subject(std::move(session)));
+}
+
+bool Subject::set(const FeatureValues& settings, std::string& problem) const {
+  const FeatureMap& features = session_->model().features;
+  for (const FeatureValue& setting : settings) {
+    const auto found = features.find(setting.feature);
+    if (found == features.end()) {
+      problem = "there is no feature " + setting.feature + " for the value " + setting.value;
+      return false;
+    }
+    if (!found->second.setValue(setting.value)) {
+      problem = "the feature " + setting.feature + " refuses the value " + setting.value;
+      return false;
+    }
+  }
+  return true;
+}
+
+std::string Subject::serialized(int form) const {
+  std::string output;
+  session_->features().serialize(output, form, false, "", "");
+  return output;
+}
+
+std::string Subject::jclEnd() const {
+  std::string code;
+  const FeatureMap& features = session_->model().features;
+  if (features.find("JCLEnd") == features.end()) return code;
+  CoreFeature* feature = session_->features().FindFeatureInFeatureList(std::string("JCLEnd"));
+  CoreOption* option = feature->fetchOptionByName(std::string("True"));
+  if (option != nullptr) option->getOptionProperty(std::string("PJLCommand"), code);
+  return code;
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,41 @@
+// An imported description in the feature library: what is compared with
+// libcups.
+#ifndef EQUIVALENCE_SUBJECT_H_
+#define EQUIVALENCE_SUBJECT_H_
+
+#include <memory>
+#include <string>
+
+#include "equivalence/ppd_text.h"
+#include "host/session.h"
+
+namespace driver_feature {
+
+class Subject {
+ public:
+  // Loads the description, once per process. Null after a line on standard
+  // error; what the library cannot build ends the process.
+  static std::unique_ptr<Subject> load(const SessionRequest& request);
+
+  // Stores all values. The first one that has no feature, or that its feature
+  // refuses, is described in `problem`, and the answer is false.
+  bool set(const FeatureValues& settings, std::string& problem) const;
+
+  void restoreDefaults() const { session_->features().restoreDefaultFeatureValues(); }
+
+  std::string postScript() const { return serialized(1); }
+  std::string pjl() const { return serialized(0); }
+
+  // The code that belongs behind the job; empty without a feature "JCLEnd".
+  std::string jclEnd() const;
+
+ private:
+  explicit Subject(std::unique_ptr<Session> session) : session_(std::move(session)) {}
+  std::string serialized(int form) const;
+
+  std::unique_ptr<Session> session_;
+};
+
+}  // namespace driver_feature
+
+#endif  // EQUIVALENCE_SUBJECT_H_

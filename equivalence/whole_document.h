@@ -1,0 +1,38 @@
+// A document as pstops, a filter of the print scheduler, leaves it, and what
+// pstops adds to it.
+#ifndef EQUIVALENCE_WHOLE_DOCUMENT_H_
+#define EQUIVALENCE_WHOLE_DOCUMENT_H_
+
+#include <cups/ppd.h>
+
+#include <string>
+
+namespace driver_feature {
+
+// Two pages with every part that a section goes into, and with the comments
+// that pstops writes.
+extern const char* const kWholeDocument;
+
+// A job without the procedures of pstops and without two comments that it writes
+// in the header. In the filter's jobs they are where the filter has let pstops
+// work on the pages.
+std::string withoutPstopsProcedures(std::string job);
+
+// The job of pstops without what pstops adds of its own, whatever libcups
+// writes for the PPD's options: the same, and its end of file where the PPD names
+// another filter, for which libcups writes none.
+std::string withoutPstopsTexts(std::string job, const ppd_file_t& ppd);
+
+// A job without the PPD's patch, which is written once into each job: by pstops
+// into the jobs that it converts.
+std::string withoutJobPatch(std::string job, const ppd_file_t& ppd);
+
+// What must come of a job that pstops has made of the document: the front and
+// the end of `direct`, which came of the document itself; and between them the
+// job, with the sections of `direct` in their places. Empty when `direct` is
+// no such job.
+std::string expectedOfConverted(const std::string& converted, const std::string& direct);
+
+}  // namespace driver_feature
+
+#endif  // EQUIVALENCE_WHOLE_DOCUMENT_H_

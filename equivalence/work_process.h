@@ -1,0 +1,69 @@
+// Work in a child process that may crash, hang or end itself.
+#ifndef EQUIVALENCE_WORK_PROCESS_H_
+#define EQUIVALENCE_WORK_PROCESS_H_
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace driver_feature {
+
+// How the work has ended.
+struct WorkResult {
+  std::string answer;  // What it answered; empty when it did not get that far.
+  std::string phase;   // The last one that it entered.
+  std::string
+      failure;  // "crash (signal 11)", "end (status 1)", "time limit"; empty when all is well.
+  std::string printed;  // The beginning of what it wrote to the standard streams.
+};
+
+class WorkProcess {
+ public:
+  using Clock = std::chrono::steady_clock;
+  using Enter = std::function<void(const std::string& phase)>;
+  using Work = std::function<std::string(const Enter& enter)>;
+
+  // Runs `work` in a copy of this process, with the standard streams going
+  // into a file of its own. It has to answer within the limit. Throws
+  // std::system_error when there is no child to be had.
+  static std::unique_ptr<WorkProcess> start(const Work& work, std::chrono::seconds limit);
+
+  // A child that is still there is ended, with its own children.
+  ~WorkProcess();
+  WorkProcess(const WorkProcess&) = delete;
+  WorkProcess& operator=(const WorkProcess&) = delete;
+
+  // To be waited for: readable when take() has something to do.
+  int descriptor() const { return pipe_; }
+  Clock::time_point deadline() const { return deadline_; }
+
+  // Takes what the child has written. False when it has closed its end, which
+  // it does when it ends.
+  bool take();
+
+  // Ends a child that is past its deadline; true when it was.
+  bool endWhenLate();
+
+  // Waits for the child's end. Called once, after take() has answered false
+  // or endWhenLate() true.
+  WorkResult finish();
+
+ private:
+  WorkProcess(pid_t child, int pipe, int printed, std::chrono::seconds limit);
+  void endChildren() const;
+
+  pid_t child_;
+  int pipe_;
+  int printed_;
+  Clock::time_point deadline_;
+  bool late_ = false;
+  bool finished_ = false;
+  std::string received_;
+};
+
+}  // namespace driver_feature
+
+#endif  // EQUIVALENCE_WORK_PROCESS_H_
