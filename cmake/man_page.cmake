@@ -2,15 +2,6 @@
 # arguments of driver-feature, and the completion functions for shells, which
 # ask the program itself.
 
-find_package(CLI11 REQUIRED)
-add_library(driver_feature_manual STATIC host/manual/manual_page.cc host/manual/roff.cc)
-target_link_libraries(driver_feature_manual
-  PUBLIC driver_feature_compile_options
-  PRIVATE CLI11::CLI11)
-
-add_executable(write_manual host/manual/main.cc)
-target_link_libraries(write_manual PRIVATE driver_feature_manual driver_feature_host)
-
 set(manual_page ${PROJECT_BINARY_DIR}/man/driver-feature.1)
 file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/man)
 add_custom_command(

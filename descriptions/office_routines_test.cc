@@ -9,7 +9,9 @@
 
 #include "XMLDocument.h"
 
-#include "host/session.h"
+#include "host/session/session.h"
+#include "host/settings/setting.h"
+#include "support/problem_text.h"
 
 namespace driver_feature {
 
@@ -22,9 +24,9 @@ class OfficeRoutinesTest : public testing::Test {
     request.description = std::string(DESCRIPTIONS_FOLDER) + "/" + description;
     request.library = DRIVER_FEATURE_LIBRARY;
     request.routines = {ROUTINES_LIBRARY};
-    int status = 0;
-    session_ = Session::open(request, status);
-    ASSERT_TRUE(session_) << status;
+    auto session = Session::open(request);
+    ASSERT_EQ(problemText(session), "");
+    session_ = std::move(*session);
   }
 
   const FeatureView& feature(const std::string& name) const {
@@ -32,7 +34,7 @@ class OfficeRoutinesTest : public testing::Test {
   }
 
   void set(const std::string& name, const std::string& value) const {
-    EXPECT_EQ(applySetting(session_->model(), {name, value}), std::nullopt) << name;
+    EXPECT_EQ(problemText(applySetting(session_->model(), {name, value})), "") << name;
   }
 
   std::string choice(const std::string& name) const {

@@ -15,7 +15,8 @@
 #include "equivalence/vectors.h"
 #include "equivalence/whole_jobs.h"
 #include "host/check/check.h"
-#include "host/ppd/import.h"
+#include "host/ppd/import/import.h"
+#include "programs/common/console.h"
 
 namespace driver_feature {
 
@@ -63,9 +64,8 @@ class Examination {
     description_ = request_.description;
     if (!description_.empty()) return true;
     enter_("import");
-    PpdProblem problem;
-    const auto imported = importPpd(request_.file, problem);
-    if (!imported) return fail("import", problem.text);
+    const auto imported = importPpd(request_.file);
+    if (!imported) return fail("import", imported.error().text);
     std::ofstream file(request_.importTo, std::ios::binary);
     file << imported->text;
     file.close();
@@ -78,13 +78,15 @@ class Examination {
   // Warnings are counted and no failure.
   bool check() {
     enter_("check");
-    std::string problem;
-    const auto plugin = Plugin::load(request_.library, problem);
-    if (!plugin) return fail("library", problem);
+    const auto plugin = Plugin::load(request_.library);
+    if (!plugin) return fail("library", plugin.error().text);
     for (const std::string& routines : request_.routines) {
-      if (!loadRoutines(routines, problem)) return fail("library", problem);
+      const Result<> loaded = loadRoutines(routines);
+      if (!loaded) return fail("library", loaded.error().text);
     }
-    const FileReport report = checkFile(description_, *plugin);
+    const auto checked = checkFile(description_, *plugin);
+    if (!checked) return fail("library", checked.error().text);
+    const FileReport& report = *checked;
     record_["check_errors"] = countOf(report.findings, Severity::kError);
     record_["check_warnings"] = countOf(report.findings, Severity::kWarning);
     for (const Finding& finding : report.findings) {
@@ -103,6 +105,7 @@ class Examination {
     session.library = request_.library;
     session.routines = request_.routines;
     session.detail = LogDetail::kErrors;
+    session.report = printError;
     subject_ = Subject::load(session);
     return subject_ != nullptr || fail("load", "");
   }

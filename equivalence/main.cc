@@ -17,10 +17,10 @@
 #include <vector>
 
 #include "equivalence/exceptions.h"
-#include "equivalence/run_progress.h"
 #include "equivalence/report.h"
+#include "equivalence/run_progress.h"
 #include "equivalence/runner.h"
-#include "host/log_printer.h"
+#include "host/session/log.h"
 
 namespace driver_feature {
 

@@ -1,15 +1,18 @@
 #include "equivalence/subject.h"
 
-#include "host/feature_view.h"
+#include "host/session/feature_view.h"
+#include "programs/common/console.h"
 
 namespace driver_feature {
 
 std::unique_ptr<Subject> Subject::load(const SessionRequest& request) {
-  int status = 0;
-  auto session = Session::open(request, status);
-  if (!session) return nullptr;
-  session->log().release();
-  return std::unique_ptr<Subject>(new Subject(std::move(session)));
+  auto session = Session::open(request);
+  if (!session) {
+    printProblem(session.error());
+    return nullptr;
+  }
+  (*session)->log().release();
+  return std::unique_ptr<Subject>(new Subject(std::move(*session)));
 }
 
 bool Subject::set(const FeatureValues& settings, std::string& problem) const {

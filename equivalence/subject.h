@@ -7,7 +7,7 @@
 #include <string>
 
 #include "equivalence/ppd_text.h"
-#include "host/session.h"
+#include "host/session/session.h"
 
 namespace driver_feature {
 

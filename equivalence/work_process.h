@@ -2,12 +2,12 @@
 #ifndef EQUIVALENCE_WORK_PROCESS_H_
 #define EQUIVALENCE_WORK_PROCESS_H_
 
-#include <sys/types.h>
-
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
+
+#include "host/base/child_process.h"
 
 namespace driver_feature {
 
@@ -28,7 +28,7 @@ class WorkProcess {
 
   // Runs `work` in a copy of this process, with the standard streams going
   // into a file of its own. It has to answer within the limit. Throws
-  // std::system_error when there is no child to be had.
+  // std::runtime_error when there is no child to be had.
   static std::unique_ptr<WorkProcess> start(const Work& work, std::chrono::seconds limit);
 
   // A child that is still there is ended, with its own children.
@@ -37,7 +37,7 @@ class WorkProcess {
   WorkProcess& operator=(const WorkProcess&) = delete;
 
   // To be waited for: readable when take() has something to do.
-  int descriptor() const { return pipe_; }
+  int descriptor() const { return child_.pipe(); }
   Clock::time_point deadline() const { return deadline_; }
 
   // Takes what the child has written. False when it has closed its end, which
@@ -52,15 +52,12 @@ class WorkProcess {
   WorkResult finish();
 
  private:
-  WorkProcess(pid_t child, int pipe, int printed, std::chrono::seconds limit);
-  void endChildren() const;
+  WorkProcess(ChildProcess child, int printed, std::chrono::seconds limit);
 
-  pid_t child_;
-  int pipe_;
+  ChildProcess child_;
   int printed_;
   Clock::time_point deadline_;
   bool late_ = false;
-  bool finished_ = false;
   std::string received_;
 };
 

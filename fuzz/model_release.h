@@ -6,11 +6,11 @@
 #include "frame/exports.h"
 #include "frame/master_set.h"
 #include "frame/state.h"
-#include "model/notification.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
 #include "model/driver_feature_option.h"
 #include "model/driver_feature_static_group.h"
+#include "model/notification.h"
 
 namespace driver_feature::fuzz {
 

@@ -9,11 +9,11 @@
 
 #include "fuzz/c_library.h"
 #include "fuzz/settings_model.h"
-#include "host/group_view.h"
-#include "host/records.h"
-#include "host/settings_file.h"
-#include "host/settings_plan.h"
-#include "host/settings_text.h"
+#include "host/session/group_view.h"
+#include "host/settings/records.h"
+#include "host/settings/settings_file.h"
+#include "host/settings/settings_plan.h"
+#include "host/settings/settings_text.h"
 
 namespace driver_feature::fuzz {
 namespace {
@@ -58,11 +58,12 @@ std::string add(const std::string& input, const std::string& group) {
   const SettingsModel model;
   const MemoryFile file(input);
   const std::string before = model.state();
-  const Refusal refusal = addRecords(model.set(), model.model(), {group, file.path()});
-  if (refusal) {
-    require(!refusal->empty(), "a refusal has a reason");
+  const Result<> added = addRecords(model.set(), model.model(), {group, file.path()});
+  if (!added) {
+    const std::string& reason = added.error().text;
+    require(!reason.empty(), "a refusal has a reason");
     require(
-        !refusal->ends_with("the feature library refuses it; run again with --verbose to see why"),
+        !reason.ends_with("the feature library refuses it; run again with --verbose to see why"),
         "what is checked is taken");
     require(model.state() == before, "a refused file adds no record");
     return "";

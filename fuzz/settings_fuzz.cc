@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "fuzz/settings_model.h"
-#include "host/settings_file.h"
-#include "host/settings_plan.h"
-#include "host/settings_text.h"
+#include "host/settings/settings_file.h"
+#include "host/settings/settings_plan.h"
+#include "host/settings/settings_text.h"
 
 namespace driver_feature::fuzz {
 namespace {
@@ -55,9 +55,10 @@ std::string spell(const SettingsText& text) {
 
 void checkReading(const SettingsText& text, const std::string& input) {
   const auto lines = 1 + std::count(input.begin(), input.end(), '\n');
-  for (const LineRefusal& refusal : text.refusals) {
-    require(refusal.line >= 1 && refusal.line <= lines, "a refused line is one of the file's");
-    require(!refusal.reason.empty(), "a refused line has a reason");
+  for (const Problem& refusal : text.refusals) {
+    const int line = refusal.position.line;
+    require(line >= 1 && line <= lines, "a refused line is one of the file's");
+    require(!refusal.text.empty(), "a refused line has a reason");
   }
   const std::string written = write(text);
   const SettingsText again = parseSettings(written);
@@ -79,10 +80,11 @@ std::optional<std::string> savedAfterLoading(const std::string& input) {
   const SettingsModel model;
   const MemoryFile file(input);
   const std::string before = model.state();
-  const auto told = loadSettings(model.set(), model.model(), file.path());
-  if (told.empty()) return composeSettings(model.set(), model.model());
-  for (const std::string& line : told) {
-    require(line.starts_with(file.path() + ":"), "a refusal names the file");
+  const Result<> loaded = loadSettings(model.set(), model.model(), file.path());
+  if (loaded) return composeSettings(model.set(), model.model());
+  require(loaded.error().file == file.path(), "a refusal names the file");
+  for (const Problem& refusal : loaded.error().more) {
+    require(refusal.file == file.path(), "every refusal names the file");
   }
   require(model.state() == before, "a refused file changes nothing");
   return std::nullopt;

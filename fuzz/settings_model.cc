@@ -8,9 +8,9 @@
 
 #include "frame/exports.h"
 #include "fuzz/model_release.h"
-#include "host/group_view.h"
-#include "host/host_routines.h"
-#include "host/settings_file.h"
+#include "host/session/group_view.h"
+#include "host/session/host_routines.h"
+#include "host/settings/settings_file.h"
 
 #include "AttributeMap.h"
 #include "Log.h"

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "host/settings.h"
+#include "host/settings/setting.h"
 #include "model/core_feature_set.h"
 
 namespace driver_feature::fuzz {

@@ -8,7 +8,7 @@ add_library(descriptions_test_text OBJECT ${PROJECT_SOURCE_DIR}/descriptions/pri
 target_link_libraries(descriptions_test_text PUBLIC driver_feature_compile_options)
 
 driver_feature_test(descriptions_tests
-  GLOB descriptions/*_test.cc LINK descriptions_test_text driver_feature_host)
+  GLOB descriptions/*_test.cc LINK descriptions_test_text driver_feature_program)
 driver_feature_test(golden_tests
   GLOB tests/golden/*.cc tests/host/program_runner.cc)
 target_link_libraries(golden_tests PRIVATE nlohmann_json::nlohmann_json)

@@ -7,7 +7,7 @@ find_program(PSTOPS_PROGRAM pstops PATHS /usr/lib/cups/filter /usr/libexec/cups/
   NO_DEFAULT_PATH REQUIRED)
 
 driver_feature_test(equivalence_unit_tests
-  GLOB equivalence/*_test.cc LINK equivalence_parts driver_feature_host)
+  GLOB equivalence/*_test.cc LINK equivalence_parts)
 driver_feature_test(equivalence_program_tests
   GLOB tests/equivalence/*_test.cc tests/equivalence/equivalence_fixture.cc tests/host/program_runner.cc
   LINK util)

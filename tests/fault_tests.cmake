@@ -12,9 +12,9 @@ add_dependencies(fault_tests DriverFeature)
 # under another name, and deep descriptions with the built program.
 driver_feature_test(host_fault_tests
   GLOB tests/fault/host/*_test.cc tests/fault/failing_memory.cc tests/host/program_runner.cc
-       host/main.cc
-  LINK driver_feature_host LibXml2::LibXml2)
-set_source_files_properties(${PROJECT_SOURCE_DIR}/host/main.cc PROPERTIES
+       programs/driver_feature/main.cc
+  LINK driver_feature_program LibXml2::LibXml2)
+set_source_files_properties(${PROJECT_SOURCE_DIR}/programs/driver_feature/main.cc PROPERTIES
   COMPILE_DEFINITIONS main=driverFeatureMain SKIP_PRECOMPILE_HEADERS ON)
 target_compile_definitions(host_fault_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"

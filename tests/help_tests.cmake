@@ -2,8 +2,8 @@
 # completion of its command line in shells.
 
 driver_feature_test(help_unit_tests
-  GLOB host/completion/*_test.cc host/manual/*_test.cc
-  LINK driver_feature_host driver_feature_manual CLI11::CLI11)
+  GLOB programs/driver_feature/completion/*_test.cc programs/driver_feature/manual/*_test.cc
+  LINK driver_feature_program driver_feature_manual)
 driver_feature_test(help_program_tests
   GLOB tests/help/*_test.cc tests/host/program_runner.cc)
 target_compile_definitions(help_program_tests PRIVATE

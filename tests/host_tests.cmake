@@ -2,13 +2,14 @@
 # as a child process.
 
 driver_feature_test(host_unit_tests
-  GLOB host/*_test.cc host/check/*_test.cc LINK driver_feature_host)
-driver_feature_test(host_shell_tests GLOB host/shell/*_test.cc LINK driver_feature_host)
+  GLOB host/base/*_test.cc host/description/*_test.cc host/session/*_test.cc
+       host/settings/*_test.cc host/check/*_test.cc programs/driver_feature/*_test.cc
+  LINK driver_feature_program)
+driver_feature_test(host_shell_tests GLOB programs/driver_feature/shell/*_test.cc LINK driver_feature_program)
 driver_feature_test(host_program_tests
   GLOB tests/host/*_test.cc tests/host/check_*_rows.cc tests/host/program_runner.cc
        tests/host/shell_fixture.cc
   LINK util)
-find_package(nlohmann_json REQUIRED)
 target_link_libraries(host_program_tests PRIVATE nlohmann_json::nlohmann_json)
 # GCC 12 warns of the inside of std::regex when it compiles run-time checks in.
 target_compile_options(host_program_tests PRIVATE

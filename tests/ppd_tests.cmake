@@ -1,7 +1,9 @@
 # Tests of the command "import": of its parts, and of the built program, whose
 # descriptions are compared with what libcups itself writes.
 
-driver_feature_test(ppd_unit_tests GLOB host/ppd/*_test.cc LINK driver_feature_host)
+driver_feature_test(ppd_unit_tests GLOB host/ppd/*_test.cc host/ppd/custom/*_test.cc host/ppd/import/*_test.cc
+       programs/driver_feature/commands/*_test.cc
+  LINK driver_feature_program)
 driver_feature_test(ppd_program_tests
   GLOB tests/ppd/*.cc tests/host/program_runner.cc
   LINK Cups::Cups util)

@@ -2,8 +2,7 @@
 # of queues of a real print scheduler.
 
 driver_feature_test(filter_unit_tests
-  GLOB filter/*_test.cc host/queue/*_test.cc
-  LINK driver_feature_filter driver_feature_host_parts)
+  GLOB programs/filter/*_test.cc host/ppd/queue/*_test.cc LINK driver_feature_filter)
 
 driver_feature_test(filter_program_tests
   GLOB tests/printing/*_test.cc tests/printing/filter_fixture.cc tests/printing/queue_fixture.cc

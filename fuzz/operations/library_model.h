@@ -7,11 +7,11 @@
 #include <set>
 #include <string>
 
+#include "frame/driver_feature_set.h"
 #include "fuzz/operations/side.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
 #include "model/driver_feature_option.h"
-#include "frame/driver_feature_set.h"
 #include "model/driver_feature_static_group.h"
 
 namespace driver_feature::operations {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/check/element.h"
+#include "host/description/element.h"
 
 namespace driver_feature {
 

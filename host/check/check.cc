@@ -2,23 +2,50 @@
 
 #include "host/check/rules.h"
 #include "host/check/schema.h"
-#include "host/check/source.h"
 #include "host/check/trial_load.h"
 #include "host/check/verdict.h"
+#include "host/description/document.h"
+#include "host/description/element.h"
 
 namespace driver_feature {
 
-FileReport checkFile(const std::string& path, const Plugin& plugin) {
+namespace {
+
+Finding findingOf(const Problem& problem) {
+  Code code = Code::kUnreadable;
+  if (problem.kind == Problem::Kind::kMalformed) code = Code::kNotXml;
+  if (problem.kind == Problem::Kind::kNoDescription) code = Code::kNoDescription;
+  return {code, problem.position, problem.text, problem.remedy, {}};
+}
+
+Finding secondDescription(Position position) {
+  return {Code::kSecondDescription,
+          position,
+          "this FeatureDescription is not read, because it is not the first one",
+          "join the two or remove one of them",
+          {}};
+}
+
+}  // namespace
+
+Result<FileReport> checkFile(const std::string& path, const Plugin& plugin) {
   FileReport report;
   report.file = path;
-  const auto source = readSource(path, report.findings);
-  report.usable = source != nullptr;
-  if (!report.usable) return report;
-  const Element& description = *source->elements;
+  const Result<Document> document = Document::read(path);
+  report.usable = document.has_value();
+  if (!report.usable) {
+    report.findings.push_back(findingOf(document.error()));
+    return report;
+  }
+  const DescriptionElements elements = elementsOf(*document);
+  const Element& description = *elements.description;
+  if (elements.second) report.findings.push_back(secondDescription(*elements.second));
   for (const Finding& finding : applyRules(description)) report.findings.push_back(finding);
-  report.load = loadInChild(plugin, source->handle);
+  Result<LoadReport> load = loadInChild(plugin, document->description());
+  if (!load) return failureOf(load);
+  report.load = std::move(*load);
   compareVerdicts(*report.load, description.position, report.findings);
-  checkSchema(source->text, description, report.findings);
+  checkSchema(document->text(), description, report.findings);
   sortByPosition(report.findings);
   return report;
 }

@@ -5,13 +5,13 @@
 #include <string>
 
 #include "host/check/report.h"
-#include "host/plugin.h"
+#include "host/session/plugin.h"
 
 namespace driver_feature {
 
 // Checks a file. Routines that it names are looked up among what the process
-// has loaded by now.
-FileReport checkFile(const std::string& path, const Plugin& plugin);
+// has loaded by now. Problem: no child process can be made for the load.
+Result<FileReport> checkFile(const std::string& path, const Plugin& plugin);
 
 }  // namespace driver_feature
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "host/base/text.h"
 #include "host/check/rules.h"
-#include "host/text.h"
 
 namespace driver_feature {
 

@@ -2,8 +2,8 @@
 
 #include "Symbols.h"
 
+#include "host/base/text.h"
 #include "host/check/rules.h"
-#include "host/text.h"
 
 namespace driver_feature {
 

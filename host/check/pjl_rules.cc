@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "host/base/text.h"
 #include "host/check/rules.h"
 #include "host/check/template_reading.h"
-#include "host/text.h"
 
 namespace driver_feature {
 

@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "host/text.h"
+#include "host/base/text.h"
 
 namespace driver_feature {
 

@@ -8,7 +8,7 @@
 
 #include "host/check/findings.h"
 #include "host/check/trial_load.h"
-#include "host/log_printer.h"
+#include "host/session/log.h"
 
 namespace driver_feature {
 

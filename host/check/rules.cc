@@ -3,8 +3,8 @@
 #include "AttributeMap.h"
 #include "Log.h"
 
-#include "host/log_printer.h"
-#include "host/nearest_name.h"
+#include "host/base/nearest_name.h"
+#include "host/session/log.h"
 
 namespace driver_feature {
 

@@ -3,8 +3,8 @@
 #ifndef HOST_CHECK_RULES_H_
 #define HOST_CHECK_RULES_H_
 
-#include "host/check/element.h"
 #include "host/check/findings.h"
+#include "host/description/element.h"
 
 namespace driver_feature {
 

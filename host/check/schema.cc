@@ -10,7 +10,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "host/text.h"
+#include "host/base/text.h"
 
 namespace driver_feature {
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "host/check/element.h"
 #include "host/check/findings.h"
+#include "host/description/element.h"
 
 namespace driver_feature {
 

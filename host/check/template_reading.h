@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "host/check/element.h"
+#include "host/description/element.h"
 
 namespace driver_feature {
 

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <iterator>
 
+#include "host/base/text.h"
 #include "host/check/rules.h"
-#include "host/text.h"
-#include "host/value_place.h"
+#include "host/settings/value_place.h"
 
 namespace driver_feature {
 

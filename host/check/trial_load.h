@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "host/plugin.h"
+#include "host/base/result.h"
+#include "host/session/plugin.h"
 
 namespace driver_feature {
 
@@ -24,9 +25,9 @@ struct LoadReport {
 };
 
 // Loads the description in a child of this process and waits for its end.
-// What the library or a routine prints is dropped. Throws std::system_error
-// when there is no child to be had.
-LoadReport loadInChild(const Plugin& plugin, void* description);
+// What the library or a routine prints is dropped. Problem: there is no child
+// to be had.
+Result<LoadReport> loadInChild(const Plugin& plugin, void* description);
 
 }  // namespace driver_feature
 

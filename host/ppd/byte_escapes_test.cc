@@ -7,7 +7,7 @@
 #include "AttributeMap.h"
 #include "XMLDocument.h"
 #include "XMLParser.h"
-#include "host/ppd/description_text.h"
+#include "host/ppd/import/description_text.h"
 
 namespace {
 

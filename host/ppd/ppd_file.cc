@@ -13,7 +13,7 @@
 #include <filesystem>
 #include <limits>
 
-#include "host/input_file.h"
+#include "host/base/input_file.h"
 
 namespace driver_feature {
 
@@ -31,8 +31,14 @@ bool isNumber(ppd_cptype_t type) {
          type == PPD_CUSTOM_POINTS || type == PPD_CUSTOM_REAL;
 }
 
-PpdProblem openProblem(const std::string& path, int systemError) {
-  return {path + ": cannot be opened: " + std::strerror(systemError), "file cannot be opened"};
+Failure unusable(Problem::Kind kind, std::string text, std::string cause) {
+  return Failure(Problem{kind, std::move(text), "", std::move(cause)});
+}
+
+Failure notOpened(const std::string& path, int systemError) {
+  return unusable(Problem::Kind::kUnreadable,
+                  path + ": cannot be opened: " + std::strerror(systemError),
+                  "file cannot be opened");
 }
 
 // Whether the file is compressed with gzip and its text does not have the
@@ -40,13 +46,13 @@ PpdProblem openProblem(const std::string& path, int systemError) {
 // file for the whole.
 bool isCutOff(const std::string& path) {
   std::error_code ignored;  // libcups then says why the file cannot be opened.
-  std::string file;
   // A pipe could not be read again.
-  if (!std::filesystem::is_regular_file(path, ignored) || !readFile(path, file)) return false;
-  if (!file.starts_with("\x1F\x8B") || file.size() < 4) return false;
+  if (!std::filesystem::is_regular_file(path, ignored)) return false;
+  const Result<std::string> file = readFile(path);
+  if (!file || !file->starts_with("\x1F\x8B") || file->size() < 4) return false;
   std::uint32_t length = 0;
   for (std::size_t i = 1; i <= 4; ++i) {
-    length = (length << 8U) | static_cast<unsigned char>(file[file.size() - i]);
+    length = (length << 8U) | static_cast<unsigned char>((*file)[file->size() - i]);
   }
   return static_cast<std::uint32_t>(ppdBytes(path).size()) != length;
 }
@@ -58,40 +64,36 @@ void settlePageSize(ppd_file_t& ppd) {
   std::free(ppdEmitString(&ppd, PPD_ORDER_ANY, std::numeric_limits<float>::quiet_NaN()));
 }
 
-PpdProblem problemOf(const std::string& path, int systemError) {
+Failure failureOfLibcups(const std::string& path, int systemError) {
   int line = 0;
   const ppd_status_t status = ppdLastError(&line);
-  if (status == PPD_FILE_OPEN_ERROR) return openProblem(path, systemError);
+  if (status == PPD_FILE_OPEN_ERROR) return notOpened(path, systemError);
   // Whatever is wrong with the first line; 0 when it is not even ended.
   if (status == PPD_MISSING_PPDADOBE4 || line <= 1) {
-    return {path + ":1: this is no PPD file: it does not begin with *PPD-Adobe: \"4.",
-            "no PPD file"};
+    return unusable(Problem::Kind::kMalformed,
+                    path + ":1: this is not a PPD file: it does not begin with *PPD-Adobe: \"4.",
+                    "not a PPD file");
   }
   const std::string reason = ppdErrorString(status);
-  return {path + ":" + std::to_string(line) + ": libcups cannot read the PPD file: " + reason +
-              "; correct the line (cupstestppd explains more)",
-          reason};
+  return unusable(Problem::Kind::kMalformed,
+                  path + ":" + std::to_string(line) + ": libcups cannot read the PPD file: " +
+                      reason + "; correct the line (cupstestppd explains more)",
+                  reason);
 }
 
 }  // namespace
 
-PpdPointer readPpd(const std::string& path, PpdProblem& problem) {
-  if (const int systemError = obstacle(path); systemError != 0) {
-    problem = openProblem(path, systemError);
-    return nullptr;
-  }
+Result<PpdPointer> readPpd(const std::string& path) {
+  if (const int systemError = obstacle(path); systemError != 0) return notOpened(path, systemError);
   if (isCutOff(path)) {
-    problem = {
+    return unusable(
+        Problem::Kind::kMalformed,
         path + ": the compressed file is cut off or damaged; copy it again (gunzip -t tests it)",
-        "compressed file is cut off or damaged"};
-    return nullptr;
+        "compressed file is cut off or damaged");
   }
   errno = 0;
   PpdPointer ppd(ppdOpenFile(path.c_str()));
-  if (!ppd) {
-    problem = problemOf(path, errno);
-    return nullptr;
-  }
+  if (!ppd) return failureOfLibcups(path, errno);
   ppdMarkDefaults(ppd.get());
   settlePageSize(*ppd);
   return ppd;

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/ppd/ppd_problem.h"
+#include "host/base/result.h"
 
 namespace driver_feature {
 
@@ -20,9 +20,9 @@ using PpdPointer = std::unique_ptr<ppd_file_t, PpdDeleter>;
 
 // Reads a PPD file, compressed with gzip or not. Its default choices are
 // marked, and the page size as libcups marks it before it writes: as PageSize,
-// as PageRegion or as neither. Null, and a filled `problem`, when the file
-// cannot be read.
-PpdPointer readPpd(const std::string& path, PpdProblem& problem);
+// as PageRegion or as neither. Problems: kUnreadable, and kMalformed for
+// what is not a PPD file, each with its cause.
+Result<PpdPointer> readPpd(const std::string& path);
 
 // The bytes of a PPD file, compressed with gzip or not; those up to the first
 // that cannot be read.

@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "support/problem_text.h"
+
 namespace driver_feature {
 
 namespace {
@@ -17,10 +19,9 @@ class PpdFileTest : public testing::Test {
 
   PpdPointer read(const std::string& lines) const {
     std::ofstream(file_) << "*PPD-Adobe: \"4.3\"\n" << lines;
-    PpdProblem problem;
-    PpdPointer ppd = readPpd(file_, problem);
-    EXPECT_EQ(problem.text, "");
-    return ppd;
+    Result<PpdPointer> ppd = readPpd(file_);
+    EXPECT_EQ(problemText(ppd), "");
+    return ppd ? std::move(*ppd) : nullptr;
   }
 
   std::string file_ =

@@ -85,13 +85,16 @@ TEST_F(ManualPageTest, Environment_EveryVariableThatTheProgramReads_IsNamed) {
   const std::string section = sectionOf("ENVIRONMENT");
   const std::regex kUse("(?:getenv|environment|absolutePathIn)\\(\"([A-Z_]+)\"\\)");
   std::set<std::string> variables;
-  for (const auto& entry : fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / "host")) {
-    const std::string name = entry.path().filename().string();
-    if (entry.path().extension() != ".cc" || name.ends_with("_test.cc")) continue;
-    std::ifstream file(entry.path());
-    const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    for (std::sregex_iterator use(text.begin(), text.end(), kUse), end; use != end; ++use) {
-      variables.insert((*use)[1]);
+  for (const char* folder : {"host", "programs/driver_feature"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / folder)) {
+      const std::string name = entry.path().filename().string();
+      if (entry.path().extension() != ".cc" || name.ends_with("_test.cc")) continue;
+      std::ifstream file(entry.path());
+      const std::string text{std::istreambuf_iterator<char>(file),
+                             std::istreambuf_iterator<char>()};
+      for (std::sregex_iterator use(text.begin(), text.end(), kUse), end; use != end; ++use) {
+        variables.insert((*use)[1]);
+      }
     }
   }
   EXPECT_TRUE(variables.contains("NO_COLOR"));

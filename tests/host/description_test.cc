@@ -15,18 +15,20 @@ class DescriptionTest : public ProgramTest {
 };
 
 TEST_F(DescriptionTest, Show_FileIsMissing_EndsWithTwo) {
-  EXPECT_EQ(show("missing.xml"),
-            failure(2,
-                    "driver-feature: missing.xml: error: cannot be opened: No such file or "
-                    "directory; give the path of a readable feature description\n"));
+  EXPECT_EQ(
+      show("missing.xml"),
+      failure(2,
+              "driver-feature: missing.xml: error: the file cannot be opened: No such file or "
+              "directory; give the path of a readable feature description\n"));
 }
 
 TEST_F(DescriptionTest, Show_Folder_EndsWithTwo) {
   fs::create_directory(folder() / "office.xml");
-  EXPECT_EQ(show("office.xml"),
-            failure(2,
-                    "driver-feature: office.xml: error: is a directory; give the path of a "
-                    "readable feature description\n"));
+  EXPECT_EQ(
+      show("office.xml"),
+      failure(2,
+              "driver-feature: office.xml: error: the file is a directory; give the path of a "
+              "readable feature description\n"));
 }
 
 TEST_F(DescriptionTest, Show_NotXml_TellsLineAndColumn) {
@@ -54,14 +56,14 @@ TEST_F(DescriptionTest, Show_ElementIsMissing_TellsTheRootsLine) {
   EXPECT_EQ(show("office.xml"),
             failure(2,
                     "driver-feature: office.xml:3:1: error: there is no FeatureDescription "
-                    "element; the root <Driver> or one of its children must be "
+                    "element; name the root <Driver> or one of its children "
                     "<FeatureDescription>\n"));
   // A grandchild is none, and neither is a name in another case.
   write("deep.xml", "<Driver><A><FeatureDescription/></A><featureDescription/></Driver>");
   EXPECT_EQ(show("deep.xml"),
             failure(2,
                     "driver-feature: deep.xml:1:1: error: there is no FeatureDescription "
-                    "element; the root <Driver> or one of its children must be "
+                    "element; name the root <Driver> or one of its children "
                     "<FeatureDescription>\n"));
 }
 

@@ -211,10 +211,11 @@ TEST_F(SettingsFileTest, Settings_TwoFiles_TheLaterOnesRecordsReplaceTheOthers) 
 TEST_F(SettingsFileTest, Settings_RoutineEndsTheProgram_IsRefused) {
   describe("end.xml", {feature("IntEntry", "A", "AddCallbackRoutine='endProcess'")});
   write("in.conf", "A=2\n");
-  EXPECT_EQ(run({"show", "end.xml", "--callbacks", ROUTINES_LIBRARY, "--settings", "in.conf"}),
-            failure(2,
-                    "driver-feature: in.conf: the program ends when the settings are made, which a "
-                    "routine of the description may do; leave lines out to find the one\n"));
+  EXPECT_EQ(
+      run({"show", "end.xml", "--callbacks", ROUTINES_LIBRARY, "--settings", "in.conf"}),
+      failure(2,
+              "driver-feature: in.conf: applying these settings ends the program, probably in a "
+              "routine of the description; remove lines to find which one\n"));
 }
 
 TEST_F(SettingsFileTest, Save_FileGrowsTooLarge_LeavesTheOldOneAndWritesNoOutput) {

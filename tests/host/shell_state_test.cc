@@ -197,7 +197,7 @@ TEST_F(ShellStateTest, Records_Refused_SaysWhy) {
   EXPECT_EQ(refusalOf("", "records Pages add Frst=1 Tray=Upper"),
             "group \"Pages\" has no member \"Frst\"; did you mean \"First\"?\n");
   EXPECT_EQ(refusalOf("", "records Pages has First"),
-            "\"First\" is no MEMBER=VALUE; write it so\n");
+            "\"First\" is not MEMBER=VALUE; write it so\n");
   EXPECT_EQ(refusalOf("", "records Pages remove 0"),
             "there is no record 0 in \"Pages\"; it is empty\n");
   EXPECT_EQ(refusalOf(one, "records Pages load 1"),

@@ -44,8 +44,7 @@ TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
       {{"emit", "--to", "ps"},
        "driver-feature: DESC is required; driver-feature emit --help explains the usage\n"},
       {{"emit", "a.xml", "--to", "pdf"},
-       "driver-feature: --to: no such form \"pdf\"; give ps, pjl or ticket; driver-feature emit "
-       "--help explains the usage\n"},
+       "driver-feature: --to: there is no form \"pdf\"; give ps, pjl or ticket\n"},
       {{"emit", "a.xml", "--to", "ps", "-o"},
        "driver-feature: --option: 1 required NAME=VALUE missing; driver-feature emit --help "
        "explains the usage\n"},

@@ -71,7 +71,7 @@ TEST_F(ImportCommandTest, Import_NoPpdFile_IsRefused) {
   write("other.ppd", "*Other: \"4.3\"\n");
   EXPECT_EQ(run({"import", "other.ppd"}),
             failure(2,
-                    "driver-feature: other.ppd:1: this is no PPD file: it does not begin with "
+                    "driver-feature: other.ppd:1: this is not a PPD file: it does not begin with "
                     "*PPD-Adobe: \"4.\n"));
   EXPECT_EQ(
       run({"import", "absent.ppd"}),
@@ -336,16 +336,17 @@ TEST_F(TerminalErrorsTest, Import_SeveralFiles_ShowsHowFarItIs) {
   write("a.ppd", kSmall);
   write(longName, kSmall);
   write("c.ppd", "no PPD file");
-  EXPECT_EQ(errorsOf({"import", "a.ppd", longName, "c.ppd", "-q"}),
-            "1 of 3: a.ppd\r\x1B[K"
-            "2 of 3: ..." +
-                std::string(63, 'x') +
-                "y.ppd\r\x1B[K"
-                "3 of 3: c.ppd\r\x1B[K"
-                "driver-feature: c.ppd:1: this is no PPD file: it does not begin with *PPD-Adobe: "
-                "\"4.\r\n"
-                "driver-feature: 2 PPD files imported, with 2 features and 2 options\r\n"
-                "driver-feature: 1 failure: no PPD file (1)\r\n");
+  EXPECT_EQ(
+      errorsOf({"import", "a.ppd", longName, "c.ppd", "-q"}),
+      "1 of 3: a.ppd\r\x1B[K"
+      "2 of 3: ..." +
+          std::string(63, 'x') +
+          "y.ppd\r\x1B[K"
+          "3 of 3: c.ppd\r\x1B[K"
+          "driver-feature: c.ppd:1: this is not a PPD file: it does not begin with *PPD-Adobe: "
+          "\"4.\r\n"
+          "driver-feature: 2 PPD files imported, with 2 features and 2 options\r\n"
+          "driver-feature: 1 failure: not a PPD file (1)\r\n");
 }
 
 TEST_F(TerminalErrorsTest, Import_OneFile_ShowsNone) {

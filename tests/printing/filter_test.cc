@@ -141,7 +141,7 @@ TEST_F(HandwrittenQueueTest, UnusableJobs_FailAndWriteNothing) {
   write("job.ps", "%PDF-1.4\n");
   EXPECT_EQ(withoutDebug(filter("")),
             failure(1,
-                    "ERROR: the job is no PostScript, because it does not begin with %!; let a "
+                    "ERROR: the job is not PostScript, because it does not begin with %!; let a "
                     "filter convert it first\n"));
   write("job.ps", "");
   EXPECT_EQ(withoutDebug(filter("")),
@@ -159,7 +159,7 @@ TEST_F(HandwrittenQueueTest, SecondDocument_FailsTheJobBehindTheFirst) {
   EXPECT_EQ(result.output, twoPages(header("1", "A4"), setup("false", "595 842")));
   EXPECT_EQ(result.errors, kTwoPages +
                                "ERROR: only the first document has been printed, because another "
-                               "one stands behind its end; send each as a job of its own\n");
+                               "one follows it; send each as a job of its own\n");
   EXPECT_EQ(result.status, 1);
 }
 
@@ -172,7 +172,7 @@ TEST_F(HandwrittenQueueTest, UnusableQueues_Fail) {
   EXPECT_THAT(withoutDebug(filter("")).errors, testing::StartsWith("ERROR: none.xml: error: "));
   EXPECT_EQ(filter("").status, 1);
   set("PPD", "job.ps");
-  EXPECT_THAT(filter("").errors, testing::StartsWith("ERROR: job.ps:1: this is no PPD file: "));
+  EXPECT_THAT(filter("").errors, testing::StartsWith("ERROR: job.ps:1: this is not a PPD file: "));
   set("PPD", "");
   set("DRIVER_FEATURE_DESCRIPTION", "");
   EXPECT_THAT(filter("").errors, testing::StartsWith("ERROR: the queue names no description; "));

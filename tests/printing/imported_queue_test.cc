@@ -224,13 +224,13 @@ TEST_F(ImportedQueueTest, MediaAndSides_AreRefusedAsChoicesAre) {
       {"media=A5,Bogus",
        "media: there is no size, tray or type \"Bogus\"; choose one of A4, A5, Custom"},
       {"media=Custom.10",
-       "media: \"Custom.10\" is no size; give one such as Custom.200x300 in points or "
+       "media: \"Custom.10\" is not a size; give one such as Custom.200x300 in points or "
        "Custom.10x20cm"},
       {"PageSize=Custom.200xinf",
-       "PageSize: \"Custom.200xinf\" is no size; give one such as Custom.200x300 in points or "
+       "PageSize: \"Custom.200xinf\" is not a size; give one such as Custom.200x300 in points or "
        "Custom.10x20cm"},
       {"PageSize=Custom.200x300km",
-       "PageSize: \"Custom.200x300km\" is no size; give one such as Custom.200x300 in points or "
+       "PageSize: \"Custom.200x300km\" is not a size; give one such as Custom.200x300 in points or "
        "Custom.10x20cm"},
       {"sides=bogus",
        "sides: there is no choice \"bogus\"; choose one of one-sided, two-sided-long-edge, "

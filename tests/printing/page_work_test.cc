@@ -199,7 +199,7 @@ TEST_F(PageWorkTest, UnusableJob_FailsAsWithoutOptions) {
   const RunResult result = filter("number-up=2");
   EXPECT_EQ(told(result),
             "WARNING: option number-up has no effect, because the job is not one PostScript "
-            "document\nERROR: the job is no PostScript, because it does not begin with %!; let a "
+            "document\nERROR: the job is not PostScript, because it does not begin with %!; let a "
             "filter convert it first\n");
   EXPECT_EQ(result.output, "");
   EXPECT_EQ(result.status, 1);

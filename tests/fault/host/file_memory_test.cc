@@ -9,7 +9,7 @@
 #include <gmock/gmock.h>
 
 #include "fault/failing_memory.h"
-#include "host/output_file.h"
+#include "host/base/output_file.h"
 #include "host/program_runner.h"
 
 // The program's own main(), under another name.
@@ -51,23 +51,23 @@ TEST_P(FileMemoryTest, WriteToFile_NoMemory_KeepsTheOldFile) {
   const std::string path = folder_.path("first.out");
   sweep(3, [&](const FailurePlan& plan) {
     writeOldFiles();
-    WriteProblem problem;
-    const bool done = endsWithoutThrow(plan, [&] { problem = writeToFile(path, "new"); });
-    EXPECT_EQ(folder_.read("first.out"), done && !problem ? "new" : kOld);
+    Result<> written;
+    const bool done = endsWithoutThrow(plan, [&] { written = writeToFile(path, "new"); });
+    EXPECT_EQ(folder_.read("first.out"), done && written ? "new" : kOld);
     EXPECT_EQ(done, !memoryHasFailed());
     EXPECT_THAT(folder_.fileNames(), ElementsAre("first.out", "second.out"));
   });
 }
 
-TEST_P(FileMemoryTest, WriteResults_NoMemory_WritesAllFilesOrNone) {
-  const std::vector<Result> results = {{folder_.path("first.out"), "new"},
-                                       {folder_.path("second.out"), "new"}};
+TEST_P(FileMemoryTest, WriteAllOutputs_NoMemory_WritesAllFilesOrNone) {
+  const std::vector<OutputText> outputs = {{folder_.path("first.out"), "new"},
+                                           {folder_.path("second.out"), "new"}};
   sweep(6, [&](const FailurePlan& plan) {
     writeOldFiles();
-    WriteProblem problem;
-    const bool done = endsWithoutThrow(plan, [&] { problem = writeResults(results); });
-    EXPECT_EQ(folder_.read("first.out"), done && !problem ? "new" : kOld);
-    EXPECT_EQ(folder_.read("second.out"), done && !problem ? "new" : kOld);
+    Result<> written;
+    const bool done = endsWithoutThrow(plan, [&] { written = writeAllOutputs(outputs); });
+    EXPECT_EQ(folder_.read("first.out"), done && written ? "new" : kOld);
+    EXPECT_EQ(folder_.read("second.out"), done && written ? "new" : kOld);
     EXPECT_EQ(done, !memoryHasFailed());
     EXPECT_THAT(folder_.fileNames(), ElementsAre("first.out", "second.out"));
   });

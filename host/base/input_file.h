@@ -1,0 +1,17 @@
+// Reading a file whole.
+#ifndef HOST_BASE_INPUT_FILE_H_
+#define HOST_BASE_INPUT_FILE_H_
+
+#include <string>
+
+#include "host/base/result.h"
+
+namespace driver_feature {
+
+// The file's bytes. Problem: kUnreadable, "cannot be read: REASON" with the
+// file's name.
+Result<std::string> readFile(const std::string& path);
+
+}  // namespace driver_feature
+
+#endif  // HOST_BASE_INPUT_FILE_H_

@@ -1,0 +1,58 @@
+#include "host/base/nearest_name.h"
+
+#include <gtest/gtest.h>
+
+namespace driver_feature {
+
+namespace {
+
+struct Row {
+  const char* wanted;
+  const char* nearest;  // Null for none.
+};
+
+TEST(NearestNameTest, NearestName_ManyMistakes_AnswersTheLikeliest) {
+  const std::vector<std::string> names = {"Copies",    "Collate",    "Duplex",    "PageSize",
+                                          "PaperType", "Resolution", "TonerSave", "X"};
+  constexpr Row kRows[] = {
+      {"Copies", "Copies"},         // Itself.
+      {"copies", "Copies"},         // Case.
+      {"COLLATE", "Collate"},       // Case of every letter.
+      {"Copie", "Copies"},          // One missing.
+      {"Coppies", "Copies"},        // One too many.
+      {"Dulpex", "Duplex"},         // Neighbours swapped.
+      {"Dublex", "Duplex"},         // One replaced.
+      {"PagSiz", "PageSize"},       // Two missing, of six.
+      {"Pagesizes", "PageSize"},    // Case, and one too many.
+      {"Resoltuon", "Resolution"},  // Swapped and missing.
+      {"x", "X"},                   // A change of case is near enough.
+      {"Y", nullptr},               // Another letter is another name.
+      {"", nullptr},
+      {"Watermark", nullptr},
+      {"Dup", nullptr},  // Three missing are more than a third.
+  };
+  for (const Row& row : kRows) {
+    const auto nearest = nearestName(row.wanted, names);
+    ASSERT_EQ(nearest.has_value(), row.nearest != nullptr) << row.wanted;
+    if (nearest) {
+      EXPECT_EQ(*nearest, row.nearest) << row.wanted;
+    }
+  }
+}
+
+TEST(NearestNameTest, NearestName_SeveralAsNear_AnswersTheFirst) {
+  EXPECT_EQ(nearestName("Tray0", {"Tray1", "Tray2"}), "Tray1");
+  EXPECT_EQ(nearestName("Tray0", {"Tray2", "Tray1"}), "Tray2");
+}
+
+TEST(NearestNameTest, NearestName_OnlyCaseDiffers_BeatsAnotherLetter) {
+  EXPECT_EQ(nearestName("trayA", {"trayB", "TrayA"}), "TrayA");
+}
+
+TEST(NearestNameTest, NearestName_NoNames_AnswersNothing) {
+  EXPECT_EQ(nearestName("Copies", {}), std::nullopt);
+}
+
+}  // namespace
+
+}  // namespace driver_feature

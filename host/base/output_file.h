@@ -1,0 +1,43 @@
+// Writing outputs whole or not at all. The problem of everything here is
+// kNotWritten, with the file's name.
+#ifndef HOST_BASE_OUTPUT_FILE_H_
+#define HOST_BASE_OUTPUT_FILE_H_
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/base/result.h"
+
+namespace driver_feature {
+
+// Writes `bytes` to standard output.
+Result<> writeToStandardOutput(std::string_view bytes);
+
+// Makes `bytes` the content of a file: they go to a temporary file in the
+// same folder, are flushed to the disk, and the temporary file then takes the
+// name. On failure the old file is untouched and the temporary one gone; so it
+// is when a signal ends the process, wherever the file system lets a file be
+// without a name. An
+// existing file keeps its permissions, and a symbolic link stays one and is
+// followed.
+//
+// "-" is standard output. What is no regular file (a device, a pipe,
+// /dev/stdout) is written to as it is.
+Result<> writeToFile(const std::string& path, std::string_view bytes);
+
+// One of several outputs.
+struct OutputText {
+  std::string path;  // Empty or "-" for standard output.
+  std::string bytes;
+};
+
+// Writes the outputs as writeToFile() does. No file gets its new content
+// before all outputs are on the disk or have gone to where they cannot be
+// taken back from: standard output, devices and pipes, in the order given.
+// Refused, with nothing written, when two outputs have the same file.
+Result<> writeAllOutputs(const std::vector<OutputText>& outputs);
+
+}  // namespace driver_feature
+
+#endif  // HOST_BASE_OUTPUT_FILE_H_

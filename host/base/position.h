@@ -1,0 +1,20 @@
+// A place in a text.
+#ifndef HOST_BASE_POSITION_H_
+#define HOST_BASE_POSITION_H_
+
+#include <compare>
+
+namespace driver_feature {
+
+// Both count from 1; columns are characters (code points). 0 means the file
+// as a whole.
+struct Position {
+  int line = 0;
+  int column = 0;
+
+  auto operator<=>(const Position&) const = default;
+};
+
+}  // namespace driver_feature
+
+#endif  // HOST_BASE_POSITION_H_

@@ -1,0 +1,133 @@
+#include "host/base/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace driver_feature {
+
+namespace {
+
+struct CodePointRange {
+  std::uint32_t first;
+  std::uint32_t last;
+};
+
+constexpr std::array<CodePointRange, 5> kZeroWidth = {{
+    {0x0300, 0x036F},  // Combining diacritical marks.
+    {0x200B, 0x200F},
+    {0x20D0, 0x20FF},
+    {0xFE00, 0xFE0F},
+    {0xFE20, 0xFE2F},
+}};
+
+constexpr std::array<CodePointRange, 10> kDoubleWidth = {{
+    {0x1100, 0x115F},
+    {0x2E80, 0x303E},
+    {0x3041, 0xA4CF},
+    {0xAC00, 0xD7A3},
+    {0xF900, 0xFAFF},
+    {0xFE30, 0xFE6F},
+    {0xFF00, 0xFF60},
+    {0xFFE0, 0xFFE6},
+    {0x1F300, 0x1FAFF},
+    {0x20000, 0x3FFFD},
+}};
+
+template <std::size_t kCount>
+bool contains(const std::array<CodePointRange, kCount>& ranges, std::uint32_t codePoint) {
+  return std::any_of(ranges.begin(), ranges.end(), [codePoint](const CodePointRange& range) {
+    return range.first <= codePoint && codePoint <= range.last;
+  });
+}
+
+// The number of bytes that a character with this first byte takes; 1 for a
+// byte that begins none.
+std::size_t lengthFrom(unsigned char first) {
+  if (first >= 0xC2 && first <= 0xDF) return 2;
+  if (first >= 0xE0 && first <= 0xEF) return 3;
+  if (first >= 0xF0 && first <= 0xF4) return 4;
+  return 1;
+}
+
+std::uint32_t decode(std::string_view bytes) {
+  const auto first = static_cast<unsigned char>(bytes.front());
+  if (bytes.size() == 1) return first;
+  std::uint32_t codePoint = first & (0x7FU >> bytes.size());
+  for (const char byte : bytes.substr(1)) {
+    codePoint = (codePoint << 6U) | (static_cast<unsigned char>(byte) & 0x3FU);
+  }
+  return codePoint;
+}
+
+// True for what is spelled in the shortest way and is no surrogate.
+bool isValid(std::string_view bytes) {
+  constexpr std::array<std::uint32_t, 5> kLowest = {0, 0, 0x80, 0x800, 0x10000};
+  const std::uint32_t codePoint = decode(bytes);
+  const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+  return codePoint >= kLowest[bytes.size()] && codePoint <= 0x10FFFF && !surrogate;
+}
+
+std::string_view firstCharacter(std::string_view text) {
+  const std::size_t length = lengthFrom(static_cast<unsigned char>(text.front()));
+  if (length == 1 || length > text.size()) return text.substr(0, 1);
+  const std::string_view bytes = text.substr(0, length);
+  const bool continued = std::all_of(bytes.begin() + 1, bytes.end(), [](char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+  });
+  return continued && isValid(bytes) ? bytes : text.substr(0, 1);
+}
+
+}  // namespace
+
+std::vector<std::string_view> splitCharacters(std::string_view text) {
+  std::vector<std::string_view> characters;
+  while (!text.empty()) {
+    characters.push_back(firstCharacter(text));
+    text.remove_prefix(characters.back().size());
+  }
+  return characters;
+}
+
+std::size_t displayWidth(std::string_view text) {
+  std::size_t width = 0;
+  for (const std::string_view character : splitCharacters(text)) {
+    const std::uint32_t codePoint = decode(character);
+    if (contains(kZeroWidth, codePoint)) continue;
+    width += contains(kDoubleWidth, codePoint) ? 2 : 1;
+  }
+  return width;
+}
+
+std::string printable(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  std::string shown;
+  for (const char character : text) {
+    const auto code = static_cast<unsigned char>(character);
+    if (character == '\n') {
+      shown += "\\n";
+    } else if (character == '\t') {
+      shown += "\\t";
+    } else if (character == '\r') {
+      shown += "\\r";
+    } else if (code < 0x20 || code == 0x7F) {
+      shown += "\\x";
+      shown += kDigits[code >> 4U];
+      shown += kDigits[code & 0xFU];
+    } else {
+      shown += character;
+    }
+  }
+  return shown;
+}
+
+std::string join(const std::vector<std::string>& texts, const std::string& separator) {
+  std::string joined;
+  for (const std::string& text : texts) {
+    if (&text != &texts.front()) joined += separator;
+    joined += text;
+  }
+  return joined;
+}
+
+}  // namespace driver_feature

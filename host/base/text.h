@@ -1,0 +1,30 @@
+// How texts of descriptions and users are counted and shown: as UTF-8, where
+// a byte that is no valid UTF-8 stands for itself.
+#ifndef HOST_BASE_TEXT_H_
+#define HOST_BASE_TEXT_H_
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace driver_feature {
+
+// The characters (code points) of a text, each as the bytes that spell it.
+// The parts point into `text`.
+std::vector<std::string_view> splitCharacters(std::string_view text);
+
+// The number of terminal columns that a text takes: two for East Asian wide
+// characters and emoji, none for combining marks.
+std::size_t displayWidth(std::string_view text);
+
+// The text on one line and harmless to a terminal: a line end, a tab and a
+// carriage return come out as \n, \t and \r, other control characters as \xNN.
+std::string printable(std::string_view text);
+
+// The texts with `separator` between each two.
+std::string join(const std::vector<std::string>& texts, const std::string& separator);
+
+}  // namespace driver_feature
+
+#endif  // HOST_BASE_TEXT_H_

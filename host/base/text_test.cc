@@ -1,0 +1,58 @@
+#include "host/base/text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace driver_feature {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(TextTest, SplitCharacters_EmptyText_AnswersNothing) {
+  EXPECT_THAT(splitCharacters(""), IsEmpty());
+}
+
+TEST(TextTest, SplitCharacters_OneToFourBytes_KeepsEachCharacterWhole) {
+  EXPECT_THAT(splitCharacters("a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80z"),
+              ElementsAre("a", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "z"));
+}
+
+TEST(TextTest, SplitCharacters_InvalidBytes_EachStandsForItself) {
+  // A lone continuation, Latin-1, a cut character, an overlong slash, a
+  // surrogate, and a code point beyond the last one.
+  EXPECT_THAT(splitCharacters("\x80z"), ElementsAre("\x80", "z"));
+  EXPECT_THAT(splitCharacters("\xE9z"), ElementsAre("\xE9", "z"));
+  EXPECT_THAT(splitCharacters("\xE2\x82"), ElementsAre("\xE2", "\x82"));
+  EXPECT_THAT(splitCharacters("\xC0\xAF"), ElementsAre("\xC0", "\xAF"));
+  EXPECT_THAT(splitCharacters("\xE0\x80\xAF"), ElementsAre("\xE0", "\x80", "\xAF"));
+  EXPECT_THAT(splitCharacters("\xED\xA0\x80"), ElementsAre("\xED", "\xA0", "\x80"));
+  EXPECT_THAT(splitCharacters("\xF4\x90\x80\x80"), ElementsAre("\xF4", "\x90", "\x80", "\x80"));
+}
+
+TEST(TextTest, DisplayWidth_WideAndCombining_CountsColumns) {
+  EXPECT_EQ(displayWidth(""), 0U);
+  EXPECT_EQ(displayWidth("A4"), 2U);
+  EXPECT_EQ(displayWidth("gr\xC3\xBC\xC3\x9F"), 4U);
+  EXPECT_EQ(displayWidth("e\xCC\x81"), 1U);            // e, combining acute accent.
+  EXPECT_EQ(displayWidth("\xE7\xB4\x99"), 2U);         // Paper, in Japanese.
+  EXPECT_EQ(displayWidth("\xF0\x9F\x96\xA8 ok"), 5U);  // A printer emoji.
+}
+
+TEST(TextTest, Printable_ControlCharacters_AreSpelledOut) {
+  using namespace std::string_literals;
+  EXPECT_EQ(printable("a\nb\tc\rd"), "a\\nb\\tc\\rd");
+  EXPECT_EQ(printable("\0\x1B[31m\x7F"s), "\\x00\\x1b[31m\\x7f");
+  EXPECT_EQ(printable("gr\xC3\xBC\xC3\x9F \\n"), "gr\xC3\xBC\xC3\x9F \\n");
+}
+
+TEST(TextTest, Join_NoneOneAndMore_PutsSeparatorBetween) {
+  EXPECT_EQ(join({}, ", "), "");
+  EXPECT_EQ(join({"A4"}, ", "), "A4");
+  EXPECT_EQ(join({"A4", "", "A4"}, ", "), "A4, , A4");
+}
+
+}  // namespace
+
+}  // namespace driver_feature

@@ -1,0 +1,85 @@
+#include "host/description/document.h"
+
+#include <sys/stat.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "host/description/start_tags.h"
+#include "host/description/xml_element.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kElementName = "FeatureDescription";
+constexpr std::size_t kHighestSize = std::size_t{64} * 1024 * 1024;  // As of XMLDocument.
+
+Failure unreadable(const std::string& path, const std::string& reason) {
+  return Failure(Problem{Problem::Kind::kUnreadable, "the file " + reason,
+                         "give the path of a readable feature description", "", path});
+}
+
+Result<std::string> readBytes(const std::string& path) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rbe"),
+                                                             &std::fclose);
+  if (!file) return unreadable(path, std::string("cannot be opened: ") + std::strerror(errno));
+  struct stat status {};
+  if (fstat(fileno(file.get()), &status) == 0 && S_ISDIR(status.st_mode)) {
+    return unreadable(path, "is a directory");
+  }
+  std::string text;
+  std::array<char, 65536> buffer;
+  while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
+    text.append(buffer.data(), count);
+    if (text.size() > kHighestSize) return unreadable(path, "is larger than 64 MiB");
+  }
+  if (std::ferror(file.get()) == 0) return text;
+  return unreadable(path, std::string("cannot be read: ") + std::strerror(errno));
+}
+
+}  // namespace
+
+Result<Document> Document::read(const std::string& path) {
+  Result<std::string> text = readBytes(path);
+  if (!text) return failureOf(text);
+  Document document(path, std::move(*text));
+  if (Result<> parsed = document.parse(); !parsed) return failureOf(parsed);
+  return document;
+}
+
+Result<> Document::parse() {
+  XMLProblem problem;
+  document_ = XMLDocument::parseText(text_, path_, problem);
+  if (!document_) {
+    return Failure(Problem{Problem::Kind::kMalformed,
+                           problem.text,
+                           "correct the XML there",
+                           "",
+                           path_,
+                           {problem.line, problem.column}});
+  }
+  if (findDescriptions()) return {};
+  const auto tags = findStartTags(decodeText(text_, declaredEncoding(text_)));
+  const Position position = tags.empty() ? Position{} : tags.front().position;
+  return Failure(Problem{
+      Problem::Kind::kNoDescription, std::string("there is no ") + kElementName + " element",
+      "name the root <" + tagOf(root()) + "> or one of its children <" + kElementName + ">", "",
+      path_, position});
+}
+
+bool Document::findDescriptions() {
+  if (tagOf(root()) == kElementName) {
+    description_ = root();
+    return true;
+  }
+  forEachChild(root(), [this](void* child) {
+    if (second_ != nullptr || tagOf(child) != kElementName) return;
+    (description_ == nullptr ? description_ : second_) = child;
+  });
+  return description_ != nullptr;
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,34 @@
+// The types of features, and the words that descriptions have for them.
+#ifndef HOST_DESCRIPTION_FEATURE_KIND_H_
+#define HOST_DESCRIPTION_FEATURE_KIND_H_
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace driver_feature {
+
+// The library's feature-type codes.
+enum class FeatureKind : int {
+  kUIOnly = 0,
+  kMultiSelect = 1,
+  kIntEntry = 2,
+  kTextEntry = 3,
+  kFloatEntry = 4,
+  kMVCList = 5,
+};
+
+// The words of the attribute "FeatureType", in the order of their codes.
+const std::vector<std::string>& featureTypeWords();
+
+const char* wordOf(FeatureKind kind);
+
+// Nothing for a word that names no type.
+std::optional<FeatureKind> kindNamed(const std::string& word);
+
+// Whether features of the type hold a value that can be set.
+bool holdsValue(FeatureKind kind);
+
+}  // namespace driver_feature
+
+#endif  // HOST_DESCRIPTION_FEATURE_KIND_H_

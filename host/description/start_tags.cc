@@ -1,0 +1,178 @@
+#include "host/description/start_tags.h"
+
+#include <iconv.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace driver_feature {
+
+namespace {
+
+// Walks over the text and knows the place where it stands.
+class Scanner {
+ public:
+  explicit Scanner(std::string_view text) : rest_(text) {}
+
+  bool atEnd() const { return rest_.empty(); }
+  char front() const { return rest_.front(); }
+  bool startsWith(std::string_view word) const { return rest_.starts_with(word); }
+  Position position() const { return position_; }
+
+  std::string_view take(std::size_t count) {
+    const std::string_view taken = rest_.substr(0, count);
+    for (const char byte : taken) advance(byte);
+    rest_.remove_prefix(taken.size());
+    return taken;
+  }
+
+  // Up to the first of `ends`, or to the end of the text.
+  std::string_view takeUntilOneOf(std::string_view ends) {
+    return take(std::min(rest_.find_first_of(ends), rest_.size()));
+  }
+
+  void skipPast(std::string_view end) {
+    const std::size_t found = rest_.find(end);
+    take(found == std::string_view::npos ? rest_.size() : found + end.size());
+  }
+
+  void skipBlanks() { take(std::min(rest_.find_first_not_of(" \t\r\n"), rest_.size())); }
+
+ private:
+  void advance(char byte) {
+    if (byte == '\n') {
+      position_ = {position_.line + 1, 1};
+    } else if ((static_cast<unsigned char>(byte) & 0xC0U) != 0x80U) {
+      ++position_.column;
+    }
+  }
+
+  std::string_view rest_;
+  Position position_{1, 1};
+};
+
+void skipQuoted(Scanner& scanner) {
+  const std::string_view quote = scanner.take(1);
+  scanner.skipPast(quote);
+}
+
+// A document type may hold comments, quoted texts and, between brackets,
+// declarations with ends of their own.
+void skipDocumentType(Scanner& scanner) {
+  int depth = 0;
+  while (!scanner.atEnd()) {
+    scanner.takeUntilOneOf("\"'[]<>");
+    if (scanner.atEnd()) return;
+    if (scanner.startsWith("<!--")) {
+      scanner.skipPast("-->");
+    } else if (scanner.startsWith("<?")) {
+      scanner.skipPast("?>");
+    } else if (scanner.front() == '"' || scanner.front() == '\'') {
+      skipQuoted(scanner);
+    } else {
+      const char mark = scanner.take(1).front();
+      if (mark == '<' || mark == '[') ++depth;
+      if (mark == '>' || mark == ']') --depth;
+      if (depth == 0) return;
+    }
+  }
+}
+
+StartTag takeStartTag(Scanner& scanner) {
+  StartTag tag;
+  tag.position = scanner.position();
+  scanner.takeUntilOneOf(" \t\r\n/>");
+  while (!scanner.atEnd()) {
+    scanner.skipBlanks();
+    if (scanner.atEnd() || scanner.front() == '>' || scanner.front() == '/') break;
+    const Position place = scanner.position();
+    const std::string name(scanner.takeUntilOneOf(" \t\r\n="));
+    tag.attributes.emplace(name, place);
+    scanner.takeUntilOneOf("\"'");
+    if (!scanner.atEnd()) skipQuoted(scanner);
+  }
+  return tag;
+}
+
+struct Markup {
+  std::string_view begin;
+  std::string_view end;
+};
+
+// What may hold a "<" that begins no tag, and what is no start tag.
+constexpr std::array<Markup, 4> kPassedOver = {{
+    {"<!--", "-->"},
+    {"<![CDATA[", "]]>"},
+    {"<?", "?>"},
+    {"</", ">"},
+}};
+
+bool skipMarkup(Scanner& scanner) {
+  for (const Markup& markup : kPassedOver) {
+    if (!scanner.startsWith(markup.begin)) continue;
+    scanner.take(markup.begin.size());
+    scanner.skipPast(markup.end);
+    return true;
+  }
+  if (!scanner.startsWith("<!")) return false;
+  skipDocumentType(scanner);
+  return true;
+}
+
+std::string convertToUtf8(const std::string& bytes, const char* encoding) {
+  iconv_t converter = iconv_open("UTF-8", encoding);
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the failure value of iconv_open().
+  if (converter == reinterpret_cast<iconv_t>(-1)) return bytes;
+  std::string input = bytes;
+  char* next = input.data();
+  std::size_t left = input.size();
+  std::string output;
+  std::array<char, 4096> buffer{};
+  bool failed = false;
+  while (left > 0 && !failed) {
+    char* end = buffer.data();
+    std::size_t room = buffer.size();
+    const std::size_t before = left;
+    iconv(converter, &next, &left, &end, &room);
+    output.append(buffer.data(), buffer.size() - room);
+    failed = left == before;
+  }
+  iconv_close(converter);
+  return failed ? bytes : output;
+}
+
+}  // namespace
+
+std::vector<StartTag> findStartTags(std::string_view utf8) {
+  std::vector<StartTag> tags;
+  Scanner scanner(utf8);
+  while (!scanner.atEnd()) {
+    scanner.takeUntilOneOf("<");
+    if (scanner.atEnd()) break;
+    if (!skipMarkup(scanner)) tags.push_back(takeStartTag(scanner));
+  }
+  return tags;
+}
+
+std::string decodeText(const std::string& bytes, const std::string& encoding) {
+  if (bytes.starts_with("\xEF\xBB\xBF")) return bytes.substr(3);
+  const bool marked = bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
+  if (marked) return convertToUtf8(bytes, "UTF-16");
+  if (encoding.empty()) return bytes;
+  return convertToUtf8(bytes, encoding.c_str());
+}
+
+std::string declaredEncoding(const std::string& bytes) {
+  if (!bytes.starts_with("<?xml")) return "";
+  const std::string declaration = bytes.substr(0, bytes.find("?>"));
+  const std::size_t word = declaration.find("encoding");
+  if (word == std::string::npos) return "";
+  const std::size_t open = declaration.find_first_of("\"'", word);
+  if (open == std::string::npos) return "";
+  const std::size_t close = declaration.find(declaration[open], open + 1);
+  if (close == std::string::npos) return "";
+  return declaration.substr(open + 1, close - open - 1);
+}
+
+}  // namespace driver_feature

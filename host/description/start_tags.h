@@ -1,0 +1,35 @@
+// The places of the start tags of an XML text, which no tree keeps.
+#ifndef HOST_DESCRIPTION_START_TAGS_H_
+#define HOST_DESCRIPTION_START_TAGS_H_
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/base/position.h"
+
+namespace driver_feature {
+
+struct StartTag {
+  Position position;                           // Of the "<".
+  std::map<std::string, Position> attributes;  // Of the names, by name with prefix.
+};
+
+// The start tags of a well-formed document without entity declarations, in
+// the order of the text. What is not well-formed gives fewer tags, never a
+// failure.
+std::vector<StartTag> findStartTags(std::string_view utf8);
+
+// `bytes` as UTF-8 without a byte order mark. `encoding` is the name that the
+// document's declaration gives, or empty. A text that does not convert comes
+// back as it is.
+std::string decodeText(const std::string& bytes, const std::string& encoding);
+
+// The encoding that an XML declaration at the start of `bytes` names; empty
+// without one.
+std::string declaredEncoding(const std::string& bytes);
+
+}  // namespace driver_feature
+
+#endif  // HOST_DESCRIPTION_START_TAGS_H_

@@ -1,0 +1,27 @@
+// The choices "Custom" of a PPD file, whose text holds values that the user
+// gives.
+#ifndef HOST_PPD_IMPORT_CUSTOM_IMPORT_H_
+#define HOST_PPD_IMPORT_CUSTOM_IMPORT_H_
+
+#include <map>
+#include <string>
+
+#include "host/ppd/custom/custom_text.h"
+#include "host/ppd/import/import_state.h"
+
+namespace driver_feature {
+
+// The places that the file gives its custom choices of their own:
+//   *NonUIOrderDependency: 30 AnySetup *CustomPageSize True
+std::map<std::string, WritingPlace> customPlacesOf(ppd_file_t& ppd);
+
+// Adds what writes the text of the choice, and a feature for each of its
+// values. `entry` is that of its option, and `chosen` tells the feature and
+// its option by which the user chooses it. Answers the command of that option
+// itself, empty when something else writes the text.
+std::string importCustomChoice(ImportState& state, const ppd_choice_t& choice,
+                               const SectionEntry& entry, const CustomPlan& chosen);
+
+}  // namespace driver_feature
+
+#endif  // HOST_PPD_IMPORT_CUSTOM_IMPORT_H_

@@ -1,0 +1,24 @@
+// A PPD file as a feature description.
+#ifndef HOST_PPD_IMPORT_IMPORT_H_
+#define HOST_PPD_IMPORT_IMPORT_H_
+
+#include <string>
+
+#include "host/base/result.h"
+#include "host/ppd/import/losses.h"
+
+namespace driver_feature {
+
+struct ImportedDescription {
+  std::string text;  // The XML document.
+  Losses losses;     // What of the file it does not hold.
+  long features = 0;
+  long options = 0;
+};
+
+// Reads a PPD file and makes a description of it. Problems: those of readPpd().
+Result<ImportedDescription> importPpd(const std::string& path);
+
+}  // namespace driver_feature
+
+#endif  // HOST_PPD_IMPORT_IMPORT_H_

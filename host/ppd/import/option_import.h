@@ -1,0 +1,19 @@
+// The options of a PPD file as features.
+#ifndef HOST_PPD_IMPORT_OPTION_IMPORT_H_
+#define HOST_PPD_IMPORT_OPTION_IMPORT_H_
+
+#include "host/ppd/import/import_state.h"
+
+namespace driver_feature {
+
+// The option of a feature that stands for an option of which no choice is
+// marked.
+inline constexpr const char* kNotSet = "not set";
+
+// Adds a feature for every option of the file, and one per choice of those
+// that take several.
+void importOptions(ImportState& state);
+
+}  // namespace driver_feature
+
+#endif  // HOST_PPD_IMPORT_OPTION_IMPORT_H_

@@ -1,0 +1,34 @@
+// The sizes of the sheets that a description's feature "PageSize" has choices
+// for, as a PPD tells them.
+#ifndef HOST_PPD_QUEUE_PAGE_SIZES_H_
+#define HOST_PPD_QUEUE_PAGE_SIZES_H_
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/settings/setting.h"
+
+namespace driver_feature {
+
+// In points.
+struct PageSize {
+  std::string name;
+  float width = 0;
+  float length = 0;
+  float margin = 0;  // That cannot be printed on, the same on each side.
+};
+
+// The size of a choice of the feature "PageSize"; nothing when it is not known.
+// It is that of a name such as w612h792; or that of the choice's PostScript
+// command, which holds "/PageSize [WIDTH LENGTH]" or nothing but the two
+// numbers; or that of a standard name: the choice's name in tickets or its
+// own, such as A4, 4x6in or A4.Fullbleed.
+std::optional<PageSize> pageSizeOf(const Model& model, const std::string& choice);
+
+// Those of a PPD whose description has none.
+std::vector<PageSize> standardPageSizes();
+
+}  // namespace driver_feature
+
+#endif  // HOST_PPD_QUEUE_PAGE_SIZES_H_

@@ -1,0 +1,229 @@
+#include "host/ppd/queue/queue_ppd.h"
+
+#include <cups/ppd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <sstream>
+
+#include "host/description/description_index.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kNotSet = "not set";
+
+std::string textOf(const char* text) {
+  return text != nullptr ? text : "";
+}
+
+bool isCustom(const ppd_choice_t& choice) {
+  return textOf(choice.choice) == "Custom";
+}
+
+bool isText(const ppd_cparam_t& parameter) {
+  return parameter.type == PPD_CUSTOM_STRING || parameter.type == PPD_CUSTOM_PASSWORD ||
+         parameter.type == PPD_CUSTOM_PASSCODE;
+}
+
+// Nothing for a parameter whose value nobody knows.
+std::optional<std::string> valueOf(const ppd_cparam_t& parameter) {
+  if (isText(parameter)) return textOf(parameter.current.custom_string);
+  switch (parameter.type) {
+    case PPD_CUSTOM_INT:
+      return std::to_string(parameter.current.custom_int);
+    case PPD_CUSTOM_POINTS:
+      return numberText(parameter.current.custom_points);
+    case PPD_CUSTOM_CURVE:
+    case PPD_CUSTOM_INVCURVE:
+    case PPD_CUSTOM_REAL:
+      return numberText(parameter.current.custom_real);
+    default:
+      return std::nullopt;
+  }
+}
+
+// What `write` writes to a file.
+template <class Write>
+std::string written(const Write& write) {
+  char* text = nullptr;
+  std::size_t size = 0;
+  std::FILE* file = ::open_memstream(&text, &size);
+  if (file == nullptr) throw std::bad_alloc();
+  write(file);
+  std::fclose(file);
+  std::string result(text, size);
+  std::free(text);
+  return result;
+}
+
+}  // namespace
+
+QueuePpd::QueuePpd(const std::string& path, PpdPointer ppd) : path_(path), ppd_(std::move(ppd)) {
+  for (const std::string& value : attributes("DriverFeatureChoice")) {
+    std::istringstream words(value);
+    ForeignName foreign;
+    words >> foreign.option >> foreign.choice >> std::ws;
+    std::getline(words, foreign.name);
+    foreignNames_.push_back(std::move(foreign));
+  }
+}
+
+// The PPD's name of a choice that the description calls so; else the name as it
+// is.
+std::string QueuePpd::choiceNamed(const std::string& option, const std::string& name) const {
+  for (const ForeignName& foreign : foreignNames_) {
+    if (equalKeywords(foreign.option.c_str(), option.c_str()) &&
+        equalKeywords(foreign.name.c_str(), name.c_str())) {
+      return foreign.choice;
+    }
+  }
+  return name;
+}
+
+// What the description calls a choice of the PPD.
+std::string QueuePpd::nameOf(const std::string& option, const std::string& choice) const {
+  for (const ForeignName& foreign : foreignNames_) {
+    if (foreign.option == option && foreign.choice == choice) return foreign.name;
+  }
+  return choice;
+}
+
+Result<std::unique_ptr<QueuePpd>> QueuePpd::open(const std::string& path) {
+  Result<PpdPointer> ppd = readPpd(path);
+  if (!ppd) return failureOf(ppd);
+  return std::unique_ptr<QueuePpd>(new QueuePpd(path, std::move(*ppd)));
+}
+
+std::vector<std::string> QueuePpd::attributes(const std::string& name) const {
+  std::vector<std::string> values;
+  for (const ppd_attr_t* attribute = ppdFindAttr(ppd_.get(), name.c_str(), nullptr);
+       attribute != nullptr; attribute = ppdFindNextAttr(ppd_.get(), name.c_str(), nullptr)) {
+    values.push_back(textOf(attribute->value));
+  }
+  return values;
+}
+
+std::optional<std::string> QueuePpd::keywordOf(const std::string& option) const {
+  const ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
+  if (found == nullptr) return std::nullopt;
+  return found->keyword;
+}
+
+bool QueuePpd::hasChoice(const std::string& option, const std::string& value) const {
+  ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
+  return found != nullptr && ppdFindChoice(found, choiceNamed(option, value).c_str()) != nullptr;
+}
+
+bool QueuePpd::understands(const Setting& option) {
+  ppdMarkDefaults(ppd_.get());
+  std::vector<ppd_choice_t*> choices;
+  for (ppd_option_t* one : optionsOf(*ppd_)) {
+    for (ppd_choice_t* choice : driver_feature::choicesOf(*one)) choices.push_back(choice);
+  }
+  for (ppd_choice_t* choice : choices) choice->marked = 0;
+  cups_option_t* list = nullptr;
+  const int count = cupsAddOption(option.name.c_str(), option.value.c_str(), 0, &list);
+  cupsMarkOptions(ppd_.get(), count, list);
+  cupsFreeOptions(count, list);
+  return std::any_of(choices.begin(), choices.end(),
+                     [](const ppd_choice_t* choice) { return choice->marked != 0; });
+}
+
+std::vector<std::string> QueuePpd::choicesOf(const std::string& option) const {
+  std::vector<std::string> names;
+  ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
+  if (found == nullptr) return names;
+  for (const ppd_choice_t* choice : driver_feature::choicesOf(*found)) {
+    names.emplace_back(choice->choice);
+  }
+  return names;
+}
+
+void QueuePpd::mark(const std::vector<Setting>& options) {
+  cups_option_t* list = nullptr;
+  int count = 0;
+  for (const Setting& option : options) {
+    const std::string choice = choiceNamed(option.name, option.value);
+    count = cupsAddOption(option.name.c_str(), choice.c_str(), count, &list);
+  }
+  ppdMarkDefaults(ppd_.get());
+  cupsMarkOptions(ppd_.get(), count, list);
+  cupsFreeOptions(count, list);
+  // Settles which of PageSize and PageRegion stands.
+  emittedText(*ppd_, PPD_ORDER_ANY);
+}
+
+std::vector<Setting> QueuePpd::marked() const {
+  std::vector<Setting> settings;
+  for (ppd_option_t* option : optionsOf(*ppd_)) addMarked(*option, settings);
+  return settings;
+}
+
+void QueuePpd::addMarked(ppd_option_t& option, std::vector<Setting>& settings) const {
+  const std::string keyword = option.keyword;
+  if (option.ui == PPD_UI_PICKMANY) {
+    for (const ppd_choice_t* choice : driver_feature::choicesOf(option)) {
+      settings.push_back({keyword + "." + choice->choice, choice->marked != 0 ? "True" : "False"});
+    }
+    return;
+  }
+  const ppd_choice_t* choice = ppdFindMarkedChoice(ppd_.get(), option.keyword);
+  // The parameters first, so that the choice finds them in their place.
+  if (choice != nullptr && isCustom(*choice)) addParameters(keyword, settings);
+  settings.push_back({keyword, choice != nullptr ? nameOf(keyword, choice->choice) : kNotSet});
+}
+
+void QueuePpd::addParameters(const std::string& keyword, std::vector<Setting>& settings) const {
+  const ppd_coption_t* custom = ppdFindCustomOption(ppd_.get(), keyword.c_str());
+  if (custom == nullptr) return;
+  for (auto* each = static_cast<ppd_cparam_t*>(cupsArrayFirst(custom->params)); each != nullptr;
+       each = static_cast<ppd_cparam_t*>(cupsArrayNext(custom->params))) {
+    const std::optional<std::string> value = valueOf(*each);
+    if (!value) continue;
+    std::string name = keyword;
+    name.append(".").append(each->name);
+    settings.push_back({name, *value});
+  }
+}
+
+std::string QueuePpd::jobBegin(int job, const std::string& user, const std::string& title) const {
+  const CustomNumbersAway away(*ppd_);
+  return written(
+      [&](std::FILE* file) { ppdEmitJCL(ppd_.get(), file, job, user.c_str(), title.c_str()); });
+}
+
+std::string QueuePpd::jobEnd() const {
+  // Without the queue's own filter libcups would end the job itself.
+  if (ppd_->jcl_end == nullptr && !attributes("DriverFeatureEndOfFile").empty()) return "\x04";
+  return written([&](std::FILE* file) { ppdEmitJCLEnd(ppd_.get(), file); });
+}
+
+std::string QueuePpd::jobPatch() const {
+  if (ppd_->patches == nullptr) return "";
+  return "%%BeginFeature: *JobPatchFile 1\n" + std::string(ppd_->patches) + "\n%%EndFeature\n";
+}
+
+std::string QueuePpd::exitServer() const {
+  return emittedText(*ppd_, PPD_ORDER_EXIT);
+}
+
+std::string QueuePpd::jclBegin() const {
+  return textOf(ppd_->jcl_begin);
+}
+
+std::string QueuePpd::jclToPostScript() const {
+  return textOf(ppd_->jcl_ps);
+}
+
+std::string QueuePpd::jclEnd() const {
+  return textOf(ppd_->jcl_end);
+}
+
+std::string QueuePpd::jclOptions() const {
+  return emittedText(*ppd_, PPD_ORDER_JCL);
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,101 @@
+#include "host/session/feature_view.h"
+
+namespace driver_feature {
+
+namespace {
+
+// The set hands out features as pointers to a class that a host does not see.
+// Its first and only base is the interface, so the address is the same.
+IntermediateCoreFeature* interfaceOf(DriverFeature* feature) {
+  return reinterpret_cast<IntermediateCoreFeature*>(feature);
+}
+
+}  // namespace
+
+FeatureKind FeatureView::kind() const {
+  return static_cast<FeatureKind>(feature_->getFeatureType());
+}
+
+std::string FeatureView::typeName() const {
+  const int code = feature_->getFeatureType();
+  if (code < 0 || code >= static_cast<int>(featureTypeWords().size())) {
+    return "type " + std::to_string(code);
+  }
+  return wordOf(kind());
+}
+
+int FeatureView::currentInt() const {
+  int value = 0;
+  feature_->getFeatureProperty(std::string("CurrentIntValue"), &value);
+  return value;
+}
+
+float FeatureView::currentFloat() const {
+  float value = 0;
+  feature_->getFeatureProperty(std::string("CurrentFloatValue"), &value);
+  return value;
+}
+
+std::string FeatureView::currentText() const {
+  std::string value;
+  feature_->getFeatureProperty(std::string("CurrentTextValue"), value);
+  return value;
+}
+
+std::optional<std::string> FeatureView::currentChoice() const {
+  if (kind() != FeatureKind::kMultiSelect) return std::nullopt;
+  // A routine may have stored any position; the library logs a look-up outside.
+  const int position = currentInt();
+  if (position < 0 || position >= feature_->fetchNumberOfOptions()) return std::nullopt;
+  return choiceAt(position).name;
+}
+
+std::vector<Choice> FeatureView::choices() const {
+  std::vector<Choice> choices;
+  // The library logs a question about options to another feature as misuse.
+  if (kind() != FeatureKind::kMultiSelect) return choices;
+  const int count = feature_->fetchNumberOfOptions();
+  for (int position = 0; position < count; ++position) choices.push_back(choiceAt(position));
+  return choices;
+}
+
+std::string FeatureView::command(const std::string& property) const {
+  std::string text;
+  feature_->getFeatureProperty(property, text);
+  return text;
+}
+
+bool FeatureView::setValue(const std::string& text) const {
+  return feature_->setFeatureProperty(std::string("ValueString"), text);
+}
+
+bool FeatureView::flag(const std::string& property) const {
+  bool value = true;
+  feature_->getFeatureProperty(property, &value);
+  return value;
+}
+
+Choice FeatureView::choiceAt(int position) const {
+  Choice choice;
+  CoreOption* option = feature_->fetchOptionByIndex(position);
+  if (option == nullptr) return choice;
+  option->getOptionProperty(std::string("Name"), choice.name);
+  option->getOptionProperty(std::string("Sensitivity"), &choice.available);
+  option->getOptionProperty(std::string("Visibility"), &choice.visible);
+  return choice;
+}
+
+FeatureMap featuresOf(CoreFeatureSet& set) {
+  FeatureMap features;
+  const int count = set.fetchNumberOfFeatures();
+  for (int index = 0; index < count; ++index) {
+    IntermediateCoreFeature* feature = interfaceOf(set.fetchFeatureByIndex(index));
+    if (feature == nullptr) continue;
+    std::string name;
+    feature->getFeatureProperty(std::string("Name"), name);
+    features.emplace(name, FeatureView(*feature));
+  }
+  return features;
+}
+
+}  // namespace driver_feature

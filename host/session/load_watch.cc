@@ -1,0 +1,30 @@
+#include "host/session/load_watch.h"
+
+#include <cstdlib>
+
+namespace driver_feature {
+
+namespace {
+
+const LoadWatch* current = nullptr;
+
+}  // namespace
+
+LoadWatch::LoadWatch(std::string file, Remedy remedy, LineSink report)
+    : file_(std::move(file)), remedy_(std::move(remedy)), report_(std::move(report)) {
+  static const int kRegistered = std::atexit(&LoadWatch::reportEnd);
+  static_cast<void>(kRegistered);
+  current = this;
+}
+
+LoadWatch::~LoadWatch() {
+  current = nullptr;
+}
+
+void LoadWatch::reportEnd() {
+  // exit() leaves the objects of the functions that called it alive.
+  if (current == nullptr) return;
+  current->report_(current->file_ + ": the description could not be loaded" + current->remedy_());
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,92 @@
+// Reports the library's log lines.
+#ifndef HOST_SESSION_LOG_H_
+#define HOST_SESSION_LOG_H_
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace driver_feature {
+
+enum class LogDetail {
+  kErrors,  // Level 1.
+  kUsual,   // Levels 1 and 2, without the notice that an optional setting is absent.
+  kAll,     // Every line.
+};
+
+// Takes a line for people. What the program does with it is the program's
+// choice.
+using LineSink = std::function<void(const std::string& line)>;
+
+// While it lives, the platform's log goes through it: every line that the
+// detail asks for is reported as "error: TEXT", with "misuse", "warning" or
+// "info" for levels 2 to 4. A line that the library itself writes to standard
+// error before it ends the process is left to it.
+//
+// One at a time; afterwards the platform's own handler is back.
+class LogPrinter {
+ public:
+  LogPrinter(LogDetail detail, LineSink report);
+  ~LogPrinter();
+  LogPrinter(const LogPrinter&) = delete;
+  LogPrinter& operator=(const LogPrinter&) = delete;
+
+  // From now on lines are kept, until it is known whether they matter: when a
+  // setting is refused, the refusal is all that is reported. An error brings out
+  // what is kept, and so does the end of the process. Without effect when
+  // every line is to be reported.
+  void hold();
+
+  // Reports what is kept; later lines are reported at once.
+  void release();
+
+  // Drops what is kept; later lines are reported at once.
+  void discard();
+
+  // The last error, a line of level 1, whether it was reported or not; empty
+  // before there is one.
+  const std::string& lastError() const { return lastError_; }
+
+  // Which lines are reported from now on.
+  LogDetail detail() const { return detail_; }
+  void setDetail(LogDetail detail) { detail_ = detail; }
+
+  // Where lines are reported from now on.
+  void setReport(LineSink report) { report_ = std::move(report); }
+
+  // Sends log lines to the printer that lives now, or to the platform's own
+  // handler when there is none.
+  static void takeOver();
+
+ private:
+  static void handle(int level, const char* category, const char* text, std::size_t length,
+                     void* context);
+  static void releaseAtExit();
+  void releaseQuietly() noexcept;
+  void reportHeld();
+  void take(int level, std::string_view text);
+  bool isShown(int level, std::string_view text) const;
+
+  LogDetail detail_;
+  LineSink report_;
+  bool holding_ = false;
+  std::string lastError_;
+  std::vector<std::string> held_;
+};
+
+// While it lives, log lines are dropped. Afterwards they go where
+// LogPrinter::takeOver() sends them. Not to be nested.
+class LogSilence {
+ public:
+  LogSilence();
+  ~LogSilence();
+  LogSilence(const LogSilence&) = delete;
+  LogSilence& operator=(const LogSilence&) = delete;
+};
+
+}  // namespace driver_feature
+
+#endif  // HOST_SESSION_LOG_H_

@@ -1,0 +1,87 @@
+// A loaded description: what every command works on.
+#ifndef HOST_SESSION_SESSION_H_
+#define HOST_SESSION_SESSION_H_
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/base/result.h"
+#include "host/description/document.h"
+#include "host/session/log.h"
+#include "host/session/model.h"
+#include "host/session/plugin.h"
+
+namespace driver_feature {
+
+// Where the parts of a session come from.
+struct SessionRequest {
+  std::string description;            // The file.
+  std::string library;                // The feature library; empty to search it.
+  std::vector<std::string> routines;  // Libraries of routines that the description names.
+  LogDetail detail = LogDetail::kUsual;
+  // How to load a library of routines that is missing; its name follows.
+  std::string advice = "load the library that has it with --callbacks";
+  // Takes the lines for people that come up while the session lives: the log,
+  // and what the load routine refuses.
+  LineSink report = [](const std::string&) {};
+  // How the load routine sets a feature; without it, every setting is refused.
+  std::function<Result<>(const Model& model, const std::string& name, const std::string& value)>
+      loadSetting;
+};
+
+class Session {
+ public:
+  // Reads the description, loads the libraries and builds the features. A
+  // description that the feature library cannot build ends the process with
+  // status 1, after a reported line. One session per process, because the
+  // library keeps one set of features. Problems: those of Document::read() and
+  // Plugin::load(), and kNotLoaded when the library does not take the
+  // description.
+  static Result<std::unique_ptr<Session>> open(const SessionRequest& request);
+
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  // Holds its lines back from the beginning of the load; whoever knows that
+  // the command goes on releases them.
+  LogPrinter& log() { return log_; }
+
+  const Model& model() const { return *model_; }
+
+  // From now on takes values that can end the command they are written into.
+  void allowControlCharacters() { model_->allowsControlCharacters = true; }
+
+  // From now on messages offer no way to have such values taken.
+  void offerNoAllowance() { model_->allowance.clear(); }
+
+  CoreFeatureSet& features() const { return plugin_->features(); }
+  void* description() const { return document_.description(); }  // The feature-description element.
+
+  // Registers the routine that the library calls after a change.
+  void setUpdateCallback(bool (*callback)()) const { plugin_->setUpdateCallback(callback); }
+
+  // Save the current values of the named features, and restore them.
+  void save(AttributeMap& names) const { plugin_->save(names); }
+  void restore(AttributeMap& names) const { plugin_->restore(names); }
+
+ private:
+  Session(const SessionRequest& request, Document document)
+      : log_(request.detail, request.report), document_(std::move(document)) {}
+  Result<> load(const SessionRequest& request);
+  void takeLoadedSettings(const SessionRequest& request) const;
+  bool buildFeatures(const SessionRequest& request);
+  std::string remedy(const SessionRequest& request) const;
+
+  LogPrinter log_;
+  Document document_;
+  std::optional<Plugin> plugin_;
+  std::unique_ptr<Model> model_;
+};
+
+}  // namespace driver_feature
+
+#endif  // HOST_SESSION_SESSION_H_

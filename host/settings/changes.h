@@ -1,0 +1,38 @@
+// Changes of a session, as a user asks for them.
+#ifndef HOST_SETTINGS_CHANGES_H_
+#define HOST_SETTINGS_CHANGES_H_
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/base/output_file.h"
+#include "host/base/result.h"
+#include "host/session/session.h"
+#include "host/settings/records.h"
+
+namespace driver_feature {
+
+struct Changes {
+  std::vector<std::string> settings;    // NAME=VALUE, made in this order.
+  std::vector<RecordsRequest> records;  // Made after the settings.
+  std::vector<std::string> files = {};  // Settings files, set before all else.
+  std::string saveFile = {};            // Receives the settings afterwards; empty for none.
+  bool allowControlCharacters = false;  // Even where they can end the command.
+};
+
+// Makes the changes and releases the log lines that they and the load have
+// caused. At the first change that is refused the log lines are dropped; the
+// changes before it have been made. A settings file has a problem for each of
+// its refused lines.
+Result<> makeChanges(Session& session, const Changes& changes);
+
+// Opens the session and makes the changes.
+Result<std::unique_ptr<Session>> openChanged(const SessionRequest& request, const Changes& changes);
+
+// The settings file that the changes ask for; empty when they ask for none.
+std::vector<OutputText> outputsToSave(const Session& session, const Changes& changes);
+
+}  // namespace driver_feature
+
+#endif  // HOST_SETTINGS_CHANGES_H_

@@ -1,0 +1,135 @@
+#include "host/settings/settings_file.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+#include "host/base/child_process.h"
+#include "host/base/input_file.h"
+#include "host/session/group_view.h"
+#include "host/settings/settings_plan.h"
+#include "host/settings/settings_text.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kHeading =
+    "# Settings of driver-feature.\n"
+    "# NAME=VALUE sets a feature. \"[GROUP]\" begins a record of a dynamic group.\n"
+    "# In values: \\\\ backslash, \\s blank at an end, \\t tab, \\n line end, \\xNN byte.\n";
+
+std::string recordLines(CoreFeatureSet& set, const Model& model, const std::string& name) {
+  const auto group = findDynamicGroup(set, model.index, name);
+  if (!group) return "";
+  const std::vector<std::string> members = group->memberNames();
+  const std::vector<Record> records = group->records();
+  if (records.empty()) return "\n" + noRecordsLine(name);
+  std::string lines;
+  for (const Record& record : records) {
+    lines += "\n" + recordLine(name);
+    for (std::size_t i = 0; i < members.size(); ++i) {
+      const auto feature = model.features.find(members[i]);
+      if (feature == model.features.end() || !feature->second.hasValue()) continue;
+      lines += settingLine({members[i], record[i]});
+    }
+  }
+  return lines;
+}
+
+// The refusals that the plan has in a copy of the process.
+Problems rehearse(CoreFeatureSet& set, const Model& model, const SettingsText& text) {
+  const auto texts = runInChild(ChildStreams::kDropped, [&] {
+    std::vector<std::string> lines;
+    for (const Problem& refusal : applyLines(set, model, text)) {
+      lines.push_back(std::to_string(refusal.position.line));
+      lines.push_back(refusal.text);
+    }
+    return lines;
+  });
+  if (!texts) {
+    return {problemAt(0,
+                      "applying these settings ends the program, probably in a routine of the "
+                      "description; remove lines to find which one")};
+  }
+  Problems refusals;
+  for (std::size_t i = 0; i + 1 < texts->size(); i += 2) {
+    int number = 0;
+    const std::string& line = (*texts)[i];
+    std::from_chars(line.data(), line.data() + line.size(), number);
+    refusals.push_back(problemAt(number, (*texts)[i + 1]));
+  }
+  return refusals;
+}
+
+bool isRefused(const Problems& refusals, int line) {
+  return std::any_of(refusals.begin(), refusals.end(),
+                     [line](const Problem& refusal) { return refusal.position.line == line; });
+}
+
+// Finds an order in which every line can be made, by making refused lines
+// later or sooner: a line may be allowed by the value of another one, or be
+// forbidden by it, and then keeps a value that was made before. Returns the
+// refusals of the file's own order when no order is found.
+Problems findOrder(CoreFeatureSet& set, const Model& model, SettingsText& text) {
+  enum class Move { kBehind, kBefore };
+  constexpr Move kMoves[] = {Move::kBehind, Move::kBehind, Move::kBefore, Move::kBefore};
+  const Problems first = rehearse(set, model, text);
+  Problems refusals = first;
+  for (const Move move : kMoves) {
+    if (refusals.empty()) break;
+    std::stable_partition(text.features.begin(), text.features.end(),
+                          [&refusals, move](const SettingsLine& line) {
+                            return isRefused(refusals, line.line) == (move == Move::kBefore);
+                          });
+    refusals = rehearse(set, model, text);
+  }
+  return refusals.empty() ? refusals : first;
+}
+
+}  // namespace
+
+std::string composeSettings(CoreFeatureSet& set, const Model& model) {
+  std::string text = kHeading;
+  for (const auto& [name, feature] : model.features) {
+    if (const auto value = settingText(feature)) text += settingLine({name, *value});
+  }
+  for (const GroupEntry& group : model.index.groups()) {
+    if (group.kind == GroupKind::kDynamic) text += recordLines(set, model, group.name);
+  }
+  return text;
+}
+
+Result<> loadSettings(CoreFeatureSet& set, const Model& model, const std::string& file) {
+  Result<std::string> bytes = readFile(file);
+  if (!bytes) {
+    bytes.error().remedy = "give a settings file";
+    return failureOf(bytes);
+  }
+  SettingsText text = parseSettings(*bytes);
+  Problems refusals = text.refusals;
+  const Problems more = findOrder(set, model, text);
+  refusals.insert(refusals.end(), more.begin(), more.end());
+  if (refusals.empty()) refusals = applyLines(set, model, text);
+  if (refusals.empty()) return {};
+  std::ranges::stable_sort(refusals, {}, &Problem::position);
+  for (Problem& refusal : refusals) refusal.file = file;
+  return failureOfAll(std::move(refusals));
+}
+
+std::optional<std::string> settingText(const FeatureView& feature) {
+  switch (feature.kind()) {
+    case FeatureKind::kMultiSelect:
+      return feature.currentChoice();
+    case FeatureKind::kIntEntry:
+      return std::to_string(feature.currentInt());
+    case FeatureKind::kTextEntry:
+      return feature.currentText();
+    case FeatureKind::kFloatEntry:
+      return numberText(feature.currentFloat());
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace driver_feature

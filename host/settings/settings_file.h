@@ -1,0 +1,34 @@
+// Settings files: the values and records of a session, kept in a file. The
+// form of the text is described in host/settings/settings_text.h.
+#ifndef HOST_SETTINGS_SETTINGS_FILE_H_
+#define HOST_SETTINGS_SETTINGS_FILE_H_
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/settings/setting.h"
+#include "model/core_feature_set.h"
+
+namespace driver_feature {
+
+// The text of a settings file with the value of every feature that has one and
+// all records. Loading it gives the same values and records.
+std::string composeSettings(CoreFeatureSet& set, const Model& model);
+
+// Makes the values those of a settings file, and its records the only ones of
+// the groups that it names. The lines are checked as settings of the command
+// line are, but a value that the feature has already is never refused, and a
+// line may need another one to be made first, wherever that is.
+//
+// Otherwise there is a problem for each refused line, in the order of the
+// lines, and no value, record or other state has changed and nobody was
+// notified: the lines are tried in a copy of the process first.
+Result<> loadSettings(CoreFeatureSet& set, const Model& model, const std::string& file);
+
+// A feature's current value as a setting writes it. Nothing when it has none.
+std::optional<std::string> settingText(const FeatureView& feature);
+
+}  // namespace driver_feature
+
+#endif  // HOST_SETTINGS_SETTINGS_FILE_H_

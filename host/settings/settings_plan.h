@@ -1,0 +1,20 @@
+// Making what a settings file holds.
+#ifndef HOST_SETTINGS_SETTINGS_PLAN_H_
+#define HOST_SETTINGS_SETTINGS_PLAN_H_
+
+#include <vector>
+
+#include "host/settings/settings_text.h"
+#include "model/core_feature_set.h"
+
+namespace driver_feature {
+
+// Makes the settings in their order, and then the records. A value that a
+// later line has changed through a routine of the description is made again.
+// Returns a problem for each line that cannot be made; the others are made all
+// the same.
+Problems applyLines(CoreFeatureSet& set, const Model& model, const SettingsText& text);
+
+}  // namespace driver_feature
+
+#endif  // HOST_SETTINGS_SETTINGS_PLAN_H_

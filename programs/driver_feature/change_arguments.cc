@@ -1,0 +1,24 @@
+#include "programs/driver_feature/change_arguments.h"
+
+namespace driver_feature {
+
+Changes changesOf(const Arguments& arguments) {
+  Changes changes;
+  changes.files = arguments.texts("--settings");
+  changes.settings = arguments.texts("--option");
+  const std::vector<std::string>& records = arguments.texts("--records");
+  for (std::size_t i = 0; i + 1 < records.size(); i += 2) {
+    changes.records.push_back({records[i], records[i + 1]});
+  }
+  changes.saveFile = arguments.text("--save");
+  changes.allowControlCharacters = arguments.has("--allow-control-characters");
+  return changes;
+}
+
+SessionRequest sessionOf(const Arguments& arguments, const SessionRequest& general) {
+  SessionRequest request = general;
+  request.description = arguments.text("DESC");
+  return request;
+}
+
+}  // namespace driver_feature

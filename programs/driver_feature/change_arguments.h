@@ -1,0 +1,36 @@
+// The arguments that change a model before a command does its work.
+#ifndef PROGRAMS_DRIVER_FEATURE_CHANGE_ARGUMENTS_H_
+#define PROGRAMS_DRIVER_FEATURE_CHANGE_ARGUMENTS_H_
+
+#include <array>
+
+#include "host/settings/changes.h"
+#include "programs/driver_feature/arguments.h"
+
+namespace driver_feature {
+
+inline constexpr ArgumentRow kDescriptionRow = {"DESC", "FILE",
+                                                "The feature description, an XML file", kRequired};
+
+inline constexpr ArgumentRow kAllowanceRow = {
+    "--allow-control-characters", "", "Accept values that can end the printer command around them"};
+
+inline constexpr std::array kChangeRows = {
+    ArgumentRow{"--settings", "FILE", "Load a settings file before any -o is set; may be repeated",
+                kRepeats},
+    ArgumentRow{"-o,--option", "NAME=VALUE", "Set a feature; may be repeated", kRepeats},
+    ArgumentRow{"--records", "GROUP FILE",
+                "Add the records of a JSON file to a dynamic group; may be repeated", kRepeats},
+    ArgumentRow{"--save", "FILE",
+                "Write the values and records after the changes to a settings file"},
+    kAllowanceRow};
+
+// What these rows ask for.
+Changes changesOf(const Arguments& arguments);
+
+// The session that the line asks for: the general options, and DESC.
+SessionRequest sessionOf(const Arguments& arguments, const SessionRequest& general);
+
+}  // namespace driver_feature
+
+#endif  // PROGRAMS_DRIVER_FEATURE_CHANGE_ARGUMENTS_H_

@@ -1,0 +1,227 @@
+// "diff": two settings files, compared by what they change.
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "host/base/child_process.h"
+#include "host/base/line_diff.h"
+#include "host/base/standard_streams.h"
+#include "host/session/output_form.h"
+#include "host/settings/settings_file.h"
+#include "host/settings/settings_text.h"
+#include "programs/common/console.h"
+#include "programs/driver_feature/change_arguments.h"
+#include "programs/driver_feature/commands/commands.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kFooter =
+    "Shows how the values, the records and the three outputs differ. Control\n"
+    "characters are shown as \\r, \\t or \\xNN, and a backslash as \\\\. An empty\n"
+    "file, such as /dev/null, stands for the defaults.\n"
+    "\n"
+    "Examples:\n"
+    "  driver-feature diff office.xml draft.conf final.conf\n"
+    "  driver-feature diff office.xml /dev/null final.conf --json\n"
+    "\n"
+    "Exit status: 0 no difference, 1 a difference, 2 the two could not be compared.";
+
+constexpr std::array kRows = {
+    kDescriptionRow,
+    ArgumentRow{"FIRST", "FILE", "A settings file", kRequired},
+    ArgumentRow{"SECOND", "FILE", "The settings file to compare it with", kRequired},
+    kAllowanceRow,
+    ArgumentRow{"--json", "", "Print a JSON document"},
+};
+
+using Json = nlohmann::ordered_json;
+using Texts = std::vector<std::string>;
+
+// What is compared, in the order of the texts that take() returns.
+struct Section {
+  const char* name;
+  OutputForm form;
+};
+constexpr Section kOutputs[] = {
+    {"ps", OutputForm::kPostScript}, {"pjl", OutputForm::kPjl}, {"ticket", OutputForm::kTicket}};
+
+struct DiffRequest {
+  std::string first;  // Settings files.
+  std::string second;
+  bool allowControlCharacters = false;
+};
+
+constexpr int kSame = 0;
+constexpr int kDifferent = 1;
+
+// The settings without their comments, and the outputs; or the lines that say
+// what is wrong, after an empty text.
+Texts take(const SessionRequest& request, const std::string& file, bool allowControlCharacters) {
+  const StandardOutputDiversion diversion;
+  Changes changes;
+  changes.files = {file};
+  changes.allowControlCharacters = allowControlCharacters;
+  const auto session = openChanged(request, changes);
+  if (!session) {
+    printProblem(session.error());
+    return {};
+  }
+  CoreFeatureSet& features = (*session)->features();
+  Texts texts = {composeSettings(features, (*session)->model())};
+  for (const Section& output : kOutputs) texts.push_back(outputOf(features, output.form));
+  return texts;
+}
+
+// In a child process, since the library keeps one set of features. The child has
+// said what was wrong when it returns no texts.
+Result<std::optional<Texts>> takeInChild(const SessionRequest& request, const std::string& file,
+                                         bool allowControlCharacters) {
+  auto texts = runInChild(ChildStreams::kShared,
+                          [&] { return take(request, file, allowControlCharacters); });
+  if (!texts) {
+    return refused(file + ": the values and outputs could not be made: " + texts.error().text);
+  }
+  if (texts->empty()) return std::nullopt;
+  return std::move(*texts);
+}
+
+// The lines of the settings that are no comments. They show every byte as
+// they are.
+Texts settingLines(const std::string& text) {
+  Texts lines;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = text.find('\n', start);
+    const std::string line = text.substr(start, end - start);
+    if (!line.empty() && line.front() != '#') lines.push_back(line);
+    start = end == std::string::npos ? text.size() : end + 1;
+  }
+  return lines;
+}
+
+bool hasChange(const std::vector<DiffLine>& lines) {
+  return std::ranges::any_of(lines, [](const DiffLine& line) { return line.mark != ' '; });
+}
+
+bool isColoured() {
+  const char* refused = std::getenv("NO_COLOR");
+  const char* terminal = std::getenv("TERM");
+  return ::isatty(STDOUT_FILENO) != 0 && (refused == nullptr || *refused == '\0') &&
+         terminal != nullptr && std::string(terminal) != "dumb";
+}
+
+std::string composeLine(const DiffLine& line, bool coloured) {
+  const std::string text = line.mark + line.text;
+  const char* colour = line.mark == '-' ? "31" : line.mark == '+' ? "32" : "36";
+  if (!coloured || line.mark == ' ') return text + "\n";
+  return "\033[" + std::string(colour) + "m" + text + "\033[0m\n";
+}
+
+class Comparison {
+ public:
+  Comparison(const DiffRequest& request, const Texts& first, const Texts& second)
+      : request_(request), first_(first), second_(second) {
+    // Each setting stands for itself, and has no use for its neighbours.
+    add("settings", settingLines(first[0]), settingLines(second[0]), 0);
+    for (std::size_t i = 0; i < std::size(kOutputs); ++i) {
+      constexpr std::size_t kContext = 3;
+      add(kOutputs[i].name, visibleLines(first[i + 1]), visibleLines(second[i + 1]), kContext);
+    }
+  }
+
+  bool isDifferent() const { return !parts_.empty(); }
+
+  std::string text(bool coloured) const {
+    std::string text;
+    for (const Part& part : parts_) {
+      text += composeLine({'-', "-- " + request_.first + " (" + part.name + ")"}, coloured);
+      text += composeLine({'+', "++ " + request_.second + " (" + part.name + ")"}, coloured);
+      for (const DiffLine& line : part.lines) text += composeLine(line, coloured);
+    }
+    return text;
+  }
+
+  std::string json() const {
+    Json outputs = Json::object();
+    for (const Part& part : parts_) {
+      Json lines = Json::array();
+      for (const DiffLine& line : part.lines) lines.push_back(line.mark + line.text);
+      outputs[part.name] = lines;
+    }
+    const Json document = {{"first", request_.first},
+                           {"second", request_.second},
+                           {"different", isDifferent()},
+                           {"values", valuesJson()},
+                           {"changes", outputs}};
+    return document.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  }
+
+ private:
+  struct Part {
+    std::string name;
+    std::vector<DiffLine> lines;
+  };
+
+  void add(const std::string& name, const Texts& first, const Texts& second, std::size_t context) {
+    const std::vector<DiffLine> lines = diffLines(first, second);
+    if (!hasChange(lines)) return;
+    std::vector<DiffLine> shown = withContext(lines, context);
+    if (context == 0) std::erase_if(shown, [](const DiffLine& line) { return line.mark == '@'; });
+    parts_.push_back({name, shown});
+  }
+
+  Json valuesJson() const {
+    std::map<std::string, std::string> before;
+    for (const SettingsLine& line : parseSettings(first_[0]).features) {
+      before[line.setting.name] = line.setting.value;
+    }
+    Json values = Json::array();
+    for (const SettingsLine& line : parseSettings(second_[0]).features) {
+      const auto& [name, value] = line.setting;
+      if (before[name] == value) continue;
+      values.push_back({{"name", name}, {"first", before[name]}, {"second", value}});
+    }
+    return values;
+  }
+
+  const DiffRequest& request_;
+  const Texts& first_;
+  const Texts& second_;
+  std::vector<Part> parts_;
+};
+
+Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+  const DiffRequest request{arguments.text("FIRST"), arguments.text("SECOND"),
+                            arguments.has("--allow-control-characters")};
+  SessionRequest session = sessionOf(arguments, general);
+  const auto first = takeInChild(session, request.first, request.allowControlCharacters);
+  if (!first) return tl::unexpected(first.error());
+  if (!*first) return kUnusable;
+  // What the description causes has been reported once.
+  if (session.detail == LogDetail::kUsual) session.detail = LogDetail::kErrors;
+  const auto second = takeInChild(session, request.second, request.allowControlCharacters);
+  if (!second) return tl::unexpected(second.error());
+  if (!*second) return kUnusable;
+  const Comparison comparison(request, **first, **second);
+  Result<> written = writeToStandardOutput(arguments.has("--json") ? comparison.json()
+                                                                   : comparison.text(isColoured()));
+  // 1 says that there is a difference.
+  if (!written) return refused(written.error().text);
+  return comparison.isDifferent() ? kDifferent : kSame;
+}
+
+}  // namespace
+
+const CommandRow kDiffCommand = {
+    "diff", "Compare what two settings files change", kFooter, kRows, {}, &run};
+
+}  // namespace driver_feature

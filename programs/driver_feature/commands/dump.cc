@@ -1,0 +1,52 @@
+// "dump": the library's own listing of its model.
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <iostream>
+#include <utility>
+
+#include "host/base/standard_streams.h"
+#include "programs/common/console.h"
+#include "programs/driver_feature/change_arguments.h"
+#include "programs/driver_feature/commands/commands.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kFooter =
+    "Examples:\n"
+    "  driver-feature dump office.xml\n"
+    "  driver-feature dump office.xml -o Duplex=LongEdge\n"
+    "\n"
+    "Exit status: 0 success, 1 the description could not be loaded or the listing\n"
+    "not written, 2 wrong usage, an unusable file or a refused setting.";
+
+constexpr std::array kRows = {kDescriptionRow};
+
+Result<std::unique_ptr<Session>> open(const SessionRequest& request, const Changes& changes) {
+  const StandardOutputDiversion diversion;
+  return openChanged(request, changes);
+}
+
+Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+  const Changes changes = changesOf(arguments);
+  auto session = open(sessionOf(arguments, general), changes);
+  if (!session) return failureOf(session);
+  Result<> saved = writeAllOutputs(outputsToSave(**session, changes));
+  if (!saved) return failureOf(saved);
+  // The library prints through the C++ stream that this program shares.
+  errno = 0;
+  (*session)->features().dumpFeatureListValues();
+  if (std::cout.good()) return kSuccess;
+  return fail(Problem::Kind::kNotWritten, std::string("standard output cannot be written: ") +
+                                              std::strerror(errno != 0 ? errno : EIO));
+}
+
+}  // namespace
+
+const CommandRow kDumpCommand = {
+    "dump", "Let the library print its whole model", kFooter, kRows, kChangeRows, &run};
+
+}  // namespace driver_feature

@@ -1,0 +1,76 @@
+// "import": feature descriptions of PPD files.
+
+#include <array>
+#include <clocale>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "programs/driver_feature/commands/commands.h"
+#include "programs/driver_feature/commands/import_run.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kFooter =
+    "Every option of a PPD file becomes a feature of the same name, and the choices\n"
+    "its options. Of several files, and with --all, each description has the name\n"
+    "of its file with .xml in the place of .ppd or .ppd.gz, and goes beside it or to\n"
+    "the folder given with --output.\n"
+    "\n"
+    "A summary of what a description cannot hold, constraints for one, goes to\n"
+    "standard error; with --verbose each such thing is named. With --strict no\n"
+    "description is written of a file that loses a part of an option or a constraint;\n"
+    "texts for users and other keywords are never carried over, and are no error.\n"
+    "\n"
+    "Examples:\n"
+    "  driver-feature import printer.ppd --output printer.xml\n"
+    "  driver-feature import printer.ppd > printer.xml\n"
+    "  driver-feature import --all ppds --output descriptions\n"
+    "\n"
+    "Exit status: 0 success, 1 a description could not be written, 2 wrong usage or\n"
+    "a file that is not a PPD file, 3 a file was refused by --strict. Of several files,\n"
+    "the others are imported all the same, and the lowest of these statuses counts.";
+
+constexpr std::array kRows = {
+    ArgumentRow{"PPD", "FILE", "The PPD files, compressed with gzip or not", kRepeats},
+    ArgumentRow{"--all", "DIR", "Import all PPD files of a folder and its folders"},
+    ArgumentRow{"--output", "FILE",
+                "Write the description to this file; of several, the folder for them"},
+    ArgumentRow{"--strict", "", "Refuse a file that loses a part of an option or a constraint"},
+};
+
+// libcups takes the language of the environment, for its messages and for
+// which translations of a file it reads. The program speaks English, and what
+// is said of a file must not depend on who runs the program.
+void chooseLanguage() {
+  std::setlocale(LC_MESSAGES, "C");
+  ::setenv("LC_MESSAGES", "C", 1);
+}
+
+Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+  const ImportStyle style{general.detail, arguments.has("--strict")};
+  const std::vector<std::string>& files = arguments.texts("PPD");
+  const std::string folder = arguments.text("--all");
+  const std::string output = arguments.text("--output");
+  chooseLanguage();
+  if (files.empty() == folder.empty()) {
+    return refused(
+        "either PPD files or --all DIR is needed; driver-feature import --help explains the usage");
+  }
+  if (files.size() == 1) return importOne({files.front(), output.empty() ? "-" : output}, style);
+  if (folder.empty()) return importAll(planFiles(files, output), style);
+  const ImportPlan plan = planFolder(folder, output);
+  if (plan.jobs.empty() && plan.problems.empty()) {
+    return refused(folder + ": there is no file named *.ppd or *.ppd.gz in the folder");
+  }
+  return importAll(plan, style);
+}
+
+}  // namespace
+
+const CommandRow kImportCommand = {
+    "import", "Make feature descriptions of PPD files", kFooter, kRows, {}, &run};
+
+}  // namespace driver_feature

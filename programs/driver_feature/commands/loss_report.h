@@ -1,0 +1,35 @@
+// What an import says of the things that it has not carried over.
+#ifndef PROGRAMS_DRIVER_FEATURE_COMMANDS_LOSS_REPORT_H_
+#define PROGRAMS_DRIVER_FEATURE_COMMANDS_LOSS_REPORT_H_
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/ppd/import/losses.h"
+
+namespace driver_feature {
+
+// How many things of each kind there are.
+using LossCounts = std::map<LossKind, long>;
+
+LossCounts countsOf(const Losses& losses);
+
+// "2 constraints, 1 text for users"; empty when there are none.
+std::string countText(const LossCounts& counts);
+
+// A few lines for a file: the first parts of options by their names, and one
+// with the number of all other losses. `hint` ends the latter.
+std::vector<std::string> summaryOf(const Losses& losses, const std::string& hint);
+
+// Whether something is lost that an option does or that forbids a combination
+// of choices. Texts and keywords that no description has a place for, which
+// nearly every PPD file holds, are not counted.
+bool losesChoices(const Losses& losses);
+
+// "1 file", "2 files".
+std::string counted(long number, const std::string& one, const std::string& several);
+
+}  // namespace driver_feature
+
+#endif  // PROGRAMS_DRIVER_FEATURE_COMMANDS_LOSS_REPORT_H_

@@ -1,0 +1,62 @@
+// "show": the features with their values and choices.
+
+#include "programs/driver_feature/show/show.h"
+
+#include <array>
+
+#include "programs/driver_feature/change_arguments.h"
+#include "programs/driver_feature/commands/commands.h"
+#include "programs/driver_feature/show/show_details.h"
+#include "programs/driver_feature/work.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kFooter =
+    "With NAME, one feature or group is shown in full: every property, the limits,\n"
+    "the options with their commands, the routines, and the groups around it.\n"
+    "\n"
+    "Examples:\n"
+    "  driver-feature show office.xml\n"
+    "  driver-feature show office.xml PageSize\n"
+    "  driver-feature show office.xml --json | jq '.features[].name'\n"
+    "  driver-feature show office.xml --records PageExceptions page_exceptions.json\n"
+    "  driver-feature show office.xml -o Copies=2 --save two-copies.conf\n"
+    "\n"
+    "Exit status: 0 success, 1 the description could not be loaded or the output\n"
+    "not written, 2 wrong usage, an unusable file or a refused setting.";
+
+constexpr std::array kRows = {
+    kDescriptionRow,
+    ArgumentRow{"NAME", "TEXT", "One feature or group to show in full"},
+    ArgumentRow{"--json", "", "Print a JSON document"},
+};
+
+Result<std::string> compose(const Arguments& arguments, const Session& session, std::size_t width) {
+  const Model& model = session.model();
+  CoreFeatureSet& set = session.features();
+  const std::string name = arguments.text("NAME");
+  const bool json = arguments.has("--json");
+  if (!arguments.has("NAME")) return json ? showJson(model, set) : showTable(model, set, width);
+  if (Result<> found = checkDetails(model, name); !found) return failureOf(found);
+  return json ? detailsJson(model, set, name) : detailsText(model, set, name, width);
+}
+
+Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+  const std::size_t width = terminalWidth();
+  return workOnDescription(
+      sessionOf(arguments, general), changesOf(arguments),
+      [&](Session& session, std::vector<OutputText>& outputs) {
+        return compose(arguments, session, width).map([&outputs](std::string text) {
+          outputs.push_back({"", std::move(text)});
+        });
+      });
+}
+
+}  // namespace
+
+const CommandRow kShowCommand = {
+    "show", "Show the features with their values and choices", kFooter, kRows, kChangeRows, &run};
+
+}  // namespace driver_feature

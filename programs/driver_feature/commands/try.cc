@@ -1,0 +1,99 @@
+// "try": settings tried out and taken back.
+
+#include <array>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "AttributeMap.h"
+
+#include "host/base/output_file.h"
+#include "host/base/standard_streams.h"
+#include "programs/common/console.h"
+#include "programs/driver_feature/change_arguments.h"
+#include "programs/driver_feature/commands/commands.h"
+#include "programs/driver_feature/show/show.h"
+#include "programs/driver_feature/table.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kFooter =
+    "The table holds every feature that the changes have reached, directly or\n"
+    "through a routine of the description. --save writes the changed values.\n"
+    "\n"
+    "Examples:\n"
+    "  driver-feature try office.xml -o MediaType=Envelope\n"
+    "\n"
+    "Exit status: 0 every value was restored, 1 one was not, or the description\n"
+    "could not be loaded, 2 wrong usage, an unusable file or a refused setting.";
+
+constexpr std::array kRows = {kDescriptionRow};
+
+using Values = std::map<std::string, std::string>;
+
+Values valuesOf(const Model& model) {
+  Values values;
+  for (const auto& [name, feature] : model.features) values[name] = valueText(feature);
+  return values;
+}
+
+AttributeMap namesOf(const Model& model) {
+  AttributeMap names;
+  for (const auto& [name, feature] : model.features) names[name];
+  return names;
+}
+
+// Composes the table. True when every value is unchanged.
+bool compare(const Values& before, const Values& changed, const Values& after, std::string& text) {
+  std::vector<TableRow> rows = {{{"NAME", "BEFORE", "CHANGED"}, {"RESTORED"}}};
+  bool restored = true;
+  for (const auto& [name, value] : before) {
+    if (value == changed.at(name) && value == after.at(name)) continue;
+    rows.push_back({{name, value, changed.at(name)}, {after.at(name)}});
+    restored = restored && value == after.at(name);
+  }
+  text = rows.size() > 1 ? layOut(rows, 0) : "The settings change nothing.\n";
+  return restored;
+}
+
+struct Trial {
+  std::vector<OutputText> outputs;
+  bool restored = false;
+};
+
+Result<Trial> tryChanges(const SessionRequest& request, const Changes& changes) {
+  const StandardOutputDiversion diversion;
+  auto opened = Session::open(request);
+  if (!opened) return failureOf(opened);
+  Session& session = **opened;
+  AttributeMap names = namesOf(session.model());
+  const Values before = valuesOf(session.model());
+  session.save(names);
+  if (Result<> made = makeChanges(session, changes); !made) return failureOf(made);
+  const Values changed = valuesOf(session.model());
+  Trial trial{outputsToSave(session, changes)};
+  session.restore(names);
+  trial.outputs.emplace_back();
+  trial.restored = compare(before, changed, valuesOf(session.model()), trial.outputs.back().bytes);
+  return trial;
+}
+
+Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+  auto trial = tryChanges(sessionOf(arguments, general), changesOf(arguments));
+  if (!trial) return failureOf(trial);
+  if (Result<> written = writeAllOutputs(trial->outputs); !written) return failureOf(written);
+  if (trial->restored) return kSuccess;
+  return fail(Problem::Kind::kDifferent,
+              "not every value was restored; a routine of the description changes them");
+}
+
+}  // namespace
+
+const CommandRow kTryCommand = {
+    "try",       "Save all values, make the changes, restore the values, and show each step",
+    kFooter,     kRows,
+    kChangeRows, &run};
+
+}  // namespace driver_feature

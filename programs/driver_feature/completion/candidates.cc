@@ -1,0 +1,162 @@
+#include "programs/driver_feature/completion/candidates.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+
+#include "host/description/element.h"
+#include "host/session/output_form.h"
+#include "programs/driver_feature/completion/place.h"
+
+namespace driver_feature {
+
+namespace {
+
+class Composer {
+ public:
+  explicit Composer(const Place& place) : place_(place) {}
+
+  // Adds a candidate for the argument's own text, when that may become it.
+  void add(const std::string& text, const std::string& meaning = "") {
+    if (!text.starts_with(place_.word)) return;
+    completion_.candidates.push_back({place_.prefix + text, meaning});
+  }
+
+  void addFiles(const std::string& inner = "") {
+    completion_.files = true;
+    completion_.filePrefix = place_.prefix + inner;
+  }
+
+  const Place& place() const { return place_; }
+  Completion take() { return std::move(completion_); }
+
+ private:
+  const Place& place_;
+  Completion completion_;
+};
+
+void addNothing(Composer&) {}
+
+void addFileNames(Composer& composer) {
+  composer.addFiles();
+}
+
+void addForms(Composer& composer) {
+  const std::string& word = composer.place().word;
+  const std::size_t equals = word.find('=');
+  if (equals != std::string::npos) return composer.addFiles(word.substr(0, equals + 1));
+  const std::size_t comma = word.rfind(',');
+  const std::string before = comma == std::string::npos ? "" : word.substr(0, comma + 1);
+  for (const std::string& form : formNames()) composer.add(before + form);
+}
+
+// Calls `visit` for the elements of the description that the line names; for
+// none when it cannot be read. Reads it without the feature library: completing
+// a line must not run routines of a description.
+void forEachNamed(const Composer& composer, Role role,
+                  const std::function<void(const Element&)>& visit) {
+  const Result<Document> document = Document::read(composer.place().description);
+  if (!document) return;
+  forEachElement(*elementsOf(*document).description, [&](const Element& element) {
+    if (element.role == role) visit(element);
+  });
+}
+
+void addNamed(Composer& composer, Role role, const char* meaning) {
+  forEachNamed(composer, role,
+               [&](const Element& element) { composer.add(element.name(), meaning); });
+}
+
+void addSettings(Composer& composer) {
+  const std::string& word = composer.place().word;
+  const bool valueBegun = word.find('=') != std::string::npos;
+  forEachNamed(composer, Role::kFeature, [&](const Element& feature) {
+    if (!feature.kind || !holdsValue(*feature.kind)) return;
+    const std::string start = feature.name() + "=";
+    if (!valueBegun) composer.add(start, wordOf(*feature.kind));
+    if (!valueBegun || !word.starts_with(start)) return;
+    for (const auto& option : feature.children) {
+      if (option->role == Role::kOption) composer.add(start + option->name());
+    }
+  });
+}
+
+void addNames(Composer& composer) {
+  forEachNamed(composer, Role::kFeature, [&](const Element& feature) {
+    composer.add(feature.name(), feature.text("FeatureType"));
+  });
+  addNamed(composer, Role::kStaticGroup, "static group");
+  addNamed(composer, Role::kDynamicGroup, "dynamic group");
+}
+
+void addDynamicGroups(Composer& composer) {
+  addNamed(composer, Role::kDynamicGroup, "dynamic group");
+}
+
+using AddKind = void (*)(Composer&);
+
+// What may stand for each kind of word.
+const std::map<std::string, AddKind>& kinds() {
+  static const std::map<std::string, AddKind> kKinds = {
+      {"FILE", &addFileNames},    {"PATH", &addFileNames},      {"LIB.so", &addFileNames},
+      {"FORM[=FILE]", &addForms}, {"NAME=VALUE", &addSettings}, {"GROUP", &addDynamicGroups},
+      {"TEXT", &addNothing},      {"CODE", &addNothing},        {"DIR", &addFileNames}};
+  return kKinds;
+}
+
+void addArgument(Composer& composer) {
+  const ArgumentRow& argument = *composer.place().argument;
+  if (argument.name == std::string("NAME")) return addNames(composer);
+  const std::vector<std::string> words = kindsOf(argument);
+  const auto item = static_cast<std::size_t>(composer.place().item);
+  if (words.empty()) return;
+  const auto kind = kinds().find(words[std::min(item, words.size() - 1)]);
+  if (kind != kinds().end()) kind->second(composer);
+}
+
+void addOptions(const ProgramRows& program, Composer& composer) {
+  for (const ArgumentRow* option : optionsAt(program, composer.place().command)) {
+    for (const std::string& spelling : spellingsOf(*option)) {
+      composer.add(spelling, option->meaning);
+    }
+  }
+}
+
+bool isPlain(const std::string& text) {
+  return std::none_of(text.begin(), text.end(), [](char character) {
+    return static_cast<unsigned char>(character) < 0x20 || character == 0x7f;
+  });
+}
+
+}  // namespace
+
+Completion complete(const ProgramRows& program, const std::vector<std::string>& words) {
+  const Place place = findPlace(program, words);
+  Composer composer(place);
+  if (place.argument != nullptr) {
+    addArgument(composer);
+  } else if (!place.optionsEnded && place.word.starts_with('-')) {
+    addOptions(program, composer);
+  } else if (place.command == nullptr) {
+    for (const CommandRow* command : program.commands) {
+      composer.add(command->name, command->summary);
+    }
+  }
+  return composer.take();
+}
+
+bool hasKnownKinds(const ArgumentRow& argument) {
+  return std::ranges::all_of(kindsOf(argument),
+                             [](const std::string& kind) { return kinds().contains(kind); });
+}
+
+std::string completionText(const Completion& completion) {
+  std::string text = completion.files ? "files\t" + completion.filePrefix + "\n" : "words\n";
+  for (const Candidate& candidate : completion.candidates) {
+    if (!isPlain(candidate.text)) continue;
+    text += candidate.text + "\t" + candidate.meaning + "\n";
+  }
+  return text;
+}
+
+}  // namespace driver_feature

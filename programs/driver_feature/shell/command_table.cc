@@ -1,0 +1,130 @@
+#include "programs/driver_feature/shell/command_table.h"
+
+#include "host/base/nearest_name.h"
+#include "host/base/text.h"
+#include "programs/driver_feature/shell/option_commands.h"
+#include "programs/driver_feature/shell/output_commands.h"
+#include "programs/driver_feature/shell/record_commands.h"
+#include "programs/driver_feature/shell/settings_commands.h"
+#include "programs/driver_feature/shell/state_commands.h"
+#include "programs/driver_feature/shell/value_commands.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kSetDetails =
+    "With a VALUE alone, it is checked against the description as -o of the other\n"
+    "commands is. With a PROPERTY, the library gets the value as it is, by the\n"
+    "operation of the property's type, and alone decides about it; but values that\n"
+    "are not safe in the feature's command are refused, as -o refuses them.\n"
+    "  set Copies 2\n"
+    "  set Copies DefaultIntValue 2\n"
+    "  set Duplex Sensitivity false\n";
+
+constexpr const char* kGetDetails =
+    "Without a PROPERTY, the current value of a feature. \"all\" lists every property\n"
+    "that the library gives back, the default, original and deferred values among\n"
+    "them. Texts with blanks or control characters are shown as they may be typed.\n";
+
+constexpr const char* kOptionDetails =
+    "Without a PROPERTY, all of them. The library gets the value as it is.\n"
+    "  option Duplex LongEdge PSCommand \"true\"\n";
+
+constexpr const char* kEmitDetails =
+    "Writes to standard output, or to a file, whole or not at all. --inst-opt lets a\n"
+    "ticket use the names of installable options.\n";
+
+constexpr const char* kSaveDetails =
+    "Lets the library copy the current values of the features, or of all, into their\n"
+    "original values.\n";
+
+constexpr const char* kLoadDetails =
+    "The values are checked as \"set\" checks them. When one is refused, nothing is\n"
+    "changed.\n";
+
+constexpr const char* kRestoreDetails =
+    "Lets the library copy the original values of the features, or of all, back into\n"
+    "their current values. Before the first save these are 0 and empty.\n";
+
+constexpr const char* kRecordsDetails =
+    "  list                   the records; * marks a selected one\n"
+    "  add MEMBER=VALUE...    adds a record of checked values, sorted in\n"
+    "  add-file FILE          adds the records of a JSON file\n"
+    "  remove INDEX           removes a record, counted from 0\n"
+    "  clear                  removes all records\n"
+    "  sort                   sorts with the routine of the description\n"
+    "  select INDEX           puts a record into the selection\n"
+    "  deselect INDEX         takes it out again\n"
+    "  load INDEX             puts a record's values into the template\n"
+    "  has MEMBER=VALUE...    is there a record of exactly these values?\n";
+
+constexpr const char* kConstrainDetails =
+    "Makes the option unavailable for the constraint ID, a number of 0 or more, after\n"
+    "the value has moved to another available option when it must; \"hide\" hides the\n"
+    "option, too.\n";
+
+constexpr const char* kReleaseDetails =
+    "Takes the constraint ID off the option. Once none is left, the option is as\n"
+    "available and visible as it was before the first.\n";
+
+constexpr const char* kLogDetails =
+    "quiet: errors; usual: errors and misuse; all: every line. Without an argument, it\n"
+    "tells which is set.\n";
+
+constexpr ShellCommand kCommands[] = {
+    {"set", "NAME [PROPERTY] VALUE", "Sets a feature, or one property of a feature or group",
+     kSetDetails, 2, 3, &runSet, &proposeSet},
+    {"get", "NAME [PROPERTY|all]", "Shows a value, a property, or all properties", kGetDetails, 1,
+     2, &runGet, &proposeGet},
+    {"show", "[NAME]", "Shows all features and groups, or one", "", 0, 1, &runShow, &proposeShow},
+    {"option", "NAME OPTION [PROPERTY [VALUE]]", "Shows or sets the properties of an option",
+     kOptionDetails, 2, 4, &runOption, &proposeOption},
+    {"emit", "ps|pjl|ticket [FILE] [--inst-opt]", "Writes printer-ready output", kEmitDetails, 1, 3,
+     &runEmit, &proposeEmit},
+    {"save", "[NAME...]", "Saves current values as original values", kSaveDetails, 0, kAnyNumber,
+     &runSave, &proposeFeatures},
+    {"restore", "[NAME...]", "Restores the saved values", kRestoreDetails, 0, kAnyNumber,
+     &runRestore, &proposeFeatures},
+    {"write", "FILE", "Writes all values and records to a settings file", "", 1, 1, &runWrite,
+     &proposeFile},
+    {"load", "FILE", "Makes the values and records those of a settings file", kLoadDetails, 1, 1,
+     &runLoad, &proposeFile},
+    {"defaults", "", "Sets every feature to its default value", "", 0, 0, &runDefaults, nullptr},
+    {"records", "GROUP [ACTION ...]", "Lists or changes the records of a dynamic group",
+     kRecordsDetails, 1, kAnyNumber, &runRecords, &proposeRecords},
+    {"constrain", "NAME OPTION ID [hide]", "Makes an option unavailable", kConstrainDetails, 3, 4,
+     &runConstrain, &proposeConstrain},
+    {"release", "NAME OPTION ID", "Makes an option available again", kReleaseDetails, 3, 3,
+     &runRelease, &proposeRelease},
+    {"log", "[quiet|usual|all]", "Chooses which log lines are shown", kLogDetails, 0, 1, &runLog,
+     &proposeLog},
+    {"dump", "", "Lets the library print its whole model", "", 0, 0, &runDump, nullptr},
+    {"help", "[COMMAND]", "Shows the commands, or one", "", 0, 1, &runHelp, &proposeHelp},
+    {"quit", "", "Ends the shell; so does Ctrl-D", "", 0, 0, &runQuit, nullptr},
+};
+
+}  // namespace
+
+std::span<const ShellCommand> shellCommands() {
+  return kCommands;
+}
+
+Result<> findCommand(const std::string& name, const ShellCommand*& command) {
+  for (const ShellCommand& known : kCommands) {
+    if (name != known.name) continue;
+    command = &known;
+    return {};
+  }
+  const auto nearest = nearestName(name, commandNames());
+  return refused("there is no command \"" + name + "\"; " +
+                 (nearest ? "did you mean \"" + *nearest + "\"?" : "\"help\" lists the commands"));
+}
+
+std::vector<std::string> commandNames() {
+  std::vector<std::string> names;
+  for (const ShellCommand& command : kCommands) names.emplace_back(command.name);
+  return names;
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,19 @@
+// What may stand in the place of the word that is being written.
+#ifndef PROGRAMS_DRIVER_FEATURE_SHELL_COMPLETION_H_
+#define PROGRAMS_DRIVER_FEATURE_SHELL_COMPLETION_H_
+
+#include <string>
+#include <string_view>
+
+#include "programs/driver_feature/shell/command_table.h"
+
+namespace driver_feature {
+
+// Completes a line up to the cursor. The words of the answer begin with what
+// is written of the word, stand once each in byte order, and are without
+// quotes and escapes.
+Proposals complete(const Shell& shell, std::string_view line);
+
+}  // namespace driver_feature
+
+#endif  // PROGRAMS_DRIVER_FEATURE_SHELL_COMPLETION_H_

@@ -1,0 +1,112 @@
+#include "programs/driver_feature/shell/events.h"
+
+#include <utility>
+
+#include "AttributeMap.h"
+#include "Symbols.h"
+#include "XMLParser.h"
+
+#include "host/session/group_view.h"
+#include "host/session/host_routines.h"
+#include "programs/driver_feature/shell/words.h"
+
+namespace driver_feature {
+
+namespace {
+
+using UpdateCallback = bool (*)();
+
+EventWatch* current = nullptr;
+
+// The callback that the description registers; the program's own when it
+// registers none. The last element counts, as in the library.
+UpdateCallback callbackOf(void* description) {
+  UpdateCallback callback = &DriverFeatureHostUpdate;
+  for (void* child = pParserInstance->firstChild(description); child != nullptr;
+       child = pParserInstance->nextSibling(child)) {
+    std::string tag;
+    pParserInstance->tagName(child, tag);
+    if (tag != "BaseFeatureInfo") continue;
+    AttributeMap attributes;
+    pParserInstance->attributes(child, attributes);
+    std::string name;
+    if (!attributes.loadMapVariable("DefaultCallbackHandler", name, nullptr)) continue;
+    if (void* routine = FetchSymbol(name.c_str())) {
+      callback = reinterpret_cast<UpdateCallback>(routine);
+    }
+  }
+  return callback;
+}
+
+std::string flagsText(bool available, bool visible) {
+  return std::string(available ? "" : ", unavailable") + (visible ? "" : ", hidden");
+}
+
+}  // namespace
+
+std::string currentValueWord(const FeatureView& feature) {
+  switch (feature.kind()) {
+    case FeatureKind::kMultiSelect:
+      return quoteWord(feature.currentChoice().value_or("(none)"));
+    case FeatureKind::kIntEntry:
+      return std::to_string(feature.currentInt());
+    case FeatureKind::kFloatEntry:
+      return numberText(feature.currentFloat());
+    case FeatureKind::kTextEntry:
+      return quoteWord(feature.currentText());
+    default:
+      return "no value";
+  }
+}
+
+ModelState stateOf(const Model& model, CoreFeatureSet& set) {
+  ModelState state;
+  for (const auto& [name, feature] : model.features) {
+    state[name] = currentValueWord(feature) + flagsText(feature.isAvailable(), feature.isVisible());
+    for (const Choice& choice : feature.choices()) {
+      state[name + " option " + choice.name] =
+          (choice.available ? "available" : "unavailable") + flagsText(true, choice.visible);
+    }
+  }
+  for (const GroupEntry& entry : model.index.groups()) {
+    if (entry.kind != GroupKind::kDynamic) continue;
+    const auto group = findDynamicGroup(set, model.index, entry.name);
+    if (group) state[entry.name + " records"] = std::to_string(group->count());
+  }
+  return state;
+}
+
+EventWatch::EventWatch(Session& session, Tell tell)
+    : session_(session),
+      tell_(std::move(tell)),
+      state_(stateOf(session.model(), session.features())),
+      ownCallback_(callbackOf(session.description())) {
+  current = this;
+  session_.setUpdateCallback(&EventWatch::onUpdate);
+}
+
+EventWatch::~EventWatch() {
+  session_.setUpdateCallback(ownCallback_);
+  current = nullptr;
+}
+
+void EventWatch::look() {
+  ModelState now = stateOf(session_.model(), session_.features());
+  for (const auto& [what, value] : now) {
+    const auto before = state_.find(what);
+    if (before != state_.end() && before->second == value) continue;
+    std::string change = what + ": ";
+    change += before != state_.end() ? before->second : "absent";
+    change += " -> " + value;
+    tell_(EventKind::kChange, change);
+  }
+  state_ = std::move(now);
+}
+
+bool EventWatch::onUpdate() {
+  current->look();
+  current->tell_(EventKind::kNotification, "update callback");
+  return current->ownCallback_();
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,260 @@
+#include "programs/driver_feature/shell/line_editor.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <new>
+
+#include "programs/driver_feature/shell/history.h"
+#include "programs/driver_feature/shell/tab_key.h"
+#include "programs/driver_feature/shell/wide_text.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr int kLongestHistory = 1000;
+constexpr std::size_t kManyChoices = 100;
+constexpr std::size_t kUsualWidth = 80;
+
+wchar_t* prompt(EditLine* /*editor*/) {
+  static wchar_t text[] = L"driver-feature> ";
+  return text;
+}
+
+// A signal while a command runs does not end the shell.
+void ignoreInterrupt(int /*signal*/) {}
+
+LineEditor* ownerOf(EditLine* editor) {
+  void* owner = nullptr;
+  el_wget(editor, EL_CLIENTDATA, &owner);
+  return static_cast<LineEditor*>(owner);
+}
+
+std::size_t terminalColumns() {
+  winsize size{};
+  if (::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return kUsualWidth;
+  return size.ws_col;
+}
+
+// The keys that a terminal shows for a signal.
+const char* keysOf(int signal) {
+  switch (signal) {
+    case SIGINT:
+      return "^C";
+    case SIGQUIT:
+      return "^\\";
+    case SIGTSTP:
+      return "^Z";
+    default:
+      return "";
+  }
+}
+
+std::string lineToCursor(EditLine* editor) {
+  const LineInfoW* line = el_wline(editor);
+  return toBytes({line->buffer, static_cast<std::size_t>(line->cursor - line->buffer)});
+}
+
+}  // namespace
+
+LineEditor::LineEditor(const Shell& shell) : shell_(shell), historyFile_(historyFile()) {
+  struct sigaction action {};
+  action.sa_handler = &ignoreInterrupt;
+  action.sa_flags = SA_RESTART;
+  ::sigaction(SIGINT, &action, nullptr);
+  // The encoding of the terminal.
+  std::setlocale(LC_CTYPE, "");
+  editor_ = el_init("driver-feature", stdin, stderr, stderr);
+  if (editor_ == nullptr) throw std::bad_alloc();
+  history_ = history_winit();
+  HistEventW event;
+  history_w(history_, &event, H_SETSIZE, kLongestHistory);
+  el_wset(editor_, EL_CLIENTDATA, this);
+  el_wset(editor_, EL_PROMPT, &prompt);
+  el_wset(editor_, EL_GETCFN, &LineEditor::onRead);
+  el_wset(editor_, EL_HIST, history_w, history_);
+  bindKeys();
+  if (historyFile_.empty()) return;
+  for (const std::string& line : readHistory(historyFile_, kLongestHistory)) remember(line);
+}
+
+LineEditor::~LineEditor() {
+  el_end(editor_);
+  history_wend(history_);
+  if (historyFile_.empty() || !makeHistoryFile(historyFile_)) return;
+  // Another shell may have added lines of its own meanwhile.
+  appendHistory(historyFile_, added_, kLongestHistory);
+}
+
+// Keys as most shells have them. A user's own come after, but for the two
+// without which this would be another program.
+void LineEditor::bindKeys() {
+  el_wset(editor_, EL_EDITOR, L"emacs");
+  const auto bind = [this](const wchar_t* key, const wchar_t* function) {
+    el_wset(editor_, EL_BIND, key, function, nullptr);
+  };
+  bind(L"^R", L"em-inc-search-prev");
+  bind(L"^U", L"vi-kill-line-prev");
+  bind(L"^W", L"ed-delete-prev-word");
+  bind(L"\\e[1;5D", L"ed-prev-word");
+  bind(L"\\e[1;5C", L"em-next-word");
+  el_source(editor_, nullptr);
+  el_wset(editor_, EL_ADDFN, L"propose", L"Complete the word", &LineEditor::onTab);
+  el_wset(editor_, EL_ADDFN, L"end-or-delete", L"Delete, or end", &LineEditor::onEndOfInput);
+  bind(L"^I", L"propose");
+  bind(L"^D", L"end-or-delete");
+}
+
+bool LineEditor::read(std::string& line) {
+  const wchar_t* text = nullptr;
+  do {
+    dropped_ = false;
+    unclear_.clear();
+    signals_ = std::make_unique<TerminalSignals>();
+    // Before the prompt: what is typed as soon as it is there must not be shown
+    // by the terminal, too.
+    el_wset(editor_, EL_PREP_TERM, 1);
+    int length = 0;
+    text = el_wgets(editor_, &length);
+    el_wset(editor_, EL_PREP_TERM, 0);
+    signals_.reset();
+  } while (dropped_);
+  if (text == nullptr) {
+    std::fputc('\n', stderr);
+    return false;
+  }
+  line = toBytes(text);
+  if (line.ends_with('\n')) line.pop_back();
+  keep(line);
+  return true;
+}
+
+int LineEditor::onRead(EditLine* editor, wchar_t* character) {
+  return ownerOf(editor)->readCharacter(*character);
+}
+
+// As the editor wants it: 1 for a character, 0 at the end, -1 to end the line.
+int LineEditor::readCharacter(wchar_t& character) {
+  while (!dropped_) {
+    if (!bytes_.empty()) {
+      if (const auto whole = takeCharacter(bytes_)) {
+        character = *whole;
+        return 1;
+      }
+    }
+    if (const int signal = signals_->waitForInput(STDIN_FILENO)) {
+      react(signal);
+      continue;
+    }
+    char byte = 0;
+    const ssize_t count = ::read(STDIN_FILENO, &byte, 1);
+    if (count == 1) {
+      bytes_ += byte;
+    } else if (count == 0 || errno != EINTR) {
+      return 0;
+    }
+  }
+  return -1;
+}
+
+void LineEditor::react(int signal) {
+  std::fputs(keysOf(signal), stderr);
+  if (signal == SIGINT) {
+    std::fputc('\n', stderr);
+    dropped_ = true;
+    return;
+  }
+  if (signal == SIGWINCH) {
+    el_resize(editor_);
+    std::fputc('\r', stderr);
+  } else {
+    el_wset(editor_, EL_PREP_TERM, 0);
+    signals_->passOn(signal);
+    el_wset(editor_, EL_PREP_TERM, 1);
+  }
+  el_wset(editor_, EL_REFRESH);
+}
+
+unsigned char LineEditor::onEndOfInput(EditLine* editor, int /*key*/) {
+  const LineInfoW* line = el_wline(editor);
+  if (line->cursor < line->lastchar) {
+    el_cursor(editor, 1);
+    el_deletestr(editor, 1);
+    return CC_REFRESH;
+  }
+  return line->buffer == line->lastchar ? CC_EOF : CC_ERROR;
+}
+
+unsigned char LineEditor::onTab(EditLine* editor, int /*key*/) {
+  return ownerOf(editor)->complete();
+}
+
+// A second Tab where the first one has not helped shows the choices.
+unsigned char LineEditor::complete() {
+  const std::string line = lineToCursor(editor_);
+  const TabStep step = pressTab(shell_, line);
+  const std::string written = line.substr(step.begin);
+  if (step.written != written) {
+    const bool drawn = replaceBeforeCursor(written, step.written);
+    if (!step.choices.empty()) return drawn ? CC_ERROR : CC_REFRESH_BEEP;
+    return drawn ? CC_NORM : CC_REFRESH;
+  }
+  if (!step.choices.empty() && line == unclear_) {
+    show(step.choices);
+    return CC_NORM;
+  }
+  unclear_ = line;
+  return CC_ERROR;
+}
+
+// False when the line must be drawn again. What only goes on at its end is typed:
+// no terminal needs more than its characters for that.
+bool LineEditor::replaceBeforeCursor(const std::string& before, const std::string& after) {
+  const std::wstring old = toWide(before);
+  const std::wstring text = toWide(after);
+  std::size_t same = 0;
+  while (same < old.size() && same < text.size() && old[same] == text[same]) ++same;
+  const LineInfoW* line = el_wline(editor_);
+  if (same == old.size() && line->cursor == line->lastchar) {
+    el_wpush(editor_, text.c_str() + same);
+    return true;
+  }
+  el_deletestr(editor_, static_cast<int>(old.size() - same));
+  el_winsertstr(editor_, text.c_str() + same);
+  return false;
+}
+
+void LineEditor::show(const std::vector<std::string>& choices) {
+  std::fputc('\n', stderr);
+  if (choices.size() <= kManyChoices || wantsAll(choices.size())) {
+    std::fputs(layOutChoices(choices, terminalColumns()).c_str(), stderr);
+  }
+  el_wset(editor_, EL_REFRESH);
+}
+
+bool LineEditor::wantsAll(std::size_t count) {
+  std::fprintf(stderr, "Display all %zu possibilities? (y or n)", count);
+  wchar_t key = 0;
+  const bool wants = readCharacter(key) == 1 && (key == L'y' || key == L'Y' || key == L' ');
+  std::fputc('\n', stderr);
+  return wants;
+}
+
+void LineEditor::remember(const std::string& line) {
+  HistEventW event;
+  history_w(history_, &event, H_ENTER, toWide(line).c_str());
+  last_ = line;
+}
+
+void LineEditor::keep(const std::string& line) {
+  if (!isKept(shell_.model(), line) || line == last_) return;
+  remember(line);
+  added_.push_back(line);
+}
+
+}  // namespace driver_feature

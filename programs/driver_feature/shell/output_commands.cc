@@ -1,0 +1,132 @@
+#include "programs/driver_feature/shell/output_commands.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/session/output_form.h"
+#include "programs/driver_feature/shell/captured_output.h"
+#include "programs/driver_feature/shell/names.h"
+#include "programs/driver_feature/table.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kInstallable = "--inst-opt";
+
+struct Detail {
+  const char* name;
+  LogDetail detail;
+};
+constexpr std::array<Detail, 3> kDetails = {
+    {{"quiet", LogDetail::kErrors}, {"usual", LogDetail::kUsual}, {"all", LogDetail::kAll}}};
+
+std::string usageOf(const ShellCommand& command) {
+  return *command.arguments == '\0' ? std::string(command.name)
+                                    : std::string(command.name) + " " + command.arguments;
+}
+
+void helpAll(Shell& shell) {
+  std::vector<TableRow> rows;
+  for (const ShellCommand& command : shellCommands()) {
+    rows.push_back({{usageOf(command)}, {command.summary}});
+  }
+  shell.answer(
+      layOut(rows, 0) +
+      "\n"
+      "\"help COMMAND\" tells more. Words are separated by blanks; quotes keep blanks in a\n"
+      "word: set Owner \"A. B.\"  In double quotes and without quotes, \\n, \\r, \\t, \\e\n"
+      "(ESC), \\xNN, and \\ before a blank, quote, # or \\ stand for one character. A word\n"
+      "that begins with # begins a comment.\n"
+      "\n"
+      "Indented lines tell what a command causes: log lines, calls of the host's update\n"
+      "callback, and what has changed by then.\n");
+}
+
+}  // namespace
+
+Result<> runEmit(Shell& shell, const Words& arguments) {
+  Words words = arguments;
+  const bool installable = std::erase(words, kInstallable) > 0;
+  if (words.empty() || words.size() > 2) {
+    return refused(std::string(words.empty() ? "a form is missing" : "too many arguments") +
+                   "; write emit ps|pjl|ticket [FILE] [--inst-opt]");
+  }
+  const auto form = formNamed(words[0]);
+  if (!form) return refused("there is no form " + quoted(words[0]) + "; give ps, pjl or ticket");
+  std::string output;
+  shell.session().features().serialize(output, static_cast<int>(*form), installable, "", "");
+  if (words.size() == 1 || words[1] == "-") {
+    shell.answer(shell.transcript().shownOutput(output));
+  } else {
+    shell.answerTo(words[1], output);
+  }
+  return {};
+}
+
+Result<> runDump(Shell& shell, const Words& /*arguments*/) {
+  CapturedOutput captured;
+  shell.session().features().dumpFeatureListValues();
+  std::string text;
+  if (captured.end(text)) {
+    shell.answer(text);
+    return {};
+  }
+  return fail(Problem::Kind::kNotWritten,
+              "the listing cannot be kept; free some space for temporary files");
+}
+
+Result<> runLog(Shell& shell, const Words& arguments) {
+  LogPrinter& log = shell.session().log();
+  for (const Detail& known : kDetails) {
+    if (arguments.empty() && known.detail == log.detail()) {
+      shell.answer(std::string(known.name) + "\n");
+    }
+    if (arguments.empty() || arguments[0] != known.name) continue;
+    log.setDetail(known.detail);
+    return {};
+  }
+  if (arguments.empty()) return {};
+  return refused("there is no detail " + quoted(arguments[0]) + "; give quiet, usual or all");
+}
+
+Result<> runHelp(Shell& shell, const Words& arguments) {
+  if (arguments.empty()) {
+    helpAll(shell);
+    return {};
+  }
+  const ShellCommand* command = nullptr;
+  if (Result<> done = findCommand(arguments[0], command); !done) return done;
+  shell.answer(usageOf(*command) + "\n" + command->summary + ".\n" + command->details);
+  return {};
+}
+
+Result<> runQuit(Shell& shell, const Words& /*arguments*/) {
+  shell.end();
+  return {};
+}
+
+Proposals proposeEmit(const Shell& /*shell*/, const Words& before, const std::string& word) {
+  Proposals proposals;
+  if (before.empty()) {
+    proposals.words = formNames();
+  } else if (word.starts_with('-')) {
+    proposals.words.emplace_back(kInstallable);
+  } else {
+    proposals.files = true;
+  }
+  return proposals;
+}
+
+Proposals proposeLog(const Shell& /*shell*/, const Words& /*before*/, const std::string& /*word*/) {
+  Proposals proposals;
+  for (const Detail& detail : kDetails) proposals.words.emplace_back(detail.name);
+  return proposals;
+}
+
+Proposals proposeHelp(const Shell& /*shell*/, const Words& /*before*/,
+                      const std::string& /*word*/) {
+  return {commandNames()};
+}
+
+}  // namespace driver_feature

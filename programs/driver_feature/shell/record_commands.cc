@@ -1,0 +1,230 @@
+#include "programs/driver_feature/shell/record_commands.h"
+
+#include <algorithm>
+
+#include "AttributeMap.h"
+
+#include "host/base/nearest_name.h"
+#include "host/base/text.h"
+#include "host/session/group_view.h"
+#include "host/settings/records.h"
+#include "host/settings/setting.h"
+#include "programs/driver_feature/shell/names.h"
+#include "programs/driver_feature/table.h"
+
+namespace driver_feature {
+
+namespace {
+
+using Group = IntermediateDynamicFeatureGroup;
+
+// One group on which an action works.
+struct Target {
+  std::string name;
+  Group* group;
+  std::vector<std::string> members;
+};
+
+struct Action {
+  const char* name;
+  std::size_t fewest;  // Numbers of arguments.
+  std::size_t most;
+  Result<> (*run)(Shell& shell, const Target& target, const Words& arguments);
+};
+
+// No record can be read while the description lacks a template.
+Result<> membersOf(Shell& shell, Target& target) {
+  const auto view = findDynamicGroup(shell.session().features(), shell.model().index, target.name);
+  if (!view) return refused("group " + quoted(target.name) + " has no template; give it one");
+  target.members = view->memberNames();
+  return {};
+}
+
+Result<> list(Shell& shell, const Target& target, const Words& /*arguments*/) {
+  const auto view = findDynamicGroup(shell.session().features(), shell.model().index, target.name);
+  const std::set<long>& selected = *target.group->fetchSelectedEntries();
+  std::vector<TableRow> rows = {{{"RECORD"}, {}}};
+  rows.front().cells.insert(rows.front().cells.end(), target.members.begin(), target.members.end());
+  long index = 0;
+  for (const Record& record : view->records()) {
+    rows.push_back({{std::to_string(index) + (selected.contains(index) ? "*" : "")}, {}});
+    rows.back().cells.insert(rows.back().cells.end(), record.begin(), record.end());
+    ++index;
+  }
+  shell.answer(index > 0 ? layOut(rows, shell.width()) : "no records\n");
+  return {};
+}
+
+Result<> refuseMember(const Target& target, const std::string& name) {
+  const auto nearest = nearestName(name, target.members);
+  return refused("group " + quoted(target.name) + " has no member " + quoted(name) + "; " +
+                 (nearest ? "did you mean " + quoted(*nearest) + "?"
+                          : "the members are " + join(target.members, ", ")));
+}
+
+// The values of a record, checked like settings when `check` is set.
+Result<> readValues(Shell& shell, const Target& target, const Words& words, bool check,
+                    AttributeMap& values) {
+  std::vector<std::string> missing = target.members;
+  for (const std::string& word : words) {
+    const Result<Setting> parsed = parseSetting(word);
+    if (!parsed) return refused(quoted(word) + " is not MEMBER=VALUE; write it so");
+    const Setting& setting = *parsed;
+    const auto member = std::find(missing.begin(), missing.end(), setting.name);
+    if (member == missing.end()) {
+      const bool twice = std::count(target.members.begin(), target.members.end(), setting.name) > 0;
+      if (!twice) return refuseMember(target, setting.name);
+      return refused("member " + quoted(setting.name) + " is given twice; give it one value");
+    }
+    missing.erase(member);
+    Result<> checked = check ? checkSetting(shell.model(), setting) : Result<>();
+    if (!checked) return failureOf(checked, quoted(setting.name));
+    values[setting.name] = setting.value;
+  }
+  if (missing.empty()) return {};
+  return refused("member " + quoted(missing.front()) + " is missing; give it a value");
+}
+
+Result<> add(Shell& shell, const Target& target, const Words& arguments) {
+  AttributeMap values;
+  if (Result<> done = readValues(shell, target, arguments, true, values); !done) return done;
+  if (target.group->addStaticGroupToDynamicGroup(values)) return {};
+  return refused("the library refuses the record; \"log all\" shows why");
+}
+
+Result<> addFile(Shell& shell, const Target& target, const Words& arguments) {
+  Result<> added =
+      addRecords(shell.session().features(), shell.model(), {target.name, arguments[0]});
+  if (!added) return failureOf(added, arguments[0]);
+  return {};
+}
+
+// The position of an existing record.
+Result<> readIndex(const Target& target, const std::string& word, long& index) {
+  if (Result<> done = readNumber(word, "record", index); !done) return done;
+  const long count = target.group->fetchNumberOfDynamicEntries();
+  if (index < count) return {};
+  return refused("there is no record " + word + " in " + quoted(target.name) + "; " +
+                 (count == 0 ? "it is empty" : "the last one is " + std::to_string(count - 1)));
+}
+
+Result<> remove(Shell& /*shell*/, const Target& target, const Words& arguments) {
+  long index = 0;
+  if (Result<> done = readIndex(target, arguments[0], index); !done) return done;
+  if (target.group->removeDynamicEntryByIndex(static_cast<unsigned>(index))) return {};
+  return refused("the library refuses to remove the record; \"log all\" shows why");
+}
+
+Result<> clear(Shell& /*shell*/, const Target& target, const Words& /*arguments*/) {
+  if (target.group->removeAllDynamicEntries()) return {};
+  return refused("the library refuses to remove the records; \"log all\" shows why");
+}
+
+Result<> sort(Shell& /*shell*/, const Target& target, const Words& /*arguments*/) {
+  if (target.group->sortList()) return {};
+  return refused("the records cannot be sorted; give group " + quoted(target.name) +
+                 " the attribute \"SortFunctionName\", or see why with \"log all\"");
+}
+
+Result<> select(Shell& /*shell*/, const Target& target, const Words& arguments) {
+  long index = 0;
+  if (Result<> done = readIndex(target, arguments[0], index); !done) return done;
+  if (target.group->addConstraint(index)) return {};
+  return refused("record " + arguments[0] + " is selected already; \"records " + target.name +
+                 " list\" shows which are");
+}
+
+// A selection outlives its record, so any index can be taken out.
+Result<> deselect(Shell& /*shell*/, const Target& target, const Words& arguments) {
+  long index = 0;
+  if (Result<> done = readNumber(arguments[0], "record", index); !done) return done;
+  if (target.group->removeConstraint(index)) return {};
+  return refused("record " + arguments[0] + " is not selected; \"records " + target.name +
+                 " list\" shows which are");
+}
+
+Result<> load(Shell& /*shell*/, const Target& target, const Words& arguments) {
+  long index = 0;
+  if (Result<> done = readIndex(target, arguments[0], index); !done) return done;
+  if (target.group->getDynamicEntryByIndex(static_cast<unsigned>(index)) != nullptr) {
+    return {};
+  }
+  return refused("the library cannot load the record; \"log all\" shows why");
+}
+
+Result<> has(Shell& shell, const Target& target, const Words& arguments) {
+  AttributeMap values;
+  if (Result<> done = readValues(shell, target, arguments, false, values); !done) return done;
+  shell.answer(target.group->detectDuplicateRecord(values) ? "yes\n" : "no\n");
+  return {};
+}
+
+constexpr Action kActions[] = {
+    {"add", 1, kAnyNumber, &add},  {"add-file", 1, 1, &addFile}, {"clear", 0, 0, &clear},
+    {"deselect", 1, 1, &deselect}, {"has", 1, kAnyNumber, &has}, {"list", 0, 0, &list},
+    {"load", 1, 1, &load},         {"remove", 1, 1, &remove},    {"select", 1, 1, &select},
+    {"sort", 0, 0, &sort},
+};
+
+std::vector<std::string> actionNames() {
+  std::vector<std::string> names;
+  for (const Action& action : kActions) names.emplace_back(action.name);
+  return names;
+}
+
+const Action* findAction(const std::string& name) {
+  const auto* const found =
+      std::find_if(std::begin(kActions), std::end(kActions),
+                   [&name](const Action& action) { return action.name == name; });
+  return found != std::end(kActions) ? found : nullptr;
+}
+
+// Members in the place of a record's values, and behind "NAME=" its options.
+Proposals proposeValues(const Shell& shell, const std::string& group, const std::string& word) {
+  Proposals proposals;
+  const auto view = findDynamicGroup(shell.session().features(), shell.model().index, group);
+  if (!view) return proposals;
+  const std::size_t equals = word.find('=');
+  if (equals == std::string::npos) {
+    proposals.unfinished = true;
+    for (const std::string& member : view->memberNames()) proposals.words.push_back(member + "=");
+    return proposals;
+  }
+  for (const std::string& option : optionNames(shell.model(), word.substr(0, equals))) {
+    proposals.words.push_back(word.substr(0, equals + 1) + option);
+  }
+  return proposals;
+}
+
+}  // namespace
+
+Result<> runRecords(Shell& shell, const Words& arguments) {
+  Target target{arguments[0], nullptr, {}};
+  if (Result<> done = findRecords(shell, target.name, target.group); !done) return done;
+  if (Result<> done = membersOf(shell, target); !done) return done;
+  const std::string name = arguments.size() > 1 ? arguments[1] : "list";
+  const Action* action = findAction(name);
+  if (action == nullptr) {
+    return refused("there is no action " + quoted(name) + "; give one of " +
+                   join(actionNames(), ", "));
+  }
+  const Words rest(arguments.begin() + std::min<std::ptrdiff_t>(2, std::ssize(arguments)),
+                   arguments.end());
+  if (rest.size() < action->fewest || rest.size() > action->most) {
+    return refused(std::string(rest.size() < action->fewest ? "an argument is missing"
+                                                            : "too many arguments") +
+                   "; \"help records\" shows what " + name + " takes");
+  }
+  return action->run(shell, target, rest);
+}
+
+Proposals proposeRecords(const Shell& shell, const Words& before, const std::string& word) {
+  if (before.empty()) return {dynamicGroupNames(shell.model())};
+  if (before.size() == 1) return {actionNames()};
+  if (before[1] == "add" || before[1] == "has") return proposeValues(shell, before[0], word);
+  Proposals proposals;
+  proposals.files = before[1] == "add-file" && before.size() == 2;
+  return proposals;
+}
+
+}  // namespace driver_feature

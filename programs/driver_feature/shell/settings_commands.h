@@ -1,0 +1,15 @@
+// Commands about settings files: write, load.
+#ifndef PROGRAMS_DRIVER_FEATURE_SHELL_SETTINGS_COMMANDS_H_
+#define PROGRAMS_DRIVER_FEATURE_SHELL_SETTINGS_COMMANDS_H_
+
+#include "programs/driver_feature/shell/command_table.h"
+
+namespace driver_feature {
+
+Result<> runWrite(Shell& shell, const Words& arguments);
+Result<> runLoad(Shell& shell, const Words& arguments);
+Proposals proposeFile(const Shell& shell, const Words& before, const std::string& word);
+
+}  // namespace driver_feature
+
+#endif  // PROGRAMS_DRIVER_FEATURE_SHELL_SETTINGS_COMMANDS_H_

@@ -1,0 +1,64 @@
+#include "programs/driver_feature/shell/shell.h"
+
+#include "host/base/standard_streams.h"
+#include "programs/common/console.h"
+#include "programs/driver_feature/shell/command_table.h"
+#include "programs/driver_feature/shell/words.h"
+#include "programs/driver_feature/show/show.h"
+
+namespace driver_feature {
+
+namespace {
+
+Result<> checkCount(const ShellCommand& command, std::size_t count) {
+  if (count >= command.fewest && count <= command.most) return {};
+  const std::string usage = std::string(command.name) + " " + command.arguments;
+  return refused(
+      std::string(count < command.fewest ? "an argument is missing" : "too many arguments") +
+      "; write " + (*command.arguments != '\0' ? usage : std::string(command.name)));
+}
+
+}  // namespace
+
+Shell::Shell(Session& session, const Transcript& transcript)
+    : session_(session),
+      transcript_(transcript),
+      watch_(session, [&transcript](EventKind kind, const std::string& text) {
+        transcript.event(kind, text);
+      }) {
+  session_.log().setReport([&transcript](const std::string& line) { transcript.logLine(line); });
+}
+
+Shell::~Shell() {
+  session_.log().setReport(&printError);
+}
+
+Result<> Shell::execute(const std::string& line) {
+  Words words;
+  if (Result<> done = splitWords(line, words); !done) return done;
+  if (words.empty()) return {};
+  const ShellCommand* command = nullptr;
+  if (Result<> done = findCommand(words.front(), command); !done) return done;
+  words.erase(words.begin());
+  if (Result<> done = checkCount(*command, words.size()); !done) return done;
+  answer_.clear();
+  files_.clear();
+  width_ = terminalWidth();
+  {
+    // Routines of the description may print, and that is no answer.
+    const StandardOutputDiversion diversion;
+    Result<> done = command->run(*this, words);
+    watch_.look();
+    if (!done) return done;
+  }
+  return writeAnswers();
+}
+
+Result<> Shell::writeAnswers() const {
+  for (const auto& [file, bytes] : files_) {
+    if (Result<> written = writeToFile(file, bytes); !written) return written;
+  }
+  return Transcript::answer(answer_);
+}
+
+}  // namespace driver_feature

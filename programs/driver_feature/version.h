@@ -1,0 +1,19 @@
+// The versions of the program and of the feature library.
+#ifndef PROGRAMS_DRIVER_FEATURE_VERSION_H_
+#define PROGRAMS_DRIVER_FEATURE_VERSION_H_
+
+#include <string>
+
+#include "host/base/result.h"
+
+namespace driver_feature {
+
+// Lines with the program's version and build, and with the version of the
+// feature library at `library`, or where it is searched when that is empty. A
+// library that is not there is no reason to hide the program's version, unless
+// the caller has asked for that library; the problem is then Plugin::load()'s.
+Result<std::string> versionText(const std::string& library);
+
+}  // namespace driver_feature
+
+#endif  // PROGRAMS_DRIVER_FEATURE_VERSION_H_

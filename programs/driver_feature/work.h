@@ -1,0 +1,24 @@
+// The course of a command that works on a description.
+#ifndef PROGRAMS_DRIVER_FEATURE_WORK_H_
+#define PROGRAMS_DRIVER_FEATURE_WORK_H_
+
+#include <functional>
+#include <vector>
+
+#include "host/base/output_file.h"
+#include "host/base/result.h"
+#include "host/session/session.h"
+#include "host/settings/changes.h"
+
+namespace driver_feature {
+
+// Opens the session, makes the changes, and lets `work` compose its outputs, all
+// with standard output diverted. Then writes the outputs, the settings file to
+// save among them: all or, as far as they are files, none.
+using Work = std::function<Result<>(Session& session, std::vector<OutputText>& outputs)>;
+Result<int> workOnDescription(const SessionRequest& request, const Changes& changes,
+                              const Work& work);
+
+}  // namespace driver_feature
+
+#endif  // PROGRAMS_DRIVER_FEATURE_WORK_H_

@@ -1,0 +1,96 @@
+#include "programs/filter/copy_job.h"
+
+#include <unistd.h>
+
+#include <cstring>
+
+#include "programs/filter/cancellation.h"
+#include "programs/filter/device.h"
+#include "programs/filter/eps_file.h"
+#include "programs/filter/job_source.h"
+#include "programs/filter/job_structure.h"
+#include "programs/filter/libcups_frame.h"
+#include "programs/filter/messages.h"
+
+namespace driver_feature {
+
+namespace {
+
+Result<> problemOf(const Device& device) {
+  if (!device.hasFailed()) return {};
+  return fail(Problem::Kind::kNotWritten, std::string("the job cannot be written to the device: ") +
+                                              std::strerror(device.error()));
+}
+
+Result<> problemOf(const JobStructure& job) {
+  switch (job.kind()) {
+    case JobStructure::Kind::kPostScript:
+      if (!job.hasSecondDocument()) return {};
+      return refused(
+          "only the first document has been printed, because another one follows it; send each as "
+          "a job of its own");
+    case JobStructure::Kind::kUnknown:
+      return refused("the job is empty; send a PostScript document");
+    case JobStructure::Kind::kNotPostScript:
+      break;
+  }
+  return refused(
+      "the job is not PostScript, because it does not begin with %!; let a filter convert it "
+      "first");
+}
+
+// Of a document on whose pages the scheduler's filter has worked.
+Result<> problemOf(const PageCount& count, const JobTexts& texts) {
+  const bool isWhole = texts.end == DocumentEnd::kAny ||
+                       (texts.end == DocumentEnd::kTrailer && count.hasTrailer()) ||
+                       (texts.end == DocumentEnd::kPages && count.pages() == texts.pages);
+  if (!isWhole) {
+    return refused(
+        "the document is not whole, because the scheduler's filter for pages has ended early");
+  }
+  if (texts.end != DocumentEnd::kAny && count.pages() == 0) {
+    tell(Message::kWarning, "no page is printed, because the job's options leave out all of them");
+  }
+  return {};
+}
+
+}  // namespace
+
+Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts) {
+  Result<> result;
+  JobSource source(arguments.file);
+  Device device(STDOUT_FILENO);
+  JobStructure job(texts.sections, device, [&](long page) {
+    tellPage(page, arguments.isConverted ? job.pageCount().copiesInside() : arguments.copies);
+  });
+  LibcupsFrameCutter document(texts.around, job, [&job] { job.noteTakenPjl(); });
+  EpsFile file(document);
+  for (std::string_view bytes = source.read(result); !bytes.empty(); bytes = source.read(result)) {
+    file.put(bytes);
+    device.flush();
+    if (device.hasFailed() || job.kind() == JobStructure::Kind::kNotPostScript) break;
+  }
+  file.finish();
+  document.finish();
+  job.finish();
+  device.flush();
+  if (device.hasBegun()) device.putLast(texts.trailer);
+  if (isCancelled()) {
+    tell(Message::kDebug, "the job has been cancelled");
+    return {};
+  }
+  if (result) result = problemOf(device);
+  if (result) result = problemOf(job);
+  if (result) result = problemOf(job.pageCount(), texts);
+  if (result && file.isCut()) {
+    result = refused("the EPS file ends before its PostScript does; send the whole file");
+  }
+  if (result && !job.isSetUp()) {
+    tell(Message::kWarning,
+         "no comment in the job shows where its pages begin; the settings of "
+         "its document set-up are not written");
+  }
+  return result;
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,129 @@
+#include "programs/filter/filter.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/base/standard_streams.h"
+#include "host/ppd/queue/queue_ppd.h"
+#include "host/session/output_form.h"
+#include "host/session/session.h"
+#include "programs/common/console.h"
+#include "programs/filter/arguments.h"
+#include "programs/filter/cancellation.h"
+#include "programs/filter/copy_job.h"
+#include "programs/filter/job_frame.h"
+#include "programs/filter/job_settings.h"
+#include "programs/filter/messages.h"
+#include "programs/filter/page_work.h"
+#include "programs/filter/queue.h"
+#include "programs/filter/sections.h"
+
+namespace driver_feature {
+
+namespace {
+
+int failWith(const Problem& problem) {
+  tell(Message::kError, describe(problem));
+  return kFailure;
+}
+
+JobTexts composeTexts(const Session& session, const QueuePpd* ppd, const FilterArguments& arguments,
+                      bool takesCopies) {
+  std::vector<std::string> unknown;
+  JobTexts texts;
+  texts.sections = cutSections(outputOf(session.features(), OutputForm::kPostScript), unknown);
+  for (const std::string& name : unknown) {
+    tell(Message::kDebug, "there is no section " + name + "; it goes into the document set-up");
+  }
+  if (ppd != nullptr && !arguments.isConverted) {
+    texts.sections.prolog.insert(0, ppd->jobPatch());
+  }
+  if (!takesCopies) appendLines(texts.sections.documentSetup, copiesText(arguments.copies));
+  const JobFrame frame =
+      frameOf(session.model(), ppd, arguments, outputOf(session.features(), OutputForm::kPjl));
+  texts.sections.header = frame.header;
+  texts.trailer = frame.trailer;
+  if (ppd != nullptr) texts.around = libcupsFrameOf(*ppd, arguments, frame);
+  return texts;
+}
+
+// What the description makes of the job's options; nothing after an ERROR
+// line.
+std::optional<JobTexts> textsFor(FilterArguments& arguments, const Queue& queue, QueuePpd* ppd,
+                                 PageWork& pages) {
+  const StandardOutputDiversion diversion;
+  SessionRequest request;
+  request.description = queue.description;
+  request.library = queue.library;
+  request.routines = queue.routines;
+  request.advice = "write the queue's PPD again with driver-feature queue and --callbacks";
+  request.report = printError;
+  request.loadSetting = applyLoadedSetting;
+  const auto opened = Session::open(request);
+  if (!opened) {
+    tell(Message::kError, describe(opened.error()));
+    return std::nullopt;
+  }
+  Session& session = **opened;
+  // Such as a routine that is missing: the job then lacks what it would write.
+  session.log().setReport([](const std::string& line) { tell(Message::kWarning, line); });
+  session.log().release();
+  session.offerNoAllowance();
+  JobSettings settings(session.model(), ppd, queue.refusedValue, pages);
+  if (!settings.apply(arguments)) return std::nullopt;
+  if (pages.makesCopies()) arguments.copies = 1;
+  auto texts = composeTexts(session, ppd, arguments, settings.takesCopies());
+  arguments.copies = settings.copiesMade(arguments.copies);
+  settings.markAll();
+  return texts;
+}
+
+// Where a document was converted first, the filters before this one have made
+// the copies.
+void dropCopiesMade(FilterArguments& arguments) {
+  const char* type = std::getenv("CONTENT_TYPE");
+  const bool isFirst = !arguments.file.empty() || type == nullptr;
+  arguments.isConverted = !isFirst && std::strcmp(type, "application/postscript") != 0;
+  if (arguments.isConverted) arguments.copies = 1;
+}
+
+// The PPD of the queue; null for a trial without one.
+Result<std::unique_ptr<QueuePpd>> openPpd() {
+  const char* path = std::getenv("PPD");
+  if (path == nullptr || *path == '\0') return nullptr;
+  return QueuePpd::open(path);
+}
+
+}  // namespace
+
+int runFilter(int argc, const char* const* argv) {
+  startMessagesWith("ERROR: ");
+  if (!catchCancellation()) {
+    return failWith(
+        {Problem::Kind::kNotLoaded, std::string("no signal handler: ") + std::strerror(errno), ""});
+  }
+  auto arguments = readArguments(argc, argv);
+  if (!arguments) return failWith(arguments.error());
+  dropCopiesMade(*arguments);
+  const auto ppd = openPpd();
+  if (!ppd) return failWith(ppd.error());
+  const auto queue = readQueue(ppd->get(), [](const char* name) { return std::getenv(name); });
+  if (!queue) return failWith(queue.error());
+  tell(Message::kDebug, "the description is " + queue->description);
+  PageWork pages(*arguments, ppd->get());
+  auto texts = textsFor(*arguments, *queue, ppd->get(), pages);
+  if (!texts) return kFailure;
+  if (const auto started = pages.start(*arguments, *texts); !started) {
+    return failWith(started.error());
+  }
+  Result<> printed = copyJob(*arguments, *texts);
+  if (Result<> ended = pages.finish(); !ended && !isCancelled()) printed = std::move(ended);
+  return printed ? kSuccess : failWith(printed.error());
+}
+
+}  // namespace driver_feature

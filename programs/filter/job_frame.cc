@@ -1,0 +1,76 @@
+#include "programs/filter/job_frame.h"
+
+#include "programs/filter/feature_key.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kUniversalExit = "\x1b%-12345X";
+
+// The beginning of the PPD's job-control language with what libcups adds to
+// it for this job; empty when it writes none.
+std::string beginOf(const QueuePpd& ppd, const FilterArguments& arguments) {
+  const std::string whole =
+      ppd.jobBegin(arguments.job, harmless(arguments.user), harmless(arguments.title));
+  const std::string rest = ppd.jclOptions() + ppd.jclToPostScript();
+  if (!whole.ends_with(rest)) return "";
+  return whole.substr(0, whole.size() - rest.size());
+}
+
+// The PPD's own end of a job; empty without one.
+std::string ownEndOf(const QueuePpd* ppd) {
+  return ppd != nullptr ? ppd->jclEnd() : "";
+}
+
+}  // namespace
+
+JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments& arguments,
+                 const std::string& pjl) {
+  const auto end = pjlOfTrue(model, "JCLEnd");
+  const auto begin = pjlOfTrue(model, "JCLBegin");
+  // As libcups does: without both of them the options' commands would stand bare in front of the
+  // job.
+  const bool isImported = model.index.groupNamed("Section.JCL") == GroupKind::kStatic;
+  if (isImported && (!begin || !pjlOfTrue(model, "JCLToPSInterpreter"))) {
+    return {"", ppd != nullptr ? ppd->jobEnd() : end.value_or("")};
+  }
+  if (pjl.empty() && end.value_or("") == ownEndOf(ppd)) {
+    return {"", ppd != nullptr && ppd->jclBegin().empty() ? ppd->jobEnd() : ""};
+  }
+  JobFrame frame{pjl, end.value_or(pjl.empty() ? "" : kUniversalExit)};
+  if (ppd == nullptr || !begin || begin->empty() || *begin != ppd->jclBegin()) return frame;
+  const std::string ownBegin = beginOf(*ppd, arguments);
+  if (ownBegin.empty() || !pjl.starts_with(*begin)) return frame;
+  frame.header = ownBegin + pjl.substr(begin->size());
+  frame.trailer = ppd->jobEnd();
+  return frame;
+}
+
+LibcupsFrame libcupsFrameOf(const QueuePpd& ppd, const FilterArguments& arguments,
+                            const JobFrame& frame) {
+  LibcupsFrame around;
+  around.exitServer = ppd.exitServer();
+  around.end = ppd.jobEnd();
+  around.replacesEnd = around.end == frame.trailer;
+  const std::string front = ppd.jobBegin(arguments.job, "", "");
+  if (front.empty()) return around;
+  // Of a beginning in PJL libcups leaves a line out and puts others behind its
+  // first command.
+  const std::string begin = ppd.jclBegin();
+  const std::string pjl = std::string(kUniversalExit) + "@PJL";
+  around.begin = begin.starts_with(pjl) ? pjl : begin;
+  around.toPostScript = ppd.jclToPostScript();
+  around.hasHeaderLike = front.find("%!") != std::string::npos;
+  return around;
+}
+
+std::string copiesText(int copies) {
+  if (copies <= 1) return "";
+  const std::string count = std::to_string(copies);
+  return "/languagelevel where { pop languagelevel } { 1 } ifelse 2 ge\n"
+         "{ 1 dict dup /NumCopies " +
+         count + " put setpagedevice }\n{ userdict /#copies " + count + " put } ifelse\n";
+}
+
+}  // namespace driver_feature

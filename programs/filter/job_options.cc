@@ -1,0 +1,129 @@
+// What each option of a job stands for: a choice of the PPD, a feature, something
+// that libcups knows, or work on the pages.
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "host/base/text.h"
+#include "programs/filter/feature_key.h"
+#include "programs/filter/job_settings.h"
+#include "programs/filter/media_rule.h"
+#include "programs/filter/messages.h"
+
+namespace driver_feature {
+
+namespace {
+
+// Options that libcups turns into choices of the PPD. A feature's key may be
+// one of them; a value that the feature does not know is then libcups' affair.
+bool isKnownToLibcups(const std::string& option) {
+  constexpr std::array<std::string_view, 13> kKnown = {"finishings",
+                                                       "finishing-template",
+                                                       "media",
+                                                       "media-col",
+                                                       "mirror",
+                                                       "multiple-document-handling",
+                                                       "output-bin",
+                                                       "output-mode",
+                                                       "print-color-mode",
+                                                       "print-quality",
+                                                       "printer-resolution",
+                                                       "resolution",
+                                                       "sides"};
+  return std::find(kKnown.begin(), kKnown.end(), option) != kKnown.end();
+}
+
+const std::string kPageSize = "PageSize";
+const std::string kMirror = "MirrorPrint";
+
+std::string withoutCustom(const std::string& value) {
+  constexpr std::string_view kCustom = "Custom.";
+  return value.starts_with(kCustom) ? value.substr(kCustom.size()) : value;
+}
+
+bool hasChoice(const FeatureView& feature, const std::string& name) {
+  const std::vector<Choice> choices = feature.choices();
+  return std::any_of(choices.begin(), choices.end(),
+                     [&name](const Choice& choice) { return choice.name == name; });
+}
+
+}  // namespace
+
+void JobSettings::sort(const Setting& option) {
+  const auto keyword = ppd_ != nullptr ? ppd_->keywordOf(option.name) : std::nullopt;
+  const auto feature = model_.features.find(keyword.value_or(option.name));
+  const bool isChoice =
+      feature == model_.features.end() || feature->second.kind() == FeatureKind::kMultiSelect;
+  if (keyword && isChoice) return sortChoice(option, *keyword);
+  if (feature != model_.features.end()) {
+    const std::string value = keyword ? withoutCustom(option.value) : option.value;
+    wishes_.push_back({option.name, {feature->first, value}, ""});
+    return;
+  }
+  if (sortByKey(option)) return;
+  sortUnknown(option);
+}
+
+// A choice of the PPD. libcups does not give "PageRegion" a size of its own
+// making; it means the same as such a "PageSize".
+void JobSettings::sortChoice(const Setting& option, const std::string& keyword) {
+  const bool isRegion = keyword == "PageRegion" && isCustom(option.value);
+  const std::string& target = isRegion ? kPageSize : keyword;
+  Result<> checked;
+  if (isRegion && asksFor(kPageSize)) {
+    checked = refused("it cannot be together with another PageSize; give one of them");
+  } else if (!ppd_->hasChoice(target, option.value)) {
+    // A PPD made of the description cannot have each of its choices.
+    const auto feature = model_.features.find(target);
+    if (feature != model_.features.end() && hasChoice(feature->second, option.value)) {
+      wishes_.push_back({option.name, {feature->first, option.value}, ""});
+      return;
+    }
+    checked = refused("there is no choice \"" + option.value + "\"; choose one of " +
+                      join(ppd_->choicesOf(keyword), ", "));
+  } else if (target == kPageSize) {
+    checked = checkCustomSize(option.value);
+  }
+  if (!checked) return refuse(option.name, checked.error().text);
+  forPpd_.push_back({target, option.value});
+  named_[target] = option.name;
+}
+
+// An option of neither the PPD nor the features.
+void JobSettings::sortUnknown(const Setting& option) {
+  if (ppd_ != nullptr) {
+    // A size that is asked for by name is stronger.
+    const bool hasSize = asksFor(kPageSize) || asksFor("PageRegion");
+    const Result<> checked = option.name == "media" && !hasSize ? checkMedia(*ppd_, option.value)
+                                                                : checkSides(*ppd_, option);
+    if (!checked) return refuse(option.name, checked.error().text);
+  }
+  forPpd_.push_back(option);
+  // libcups makes it a choice of the PPD.
+  if (option.name == "mirror" && ppd_ != nullptr && ppd_->keywordOf(kMirror)) return;
+  if (pages_.take(option)) return;
+  if (ppd_ != nullptr && isKnownToLibcups(option.name) && ppd_->understands(option)) return;
+  tell(Message::kDebug,
+       "option " + option.name + " is ignored, because this queue does not have it");
+}
+
+bool JobSettings::asksFor(const std::string& name) const {
+  return std::any_of(
+      arguments_->options.begin(), arguments_->options.end(),
+      [&name](const Setting& option) { return equalKeywords(option.name.c_str(), name.c_str()); });
+}
+
+bool JobSettings::sortByKey(const Setting& option) {
+  const auto feature = featureWithKey(model_, option.name);
+  if (!feature) return false;
+  const auto value = valueWithKey(model_, *feature, option.value);
+  if (!value && ppd_ != nullptr && isKnownToLibcups(option.name)) {
+    const bool isStrict = option.name == "media" || option.name == "sides";
+    if (!isStrict || ppd_->understands(option)) return false;
+  }
+  wishes_.push_back({option.name, {*feature, value.value_or(option.value)}, ""});
+  return true;
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,198 @@
+#include "programs/filter/job_settings.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+#include "host/settings/settings_file.h"
+#include "programs/filter/feature_key.h"
+#include "programs/filter/messages.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kMirrorPrint = "MirrorPrint";
+
+std::string keywordPart(const std::string& name) {
+  return name.substr(0, name.find('.'));
+}
+
+}  // namespace
+
+bool JobSettings::apply(const FilterArguments& arguments) {
+  arguments_ = &arguments;
+  for (const Setting& option : arguments.options) sort(option);
+  copiesFeature_ = copiesFeature();
+  if (!settlePages()) return false;
+  addCopies(pages_.makesCopies() ? 1 : arguments.copies);
+  addDefault("job-name", harmless(arguments.title));
+  addDefault("user-name", harmless(arguments.user));
+  for (;;) {
+    std::vector<Wish> refused = settle(collect());
+    for (Wish& wish : refused) {
+      if (wish.option.empty()) wish.option = translated(wish.setting);
+    }
+    bool again = false;
+    for (const Wish& wish : refused) {
+      if (wish.option.empty()) {
+        tell(Message::kDebug,
+             "the queue's default of " + wish.setting.name + " does not stand: " + wish.reason);
+        continue;
+      }
+      refuse(wish.option, wish.reason);
+      again = drop(wish.option) || again;
+    }
+    if (!again || hasFailed_) return !hasFailed_;
+  }
+}
+
+// Who works on the pages. The scheduler's filter mirrors them for the PPD's own
+// choice as well, and that choice is written all the same, as for a queue without
+// a description.
+bool JobSettings::settlePages() {
+  if (ppd_ != nullptr) ppd_->mark(forPpd_);
+  const bool isMirrored = ppd_ != nullptr && ppdIsMarked(&ppd_->file(), kMirrorPrint, "True") != 0;
+  if (isMirrored) pages_.takeMirror();
+  const Result<> decided = pages_.decide(takesCopies());
+  if (!decided) tell(Message::kError, decided.error().text);
+  return decided.has_value();
+}
+
+std::string JobSettings::copiesFeature() const {
+  std::string name = "Copies";
+  if (!model_.features.contains(name)) name = featureWithKey(model_, "copies").value_or("");
+  const auto feature = model_.features.find(name);
+  const bool isCount =
+      feature != model_.features.end() && feature->second.kind() == FeatureKind::kIntEntry;
+  return isCount ? name : "";
+}
+
+void JobSettings::addCopies(int copies) {
+  if (copiesFeature_.empty() || isAsked(copiesFeature_)) return;
+  wishes_.push_back({"copies", {copiesFeature_, std::to_string(copies)}, ""});
+}
+
+int JobSettings::copiesMade(int asked) const {
+  if (copiesFeature_.empty()) return asked;
+  const std::string text = settingText(model_.features.at(copiesFeature_)).value_or("");
+  int made = asked;
+  std::from_chars(text.data(), text.data() + text.size(), made);
+  return std::max(made, 1);
+}
+
+void JobSettings::markAll() {
+  if (ppd_ == nullptr) return;
+  std::vector<Setting> options = forPpd_;
+  for (const Wish& wish : wishes_) {
+    const bool isChoice = ppd_->hasChoice(wish.setting.name, wish.setting.value);
+    if (isChoice && wish.reason.empty()) options.push_back(wish.setting);
+  }
+  ppd_->mark(options);
+}
+
+// A feature that is named after something that every job has gets it, unless
+// its value is refused or an option asks for another one.
+void JobSettings::addDefault(const std::string& key, const std::string& value) {
+  const auto feature = featureWithKey(model_, key);
+  if (feature && !isAsked(*feature)) wishes_.push_back({"", {*feature, value}, ""});
+}
+
+bool JobSettings::isAsked(const std::string& feature) const {
+  return std::any_of(wishes_.begin(), wishes_.end(),
+                     [&feature](const Wish& wish) { return wish.setting.name == feature; });
+}
+
+std::vector<JobSettings::Wish> JobSettings::collect() {
+  std::vector<Wish> all = ppd_ != nullptr ? marked() : std::vector<Wish>();
+  all.insert(all.end(), wishes_.begin(), wishes_.end());
+  return all;
+}
+
+// What the PPD's marked choices mean for the features.
+std::vector<JobSettings::Wish> JobSettings::marked() {
+  ppd_->mark(forPpd_);
+  std::vector<Wish> wishes;
+  std::string parameter;  // The value of the last parameter of a custom choice.
+  for (Setting& setting : ppd_->marked()) {
+    const auto feature = model_.features.find(setting.name);
+    if (feature == model_.features.end()) {
+      parameter = setting.value;
+      continue;
+    }
+    const bool isChoice = feature->second.kind() == FeatureKind::kMultiSelect;
+    const bool isOption = setting.name == keywordPart(setting.name);
+    if (!isChoice && isOption && setting.value == "not set") continue;
+    if (!isChoice && isOption && setting.value == "Custom") setting.value = parameter;
+    const auto option = named_.find(keywordPart(setting.name));
+    wishes.push_back({option != named_.end() ? option->second : "", std::move(setting), ""});
+  }
+  return wishes;
+}
+
+bool JobSettings::isMarkedBy(const std::vector<Setting>& options, const Setting& setting) const {
+  ppd_->mark(options);
+  const std::vector<Setting> marked = ppd_->marked();
+  return std::any_of(marked.begin(), marked.end(), [&setting](const Setting& other) {
+    return other.name == setting.name && other.value == setting.value;
+  });
+}
+
+// The job's option that libcups has turned into the setting, such as "media";
+// empty when it is a default.
+std::string JobSettings::translated(const Setting& setting) const {
+  if (ppd_ == nullptr) return "";
+  std::string name;
+  if (!isMarkedBy({}, setting)) {
+    const auto option = std::find_if(forPpd_.begin(), forPpd_.end(), [&](const Setting& one) {
+      return !named_.contains(one.name) && isMarkedBy({one}, setting);
+    });
+    if (option != forPpd_.end()) name = option->name;
+  }
+  ppd_->mark(forPpd_);
+  return name;
+}
+
+// Applies the wishes, and again those that were refused as long as others have
+// changed something: an option may be available because of another one.
+// Answers the wishes that stay refused.
+std::vector<JobSettings::Wish> JobSettings::settle(std::vector<Wish> wishes) const {
+  for (std::size_t before = wishes.size() + 1; wishes.size() < before;) {
+    before = wishes.size();
+    std::erase_if(wishes, [this](Wish& wish) { return isDone(wish); });
+  }
+  return wishes;
+}
+
+bool JobSettings::isDone(Wish& wish) const {
+  const auto feature = model_.features.find(wish.setting.name);
+  if (feature != model_.features.end() && settingText(feature->second) == wish.setting.value) {
+    return true;
+  }
+  const Result<> applied = applySetting(model_, wish.setting);
+  wish.reason = applied ? "" : applied.error().text;
+  return applied.has_value();
+}
+
+void JobSettings::refuse(const std::string& option, const std::string& reason) {
+  if (refusedValue_ == RefusedValue::kFail) {
+    hasFailed_ = true;
+    tell(Message::kError, "option " + option + ": " + reason);
+  } else {
+    tell(Message::kWarning,
+         "option " + option + ": " + reason + "; the queue's default stands in its place");
+  }
+}
+
+// Takes an option back. False when that changes nothing.
+bool JobSettings::drop(const std::string& option) {
+  const auto taken = std::erase_if(wishes_, [&](const Wish& w) { return w.option == option; });
+  std::string keyword = option;  // Of one that libcups translates, its own name.
+  for (const auto& [name, asked] : named_) {
+    if (asked == option) keyword = name;
+  }
+  named_.erase(keyword);
+  return std::erase_if(forPpd_, [&](const Setting& s) { return s.name == keyword; }) + taken > 0;
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,85 @@
+// Gives the features the values that a job asks for.
+#ifndef PROGRAMS_FILTER_JOB_SETTINGS_H_
+#define PROGRAMS_FILTER_JOB_SETTINGS_H_
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/ppd/queue/queue_ppd.h"
+#include "host/settings/setting.h"
+#include "programs/filter/arguments.h"
+#include "programs/filter/page_work.h"
+#include "programs/filter/queue.h"
+
+namespace driver_feature {
+
+class JobSettings {
+ public:
+  // `ppd` may be null. All must outlive this object.
+  JobSettings(const Model& model, QueuePpd* ppd, RefusedValue refusedValue, PageWork& pages)
+      : model_(model), ppd_(ppd), refusedValue_(refusedValue), pages_(pages) {}
+
+  // Applies the queue's defaults, the job's options and its copies, in that
+  // order. Features with the keys "job-name" and "user-name" get the job's.
+  //
+  // An option is one of the PPD, or a feature by its name or its "CLOKey", or
+  // one that libcups turns into choices of the PPD, or one for the pages. Others
+  // are ignored. For a value that must be refused, an ERROR line says why, and
+  // false is returned; or a WARNING line says why, and the queue's default is
+  // used, when the queue says so.
+  bool apply(const FilterArguments& arguments);
+
+  // Whether a feature has taken the copies, so that its commands make them.
+  bool takesCopies() const { return !copiesFeature_.empty(); }
+
+  // How many copies the features' commands make, or `asked` without such a
+  // feature.
+  int copiesMade(int asked) const;
+
+  // Marks in the PPD what the job has in the end, also what it has asked of
+  // features directly.
+  void markAll();
+
+ private:
+  // A value for a feature.
+  struct Wish {
+    std::string option;  // The job's option that asks for it; empty for a default.
+    Setting setting;
+    std::string reason;  // Why it was refused.
+  };
+
+  void sort(const Setting& option);
+  bool sortByKey(const Setting& option);
+  void sortChoice(const Setting& option, const std::string& keyword);
+  void sortUnknown(const Setting& option);
+  bool asksFor(const std::string& name) const;
+  bool settlePages();
+  std::string copiesFeature() const;
+  void addCopies(int copies);
+  void addDefault(const std::string& key, const std::string& value);
+  bool isAsked(const std::string& feature) const;
+  std::vector<Wish> collect();
+  std::vector<Wish> marked();
+  bool isMarkedBy(const std::vector<Setting>& options, const Setting& setting) const;
+  std::string translated(const Setting& setting) const;
+  std::vector<Wish> settle(std::vector<Wish> wishes) const;
+  bool isDone(Wish& wish) const;
+  void refuse(const std::string& option, const std::string& reason);
+  bool drop(const std::string& option);
+
+  const Model& model_;
+  QueuePpd* ppd_;
+  RefusedValue refusedValue_;
+  PageWork& pages_;
+  const FilterArguments* arguments_ = nullptr;  // Of the job that is applied.
+  std::string copiesFeature_;                   // Empty without one.
+  bool hasFailed_ = false;
+  std::vector<Setting> forPpd_;               // Options for libcups to mark.
+  std::map<std::string, std::string> named_;  // Keywords of the PPD to the job's options.
+  std::vector<Wish> wishes_;                  // What the job asks of features directly.
+};
+
+}  // namespace driver_feature
+
+#endif  // PROGRAMS_FILTER_JOB_SETTINGS_H_

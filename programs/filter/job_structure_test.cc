@@ -1,0 +1,366 @@
+#include "programs/filter/job_structure.h"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace driver_feature {
+namespace {
+
+using testing::ElementsAre;
+
+class Memory : public ByteSink {
+ public:
+  void put(std::string_view bytes) override { text += bytes; }
+  std::string text;
+};
+
+struct Outcome {
+  std::string text;
+  std::vector<long> pages;
+  JobStructure::Kind kind = JobStructure::Kind::kUnknown;
+  bool isSetUp = false;
+  bool hasSecondDocument = false;
+};
+
+Sections allSections() {
+  return {"<header>", "exit\n", "prolog\n", "document\n", "page\n"};
+}
+
+// What comes out of a job that comes in pieces of that many bytes.
+Outcome run(const std::string& job, std::size_t piece, const Sections& sections = allSections()) {
+  Memory memory;
+  Outcome outcome;
+  JobStructure structure(sections, memory,
+                         [&outcome](long page) { outcome.pages.push_back(page); });
+  for (std::size_t at = 0; at < job.size(); at += piece) {
+    structure.put(std::string_view(job).substr(at, piece));
+  }
+  structure.finish();
+  outcome.text = memory.text;
+  outcome.kind = structure.kind();
+  outcome.isSetUp = structure.isSetUp();
+  outcome.hasSecondDocument = structure.hasSecondDocument();
+  return outcome;
+}
+
+// The same text, whatever the pieces are.
+std::string written(const std::string& job, const Sections& sections = allSections()) {
+  std::string text = run(job, job.size() + 1, sections).text;
+  for (std::size_t piece = 1; piece < job.size(); ++piece) {
+    const std::string other = run(job, piece, sections).text;
+    if (other != text) return "with pieces of " + std::to_string(piece) + ": " + other;
+  }
+  return text;
+}
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+  for (std::size_t at = text.find(from); at != std::string::npos;
+       at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+const std::string kWhole =
+    "%!PS-Adobe-3.0\n%%Pages: 2\n%%EndComments\n%%BeginProlog\n/p 1 def\n%%EndProlog\n"
+    "%%BeginSetup\n/s 1 def\n%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\n/q 1 def\n%%EndPageSetup\n"
+    "showpage\n%%Page: 2 2\n%%BeginPageSetup\n%%EndPageSetup\nshowpage\n%%Trailer\n%%EOF\n";
+const std::string kWholeWritten =
+    "<header>%!PS-Adobe-3.0\n%%Pages: 2\n%%EndComments\nexit\n%%BeginProlog\nprolog\n/p 1 def\n"
+    "%%EndProlog\n%%BeginSetup\ndocument\n/s 1 def\n%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\n"
+    "page\n/q 1 def\n%%EndPageSetup\nshowpage\n%%Page: 2 2\n%%BeginPageSetup\npage\n"
+    "%%EndPageSetup\nshowpage\n%%Trailer\n%%EOF\n";
+
+TEST(JobStructure, JobWithEveryPart_GetsEachSectionAtItsBeginning) {
+  EXPECT_EQ(written(kWhole), kWholeWritten);
+  EXPECT_THAT(run(kWhole, 1).pages, ElementsAre(1, 2));
+  EXPECT_TRUE(run(kWhole, 1).isSetUp);
+}
+
+TEST(JobStructure, OtherLineEnds_StayAsTheyAre) {
+  for (const std::string end : {"\r", "\r\n"}) {
+    std::string expected = replaced(kWholeWritten, "\n", end);
+    for (const std::string text : {"exit", "prolog", "document"}) {
+      expected = replaced(expected, end + text + end, end + text + "\n");
+    }
+    expected = replaced(expected, end + "page" + end, end + "page\n");
+    EXPECT_EQ(written(replaced(kWhole, "\n", end)), expected) << end.size();
+  }
+}
+
+TEST(JobStructure, NoSections_ChangesNothing) {
+  EXPECT_EQ(written(kWhole, Sections()), kWhole);
+  const std::string missing = "%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%Page: 1 1\nshowpage\n";
+  EXPECT_EQ(written(missing, Sections()), missing);
+  EXPECT_EQ(written("%!PS\nshowpage", Sections()), "%!PS\nshowpage");
+  EXPECT_TRUE(run("%!PS\nshowpage", 1, Sections()).isSetUp);
+}
+
+TEST(JobStructure, MissingParts_AreAdded) {
+  EXPECT_EQ(written("%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%Page: 1 1\n%%PageBoundingBox: 0 "
+                    "0 9 9\n%%+ more\nshowpage\n%%EOF\n"),
+            "<header>%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\nexit\n%%BeginProlog\nprolog\n"
+            "%%EndProlog\n%%BeginSetup\ndocument\n%%EndSetup\n%%Page: 1 1\n%%PageBoundingBox: 0 0 "
+            "9 9\n%%+ more\n%%BeginPageSetup\npage\n%%EndPageSetup\nshowpage\n%%EOF\n");
+}
+
+TEST(JobStructure, PrologWithoutBegin_GoesOnInTheAddedOne) {
+  EXPECT_EQ(written("%!PS-Adobe-2.0\n%%Pages: 1\n%%EndComments\n%%BeginProcSet: a\n/p 1 def\n"
+                    "%%EndProcSet\n%%EndProlog\n%%Page: 1 1\nshowpage\n"),
+            "<header>%!PS-Adobe-2.0\n%%Pages: 1\n%%EndComments\nexit\n%%BeginProlog\nprolog\n"
+            "%%BeginProcSet: a\n/p 1 def\n%%EndProcSet\n%%EndProlog\n%%BeginSetup\ndocument\n"
+            "%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\npage\n%%EndPageSetup\nshowpage\n");
+}
+
+TEST(JobStructure, PrologWithoutEnd_IsEndedBeforeTheSetup) {
+  EXPECT_EQ(written("%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%BeginProcSet: a\n%%EndProcSet\n"
+                    "%%BeginSetup\n%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\n"),
+            "<header>%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\nexit\n%%BeginProlog\nprolog\n"
+            "%%BeginProcSet: a\n%%EndProcSet\n%%EndProlog\n%%BeginSetup\ndocument\n%%EndSetup\n"
+            "%%Page: 1 1\n%%BeginPageSetup\npage\n");
+}
+
+TEST(JobStructure, CodeBehindTheProlog_BeginsTheSetup) {
+  EXPECT_EQ(written("%!PS-Adobe-2.0\n%%Pages: 1\n%%EndComments\n%%BeginProlog\n%%EndProlog\n\n"
+                    "% a note\n/s 1 def\n%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\n"),
+            "<header>%!PS-Adobe-2.0\n%%Pages: 1\n%%EndComments\nexit\n%%BeginProlog\nprolog\n"
+            "%%EndProlog\n\n% a note\n%%BeginSetup\ndocument\n/s 1 def\n%%EndSetup\n%%Page: 1 1\n"
+            "%%BeginPageSetup\npage\n");
+  EXPECT_EQ(written("%!PS-Adobe-2.0\n%%Pages: 1\n%%EndComments\n%%BeginProlog\n%%EndProlog\n"
+                    "/s 1 def\n%%Page: 1 1\n%%BeginPageSetup\n"),
+            "<header>%!PS-Adobe-2.0\n%%Pages: 1\n%%EndComments\nexit\n%%BeginProlog\nprolog\n"
+            "%%EndProlog\n%%BeginSetup\ndocument\n/s 1 def\n%%EndSetup\n%%Page: 1 1\n"
+            "%%BeginPageSetup\npage\n");
+}
+
+TEST(JobStructure, EncapsulatedPageWithoutPageComments_GetsPageSetupOnce) {
+  EXPECT_EQ(written("%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 9 9\n%%EndComments\n"
+                    "%%BeginProlog\n%%EndProlog\n0 0 moveto\nshowpage\n%%EOF\n"),
+            "<header>%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 9 9\n%%EndComments\nexit\n"
+            "%%BeginProlog\nprolog\n%%EndProlog\n%%BeginSetup\ndocument\npage\n0 0 moveto\n"
+            "showpage\n%%EndSetup\n%%EOF\n");
+}
+
+TEST(JobStructure, JobWithoutStructure_GetsAllBehindItsFirstComments) {
+  const std::string all =
+      "exit\n%%BeginProlog\nprolog\n%%EndProlog\n%%BeginSetup\ndocument\npage\n%%EndSetup\n";
+  EXPECT_EQ(written("%!\n0 0 moveto\nshowpage\n"), "<header>%!\n" + all + "0 0 moveto\nshowpage\n");
+  EXPECT_EQ(written("%!PS-Adobe-3.0\n%%Title: a\n%%Pages: 1\ncode\n"),
+            "<header>%!PS-Adobe-3.0\n%%Title: a\n%%Pages: 1\n" + all + "code\n");
+  EXPECT_EQ(
+      written("%!PS\n%%EndComments\n% note\n\ncode\n"),
+      "<header>%!PS\n%%EndComments\n" + replaced(all, "exit\n", "exit\n% note\n\n") + "code\n");
+  EXPECT_EQ(written("%!PS"), "<header>%!PS\n" + all);
+  EXPECT_EQ(written("%!PS\n%%EndComments"), "<header>%!PS\n%%EndComments\n" + all);
+}
+
+TEST(JobStructure, HeaderWithoutEnd_EndsAtTheNextPart) {
+  const std::string front =
+      "<header>%!PS-Adobe-3.0\n%%Pages: 1\nexit\n%%BeginProlog\nprolog\n%%EndProlog\n";
+  for (const std::string next : {"%%Trailer\n", "%%EOF\n", "%%Page: 1 1\n"}) {
+    EXPECT_EQ(written("%!PS-Adobe-3.0\n%%Pages: 1\n" + next),
+              front + "%%BeginSetup\ndocument\n%%EndSetup\n" + next);
+  }
+  EXPECT_EQ(written("%!PS-Adobe-3.0\n%%Pages: 1\n%%BeginSetup\n"),
+            front + "%%BeginSetup\ndocument\n");
+}
+
+TEST(JobStructure, DefaultsAndPreview_StayInFrontOfTheProlog) {
+  EXPECT_EQ(written("%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%BeginPreview: 8 1 1 1\n% FF\n"
+                    "%%EndPreview\n%%BeginDefaults\n%%PageMedia: a\n%%EndDefaults\n%%BeginProlog\n"
+                    "%%EndProlog\n%%BeginSetup\n"),
+            "<header>%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\nexit\n%%BeginPreview: 8 1 1 1\n% "
+            "FF\n%%EndPreview\n%%BeginDefaults\n%%PageMedia: a\n%%EndDefaults\n%%BeginProlog\n"
+            "prolog\n%%EndProlog\n%%BeginSetup\ndocument\n");
+}
+
+// The parts that no comment in them may change.
+std::string jobWith(const std::string& inside) {
+  return "%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%BeginProlog\n%%EndProlog\n%%BeginSetup\n"
+         "%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\n%%EndPageSetup\n" +
+         inside + "showpage\n%%Page: 2 2\n%%BeginPageSetup\n";
+}
+std::string writtenWith(const std::string& inside) {
+  return "<header>%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\nexit\n%%BeginProlog\nprolog\n"
+         "%%EndProlog\n%%BeginSetup\ndocument\n%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\npage\n"
+         "%%EndPageSetup\n" +
+         inside + "showpage\n%%Page: 2 2\n%%BeginPageSetup\npage\n";
+}
+
+TEST(JobStructure, EmbeddedDocuments_PassUntouched) {
+  for (const std::string inside :
+       {"%%BeginDocument: a.eps\n%!PS-Adobe-3.0 EPSF\n%%Page: 1 "
+        "1\n%%BeginPageSetup\n%%EndDocument\n",
+        "%%BeginDocument: a\n%%BeginDocument: b\n%%EndDocument\n%%Page: 9 9\n%%EndDocument\n",
+        "%%BeginDocument: a\n%%BeginBinary: 16\n\n%%EndDocument\n.\n%%EndBinary\n%%Page: 9 9\n"
+        "%%EndDocument\n"}) {
+    EXPECT_EQ(written(jobWith(inside)), writtenWith(inside));
+    EXPECT_THAT(run(jobWith(inside), 1).pages, ElementsAre(1, 2)) << inside;
+  }
+}
+
+TEST(JobStructure, BinaryData_PassesUntouched) {
+  for (const std::string& inside :
+       {std::string("%%BeginBinary: 13\n%%Page: 3 3\r\n%%EndBinary\n"),
+        std::string("%%BeginBinary: 14\nx\0\n%%Page: 3 3\n%%EndBinary\n", 45),
+        std::string("%%BeginData: 13 Binary Bytes\n%%Page: 3 3\r\n%%EndData\n"),
+        std::string("%%BeginData: 2 ASCII Lines\n%%EndData\n%%Page: 3 3\n%%EndData\n"),
+        std::string("%%BeginData: 3 ASCII Lines\nab\n%%EndData\n%%Page: 3 3\n%%EndData\n")}) {
+    EXPECT_EQ(written(jobWith(inside)), writtenWith(inside));
+    EXPECT_THAT(run(jobWith(inside), 1).pages, ElementsAre(1, 2)) << inside;
+  }
+  const std::string unknown = "%%BeginData: many\n%%Page: 3 3\n%%EndData\n";
+  EXPECT_EQ(written(jobWith(unknown)), writtenWith(unknown));
+}
+
+TEST(JobStructure, EveryByte_Passes) {
+  std::string bytes;
+  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
+  const std::string inside = "%%BeginBinary: 256\n" + bytes + "\n%%EndBinary\n(" + bytes + ")\n";
+  EXPECT_EQ(written(jobWith(inside)), writtenWith(inside));
+}
+
+TEST(JobStructure, LineOfHundredMegabytes_PassesInPieces) {
+  class Counter : public ByteSink {
+   public:
+    void put(std::string_view bytes) override {
+      count += bytes.size();
+      longest = std::max(longest, bytes.size());
+    }
+    std::uint64_t count = 0;
+    std::size_t longest = 0;
+  };
+  Counter counter;
+  JobStructure structure(allSections(), counter, [](long) {});
+  structure.put("%!PS-Adobe-3.0\n%%Pages: 1\n");
+  const std::uint64_t before = counter.count;
+  const std::string piece(65536, '%');
+  for (int i = 0; i < 1600; ++i) structure.put(piece);
+  structure.finish();
+  // Behind the line, which is a header comment, stand its line end and the texts with their
+  // comments.
+  EXPECT_EQ(counter.count - before, 1600U * 65536U + 1 + 5 + 33 + 38);
+  EXPECT_LE(counter.longest, 65536U);
+}
+
+TEST(JobStructure, PjlOfTheJobItself_IsTakenOff) {
+  const std::string exit = "\x1b%-12345X";
+  for (const std::string& front :
+       {exit + "@PJL\r\n@PJL SET COPIES=3\r\n@PJL ENTER LANGUAGE=POSTSCRIPT\r\n", exit,
+        "\x04" + exit + "@PJL\n\n@PJL ENTER LANGUAGE = POSTSCRIPT \n\x04", exit + exit + "\n"}) {
+    for (const std::string& back : {exit, exit + "@PJL EOJ\r\n" + exit + "\n", "\x04" + exit}) {
+      EXPECT_EQ(written(front + jobWith("") + back), writtenWith("")) << front << back;
+    }
+  }
+  EXPECT_EQ(written("\x04" + jobWith("")), writtenWith(""));
+}
+
+// PJL knows no capital letters; CUPS sends these jobs for PostScript.
+TEST(JobStructure, LanguageInOtherLetters_IsPostScript) {
+  const std::string exit = "\x1b%-12345X";
+  for (const std::string language : {"ENTER LANGUAGE = PostScript", "ENTER LANGUAGE = Postscript",
+                                     "Enter Language=postscript"}) {
+    EXPECT_EQ(written(exit + "@PJL " + language + "\n" + jobWith("") + exit), writtenWith(""))
+        << language;
+  }
+  EXPECT_EQ(written(exit + "@PJL enter language=pclxl\n" + jobWith("")), "");
+}
+
+TEST(JobStructure, PjlBehindAnyPart_IsTakenOff) {
+  const std::string exit = "\x1b%-12345X";
+  for (const std::string job :
+       {"%!PS\n", "%!PS\ncode\n", "%!PS\n%%EndComments\n%%BeginDefaults\n",
+        "%!PS\n%%EndComments\n%%BeginProlog\ncode\n",
+        "%!PS\n%%EndComments\n%%BeginProlog\n%%EndProlog\n",
+        "%!PS\n%%EndComments\n%%BeginProlog\n%%EndProlog\ncode\nshowpage\n",
+        "%!PS\n%%BeginSetup\ncode\n", "%!PS\n%%Page: 1 1\n", "%!PS\n%%Page: 1 1\ncode\n"}) {
+    EXPECT_EQ(written(exit + "@PJL\n" + job + exit + "@PJL EOJ\n" + exit), written(job)) << job;
+  }
+}
+
+TEST(JobStructure, PjlWithoutAnExitInFront_IsTakenOff) {
+  const std::string exit = "\x1b%-12345X";
+  EXPECT_EQ(written("@PJL\n@PJL ENTER LANGUAGE=POSTSCRIPT\n" + jobWith("")), writtenWith(""));
+  EXPECT_EQ(written("@PJL SET COPIES=2\r\n" + jobWith("") + exit), writtenWith(""));
+}
+
+TEST(JobStructure, RemarkOnALanguage_EntersNone) {
+  const std::string exit = "\x1b%-12345X";
+  const std::string remark = "@PJL COMMENT ENTER LANGUAGE = PCL\n";
+  EXPECT_EQ(written(exit + remark + "@PJL ENTER LANGUAGE=POSTSCRIPT\n" + jobWith("") + exit +
+                    remark + exit),
+            writtenWith(""));
+}
+
+// Binary data may hold anything, such as another job for printers.
+TEST(JobStructure, ExitInTheDataOfAJobWithPjl_Passes) {
+  const std::string exit = "\x1b%-12345X";
+  const std::string end = exit + "@PJL EOJ\n" + exit;
+  for (const std::string& inside :
+       {exit + "\n", exit + "abc\n", exit + "@PJL\n@PJL EOJ\n\nabc\n", exit + exit + "\xff\r\n",
+        exit + std::string(2000, 'x') + "\n", "\x04" + exit + "\nabc\n" + exit + "\nabc\n",
+        exit + "@PJL COMMENT ENTER LANGUAGE=PCL\nabc\n",
+        exit + "@PJL COMMENT " + std::string(2000, 'x') + "\nabc\n"}) {
+    EXPECT_EQ(written(exit + "@PJL\n" + jobWith(inside) + end), writtenWith(inside)) << inside;
+    EXPECT_EQ(written(exit + "@PJL\n" + jobWith(inside)), writtenWith(inside)) << inside;
+    EXPECT_FALSE(run(exit + "@PJL\n" + jobWith(inside) + end, 1).hasSecondDocument) << inside;
+  }
+}
+
+TEST(JobStructure, TrailerLongerThanAnyIs_Passes) {
+  const std::string exit = "\x1b%-12345X";
+  std::string lines;
+  for (int i = 0; i < 300; ++i) lines += "@PJL COMMENT " + std::to_string(i) + "\n";
+  EXPECT_EQ(run(exit + "@PJL\n" + jobWith("") + exit + "\n" + lines, 4096).text,
+            writtenWith("") + exit + "\n" + lines);
+}
+
+TEST(JobStructure, SecondDocumentBehindThePjl_IsToldOf) {
+  const std::string exit = "\x1b%-12345X";
+  const std::string first = exit + "@PJL\n%!PS\nshowpage\n";
+  EXPECT_FALSE(run(first + exit + "@PJL EOJ\n" + exit, 1).hasSecondDocument);
+  EXPECT_TRUE(run(first + exit + "@PJL\n%!PS\nshowpage\n" + exit, 1).hasSecondDocument);
+  EXPECT_TRUE(run(first + exit + "%!PS\nshowpage\n" + exit, 1).hasSecondDocument);
+  const std::string pcl = exit +
+                          "@PJL ENTER LANGUAGE=PCL\n\x1b"
+                          "E\n" +
+                          exit + "abc\n";
+  EXPECT_TRUE(run(first + pcl, 1).hasSecondDocument);
+  EXPECT_EQ(run(first + pcl, 1).text, run(first, 1).text);
+  EXPECT_FALSE(run(first + exit + "@PJL ENTER LANGUAGE=PCL\n" + exit, 1).hasSecondDocument);
+}
+
+TEST(JobStructure, ExitInAJobWithoutPjl_Passes) {
+  const std::string inside = "\x1b%-12345X@PJL\n";
+  EXPECT_EQ(written(jobWith(inside)), writtenWith(inside));
+}
+
+TEST(JobStructure, WhatIsNoPostScript_IsDropped) {
+  const std::string exit = "\x1b%-12345X";
+  for (const std::string& job :
+       {std::string("%PDF-1.4\n%!PS\n"), std::string("hello\n%!PS\n"),
+        std::string("@PJL ENTER LANGUAGE=PCL\n%!PS\n"), std::string("@PJL\nhello\n%!PS\n"),
+        exit + "@PJL ENTER LANGUAGE=PCL\n%!PS\n", exit + "E\n", std::string(5000, 'x')}) {
+    EXPECT_EQ(written(job), "") << job;
+    EXPECT_EQ(run(job, 1).kind, JobStructure::Kind::kNotPostScript) << job;
+  }
+  for (const std::string job : {"", "\x04", "\n\n"}) {
+    EXPECT_EQ(run(job, 1).kind, JobStructure::Kind::kUnknown) << job;
+  }
+  EXPECT_EQ(run("%!", 1).kind, JobStructure::Kind::kPostScript);
+}
+
+TEST(JobStructure, PrologWithoutEndAndPages_LeavesTheSetupOut) {
+  const Outcome outcome =
+      run("%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%BeginProlog\ncode\n", 1);
+  EXPECT_FALSE(outcome.isSetUp);
+  EXPECT_EQ(outcome.text,
+            "<header>%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\nexit\n%%BeginProlog\nprolog\n"
+            "code\n");
+}
+
+}  // namespace
+}  // namespace driver_feature

@@ -1,0 +1,26 @@
+// The program driver-feature-filter: what a print scheduler runs for the jobs
+// of a queue, to write them with the commands of a feature description.
+
+#include <exception>
+#include <new>
+
+#include "host/base/standard_streams.h"
+#include "programs/common/console.h"
+#include "programs/filter/filter.h"
+#include "programs/filter/messages.h"
+
+int main(int argc, char** argv) {
+  driver_feature::prepareStandardStreams();
+  try {
+    return driver_feature::runFilter(argc, argv);
+  } catch (const std::bad_alloc&) {
+    driver_feature::printLackOfMemory();
+  } catch (const std::exception& error) {
+    driver_feature::tell(driver_feature::Message::kError, error.what());
+  } catch (...) {
+    driver_feature::tell(driver_feature::Message::kError,
+                         "a routine of the description threw something that is no std::exception; "
+                         "correct it");
+  }
+  return driver_feature::kFailure;
+}

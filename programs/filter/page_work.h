@@ -1,0 +1,77 @@
+// What a job asks of its document's pages, and who does it.
+//
+// A document that was sent as PostScript goes through the scheduler's own
+// filter for pages when an option, the queue's PPD or the scheduler asks for
+// something that is done to pages. Every other one is copied as it comes.
+#ifndef PROGRAMS_FILTER_PAGE_WORK_H_
+#define PROGRAMS_FILTER_PAGE_WORK_H_
+
+#include <string>
+#include <vector>
+
+#include "host/ppd/queue/queue_ppd.h"
+#include "host/settings/setting.h"
+#include "programs/filter/arguments.h"
+#include "programs/filter/copy_job.h"
+#include "programs/filter/kept_document.h"
+#include "programs/filter/page_filter.h"
+
+namespace driver_feature {
+
+class PageWork {
+ public:
+  // `ppd` may be null. It must outlive this object.
+  PageWork(const FilterArguments& arguments, const QueuePpd* ppd);
+
+  // Takes an option of the job that no feature has taken, if it is for pages.
+  // A warning reports an option that asks for something unknown.
+  bool take(const Setting& option);
+
+  // Mirrors the pages if it can be done; there is no message if not.
+  void takeMirror() { isMirrored_ = true; }
+
+  // Finds out who works on the pages, for which the job may be read. Each
+  // option that cannot be carried out gets a WARNING line. The PPD has the
+  // job's choices marked. `takesCopies` says that a feature makes copies.
+  // Returns why the job fails.
+  Result<> decide(bool takesCopies);
+
+  // Whether the pages are worked on.
+  bool works() const { return works_; }
+
+  // Whether the copies are made here, and not by the printer.
+  bool makesCopies() const { return makesCopies_; }
+
+  // Starts the work, if there is any: the job then comes from standard input,
+  // and `arguments` and `texts` say so. The PPD has the job's choices marked.
+  Result<> start(FilterArguments& arguments, JobTexts& texts);
+
+  // Ends it, as PageFilter::finish() does.
+  Result<> finish() { return filter_.finish(); }
+
+ private:
+  bool wantsCopies(bool takesCopies) const;
+  bool isReversed() const;
+  bool wantsWork() const;
+  bool asksForReverse() const;
+  void warn(const std::vector<std::string>& options, const std::string& reason) const;
+  void giveUp(const std::string& reason);
+  void giveUpAll(const std::string& reason);
+  Result<> checkRoom() const;
+
+  const FilterArguments& arguments_;
+  const int copies_;
+  const QueuePpd* ppd_;
+  std::vector<Setting> options_;    // For the filter.
+  std::vector<std::string> asked_;  // The names of those that ask for something.
+  std::string collation_;           // The option that asks for it; empty without one.
+  bool isMirrored_ = false;
+  bool works_ = false;        // The filter works on the pages.
+  bool makesCopies_ = false;  // It makes the copies.
+  KeptDocument document_;
+  PageFilter filter_;
+};
+
+}  // namespace driver_feature
+
+#endif  // PROGRAMS_FILTER_PAGE_WORK_H_

@@ -1,0 +1,86 @@
+#include "programs/filter/queue.h"
+
+#include <filesystem>
+
+namespace driver_feature {
+
+namespace {
+
+constexpr const char* kRefusedValueVariable = "DRIVER_FEATURE_REFUSED_VALUE";
+
+// What one source says, by the names of its settings.
+struct Source {
+  std::function<std::vector<std::string>(const std::string& setting)> all;
+  std::string refusedValue;  // What it calls the setting RefusedValue.
+
+  std::string last(const std::string& setting) const {
+    const std::vector<std::string> values = all(setting);
+    return values.empty() ? "" : values.back();
+  }
+};
+
+Result<> readRefusedValue(const Source& source, Queue& queue) {
+  const std::string text = source.last("RefusedValue");
+  if (text.empty()) return {};
+  if (text != "fail" && text != "default") {
+    return refused(source.refusedValue + " is \"" + text + "\"; make it \"fail\" or \"default\"");
+  }
+  queue.refusedValue = text == "default" ? RefusedValue::kDefault : RefusedValue::kFail;
+  return {};
+}
+
+Result<> readSource(const Source& source, Queue& queue) {
+  const std::string description = source.last("Description");
+  const std::string library = source.last("Library");
+  const std::vector<std::string> routines = source.all("Routines");
+  if (!description.empty()) queue.description = description;
+  if (!library.empty()) queue.library = library;
+  if (!routines.empty()) queue.routines = routines;
+  return readRefusedValue(source, queue);
+}
+
+Source sourceOf(const QueuePpd& ppd) {
+  const auto read = [&ppd](const std::string& setting) {
+    std::vector<std::string> values = ppd.attributes("DriverFeature" + setting);
+    if (setting == "RefusedValue") return values;
+    const std::filesystem::path folder = std::filesystem::path(ppd.path()).parent_path();
+    for (std::string& value : values) {
+      if (!value.empty()) value = folder / value;
+    }
+    return values;
+  };
+  return {read, "*DriverFeatureRefusedValue"};
+}
+
+std::string environmentName(const std::string& setting) {
+  if (setting == "RefusedValue") return kRefusedValueVariable;
+  std::string name = "DRIVER_FEATURE_";
+  for (const char c : setting) name += static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
+  return name;
+}
+
+Source sourceOf(const Environment& environment) {
+  const auto read = [&environment](const std::string& setting) {
+    std::vector<std::string> values;
+    const char* value = environment(environmentName(setting).c_str());
+    if (value != nullptr && *value != '\0') values.emplace_back(value);
+    return values;
+  };
+  return {read, kRefusedValueVariable};
+}
+
+}  // namespace
+
+Result<Queue> readQueue(const QueuePpd* ppd, const Environment& environment) {
+  Queue queue;
+  if (ppd != nullptr) {
+    if (Result<> read = readSource(sourceOf(*ppd), queue); !read) return failureOf(read);
+  }
+  if (Result<> read = readSource(sourceOf(environment), queue); !read) return failureOf(read);
+  if (!queue.description.empty()) return queue;
+  return refused(
+      "the queue names no description; write its PPD with \"driver-feature queue\", or set "
+      "DRIVER_FEATURE_DESCRIPTION for a trial by hand");
+}
+
+}  // namespace driver_feature

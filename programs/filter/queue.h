@@ -1,0 +1,45 @@
+// What the queue says about its jobs: which description they use, and how.
+//
+// The queue's PPD says it, with lines such as
+//
+//   *DriverFeatureDescription: "/usr/share/driver-feature/office_laser.xml"
+//   *DriverFeatureRefusedValue: "default"
+//
+// For trials by hand, environment variables say it instead and have the last
+// word: DRIVER_FEATURE_DESCRIPTION and so on.
+#ifndef PROGRAMS_FILTER_QUEUE_H_
+#define PROGRAMS_FILTER_QUEUE_H_
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "host/base/result.h"
+#include "host/ppd/queue/queue_ppd.h"
+
+namespace driver_feature {
+
+// What becomes of a job with a value that must be refused.
+enum class RefusedValue {
+  kFail,     // It fails.
+  kDefault,  // It is printed with the queue's default.
+};
+
+struct Queue {
+  std::string description;            // The file.
+  std::string library;                // The feature library; empty to search it.
+  std::vector<std::string> routines;  // Libraries of routines that the description names.
+  RefusedValue refusedValue = RefusedValue::kFail;
+};
+
+// The value of an environment variable; null without one.
+using Environment = std::function<const char*(const char* name)>;
+
+// What the PPD and the environment say. `ppd` may be null. Relative names of
+// files in a PPD are those of files beside it. Refused when there is no
+// description or something else cannot be understood.
+Result<Queue> readQueue(const QueuePpd* ppd, const Environment& environment);
+
+}  // namespace driver_feature
+
+#endif  // PROGRAMS_FILTER_QUEUE_H_
