@@ -163,6 +163,7 @@ TEST_F(FeatureValuesTest, MismatchLine_OfANumber_ShowsItsLowEightBits) {
                             {2147483648.0F, '\0'},
                             {-2147483648.0F, '\0'},
                             {2147483520.0F, '\x80'},
+                            {2147483904.0F, '\0'},
                             {1e30F, '\0'}};
   for (const ByteRow& row : floats) {
     EXPECT_TRUE(set("CurrentFloatValue", row.value));

@@ -1,5 +1,6 @@
 #include "model/vocabulary.h"
 
+#include <iterator>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -45,7 +46,7 @@ TEST(VocabularyTest, OtherNames_AreUnknown) {
 
 TEST(VocabularyTest, DisplayNames_StandAtTheirCodes) {
   EXPECT_EQ(kFeatureTypeNames.size(), 6U);
-  EXPECT_EQ(kValueTypeNames.size(), 4U);
+  EXPECT_EQ(std::size(kValueTypeNames), 4U);
   EXPECT_STREQ(kFeatureTypeNames[0], "UIOnly");
   EXPECT_STREQ(kFeatureTypeNames[1], "MultiSelect");
   EXPECT_STREQ(kFeatureTypeNames[2], "IntEntry");

@@ -165,10 +165,7 @@ std::string generalWithZeros(double magnitude, int precision) {
   const int significant = std::max(precision, 1);
   const std::string scientific =
       floatDigits(magnitude, std::chars_format::scientific, significant - 1);
-  int exponent = 0;
-  const std::size_t at = scientific.find('e') + 1;
-  const char* first = scientific.data() + at + (scientific[at] == '+' ? 1 : 0);
-  std::from_chars(first, scientific.data() + scientific.size(), exponent);
+  const int exponent = std::stoi(scientific.substr(scientific.find('e') + 1));
   const bool fixed = exponent >= -4 && exponent < significant;
   std::string digits =
       fixed ? floatDigits(magnitude, std::chars_format::fixed, significant - 1 - exponent)
