@@ -4,7 +4,7 @@
 # A copy of the task runner runs with a PATH that holds a few essential tools
 # and, for all else, a stand-in, which writes its name and arguments to the file
 # `calls` and then does what `act NAME` says. Scripts that it gives to bash have
-# such a stand-in too.
+# such a stand-in too, where the project has them.
 #
 # shellcheck shell=bash disable=SC2154  # source_dir
 work=$(mktemp -d) || exit 1
@@ -22,6 +22,7 @@ prepareTools() {
 name=\${0##*/}
 if [ \$name = bash ]; then
   case \$1 in -c) exec $bash_path "\$@" ;; esac
+  [ -f "$source_dir/\$1" ] || exit 127
   name=\${1##*/}
   shift
 fi
