@@ -208,8 +208,10 @@ TEST_F(StaticGroupTest, AddFeature_RefusesToBeTold_FailsAndStays) {
 
 TEST_F(StaticGroupTest, FetchByIndex_OutOfRange_IsNull) {
   DriverFeature a(std::string("A"));
-  group_.addFeatureToGroup(&a);
-  EXPECT_EQ(group_.fetchFeatureInGroupByIndex(1), nullptr);
+  // Memory that the members get next, with something other than null after them.
+  { const std::vector<CoreFeature*> earlier(4, &a); }
+  for (int i = 0; i < 3; ++i) group_.addFeatureToGroup(&a);
+  EXPECT_EQ(group_.fetchFeatureInGroupByIndex(3), nullptr);
   EXPECT_EQ(group_.fetchFeatureInGroupByIndex(static_cast<unsigned>(-1)), nullptr);
 }
 

@@ -56,7 +56,7 @@ bool isTooLarge(std::string_view number, bool hexadecimal) {
   if (std::from_chars(exponentText.data(), end, exponent).ec == std::errc::result_out_of_range) {
     return !negative;
   }
-  return place + (negative ? -exponent : exponent) > 0;
+  return place > (negative ? exponent : -exponent);
 }
 
 }  // namespace
@@ -79,7 +79,7 @@ float toFloat(const std::string& text) {
   std::string_view rest = text;
   const bool negative = takeSign(rest);
   // The conversion takes a minus of its own; here the sign is gone already.
-  if (!rest.empty() && (rest.front() == '-' || rest.front() == '+')) return 0;
+  if (rest.starts_with('-')) return 0;
   const bool hexadecimal = isHexadecimal(rest);
   if (hexadecimal) rest.remove_prefix(2);
   double value = 0;
