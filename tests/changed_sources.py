@@ -10,13 +10,12 @@ ended by NUL. Files that only got another name are not altered.
 """
 
 import pathlib
-import re
 import subprocess
 import sys
 
 _ROOT = pathlib.Path(__file__).resolve().parents[1]
-_INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
-_ROOTS = ("library", ".", "platform/common_api", "platform/xml_parser")
+sys.path.append(str(_ROOT / "tests/support"))
+from includes import project_includes  # noqa: E402
 
 
 def altered_files(base):
@@ -37,24 +36,12 @@ def altered_files(base):
     return altered
 
 
-def included_by(name, known):
-    """The files that a file includes, as far as they are known."""
-    text = (_ROOT / name).read_text(errors="replace")
-    folders = (pathlib.Path(name).parent, *map(pathlib.Path, _ROOTS))
-    for include in _INCLUDE.findall(text):
-        for folder in folders:
-            candidate = str(folder / include)
-            if candidate in known:
-                yield candidate
-                break
-
-
 def users_of(altered, names):
     """The altered files and all that include them."""
     users = {}
     for name in names:
-        for included in included_by(name, names):
-            users.setdefault(included, set()).add(name)
+        for _, included in project_includes(_ROOT, pathlib.Path(name)):
+            users.setdefault(str(included), set()).add(name)
     touched, todo = set(), list(altered)
     while todo:
         name = todo.pop()

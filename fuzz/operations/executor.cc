@@ -1,7 +1,6 @@
 #include "fuzz/operations/executor.h"
 
 #include <algorithm>
-#include <initializer_list>
 
 #include "fuzz/operations/names.h"
 
@@ -9,39 +8,31 @@ namespace driver_feature::operations {
 
 namespace {
 
+using PropertyKind = testing::Kind;
+
 constexpr std::size_t kMostFeatures = 12;
 constexpr std::size_t kMostOptions = 24;
 constexpr std::size_t kMostStaticGroups = 5;
 constexpr std::size_t kMostDynamicGroups = 3;
 
-enum class ValueKind : unsigned char { kText, kInt, kFloat, kBool };
-
 struct PropertyToRead {
   std::string name;
-  ValueKind kind;
+  PropertyKind kind = PropertyKind::kNone;
 };
-
-ValueKind kindOf(const std::string& name) {
-  const auto isOneOf = [&](std::initializer_list<const char*> names) {
-    return std::any_of(names.begin(), names.end(), [&](const char* each) { return name == each; });
-  };
-  if (name.find("Float") != name.npos) return ValueKind::kFloat;
-  if (name.find("IntValue") != name.npos) return ValueKind::kInt;
-  if (isOneOf({"FeatureType", "FeatureValueType", "MaxTextLength", "RecordInFocus"})) {
-    return ValueKind::kInt;
-  }
-  if (isOneOf({"Sensitivity", "Visibility", "Encrypted", "FeatureInGroup"})) {
-    return ValueKind::kBool;
-  }
-  return ValueKind::kText;
-}
 
 // Every property, with the overload that reads it. Made before any model.
 const std::vector<PropertyToRead> kPropertiesToRead = [] {
   std::vector<PropertyToRead> properties;
-  for (const char* name : kPropertyNames) properties.push_back({name, kindOf(name)});
+  for (const char* name : kPropertyNames) properties.push_back({name});
+  std::size_t position = 0;
+  for (const auto& facts : testing::kPropertyFacts) properties[position++].kind = facts.kind;
   return properties;
 }();
+
+const std::vector<std::string> kOptionTexts =
+    testing::namesOf(testing::kOptionPropertyFacts, PropertyKind::kText);
+const std::vector<std::string> kOptionFlags =
+    testing::namesOf(testing::kOptionPropertyFacts, PropertyKind::kBool);
 
 template <class Pointer, class Looked>
 std::string positionIn(const std::vector<Pointer>& objects, const Looked* object,
@@ -205,16 +196,17 @@ void Executor<Model>::readObject(Object& object) {
   note("object " + label(&object) + ' ' + shown(model_.type(object)));
   for (const PropertyToRead& property : kPropertiesToRead) {
     switch (property.kind) {
-      case ValueKind::kText:
+      case PropertyKind::kNone:
+      case PropertyKind::kText:
         readText(object, property.name);
         break;
-      case ValueKind::kInt:
+      case PropertyKind::kInt:
         readInt(object, property.name);
         break;
-      case ValueKind::kFloat:
+      case PropertyKind::kFloat:
         readFloat(object, property.name);
         break;
-      case ValueKind::kBool:
+      case PropertyKind::kBool:
         readBool(object, property.name);
         break;
     }
@@ -224,13 +216,12 @@ void Executor<Model>::readObject(Object& object) {
 template <class Model>
 void Executor<Model>::readOption(Option& option) {
   note("option " + labelOption(&option) + ' ' + shown(model_.isConstraintSetEmpty(option)));
-  for (const char* name : {"Name", "CLOKey", "DisplayText", "PJLCommand", "PSCommand", "SNMPValue",
-                           "TESKCommand", "TESKTicketCommand"}) {
+  for (const std::string& name : kOptionTexts) {
     std::string text;
     model_.getOptionText(option, name, text);
     note(quoted(text));
   }
-  for (const char* name : {"Sensitivity", "Visibility"}) {
+  for (const std::string& name : kOptionFlags) {
     bool flag = false;
     model_.getOptionBool(option, name, flag);
     note(shown(flag));

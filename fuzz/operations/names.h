@@ -3,67 +3,24 @@
 #define FUZZ_OPERATIONS_NAMES_H_
 
 #include <array>
+#include <cstddef>
+#include <iterator>
+
+#include "tests/support/property_facts.h"
 
 namespace driver_feature::operations {
 
 // Every property of features and groups, then of options only, then names
-// that nobody knows.
-inline constexpr std::array<const char*, 54> kPropertyNames = {
-    "AddCallbackRoutine",
-    "AddCallbackType",
-    "AddPJLCallbackRoutine",
-    "AddPSCallbackRoutine",
-    "AddVORNCallbackRoutine",
-    "BiDiDataSection",
-    "CLOKey",
-    "CurrentFloatValue",
-    "CurrentIntValue",
-    "CurrentTextValue",
-    "DefaultFloatValue",
-    "DefaultIntValue",
-    "DefaultTextValue",
-    "DeferredFloatValue",
-    "DeferredIntValue",
-    "DeferredTextValue",
-    "Encrypted",
-    "FeatureInGroup",
-    "FeatureType",
-    "FeatureValueType",
-    "FloatMaxValue",
-    "FloatMinValue",
-    "InstOptAttributeName",
-    "IntMaxValue",
-    "IntMinValue",
-    "MaxTextLength",
-    "Name",
-    "NonVORNAttributeName",
-    "OriginalFloatValue",
-    "OriginalIntValue",
-    "OriginalTextValue",
-    "PJLCommand",
-    "PSCommand",
-    "RecordInFocus",
-    "SNMPOID",
-    "SNMPOIDPrefix",
-    "Sensitivity",
-    "SortFunctionName",
-    "TESKAttributeSyntax",
-    "TESKCommand",
-    "TESKJTAttributeName",
-    "TESKOAAttributeName",
-    "TextValidationCharSet",
-    "ValueString",
-    "Visibility",
-    "DisplayText",
-    "SNMPValue",
-    "TESKTicketCommand",
-    "name",
-    "Names",
-    "Nam",
-    "",
-    "ZZ",
-    "A",
-};
+// that nobody knows. Inputs choose by position.
+inline constexpr auto kPropertyNames = [] {
+  constexpr std::array kOthers = {
+      "DisplayText", "SNMPValue", "TESKTicketCommand", "name", "Names", "Nam", "", "ZZ", "A"};
+  std::array<const char*, std::size(testing::kPropertyFacts) + kOthers.size()> names{};
+  std::size_t count = 0;
+  for (const testing::PropertyFacts& facts : testing::kPropertyFacts) names[count++] = facts.name;
+  for (const char* name : kOthers) names[count++] = name;
+  return names;
+}();
 
 // Properties that need a value type, a routine or a notification: half of all
 // choices fall on these.

@@ -27,24 +27,8 @@ int truncated(float value) {
 
 RefObject* ReferenceModel::newFeature(const std::string& name) {
   RefObject* made = newObject(RefClass::kFeature, name);
-  for (const char* text :
-       {"AddPJLCallbackRoutine", "AddPSCallbackRoutine", "AddVORNCallbackRoutine",
-        "BiDiDataSection", "CLOKey", "InstOptAttributeName", "NonVORNAttributeName", "PJLCommand",
-        "PSCommand", "SNMPOID", "SNMPOIDPrefix", "TESKAttributeSyntax", "TESKJTAttributeName",
-        "TESKOAAttributeName", "CurrentTextValue", "DefaultTextValue", "OriginalTextValue",
-        "DeferredTextValue", "TextValidationCharSet"}) {
-    made->texts[text] = "";
-  }
-  for (const char* number : {"CurrentIntValue", "DefaultIntValue", "OriginalIntValue",
-                             "DeferredIntValue", "IntMinValue", "IntMaxValue", "MaxTextLength"}) {
-    made->ints[number] = 0;
-  }
-  for (const char* number : {"CurrentFloatValue", "DefaultFloatValue", "OriginalFloatValue",
-                             "DeferredFloatValue", "FloatMinValue", "FloatMaxValue"}) {
-    made->floats[number] = 0;
-  }
-  made->flags = {
-      {"Sensitivity", true}, {"Visibility", true}, {"Encrypted", false}, {"FeatureInGroup", false}};
+  made->flags["Sensitivity"] = true;
+  made->flags["Visibility"] = true;
   return made;
 }
 
@@ -80,8 +64,7 @@ bool ReferenceModel::setFeatureText(RefObject& feature, const std::string& name,
     log(3, unrecognized("setFeatureProperty(string)", feature, name));
     return false;
   }
-  const bool isValue = name.ends_with("TextValue") || name == "TextValidationCharSet";
-  if (isValue && feature.valueType != 2) {
+  if (isOfAnotherType(feature, name)) {
     log(3, mismatch("string", feature, name, value, "text"));
     return true;
   }
@@ -111,9 +94,9 @@ bool ReferenceModel::setFeatureInt(RefObject& feature, const std::string& name, 
     log(3, unrecognized("setFeatureProperty(int)", feature, name));
     return false;
   }
-  const bool ofText = name == "MaxTextLength";
-  if (feature.valueType != (ofText ? 2 : 1)) {
-    log(3, mismatch("int", feature, name, lowByte(value), ofText ? "text" : "int"));
+  if (isOfAnotherType(feature, name)) {
+    log(3,
+        mismatch("int", feature, name, lowByte(value), name == "MaxTextLength" ? "text" : "int"));
     return true;
   }
   if (name == "CurrentIntValue") return setCurrentInt(feature, value, suppress);
@@ -141,7 +124,7 @@ bool ReferenceModel::setFloat(RefObject& object, const std::string& name, float 
     log(3, unrecognized("setFeatureProperty(float)", object, name));
     return false;
   }
-  if (object.valueType != 3) {
+  if (isOfAnotherType(object, name)) {
     log(3, mismatch("float", object, name, lowByte(truncated(value)), "float"));
     return true;
   }
@@ -156,7 +139,7 @@ bool ReferenceModel::setFeatureBool(RefObject& feature, const std::string& name,
     log(3, unrecognized("setFeatureProperty(bool)", feature, name));
     return false;
   }
-  if (name == "Encrypted" && feature.valueType != 2) {
+  if (isOfAnotherType(feature, name)) {
     log(3, mismatch("bool", feature, name, lowByte(value ? 1 : 0), "text"));
     return true;
   }
@@ -168,7 +151,7 @@ bool ReferenceModel::setFeatureBool(RefObject& feature, const std::string& name,
 bool ReferenceModel::getFeatureText(RefObject& feature, const std::string& name,
                                     std::string& value) {
   if (name == "ValueString") return getValueString(feature, value);
-  if (!feature.texts.contains(name)) {
+  if (!feature.texts.contains(name) || !canBeRead(feature, name)) {
     log(3, "DriverFeature::getFeatureProperty(string&) - Unrecognized feature property: " +
                forFeature(feature, name) + "\".");
     return false;

@@ -3,39 +3,18 @@
 
 namespace driver_feature::operations {
 
-namespace {
-
-constexpr const char* kGroupTexts[] = {"PJLCommand",           "PSCommand",
-                                       "TESKOAAttributeName",  "TESKJTAttributeName",
-                                       "InstOptAttributeName", "NonVORNAttributeName",
-                                       "TESKAttributeSyntax",  "AddPJLCallbackRoutine",
-                                       "AddPSCallbackRoutine", "AddVORNCallbackRoutine"};
-
-}  // namespace
-
-RefObject* ReferenceModel::newObject(RefClass kind, const std::string& name) {
-  ownedObjects_.push_back(std::make_unique<RefObject>());
-  RefObject* made = ownedObjects_.back().get();
-  made->kind = kind;
-  made->texts["Name"] = name;
-  return made;
-}
-
 RefObject* ReferenceModel::newStaticGroup(const std::string& name) {
   RefObject* made = newObject(RefClass::kStaticGroup, name);
   made->type = 6;
-  made->flags = {{"FeatureInGroup", false}};
-  for (const char* text : kGroupTexts) made->texts[text] = "";
   return made;
 }
 
 RefObject* ReferenceModel::newDynamicGroup(const std::string& name) {
   RefObject* made = newObject(RefClass::kDynamicGroup, name);
   made->type = 8;
-  made->flags = {{"Sensitivity", true}, {"Visibility", true}};
-  made->ints = {{"RecordInFocus", -1}};
-  for (const char* text : kGroupTexts) made->texts[text] = "";
-  made->texts["SortFunctionName"] = "";
+  made->flags["Sensitivity"] = true;
+  made->flags["Visibility"] = true;
+  made->ints["RecordInFocus"] = -1;
   return made;
 }
 

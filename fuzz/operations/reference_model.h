@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "fuzz/operations/side.h"
+#include "tests/support/property_facts.h"
 
 namespace driver_feature::operations {
 
@@ -42,6 +43,11 @@ struct RefObject {
 
   const std::string& name() const { return texts.at("Name"); }
 };
+
+// Whether an object lets a property be read that it lets be set, and whether it has
+// to have another value type before it is set.
+bool canBeRead(const RefObject& object, const std::string& name);
+bool isOfAnotherType(const RefObject& object, const std::string& name);
 
 // How log lines name a property of an object, and the line about one that the
 // object does not have.

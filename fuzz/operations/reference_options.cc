@@ -16,10 +16,11 @@ std::string unrecognized(const std::string& operation, const RefOption& option,
 RefOption* ReferenceModel::newOption(const std::string& name) {
   ownedOptions_.push_back(std::make_unique<RefOption>());
   RefOption* made = ownedOptions_.back().get();
-  made->texts = {{"CLOKey", ""},      {"DisplayText", ""},      {"Name", name},
-                 {"PJLCommand", ""},  {"PSCommand", ""},        {"SNMPValue", ""},
-                 {"TESKCommand", ""}, {"TESKTicketCommand", ""}};
-  made->flags = {{"Sensitivity", true}, {"Visibility", true}};
+  for (const testing::OptionPropertyFacts& facts : testing::kOptionPropertyFacts) {
+    if (facts.kind == testing::Kind::kText) made->texts[facts.name];
+    if (facts.kind == testing::Kind::kBool) made->flags[facts.name] = true;
+  }
+  made->texts["Name"] = name;
   return made;
 }
 

@@ -1,7 +1,51 @@
 // The properties of groups, and the ways from an object to its class.
+#include <algorithm>
+#include <iterator>
+
 #include "fuzz/operations/reference_model.h"
 
 namespace driver_feature::operations {
+
+using testing::PropertyFacts;
+using testing::Use;
+
+namespace {
+
+const PropertyFacts& factsOf(const std::string& name) {
+  return *std::find_if(std::begin(testing::kPropertyFacts), std::end(testing::kPropertyFacts),
+                       [&](const PropertyFacts& facts) { return facts.name == name; });
+}
+
+Use useBy(RefClass kind, const PropertyFacts& facts) {
+  if (kind == RefClass::kFeature) return facts.feature;
+  return kind == RefClass::kStaticGroup ? facts.staticGroup : facts.dynamicGroup;
+}
+
+}  // namespace
+
+RefObject* ReferenceModel::newObject(RefClass kind, const std::string& name) {
+  ownedObjects_.push_back(std::make_unique<RefObject>());
+  RefObject* made = ownedObjects_.back().get();
+  made->kind = kind;
+  for (const PropertyFacts& facts : testing::kPropertyFacts) {
+    if (useBy(kind, facts) == Use::kNone) continue;
+    if (facts.kind == testing::Kind::kText) made->texts[facts.name];
+    if (facts.kind == testing::Kind::kInt) made->ints[facts.name];
+    if (facts.kind == testing::Kind::kFloat) made->floats[facts.name];
+    if (facts.kind == testing::Kind::kBool) made->flags[facts.name];
+  }
+  made->texts["Name"] = name;
+  return made;
+}
+
+bool canBeRead(const RefObject& object, const std::string& name) {
+  return useBy(object.kind, factsOf(name)) == Use::kBoth;
+}
+
+bool isOfAnotherType(const RefObject& object, const std::string& name) {
+  const int needed = factsOf(name).needed;
+  return needed != testing::kAnyType && needed != object.valueType;
+}
 
 std::string forFeature(const RefObject& feature, const std::string& name) {
   return '"' + name + "\" for feature \"" + feature.name();
@@ -67,9 +111,7 @@ bool ReferenceModel::setBool(RefObject& object, const std::string& name, bool va
 
 bool ReferenceModel::getText(RefObject& object, const std::string& name, std::string& value) {
   if (object.kind == RefClass::kFeature) return getFeatureText(object, name, value);
-  if (!object.texts.contains(name)) return false;
-  const bool setOnly = name == "PJLCommand" || name == "PSCommand" || name == "SortFunctionName";
-  if (object.kind == RefClass::kDynamicGroup && setOnly) return false;
+  if (!object.texts.contains(name) || !canBeRead(object, name)) return false;
   value = object.texts[name];
   return true;
 }
@@ -99,7 +141,7 @@ bool ReferenceModel::getInt(RefObject& object, const std::string& name, int& val
     value = object.valueType;
     return true;
   }
-  if (!object.ints.contains(name) || name == "IntMinValue" || name == "IntMaxValue") {
+  if (!object.ints.contains(name) || !canBeRead(object, name)) {
     log(3, unrecognized("getFeatureProperty(int*)", object, name));
     return false;
   }

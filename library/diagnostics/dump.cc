@@ -42,16 +42,22 @@ const char* sensitivityWord(bool sensitive) {
   return sensitive ? "enabled" : "disabled";
 }
 
-std::string nameOfObject(CoreFeature& object) {
-  std::string name;
-  object.getFeatureProperty(std::string("Name"), name);
-  return name;
+// What a property holds; nothing where it cannot be read.
+std::string readText(CoreFeature& object, const char* property) {
+  std::string text;
+  object.getFeatureProperty(std::string(property), text);
+  return text;
 }
 
-bool readFlag(CoreFeature& object, const char* property) {
-  bool flag = false;
-  object.getFeatureProperty(std::string(property), &flag);
-  return flag;
+template <class Value>
+Value read(CoreFeature& object, const char* property) {
+  Value value{};
+  object.getFeatureProperty(std::string(property), &value);
+  return value;
+}
+
+std::string nameOfObject(CoreFeature& object) {
+  return readText(object, "Name");
 }
 
 class Dump {
@@ -76,8 +82,7 @@ class Dump {
 
 void Dump::writeLabelled(CoreFeature& object, std::span<const LabelRow> rows) {
   for (const LabelRow& row : rows) {
-    std::string text;
-    object.getFeatureProperty(std::string(row.property), text);
+    const std::string text = readText(object, row.property);
     if (!text.empty()) out_ << row.label << text;
   }
 }
@@ -85,14 +90,14 @@ void Dump::writeLabelled(CoreFeature& object, std::span<const LabelRow> rows) {
 void Dump::writeFeature(DriverFeature& feature) {
   const int type = feature.getFeatureType();
   const auto typeIndex = static_cast<std::size_t>(type);
-  sensitivity_ = sensitivityWord(readFlag(feature, "Sensitivity"));
-  visibility_ = readFlag(feature, "Visibility") ? "visible" : "invisible";
+  sensitivity_ = sensitivityWord(read<bool>(feature, "Sensitivity"));
+  visibility_ = read<bool>(feature, "Visibility") ? "visible" : "invisible";
   out_ << "\n\"" << nameOfObject(feature) << "\" ("
        << (typeIndex < kFeatureTypeNames.size() ? kFeatureTypeNames[typeIndex] : "") << '/'
        << sensitivity_ << '/' << visibility_ << ')';
   if (type == kUIOnly) return;
   writeValue(feature);
-  out_ << " (" << (readFlag(feature, "FeatureInGroup") ? "in a group" : "not in a group") << ')';
+  out_ << " (" << (read<bool>(feature, "FeatureInGroup") ? "in a group" : "not in a group") << ')';
   writeLabelled(feature, kLabels);
   if (type != kMultiSelect) return;
   for (int i = 0; i < feature.getFeatureOptionCount(); ++i) {
@@ -101,22 +106,11 @@ void Dump::writeFeature(DriverFeature& feature) {
 }
 
 void Dump::writeValue(DriverFeature& feature) {
-  int valueType = kNoValue;
-  feature.getFeatureProperty(std::string("FeatureValueType"), &valueType);
+  const int valueType = read<int>(feature, "FeatureValueType");
   out_ << kValueTypeNames[static_cast<std::size_t>(valueType)] << ':';
-  if (valueType == kTextValue) {
-    std::string value;
-    feature.getFeatureProperty(std::string("CurrentTextValue"), value);
-    out_ << value;
-  } else if (valueType == kFloatValue) {
-    float value = 0;
-    feature.getFeatureProperty(std::string("CurrentFloatValue"), &value);
-    out_ << value;
-  } else if (valueType == kIntValue) {
-    int value = 0;
-    feature.getFeatureProperty(std::string("CurrentIntValue"), &value);
-    out_ << value;
-  }
+  if (valueType == kTextValue) out_ << readText(feature, "CurrentTextValue");
+  if (valueType == kFloatValue) out_ << read<float>(feature, "CurrentFloatValue");
+  if (valueType == kIntValue) out_ << read<int>(feature, "CurrentIntValue");
 }
 
 void Dump::writeOption(CoreOption* option) {

@@ -211,6 +211,7 @@ TEST_F(DumpTest, DynamicGroup_ShowsItsRecordsAndTheLastFeaturesState) {
                                     {"PSCommand", "cannot be read back"},
                                     {"TESKJTAttributeName", "jt"},
                                     {"TESKOAAttributeName", "oa"},
+                                    {"AddPJLCallbackRoutine", "not shown"},
                                     {"AddPSCallbackRoutine", "not shown"}});
   pages.addDefaultStaticGroupTemplate(&shape);
   AttributeMap empty;

@@ -104,17 +104,19 @@ TEST_F(DynamicGroupTest, Template_Built_HasTypeSevenAndIsInNoGroup) {
   EXPECT_THAT(featureNames(), ElementsAre("A", "B"));
 }
 
-TEST_F(DynamicGroupTest, Attributes_EachReadableText_SetsThePropertyOfItsNameAlone) {
-  for (const std::string attribute : kReadableAttributes) {
-    SCOPED_TRACE(attribute);
-    DriverFeatureDynamicGroup* built = group(attribute + "=\"some text\"", kTemplate);
-    ASSERT_NE(built, nullptr);
-    for (const std::string property : kReadableAttributes) {
-      EXPECT_EQ(readText(*built, property), property == attribute ? "some text" : "") << property;
-    }
-    built = group(attribute + "=\"\"", kTemplate);
-    ASSERT_NE(built, nullptr);
-    EXPECT_EQ(readText(*built, attribute), "");
+TEST_F(DynamicGroupTest, Attributes_ReadableTexts_SetThePropertiesOfTheirNames) {
+  std::string texts;
+  std::string empties;
+  for (const std::string name : kReadableAttributes) {
+    texts += name + "=\"text of " + name + "\" ";
+    empties += name + "=\"\" ";
+  }
+  DriverFeatureDynamicGroup* built = group(texts, kTemplate);
+  DriverFeatureDynamicGroup* empty = group(empties, kTemplate);
+  ASSERT_TRUE(built != nullptr && empty != nullptr);
+  for (const std::string name : kReadableAttributes) {
+    EXPECT_EQ(readText(*built, name), "text of " + name);
+    EXPECT_EQ(readText(*empty, name), "") << name;
   }
   EXPECT_THAT(takeEvents(), IsEmpty());
 }

@@ -54,16 +54,14 @@ class FeatureAttributesTest : public LoaderTest {
   }
 };
 
-TEST_F(FeatureAttributesTest, Text_Present_SetsThePropertyOfItsNameAlone) {
-  for (const std::string attribute : kTextAttributes) {
-    SCOPED_TRACE(attribute);
-    DriverFeature& built = feature("FeatureType=\"UIOnly\" " + attribute + "=\"x &amp; %d\"");
-    for (const std::string property : kTextAttributes) {
-      EXPECT_EQ(readText(built, property), property == attribute ? "x & %d" : emptyAnswer(property))
-          << property;
-    }
-    EXPECT_THAT(takeEvents(), IsEmpty());
+TEST_F(FeatureAttributesTest, Text_Present_SetsThePropertyOfItsName) {
+  std::string attributes = "FeatureType=\"UIOnly\"";
+  for (const std::string name : kTextAttributes) {
+    attributes += ' ' + name + "=\"" + name + " &amp; %d\"";
   }
+  DriverFeature& built = feature(attributes);
+  for (const std::string name : kTextAttributes) EXPECT_EQ(readText(built, name), name + " & %d");
+  EXPECT_THAT(takeEvents(), IsEmpty());
 }
 
 TEST_F(FeatureAttributesTest, Text_PresentOnEveryType_IsSet) {
@@ -127,16 +125,26 @@ TEST_F(FeatureAttributesTest, Others_ThatAreNoAttributes_AreNotRead) {
 }
 
 TEST_F(FeatureAttributesTest, Flag_SensitivityAndVisibility_AreSetAndNotifyOnce) {
-  for (const std::string attribute : {"Sensitivity", "Visibility"}) {
-    const std::string other = attribute == "Visibility" ? "Sensitivity" : "Visibility";
-    for (const std::string text : {"true", "1", "false", "0"}) {
-      SCOPED_TRACE(attribute + '=' + text);
-      DriverFeature& built = feature("FeatureType=\"UIOnly\" " + attribute + "=\"" + text + "\"");
-      EXPECT_EQ(read<bool>(built, attribute), text == "true" || text == "1");
-      EXPECT_TRUE(read<bool>(built, other));
-      // Setting the value that the flag has already is reported as well.
-      EXPECT_THAT(takeEvents(), ElementsAre(kUpdateCalled));
-    }
+  struct Row {
+    std::string attribute;
+    std::string text;
+    bool sensitive;
+    bool visible;
+  };
+  const Row rows[] = {
+      {"Sensitivity", "true", true, true},   {"Sensitivity", "1", true, true},
+      {"Sensitivity", "false", false, true}, {"Sensitivity", "0", false, true},
+      {"Visibility", "true", true, true},    {"Visibility", "1", true, true},
+      {"Visibility", "false", true, false},  {"Visibility", "0", true, false},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.attribute + '=' + row.text);
+    DriverFeature& built =
+        feature("FeatureType=\"UIOnly\" " + row.attribute + "=\"" + row.text + "\"");
+    EXPECT_EQ(read<bool>(built, "Sensitivity"), row.sensitive);
+    EXPECT_EQ(read<bool>(built, "Visibility"), row.visible);
+    // Setting the value that the flag has already is reported as well.
+    EXPECT_THAT(takeEvents(), ElementsAre(kUpdateCalled));
   }
 }
 

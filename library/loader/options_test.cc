@@ -74,14 +74,18 @@ TEST_F(OptionsTest, Option_EmptyName_IsAName) {
   EXPECT_EQ(readText(*built, "Name"), "");
 }
 
-TEST_F(OptionsTest, Option_EachText_SetsThePropertyOfItsNameAlone) {
-  for (const std::string attribute : kOptionTexts) {
-    SCOPED_TRACE(attribute);
-    DriverFeatureOption& built = option(attribute, "some text");
-    for (const std::string property : kOptionTexts) {
-      EXPECT_EQ(readText(built, property), property == attribute ? "some text" : "") << property;
-    }
-    EXPECT_EQ(readText(option(attribute, ""), attribute), "");
+TEST_F(OptionsTest, Option_Texts_SetThePropertiesOfTheirNames) {
+  AttributeMap texts;
+  AttributeMap empties;
+  for (const std::string name : kOptionTexts) {
+    texts[name] = "text of " + name;
+    empties[name] = "";
+  }
+  DriverFeatureOption& built = option(texts);
+  DriverFeatureOption& empty = option(empties);
+  for (const std::string name : kOptionTexts) {
+    EXPECT_EQ(readText(built, name), "text of " + name);
+    EXPECT_EQ(readText(empty, name), "") << name;
   }
   EXPECT_THAT(takeEvents(), IsEmpty());
 }

@@ -77,17 +77,19 @@ TEST_F(StaticGroupTest, Attributes_None_KeepsTheConstructorsValues) {
   EXPECT_THAT(takeEvents(), IsEmpty());
 }
 
-TEST_F(StaticGroupTest, Attributes_EachText_SetsThePropertyOfItsNameAlone) {
-  for (const std::string attribute : kTextAttributes) {
-    SCOPED_TRACE(attribute);
-    DriverFeatureStaticGroup* built = group(attribute + "=\"some text\"", kLeaf);
-    ASSERT_NE(built, nullptr);
-    for (const std::string property : kTextAttributes) {
-      EXPECT_EQ(readText(*built, property), property == attribute ? "some text" : "") << property;
-    }
-    built = group(attribute + "=\"\"", kLeaf);
-    ASSERT_NE(built, nullptr);
-    EXPECT_EQ(readText(*built, attribute), "");
+TEST_F(StaticGroupTest, Attributes_Texts_SetThePropertiesOfTheirNames) {
+  std::string texts;
+  std::string empties;
+  for (const std::string name : kTextAttributes) {
+    texts += name + "=\"text of " + name + "\" ";
+    empties += name + "=\"\" ";
+  }
+  DriverFeatureStaticGroup* built = group(texts, kLeaf);
+  DriverFeatureStaticGroup* empty = group(empties, kLeaf);
+  ASSERT_TRUE(built != nullptr && empty != nullptr);
+  for (const std::string name : kTextAttributes) {
+    EXPECT_EQ(readText(*built, name), "text of " + name);
+    EXPECT_EQ(readText(*empty, name), "") << name;
   }
   EXPECT_THAT(takeEvents(), IsEmpty());
 }

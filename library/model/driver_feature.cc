@@ -1,5 +1,6 @@
 #include "model/driver_feature.h"
 
+#include <cmath>
 #include <string_view>
 
 #include "model/driver_feature_properties.h"
@@ -34,7 +35,7 @@ std::string shownValue(bool value) {
 
 std::string shownValue(float value) {
   constexpr float kLimit = 2147483648.0F;
-  const bool fits = value >= -kLimit && value < kLimit;  // False for NaN, too.
+  const bool fits = std::fabs(value) < kLimit;  // False for NaN, too.
   return shownValue(fits ? static_cast<int>(value) : 0);
 }
 

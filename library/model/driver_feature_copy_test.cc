@@ -1,6 +1,7 @@
 // Copies of features, as records of dynamic groups hold them.
 
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
 #include "support/feature_operations.h"
+#include "support/property_facts.h"
 #include "support/recording_host.h"
 #include "support/scripted_feature.h"
 
@@ -26,6 +28,13 @@ Value read(DriverFeature& feature, const std::string& name) {
   EXPECT_TRUE(Operation<Value>::get(feature, name, value)) << name;
   return value;
 }
+
+// The text properties of an option but for its name.
+const std::vector<std::string> kOtherOptionTexts = [] {
+  std::vector<std::string> names = namesOf(kOptionPropertyFacts, Kind::kText);
+  std::erase(names, "Name");
+  return names;
+}();
 
 class CopyTest : public ::testing::Test {
  protected:
@@ -49,46 +58,65 @@ class CopyTest : public ::testing::Test {
   DriverFeature source_{std::string("Tray")};
 };
 
-// Gives every property of the source a value of its own, and the copy must
-// hold six of them.
-TEST_F(CopyTest, Copy_TakesSixValuesAndNoMore) {
+TEST_F(CopyTest, Copy_NameTypesAndCurrentValues_AreTaken) {
   set("FeatureType", 8);
-  for (const FeaturePropertyRow& row : kFeaturePropertyRows) {
-    if (row.needed != kAnyType) set("FeatureValueType", row.needed);
-    const std::string name = row.name;
-    if (name == "FeatureType" || name == "FeatureValueType") continue;
-    if (row.kind == Kind::kText) set(name, "of " + name);
-    if (row.kind == Kind::kInt) set(name, 7);
-    if (row.kind == Kind::kFloat) set(name, 2.5F);
-    if (row.kind == Kind::kBool) set(name, name == "Encrypted" || name == "FeatureInGroup");
+  set("FeatureValueType", kIntType);
+  set("CurrentIntValue", 7);
+  set("FeatureValueType", kTextType);
+  set("CurrentTextValue", std::string("text"));
+  set("FeatureValueType", kFloatType);
+  set("CurrentFloatValue", 2.5F);
+  DriverFeature copy(&source_);
+  EXPECT_EQ(read<std::string>(copy, "Name"), "Tray");
+  EXPECT_EQ(read<int>(copy, "FeatureType"), 8);
+  EXPECT_EQ(read<int>(copy, "FeatureValueType"), 3);
+  EXPECT_EQ(read<int>(copy, "CurrentIntValue"), 7);
+  EXPECT_EQ(read<std::string>(copy, "CurrentTextValue"), "text");
+  EXPECT_EQ(read<float>(copy, "CurrentFloatValue"), 2.5F);
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+}
+
+TEST_F(CopyTest, Copy_AllElse_IsAsInANewFeature) {
+  const auto texts = factsBut({"Name", "CurrentTextValue", "ValueString", "AddPSCallbackRoutine"},
+                              factsToRead(&PropertyFacts::feature, Kind::kText));
+  const auto ints = factsBut({"FeatureType", "FeatureValueType", "CurrentIntValue"},
+                             factsToRead(&PropertyFacts::feature, Kind::kInt));
+  const auto floats =
+      factsBut({"CurrentFloatValue"}, factsToRead(&PropertyFacts::feature, Kind::kFloat));
+  set("FeatureType", 8);
+  set("AddPSCallbackRoutine", std::string("routine"));
+  for (const PropertyFacts& facts : texts) {
+    set("FeatureValueType", kTextType);
+    set(facts.name, std::string("text"));
   }
-  set("FeatureValueType", 3);
+  for (const PropertyFacts& facts : ints) {
+    set("FeatureValueType", facts.needed);
+    set(facts.name, 7);
+  }
+  for (const PropertyFacts& facts : floats) {
+    set("FeatureValueType", kFloatType);
+    set(facts.name, 2.5F);
+  }
+  set("FeatureValueType", kTextType);
+  set("Encrypted", true);
+  set("FeatureInGroup", true);
+  set("Sensitivity", false);
+  set("Visibility", false);
   source_.addConstraint(3);
   host_.takeEvents();
-  DriverFeature copy(&source_);
-  EXPECT_THAT(host_.takeEvents(), IsEmpty());
 
-  for (const FeaturePropertyRow& row : kFeaturePropertyRows) {
-    const std::string name = row.name;
-    SCOPED_TRACE(name);
-    if (!row.readable || name == "FeatureType" || name == "FeatureValueType") continue;
-    const bool copied = name.starts_with("Current") || name == "Name";
-    if (name == "AddPSCallbackRoutine") {
-      std::string text;
-      EXPECT_FALSE(copy.getFeatureProperty(name, text));
-    } else if (row.kind == Kind::kText) {
-      EXPECT_EQ(read<std::string>(copy, name), copied ? "of " + name : "");
-    } else if (row.kind == Kind::kInt) {
-      EXPECT_EQ(read<int>(copy, name), copied ? 7 : 0);
-    } else if (row.kind == Kind::kFloat) {
-      EXPECT_EQ(read<float>(copy, name), copied ? 2.5F : 0.0F);
-    } else {
-      EXPECT_EQ(read<bool>(copy, name), name == "Sensitivity" || name == "Visibility");
-    }
-  }
-  EXPECT_EQ(copy.getFeatureType(), 8);
-  EXPECT_EQ(read<int>(copy, "FeatureValueType"), 3);
+  DriverFeature copy(&source_);
+  for (const PropertyFacts& facts : texts) EXPECT_EQ(read<std::string>(copy, facts.name), "");
+  for (const PropertyFacts& facts : ints) EXPECT_EQ(read<int>(copy, facts.name), 0);
+  for (const PropertyFacts& facts : floats) EXPECT_EQ(read<float>(copy, facts.name), 0.0F);
+  EXPECT_FALSE(read<bool>(copy, "Encrypted"));
+  EXPECT_FALSE(read<bool>(copy, "FeatureInGroup"));
+  EXPECT_TRUE(read<bool>(copy, "Sensitivity"));
+  EXPECT_TRUE(read<bool>(copy, "Visibility"));
+  std::string routine;
+  EXPECT_FALSE(copy.getFeatureProperty(std::string("AddPSCallbackRoutine"), routine));
   EXPECT_TRUE(copy.isConstraintSetEmpty());
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
 TEST_F(CopyTest, Copy_ChangeRoutine_StaysBehind) {
@@ -101,9 +129,8 @@ TEST_F(CopyTest, Copy_ChangeRoutine_StaysBehind) {
 
 TEST_F(CopyTest, Copy_OfAList_HasNewOptionsOfTheSameNames) {
   set("CurrentIntValue", 1);
-  for (const char* name : {"CLOKey", "DisplayText", "PJLCommand", "PSCommand", "SNMPValue",
-                           "TESKCommand", "TESKTicketCommand"}) {
-    b_.setOptionProperty(std::string(name), std::string("text"));
+  for (const std::string& name : kOtherOptionTexts) {
+    b_.setOptionProperty(name, std::string("text"));
   }
   b_.setOptionProperty(std::string("Sensitivity"), false);
   b_.setOptionProperty(std::string("Visibility"), false);
@@ -119,9 +146,8 @@ TEST_F(CopyTest, Copy_OfAList_HasNewOptionsOfTheSameNames) {
     std::string text;
     EXPECT_TRUE(option->getOptionProperty(std::string("Name"), text));
     EXPECT_EQ(text, names[i]);
-    for (const char* name : {"CLOKey", "DisplayText", "PJLCommand", "PSCommand", "SNMPValue",
-                             "TESKCommand", "TESKTicketCommand"}) {
-      EXPECT_TRUE(option->getOptionProperty(std::string(name), text));
+    for (const std::string& name : kOtherOptionTexts) {
+      EXPECT_TRUE(option->getOptionProperty(name, text));
       EXPECT_EQ(text, "") << name;
     }
     for (const char* name : {"Sensitivity", "Visibility"}) {

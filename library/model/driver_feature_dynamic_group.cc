@@ -165,6 +165,18 @@ bool DriverFeatureDynamicGroup::removeConstraint(const long& index) {
   return driver_feature::eraseIdentifier(selectedEntries_, index);
 }
 
+bool DriverFeatureDynamicGroup::isSelectionEmpty() {
+  return isConstraintSetEmpty();
+}
+
+bool DriverFeatureDynamicGroup::selectDynamicEntry(long index) {
+  return addConstraint(index);
+}
+
+bool DriverFeatureDynamicGroup::deselectDynamicEntry(long index) {
+  return removeConstraint(index);
+}
+
 std::set<long>* DriverFeatureDynamicGroup::fetchSelectedEntries() {
   return &selectedEntries_;
 }

@@ -64,9 +64,9 @@ class DriverFeatureDynamicGroup : public IntermediateDynamicFeatureGroup {
   // The operations of slots 25 to 27 under names that say what they do here.
   // Selecting a selected record, deselecting one that is not selected, and a
   // negative index return false.
-  bool isSelectionEmpty() { return isConstraintSetEmpty(); }
-  bool selectDynamicEntry(long index) { return addConstraint(index); }
-  bool deselectDynamicEntry(long index) { return removeConstraint(index); }
+  bool isSelectionEmpty();
+  bool selectDynamicEntry(long index);
+  bool deselectDynamicEntry(long index);
 
   // Sets the template, once. False, after a level 3 line, for null and when
   // there is one already. Keeps the pointer; never frees it.

@@ -2,15 +2,15 @@
 
 #include "model/driver_feature_dynamic_group.h"
 
-#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "model/notification.h"
-#include "support/property_names.h"
+#include "support/property_facts.h"
 #include "support/recording_host.h"
 
 #include "Log.h"
@@ -21,20 +21,10 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-const std::vector<std::string> kReadableTexts = {"Name",
-                                                 "TESKOAAttributeName",
-                                                 "TESKJTAttributeName",
-                                                 "InstOptAttributeName",
-                                                 "NonVORNAttributeName",
-                                                 "TESKAttributeSyntax",
-                                                 "AddPJLCallbackRoutine",
-                                                 "AddPSCallbackRoutine",
-                                                 "AddVORNCallbackRoutine"};
-const std::vector<std::string> kHiddenTexts = {"PJLCommand", "PSCommand", "SortFunctionName"};
-
-bool contains(const std::vector<std::string>& names, const std::string& name) {
-  return std::find(names.begin(), names.end(), name) != names.end();
-}
+const std::vector<std::string> kSettableTexts =
+    namesOf(factsToSet(&PropertyFacts::dynamicGroup, Kind::kText));
+const std::vector<std::string> kReadableTexts =
+    namesOf(factsToRead(&PropertyFacts::dynamicGroup, Kind::kText));
 
 // Sets through one of the three ways: the plain setter, and the one with
 // constraint control with and without notification.
@@ -56,10 +46,14 @@ class DynamicGroupTest : public ::testing::Test {
 };
 
 TEST_F(DynamicGroupTest, NewGroup_HasTheDefaults) {
+  std::string value;
+  EXPECT_TRUE(group_.getFeatureProperty(std::string("Name"), value));
+  EXPECT_EQ(value, "Pages");
+  DriverFeatureDynamicGroup unnamed{std::string()};
   for (const std::string& name : kReadableTexts) {
-    std::string value = "unset";
-    EXPECT_TRUE(group_.getFeatureProperty(name, value)) << name;
-    EXPECT_EQ(value, name == "Name" ? "Pages" : "") << name;
+    value = "unset";
+    EXPECT_TRUE(unnamed.getFeatureProperty(name, value)) << name;
+    EXPECT_EQ(value, "") << name;
   }
   EXPECT_EQ(group_.getFeatureType(), 8);
   int record = 0;
@@ -78,38 +72,37 @@ TEST_F(DynamicGroupTest, NewGroup_HasTheDefaults) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(DynamicGroupTest, Text_EveryName_IsStoredOrRefusedInSilence) {
+TEST_F(DynamicGroupTest, Text_SettableNames_HaveAPlaceEach) {
   for (const Way way : kWays) {
-    for (const std::string& name : everyName()) {
-      SCOPED_TRACE(name);
-      DriverFeatureDynamicGroup group(std::string("Pages"));
-      const bool readable = contains(kReadableTexts, name);
-      EXPECT_EQ(set(group, way, name, std::string("stored")),
-                readable || contains(kHiddenTexts, name));
-      std::string value = "kept";
-      EXPECT_EQ(group.getFeatureProperty(name, value), readable);
-      EXPECT_EQ(value, readable ? "stored" : "kept");
+    for (const std::string& name : kSettableTexts) {
+      EXPECT_TRUE(set(group_, way, name, "text of " + name)) << name;
+    }
+    for (const std::string& name : kReadableTexts) {
+      std::string value;
+      EXPECT_TRUE(group_.getFeatureProperty(name, value)) << name;
+      EXPECT_EQ(value, "text of " + name);
+      EXPECT_TRUE(set(group_, way, name, std::string())) << name;
     }
   }
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(DynamicGroupTest, Text_EachProperty_HasAPlaceOfItsOwn) {
-  for (const std::string& name : kReadableTexts) {
-    group_.setFeatureProperty(name, std::string("text of " + name));
+TEST_F(DynamicGroupTest, Text_OtherNames_AreRefusedWithoutALine) {
+  for (const std::string& name : namesBut(kSettableTexts)) {
+    EXPECT_FALSE(set(group_, Way::kPlain, name, std::string("stored"))) << name;
+    EXPECT_FALSE(set(group_, Way::kNotifying, name, std::string("stored"))) << name;
   }
-  for (const std::string& name : kHiddenTexts) group_.setFeatureProperty(name, std::string("x"));
-  for (const std::string& name : kReadableTexts) {
-    std::string value;
-    EXPECT_TRUE(group_.getFeatureProperty(name, value));
-    EXPECT_EQ(value, "text of " + name);
+  for (const std::string& name : namesBut(kReadableTexts)) {
+    std::string value = "kept";
+    EXPECT_FALSE(group_.getFeatureProperty(name, value)) << name;
+    EXPECT_EQ(value, "kept") << name;
   }
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
 TEST_F(DynamicGroupTest, Int_EveryOtherName_IsLoggedWithTheGroupAlone) {
   for (const Way way : kWays) {
-    for (const std::string& name : everyName()) {
-      if (name == "RecordInFocus") continue;
+    for (const std::string& name : namesBut({"RecordInFocus"})) {
       SCOPED_TRACE(name);
       EXPECT_FALSE(set(group_, way, name, 1));
       int value = 77;
@@ -130,7 +123,7 @@ TEST_F(DynamicGroupTest, Int_EveryOtherName_IsLoggedWithTheGroupAlone) {
 
 TEST_F(DynamicGroupTest, Float_EveryName_IsLoggedWithTheGroupAlone) {
   for (const Way way : kWays) {
-    for (const std::string& name : everyName()) {
+    for (const std::string& name : namesBut({})) {
       SCOPED_TRACE(name);
       EXPECT_FALSE(set(group_, way, name, 1.0F));
       float value = 7.5F;
@@ -151,8 +144,7 @@ TEST_F(DynamicGroupTest, Float_EveryName_IsLoggedWithTheGroupAlone) {
 
 TEST_F(DynamicGroupTest, Bool_EveryOtherName_IsLoggedWithTheProperty) {
   for (const Way way : kWays) {
-    for (const std::string& name : everyName()) {
-      if (name == "Sensitivity" || name == "Visibility") continue;
+    for (const std::string& name : namesBut({"Sensitivity", "Visibility"})) {
       SCOPED_TRACE(name);
       EXPECT_FALSE(set(group_, way, name, true));
       bool value = true;
@@ -173,29 +165,37 @@ TEST_F(DynamicGroupTest, Bool_EveryOtherName_IsLoggedWithTheProperty) {
   }
 }
 
+// Every store is reported, changed or not, unless silence is asked for.
+struct WayRow {
+  Way way;
+  std::vector<std::string> events;
+};
+const WayRow kReports[] = {
+    {Way::kPlain, {kUpdateCalled}}, {Way::kNotifying, {kUpdateCalled}}, {Way::kSilent, {}}};
+
 TEST_F(DynamicGroupTest, RecordInFocus_EveryWay_IsStoredAndReported) {
-  for (const Way way : kWays) {
-    EXPECT_TRUE(set(group_, way, "RecordInFocus", 5));
+  for (const WayRow& row : kReports) {
+    EXPECT_TRUE(set(group_, row.way, "RecordInFocus", 5));
     int record = 0;
     EXPECT_TRUE(group_.getFeatureProperty(std::string("RecordInFocus"), &record));
     EXPECT_EQ(record, 5);
-    // Every store is reported, changed or not, unless silence is asked for.
-    EXPECT_EQ(host_.takeEvents().size(), way == Way::kSilent ? 0U : 1U);
+    EXPECT_EQ(host_.takeEvents(), row.events);
   }
 }
 
 TEST_F(DynamicGroupTest, Flags_EveryWay_AreStoredAndReported) {
-  for (const std::string name : {"Sensitivity", "Visibility"}) {
-    const std::string other = name == "Sensitivity" ? "Visibility" : "Sensitivity";
-    for (const Way way : kWays) {
+  const std::pair<const char*, const char*> names[] = {{"Sensitivity", "Visibility"},
+                                                       {"Visibility", "Sensitivity"}};
+  for (const auto& [name, other] : names) {
+    for (const WayRow& row : kReports) {
       for (const bool wanted : {false, true}) {
-        EXPECT_TRUE(set(group_, way, name, wanted));
+        EXPECT_TRUE(set(group_, row.way, name, wanted));
+        EXPECT_EQ(host_.takeEvents(), row.events);
         bool flag = !wanted;
-        EXPECT_TRUE(group_.getFeatureProperty(name, &flag));
+        EXPECT_TRUE(group_.getFeatureProperty(std::string(name), &flag));
         EXPECT_EQ(flag, wanted);
-        EXPECT_TRUE(group_.getFeatureProperty(other, &flag));
+        EXPECT_TRUE(group_.getFeatureProperty(std::string(other), &flag));
         EXPECT_TRUE(flag);
-        EXPECT_EQ(host_.takeEvents().size(), way == Way::kSilent ? 0U : 1U);
       }
     }
   }

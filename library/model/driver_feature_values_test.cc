@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "model/driver_feature.h"
+#include "support/property_facts.h"
 #include "support/recording_host.h"
 
 namespace driver_feature::testing {
@@ -55,21 +56,16 @@ TEST_F(FeatureValuesTest, NewFeature_HasTheDefaults) {
   EXPECT_EQ(readInt("FeatureType"), 1);
   EXPECT_EQ(feature_.getFeatureType(), 1);
   EXPECT_EQ(readInt("FeatureValueType"), 1);
-  for (const char* name : {"CurrentIntValue", "DefaultIntValue", "OriginalIntValue",
-                           "DeferredIntValue", "MaxTextLength"}) {
-    EXPECT_EQ(readInt(name), 0) << name;
+  for (const PropertyFacts& facts : factsBut({"FeatureType", "FeatureValueType"},
+                                             factsToRead(&PropertyFacts::feature, Kind::kInt))) {
+    EXPECT_EQ(readInt(facts.name), 0) << facts.name;
   }
-  for (const char* name : {"CurrentFloatValue", "DefaultFloatValue", "OriginalFloatValue",
-                           "DeferredFloatValue", "FloatMinValue", "FloatMaxValue"}) {
-    EXPECT_EQ(readFloat(name), 0.0F) << name;
+  for (const PropertyFacts& facts : factsToRead(&PropertyFacts::feature, Kind::kFloat)) {
+    EXPECT_EQ(readFloat(facts.name), 0.0F) << facts.name;
   }
-  for (const char* name :
-       {"CurrentTextValue", "DefaultTextValue", "OriginalTextValue", "DeferredTextValue",
-        "TextValidationCharSet", "PJLCommand", "PSCommand", "TESKOAAttributeName",
-        "TESKJTAttributeName", "InstOptAttributeName", "NonVORNAttributeName",
-        "TESKAttributeSyntax", "AddPJLCallbackRoutine", "AddVORNCallbackRoutine", "SNMPOID",
-        "SNMPOIDPrefix", "BiDiDataSection", "CLOKey"}) {
-    EXPECT_EQ(readText(name), "") << name;
+  for (const PropertyFacts& facts : factsBut({"Name", "AddPSCallbackRoutine", "ValueString"},
+                                             factsToRead(&PropertyFacts::feature, Kind::kText))) {
+    EXPECT_EQ(readText(facts.name), "") << facts.name;
   }
   for (const auto& [name, expected] : {std::pair("Sensitivity", true),
                                        {"Visibility", true},
@@ -163,6 +159,7 @@ TEST_F(FeatureValuesTest, MismatchLine_OfANumber_ShowsItsLowEightBits) {
                             {2147483648.0F, '\0'},
                             {-2147483648.0F, '\0'},
                             {2147483520.0F, '\x80'},
+                            {2147483904.0F, '\0'},
                             {1e30F, '\0'}};
   for (const ByteRow& row : floats) {
     EXPECT_TRUE(set("CurrentFloatValue", row.value));

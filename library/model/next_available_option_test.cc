@@ -28,6 +28,12 @@ class NextAvailableOptionTest : public ::testing::Test {
     for (DriverFeatureOption* option : {&a_, &b_, &c_}) feature_.addOptionToFeature(option);
   }
 
+  void setAvailable(const bool (&available)[3]) {
+    a_.setOptionProperty(std::string("Sensitivity"), available[0]);
+    b_.setOptionProperty(std::string("Sensitivity"), available[1]);
+    c_.setOptionProperty(std::string("Sensitivity"), available[2]);
+  }
+
   RecordingHost host_;
   DriverFeatureOption a_{std::string("A")};
   DriverFeatureOption b_{std::string("B")};
@@ -40,7 +46,7 @@ struct SearchRow {
   const char* what;
   bool available[3];
   int start;
-  int found;  // -1 when none is.
+  int found;
 };
 
 TEST_F(NextAvailableOptionTest, AnyStart_WrapsAroundAndNeverAnswersTheStart) {
@@ -49,8 +55,6 @@ TEST_F(NextAvailableOptionTest, AnyStart_WrapsAroundAndNeverAnswersTheStart) {
       {"wraps from the last", {true, true, true}, 2, 0},
       {"over an unavailable one", {true, false, true}, 0, 2},
       {"tests C, then A", {true, false, false}, 1, 0},
-      {"only the start", {false, true, false}, 1, -1},
-      {"none", {false, false, false}, 0, -1},
       {"behind the last, all", {true, false, false}, 3, 0},
       {"behind the last, the last", {false, false, true}, 3, 2},
       {"far behind, all in the second pass", {false, true, false}, 100, 1},
@@ -59,25 +63,33 @@ TEST_F(NextAvailableOptionTest, AnyStart_WrapsAroundAndNeverAnswersTheStart) {
       {"far before", {false, true, false}, -100, 1},
       {"smallest", {false, false, true}, INT_MIN, 2},
   };
-  DriverFeatureOption* const options[] = {&a_, &b_, &c_};
   for (const SearchRow& row : rows) {
     SCOPED_TRACE(row.what);
-    for (int i = 0; i < 3; ++i) {
-      options[i]->setOptionProperty(std::string("Sensitivity"), row.available[i]);
-    }
+    setAvailable(row.available);
+    int position = row.start;
+    EXPECT_TRUE(feature_.findNextAvailableOption(&position));
+    EXPECT_EQ(position, row.found);
+    EXPECT_THAT(host_.takeEvents(), IsEmpty());
+  }
+}
+
+TEST_F(NextAvailableOptionTest, NoOtherOption_IsLoggedAndKeepsThePosition) {
+  const SearchRow rows[] = {
+      {"only the start", {false, true, false}, 1, 1},
+      {"none", {false, false, false}, 0, 0},
+  };
+  for (const SearchRow& row : rows) {
+    SCOPED_TRACE(row.what);
+    setAvailable(row.available);
     int position = row.start;
     LogMessageBuffer = "untouched";
-    EXPECT_EQ(feature_.findNextAvailableOption(&position), row.found >= 0);
-    EXPECT_EQ(position, row.found >= 0 ? row.found : row.start);
+    EXPECT_FALSE(feature_.findNextAvailableOption(&position));
+    EXPECT_EQ(position, row.found);
     EXPECT_EQ(LogMessageBuffer.utf8(), "untouched");
-    if (row.found >= 0) {
-      EXPECT_THAT(host_.takeEvents(), IsEmpty());
-    } else {
-      EXPECT_THAT(host_.takeEvents(),
-                  ElementsAre(logLine(2,
-                                      "DriverFeatureOption::findNextAvailableOption() - No options "
-                                      "are available!")));
-    }
+    EXPECT_THAT(host_.takeEvents(),
+                ElementsAre(logLine(2,
+                                    "DriverFeatureOption::findNextAvailableOption() - No options "
+                                    "are available!")));
   }
 }
 

@@ -29,10 +29,10 @@ enum class Access : unsigned char { kSet, kGet, kBoth };
 
 // The value type that a feature must have before the property can be set.
 enum class Needs : signed char {
-  kAny = -1,
   kInt = kIntValue,
   kText = kTextValue,
   kFloat = kFloatValue,
+  kAny,
 };
 
 // What storing the property does beyond storing it.

@@ -29,9 +29,10 @@ bool takeSign(std::string_view& text) {
 
 // Whether `text` is "0x" and a hexadecimal digit, perhaps after a point.
 bool isHexadecimal(std::string_view text) {
-  if (text.size() < 3 || text[0] != '0' || (text[1] != 'x' && text[1] != 'X')) return false;
-  const std::size_t digit = text[2] == '.' ? 3 : 2;
-  return digit < text.size() && kHexDigits.find(text[digit]) != kHexDigits.npos;
+  if (!text.starts_with("0x") && !text.starts_with("0X")) return false;
+  text.remove_prefix(2);
+  if (text.starts_with('.')) text.remove_prefix(1);
+  return text.find_first_of(kHexDigits) == 0;
 }
 
 // Whether a number that a double cannot hold is too large, not too small: the
@@ -55,7 +56,7 @@ bool isTooLarge(std::string_view number, bool hexadecimal) {
   if (std::from_chars(exponentText.data(), end, exponent).ec == std::errc::result_out_of_range) {
     return !negative;
   }
-  return place + (negative ? -exponent : exponent) > 0;
+  return place > (negative ? exponent : -exponent);
 }
 
 }  // namespace
@@ -78,7 +79,7 @@ float toFloat(const std::string& text) {
   std::string_view rest = text;
   const bool negative = takeSign(rest);
   // The conversion takes a minus of its own; here the sign is gone already.
-  if (!rest.empty() && (rest.front() == '-' || rest.front() == '+')) return 0;
+  if (rest.starts_with('-')) return 0;
   const bool hexadecimal = isHexadecimal(rest);
   if (hexadecimal) rest.remove_prefix(2);
   double value = 0;

@@ -51,6 +51,10 @@ TEST(TextConversionTest, ToFloat_AnyText_ReadsTheNumberAtItsStart) {
   const std::string tiny = "0." + manyZeros + "1e10";
   const std::string huge = "1" + manyZeros + "e-10";
   const std::string balanced = "1" + manyZeros + "e-400";
+  // A hexadecimal digit counts as four binary ones against the exponent.
+  const std::string hexHuge = "0x1" + std::string(999, '0') + "p-2000";
+  const std::string hexTiny = "0x1" + std::string(1999, '0') + "p-9500";
+  const std::string tinyAfterAll = "1" + manyZeros + "e-900";
   const FloatRow rows[] = {
       {"2.5", 2.5F},
       {"2.5abc", 2.5F},
@@ -95,6 +99,9 @@ TEST(TextConversionTest, ToFloat_AnyText_ReadsTheNumberAtItsStart) {
       {tiny.c_str(), 0.0F},
       {huge.c_str(), kInfinity},
       {balanced.c_str(), 1.0F},
+      {hexHuge.c_str(), kInfinity},
+      {hexTiny.c_str(), 0.0F},
+      {tinyAfterAll.c_str(), 0.0F},
   };
   for (const FloatRow& row : rows)
     EXPECT_EQ(toFloat(row.text), row.value) << '"' << row.text << '"';
@@ -106,7 +113,7 @@ TEST(TextConversionTest, ToFloat_SignWithoutANumber_IsPlusZero) {
     EXPECT_EQ(toFloat(text), 0.0F) << text;
     EXPECT_FALSE(std::signbit(toFloat(text))) << text;
   }
-  for (const char* text : {"-0", "-0x", "-.0", "-1e-999"}) {
+  for (const char* text : {"-0", "-0x", "-0xg", "-0x.", "-0x.g", "-.0", "-1e-999"}) {
     EXPECT_TRUE(std::signbit(toFloat(text))) << text;
   }
 }

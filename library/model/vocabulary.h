@@ -124,7 +124,7 @@ enum ValueType : int {
 };
 inline constexpr int kHighestValueType = kFloatValue;
 
-inline constexpr std::array<const char*, 4> kValueTypeNames = {"UIOnly", "Int", "Text", "Float"};
+inline constexpr const char* kValueTypeNames[] = {"UIOnly", "Int", "Text", "Float"};
 
 }  // namespace driver_feature
 

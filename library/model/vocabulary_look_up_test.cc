@@ -12,7 +12,7 @@
 #include "model/driver_feature_option.h"
 #include "model/vocabulary.h"
 #include "support/platform_look_up.h"
-#include "support/property_names.h"
+#include "support/property_facts.h"
 #include "support/recording_host.h"
 
 #include "AttributeList.h"
@@ -20,7 +20,6 @@
 namespace driver_feature::testing {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 
 // What the look-up has been given last, and what it answers instead of the
@@ -45,16 +44,14 @@ class VocabularyLookUpTest : public ::testing::Test {
 TEST_F(VocabularyLookUpTest, Property_IsLookedUpInAllNames) {
   EXPECT_EQ(findProperty("Visibility"), Property::kVisibility);
   EXPECT_EQ(lookUp.calls, 1);
-  EXPECT_THAT(lookUp.names, ElementsAreArray(kAllPropertyNames));
+  EXPECT_THAT(lookUp.names, ElementsAreArray(namesOf(kPropertyFacts)));
   EXPECT_EQ(lookUp.name, "Visibility");
 }
 
 TEST_F(VocabularyLookUpTest, OptionProperty_IsLookedUpInTheOptionNames) {
   EXPECT_EQ(findOptionProperty("CLOKey"), OptionProperty::kCLOKey);
   EXPECT_EQ(lookUp.calls, 1);
-  EXPECT_THAT(lookUp.names,
-              ElementsAre("CLOKey", "DisplayText", "Name", "PJLCommand", "PSCommand", "SNMPValue",
-                          "Sensitivity", "TESKCommand", "TESKTicketCommand", "Visibility"));
+  EXPECT_THAT(lookUp.names, ElementsAreArray(namesOf(kOptionPropertyFacts)));
   EXPECT_EQ(lookUp.name, "CLOKey");
 }
 

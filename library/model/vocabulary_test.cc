@@ -1,35 +1,34 @@
 #include "model/vocabulary.h"
 
+#include <iterator>
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include "support/property_names.h"
+#include "support/property_facts.h"
 
 namespace driver_feature {
 namespace {
 
-using testing::kAllPropertyNames;
+using testing::kOptionPropertyFacts;
+using testing::kPropertyFacts;
 using testing::kUnknownNames;
 
 TEST(VocabularyTest, Properties_AreTheFortyFiveNamesInOrder) {
-  ASSERT_EQ(kAllPropertyNames.size(), kPropertyCount);
+  ASSERT_EQ(std::size(kPropertyFacts), kPropertyCount);
   for (std::size_t i = 0; i < kPropertyCount; ++i) {
-    EXPECT_EQ(nameOf(static_cast<Property>(i)), kAllPropertyNames[i]);
-    EXPECT_EQ(findProperty(kAllPropertyNames[i]), static_cast<Property>(i));
+    EXPECT_STREQ(nameOf(static_cast<Property>(i)), kPropertyFacts[i].name);
+    EXPECT_EQ(findProperty(kPropertyFacts[i].name), static_cast<Property>(i));
   }
   EXPECT_EQ(findProperty("CurrentIntValue"), Property::kCurrentIntValue);
   EXPECT_EQ(findProperty("Visibility"), Property::kVisibility);
 }
 
 TEST(VocabularyTest, OptionProperties_AreTheTenNamesInOrder) {
-  const std::string names[] = {
-      "CLOKey",    "DisplayText", "Name",        "PJLCommand",        "PSCommand",
-      "SNMPValue", "Sensitivity", "TESKCommand", "TESKTicketCommand", "Visibility"};
-  ASSERT_EQ(std::size(names), kOptionPropertyCount);
+  ASSERT_EQ(std::size(kOptionPropertyFacts), kOptionPropertyCount);
   for (std::size_t i = 0; i < kOptionPropertyCount; ++i) {
-    EXPECT_EQ(nameOf(static_cast<OptionProperty>(i)), names[i]);
-    EXPECT_EQ(findOptionProperty(names[i]), static_cast<OptionProperty>(i));
+    EXPECT_STREQ(nameOf(static_cast<OptionProperty>(i)), kOptionPropertyFacts[i].name);
+    EXPECT_EQ(findOptionProperty(kOptionPropertyFacts[i].name), static_cast<OptionProperty>(i));
   }
   EXPECT_EQ(findOptionProperty("SNMPValue"), OptionProperty::kSNMPValue);
 }
@@ -45,7 +44,7 @@ TEST(VocabularyTest, OtherNames_AreUnknown) {
 
 TEST(VocabularyTest, DisplayNames_StandAtTheirCodes) {
   EXPECT_EQ(kFeatureTypeNames.size(), 6U);
-  EXPECT_EQ(kValueTypeNames.size(), 4U);
+  EXPECT_EQ(std::size(kValueTypeNames), 4U);
   EXPECT_STREQ(kFeatureTypeNames[0], "UIOnly");
   EXPECT_STREQ(kFeatureTypeNames[1], "MultiSelect");
   EXPECT_STREQ(kFeatureTypeNames[2], "IntEntry");

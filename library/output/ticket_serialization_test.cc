@@ -87,8 +87,8 @@ struct NameRow {
   const char* what;
   Texts names;
   bool includeInstOpt;
-  const char* jobTicketName;
-  const char* outputName;
+  std::string jobTicket;
+  std::string output;
 };
 
 TEST_F(TicketSerializationTest, NodeName_IsTheFirstThatCounts) {
@@ -99,46 +99,46 @@ TEST_F(TicketSerializationTest, NodeName_IsTheFirstThatCounts) {
         {"InstOptAttributeName", "io"},
         {"NonVORNAttributeName", "nv"}},
        true,
-       "jt",
+       command("jt"),
        ""},
       {"two, the first",
        {{"TESKJTAttributeName", "jt"}, {"TESKOAAttributeName", "oa"}},
        false,
-       "jt",
+       command("jt"),
        ""},
       {"the second",
        {{"TESKOAAttributeName", "oa"}, {"InstOptAttributeName", "io"}},
        true,
        "",
-       "oa"},
+       command("oa")},
       {"the second with the third not asked for",
        {{"TESKOAAttributeName", "oa"}, {"NonVORNAttributeName", "nv"}},
        false,
        "",
-       "oa"},
+       command("oa")},
       {"the third",
        {{"InstOptAttributeName", "io"}, {"NonVORNAttributeName", "nv"}},
        true,
-       "io",
+       command("io"),
        ""},
       {"the third not asked for",
        {{"InstOptAttributeName", "io"}, {"NonVORNAttributeName", "nv"}},
        false,
-       "nv",
+       command("nv"),
        ""},
       {"the third alone, not asked for", {{"InstOptAttributeName", "io"}}, false, "", ""},
-      {"the fourth", {{"NonVORNAttributeName", "nv"}}, false, "nv", ""},
-      {"the fourth with the third asked for", {{"NonVORNAttributeName", "nv"}}, true, "nv", ""},
+      {"the fourth", {{"NonVORNAttributeName", "nv"}}, false, command("nv"), ""},
+      {"the fourth with the third asked for",
+       {{"NonVORNAttributeName", "nv"}},
+       true,
+       command("nv"),
+       ""},
       {"none", {}, true, "", ""},
   };
   for (const NameRow& row : rows) {
     SCOPED_TRACE(row.what);
     model_.feature("F", 2, row.names);  // In place of the one before it.
-    const std::string jobTicketName = row.jobTicketName;
-    const std::string outputName = row.outputName;
-    EXPECT_EQ(serialize(row.includeInstOpt),
-              ticket(jobTicketName.empty() ? "" : command(jobTicketName),
-                     outputName.empty() ? "" : command(outputName)));
+    EXPECT_EQ(serialize(row.includeInstOpt), ticket(row.jobTicket, row.output));
     EXPECT_THAT(host_.takeEvents(), IsEmpty());
   }
 }

@@ -262,15 +262,28 @@ TEST(CommandTemplateTest, AnyValue_SecondConversion_IsRefused) {
 }
 
 TEST(CommandTemplateTest, AnyValue_ConversionOfAnotherKind_IsRefused) {
-  const std::string texts = "s";
-  const std::string integers = "diuxXoc";
-  const std::string floats = "fFeEgGaA";
-  for (const char letter : texts + integers + floats) {
-    const std::string t = std::string("%") + letter;
-    std::string text = "kept";
-    EXPECT_EQ(formatCommand(t, std::string_view("v"), text), texts.find(letter) != texts.npos) << t;
-    EXPECT_EQ(formatCommand(t, 1, text), integers.find(letter) != integers.npos) << t;
-    EXPECT_EQ(formatCommand(t, 1.0, text), floats.find(letter) != floats.npos) << t;
+  std::string text = "kept";
+  for (const std::string t : {"%d", "%i", "%u", "%x", "%X", "%o", "%c", "%f", "%F", "%e", "%E",
+                              "%g", "%G", "%a", "%A", "%r", "%t", "%S"}) {
+    EXPECT_FALSE(formatCommand(t, std::string_view("v"), text)) << t;
+  }
+  for (const std::string t : {"%s", "%f", "%F", "%e", "%E", "%g", "%G", "%a", "%A"}) {
+    EXPECT_FALSE(formatCommand(t, 1, text)) << t;
+  }
+  for (const std::string t : {"%s", "%d", "%i", "%u", "%x", "%X", "%o", "%c"}) {
+    EXPECT_FALSE(formatCommand(t, 1.0, text)) << t;
+  }
+  EXPECT_EQ(text, "kept");
+}
+
+TEST(CommandTemplateTest, AnyValue_ConversionOfItsKind_IsTaken) {
+  std::string text;
+  EXPECT_TRUE(formatCommand("%s", std::string_view("v"), text));
+  for (const std::string t : {"%d", "%i", "%u", "%x", "%X", "%o", "%c"}) {
+    EXPECT_TRUE(formatCommand(t, 1, text)) << t;
+  }
+  for (const std::string t : {"%f", "%F", "%e", "%E", "%g", "%G", "%a", "%A"}) {
+    EXPECT_TRUE(formatCommand(t, 1.0, text)) << t;
   }
 }
 

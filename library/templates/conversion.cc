@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 #include <initializer_list>
+#include <utility>
 
 namespace driver_feature {
 
@@ -24,28 +25,18 @@ std::optional<int> takeFieldSize(std::string_view& text) {
 }
 
 bool takeFlag(std::string_view& text, Conversion& conversion) {
-  if (text.empty()) return false;
-  switch (text.front()) {
-    case '-':
-      conversion.leftAligned = true;
-      break;
-    case '+':
-      conversion.plusSign = true;
-      break;
-    case ' ':
-      conversion.blankSign = true;
-      break;
-    case '#':
-      conversion.alternateForm = true;
-      break;
-    case '0':
-      conversion.zeroPadded = true;
-      break;
-    default:
-      return false;
+  constexpr std::pair<char, bool Conversion::*> kFlags[] = {
+      {'-', &Conversion::leftAligned}, {'+', &Conversion::plusSign},
+      {' ', &Conversion::blankSign},   {'#', &Conversion::alternateForm},
+      {'0', &Conversion::zeroPadded},
+  };
+  for (const auto& [letter, flag] : kFlags) {
+    if (!text.starts_with(letter)) continue;
+    conversion.*flag = true;
+    text.remove_prefix(1);
+    return true;
   }
-  text.remove_prefix(1);
-  return true;
+  return false;
 }
 
 // "h" and "l" may be doubled.
@@ -165,10 +156,7 @@ std::string generalWithZeros(double magnitude, int precision) {
   const int significant = std::max(precision, 1);
   const std::string scientific =
       floatDigits(magnitude, std::chars_format::scientific, significant - 1);
-  int exponent = 0;
-  const std::size_t at = scientific.find('e') + 1;
-  const char* first = scientific.data() + at + (scientific[at] == '+' ? 1 : 0);
-  std::from_chars(first, scientific.data() + scientific.size(), exponent);
+  const int exponent = std::stoi(scientific.substr(scientific.find('e') + 1));
   const bool fixed = exponent >= -4 && exponent < significant;
   std::string digits =
       fixed ? floatDigits(magnitude, std::chars_format::fixed, significant - 1 - exponent)
@@ -242,7 +230,7 @@ std::optional<std::string> convert(const Conversion& conversion, double value) {
     return std::nullopt;
   }
   if (!isOneOf(conversion.length, {"", "l", "L"})) return std::nullopt;
-  const bool upper = conversion.letter >= 'A' && conversion.letter <= 'Z';
+  const bool upper = std::string_view("FEGA").find(conversion.letter) != std::string_view::npos;
   const char form = upper ? static_cast<char>(conversion.letter - 'A' + 'a') : conversion.letter;
   const bool finite = std::isfinite(value);
   const double magnitude = std::fabs(value);

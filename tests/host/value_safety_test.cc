@@ -95,16 +95,21 @@ TEST_F(ValueSafetyTest, Option_Allowed_IsWrittenAsItIs) {
 TEST_F(ValueSafetyTest, EveryCommand_SettingsFile_IsRefusedUnlessAllowed) {
   const std::string refused =
       "driver-feature: bad.conf:2: " + jobReason() + "driver-feature: bad.conf:4: " + lineReason();
-  const std::vector<Texts> commands = {{"emit", "o.xml", "--to", "pjl", "--settings", "bad.conf"},
-                                       {"show", "o.xml", "--settings", "bad.conf"},
-                                       {"dump", "o.xml", "--settings", "bad.conf"},
-                                       {"try", "o.xml", "--settings", "bad.conf"},
-                                       {"diff", "o.xml", "/dev/null", "bad.conf"}};
-  for (Texts command : commands) {
+  struct Row {
+    Texts command;
+    int status;  // Where the values are allowed.
+  };
+  const Row rows[] = {{{"emit", "o.xml", "--to", "pjl", "--settings", "bad.conf"}, 0},
+                      {{"show", "o.xml", "--settings", "bad.conf"}, 0},
+                      {{"dump", "o.xml", "--settings", "bad.conf"}, 0},
+                      {{"try", "o.xml", "--settings", "bad.conf"}, 0},
+                      {{"diff", "o.xml", "/dev/null", "bad.conf"}, 1}};
+  for (const auto& [refusedCommand, status] : rows) {
+    Texts command = refusedCommand;
     EXPECT_EQ(run(command), failure(2, refused)) << command.front();
     command.emplace_back(kAllow);
     const RunResult allowed = run(command);
-    EXPECT_EQ(allowed.status, command.front() == "diff" ? 1 : 0) << command.front();
+    EXPECT_EQ(allowed.status, status) << command.front();
     EXPECT_NE(allowed.output, "") << command.front();
   }
 }

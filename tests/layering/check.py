@@ -3,20 +3,19 @@
     check.py PROJECT-FOLDER
 
 rooms.txt lists the rooms and, for each, the rooms that it may include, all of
-which come before it in the list. Fails for an include that the list does not allow, for a room that the list does not have,
-and for an arrow of the list that no include uses any more. Prints the includes
-between rooms.
+which come before it in the list. Fails for an include that the list does not
+allow, for a room that the list does not have, and for an arrow of the list that
+no include uses any more. Prints the includes between rooms.
 """
 
 import collections
 import pathlib
-import re
 import sys
 
+sys.path.append(str(pathlib.Path(__file__).resolve().parents[1] / "support"))
+from includes import project_includes  # noqa: E402
+
 _LIST = pathlib.Path(__file__).with_name("rooms.txt")
-_INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"')
-# Where an include without a folder of its own is looked for.
-_ROOTS = ("library", ".", "platform/common_api", "platform/xml_parser")
 
 
 def read_rooms():
@@ -44,14 +43,6 @@ def room_of(path, rooms):
     return None
 
 
-def find_included(root, source, name):
-    """The project's file that an include means, or None."""
-    for folder in (source.parent, *map(pathlib.Path, _ROOTS)):
-        if (root / folder / name).is_file():
-            return pathlib.Path(folder) / name
-    return None
-
-
 def sources(root, rooms):
     """The rooms' sources; tests and test doubles may include what they like."""
     tops = sorted({room.split("/")[0] for room in rooms})
@@ -71,11 +62,7 @@ def main():
         if room is None:
             faults.append(f"{source}: its folder is no room of {_LIST.name}")
             continue
-        for number, line in enumerate((root / source).read_text().splitlines(), 1):
-            match = _INCLUDE.match(line)
-            included = match and find_included(root, source, match.group(1))
-            if not included:
-                continue
+        for number, included in project_includes(root, source):
             other = room_of(included, rooms)
             if other in (None, room):
                 continue

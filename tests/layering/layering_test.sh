@@ -13,8 +13,9 @@ check() { python3 -B "$work/tests/layering/check.py" "$work"; }
 
 fresh() {
   rm -rf "${work:?}"/*
-  mkdir "$work/tests"
+  mkdir -p "$work/tests/support"
   cp -r "$project/tests/layering" "$work/tests"
+  cp "$project/tests/support/includes.py" "$work/tests/support"
   cut -d: -f1 "$project/tests/layering/rooms.txt" | cut -d/ -f1 | sed '/^#/d;/^$/d' | sort -u |
     while read -r top; do cp -r "$project/$top" "$work"; done
 }

@@ -59,12 +59,16 @@ class Source:
 
     def _find_skipped(self):
         """Tokens that a mutation would only turn into a compile error, or that
-        name a language: static_assert, extern "C", and operators' names."""
+        name a language: static_assert and what it calls, extern "C", and
+        operators' names."""
         skipped = set()
         for index, token in enumerate(self.tokens):
             if token.text in ("static_assert", "decltype", "explicit"):
                 if self.word(index + 1) == "(":
                     skipped.update(range(index, self.partner[index + 1] + 1))
+            elif token.text == "consteval" and self.word(index + 1) == "bool":
+                body = next(at for at in range(index, len(self.tokens)) if self.word(at) == "{")
+                skipped.update(range(index, self.partner[body] + 1))
             elif token.text in ("extern", "operator"):
                 skipped.update((index, index + 1))
         return skipped

@@ -3,16 +3,15 @@
 #ifndef TESTS_SUPPORT_FEATURE_OPERATIONS_H_
 #define TESTS_SUPPORT_FEATURE_OPERATIONS_H_
 
-#include <array>
 #include <string>
 
 #include "model/driver_feature.h"
-#include "support/feature_property_rows.h"
+#include "support/property_facts.h"
 
 namespace driver_feature::testing {
 
-// values() are tried in setters, outputs() stand in the output before a read,
-// and shown() is a value as a type-mismatch line shows it.
+// value() has a value for each number (two for a bool), and kShown is the one for 1
+// as a type-mismatch line shows it.
 template <class Value>
 struct Operation;
 
@@ -25,9 +24,8 @@ template <>
 struct Operation<std::string> {
   static constexpr Kind kKind = Kind::kText;
   static constexpr const char* kSetter = "(string)";
-  static std::array<std::string, 1> values() { return {"stored"}; }
-  static std::array<std::string, 1> outputs() { return {"kept"}; }
-  static std::string shown(const std::string& value) { return value; }
+  static constexpr const char* kShown = "text 1";
+  static std::string value(int number) { return "text " + std::to_string(number); }
   static bool get(DriverFeature& feature, const std::string& name, std::string& value) {
     return feature.getFeatureProperty(name, value);
   }
@@ -41,9 +39,8 @@ template <>
 struct Operation<int> {
   static constexpr Kind kKind = Kind::kInt;
   static constexpr const char* kSetter = "(int)";
-  static std::array<int, 1> values() { return {3}; }
-  static std::array<int, 1> outputs() { return {-99}; }
-  static std::string shown(int /*value*/) { return "\x03"; }
+  static constexpr const char* kShown = "e";
+  static int value(int number) { return 100 + number; }
   static bool get(DriverFeature& feature, const std::string& name, int& value) {
     return feature.getFeatureProperty(name, &value);
   }
@@ -56,9 +53,8 @@ template <>
 struct Operation<float> {
   static constexpr Kind kKind = Kind::kFloat;
   static constexpr const char* kSetter = "(float)";
-  static std::array<float, 1> values() { return {66.9F}; }
-  static std::array<float, 1> outputs() { return {-99.5F}; }
-  static std::string shown(float /*value*/) { return "B"; }
+  static constexpr const char* kShown = "A";
+  static float value(int number) { return static_cast<float>(number) + 64.5F; }
   static bool get(DriverFeature& feature, const std::string& name, float& value) {
     return feature.getFeatureProperty(name, &value);
   }
@@ -71,9 +67,8 @@ template <>
 struct Operation<bool> {
   static constexpr Kind kKind = Kind::kBool;
   static constexpr const char* kSetter = "(bool)";
-  static std::array<bool, 2> values() { return {false, true}; }
-  static std::array<bool, 2> outputs() { return {false, true}; }
-  static std::string shown(bool value) { return {value ? '\x01' : '\x00'}; }
+  static constexpr const char* kShown = "\x01";
+  static bool value(int number) { return number % 2 == 1; }
   static bool get(DriverFeature& feature, const std::string& name, bool& value) {
     return feature.getFeatureProperty(name, &value);
   }
