@@ -20,16 +20,16 @@ namespace {
 class OfficeRoutinesTest : public testing::Test {
  protected:
   void open(const std::string& description) {
-    SessionRequest request;
+    host::SessionRequest request;
     request.description = std::string(DESCRIPTIONS_FOLDER) + "/" + description;
     request.library = DRIVER_FEATURE_LIBRARY;
     request.routines = {ROUTINES_LIBRARY};
-    auto session = Session::open(request);
+    auto session = host::Session::open(request);
     ASSERT_EQ(problemText(session), "");
     session_ = std::move(*session);
   }
 
-  const FeatureView& feature(const std::string& name) const {
+  const host::FeatureView& feature(const std::string& name) const {
     return session_->model().features.at(name);
   }
 
@@ -44,7 +44,7 @@ class OfficeRoutinesTest : public testing::Test {
   // The options that can be chosen, each with a blank after it.
   std::string available(const std::string& name) const {
     std::string names;
-    for (const Choice& each : feature(name).choices()) {
+    for (const host::Choice& each : feature(name).choices()) {
       if (each.available) names += each.name + " ";
     }
     return names;
@@ -65,7 +65,7 @@ class OfficeRoutinesTest : public testing::Test {
     return testing::internal::GetCapturedStdout();
   }
 
-  std::unique_ptr<Session> session_;
+  std::unique_ptr<host::Session> session_;
 };
 
 TEST_F(OfficeRoutinesTest, DuplexUnit_NotInstalled_TakesTwoSidedPrintingAway) {

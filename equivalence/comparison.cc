@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -80,4 +80,4 @@ std::size_t sizeOf(const JobTexts& texts) {
   return size;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -9,7 +9,7 @@
 
 #include "equivalence/ppd_text.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // The first byte of a text that differs, with what stands around it on both
 // sides: bytes that are no printable ASCII are written as \xNN.
@@ -46,6 +46,6 @@ void compareText(const std::string& part, std::string_view peer, std::string_vie
 // The number of libcups' bytes that a comparison looks at.
 std::size_t sizeOf(const JobTexts& texts);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_COMPARISON_H_

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -101,4 +101,4 @@ TEST(CompareTexts, Difference_TellsPlaceAndContext) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <system_error>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -104,4 +104,4 @@ std::string randomCustomValue(const ppd_cparam_t& parameter, Random& random) {
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

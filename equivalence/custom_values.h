@@ -8,7 +8,7 @@
 
 #include "equivalence/random.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // The shortest decimal text that reads back as the same float.
 std::string shortestText(float value);
@@ -24,6 +24,6 @@ void storeCustomValue(ppd_cparam_t& parameter, const std::string& value);
 // and writes further decimals past its buffer.
 std::string randomCustomValue(const ppd_cparam_t& parameter, Random& random);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_CUSTOM_VALUES_H_

@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -87,4 +87,4 @@ TEST(RandomCustomValue, Texts_KeepTheirLength) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

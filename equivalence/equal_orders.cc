@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -122,4 +122,4 @@ std::optional<std::string> sectionOfEquals(ppd_file_t& file, std::string_view pe
   return peerPieces == ourPieces ? section : std::nullopt;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -13,7 +13,7 @@
 #include <string>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // True when both texts consist of the same framed codes, and ours has them by
 // ascending order dependency as the PPD gives it.
@@ -26,6 +26,6 @@ bool differsInEqualsOnly(ppd_file_t& file, std::string_view peer, std::string_vi
 std::optional<std::string> sectionOfEquals(ppd_file_t& file, std::string_view peer,
                                            std::string_view ours);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_EQUAL_ORDERS_H_

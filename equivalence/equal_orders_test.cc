@@ -10,7 +10,7 @@
 
 #include "equivalence/peer.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -91,4 +91,4 @@ TEST_F(EqualOrdersTest, WholeJob_AnythingElse_IsADifference) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -18,7 +18,7 @@
 #include "host/ppd/import/import.h"
 #include "programs/common/console.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -64,13 +64,13 @@ class Examination {
     description_ = request_.description;
     if (!description_.empty()) return true;
     enter_("import");
-    const auto imported = importPpd(request_.file);
+    const auto imported = ppd::importPpd(request_.file);
     if (!imported) return fail("import", imported.error().text);
     std::ofstream file(request_.importTo, std::ios::binary);
     file << imported->text;
     file.close();
     if (!file) return fail("import", request_.importTo + ": cannot be written");
-    record_["losses"] = imported->losses.count(LossKind::kOption);
+    record_["losses"] = imported->losses.count(ppd::LossKind::kOption);
     description_ = request_.importTo;
     return true;
   }
@@ -78,20 +78,20 @@ class Examination {
   // Warnings are counted and no failure.
   bool check() {
     enter_("check");
-    const auto plugin = Plugin::load(request_.library);
+    const auto plugin = host::Plugin::load(request_.library);
     if (!plugin) return fail("library", plugin.error().text);
     for (const std::string& routines : request_.routines) {
-      const Result<> loaded = loadRoutines(routines);
+      const host::Result<> loaded = host::loadRoutines(routines);
       if (!loaded) return fail("library", loaded.error().text);
     }
-    const auto checked = checkFile(description_, *plugin);
+    const auto checked = check::checkFile(description_, *plugin);
     if (!checked) return fail("library", checked.error().text);
-    const FileReport& report = *checked;
-    record_["check_errors"] = countOf(report.findings, Severity::kError);
-    record_["check_warnings"] = countOf(report.findings, Severity::kWarning);
-    for (const Finding& finding : report.findings) {
-      const CodeRow& row = rowOf(finding.code);
-      if (row.severity != Severity::kError) continue;
+    const check::FileReport& report = *checked;
+    record_["check_errors"] = countOf(report.findings, check::Severity::kError);
+    record_["check_warnings"] = countOf(report.findings, check::Severity::kWarning);
+    for (const check::Finding& finding : report.findings) {
+      const check::CodeRow& row = rowOf(finding.code);
+      if (row.severity != check::Severity::kError) continue;
       fail("check", std::string(row.name) + " " + finding.sentence);
       break;
     }
@@ -100,12 +100,12 @@ class Examination {
 
   bool load() {
     enter_("load");
-    SessionRequest session;
+    host::SessionRequest session;
     session.description = description_;
     session.library = request_.library;
     session.routines = request_.routines;
-    session.detail = LogDetail::kErrors;
-    session.report = printError;
+    session.detail = host::LogDetail::kErrors;
+    session.report = cli::printError;
     subject_ = Subject::load(session);
     return subject_ != nullptr || fail("load", "");
   }
@@ -236,4 +236,4 @@ nlohmann::json examine(const ExaminationRequest& request,
   return Examination(request, enter).run();
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 struct ExaminationRequest {
   std::string file;         // The PPD.
@@ -38,6 +38,6 @@ struct ExaminationRequest {
 nlohmann::json examine(const ExaminationRequest& request,
                        const std::function<void(const std::string& phase)>& enter);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_EXAMINATION_H_

@@ -1,6 +1,6 @@
 #include "equivalence/exceptions.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -53,4 +53,4 @@ std::vector<std::string> Exceptions::idle(const std::set<std::string>& examined,
   return idle;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 class Exceptions {
  public:
@@ -36,6 +36,6 @@ class Exceptions {
   std::map<std::pair<std::string, std::string>, Entry> entries_;  // By cause and PPD.
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_EXCEPTIONS_H_

@@ -5,7 +5,7 @@
 
 #include <sstream>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -58,4 +58,4 @@ TEST(Exceptions, Idle_AreThoseOfExaminedPpdsThatWereNotFound) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 std::string jobOf(const OurOutput& output) {
   JobTexts texts;
@@ -22,4 +22,4 @@ bool writeJob(const OurOutput& output, const std::string& file) {
   return !stream.fail();
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

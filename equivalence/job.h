@@ -6,7 +6,7 @@
 
 #include "equivalence/comparison.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // What the interpreter prints when it has come to the end of such a job.
 constexpr const char* kJobEnd = "job has ended";
@@ -19,6 +19,6 @@ std::string jobOf(const OurOutput& output);
 // Writes the job into a file. False when that fails.
 bool writeJob(const OurOutput& output, const std::string& file);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_JOB_H_

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -60,4 +60,4 @@ std::string jobOptions(const Peer& peer, const Marks& marks) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -7,7 +7,7 @@
 #include "equivalence/peer.h"
 #include "equivalence/ppd_text.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // The marks as lp's -o gives them: "Option=Choice Other=Custom.3". Left out are
 // options that take several choices, PageRegion (a job asks for a page size),
@@ -15,6 +15,6 @@ namespace driver_feature {
 // own: they would do both.
 std::string jobOptions(const Peer& peer, const Marks& marks);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_JOB_OPTIONS_H_

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -56,4 +56,4 @@ TEST(JobOptions, OptionsThatJobsCannotHave_AreLeftOut) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

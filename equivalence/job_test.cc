@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -34,4 +34,4 @@ TEST(Job, HoldsTheSectionsAroundAPage) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -22,7 +22,7 @@
 #include "equivalence/runner.h"
 #include "host/session/log.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -194,12 +194,12 @@ int runProgram(int argc, char** argv) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 int main(int argc, char** argv) {
   try {
-    return driver_feature::runProgram(argc, argv);
+    return driver_feature::equivalence::runProgram(argc, argv);
   } catch (const std::exception& error) {
-    return driver_feature::refuse(error.what());
+    return driver_feature::equivalence::refuse(error.what());
   }
 }

@@ -11,7 +11,7 @@
 
 #include "equivalence/custom_values.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -179,4 +179,4 @@ PpdFigures Peer::figures() const {
   return figures;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

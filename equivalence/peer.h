@@ -10,7 +10,7 @@
 
 #include "equivalence/ppd_text.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // How much there is in a PPD.
 struct PpdFigures {
@@ -73,6 +73,6 @@ class Peer {
   std::vector<ppd_option_t*> options_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_PEER_H_

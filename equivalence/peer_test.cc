@@ -9,7 +9,7 @@
 
 #include "equivalence/vectors.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -175,4 +175,4 @@ TEST_F(PeerTest, MediaMarks_CombineSlotsAndSizes) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // The sections of PostScript in the order in which a description holds them.
 constexpr std::array<const char*, 5> kSectionNames = {"ExitServer", "Prolog", "DocumentSetup",
@@ -43,6 +43,6 @@ struct FeatureValue {
 
 using FeatureValues = std::vector<FeatureValue>;
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_PPD_TEXT_H_

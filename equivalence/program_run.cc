@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <system_error>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -92,4 +92,4 @@ ProgramOutput runProgram(const std::string& program, const std::vector<std::stri
   return result;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 struct ProgramOutput {
   int status = 0;  // The exit status; 1000 and the signal when one has ended the program.
@@ -21,6 +21,6 @@ ProgramOutput runProgram(const std::string& program, const std::vector<std::stri
                          const std::vector<std::pair<std::string, std::string>>& variables,
                          const std::string& input = "");
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_PROGRAM_RUN_H_

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <csignal>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -43,4 +43,4 @@ TEST(ProgramRun, UnusualEnds_HaveTheirStatus) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -6,7 +6,7 @@
 #include <random>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // A digest of the bytes that begins from `start`: FNV-1a with 64 bits.
 constexpr std::uint64_t digestOf(std::string_view bytes,
@@ -34,6 +34,6 @@ class Random {
   std::mt19937_64 engine_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_RANDOM_H_

@@ -4,7 +4,7 @@
 #include <array>
 #include <iterator>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -135,4 +135,4 @@ std::string Report::toText() const {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

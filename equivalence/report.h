@@ -12,7 +12,7 @@
 
 #include "equivalence/exceptions.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 class Report {
  public:
@@ -49,6 +49,6 @@ class Report {
   std::vector<std::string> idleExceptions_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_REPORT_H_

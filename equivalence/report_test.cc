@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -105,4 +105,4 @@ TEST(Report, IdleException_IsAFailure) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

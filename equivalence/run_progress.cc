@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -40,4 +40,4 @@ void RunProgress::finish() {
   if (isTerminal_ && done_ > 0) output_ << std::endl;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <ostream>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // On a terminal one line with a bar that is written anew; elsewhere a line for
 // each twentieth of the work.
@@ -30,6 +30,6 @@ class RunProgress {
   std::size_t failed_ = 0;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_RUN_PROGRESS_H_

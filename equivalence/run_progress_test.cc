@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <sstream>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -35,4 +35,4 @@ TEST(RunProgress, Elsewhere_WritesTwentyLines) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -10,7 +10,7 @@
 
 #include "equivalence/work_process.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -100,4 +100,4 @@ void examineAll(const std::vector<Task>& tasks, const RunRequest& request,
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -12,7 +12,7 @@
 
 #include "equivalence/examination.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 struct Task {
   std::string name;  // In reports and exceptions.
@@ -35,6 +35,6 @@ struct RunRequest {
 void examineAll(const std::vector<Task>& tasks, const RunRequest& request,
                 const std::function<void(const nlohmann::json& record)>& sink);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_RUNNER_H_

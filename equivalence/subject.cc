@@ -3,12 +3,12 @@
 #include "host/session/feature_view.h"
 #include "programs/common/console.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
-std::unique_ptr<Subject> Subject::load(const SessionRequest& request) {
-  auto session = Session::open(request);
+std::unique_ptr<Subject> Subject::load(const host::SessionRequest& request) {
+  auto session = host::Session::open(request);
   if (!session) {
-    printProblem(session.error());
+    cli::printProblem(session.error());
     return nullptr;
   }
   (*session)->log().release();
@@ -16,7 +16,7 @@ std::unique_ptr<Subject> Subject::load(const SessionRequest& request) {
 }
 
 bool Subject::set(const FeatureValues& settings, std::string& problem) const {
-  const FeatureMap& features = session_->model().features;
+  const host::FeatureMap& features = session_->model().features;
   for (const FeatureValue& setting : settings) {
     const auto found = features.find(setting.feature);
     if (found == features.end()) {
@@ -39,7 +39,7 @@ std::string Subject::serialized(int form) const {
 
 std::string Subject::jclEnd() const {
   std::string code;
-  const FeatureMap& features = session_->model().features;
+  const host::FeatureMap& features = session_->model().features;
   if (features.find("JCLEnd") == features.end()) return code;
   CoreFeature* feature = session_->features().FindFeatureInFeatureList(std::string("JCLEnd"));
   CoreOption* option = feature->fetchOptionByName(std::string("True"));
@@ -47,4 +47,4 @@ std::string Subject::jclEnd() const {
   return code;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -9,13 +9,13 @@
 #include "equivalence/ppd_text.h"
 #include "host/session/session.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 class Subject {
  public:
   // Loads the description, once per process. Null after a line on standard
   // error; what the library cannot build ends the process.
-  static std::unique_ptr<Subject> load(const SessionRequest& request);
+  static std::unique_ptr<Subject> load(const host::SessionRequest& request);
 
   // Stores all values. The first one that has no feature, or that its feature
   // refuses, is described in `problem`, and the answer is false.
@@ -30,12 +30,12 @@ class Subject {
   std::string jclEnd() const;
 
  private:
-  explicit Subject(std::unique_ptr<Session> session) : session_(std::move(session)) {}
+  explicit Subject(std::unique_ptr<host::Session> session) : session_(std::move(session)) {}
   std::string serialized(int form) const;
 
-  std::unique_ptr<Session> session_;
+  std::unique_ptr<host::Session> session_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_SUBJECT_H_

@@ -7,7 +7,7 @@
 
 #include "equivalence/custom_values.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -114,4 +114,4 @@ std::string describe(const Marks& marks) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

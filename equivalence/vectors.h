@@ -9,7 +9,7 @@
 #include "equivalence/ppd_text.h"
 #include "equivalence/random.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // Choices that decide which options are marked at all: libcups' rules of page
 // size, page region, input slot and manual feed, and each custom choice.
@@ -24,6 +24,6 @@ Marks randomMarks(const Peer& peer, Random& random);
 // "Option=Choice", with "{Parameter=Value ...}" behind a custom choice.
 std::string describe(const Marks& marks);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_VECTORS_H_

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 const char* const kWholeDocument =
     "%!PS-Adobe-3.0\n%%Title: two pages\n%%For: (jane)\n%%Pages: (atend)\n%%BoundingBox: (atend)\n"
@@ -112,4 +112,4 @@ std::string expectedOfConverted(const std::string& converted, const std::string&
   return direct.substr(0, begin) + body + last;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -7,7 +7,7 @@
 
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // Two pages with every part that a section goes into, and with the comments
 // that pstops writes.
@@ -33,6 +33,6 @@ std::string withoutJobPatch(std::string job, const ppd_file_t& ppd);
 // no such job.
 std::string expectedOfConverted(const std::string& converted, const std::string& direct);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_WHOLE_DOCUMENT_H_

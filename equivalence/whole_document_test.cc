@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -91,4 +91,4 @@ TEST(WholeDocument, ExpectedOfAConvertedJob_HasWhatPstopsDidToThePagesOnce) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

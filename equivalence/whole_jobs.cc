@@ -6,7 +6,7 @@
 #include "equivalence/program_run.h"
 #include "equivalence/whole_document.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -114,4 +114,4 @@ bool WholeJobs::compare(const std::string& options, std::vector<Difference>& dif
   return true;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

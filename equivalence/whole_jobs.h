@@ -11,7 +11,7 @@
 
 #include "equivalence/comparison.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 struct WholeJobRequest {
   std::string programs;     // The folder of driver-feature and its filter.
@@ -60,6 +60,6 @@ class WholeJobs {
   bool hasFront_ = false;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_WHOLE_JOBS_H_

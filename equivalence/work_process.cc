@@ -14,7 +14,7 @@
 
 #include "host/base/descriptor.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 namespace {
 
@@ -26,7 +26,7 @@ constexpr std::size_t kPrintedLimit = 2000;
 
 int workInChild(const WorkProcess::Work& work, int pipe) {
   const auto send = [pipe](char letter, const std::string& text) {
-    if (!writeAll(pipe, letter + text + '\0')) ::_exit(1);
+    if (!host::writeAll(pipe, letter + text + '\0')) ::_exit(1);
   };
   try {
     send(kAnswer, work([&send](const std::string& phase) { send(kPhase, phase); }));
@@ -51,15 +51,15 @@ std::string beginningOf(int file) {
 
 }  // namespace
 
-WorkProcess::WorkProcess(ChildProcess child, int printed, std::chrono::seconds limit)
+WorkProcess::WorkProcess(host::ChildProcess child, int printed, std::chrono::seconds limit)
     : child_(std::move(child)), printed_(printed), deadline_(Clock::now() + limit) {}
 
 std::unique_ptr<WorkProcess> WorkProcess::start(const Work& work, std::chrono::seconds limit) {
   const int printed = ::memfd_create("printed", MFD_CLOEXEC);
   if (printed < 0) throw std::system_error(errno, std::generic_category(), "a file in memory");
   // The check of a description loads it in a child of the child.
-  Result<ChildProcess> child =
-      ChildProcess::startGroup(printed, [&work](int pipe) { return workInChild(work, pipe); });
+  host::Result<host::ChildProcess> child = host::ChildProcess::startGroup(
+      printed, [&work](int pipe) { return workInChild(work, pipe); });
   if (!child) {
     ::close(printed);
     throw std::runtime_error(child.error().text);
@@ -100,4 +100,4 @@ WorkResult WorkProcess::finish() {
   return result;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence

@@ -9,7 +9,7 @@
 
 #include "host/base/child_process.h"
 
-namespace driver_feature {
+namespace driver_feature::equivalence {
 
 // How the work has ended.
 struct WorkResult {
@@ -52,15 +52,15 @@ class WorkProcess {
   WorkResult finish();
 
  private:
-  WorkProcess(ChildProcess child, int printed, std::chrono::seconds limit);
+  WorkProcess(host::ChildProcess child, int printed, std::chrono::seconds limit);
 
-  ChildProcess child_;
+  host::ChildProcess child_;
   int printed_;
   Clock::time_point deadline_;
   bool late_ = false;
   std::string received_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::equivalence
 
 #endif  // EQUIVALENCE_WORK_PROCESS_H_

@@ -28,7 +28,7 @@ float throughRecord(float number) {
 }
 
 // The records of "Jobs" are "Title" and "Shift", in the order of the file.
-void checkJobs(const std::vector<Record>& records, const Json& json) {
+void checkJobs(const std::vector<host::Record>& records, const Json& json) {
   for (std::size_t i = 0; i < records.size(); ++i) {
     const Json& title = json[i]["Title"];
     const std::string text = title.is_string() ? title.get<std::string>() : title.dump();
@@ -40,7 +40,7 @@ void checkJobs(const std::vector<Record>& records, const Json& json) {
 }
 
 // The records of "Pages" are "Page" and "Media", in the order of the pages.
-void checkPages(const std::vector<Record>& records) {
+void checkPages(const std::vector<host::Record>& records) {
   for (std::size_t i = 1; i < records.size(); ++i) {
     require(std::stoi(records[i - 1][0]) <= std::stoi(records[i][0]), "pages are in their order");
   }
@@ -48,7 +48,7 @@ void checkPages(const std::vector<Record>& records) {
 
 void checkSaved(const std::string& saved) {
   const SettingsModel model;
-  const auto refusals = applyLines(model.set(), model.model(), parseSettings(saved));
+  const auto refusals = applyLines(model.set(), model.model(), host::parseSettings(saved));
   require(refusals.empty(), "what is saved can be loaded: " + saved);
   require(composeSettings(model.set(), model.model()) == saved, "what is saved comes back");
 }
@@ -58,7 +58,7 @@ std::string add(const std::string& input, const std::string& group) {
   const SettingsModel model;
   const MemoryFile file(input);
   const std::string before = model.state();
-  const Result<> added = addRecords(model.set(), model.model(), {group, file.path()});
+  const host::Result<> added = addRecords(model.set(), model.model(), {group, file.path()});
   if (!added) {
     const std::string& reason = added.error().text;
     require(!reason.empty(), "a refusal has a reason");

@@ -24,18 +24,18 @@ constexpr std::size_t kLongestInput = 16384;
 // a test loads every one.
 constexpr std::size_t kInputsPerFile = FUZZ_INPUTS_PER_FILE;
 
-std::string write(const SettingsText& text) {
+std::string write(const host::SettingsText& text) {
   std::string written;
-  for (const SettingsLine& line : text.features) written += settingLine(line.setting);
-  for (const SettingsRecord& record : text.records) {
-    written += record.isNone ? noRecordsLine(record.group) : recordLine(record.group);
-    for (const SettingsLine& member : record.members) written += settingLine(member.setting);
+  for (const host::SettingsLine& line : text.features) written += settingLine(line.setting);
+  for (const host::SettingsRecord& record : text.records) {
+    written += record.isNone ? host::noRecordsLine(record.group) : host::recordLine(record.group);
+    for (const host::SettingsLine& member : record.members) written += settingLine(member.setting);
   }
   return written;
 }
 
 // All bytes but not the lines, which may be others when written again.
-std::string spell(const std::vector<SettingsLine>& lines) {
+std::string spell(const std::vector<host::SettingsLine>& lines) {
   std::string spelled;
   for (const auto& [line, setting] : lines) {
     spelled += std::to_string(setting.name.size()) + ":" + setting.name;
@@ -44,31 +44,31 @@ std::string spell(const std::vector<SettingsLine>& lines) {
   return spelled;
 }
 
-std::string spell(const SettingsText& text) {
+std::string spell(const host::SettingsText& text) {
   std::string spelled = spell(text.features);
-  for (const SettingsRecord& record : text.records) {
+  for (const host::SettingsRecord& record : text.records) {
     spelled += record.isNone ? "none " : "record ";
     spelled += std::to_string(record.group.size()) + ":" + record.group + spell(record.members);
   }
   return spelled;
 }
 
-void checkReading(const SettingsText& text, const std::string& input) {
+void checkReading(const host::SettingsText& text, const std::string& input) {
   const auto lines = 1 + std::count(input.begin(), input.end(), '\n');
-  for (const Problem& refusal : text.refusals) {
+  for (const host::Problem& refusal : text.refusals) {
     const int line = refusal.position.line;
     require(line >= 1 && line <= lines, "a refused line is one of the file's");
     require(!refusal.text.empty(), "a refused line has a reason");
   }
   const std::string written = write(text);
-  const SettingsText again = parseSettings(written);
+  const host::SettingsText again = host::parseSettings(written);
   require(again.refusals.empty(), "what is written is not refused: " + written);
   require(spell(again) == spell(text), "what is written reads the same: " + written);
 }
 
 // What is saved after making the settings in the order of the file; nothing
 // when a line is refused.
-std::optional<std::string> savedAfter(const SettingsText& text) {
+std::optional<std::string> savedAfter(const host::SettingsText& text) {
   const SettingsModel model;
   const auto refusals = applyLines(model.set(), model.model(), text);
   if (!refusals.empty() || !text.refusals.empty()) return std::nullopt;
@@ -80,10 +80,10 @@ std::optional<std::string> savedAfterLoading(const std::string& input) {
   const SettingsModel model;
   const MemoryFile file(input);
   const std::string before = model.state();
-  const Result<> loaded = loadSettings(model.set(), model.model(), file.path());
+  const host::Result<> loaded = loadSettings(model.set(), model.model(), file.path());
   if (loaded) return composeSettings(model.set(), model.model());
   require(loaded.error().file == file.path(), "a refusal names the file");
-  for (const Problem& refusal : loaded.error().more) {
+  for (const host::Problem& refusal : loaded.error().more) {
     require(refusal.file == file.path(), "every refusal names the file");
   }
   require(model.state() == before, "a refused file changes nothing");
@@ -93,14 +93,14 @@ std::optional<std::string> savedAfterLoading(const std::string& input) {
 // Not every saved file can be made in the order of its lines; loading finds
 // another order.
 void checkSaved(const std::string& saved) {
-  std::optional<std::string> again = savedAfter(parseSettings(saved));
+  std::optional<std::string> again = savedAfter(host::parseSettings(saved));
   if (!again) again = savedAfterLoading(saved);
   require(again.has_value(), "what is saved can be loaded: " + saved);
   require(again == saved, "what is saved comes back: " + saved);
 }
 
 void tryInput(const std::string& input) {
-  const SettingsText text = parseSettings(input);
+  const host::SettingsText text = host::parseSettings(input);
   checkReading(text, input);
   const auto direct = savedAfter(text);
   if (direct) checkSaved(*direct);

@@ -55,8 +55,8 @@ XMLDocument& description() {
   return *kDocument;
 }
 
-const DescriptionIndex& index() {
-  static const DescriptionIndex kIndex(description().root());
+const host::DescriptionIndex& index() {
+  static const host::DescriptionIndex kIndex(description().root());
   return kIndex;
 }
 
@@ -66,7 +66,8 @@ SettingsModel::SettingsModel() {
   SetLogHandler(keepSilent, nullptr);
   require(FeatureXMLTagHandler(description().root()) == 1, "the description is loaded");
   SetFeatureCreationCompleteFlag();
-  model_ = std::make_unique<Model>(Model{featuresOf(set()), index(), "description"});
+  model_ =
+      std::make_unique<host::Model>(host::Model{host::featuresOf(set()), index(), "description"});
 }
 
 SettingsModel::~SettingsModel() {
@@ -79,10 +80,10 @@ CoreFeatureSet& SettingsModel::set() const {
 }
 
 std::string SettingsModel::state() const {
-  std::string text = std::to_string(updateCount()) + "\n";
+  std::string text = std::to_string(host::updateCount()) + "\n";
   for (const auto& [name, feature] : model_->features) {
     text += name + (feature.isAvailable() ? " available\n" : " unavailable\n");
-    for (const Choice& choice : feature.choices()) text += choice.available ? "+" : "-";
+    for (const host::Choice& choice : feature.choices()) text += choice.available ? "+" : "-";
   }
   // Reading records notifies, so the count is taken before it.
   return text + composeSettings(set(), *model_);

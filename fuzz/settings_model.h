@@ -21,14 +21,14 @@ class SettingsModel {
   SettingsModel& operator=(const SettingsModel&) = delete;
 
   CoreFeatureSet& set() const;
-  const Model& model() const { return *model_; }
+  const host::Model& model() const { return *model_; }
 
   // Everything that a setting may change: values, records and what is
   // available, and how often the host was told of a change.
   std::string state() const;
 
  private:
-  std::unique_ptr<Model> model_;
+  std::unique_ptr<host::Model> model_;
 };
 
 // A file in memory that holds a text; others find it under its path.

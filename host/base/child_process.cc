@@ -19,7 +19,7 @@
 
 #include "host/base/descriptor.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -184,4 +184,4 @@ Result<std::vector<std::string>> runInChild(ChildStreams streams,
   return fail(Problem::Kind::kNotLoaded, std::move(reason));
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -10,7 +10,7 @@
 
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // Where what the child writes to its standard output and error goes.
 enum class ChildStreams {
@@ -74,6 +74,6 @@ std::string describeEnd(int status);
 Result<std::vector<std::string>> runInChild(ChildStreams streams,
                                             const std::function<std::vector<std::string>()>& work);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_BASE_CHILD_PROCESS_H_

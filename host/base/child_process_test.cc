@@ -15,7 +15,7 @@
 #include "host/base/descriptor.h"
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -113,4 +113,4 @@ TEST(ChildProcessTest, RunInChild_EndOfTheProcess_EndsTheCopy) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

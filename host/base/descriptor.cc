@@ -5,7 +5,7 @@
 #include <array>
 #include <cerrno>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 bool writeAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
@@ -28,4 +28,4 @@ std::string readAll(int descriptor) {
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // Writes all bytes. False, with errno set, when that fails.
 bool writeAll(int descriptor, std::string_view bytes);
@@ -13,6 +13,6 @@ bool writeAll(int descriptor, std::string_view bytes);
 // Everything up to the end of the file or pipe, or up to an error.
 std::string readAll(int descriptor);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_BASE_DESCRIPTOR_H_

@@ -7,7 +7,7 @@
 #include <memory>
 #include <utility>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -32,4 +32,4 @@ Result<std::string> readFile(const std::string& path) {
   return bytes;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

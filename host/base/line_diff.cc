@@ -5,7 +5,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -142,4 +142,4 @@ std::vector<DiffLine> withContext(const std::vector<DiffLine>& lines, std::size_
   return parts;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

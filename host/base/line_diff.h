@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // A line of one text or of both.
 struct DiffLine {
@@ -32,6 +32,6 @@ std::vector<DiffLine> diffLines(const std::vector<std::string>& first,
 // under a heading "@@ -LINE,COUNT +LINE,COUNT @@".
 std::vector<DiffLine> withContext(const std::vector<DiffLine>& lines, std::size_t context);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_BASE_LINE_DIFF_H_

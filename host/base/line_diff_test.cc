@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -37,4 +37,4 @@ TEST(LineDiffTest, WithContext_DistantChanges_AreTwoParts) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

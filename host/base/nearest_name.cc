@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -60,4 +60,4 @@ std::optional<std::string> nearestName(const std::string& wanted,
   return nearest;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // The name of `names` that takes the fewest insertions, removals,
 // replacements and swaps of neighbours to get from `wanted`, counting a change
@@ -16,6 +16,6 @@ namespace driver_feature {
 std::optional<std::string> nearestName(const std::string& wanted,
                                        const std::vector<std::string>& names);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_BASE_NEAREST_NAME_H_

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -55,4 +55,4 @@ TEST(NearestNameTest, NearestName_NoNames_AnswersNothing) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

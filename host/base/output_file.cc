@@ -16,7 +16,7 @@
 #include "host/base/descriptor.h"
 #include "host/base/temporary_file.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -211,4 +211,4 @@ Result<> writeAllOutputs(const std::vector<OutputText>& outputs) {
   return deliverAll(std::move(deliveries), delay);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

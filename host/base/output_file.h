@@ -9,7 +9,7 @@
 
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // Writes `bytes` to standard output.
 Result<> writeToStandardOutput(std::string_view bytes);
@@ -38,6 +38,6 @@ struct OutputText {
 // Refused, with nothing written, when two outputs have the same file.
 Result<> writeAllOutputs(const std::vector<OutputText>& outputs);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_BASE_OUTPUT_FILE_H_

@@ -13,7 +13,7 @@
 
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -208,4 +208,4 @@ TEST_F(OutputFileTest, WriteToFile_OpenFileOfTheProcess_IsAppendedTo) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

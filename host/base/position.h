@@ -4,7 +4,7 @@
 
 #include <compare>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // Both count from 1; columns are characters (code points). 0 means the file
 // as a whole.
@@ -15,6 +15,6 @@ struct Position {
   auto operator<=>(const Position&) const = default;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_BASE_POSITION_H_

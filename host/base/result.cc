@@ -1,6 +1,6 @@
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 Failure failureOfAll(Problems problems) {
   Problem first = std::move(problems.front());
@@ -20,4 +20,4 @@ std::string describe(const Problem& problem) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

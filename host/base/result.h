@@ -17,7 +17,7 @@
 
 #include "host/base/position.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 struct Problem {
   enum class Kind : unsigned char {
@@ -73,6 +73,6 @@ Failure failureOfAll(Problems problems);
 // that come with it are left out.
 std::string describe(const Problem& problem);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_BASE_RESULT_H_

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <iostream>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -42,4 +42,4 @@ StandardOutputDiversion::~StandardOutputDiversion() {
   ::close(saved_);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

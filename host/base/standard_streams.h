@@ -2,7 +2,7 @@
 #ifndef HOST_BASE_STANDARD_STREAMS_H_
 #define HOST_BASE_STANDARD_STREAMS_H_
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // Puts something in the place of each standard stream that the caller has
 // closed, so that no file opened later is taken for one of them. A write to a
@@ -24,6 +24,6 @@ class StandardOutputDiversion {
   int saved_;  // A duplicate of standard output; -1 when it could not be made.
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_BASE_STANDARD_STREAMS_H_

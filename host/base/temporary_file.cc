@@ -10,7 +10,7 @@
 
 #include "host/base/descriptor.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 SignalDelay::~SignalDelay() {
   end();
@@ -86,4 +86,4 @@ bool TemporaryFile::giveName() {
   return false;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // Keeps the signals that end the program waiting while a file with a passing
 // name exists, so that none is left behind. They arrive when it is destroyed.
@@ -66,6 +66,6 @@ class TemporaryFile {
   int descriptor_ = -1;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_BASE_TEMPORARY_FILE_H_

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -130,4 +130,4 @@ std::string join(const std::vector<std::string>& texts, const std::string& separ
   return joined;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

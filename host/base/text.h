@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // The characters (code points) of a text, each as the bytes that spell it.
 // The parts point into `text`.
@@ -25,6 +25,6 @@ std::string printable(std::string_view text);
 // The texts with `separator` between each two.
 std::string join(const std::vector<std::string>& texts, const std::string& separator);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_BASE_TEXT_H_

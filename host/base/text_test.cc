@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -55,4 +55,4 @@ TEST(TextTest, Join_NoneOneAndMore_PutsSeparatorBetween) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -6,28 +6,29 @@
 #include "host/check/attribute_table.h"
 #include "host/check/rules.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
-bool isRead(const Element& element) {
-  return element.role != Role::kOther && element.role != Role::kDescription;
+bool isRead(const host::Element& element) {
+  return element.role != host::Role::kOther && element.role != host::Role::kDescription;
 }
 
 // A prefix marks an attribute of another program.
-bool isForeign(const Attribute& attribute) {
+bool isForeign(const host::Attribute& attribute) {
   return attribute.name.find(':') != std::string::npos;
 }
 
-std::string placeOf(const Element& element) {
+std::string placeOf(const host::Element& element) {
   std::string text = describeElement(element);
   if (element.kind) text += std::string(" (") + wordOf(*element.kind) + ")";
   return text;
 }
 
 // What the library logs about an attribute that it reads and cannot use.
-std::vector<std::string> linesAbout(const Element& element, const Attribute& attribute) {
-  if (element.role != Role::kFeature || attribute.name != "Encrypted") return {};
+std::vector<std::string> linesAbout(const host::Element& element,
+                                    const host::Attribute& attribute) {
+  if (element.role != host::Role::kFeature || attribute.name != "Encrypted") return {};
   std::string line;
   const auto value = boolOf(element, attribute.name, &line);
   if (!value) return {line};
@@ -38,7 +39,8 @@ std::vector<std::string> linesAbout(const Element& element, const Attribute& att
       "where the feature is not a text valued feature."};
 }
 
-void reportUnread(const Element& element, const Attribute& attribute, Findings& findings) {
+void reportUnread(const host::Element& element, const host::Attribute& attribute,
+                  Findings& findings) {
   const std::string owners = ownersOf(attribute.name);
   if (!owners.empty()) {
     findings.push_back({Code::kMisplacedAttribute, attribute.position,
@@ -65,7 +67,7 @@ const char* wantedForm(ValueForm form) {
   }
 }
 
-bool converts(const Element& element, const AttributeRule& rule, std::string& log) {
+bool converts(const host::Element& element, const AttributeRule& rule, std::string& log) {
   switch (rule.form) {
     case ValueForm::kBool:
       return boolOf(element, rule.name, &log).has_value();
@@ -80,24 +82,24 @@ bool converts(const Element& element, const AttributeRule& rule, std::string& lo
 
 }  // namespace
 
-void checkAttributes(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
+void checkAttributes(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
     if (!isRead(element)) return;
-    for (const Attribute& attribute : element.attributes) {
+    for (const host::Attribute& attribute : element.attributes) {
       if (isForeign(attribute) || findRule(element, attribute.name) != nullptr) continue;
       reportUnread(element, attribute, findings);
     }
   });
 }
 
-void checkValues(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
+void checkValues(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
     if (!isRead(element)) return;
-    for (const Attribute& attribute : element.attributes) {
+    for (const host::Attribute& attribute : element.attributes) {
       const AttributeRule* rule = findRule(element, attribute.name);
       std::string log;
       // Without a type it is not known what DefaultValue should hold.
-      const bool unclear = element.role == Role::kFeature && !element.kind;
+      const bool unclear = element.role == host::Role::kFeature && !element.kind;
       if (rule == nullptr || converts(element, *rule, log)) continue;
       if (unclear && rule->form != ValueForm::kBool) continue;
       findings.push_back({Code::kNotConvertible,
@@ -110,4 +112,4 @@ void checkValues(const Element& description, Findings& findings) {
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

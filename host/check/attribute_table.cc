@@ -4,106 +4,106 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
-constexpr unsigned bit(FeatureKind kind) {
+constexpr unsigned bit(host::FeatureKind kind) {
   return 1U << static_cast<unsigned>(kind);
 }
 
 constexpr unsigned kAll = ~0U;
-constexpr unsigned kList = bit(FeatureKind::kMultiSelect);
-constexpr unsigned kInt = bit(FeatureKind::kIntEntry);
-constexpr unsigned kText = bit(FeatureKind::kTextEntry);
-constexpr unsigned kFloat = bit(FeatureKind::kFloatEntry);
+constexpr unsigned kList = bit(host::FeatureKind::kMultiSelect);
+constexpr unsigned kInt = bit(host::FeatureKind::kIntEntry);
+constexpr unsigned kText = bit(host::FeatureKind::kTextEntry);
+constexpr unsigned kFloat = bit(host::FeatureKind::kFloatEntry);
 
 using Form = ValueForm;
 
 constexpr AttributeRule kRules[] = {
-    {"DefaultCallbackHandler", Role::kBaseInfo},
-    {"LoadVORNCallbackHandler", Role::kBaseInfo},
+    {"DefaultCallbackHandler", host::Role::kBaseInfo},
+    {"LoadVORNCallbackHandler", host::Role::kBaseInfo},
 
-    {"FeatureType", Role::kFeature},
-    {"Name", Role::kFeature},
-    {"Sensitivity", Role::kFeature, Form::kBool},
-    {"Visibility", Role::kFeature, Form::kBool},
-    {"Encrypted", Role::kFeature, Form::kBool, kText},
-    {"PJLCommand", Role::kFeature},
-    {"PSCommand", Role::kFeature},
-    {"TESKOAAttributeName", Role::kFeature},
-    {"TESKJTAttributeName", Role::kFeature},
-    {"TESKAttributeSyntax", Role::kFeature},
-    {"InstOptAttributeName", Role::kFeature},
-    {"NonVORNAttributeName", Role::kFeature},
-    {"AddCallbackRoutine", Role::kFeature},
-    {"AddPJLCallbackRoutine", Role::kFeature},
-    {"AddPSCallbackRoutine", Role::kFeature},
-    {"AddVORNCallbackRoutine", Role::kFeature},
-    {"SNMPOID", Role::kFeature},
-    {"SNMPOIDPrefix", Role::kFeature},
-    {"BiDiDataSection", Role::kFeature},
-    {"CLOKey", Role::kFeature},
-    {"IntMaxValue", Role::kFeature, Form::kInt, kInt},
-    {"IntMinValue", Role::kFeature, Form::kInt, kInt},
-    {"FloatMaxValue", Role::kFeature, Form::kFloat, kFloat},
-    {"FloatMinValue", Role::kFeature, Form::kFloat, kFloat},
-    {"TextValidationCharSet", Role::kFeature, Form::kText, kText},
-    {"MaxTextLength", Role::kFeature, Form::kInt, kText},
-    {"DefaultValue", Role::kFeature, Form::kText, kList | kText},
-    {"DefaultValue", Role::kFeature, Form::kInt, kInt},
-    {"DefaultValue", Role::kFeature, Form::kFloat, kFloat},
+    {"FeatureType", host::Role::kFeature},
+    {"Name", host::Role::kFeature},
+    {"Sensitivity", host::Role::kFeature, Form::kBool},
+    {"Visibility", host::Role::kFeature, Form::kBool},
+    {"Encrypted", host::Role::kFeature, Form::kBool, kText},
+    {"PJLCommand", host::Role::kFeature},
+    {"PSCommand", host::Role::kFeature},
+    {"TESKOAAttributeName", host::Role::kFeature},
+    {"TESKJTAttributeName", host::Role::kFeature},
+    {"TESKAttributeSyntax", host::Role::kFeature},
+    {"InstOptAttributeName", host::Role::kFeature},
+    {"NonVORNAttributeName", host::Role::kFeature},
+    {"AddCallbackRoutine", host::Role::kFeature},
+    {"AddPJLCallbackRoutine", host::Role::kFeature},
+    {"AddPSCallbackRoutine", host::Role::kFeature},
+    {"AddVORNCallbackRoutine", host::Role::kFeature},
+    {"SNMPOID", host::Role::kFeature},
+    {"SNMPOIDPrefix", host::Role::kFeature},
+    {"BiDiDataSection", host::Role::kFeature},
+    {"CLOKey", host::Role::kFeature},
+    {"IntMaxValue", host::Role::kFeature, Form::kInt, kInt},
+    {"IntMinValue", host::Role::kFeature, Form::kInt, kInt},
+    {"FloatMaxValue", host::Role::kFeature, Form::kFloat, kFloat},
+    {"FloatMinValue", host::Role::kFeature, Form::kFloat, kFloat},
+    {"TextValidationCharSet", host::Role::kFeature, Form::kText, kText},
+    {"MaxTextLength", host::Role::kFeature, Form::kInt, kText},
+    {"DefaultValue", host::Role::kFeature, Form::kText, kList | kText},
+    {"DefaultValue", host::Role::kFeature, Form::kInt, kInt},
+    {"DefaultValue", host::Role::kFeature, Form::kFloat, kFloat},
 
-    {"Name", Role::kOption},
-    {"Sensitivity", Role::kOption, Form::kBool},
-    {"PJLCommand", Role::kOption},
-    {"PSCommand", Role::kOption},
-    {"TESKCommand", Role::kOption},
-    {"TESKTicketCommand", Role::kOption},
-    {"SNMPValue", Role::kOption},
-    {"CLOKey", Role::kOption},
+    {"Name", host::Role::kOption},
+    {"Sensitivity", host::Role::kOption, Form::kBool},
+    {"PJLCommand", host::Role::kOption},
+    {"PSCommand", host::Role::kOption},
+    {"TESKCommand", host::Role::kOption},
+    {"TESKTicketCommand", host::Role::kOption},
+    {"SNMPValue", host::Role::kOption},
+    {"CLOKey", host::Role::kOption},
 
-    {"Name", Role::kStaticGroup},
-    {"PJLCommand", Role::kStaticGroup},
-    {"PSCommand", Role::kStaticGroup},
-    {"TESKOAAttributeName", Role::kStaticGroup},
-    {"TESKJTAttributeName", Role::kStaticGroup},
-    {"TESKAttributeSyntax", Role::kStaticGroup},
-    {"AddPJLCallbackRoutine", Role::kStaticGroup},
-    {"AddPSCallbackRoutine", Role::kStaticGroup},
-    {"AddVORNCallbackRoutine", Role::kStaticGroup},
+    {"Name", host::Role::kStaticGroup},
+    {"PJLCommand", host::Role::kStaticGroup},
+    {"PSCommand", host::Role::kStaticGroup},
+    {"TESKOAAttributeName", host::Role::kStaticGroup},
+    {"TESKJTAttributeName", host::Role::kStaticGroup},
+    {"TESKAttributeSyntax", host::Role::kStaticGroup},
+    {"AddPJLCallbackRoutine", host::Role::kStaticGroup},
+    {"AddPSCallbackRoutine", host::Role::kStaticGroup},
+    {"AddVORNCallbackRoutine", host::Role::kStaticGroup},
 
-    {"Name", Role::kDynamicGroup},
-    {"PJLCommand", Role::kDynamicGroup},
-    {"PSCommand", Role::kDynamicGroup},
-    {"TESKOAAttributeName", Role::kDynamicGroup},
-    {"TESKJTAttributeName", Role::kDynamicGroup},
-    {"TESKAttributeSyntax", Role::kDynamicGroup},
-    {"SortFunctionName", Role::kDynamicGroup},
+    {"Name", host::Role::kDynamicGroup},
+    {"PJLCommand", host::Role::kDynamicGroup},
+    {"PSCommand", host::Role::kDynamicGroup},
+    {"TESKOAAttributeName", host::Role::kDynamicGroup},
+    {"TESKJTAttributeName", host::Role::kDynamicGroup},
+    {"TESKAttributeSyntax", host::Role::kDynamicGroup},
+    {"SortFunctionName", host::Role::kDynamicGroup},
 };
 
-bool isFor(const AttributeRule& rule, const Element& element) {
+bool isFor(const AttributeRule& rule, const host::Element& element) {
   if (rule.role != element.role) return false;
   return !element.kind || (rule.kinds & bit(*element.kind)) != 0;
 }
 
 std::vector<std::string> ownerWords(const AttributeRule& rule) {
   switch (rule.role) {
-    case Role::kBaseInfo:
+    case host::Role::kBaseInfo:
       return {"BaseFeatureInfo"};
-    case Role::kOption:
+    case host::Role::kOption:
       return {"options"};
-    case Role::kStaticGroup:
+    case host::Role::kStaticGroup:
       return {"static groups"};
-    case Role::kDynamicGroup:
+    case host::Role::kDynamicGroup:
       return {"dynamic groups"};
     default:
       break;
   }
   if (rule.kinds == kAll) return {"features"};
   std::vector<std::string> words;
-  for (std::size_t i = 0; i < featureTypeWords().size(); ++i) {
-    if ((rule.kinds & (1U << i)) != 0) words.push_back(featureTypeWords()[i] + " features");
+  for (std::size_t i = 0; i < host::featureTypeWords().size(); ++i) {
+    if ((rule.kinds & (1U << i)) != 0) words.push_back(host::featureTypeWords()[i] + " features");
   }
   return words;
 }
@@ -114,14 +114,14 @@ std::span<const AttributeRule> attributeRules() {
   return kRules;
 }
 
-const AttributeRule* findRule(const Element& element, const std::string& attribute) {
+const AttributeRule* findRule(const host::Element& element, const std::string& attribute) {
   const auto* found = std::find_if(
       std::begin(kRules), std::end(kRules),
       [&](const AttributeRule& rule) { return attribute == rule.name && isFor(rule, element); });
   return found != std::end(kRules) ? found : nullptr;
 }
 
-std::vector<std::string> attributeNames(const Element& element) {
+std::vector<std::string> attributeNames(const host::Element& element) {
   std::vector<std::string> names;
   for (const AttributeRule& rule : kRules) {
     if (isFor(rule, element)) names.emplace_back(rule.name);
@@ -135,7 +135,7 @@ std::string ownersOf(const std::string& attribute) {
     if (attribute != rule.name) continue;
     for (const std::string& word : ownerWords(rule)) owners.push_back(word);
   }
-  return join(owners, ", ");
+  return host::join(owners, ", ");
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -8,7 +8,7 @@
 
 #include "host/description/element.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 enum class ValueForm : unsigned char { kText, kBool, kInt, kFloat };
 
@@ -16,7 +16,7 @@ enum class ValueForm : unsigned char { kText, kBool, kInt, kFloat };
 // the type of feature has one row for each form.
 struct AttributeRule {
   const char* name;
-  Role role;
+  host::Role role;
   ValueForm form = ValueForm::kText;
   unsigned kinds = ~0U;  // The types of feature that have it, a bit for each.
 };
@@ -25,15 +25,15 @@ std::span<const AttributeRule> attributeRules();
 
 // The row by which the library reads this attribute of this element; null
 // when it does not read it. Features of no known type have all attributes.
-const AttributeRule* findRule(const Element& element, const std::string& attribute);
+const AttributeRule* findRule(const host::Element& element, const std::string& attribute);
 
 // The names that elements like this one have.
-std::vector<std::string> attributeNames(const Element& element);
+std::vector<std::string> attributeNames(const host::Element& element);
 
 // Where an attribute of that name belongs: "IntEntry features", "options";
 // empty when nothing has it.
 std::string ownersOf(const std::string& attribute);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check
 
 #endif  // HOST_CHECK_ATTRIBUTE_TABLE_H_

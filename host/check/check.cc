@@ -7,18 +7,18 @@
 #include "host/description/document.h"
 #include "host/description/element.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
-Finding findingOf(const Problem& problem) {
+Finding findingOf(const host::Problem& problem) {
   Code code = Code::kUnreadable;
-  if (problem.kind == Problem::Kind::kMalformed) code = Code::kNotXml;
-  if (problem.kind == Problem::Kind::kNoDescription) code = Code::kNoDescription;
+  if (problem.kind == host::Problem::Kind::kMalformed) code = Code::kNotXml;
+  if (problem.kind == host::Problem::Kind::kNoDescription) code = Code::kNoDescription;
   return {code, problem.position, problem.text, problem.remedy, {}};
 }
 
-Finding secondDescription(Position position) {
+Finding secondDescription(host::Position position) {
   return {Code::kSecondDescription,
           position,
           "this FeatureDescription is not read, because it is not the first one",
@@ -28,20 +28,20 @@ Finding secondDescription(Position position) {
 
 }  // namespace
 
-Result<FileReport> checkFile(const std::string& path, const Plugin& plugin) {
+host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin) {
   FileReport report;
   report.file = path;
-  const Result<Document> document = Document::read(path);
+  const host::Result<host::Document> document = host::Document::read(path);
   report.usable = document.has_value();
   if (!report.usable) {
     report.findings.push_back(findingOf(document.error()));
     return report;
   }
-  const DescriptionElements elements = elementsOf(*document);
-  const Element& description = *elements.description;
+  const host::DescriptionElements elements = elementsOf(*document);
+  const host::Element& description = *elements.description;
   if (elements.second) report.findings.push_back(secondDescription(*elements.second));
   for (const Finding& finding : applyRules(description)) report.findings.push_back(finding);
-  Result<LoadReport> load = loadInChild(plugin, document->description());
+  host::Result<LoadReport> load = loadInChild(plugin, document->description());
   if (!load) return failureOf(load);
   report.load = std::move(*load);
   compareVerdicts(*report.load, description.position, report.findings);
@@ -50,4 +50,4 @@ Result<FileReport> checkFile(const std::string& path, const Plugin& plugin) {
   return report;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -7,12 +7,12 @@
 #include "host/check/report.h"
 #include "host/session/plugin.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 // Checks a file. Routines that it names are looked up among what the process
 // has loaded by now. Problem: no child process can be made for the load.
-Result<FileReport> checkFile(const std::string& path, const Plugin& plugin);
+host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check
 
 #endif  // HOST_CHECK_CHECK_H_

@@ -5,7 +5,7 @@
 
 #include "host/check/findings.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -222,4 +222,4 @@ const CodeRow* findCode(const std::string& name) {
   return found != std::end(kCodes) ? found : nullptr;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

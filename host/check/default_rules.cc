@@ -7,11 +7,11 @@
 #include "host/base/text.h"
 #include "host/check/rules.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
-std::vector<std::string> optionNames(const Element& feature) {
+std::vector<std::string> optionNames(const host::Element& feature) {
   std::vector<std::string> names;
   for (const auto& option : feature.children) {
     if (option->find("Name") != nullptr) names.push_back(option->name());
@@ -19,10 +19,10 @@ std::vector<std::string> optionNames(const Element& feature) {
   return names;
 }
 
-void checkDefaultOption(const Element& feature, Findings& findings) {
+void checkDefaultOption(const host::Element& feature, Findings& findings) {
   const std::vector<std::string> names = optionNames(feature);
   if (names.empty()) return;
-  const Attribute* value = feature.find("DefaultValue");
+  const host::Attribute* value = feature.find("DefaultValue");
   if (value == nullptr) {
     findings.push_back(
         {Code::kNoDefault,
@@ -38,7 +38,7 @@ void checkDefaultOption(const Element& feature, Findings& findings) {
                       value->position,
                       "\"" + value->value + "\" is no option of " + describeElement(feature) +
                           "; its first option \"" + names.front() + "\" is taken",
-                      didYouMean(value->value, names, "choose one of " + join(names, ", ")),
+                      didYouMean(value->value, names, "choose one of " + host::join(names, ", ")),
                       {"CreateFeature() - Cannot find default option \"" + value->value +
                        "\" for feature \"" + feature.name() + "\", using 0."}});
 }
@@ -50,8 +50,9 @@ struct RangeNames {
 };
 
 template <class Number>
-void checkRange(const Element& feature, const RangeNames& names,
-                std::optional<Number> (*read)(const Element&, const std::string&, std::string*),
+void checkRange(const host::Element& feature, const RangeNames& names,
+                std::optional<Number> (*read)(const host::Element&, const std::string&,
+                                              std::string*),
                 Findings& findings) {
   const auto lowest = read(feature, names.lowest, nullptr);
   const auto highest = read(feature, names.highest, nullptr);
@@ -79,7 +80,7 @@ void checkRange(const Element& feature, const RangeNames& names,
        {}});
 }
 
-void checkFloatSizes(const Element& feature, Findings& findings) {
+void checkFloatSizes(const host::Element& feature, Findings& findings) {
   for (const char* name : {"FloatMinValue", "FloatMaxValue", "DefaultValue"}) {
     const auto value = doubleOf(feature, name);
     constexpr double kHighest = std::numeric_limits<float>::max();
@@ -95,15 +96,15 @@ void checkFloatSizes(const Element& feature, Findings& findings) {
 
 }  // namespace
 
-void checkDefaults(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
-    if (element.role != Role::kFeature || !element.kind) return;
+void checkDefaults(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
+    if (element.role != host::Role::kFeature || !element.kind) return;
     switch (*element.kind) {
-      case FeatureKind::kMultiSelect:
+      case host::FeatureKind::kMultiSelect:
         return checkDefaultOption(element, findings);
-      case FeatureKind::kIntEntry:
+      case host::FeatureKind::kIntEntry:
         return checkRange<int>(element, {"IntMinValue", "IntMaxValue"}, &intOf, findings);
-      case FeatureKind::kFloatEntry:
+      case host::FeatureKind::kFloatEntry:
         checkFloatSizes(element, findings);
         return checkRange<double>(element, {"FloatMinValue", "FloatMaxValue"}, &doubleOf, findings);
       default:
@@ -112,4 +113,4 @@ void checkDefaults(const Element& description, Findings& findings) {
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

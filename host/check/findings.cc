@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-namespace driver_feature {
+namespace driver_feature::check {
 
-Finding refusal(Code code, Position position, const std::string& sentence,
+Finding refusal(Code code, host::Position position, const std::string& sentence,
                 const std::string& remedy, const std::vector<std::string>& log) {
   return {code, position, sentence, remedy, log, true};
 }
@@ -21,4 +21,4 @@ long countOf(const Findings& findings, Severity severity) {
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -8,7 +8,7 @@
 
 #include "host/description/element.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 // An error: the library refuses the description, or drops or cannot use what
 // it says. A warning: it works, but most likely not as meant.
@@ -96,7 +96,7 @@ const CodeRow* findCode(const std::string& name);
 
 struct Finding {
   Code code = Code::kUnreadable;
-  Position position;
+  host::Position position;
   std::string sentence;
   std::string remedy;
   std::vector<std::string> log;  // The lines that the library logs for it, in their order.
@@ -104,7 +104,7 @@ struct Finding {
 };
 
 // A finding of the library's own: the load ends there with these lines.
-Finding refusal(Code code, Position position, const std::string& sentence,
+Finding refusal(Code code, host::Position position, const std::string& sentence,
                 const std::string& remedy, const std::vector<std::string>& log);
 
 using Findings = std::vector<Finding>;
@@ -114,6 +114,6 @@ void sortByPosition(Findings& findings);
 
 long countOf(const Findings& findings, Severity severity);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check
 
 #endif  // HOST_CHECK_FINDINGS_H_

@@ -5,25 +5,25 @@
 #include "host/base/text.h"
 #include "host/check/rules.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
 using Lines = std::vector<std::string>;
 
 // The lines of the builders around `built`, which could not be built.
-Lines followUps(const Element& built) {
+Lines followUps(const host::Element& built) {
   Lines lines;
-  for (const Element* inner = &built; inner->parent != nullptr; inner = inner->parent) {
-    const Element& outer = *inner->parent;
-    if (outer.role == Role::kDynamicGroup) {
+  for (const host::Element* inner = &built; inner->parent != nullptr; inner = inner->parent) {
+    const host::Element& outer = *inner->parent;
+    if (outer.role == host::Role::kDynamicGroup) {
       lines.push_back(
           "CreateDynamicFeatureGroup() - Cannot create template static feature group to feature "
           "group \"" +
           outer.name() + "\".");
-    } else if (outer.role == Role::kStaticGroup && inner->role == Role::kFeature) {
+    } else if (outer.role == host::Role::kStaticGroup && inner->role == host::Role::kFeature) {
       lines.emplace_back("CreateStaticFeatureGroup() - Could not create feature for feature group");
-    } else if (outer.role == Role::kStaticGroup) {
+    } else if (outer.role == host::Role::kStaticGroup) {
       lines.push_back(
           "CreateStaticFeatureGroup() - Cannot create nested static feature group to feature "
           "group \"" +
@@ -33,7 +33,7 @@ Lines followUps(const Element& built) {
   return lines;
 }
 
-Lines linesFor(const std::string& first, const Element& built) {
+Lines linesFor(const std::string& first, const host::Element& built) {
   Lines lines = {first};
   for (const std::string& line : followUps(built)) lines.push_back(line);
   return lines;
@@ -43,9 +43,9 @@ class LoadWalk {
  public:
   explicit LoadWalk(Findings& findings) : findings_(findings) {}
 
-  void walk(const Element& description) {
+  void walk(const host::Element& description) {
     for (const auto& child : description.children) {
-      if (child->role == Role::kOther) {
+      if (child->role == host::Role::kOther) {
         refuseChild(*child, "in a FeatureDescription",
                     {"Feature", "FeatureStaticGroup", "FeatureDynamicGroup", "BaseFeatureInfo"},
                     {"FeatureXMLTagHandler() - Invalid element tag \"" + child->tag + "\"."});
@@ -56,22 +56,22 @@ class LoadWalk {
   }
 
  private:
-  void visit(const Element& element) {
+  void visit(const host::Element& element) {
     switch (element.role) {
-      case Role::kBaseInfo:
+      case host::Role::kBaseInfo:
         return baseInfo(element);
-      case Role::kFeature:
+      case host::Role::kFeature:
         return feature(element);
-      case Role::kStaticGroup:
+      case host::Role::kStaticGroup:
         return staticGroup(element);
-      case Role::kDynamicGroup:
+      case host::Role::kDynamicGroup:
         return dynamicGroup(element);
       default:
         return;
     }
   }
 
-  void baseInfo(const Element& element) {
+  void baseInfo(const host::Element& element) {
     constexpr const char* kUpdate = "DefaultCallbackHandler";
     constexpr const char* kLoad = "LoadVORNCallbackHandler";
     if (element.find(kUpdate) == nullptr) {
@@ -95,9 +95,9 @@ class LoadWalk {
          {"FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer"}});
   }
 
-  void feature(const Element& element) {
-    const Attribute* type = element.find("FeatureType");
-    const std::string words = join(featureTypeWords(), ", ");
+  void feature(const host::Element& element) {
+    const host::Attribute* type = element.find("FeatureType");
+    const std::string words = host::join(host::featureTypeWords(), ", ");
     if (type == nullptr) {
       missing(element, "FeatureType", "give one of " + words,
               linesFor("CreateFeature() - No keyword defined for feature type", element));
@@ -106,12 +106,12 @@ class LoadWalk {
     if (type != nullptr && !element.kind) {
       findings_.push_back(refusal(
           Code::kUnknownType, type->position, "\"" + type->value + "\" is no type of feature",
-          didYouMean(type->value, featureTypeWords(), "give one of " + words),
+          didYouMean(type->value, host::featureTypeWords(), "give one of " + words),
           linesFor("CreateFeature() - Invalid feature type \"" + type->value + "\" for feature \"" +
                        element.name() + "\".",
                    element)));
     }
-    if (!element.isKind(FeatureKind::kMultiSelect)) return;
+    if (!element.isKind(host::FeatureKind::kMultiSelect)) return;
     if (element.children.empty()) {
       findings_.push_back(
           refusal(Code::kNoOptions, element.position, describeElement(element) + " has no options",
@@ -121,7 +121,7 @@ class LoadWalk {
     for (const auto& child : element.children) option(*child, element);
   }
 
-  void option(const Element& element, const Element& owner) {
+  void option(const host::Element& element, const host::Element& owner) {
     if (element.find("Name") != nullptr) return;
     Lines lines = {"CreateFeatureOption() - No name defined for option"};
     for (const std::string& line :
@@ -131,7 +131,7 @@ class LoadWalk {
     missing(element, "Name", "name the option", lines);
   }
 
-  void staticGroup(const Element& element) {
+  void staticGroup(const host::Element& element) {
     requireName(element, "CreateStaticFeatureGroup() - No name defined for feature group");
     if (element.children.empty()) {
       findings_.push_back(refusal(
@@ -140,7 +140,7 @@ class LoadWalk {
           linesFor("CreateStaticFeatureGroup() - No features for feature group", element)));
     }
     for (const auto& child : element.children) {
-      if (child->role == Role::kOther) {
+      if (child->role == host::Role::kOther) {
         refuseChild(
             *child, "in a static group", {"Feature", "FeatureStaticGroup"},
             linesFor("CreateStaticFeatureGroup() - Invalid node tag \"" + child->tag + "\".",
@@ -151,7 +151,7 @@ class LoadWalk {
     }
   }
 
-  void dynamicGroup(const Element& element) {
+  void dynamicGroup(const host::Element& element) {
     requireName(element, "CreateDynamicFeatureGroup() - No name defined for feature group");
     if (element.children.size() != 1) {
       findings_.push_back(refusal(
@@ -163,7 +163,7 @@ class LoadWalk {
                    element)));
     }
     for (const auto& child : element.children) {
-      if (child->role == Role::kOther) {
+      if (child->role == host::Role::kOther) {
         refuseChild(
             *child, "in a dynamic group", {"FeatureStaticGroup"},
             linesFor("CreateDynamicFeatureGroup() - Invalid node tag \"" + child->tag + "\".",
@@ -174,23 +174,23 @@ class LoadWalk {
     }
   }
 
-  void requireName(const Element& element, const std::string& line) {
+  void requireName(const host::Element& element, const std::string& line) {
     if (element.find("Name") != nullptr) return;
     missing(element, "Name", "name it", linesFor(line, element));
   }
 
-  void missing(const Element& element, const std::string& attribute, const std::string& remedy,
-               const Lines& lines) {
+  void missing(const host::Element& element, const std::string& attribute,
+               const std::string& remedy, const Lines& lines) {
     findings_.push_back(refusal(
         Code::kMissingAttribute, element.position,
         describeElement(element) + " has no attribute \"" + attribute + "\"", remedy, lines));
   }
 
-  void refuseChild(const Element& child, const std::string& place, const Lines& allowed,
+  void refuseChild(const host::Element& child, const std::string& place, const Lines& allowed,
                    const Lines& lines) {
     findings_.push_back(refusal(
         Code::kInvalidElement, child.position, "element <" + child.tag + "> cannot stand " + place,
-        didYouMean(child.tag, allowed, "allowed are " + join(allowed, ", ")), lines));
+        didYouMean(child.tag, allowed, "allowed are " + host::join(allowed, ", ")), lines));
   }
 
   Findings& findings_;
@@ -198,8 +198,8 @@ class LoadWalk {
 
 }  // namespace
 
-void checkLoad(const Element& description, Findings& findings) {
+void checkLoad(const host::Element& description, Findings& findings) {
   LoadWalk(findings).walk(description);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

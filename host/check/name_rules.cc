@@ -4,20 +4,20 @@
 
 #include "host/check/rules.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
-using Owners = std::map<std::string, const Element*>;
+using Owners = std::map<std::string, const host::Element*>;
 
-std::string lineOf(const Element& element) {
+std::string lineOf(const host::Element& element) {
   return "line " + std::to_string(element.position.line);
 }
 
-void checkFeatures(const Element& description, Owners& owners, Findings& findings) {
-  forEachElement(description, [&](const Element& element) {
-    if (element.role != Role::kFeature || !element.has("Name")) return;
-    const Element*& owner = owners[element.name()];
+void checkFeatures(const host::Element& description, Owners& owners, Findings& findings) {
+  forEachElement(description, [&](const host::Element& element) {
+    if (element.role != host::Role::kFeature || !element.has("Name")) return;
+    const host::Element*& owner = owners[element.name()];
     if (owner != nullptr) {
       findings.push_back({Code::kRepeatedFeature,
                           element.positionOf("Name"),
@@ -30,16 +30,17 @@ void checkFeatures(const Element& description, Owners& owners, Findings& finding
 }
 
 // Groups are filed after what they hold, and the first of a name is found.
-void listGroups(const Element& element, Role role, std::vector<const Element*>& groups) {
+void listGroups(const host::Element& element, host::Role role,
+                std::vector<const host::Element*>& groups) {
   for (const auto& child : element.children) listGroups(*child, role, groups);
   if (element.role == role && element.has("Name")) groups.push_back(&element);
 }
 
-void checkGroups(const Element& description, Owners& owners, Findings& findings) {
-  std::vector<const Element*> groups;
-  listGroups(description, Role::kStaticGroup, groups);
-  listGroups(description, Role::kDynamicGroup, groups);
-  for (const Element* group : groups) {
+void checkGroups(const host::Element& description, Owners& owners, Findings& findings) {
+  std::vector<const host::Element*> groups;
+  listGroups(description, host::Role::kStaticGroup, groups);
+  listGroups(description, host::Role::kDynamicGroup, groups);
+  for (const host::Element* group : groups) {
     const auto [owner, isNew] = owners.emplace(group->name(), group);
     if (isNew) continue;
     findings.push_back({Code::kRepeatedGroup,
@@ -52,10 +53,10 @@ void checkGroups(const Element& description, Owners& owners, Findings& findings)
   }
 }
 
-void checkOptions(const Element& feature, Findings& findings) {
+void checkOptions(const host::Element& feature, Findings& findings) {
   Owners owners;
   for (const auto& option : feature.children) {
-    if (option->role != Role::kOption || !option->has("Name")) continue;
+    if (option->role != host::Role::kOption || !option->has("Name")) continue;
     const auto [owner, isNew] = owners.emplace(option->name(), option.get());
     if (isNew) continue;
     findings.push_back({Code::kRepeatedOption,
@@ -69,15 +70,16 @@ void checkOptions(const Element& feature, Findings& findings) {
 
 }  // namespace
 
-void checkNames(const Element& description, Findings& findings) {
+void checkNames(const host::Element& description, Findings& findings) {
   Owners owners;
   checkFeatures(description, owners, findings);
   checkGroups(description, owners, findings);
-  forEachElement(description, [&findings](const Element& element) {
-    if (element.role == Role::kFeature) checkOptions(element, findings);
-    const Attribute* name = element.find("Name");
-    const bool named = element.role != Role::kOther && element.role != Role::kBaseInfo &&
-                       element.role != Role::kDescription;
+  forEachElement(description, [&findings](const host::Element& element) {
+    if (element.role == host::Role::kFeature) checkOptions(element, findings);
+    const host::Attribute* name = element.find("Name");
+    const bool named = element.role != host::Role::kOther &&
+                       element.role != host::Role::kBaseInfo &&
+                       element.role != host::Role::kDescription;
     if (!named || name == nullptr || !name->value.empty()) return;
     findings.push_back({Code::kEmptyName,
                         name->position,
@@ -87,4 +89,4 @@ void checkNames(const Element& description, Findings& findings) {
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -6,7 +6,7 @@
 #include "host/check/rules.h"
 #include "host/check/template_reading.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -27,19 +27,19 @@ const std::vector<OptionOutput>& outputs() {
 }
 
 // Whether a routine of a group around the feature may write in its place.
-bool isWrittenByGroupRoutine(const Element& feature, const std::string& routine) {
-  for (const Element* outer = feature.parent; outer != nullptr; outer = outer->parent) {
-    if (outer->role == Role::kStaticGroup && outer->has(routine)) return true;
+bool isWrittenByGroupRoutine(const host::Element& feature, const std::string& routine) {
+  for (const host::Element* outer = feature.parent; outer != nullptr; outer = outer->parent) {
+    if (outer->role == host::Role::kStaticGroup && outer->has(routine)) return true;
   }
   return false;
 }
 
 // The filter of a print queue writes this feature's PJL behind the job.
-bool isEndOfJob(const Element& feature, const OptionOutput& output) {
+bool isEndOfJob(const host::Element& feature, const OptionOutput& output) {
   return feature.name() == "JCLEnd" && std::string_view(output.optionCommand) == "PJLCommand";
 }
 
-void checkUse(const Element& feature, const OptionOutput& output, Findings& findings) {
+void checkUse(const host::Element& feature, const OptionOutput& output, Findings& findings) {
   const bool used = std::any_of(output.users.begin(), output.users.end(),
                                 [&feature](const std::string& user) { return feature.has(user); });
   if (used || isWrittenByGroupRoutine(feature, output.users.back())) return;
@@ -60,7 +60,7 @@ void checkUse(const Element& feature, const OptionOutput& output, Findings& find
 // Each option without what the feature's template takes from it. A template of
 // the conversion alone leaves all to the options, one of which may well write
 // nothing.
-void checkTemplateOptions(const Element& feature, const char* command, Findings& findings) {
+void checkTemplateOptions(const host::Element& feature, const char* command, Findings& findings) {
   if (feature.text(command) == "%s") return;
   if (readTemplate(feature.text(command)).conversion.empty()) return;
   for (const auto& option : feature.children) {
@@ -74,7 +74,7 @@ void checkTemplateOptions(const Element& feature, const char* command, Findings&
   }
 }
 
-void checkTicketOptions(const Element& feature, Findings& findings) {
+void checkTicketOptions(const host::Element& feature, Findings& findings) {
   const bool inTicket =
       std::any_of(std::begin(kTicketNameAttributes), std::end(kTicketNameAttributes),
                   [&feature](const char* name) { return feature.has(name); });
@@ -93,10 +93,10 @@ void checkTicketOptions(const Element& feature, Findings& findings) {
 
 }  // namespace
 
-void checkOptionCommands(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
+void checkOptionCommands(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
     // A routine may make what it likes of the records of a template.
-    if (!element.isKind(FeatureKind::kMultiSelect) || element.inTemplate) return;
+    if (!element.isKind(host::FeatureKind::kMultiSelect) || element.inTemplate) return;
     for (const OptionOutput& output : outputs()) checkUse(element, output, findings);
     checkTemplateOptions(element, "PJLCommand", findings);
     checkTemplateOptions(element, "PSCommand", findings);
@@ -104,4 +104,4 @@ void checkOptionCommands(const Element& description, Findings& findings) {
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

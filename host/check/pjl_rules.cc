@@ -6,13 +6,13 @@
 #include "host/check/rules.h"
 #include "host/check/template_reading.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
 constexpr const char* kCommand = "PJLCommand";
 
-void reportLineEnd(const Element& element, Findings& findings) {
+void reportLineEnd(const host::Element& element, Findings& findings) {
   findings.push_back({Code::kNoLineEnd,
                       element.positionOf(kCommand),
                       "PJLCommand of " + describeElement(element) + " does not end its line",
@@ -22,15 +22,15 @@ void reportLineEnd(const Element& element, Findings& findings) {
 
 // The commands that come last where a template ends with its conversion: the
 // options' of a list, the members' of a group.
-bool isLastPart(const Element& child) {
-  return child.role != Role::kOther && child.has(kCommand);
+bool isLastPart(const host::Element& child) {
+  return child.role != host::Role::kOther && child.has(kCommand);
 }
 
-void checkLineEnd(const Element& element, Findings& findings) {
+void checkLineEnd(const host::Element& element, Findings& findings) {
   const std::string command = element.text(kCommand);
   if (command.ends_with('\n')) return;
   // The commands of options are no templates.
-  const bool ends = element.role != Role::kOption && readTemplate(command).endsWithConversion;
+  const bool ends = element.role != host::Role::kOption && readTemplate(command).endsWithConversion;
   const bool hasParts = std::any_of(element.children.begin(), element.children.end(),
                                     [](const auto& child) { return isLastPart(*child); });
   if (!ends || !hasParts) return reportLineEnd(element, findings);
@@ -46,14 +46,14 @@ bool isPjl(char character) {
          character == '\n' || character == '\x1B';
 }
 
-void checkCharacters(const Element& element, Findings& findings) {
+void checkCharacters(const host::Element& element, Findings& findings) {
   const std::string command = element.text(kCommand);
-  for (const std::string_view character : splitCharacters(command)) {
+  for (const std::string_view character : host::splitCharacters(command)) {
     if (character.size() == 1 && isPjl(character.front())) continue;
     findings.push_back({Code::kNotPjl,
                         element.positionOf(kCommand),
                         "PJLCommand of " + describeElement(element) + " holds \"" +
-                            printable(character) + "\", which PJL cannot carry",
+                            host::printable(character) + "\", which PJL cannot carry",
                         "use ASCII characters only",
                         {}});
     return;
@@ -61,13 +61,13 @@ void checkCharacters(const Element& element, Findings& findings) {
 }
 
 // Members are looked at through the group that writes them.
-bool isTopLevelOutput(const Element& element) {
-  return (element.role == Role::kFeature || element.role == Role::kStaticGroup) &&
+bool isTopLevelOutput(const host::Element& element) {
+  return (element.role == host::Role::kFeature || element.role == host::Role::kStaticGroup) &&
          !element.isMember() && !element.inTemplate;
 }
 
-bool isEmptyGroup(const Element& element) {
-  return element.role == Role::kStaticGroup &&
+bool isEmptyGroup(const host::Element& element) {
+  return element.role == host::Role::kStaticGroup &&
          std::none_of(element.children.begin(), element.children.end(),
                       [](const auto& child) { return isLastPart(*child); }) &&
          readTemplate(element.text(kCommand)).endsWithConversion;
@@ -75,12 +75,12 @@ bool isEmptyGroup(const Element& element) {
 
 }  // namespace
 
-void checkPjl(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
-    if (element.role == Role::kOther || !element.has(kCommand)) return;
+void checkPjl(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
+    if (element.role == host::Role::kOther || !element.has(kCommand)) return;
     if (isTopLevelOutput(element) && !isEmptyGroup(element)) checkLineEnd(element, findings);
     checkCharacters(element, findings);
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -5,7 +5,7 @@
 
 #include "host/check/rules.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -32,20 +32,20 @@ constexpr const char* kOutputAttributes[] = {"PJLCommand",
                                              "AddPSCallbackRoutine",
                                              "AddVORNCallbackRoutine"};
 
-bool isWritable(const Element& element) {
-  return element.role == Role::kFeature || element.role == Role::kStaticGroup;
+bool isWritable(const host::Element& element) {
+  return element.role == host::Role::kFeature || element.role == host::Role::kStaticGroup;
 }
 
 // A ticket calls the routine of every static group without a ticket name,
 // templates and groups in templates included.
-bool isCalledByTicket(const Element& element, const std::string& name) {
-  return name == "AddVORNCallbackRoutine" && element.role == Role::kStaticGroup &&
+bool isCalledByTicket(const host::Element& element, const std::string& name) {
+  return name == "AddVORNCallbackRoutine" && element.role == host::Role::kStaticGroup &&
          !element.has("TESKJTAttributeName") && !element.has("TESKOAAttributeName");
 }
 
 // Templates and dynamic groups are in no output, but for those routines.
-void checkUnwritten(const Element& element, Findings& findings) {
-  const bool isDynamic = element.role == Role::kDynamicGroup;
+void checkUnwritten(const host::Element& element, Findings& findings) {
+  const bool isDynamic = element.role == host::Role::kDynamicGroup;
   if (!isDynamic && !(element.inTemplate && isWritable(element))) return;
   for (const char* name : kOutputAttributes) {
     if (!element.has(name) || isCalledByTicket(element, name)) continue;
@@ -67,8 +67,8 @@ void checkUnwritten(const Element& element, Findings& findings) {
   }
 }
 
-void checkMember(const Element& member, const TextOutput& output, Findings& findings) {
-  const Element& group = *member.parent;
+void checkMember(const host::Element& member, const TextOutput& output, Findings& findings) {
+  const host::Element& group = *member.parent;
   if (!group.has(output.command)) {
     // A routine of the group may read what it likes.
     if (group.has(output.routine)) return;
@@ -83,7 +83,7 @@ void checkMember(const Element& member, const TextOutput& output, Findings& find
                         {}});
     return;
   }
-  const bool ignored = !output.memberRunsOwnRoutine && member.role == Role::kFeature &&
+  const bool ignored = !output.memberRunsOwnRoutine && member.role == host::Role::kFeature &&
                        !member.has(output.command) && member.has(output.routine);
   if (!ignored) return;
   findings.push_back(
@@ -96,9 +96,9 @@ void checkMember(const Element& member, const TextOutput& output, Findings& find
 }
 
 // A command and a routine beside each other.
-void checkBoth(const Element& element, const TextOutput& output, Findings& findings) {
+void checkBoth(const host::Element& element, const TextOutput& output, Findings& findings) {
   if (!element.has(output.command) || !element.has(output.routine)) return;
-  if (element.role == Role::kStaticGroup && !output.memberRunsOwnRoutine) {
+  if (element.role == host::Role::kStaticGroup && !output.memberRunsOwnRoutine) {
     findings.push_back({Code::kDroppedGroupRoutine,
                         element.positionOf(output.routine),
                         std::string(output.routine) + " of " + describeElement(element) +
@@ -116,8 +116,8 @@ void checkBoth(const Element& element, const TextOutput& output, Findings& findi
                       {}});
 }
 
-void checkSilence(const Element& group, Findings& findings) {
-  if (group.role != Role::kStaticGroup || group.inTemplate) return;
+void checkSilence(const host::Element& group, Findings& findings) {
+  if (group.role != host::Role::kStaticGroup || group.inTemplate) return;
   const bool writes = std::any_of(std::begin(kOutputAttributes), std::end(kOutputAttributes),
                                   [&group](const char* name) { return group.has(name); });
   if (writes) return;
@@ -131,8 +131,8 @@ void checkSilence(const Element& group, Findings& findings) {
 
 }  // namespace
 
-void checkReach(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
+void checkReach(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
     checkUnwritten(element, findings);
     checkSilence(element, findings);
     if (!isWritable(element) || element.inTemplate) return;
@@ -143,4 +143,4 @@ void checkReach(const Element& description, Findings& findings) {
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

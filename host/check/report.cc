@@ -4,7 +4,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -14,8 +14,8 @@ const char* wordOf(Severity severity) {
   return severity == Severity::kError ? "error" : "warning";
 }
 
-std::string placeText(const std::string& file, Position position) {
-  std::string text = printable(file);
+std::string placeText(const std::string& file, host::Position position) {
+  std::string text = host::printable(file);
   if (position.line == 0) return text;
   return text + ":" + std::to_string(position.line) + ":" + std::to_string(position.column);
 }
@@ -23,9 +23,9 @@ std::string placeText(const std::string& file, Position position) {
 std::string findingText(const std::string& file, const Finding& finding) {
   const CodeRow& row = rowOf(finding.code);
   std::string text = placeText(file, finding.position) + ": " + wordOf(row.severity) + ": " +
-                     printable(finding.sentence) + "; " + printable(finding.remedy) + " [" +
-                     row.name + "]\n";
-  for (const std::string& line : finding.log) text += "    log: " + printable(line) + "\n";
+                     host::printable(finding.sentence) + "; " + host::printable(finding.remedy) +
+                     " [" + row.name + "]\n";
+  for (const std::string& line : finding.log) text += "    log: " + host::printable(line) + "\n";
   return text;
 }
 
@@ -49,17 +49,17 @@ Totals totalsOf(const std::vector<FileReport>& reports) {
 
 // What the library says of a description that it does not load, or of any
 // when everything is wanted.
-std::string loadText(const FileReport& report, LogDetail detail) {
+std::string loadText(const FileReport& report, host::LogDetail detail) {
   if (!report.load) return "";
   const LoadReport& load = *report.load;
-  if (load.loaded && detail != LogDetail::kAll) return "";
+  if (load.loaded && detail != host::LogDetail::kAll) return "";
   std::string text =
-      printable(report.file) + ": note: the library " +
+      host::printable(report.file) + ": note: the library " +
       (load.loaded ? "loads the description" : "does not load the description (" + load.end + ")") +
       "\n";
   for (const LoadLine& line : load.lines) {
-    if (line.level > 1 && detail != LogDetail::kAll) continue;
-    text += "    log: " + printable(line.text) + "\n";
+    if (line.level > 1 && detail != host::LogDetail::kAll) continue;
+    text += "    log: " + host::printable(line.text) + "\n";
   }
   return text;
 }
@@ -92,12 +92,12 @@ Json fileJson(const FileReport& report) {
 
 }  // namespace
 
-std::string reportText(const std::vector<FileReport>& reports, LogDetail detail) {
+std::string reportText(const std::vector<FileReport>& reports, host::LogDetail detail) {
   std::string text;
   for (const FileReport& report : reports) {
     for (const Finding& finding : report.findings) {
       const bool isError = rowOf(finding.code).severity == Severity::kError;
-      if (isError || detail != LogDetail::kErrors) text += findingText(report.file, finding);
+      if (isError || detail != host::LogDetail::kErrors) text += findingText(report.file, finding);
     }
     text += loadText(report, detail);
   }
@@ -130,4 +130,4 @@ std::string explainAllCodes() {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -10,7 +10,7 @@
 #include "host/check/trial_load.h"
 #include "host/session/log.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 // All that is known of one file.
 struct FileReport {
@@ -24,7 +24,7 @@ struct FileReport {
 // with the log lines below it; a note on each file that the library does not
 // load, with its errors; and a line of totals. kErrors leaves the warnings
 // out, kAll adds the log of every load.
-std::string reportText(const std::vector<FileReport>& reports, LogDetail detail);
+std::string reportText(const std::vector<FileReport>& reports, host::LogDetail detail);
 
 std::string reportJson(const std::vector<FileReport>& reports);
 
@@ -32,6 +32,6 @@ std::string reportJson(const std::vector<FileReport>& reports);
 std::string explainCode(const CodeRow& row);
 std::string explainAllCodes();
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check
 
 #endif  // HOST_CHECK_REPORT_H_

@@ -4,7 +4,7 @@
 
 #include "host/check/rules.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -36,28 +36,29 @@ constexpr RoutineRow kRoutines[] = {
 
 // Whether a group's operation looks for the routine. A top-level group's
 // ticket routine is looked for before any group is written.
-bool isSoughtByGroup(const Element& element, const RoutineRow& row) {
+bool isSoughtByGroup(const host::Element& element, const RoutineRow& row) {
   if (row.lineOfGroup == nullptr) return false;
   if (element.isMember()) return true;
-  return element.role == Role::kStaticGroup &&
+  return element.role == host::Role::kStaticGroup &&
          row.attribute != std::string("AddVORNCallbackRoutine");
 }
 
-bool hasRoutines(const Element& element) {
-  return element.role == Role::kFeature || element.role == Role::kStaticGroup ||
-         element.role == Role::kDynamicGroup;
+bool hasRoutines(const host::Element& element) {
+  return element.role == host::Role::kFeature || element.role == host::Role::kStaticGroup ||
+         element.role == host::Role::kDynamicGroup;
 }
 
-void checkRoutine(const Element& element, const RoutineRow& row, Findings& findings) {
+void checkRoutine(const host::Element& element, const RoutineRow& row, Findings& findings) {
   // The name of a change routine is looked for even when it is empty.
   const bool isSought = row.code == Code::kNoChangeRoutine ? element.find(row.attribute) != nullptr
                                                            : element.has(row.attribute);
   if (!isSought) return;
   // Elsewhere the attribute is not read.
-  if ((row.attribute == std::string("SortFunctionName")) != (element.role == Role::kDynamicGroup)) {
+  if ((row.attribute == std::string("SortFunctionName")) !=
+      (element.role == host::Role::kDynamicGroup)) {
     return;
   }
-  if (row.code == Code::kNoChangeRoutine && element.role != Role::kFeature) return;
+  if (row.code == Code::kNoChangeRoutine && element.role != host::Role::kFeature) return;
   const std::string name = element.text(row.attribute);
   if (FetchSymbol(name.c_str()) != nullptr) return;
   const char* line = isSoughtByGroup(element, row) ? row.lineOfGroup : row.line;
@@ -71,11 +72,11 @@ void checkRoutine(const Element& element, const RoutineRow& row, Findings& findi
 
 }  // namespace
 
-void checkRoutines(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
+void checkRoutines(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
     if (!hasRoutines(element)) return;
     for (const RoutineRow& row : kRoutines) checkRoutine(element, row, findings);
-    if (element.role != Role::kDynamicGroup || element.has("SortFunctionName")) return;
+    if (element.role != host::Role::kDynamicGroup || element.has("SortFunctionName")) return;
     findings.push_back({Code::kNeverSorted,
                         element.positionOf("SortFunctionName"),
                         describeElement(element) + " names no sort routine; its records keep the "
@@ -85,4 +86,4 @@ void checkRoutines(const Element& description, Findings& findings) {
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -6,11 +6,11 @@
 #include "host/base/nearest_name.h"
 #include "host/session/log.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
-using Rule = void (*)(const Element& description, Findings& findings);
+using Rule = void (*)(const host::Element& description, Findings& findings);
 
 // checkLoad() stands first: its findings keep the order of the load.
 constexpr Rule kRules[] = {
@@ -30,15 +30,15 @@ class LogCatcher {
         },
         line);
   }
-  ~LogCatcher() { LogPrinter::takeOver(); }
+  ~LogCatcher() { host::LogPrinter::takeOver(); }
   LogCatcher(const LogCatcher&) = delete;
   LogCatcher& operator=(const LogCatcher&) = delete;
 };
 
 template <class Value>
-std::optional<Value> convert(const Element& element, const std::string& attribute,
+std::optional<Value> convert(const host::Element& element, const std::string& attribute,
                              std::string* log) {
-  const Attribute* found = element.find(attribute);
+  const host::Attribute* found = element.find(attribute);
   if (found == nullptr) return std::nullopt;
   AttributeMap map;
   map[attribute] = found->value;
@@ -50,29 +50,31 @@ std::optional<Value> convert(const Element& element, const std::string& attribut
 
 }  // namespace
 
-Findings applyRules(const Element& description) {
+Findings applyRules(const host::Element& description) {
   Findings findings;
   for (const Rule rule : kRules) rule(description, findings);
   return findings;
 }
 
-std::optional<bool> boolOf(const Element& element, const std::string& attribute, std::string* log) {
+std::optional<bool> boolOf(const host::Element& element, const std::string& attribute,
+                           std::string* log) {
   return convert<bool>(element, attribute, log);
 }
 
-std::optional<int> intOf(const Element& element, const std::string& attribute, std::string* log) {
+std::optional<int> intOf(const host::Element& element, const std::string& attribute,
+                         std::string* log) {
   return convert<int>(element, attribute, log);
 }
 
-std::optional<double> doubleOf(const Element& element, const std::string& attribute,
+std::optional<double> doubleOf(const host::Element& element, const std::string& attribute,
                                std::string* log) {
   return convert<double>(element, attribute, log);
 }
 
 std::string didYouMean(const std::string& wanted, const std::vector<std::string>& names,
                        const std::string& otherwise) {
-  const auto nearest = nearestName(wanted, names);
+  const auto nearest = host::nearestName(wanted, names);
   return nearest ? "did you mean \"" + *nearest + "\"?" : otherwise;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

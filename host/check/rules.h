@@ -6,37 +6,37 @@
 #include "host/check/findings.h"
 #include "host/description/element.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 // Adds one finding for each reason for which the library refuses the
 // description, in the order in which it would meet them, each with the exact
 // lines that it logs; and for a load routine that is not there.
-void checkLoad(const Element& description, Findings& findings);
+void checkLoad(const host::Element& description, Findings& findings);
 
-void checkStructure(const Element& description, Findings& findings);
-void checkAttributes(const Element& description, Findings& findings);
-void checkValues(const Element& description, Findings& findings);
-void checkDefaults(const Element& description, Findings& findings);
-void checkTexts(const Element& description, Findings& findings);
-void checkNames(const Element& description, Findings& findings);
-void checkTemplates(const Element& description, Findings& findings);
-void checkPjl(const Element& description, Findings& findings);
-void checkOptionCommands(const Element& description, Findings& findings);
-void checkRoutines(const Element& description, Findings& findings);
-void checkReach(const Element& description, Findings& findings);
-void checkTicketReach(const Element& description, Findings& findings);
-void checkTicketNames(const Element& description, Findings& findings);
+void checkStructure(const host::Element& description, Findings& findings);
+void checkAttributes(const host::Element& description, Findings& findings);
+void checkValues(const host::Element& description, Findings& findings);
+void checkDefaults(const host::Element& description, Findings& findings);
+void checkTexts(const host::Element& description, Findings& findings);
+void checkNames(const host::Element& description, Findings& findings);
+void checkTemplates(const host::Element& description, Findings& findings);
+void checkPjl(const host::Element& description, Findings& findings);
+void checkOptionCommands(const host::Element& description, Findings& findings);
+void checkRoutines(const host::Element& description, Findings& findings);
+void checkReach(const host::Element& description, Findings& findings);
+void checkTicketReach(const host::Element& description, Findings& findings);
+void checkTicketNames(const host::Element& description, Findings& findings);
 
 // All of them. Routines are looked up in the process, with the log silent.
-Findings applyRules(const Element& description);
+Findings applyRules(const host::Element& description);
 
 // An attribute's text as the library converts it. Nothing when it is absent
 // or does not convert; `log` then gets the line that is logged.
-std::optional<bool> boolOf(const Element& element, const std::string& attribute,
+std::optional<bool> boolOf(const host::Element& element, const std::string& attribute,
                            std::string* log = nullptr);
-std::optional<int> intOf(const Element& element, const std::string& attribute,
+std::optional<int> intOf(const host::Element& element, const std::string& attribute,
                          std::string* log = nullptr);
-std::optional<double> doubleOf(const Element& element, const std::string& attribute,
+std::optional<double> doubleOf(const host::Element& element, const std::string& attribute,
                                std::string* log = nullptr);
 
 // The names of an element that would take it into a ticket.
@@ -47,6 +47,6 @@ inline constexpr const char* kTicketNameAttributes[] = {
 std::string didYouMean(const std::string& wanted, const std::vector<std::string>& names,
                        const std::string& otherwise);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check
 
 #endif  // HOST_CHECK_RULES_H_

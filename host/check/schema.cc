@@ -12,7 +12,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -28,12 +28,12 @@ using ValidatorPointer =
     std::unique_ptr<xmlRelaxNGValidCtxt, Deleter<xmlRelaxNGValidCtxt, xmlRelaxNGFreeValidCtxt>>;
 
 // The element of the tree for each element of the parsed document.
-using ElementMap = std::map<const xmlNode*, const Element*>;
+using ElementMap = std::map<const xmlNode*, const host::Element*>;
 
 constexpr std::size_t kShownCharacters = 20;
 
 struct Complaint {
-  const Element* element;
+  const host::Element* element;
   std::string text;
   bool isExtra;  // Whether it is about the element as one too many.
 };
@@ -81,7 +81,7 @@ xmlNode* elementNumber(xmlNode* node, std::size_t& number) {
   return nullptr;
 }
 
-void mapElements(xmlNode* node, const Element& element, ElementMap& map) {
+void mapElements(xmlNode* node, const host::Element& element, ElementMap& map) {
   map[node] = &element;
   xmlNode* child = nextElement(node->children);
   for (const auto& inner : element.children) {
@@ -115,11 +115,11 @@ DocumentPointer takeOut(xmlNode* description) {
   return document;
 }
 
-bool isReportedItself(const Element& element, const Findings& findings) {
+bool isReportedItself(const host::Element& element, const Findings& findings) {
   return std::any_of(findings.begin(), findings.end(), [&element](const Finding& finding) {
     const bool atAttribute = std::any_of(
         element.attributes.begin(), element.attributes.end(),
-        [&finding](const Attribute& item) { return item.position == finding.position; });
+        [&finding](const host::Attribute& item) { return item.position == finding.position; });
     return atAttribute || finding.position == element.position;
   });
 }
@@ -127,16 +127,16 @@ bool isReportedItself(const Element& element, const Findings& findings) {
 // Where the cause of a complaint may lie. libxml2 names the element at which
 // it gave up, which may be one behind the faulty one or inside of it. A child
 // of the description is trusted, unless it is only one too many.
-const Element& causeOf(const Complaint& complaint) {
-  const Element& element = *complaint.element;
+const host::Element& causeOf(const Complaint& complaint) {
+  const host::Element& element = *complaint.element;
   if (element.parent == nullptr) return element;
-  const bool isTrusted = element.parent->role == Role::kDescription && !complaint.isExtra;
+  const bool isTrusted = element.parent->role == host::Role::kDescription && !complaint.isExtra;
   return isTrusted ? element : *element.parent;
 }
 
 bool isReported(const Complaint& complaint, const Findings& findings) {
   bool reported = false;
-  forEachElement(causeOf(complaint), [&](const Element& inner) {
+  forEachElement(causeOf(complaint), [&](const host::Element& inner) {
     reported = reported || isReportedItself(inner, findings);
   });
   return reported;
@@ -151,7 +151,7 @@ std::string strayText(const xmlNode& element) {
     const std::size_t begin = text.find_first_not_of(" \t\r\n");
     if (begin == std::string::npos) continue;
     std::string shown = text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
-    const auto characters = splitCharacters(shown);
+    const auto characters = host::splitCharacters(shown);
     if (characters.size() <= kShownCharacters) return shown;
     const char* end = characters[kShownCharacters].data();
     return shown.substr(0, static_cast<std::size_t>(end - shown.data())) + "...";
@@ -163,7 +163,7 @@ void reportStrayTexts(const ElementMap& elements, Findings& findings) {
   for (const auto& [node, element] : elements) {
     const std::string text = strayText(*node);
     // What stands in an element that is not read is not read either.
-    const bool isRead = element->role != Role::kOther;
+    const bool isRead = element->role != host::Role::kOther;
     if (!isRead || text.empty()) continue;
     findings.push_back(
         {Code::kStrayText,
@@ -185,7 +185,8 @@ void validate(xmlDoc* document, Net& net) {
 
 }  // namespace
 
-void checkSchema(const std::string& document, const Element& description, Findings& findings) {
+void checkSchema(const std::string& document, const host::Element& description,
+                 Findings& findings) {
   const DocumentPointer parsed = parse(document);
   if (!parsed) return;
   std::size_t number = description.number;
@@ -211,4 +212,4 @@ void checkSchema(const std::string& document, const Element& description, Findin
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

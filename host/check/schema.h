@@ -7,7 +7,7 @@
 #include "host/check/findings.h"
 #include "host/description/element.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 // The text of the schema.
 extern const char* const kFeatureDescriptionSchema;
@@ -16,8 +16,8 @@ extern const char* const kFeatureDescriptionSchema;
 // does not allow in the description: a finding for each
 // element; none for an element that `findings` already has a place of, itself
 // or inside of it. `document` is the whole text, which has been read before.
-void checkSchema(const std::string& document, const Element& description, Findings& findings);
+void checkSchema(const std::string& document, const host::Element& description, Findings& findings);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check
 
 #endif  // HOST_CHECK_SCHEMA_H_

@@ -4,19 +4,20 @@
 
 #include "host/check/rules.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
 // Whether a parent of this role refuses a child of the wrong name, which is
 // checkLoad()'s to report.
-bool refusesChildren(Role role) {
-  return role == Role::kDescription || role == Role::kStaticGroup || role == Role::kDynamicGroup;
+bool refusesChildren(host::Role role) {
+  return role == host::Role::kDescription || role == host::Role::kStaticGroup ||
+         role == host::Role::kDynamicGroup;
 }
 
-void checkChild(const Element& child, Findings& findings) {
-  const Element& parent = *child.parent;
-  if (child.role == Role::kOption && child.tag != "Option") {
+void checkChild(const host::Element& child, Findings& findings) {
+  const host::Element& parent = *child.parent;
+  if (child.role == host::Role::kOption && child.tag != "Option") {
     findings.push_back(
         {Code::kOptionTag,
          child.position,
@@ -26,10 +27,11 @@ void checkChild(const Element& child, Findings& findings) {
     return;
   }
   // What stands inside of an ignored element goes with it.
-  if (child.role != Role::kOther || refusesChildren(parent.role) || parent.role == Role::kOther) {
+  if (child.role != host::Role::kOther || refusesChildren(parent.role) ||
+      parent.role == host::Role::kOther) {
     return;
   }
-  const bool hasKind = parent.role == Role::kFeature && parent.kind;
+  const bool hasKind = parent.role == host::Role::kFeature && parent.kind;
   findings.push_back(
       {Code::kIgnoredElement,
        child.position,
@@ -40,20 +42,20 @@ void checkChild(const Element& child, Findings& findings) {
 }
 
 // The first attribute that the loader reports to the update callback.
-const Attribute* notifyingAttribute(const Element& element) {
-  if (element.role != Role::kFeature) return nullptr;
+const host::Attribute* notifyingAttribute(const host::Element& element) {
+  if (element.role != host::Role::kFeature) return nullptr;
   for (const char* name : {"Sensitivity", "Visibility", "Encrypted"}) {
     const bool isStored =
-        name != std::string("Encrypted") || element.isKind(FeatureKind::kTextEntry);
+        name != std::string("Encrypted") || element.isKind(host::FeatureKind::kTextEntry);
     if (isStored && boolOf(element, name)) return element.find(name);
   }
   return nullptr;
 }
 
-void checkBaseInfo(const Element& description, Findings& findings) {
-  std::vector<const Element*> infos;
+void checkBaseInfo(const host::Element& description, Findings& findings) {
+  std::vector<const host::Element*> infos;
   for (const auto& child : description.children) {
-    if (child->role == Role::kBaseInfo) infos.push_back(child.get());
+    if (child->role == host::Role::kBaseInfo) infos.push_back(child.get());
   }
   if (infos.empty()) {
     findings.push_back({Code::kNoBaseInfo,
@@ -72,8 +74,8 @@ void checkBaseInfo(const Element& description, Findings& findings) {
                         {}});
   }
   bool reported = false;
-  forEachElement(description, [&](const Element& element) {
-    const Attribute* attribute = notifyingAttribute(element);
+  forEachElement(description, [&](const host::Element& element) {
+    const host::Attribute* attribute = notifyingAttribute(element);
     if (reported || attribute == nullptr || element.number > infos.front()->number) return;
     reported = true;
     findings.push_back({Code::kLateBaseInfo,
@@ -88,11 +90,11 @@ void checkBaseInfo(const Element& description, Findings& findings) {
 
 }  // namespace
 
-void checkStructure(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
+void checkStructure(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
     if (element.parent != nullptr) checkChild(element, findings);
   });
   checkBaseInfo(description, findings);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

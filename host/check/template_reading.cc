@@ -3,7 +3,7 @@
 #include "templates/command_template.h"
 #include "templates/conversion.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 TemplateReading readTemplate(const std::string& text) {
   TemplateReading reading;
@@ -50,18 +50,18 @@ bool fits(const std::string& commandTemplate, Argument argument) {
   return false;
 }
 
-std::optional<Argument> argumentOf(FeatureKind kind) {
+std::optional<Argument> argumentOf(host::FeatureKind kind) {
   switch (kind) {
-    case FeatureKind::kMultiSelect:
-    case FeatureKind::kTextEntry:
+    case host::FeatureKind::kMultiSelect:
+    case host::FeatureKind::kTextEntry:
       return Argument::kText;
-    case FeatureKind::kIntEntry:
+    case host::FeatureKind::kIntEntry:
       return Argument::kInt;
-    case FeatureKind::kFloatEntry:
+    case host::FeatureKind::kFloatEntry:
       return Argument::kFloat;
     default:
       return std::nullopt;
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -7,7 +7,7 @@
 
 #include "host/description/element.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 struct TemplateReading {
   std::string fault;       // Why it can never be formatted; empty when it can.
@@ -24,8 +24,8 @@ enum class Argument : unsigned char { kText, kInt, kFloat };
 bool fits(const std::string& commandTemplate, Argument argument);
 
 // The value of features of a kind; nothing when they have none.
-std::optional<Argument> argumentOf(FeatureKind kind);
+std::optional<Argument> argumentOf(host::FeatureKind kind);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check
 
 #endif  // HOST_CHECK_TEMPLATE_READING_H_

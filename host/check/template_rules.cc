@@ -6,7 +6,7 @@
 #include "host/check/rules.h"
 #include "host/check/template_reading.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -31,17 +31,18 @@ const char* wordsOf(Argument argument) {
   }
 }
 
-std::string refusalLine(const Element& element, const CommandRow& row, const std::string& text) {
-  if (element.role == Role::kStaticGroup) {
+std::string refusalLine(const host::Element& element, const CommandRow& row,
+                        const std::string& text) {
+  if (element.role == host::Role::kStaticGroup) {
     return std::string(row.groupOperation) + " - Cannot format text with command template \"" +
            text + "\"";
   }
   return "createTicketPDLAttributes() - Cannot format value with command template \"" + text + "\"";
 }
 
-void checkTemplate(const Element& element, const CommandRow& row, Argument argument,
+void checkTemplate(const host::Element& element, const CommandRow& row, Argument argument,
                    Findings& findings) {
-  const Attribute& command = *element.find(row.attribute);
+  const host::Attribute& command = *element.find(row.attribute);
   const TemplateReading reading = readTemplate(command.value);
   const std::string owner = std::string(row.attribute) + " of " + describeElement(element);
   if (!reading.fault.empty()) {
@@ -58,7 +59,7 @@ void checkTemplate(const Element& element, const CommandRow& row, Argument argum
          std::string("use a conversion for ") + wordsOf(argument),
          {refusalLine(element, row, command.value)}});
   } else if (reading.conversion.empty()) {
-    const bool isGroup = element.role == Role::kStaticGroup;
+    const bool isGroup = element.role == host::Role::kStaticGroup;
     findings.push_back(
         {Code::kNoConversion,
          command.position,
@@ -68,7 +69,8 @@ void checkTemplate(const Element& element, const CommandRow& row, Argument argum
   }
 }
 
-void reportWithoutValue(const Element& feature, const Attribute& command, Findings& findings) {
+void reportWithoutValue(const host::Element& feature, const host::Attribute& command,
+                        Findings& findings) {
   findings.push_back({Code::kCommandWithoutValue,
                       command.position,
                       command.name + " of " + describeElement(feature) +
@@ -80,10 +82,10 @@ void reportWithoutValue(const Element& feature, const Attribute& command, Findin
 
 }  // namespace
 
-void checkTemplates(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
-    const bool isGroup = element.role == Role::kStaticGroup;
-    if (!isGroup && (element.role != Role::kFeature || !element.kind)) return;
+void checkTemplates(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
+    const bool isGroup = element.role == host::Role::kStaticGroup;
+    if (!isGroup && (element.role != host::Role::kFeature || !element.kind)) return;
     for (const CommandRow& row : kCommands) {
       if (!element.has(row.attribute)) continue;
       const auto argument = isGroup ? Argument::kText : argumentOf(*element.kind);
@@ -96,4 +98,4 @@ void checkTemplates(const Element& description, Findings& findings) {
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -8,14 +8,14 @@
 #include "host/check/rules.h"
 #include "host/settings/value_place.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
 constexpr const char* kSet = "TextValidationCharSet";
 constexpr const char* kLength = "MaxTextLength";
 
-void checkLength(const Element& feature, Findings& findings) {
+void checkLength(const host::Element& feature, Findings& findings) {
   const auto length = intOf(feature, kLength);
   if (!length) return;
   if (*length <= 0) {
@@ -27,7 +27,7 @@ void checkLength(const Element& feature, Findings& findings) {
                         {}});
     return;
   }
-  const std::size_t count = splitCharacters(feature.text("DefaultValue")).size();
+  const std::size_t count = host::splitCharacters(feature.text("DefaultValue")).size();
   if (count <= static_cast<std::size_t>(*length)) return;
   findings.push_back({Code::kDefaultTooLong,
                       feature.positionOf("DefaultValue"),
@@ -39,17 +39,18 @@ void checkLength(const Element& feature, Findings& findings) {
                       {}});
 }
 
-void checkDefaultCharacters(const Element& feature, Findings& findings) {
+void checkDefaultCharacters(const host::Element& feature, Findings& findings) {
   const std::string set = feature.text(kSet);
   if (set.empty()) return;
-  const auto allowed = splitCharacters(set);
+  const auto allowed = host::splitCharacters(set);
   const std::string value = feature.text("DefaultValue");
-  for (const std::string_view character : splitCharacters(value)) {
+  for (const std::string_view character : host::splitCharacters(value)) {
     if (std::find(allowed.begin(), allowed.end(), character) != allowed.end()) continue;
     findings.push_back({Code::kDefaultCharacters,
                         feature.positionOf("DefaultValue"),
                         "the default of " + describeElement(feature) + " holds \"" +
-                            printable(character) + "\", which is not in TextValidationCharSet",
+                            host::printable(character) +
+                            "\", which is not in TextValidationCharSet",
                         "remove the character or add it to the set",
                         {}});
     return;
@@ -58,17 +59,17 @@ void checkDefaultCharacters(const Element& feature, Findings& findings) {
 
 struct CommandRow {
   const char* attribute;
-  CommandLanguage language;
+  host::CommandLanguage language;
 };
 
-constexpr CommandRow kCommands[] = {{"PJLCommand", CommandLanguage::kPjl},
-                                    {"PSCommand", CommandLanguage::kPostScript}};
+constexpr CommandRow kCommands[] = {{"PJLCommand", host::CommandLanguage::kPjl},
+                                    {"PSCommand", host::CommandLanguage::kPostScript}};
 
 // Where a command puts the feature's text. A group without one may have a
 // routine that writes its members, and changes nothing here.
-std::optional<TemplateValue> findText(const Element& feature, const CommandRow& row) {
+std::optional<host::TemplateValue> findText(const host::Element& feature, const CommandRow& row) {
   std::vector<std::string> templates = {feature.text(row.attribute)};
-  for (const Element* element = &feature; element->isMember();) {
+  for (const host::Element* element = &feature; element->isMember();) {
     element = element->parent;
     if (element->has(row.attribute)) {
       templates.insert(templates.begin(), element->text(row.attribute));
@@ -77,25 +78,25 @@ std::optional<TemplateValue> findText(const Element& feature, const CommandRow& 
   return findValue(row.language, templates);
 }
 
-const char* harmIn(ValuePlace place) {
+const char* harmIn(host::ValuePlace place) {
   switch (place) {
-    case ValuePlace::kPjlLineStart:
+    case host::ValuePlace::kPjlLineStart:
       return "an at sign, which begins a PJL command";
-    case ValuePlace::kPjlString:
+    case host::ValuePlace::kPjlString:
       return "a quotation mark, which ends the PJL string";
-    case ValuePlace::kPostScriptToken:
+    case host::ValuePlace::kPostScriptToken:
       return "a delimiter, blank or byte beyond ASCII, which ends the PostScript token";
-    case ValuePlace::kPostScriptString:
+    case host::ValuePlace::kPostScriptString:
       return "a parenthesis or backslash, which can end the PostScript string";
-    case ValuePlace::kPostScriptHexString:
-    case ValuePlace::kPostScriptBase85String:
+    case host::ValuePlace::kPostScriptHexString:
+    case host::ValuePlace::kPostScriptBase85String:
       return "a character that can end the encoded PostScript string";
     default:
       return nullptr;  // Control characters alone, which are told once for all places.
   }
 }
 
-void checkHarm(const Element& feature, const std::string& set, Findings& findings) {
+void checkHarm(const host::Element& feature, const std::string& set, Findings& findings) {
   const auto report = [&](const std::string& words) {
     findings.push_back({Code::kHarmfulCharacterSet,
                         feature.positionOf(kSet),
@@ -103,20 +104,20 @@ void checkHarm(const Element& feature, const std::string& set, Findings& finding
                         "remove it from the set",
                         {}});
   };
-  if (std::any_of(set.begin(), set.end(), isControlCharacter)) {
+  if (std::any_of(set.begin(), set.end(), host::isControlCharacter)) {
     report("a control character, which can end the command");
   }
   for (const CommandRow& row : kCommands) {
     const auto text = findText(feature, row);
     if (!text || harmIn(text->place) == nullptr) continue;
     const bool harms = std::any_of(set.begin(), set.end(), [&text](char character) {
-      return !isControlCharacter(character) && findUnsafeByte(text->place, {&character, 1});
+      return !host::isControlCharacter(character) && findUnsafeByte(text->place, {&character, 1});
     });
     if (harms) report(harmIn(text->place));
   }
 }
 
-void checkCharacterSet(const Element& feature, Findings& findings) {
+void checkCharacterSet(const host::Element& feature, Findings& findings) {
   const bool written = feature.has("PJLCommand") || feature.has("PSCommand") ||
                        feature.has("AddPJLCallbackRoutine") || feature.has("AddPSCallbackRoutine");
   if (!written) return;
@@ -133,13 +134,13 @@ void checkCharacterSet(const Element& feature, Findings& findings) {
 
 }  // namespace
 
-void checkTexts(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
-    if (!element.isKind(FeatureKind::kTextEntry)) return;
+void checkTexts(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
+    if (!element.isKind(host::FeatureKind::kTextEntry)) return;
     checkLength(element, findings);
     checkDefaultCharacters(element, findings);
     checkCharacterSet(element, findings);
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -5,7 +5,7 @@
 
 #include "host/check/rules.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -15,21 +15,21 @@ constexpr const char* kRoutine = "AddVORNCallbackRoutine";
 
 // The name by which a static group and its members go into the ticket: that
 // of the outermost group. Null when that group has none.
-const char* nameKindOf(const Element& group) {
-  const Element* outer = &group;
+const char* nameKindOf(const host::Element& group) {
+  const host::Element* outer = &group;
   while (outer->isMember()) outer = outer->parent;
   if (outer->has(kJobTicket)) return kJobTicket;
   return outer->has(kOutputAttribute) ? kOutputAttribute : nullptr;
 }
 
-const char* firstTicketName(const Element& element) {
+const char* firstTicketName(const host::Element& element) {
   const auto* found =
       std::find_if(std::begin(kTicketNameAttributes), std::end(kTicketNameAttributes),
                    [&element](const char* name) { return element.has(name); });
   return found != std::end(kTicketNameAttributes) ? *found : nullptr;
 }
 
-void reportUnused(const Element& element, const char* name, const std::string& reason,
+void reportUnused(const host::Element& element, const char* name, const std::string& reason,
                   Findings& findings) {
   findings.push_back(
       {Code::kUnusedTicketName,
@@ -39,7 +39,7 @@ void reportUnused(const Element& element, const char* name, const std::string& r
        {}});
 }
 
-void reportShadowedRoutine(const Element& element, const char* name, Findings& findings) {
+void reportShadowedRoutine(const host::Element& element, const char* name, Findings& findings) {
   if (!element.has(kRoutine)) return;
   findings.push_back({Code::kShadowedRoutine,
                       element.positionOf(kRoutine),
@@ -51,7 +51,7 @@ void reportShadowedRoutine(const Element& element, const char* name, Findings& f
 
 // At top level the first name counts; that of installable options only in
 // tickets that ask for it.
-void checkTopLevel(const Element& element, Findings& findings) {
+void checkTopLevel(const host::Element& element, Findings& findings) {
   const char* first = firstTicketName(element);
   if (first == nullptr) return;
   if (first != std::string("InstOptAttributeName")) {
@@ -66,14 +66,14 @@ void checkTopLevel(const Element& element, Findings& findings) {
   }
 }
 
-std::size_t indexIn(const Element& group, const Element& member) {
+std::size_t indexIn(const host::Element& group, const host::Element& member) {
   const auto found = std::find_if(group.children.begin(), group.children.end(),
                                   [&member](const auto& child) { return child.get() == &member; });
   return static_cast<std::size_t>(found - group.children.begin());
 }
 
-void checkNamedMember(const Element& member, const char* kind, Findings& findings) {
-  const Element& group = *member.parent;
+void checkNamedMember(const host::Element& member, const char* kind, Findings& findings) {
+  const host::Element& group = *member.parent;
   if (member.has(kind)) {
     reportShadowedRoutine(member, kind, findings);
   } else if (!member.has(kRoutine)) {
@@ -92,18 +92,18 @@ void checkNamedMember(const Element& member, const char* kind, Findings& finding
 }
 
 // Whether the ticket reaches the members of the group at all.
-bool isReached(const Element& group, const char* kind) {
+bool isReached(const host::Element& group, const char* kind) {
   return kind != nullptr && group.has(kind);
 }
 
-void checkMember(const Element& member, Findings& findings) {
-  const Element& group = *member.parent;
+void checkMember(const host::Element& member, Findings& findings) {
+  const host::Element& group = *member.parent;
   const char* kind = nameKindOf(group);
   if (isReached(group, kind)) return checkNamedMember(member, kind, findings);
   const char* name = firstTicketName(member);
   // A routine of the group may read what it likes, and a group's own routine
   // is called at top level, too.
-  const bool isGroup = member.role == Role::kStaticGroup;
+  const bool isGroup = member.role == host::Role::kStaticGroup;
   if (name == nullptr && !isGroup && member.has(kRoutine)) name = kRoutine;
   if (name == nullptr || group.has(kRoutine)) return;
   findings.push_back({Code::kUnreachableMember,
@@ -117,10 +117,10 @@ void checkMember(const Element& member, Findings& findings) {
 
 }  // namespace
 
-void checkTicketReach(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
-    const bool isGroup = element.role == Role::kStaticGroup;
-    if ((element.role != Role::kFeature && !isGroup) || element.inTemplate) return;
+void checkTicketReach(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
+    const bool isGroup = element.role == host::Role::kStaticGroup;
+    if ((element.role != host::Role::kFeature && !isGroup) || element.inTemplate) return;
     if (element.isMember()) {
       checkMember(element, findings);
     } else {
@@ -129,4 +129,4 @@ void checkTicketReach(const Element& description, Findings& findings) {
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -5,7 +5,7 @@
 #include "host/base/text.h"
 #include "host/check/rules.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -17,23 +17,24 @@ bool isBlank(char character) {
   return character == ' ' || isControl(character);
 }
 
-void checkCharacters(const Element& element, const char* attribute, Findings& findings) {
+void checkCharacters(const host::Element& element, const char* attribute, Findings& findings) {
   const std::string name = element.text(attribute);
   const bool outer = isBlank(name.front()) || isBlank(name.back());
   if (!outer && std::none_of(name.begin(), name.end(), isControl)) return;
   findings.push_back({Code::kTicketNameCharacters,
                       element.positionOf(attribute),
-                      "the ticket name \"" + printable(name) + "\" of " + describeElement(element) +
+                      "the ticket name \"" + host::printable(name) + "\" of " +
+                          describeElement(element) +
                           (outer ? " begins or ends with a blank" : " holds a control character"),
                       "remove it",
                       {}});
 }
 
-bool hasNoValue(const Element& element) {
-  return element.isKind(FeatureKind::kUIOnly) || element.isKind(FeatureKind::kMVCList);
+bool hasNoValue(const host::Element& element) {
+  return element.isKind(host::FeatureKind::kUIOnly) || element.isKind(host::FeatureKind::kMVCList);
 }
 
-void checkElement(const Element& element, Findings& findings) {
+void checkElement(const host::Element& element, Findings& findings) {
   const char* first = nullptr;
   for (const char* name : kTicketNameAttributes) {
     if (!element.has(name)) continue;
@@ -59,11 +60,12 @@ void checkElement(const Element& element, Findings& findings) {
 
 }  // namespace
 
-void checkTicketNames(const Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const Element& element) {
-    const bool isNamed = element.role == Role::kFeature || element.role == Role::kStaticGroup;
+void checkTicketNames(const host::Element& description, Findings& findings) {
+  forEachElement(description, [&findings](const host::Element& element) {
+    const bool isNamed =
+        element.role == host::Role::kFeature || element.role == host::Role::kStaticGroup;
     if (isNamed && !element.inTemplate) checkElement(element, findings);
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -11,7 +11,7 @@
 #include "host/base/descriptor.h"
 #include "host/session/host_routines.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -22,7 +22,7 @@ constexpr int kLoadedStatus = 113;
 // Every line is sent as its level, its length and its bytes.
 template <class Number>
 void sendNumber(int pipe, Number number) {
-  writeAll(pipe, {reinterpret_cast<const char*>(&number), sizeof number});
+  host::writeAll(pipe, {reinterpret_cast<const char*>(&number), sizeof number});
 }
 
 void sendLine(int level, const char* /*category*/, const char* text, std::size_t length,
@@ -30,10 +30,10 @@ void sendLine(int level, const char* /*category*/, const char* text, std::size_t
   const int pipe = *static_cast<int*>(context);
   sendNumber(pipe, level);
   sendNumber(pipe, length);
-  writeAll(pipe, {text, length});
+  host::writeAll(pipe, {text, length});
 }
 
-int load(const Plugin& plugin, void* description, int pipe) {
+int load(const host::Plugin& plugin, void* description, int pipe) {
   static int target = -1;  // Alive until the library has ended the process.
   target = pipe;
   SetLogHandler(&sendLine, &target);
@@ -66,16 +66,16 @@ std::vector<LoadLine> splitLines(std::string_view bytes) {
 
 }  // namespace
 
-Result<LoadReport> loadInChild(const Plugin& plugin, void* description) {
-  Result<ChildProcess> child = ChildProcess::start(
-      ChildStreams::kDropped, [&](int pipe) { return load(plugin, description, pipe); });
+host::Result<LoadReport> loadInChild(const host::Plugin& plugin, void* description) {
+  host::Result<host::ChildProcess> child = host::ChildProcess::start(
+      host::ChildStreams::kDropped, [&](int pipe) { return load(plugin, description, pipe); });
   if (!child) return failureOf(child);
   LoadReport report;
-  report.lines = splitLines(readAll(child->pipe()));
+  report.lines = splitLines(host::readAll(child->pipe()));
   const int status = child->wait();
   report.loaded = WIFEXITED(status) && WEXITSTATUS(status) == kLoadedStatus;
-  report.end = report.loaded ? "loaded" : describeEnd(status);
+  report.end = report.loaded ? "loaded" : host::describeEnd(status);
   return report;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

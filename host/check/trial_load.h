@@ -9,7 +9,7 @@
 #include "host/base/result.h"
 #include "host/session/plugin.h"
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 struct LoadLine {
   int level = 0;
@@ -27,8 +27,8 @@ struct LoadReport {
 // Loads the description in a child of this process and waits for its end.
 // What the library or a routine prints is dropped. Problem: there is no child
 // to be had.
-Result<LoadReport> loadInChild(const Plugin& plugin, void* description);
+host::Result<LoadReport> loadInChild(const host::Plugin& plugin, void* description);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check
 
 #endif  // HOST_CHECK_TRIAL_LOAD_H_

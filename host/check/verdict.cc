@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace driver_feature {
+namespace driver_feature::check {
 
 namespace {
 
@@ -23,7 +23,7 @@ std::vector<std::string> reasonsOf(const LoadReport& report) {
 
 }  // namespace
 
-void compareVerdicts(const LoadReport& report, Position description, Findings& findings) {
+void compareVerdicts(const LoadReport& report, host::Position description, Findings& findings) {
   const auto refused = std::find_if(findings.begin(), findings.end(),
                                     [](const Finding& finding) { return finding.refused; });
   const std::vector<std::string> reasons = reasonsOf(report);
@@ -48,4 +48,4 @@ void compareVerdicts(const LoadReport& report, Position description, Findings& f
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::check

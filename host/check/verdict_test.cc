@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-namespace driver_feature {
+namespace driver_feature::check {
 namespace {
 
-const Position kPlace = {4, 2};
+const host::Position kPlace = {4, 2};
 
 Finding refusedAt(int line, const std::vector<std::string>& log) {
   return refusal(Code::kNoOptions, {line, 1}, "no options", "add some", log);
@@ -63,4 +63,4 @@ TEST(Verdict, CompareVerdicts_AnotherReason_IsAFinding) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::check

@@ -9,7 +9,7 @@
 
 #include "host/description/xml_element.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -134,4 +134,4 @@ std::string numberText(float number) {
   return {buffer.data(), result.ptr};
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -13,7 +13,7 @@
 
 class AttributeMap;
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // The limits of one feature. A limit that the description does not give, or
 // gives in a form that the library does not take either, is absent. A maximum
@@ -80,6 +80,6 @@ std::string rangeText(const std::optional<float>& lowest, const std::optional<fl
 // The shortest decimal text that reads back as this number.
 std::string numberText(float number);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_DESCRIPTION_DESCRIPTION_INDEX_H_

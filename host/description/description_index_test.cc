@@ -6,7 +6,7 @@
 
 #include "host/session/log.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -136,4 +136,4 @@ TEST(DescriptionIndexTest, RangeText_EachCombination_IsWorded) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

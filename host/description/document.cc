@@ -10,7 +10,7 @@
 #include "host/description/start_tags.h"
 #include "host/description/xml_element.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -82,4 +82,4 @@ bool Document::findDescriptions() {
   return description_ != nullptr;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -9,7 +9,7 @@
 
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 class Document {
  public:
@@ -46,6 +46,6 @@ class Document {
   void* second_ = nullptr;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_DESCRIPTION_DOCUMENT_H_

@@ -9,7 +9,7 @@
 #include "host/description/start_tags.h"
 #include "host/description/xml_element.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -165,4 +165,4 @@ std::string describeElement(const Element& element) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -13,7 +13,7 @@
 #include "host/description/document.h"
 #include "host/description/feature_kind.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // What the loader takes an element for.
 enum class Role : unsigned char {
@@ -72,6 +72,6 @@ void forEachElement(const Element& element, const std::function<void(const Eleme
 // static group "G", element <Foo>.
 std::string describeElement(const Element& element);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_DESCRIPTION_ELEMENT_H_

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 const std::vector<std::string>& featureTypeWords() {
   static const std::vector<std::string> kWords = {"UIOnly",    "MultiSelect", "IntEntry",
@@ -33,4 +33,4 @@ bool holdsValue(FeatureKind kind) {
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // The library's feature-type codes.
 enum class FeatureKind : int {
@@ -29,6 +29,6 @@ std::optional<FeatureKind> kindNamed(const std::string& word);
 // Whether features of the type hold a value that can be set.
 bool holdsValue(FeatureKind kind);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_DESCRIPTION_FEATURE_KIND_H_

@@ -6,7 +6,7 @@
 #include <array>
 #include <cstddef>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -175,4 +175,4 @@ std::string declaredEncoding(const std::string& bytes) {
   return declaration.substr(open + 1, close - open - 1);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -9,7 +9,7 @@
 
 #include "host/base/position.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 struct StartTag {
   Position position;                           // Of the "<".
@@ -30,6 +30,6 @@ std::string decodeText(const std::string& bytes, const std::string& encoding);
 // without one.
 std::string declaredEncoding(const std::string& bytes);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_DESCRIPTION_START_TAGS_H_

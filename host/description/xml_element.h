@@ -7,7 +7,7 @@
 
 #include "XMLParser.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 inline std::string tagOf(void* element) {
   std::string tag;
@@ -23,6 +23,6 @@ void forEachChild(void* element, const Visit& visit) {
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_DESCRIPTION_XML_ELEMENT_H_

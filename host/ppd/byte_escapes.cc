@@ -4,7 +4,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -43,7 +43,7 @@ std::string escapeBytes(std::string_view bytes) {
   if (std::all_of(bytes.begin(), bytes.end(), isPlain)) return std::string(bytes);
   std::string text;
   text.reserve(bytes.size());
-  for (const std::string_view character : splitCharacters(bytes)) {
+  for (const std::string_view character : host::splitCharacters(bytes)) {
     if (isHeldByXml(character)) {
       text += character;
       continue;
@@ -53,4 +53,4 @@ std::string escapeBytes(std::string_view bytes) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // `bytes` as UTF-8 without a character that XML forbids. Escaped are control
 // bytes but tab, line feed and carriage return, bytes that are no valid UTF-8,
@@ -17,6 +17,6 @@ namespace driver_feature {
 // dropped.
 std::string escapeBytes(std::string_view bytes);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_BYTE_ESCAPES_H_

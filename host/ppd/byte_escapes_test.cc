@@ -11,8 +11,8 @@
 
 namespace {
 
-using driver_feature::descriptionText;
-using driver_feature::escapeBytes;
+using driver_feature::ppd::descriptionText;
+using driver_feature::ppd::escapeBytes;
 
 // A value as it comes back from a description's XML.
 std::string afterXml(const std::string& value) {

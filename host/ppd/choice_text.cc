@@ -1,6 +1,6 @@
 #include "host/ppd/choice_text.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 std::string sectionText(ppd_section_t section, const std::string& title, const std::string& code) {
   if (section == PPD_ORDER_JCL || section == PPD_ORDER_EXIT) return code;
@@ -17,4 +17,4 @@ std::string titleOf(const ppd_option_t& option, const ppd_choice_t& choice) {
   return std::string("*") + option.keyword + " " + choice.choice;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // Why something is lost that libcups itself leaves out.
 inline constexpr const char* kNeverWritten =
@@ -23,6 +23,6 @@ std::string codeOf(const ppd_choice_t& choice);
 // "*PageSize A4".
 std::string titleOf(const ppd_option_t& option, const ppd_choice_t& choice);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_CHOICE_TEXT_H_

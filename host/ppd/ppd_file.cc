@@ -15,7 +15,7 @@
 
 #include "host/base/input_file.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -31,12 +31,12 @@ bool isNumber(ppd_cptype_t type) {
          type == PPD_CUSTOM_POINTS || type == PPD_CUSTOM_REAL;
 }
 
-Failure unusable(Problem::Kind kind, std::string text, std::string cause) {
-  return Failure(Problem{kind, std::move(text), "", std::move(cause)});
+host::Failure unusable(host::Problem::Kind kind, std::string text, std::string cause) {
+  return host::Failure(host::Problem{kind, std::move(text), "", std::move(cause)});
 }
 
-Failure notOpened(const std::string& path, int systemError) {
-  return unusable(Problem::Kind::kUnreadable,
+host::Failure notOpened(const std::string& path, int systemError) {
+  return unusable(host::Problem::Kind::kUnreadable,
                   path + ": cannot be opened: " + std::strerror(systemError),
                   "file cannot be opened");
 }
@@ -48,7 +48,7 @@ bool isCutOff(const std::string& path) {
   std::error_code ignored;  // libcups then says why the file cannot be opened.
   // A pipe could not be read again.
   if (!std::filesystem::is_regular_file(path, ignored)) return false;
-  const Result<std::string> file = readFile(path);
+  const host::Result<std::string> file = host::readFile(path);
   if (!file || !file->starts_with("\x1F\x8B") || file->size() < 4) return false;
   std::uint32_t length = 0;
   for (std::size_t i = 1; i <= 4; ++i) {
@@ -64,18 +64,18 @@ void settlePageSize(ppd_file_t& ppd) {
   std::free(ppdEmitString(&ppd, PPD_ORDER_ANY, std::numeric_limits<float>::quiet_NaN()));
 }
 
-Failure failureOfLibcups(const std::string& path, int systemError) {
+host::Failure failureOfLibcups(const std::string& path, int systemError) {
   int line = 0;
   const ppd_status_t status = ppdLastError(&line);
   if (status == PPD_FILE_OPEN_ERROR) return notOpened(path, systemError);
   // Whatever is wrong with the first line; 0 when it is not even ended.
   if (status == PPD_MISSING_PPDADOBE4 || line <= 1) {
-    return unusable(Problem::Kind::kMalformed,
+    return unusable(host::Problem::Kind::kMalformed,
                     path + ":1: this is not a PPD file: it does not begin with *PPD-Adobe: \"4.",
                     "not a PPD file");
   }
   const std::string reason = ppdErrorString(status);
-  return unusable(Problem::Kind::kMalformed,
+  return unusable(host::Problem::Kind::kMalformed,
                   path + ":" + std::to_string(line) + ": libcups cannot read the PPD file: " +
                       reason + "; correct the line (cupstestppd explains more)",
                   reason);
@@ -83,11 +83,11 @@ Failure failureOfLibcups(const std::string& path, int systemError) {
 
 }  // namespace
 
-Result<PpdPointer> readPpd(const std::string& path) {
+host::Result<PpdPointer> readPpd(const std::string& path) {
   if (const int systemError = obstacle(path); systemError != 0) return notOpened(path, systemError);
   if (isCutOff(path)) {
     return unusable(
-        Problem::Kind::kMalformed,
+        host::Problem::Kind::kMalformed,
         path + ": the compressed file is cut off or damaged; copy it again (gunzip -t tests it)",
         "compressed file is cut off or damaged");
   }
@@ -167,4 +167,4 @@ std::string emittedText(ppd_file_t& ppd, ppd_section_t section) {
   return text ? text.get() : "";
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

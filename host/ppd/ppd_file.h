@@ -11,7 +11,7 @@
 
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 struct PpdDeleter {
   void operator()(ppd_file_t* ppd) const { ppdClose(ppd); }
@@ -22,7 +22,7 @@ using PpdPointer = std::unique_ptr<ppd_file_t, PpdDeleter>;
 // marked, and the page size as libcups marks it before it writes: as PageSize,
 // as PageRegion or as neither. Problems: kUnreadable, and kMalformed for
 // what is not a PPD file, each with its cause.
-Result<PpdPointer> readPpd(const std::string& path);
+host::Result<PpdPointer> readPpd(const std::string& path);
 
 // The bytes of a PPD file, compressed with gzip or not; those up to the first
 // that cannot be read.
@@ -59,6 +59,6 @@ class CustomNumbersAway {
 // for the numbers of custom choices.
 std::string emittedText(ppd_file_t& ppd, ppd_section_t section);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_PPD_FILE_H_

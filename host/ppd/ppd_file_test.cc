@@ -9,7 +9,7 @@
 
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -19,7 +19,7 @@ class PpdFileTest : public testing::Test {
 
   PpdPointer read(const std::string& lines) const {
     std::ofstream(file_) << "*PPD-Adobe: \"4.3\"\n" << lines;
-    Result<PpdPointer> ppd = readPpd(file_);
+    host::Result<PpdPointer> ppd = readPpd(file_);
     EXPECT_EQ(problemText(ppd), "");
     return ppd ? std::move(*ppd) : nullptr;
   }
@@ -72,4 +72,4 @@ TEST_F(PpdFileTest, PpdBytes_OfAPlainFile_AreItsOwn) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

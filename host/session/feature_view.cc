@@ -1,6 +1,6 @@
 #include "host/session/feature_view.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -98,4 +98,4 @@ FeatureMap featuresOf(CoreFeatureSet& set) {
   return features;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -12,7 +12,7 @@
 
 #include "host/description/feature_kind.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // One option of a "MultiSelect" feature.
 struct Choice {
@@ -63,6 +63,6 @@ class FeatureView {
 using FeatureMap = std::map<std::string, FeatureView>;
 FeatureMap featuresOf(CoreFeatureSet& set);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_FEATURE_VIEW_H_

@@ -4,7 +4,7 @@
 
 #include "AttributeMap.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -133,4 +133,4 @@ std::optional<DynamicGroupView> findDynamicGroup(CoreFeatureSet& set, const Desc
                           StaticGroupView(*shape), *shape);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -13,7 +13,7 @@
 #include "model/core_feature_group.h"
 #include "model/core_feature_set.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // The members of a static group.
 class StaticGroupView {
@@ -72,6 +72,6 @@ std::optional<StaticGroupView> findStaticGroup(CoreFeatureSet& set, const std::s
 std::optional<DynamicGroupView> findDynamicGroup(CoreFeatureSet& set, const DescriptionIndex& index,
                                                  const std::string& name);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_GROUP_VIEW_H_

@@ -5,7 +5,7 @@
 
 #include "host/description/xml_element.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -37,20 +37,20 @@ void setLoadTarget(LoadTarget target) {
   loadTarget = std::move(target);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 bool DriverFeatureHostUpdate() {
-  ++driver_feature::updates;
+  ++driver_feature::host::updates;
   return true;
 }
 
 int DriverFeatureHostLoad(void* element, int /*mode*/) {
   int refused = 0;
-  driver_feature::forEachChild(element, [&refused](void* child) {
-    const auto result = driver_feature::applyElement(child);
+  driver_feature::host::forEachChild(element, [&refused](void* child) {
+    const auto result = driver_feature::host::applyElement(child);
     if (result) return;
     ++refused;
-    const auto& report = driver_feature::loadTarget.report;
+    const auto& report = driver_feature::host::loadTarget.report;
     if (!report) return;
     report("setting in line " + std::to_string(XMLDocument::lineOf(child)) + ": " +
            result.error().text);

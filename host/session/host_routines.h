@@ -30,7 +30,7 @@ DRIVER_FEATURE_EXPORT int DriverFeatureHostLoad(void* element, int mode);
 
 }  // extern "C"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // The number of calls of DriverFeatureHostUpdate so far.
 long updateCount();
@@ -43,6 +43,6 @@ struct LoadTarget {
 };
 void setLoadTarget(LoadTarget target);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_HOST_ROUTINES_H_

@@ -13,7 +13,7 @@
 #include "host/session/feature_view.h"
 #include "host/session/plugin.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -116,4 +116,4 @@ TEST_F(HostRoutinesTest, Load_NoReport_OnlyCounts) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -27,4 +27,4 @@ void LoadWatch::reportEnd() {
   current->report_(current->file_ + ": the description could not be loaded" + current->remedy_());
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -8,7 +8,7 @@
 
 #include "host/session/log.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // While it lives, an end of the process (the library calls exit() when it
 // cannot build a description) reports "FILE: the description could not be
@@ -30,6 +30,6 @@ class LoadWatch {
   LineSink report_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_LOAD_WATCH_H_

@@ -5,7 +5,7 @@
 
 #include "Log.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -130,4 +130,4 @@ LogSilence::~LogSilence() {
   LogPrinter::takeOver();
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 enum class LogDetail {
   kErrors,  // Level 1.
@@ -87,6 +87,6 @@ class LogSilence {
   LogSilence& operator=(const LogSilence&) = delete;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_LOG_H_

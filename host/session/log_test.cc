@@ -2,16 +2,22 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <functional>
 #include <string>
 
 #include "Log.h"
 
-#include "programs/common/console.h"
+#include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
+
+// As a program reports a line.
+void printError(const std::string& line) {
+  std::fputs(("driver-feature: " + printable(line) + "\n").c_str(), stderr);
+}
 
 constexpr const char* kNoLoadRoutine =
     "FeatureXMLTagHandler() - No Custom Load VORN Callback Handler element";
@@ -154,4 +160,4 @@ TEST(LogSilenceTest, WhileItLives_LinesAreDropped) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

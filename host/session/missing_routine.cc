@@ -11,7 +11,7 @@
 #include "host/base/input_file.h"
 #include "host/description/xml_element.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -67,4 +67,4 @@ std::string libraryWithRoutine(const std::string& routine, const std::vector<fs:
   return "LIB.so";
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

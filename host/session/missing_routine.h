@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // The log line with which the feature library then ends the process.
 inline constexpr const char* kNoUpdateRoutine =
@@ -21,6 +21,6 @@ std::string missingUpdateRoutine(void* description);
 std::string libraryWithRoutine(const std::string& routine,
                                const std::vector<std::filesystem::path>& folders);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_MISSING_ROUTINE_H_

@@ -7,7 +7,7 @@
 #include "host/description/description_index.h"
 #include "host/session/feature_view.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // The loaded features, with what the description says about them.
 struct Model {
@@ -22,6 +22,6 @@ struct Model {
   std::string allowance = ", or run with --allow-control-characters to write it as it is";
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_MODEL_H_

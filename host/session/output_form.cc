@@ -1,6 +1,6 @@
 #include "host/session/output_form.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -33,4 +33,4 @@ std::string outputOf(CoreFeatureSet& features, OutputForm form) {
   return output;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -9,7 +9,7 @@
 
 #include "model/core_feature_set.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // The library's codes of its output forms.
 enum class OutputForm : int { kPjl = 0, kPostScript = 1, kTicket = 2 };
@@ -23,6 +23,6 @@ std::vector<std::string> formNames();
 // An output of the features.
 std::string outputOf(CoreFeatureSet& features, OutputForm form);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_OUTPUT_FORM_H_

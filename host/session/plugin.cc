@@ -7,7 +7,7 @@
 
 #include "model/core_feature_set.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -109,4 +109,4 @@ Result<> loadRoutines(const std::string& path) {
                    "; check the path given with --callbacks");
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

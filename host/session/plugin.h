@@ -10,7 +10,7 @@
 class AttributeMap;
 class CoreFeatureSet;
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 class Plugin {
  public:
@@ -74,6 +74,6 @@ class Plugin {
 // loaded after it.
 Result<> loadRoutines(const std::string& path);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_PLUGIN_H_

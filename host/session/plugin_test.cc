@@ -4,7 +4,7 @@
 
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -52,4 +52,4 @@ TEST(LoadRoutinesTest, LoadRoutines_NoSuchFile_SaysSo) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

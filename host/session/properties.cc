@@ -7,7 +7,7 @@
 #include "host/base/nearest_name.h"
 #include "host/description/description_index.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -174,4 +174,4 @@ Result<std::string> readProperty(CoreFeature& object, const std::string& name) {
                  "; \"log all\" shows why");
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -12,7 +12,7 @@
 
 #include "model/core_feature.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // Which overload of the library's operations takes a property.
 enum class PropertyType { kText, kInt, kFloat, kBool };
@@ -44,6 +44,6 @@ Result<> writeProperty(CoreFeature& object, const std::string& name, const std::
 // name and what the library answers false to.
 Result<std::string> readProperty(CoreFeature& object, const std::string& name);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_PROPERTIES_H_

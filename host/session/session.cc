@@ -7,7 +7,7 @@
 #include "host/session/load_watch.h"
 #include "host/session/missing_routine.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -87,4 +87,4 @@ std::string Session::remedy(const SessionRequest& request) const {
          libraryWithRoutine(routine, folders);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -14,7 +14,7 @@
 #include "host/session/model.h"
 #include "host/session/plugin.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // Where the parts of a session come from.
 struct SessionRequest {
@@ -82,6 +82,6 @@ class Session {
   std::unique_ptr<Model> model_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_SESSION_H_

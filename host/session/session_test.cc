@@ -9,7 +9,7 @@
 #include "host/session/host_routines.h"
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -37,4 +37,4 @@ TEST(SessionTest, Open_NoBaseFeatureInfo_RegistersTheProgramsUpdateCallback) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

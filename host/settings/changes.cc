@@ -3,7 +3,7 @@
 #include "host/settings/setting.h"
 #include "host/settings/settings_file.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -61,4 +61,4 @@ std::vector<OutputText> outputsToSave(const Session& session, const Changes& cha
   return {{changes.saveFile, composeSettings(session.features(), session.model())}};
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

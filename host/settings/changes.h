@@ -11,7 +11,7 @@
 #include "host/session/session.h"
 #include "host/settings/records.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 struct Changes {
   std::vector<std::string> settings;    // NAME=VALUE, made in this order.
@@ -33,6 +33,6 @@ Result<std::unique_ptr<Session>> openChanged(const SessionRequest& request, cons
 // The settings file that the changes ask for; empty when they ask for none.
 std::vector<OutputText> outputsToSave(const Session& session, const Changes& changes);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SETTINGS_CHANGES_H_

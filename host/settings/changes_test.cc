@@ -11,7 +11,7 @@
 
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -62,4 +62,4 @@ TEST_F(ChangesTest, MakeChanges_OneRefused_IsTheOnlyProblemAndDropsTheLog) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

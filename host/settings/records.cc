@@ -12,7 +12,7 @@
 #include "host/base/text.h"
 #include "host/session/group_view.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -136,4 +136,4 @@ Result<> addRecords(CoreFeatureSet& set, const Model& model, const RecordsReques
   return {};
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

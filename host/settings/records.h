@@ -11,7 +11,7 @@
 #include "host/settings/setting.h"
 #include "model/core_feature_set.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 struct RecordsRequest {
   std::string group;
@@ -28,6 +28,6 @@ Result<> addRecords(CoreFeatureSet& set, const Model& model, const RecordsReques
 // Why a name that belongs to no dynamic group takes no records.
 std::string refuseDynamicGroup(const Model& model, const std::string& name);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SETTINGS_RECORDS_H_

@@ -11,7 +11,7 @@
 #include "host/base/text.h"
 #include "host/settings/value_safety.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -198,4 +198,4 @@ Result<> applyLoadedSetting(const Model& model, const std::string& name, const s
   return applySetting(model, {name, value});
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

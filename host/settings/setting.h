@@ -8,7 +8,7 @@
 #include "host/base/result.h"
 #include "host/session/model.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 struct Setting {
   std::string name;
@@ -34,6 +34,6 @@ Result<> applyLoadedSetting(const Model& model, const std::string& name, const s
 // The same checks, and nothing stored.
 Result<> checkSetting(const Model& model, const Setting& setting);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SETTINGS_SETTING_H_

@@ -10,7 +10,7 @@
 #include "host/settings/settings_plan.h"
 #include "host/settings/settings_text.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -132,4 +132,4 @@ std::optional<std::string> settingText(const FeatureView& feature) {
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -10,7 +10,7 @@
 #include "host/settings/setting.h"
 #include "model/core_feature_set.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // The text of a settings file with the value of every feature that has one and
 // all records. Loading it gives the same values and records.
@@ -29,6 +29,6 @@ Result<> loadSettings(CoreFeatureSet& set, const Model& model, const std::string
 // A feature's current value as a setting writes it. Nothing when it has none.
 std::optional<std::string> settingText(const FeatureView& feature);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SETTINGS_SETTINGS_FILE_H_

@@ -12,7 +12,7 @@
 #include "host/settings/records.h"
 #include "host/settings/settings_file.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -196,4 +196,4 @@ Problems applyLines(CoreFeatureSet& set, const Model& model, const SettingsText&
   return refusals;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

@@ -7,7 +7,7 @@
 #include "host/settings/settings_text.h"
 #include "model/core_feature_set.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // Makes the settings in their order, and then the records. A value that a
 // later line has changed through a routine of the description is made again.
@@ -15,6 +15,6 @@ namespace driver_feature {
 // the same.
 Problems applyLines(CoreFeatureSet& set, const Model& model, const SettingsText& text);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SETTINGS_SETTINGS_PLAN_H_

@@ -4,7 +4,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -178,4 +178,4 @@ std::string noRecordsLine(const std::string& group) {
   return "[" + escape(group, "]") + "] none\n";
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

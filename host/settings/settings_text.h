@@ -23,7 +23,7 @@
 
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // A setting and its line, counted from 1.
 struct SettingsLine {
@@ -59,6 +59,6 @@ std::string settingLine(const Setting& setting);
 std::string recordLine(const std::string& group);
 std::string noRecordsLine(const std::string& group);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SETTINGS_SETTINGS_TEXT_H_

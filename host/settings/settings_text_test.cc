@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -62,4 +62,4 @@ TEST(SettingsTextTest, Parse_WrongEscapes_AreRefusedWithTheEscape) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

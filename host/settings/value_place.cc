@@ -4,7 +4,7 @@
 
 #include "templates/conversion.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -191,4 +191,4 @@ bool isControlCharacter(char character) {
   return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

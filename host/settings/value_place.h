@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 enum class CommandLanguage : unsigned char { kPjl, kPostScript };
 
@@ -47,6 +47,6 @@ std::optional<unsigned char> findUnsafeByte(ValuePlace place, std::string_view v
 // The bytes below 0x20, and 0x7F.
 bool isControlCharacter(char character);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SETTINGS_VALUE_PLACE_H_

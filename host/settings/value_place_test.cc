@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::host {
 namespace {
 
 using enum ValuePlace;
@@ -141,4 +141,4 @@ TEST(ValuePlaceTest, FindUnsafeByte_LongerValues_AnswersTheFirst) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::host

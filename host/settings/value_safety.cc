@@ -10,7 +10,7 @@
 #include "host/session/group_view.h"
 #include "host/settings/value_place.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 namespace {
 
@@ -89,4 +89,4 @@ Result<> refuseUnsafeProperty(const Model& model, const std::string& name,
   return isValue ? refuseUnsafeValue(model, name, value) : Result<>();
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host

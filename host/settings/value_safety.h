@@ -7,7 +7,7 @@
 
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // Refuses a value of a feature that its PJL or PostScript command, with those
 // of the groups around it, would put where the value can end the string, the
@@ -22,6 +22,6 @@ Result<> refuseUnsafeValue(const Model& model, const std::string& name, const st
 Result<> refuseUnsafeProperty(const Model& model, const std::string& name,
                               const std::string& property, const std::string& value);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // HOST_SETTINGS_VALUE_SAFETY_H_

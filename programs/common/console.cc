@@ -8,7 +8,7 @@
 #include "host/base/descriptor.h"
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -16,18 +16,18 @@ std::string_view messageStart = "driver-feature: ";
 
 void writeToStandardError(std::string_view text) {
   std::fflush(stderr);
-  writeAll(STDERR_FILENO, text);
+  host::writeAll(STDERR_FILENO, text);
 }
 
 }  // namespace
 
 void printError(std::string_view text) {
-  writeToStandardError(std::string(messageStart) + printable(text) + "\n");
+  writeToStandardError(std::string(messageStart) + host::printable(text) + "\n");
 }
 
-void printProblem(const Problem& problem) {
+void printProblem(const host::Problem& problem) {
   printError(describe(problem));
-  for (const Problem& more : problem.more) printError(describe(more));
+  for (const host::Problem& more : problem.more) printError(describe(more));
 }
 
 void startMessagesWith(std::string_view start) {
@@ -39,20 +39,20 @@ void printLackOfMemory() {
   writeToStandardError("out of memory; end other programs and try again\n");
 }
 
-int statusOf(const Problem& problem) {
+int statusOf(const host::Problem& problem) {
   switch (problem.kind) {
-    case Problem::Kind::kNotLoaded:
-    case Problem::Kind::kNotWritten:
-    case Problem::Kind::kDifferent:
+    case host::Problem::Kind::kNotLoaded:
+    case host::Problem::Kind::kNotWritten:
+    case host::Problem::Kind::kDifferent:
       return kFailure;
     default:
       return kUnusable;
   }
 }
 
-int report(const Problem& problem) {
+int report(const host::Problem& problem) {
   printProblem(problem);
   return statusOf(problem);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

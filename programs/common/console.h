@@ -7,7 +7,7 @@
 
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 inline constexpr int kSuccess = 0;
 inline constexpr int kFailure = 1;   // The description could not be loaded, or output not written.
@@ -18,7 +18,7 @@ inline constexpr int kUnusable = 2;  // Wrong usage, an unusable input or a refu
 void printError(std::string_view text);
 
 // Writes a line for the problem, and one for each that comes with it.
-void printProblem(const Problem& problem);
+void printProblem(const host::Problem& problem);
 
 // Writes `start` in front of messages from now on, in place of
 // "driver-feature: ". It must live as long as the process.
@@ -28,11 +28,11 @@ void startMessagesWith(std::string_view start);
 void printLackOfMemory();
 
 // The status that a problem asks for.
-int statusOf(const Problem& problem);
+int statusOf(const host::Problem& problem);
 
 // Prints the problem and returns its status.
-int report(const Problem& problem);
+int report(const host::Problem& problem);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_COMMON_CONSOLE_H_

@@ -9,7 +9,7 @@
 #include "host/base/text.h"
 #include "programs/driver_feature/arguments.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -47,13 +47,13 @@ class Reader {
     for (const CommandRow* command : program.commands) addCommand(*command);
   }
 
-  Result<Line> read(int argc, const char* const* argv) {
+  host::Result<Line> read(int argc, const char* const* argv) {
     try {
       app_.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
       return Line{chosen(), Arguments({}), app_.help()};
     } catch (const CLI::ParseError& error) {
-      return refused(reasonOf(error));
+      return host::refused(reasonOf(error));
     }
     return Line{chosen(), Arguments(values_), ""};
   }
@@ -98,9 +98,10 @@ class Reader {
     if (command != nullptr || extra.starts_with('-')) {
       return "\"" + extra + "\" is not expected" + help;
     }
-    const auto nearest = nearestName(extra, names());
+    const auto nearest = host::nearestName(extra, names());
     return "there is no command \"" + extra + "\"; " +
-           (nearest ? "did you mean \"" + *nearest + "\"?" : "give one of " + join(names(), ", "));
+           (nearest ? "did you mean \"" + *nearest + "\"?"
+                    : "give one of " + host::join(names(), ", "));
   }
 
   const ProgramRows& program_;
@@ -111,8 +112,8 @@ class Reader {
 
 }  // namespace
 
-Result<Line> readLine(const ProgramRows& program, int argc, const char* const* argv) {
+host::Result<Line> readLine(const ProgramRows& program, int argc, const char* const* argv) {
   return Reader(program).read(argc, argv);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -45,4 +45,4 @@ std::vector<const ArgumentRow*> CommandRow::arguments() const {
   return rows;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

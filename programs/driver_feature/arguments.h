@@ -12,7 +12,7 @@
 #include "host/base/result.h"
 #include "host/session/session.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 enum Trait : unsigned {
   kOptional = 0,
@@ -67,7 +67,7 @@ struct CommandRow {
   std::span<const ArgumentRow> shared;  // Rows that other commands have, too.
   // Does the work and returns the program's exit status. `general` holds what the
   // general options say.
-  Result<int> (*run)(const Arguments& arguments, const SessionRequest& general);
+  host::Result<int> (*run)(const Arguments& arguments, const host::SessionRequest& general);
 
   std::vector<const ArgumentRow*> arguments() const;
 };
@@ -87,8 +87,8 @@ struct Line {
   Arguments arguments{{}};
   std::string help;  // The text to print, when the line asks for it.
 };
-Result<Line> readLine(const ProgramRows& program, int argc, const char* const* argv);
+host::Result<Line> readLine(const ProgramRows& program, int argc, const char* const* argv);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_ARGUMENTS_H_

@@ -1,9 +1,9 @@
 #include "programs/driver_feature/change_arguments.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
-Changes changesOf(const Arguments& arguments) {
-  Changes changes;
+host::Changes changesOf(const Arguments& arguments) {
+  host::Changes changes;
   changes.files = arguments.texts("--settings");
   changes.settings = arguments.texts("--option");
   const std::vector<std::string>& records = arguments.texts("--records");
@@ -15,10 +15,10 @@ Changes changesOf(const Arguments& arguments) {
   return changes;
 }
 
-SessionRequest sessionOf(const Arguments& arguments, const SessionRequest& general) {
-  SessionRequest request = general;
+host::SessionRequest sessionOf(const Arguments& arguments, const host::SessionRequest& general) {
+  host::SessionRequest request = general;
   request.description = arguments.text("DESC");
   return request;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

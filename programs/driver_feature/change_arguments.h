@@ -7,7 +7,7 @@
 #include "host/settings/changes.h"
 #include "programs/driver_feature/arguments.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 inline constexpr ArgumentRow kDescriptionRow = {"DESC", "FILE",
                                                 "The feature description, an XML file", kRequired};
@@ -26,11 +26,11 @@ inline constexpr std::array kChangeRows = {
     kAllowanceRow};
 
 // What these rows ask for.
-Changes changesOf(const Arguments& arguments);
+host::Changes changesOf(const Arguments& arguments);
 
 // The session that the line asks for: the general options, and DESC.
-SessionRequest sessionOf(const Arguments& arguments, const SessionRequest& general);
+host::SessionRequest sessionOf(const Arguments& arguments, const host::SessionRequest& general);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_CHANGE_ARGUMENTS_H_

@@ -12,7 +12,7 @@
 #include "programs/driver_feature/completion/candidates.h"
 #include "programs/driver_feature/version.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -53,29 +53,29 @@ constexpr std::array kCommands = {
     &kShellCommand,   //
 };
 
-SessionRequest generalOf(const Arguments& arguments) {
-  SessionRequest general;
+host::SessionRequest generalOf(const Arguments& arguments) {
+  host::SessionRequest general;
   general.library = arguments.text("--library");
   general.routines = arguments.texts("--callbacks");
-  if (arguments.has("--verbose")) general.detail = LogDetail::kAll;
-  if (arguments.has("--quiet")) general.detail = LogDetail::kErrors;
+  if (arguments.has("--verbose")) general.detail = host::LogDetail::kAll;
+  if (arguments.has("--quiet")) general.detail = host::LogDetail::kErrors;
   general.report = printError;
-  general.loadSetting = applyLoadedSetting;
+  general.loadSetting = host::applyLoadedSetting;
   return general;
 }
 
-Result<int> print(const std::string& text) {
-  return writeToStandardOutput(text).map([] { return kSuccess; });
+host::Result<int> print(const std::string& text) {
+  return host::writeToStandardOutput(text).map([] { return kSuccess; });
 }
 
-Result<int> run(int argc, const char* const* argv) {
+host::Result<int> run(int argc, const char* const* argv) {
   if (argc > 1 && std::string(argv[1]) == "__complete") {
     return print(completionText(complete(programRows(), {argv + 2, argv + argc})));
   }
   auto line = readLine(programRows(), argc, argv);
   if (!line) return failureOf(line);
   if (!line->help.empty()) return print(line->help);
-  const SessionRequest general = generalOf(line->arguments);
+  const host::SessionRequest general = generalOf(line->arguments);
   if (line->arguments.has("--version")) {
     auto versions = versionText(general.library);
     if (!versions) return failureOf(versions);
@@ -84,8 +84,8 @@ Result<int> run(int argc, const char* const* argv) {
   if (line->command != nullptr) return line->command->run(line->arguments, general);
   std::vector<std::string> names;
   for (const CommandRow* command : kCommands) names.emplace_back(command->name);
-  return refused("a command is needed: " + join(names, ", ") +
-                 "; driver-feature --help explains them");
+  return host::refused("a command is needed: " + host::join(names, ", ") +
+                       "; driver-feature --help explains them");
 }
 
 }  // namespace
@@ -96,8 +96,8 @@ const ProgramRows& programRows() {
 }
 
 int runCommandLine(int argc, const char* const* argv) {
-  const Result<int> status = run(argc, argv);
+  const host::Result<int> status = run(argc, argv);
   return status ? *status : report(status.error());
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -4,7 +4,7 @@
 
 #include "programs/driver_feature/arguments.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // The general options, and every command.
 const ProgramRows& programRows();
@@ -17,6 +17,6 @@ const ProgramRows& programRows();
 // for the shells ask so. It is not a command: no help names it.
 int runCommandLine(int argc, const char* const* argv);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_COMMAND_LINE_H_

@@ -14,24 +14,24 @@ namespace {
 // the line, a shorter one has to do.
 void report(const char* what) {
   try {
-    driver_feature::printError(what);
+    driver_feature::cli::printError(what);
   } catch (const std::bad_alloc&) {
-    driver_feature::printLackOfMemory();
+    driver_feature::cli::printLackOfMemory();
   }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  driver_feature::prepareStandardStreams();
+  driver_feature::host::prepareStandardStreams();
   try {
-    return driver_feature::runCommandLine(argc, argv);
+    return driver_feature::cli::runCommandLine(argc, argv);
   } catch (const std::bad_alloc&) {
-    driver_feature::printLackOfMemory();
+    driver_feature::cli::printLackOfMemory();
   } catch (const std::exception& error) {
     report(error.what());
   } catch (...) {
     report("a routine of the description threw something that is no std::exception; correct it");
   }
-  return driver_feature::kFailure;
+  return driver_feature::cli::kFailure;
 }

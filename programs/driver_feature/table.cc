@@ -5,7 +5,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -15,11 +15,11 @@ constexpr std::string_view kEllipsis = "...";
 constexpr std::size_t kNarrowest = 16;
 
 std::string cut(const std::string& text, std::size_t width) {
-  if (displayWidth(text) <= width) return text;
+  if (host::displayWidth(text) <= width) return text;
   std::string kept;
-  for (const std::string_view character : splitCharacters(text)) {
+  for (const std::string_view character : host::splitCharacters(text)) {
     const std::string longer = kept + std::string(character);
-    if (displayWidth(longer) + kEllipsis.size() > width) break;
+    if (host::displayWidth(longer) + kEllipsis.size() > width) break;
     kept = longer;
   }
   return kept + std::string(kEllipsis);
@@ -31,7 +31,7 @@ class Layout {
     for (const TableRow& row : rows) {
       columns_.resize(std::max(columns_.size(), row.cells.size()));
       for (std::size_t i = 0; i < row.cells.size(); ++i) {
-        columns_[i] = std::max(columns_[i], displayWidth(shown(row.cells[i])));
+        columns_[i] = std::max(columns_[i], host::displayWidth(shown(row.cells[i])));
       }
     }
     for (const std::size_t column : columns_) indent_ += column + kGap;
@@ -41,7 +41,7 @@ class Layout {
     std::string line;
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
       const std::string cell = shown(row.cells[i]);
-      line += cell + std::string(columns_[i] + kGap - displayWidth(cell), ' ');
+      line += cell + std::string(columns_[i] + kGap - host::displayWidth(cell), ' ');
     }
     line += composeParts(row.parts);
     line.erase(line.find_last_not_of(' ') + 1);
@@ -50,7 +50,7 @@ class Layout {
 
  private:
   std::string shown(const std::string& cell) const {
-    const std::string text = printable(cell);
+    const std::string text = host::printable(cell);
     return width_ == 0 ? text : cut(text, std::max(width_ / 3, kEllipsis.size()));
   }
 
@@ -59,8 +59,8 @@ class Layout {
     std::string text;
     std::size_t used = indent_;
     for (std::size_t i = 0; i < parts.size(); ++i) {
-      const std::string part = printable(parts[i]) + (i + 1 < parts.size() ? "," : "");
-      const std::size_t partWidth = displayWidth(part);
+      const std::string part = host::printable(parts[i]) + (i + 1 < parts.size() ? "," : "");
+      const std::size_t partWidth = host::displayWidth(part);
       const bool first = used == indent_;
       if (wraps && !first && used + 1 + partWidth > width_) {
         text += "\n" + std::string(indent_, ' ');
@@ -89,4 +89,4 @@ std::string layOut(const std::vector<TableRow>& rows, std::size_t width) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

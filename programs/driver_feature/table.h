@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // One row: a text for every column but the last, and the parts of the last
 // column, between which its line may be broken.
@@ -22,6 +22,6 @@ struct TableRow {
 // more than a third of it is cut, with "..." at the end.
 std::string layOut(const std::vector<TableRow>& rows, std::size_t width);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_TABLE_H_

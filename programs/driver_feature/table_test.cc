@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -68,4 +68,4 @@ TEST(TableTest, LayOut_ControlCharacters_StayOnTheirLine) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -2,7 +2,7 @@
 
 #include "host/session/plugin.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -31,9 +31,9 @@ std::string buildText() {
 
 }  // namespace
 
-Result<std::string> versionText(const std::string& library) {
+host::Result<std::string> versionText(const std::string& library) {
   std::string text = "driver-feature " DRIVER_FEATURE_VERSION " (" + buildText() + ")\n";
-  Result<Plugin> plugin = Plugin::load(library);
+  host::Result<host::Plugin> plugin = host::Plugin::load(library);
   if (!plugin && !library.empty()) return failureOf(plugin);
   if (plugin) {
     text += std::string(plugin->displayName()) + " " + plugin->version() + " (" + plugin->path() +
@@ -42,4 +42,4 @@ Result<std::string> versionText(const std::string& library) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

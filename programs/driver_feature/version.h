@@ -6,14 +6,14 @@
 
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // Lines with the program's version and build, and with the version of the
 // feature library at `library`, or where it is searched when that is empty. A
 // library that is not there is no reason to hide the program's version, unless
 // the caller has asked for that library; the problem is then Plugin::load()'s.
-Result<std::string> versionText(const std::string& library);
+host::Result<std::string> versionText(const std::string& library);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_VERSION_H_

@@ -3,19 +3,19 @@
 #include "host/base/standard_streams.h"
 #include "programs/common/console.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
-Result<int> workOnDescription(const SessionRequest& request, const Changes& changes,
-                              const Work& work) {
-  std::vector<OutputText> outputs;
+host::Result<int> workOnDescription(const host::SessionRequest& request,
+                                    const host::Changes& changes, const Work& work) {
+  std::vector<host::OutputText> outputs;
   {
-    const StandardOutputDiversion diversion;
+    const host::StandardOutputDiversion diversion;
     auto session = openChanged(request, changes);
     if (!session) return failureOf(session);
     outputs = outputsToSave(**session, changes);
-    if (Result<> done = work(**session, outputs); !done) return failureOf(done);
+    if (host::Result<> done = work(**session, outputs); !done) return failureOf(done);
   }
   return writeAllOutputs(outputs).map([] { return kSuccess; });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

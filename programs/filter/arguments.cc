@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cstddef>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -16,31 +16,31 @@ bool readCount(std::string_view text, int lowest, int& number) {
 
 }  // namespace
 
-Result<FilterArguments> readArguments(int argc, const char* const* argv) {
+host::Result<FilterArguments> readArguments(int argc, const char* const* argv) {
   if (argc < 6 || argc > 7) {
-    return refused(
+    return host::refused(
         "wrong usage; give JOB USER TITLE COPIES OPTIONS [FILE], as a print scheduler does");
   }
   FilterArguments arguments;
   if (!readCount(argv[1], 0, arguments.job)) {
-    return refused("the job \"" + std::string(argv[1]) +
-                   "\" is not a number; give the number of the job");
+    return host::refused("the job \"" + std::string(argv[1]) +
+                         "\" is not a number; give the number of the job");
   }
   arguments.user = argv[2];
   arguments.title = argv[3];
   if (!readCount(argv[4], 1, arguments.copies)) {
-    return refused("the copies \"" + std::string(argv[4]) +
-                   "\" are not a number from 1 up; give 1 or more");
+    return host::refused("the copies \"" + std::string(argv[4]) +
+                         "\" are not a number from 1 up; give 1 or more");
   }
   arguments.options = parseOptions(argv[5]);
   if (argc == 7) arguments.file = argv[6];
   return arguments;
 }
 
-std::vector<Setting> parseOptions(const std::string& text) {
+std::vector<host::Setting> parseOptions(const std::string& text) {
   cups_option_t* parsed = nullptr;
   const int count = cupsParseOptions(text.c_str(), 0, &parsed);
-  std::vector<Setting> options;
+  std::vector<host::Setting> options;
   options.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) options.push_back({parsed[i].name, parsed[i].value});
   cupsFreeOptions(count, parsed);
@@ -60,4 +60,4 @@ std::string harmless(std::string_view text) {
   return result;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -10,28 +10,28 @@
 
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 struct FilterArguments {
   int job = 0;
   std::string user;
   std::string title;
   int copies = 1;
-  std::vector<Setting> options;  // By their names; of one that stands twice the last.
-  std::string file;              // Empty for standard input.
-  bool isConverted = false;      // The filters before this one have made the document PostScript.
+  std::vector<host::Setting> options;  // By their names; of one that stands twice the last.
+  std::string file;                    // Empty for standard input.
+  bool isConverted = false;  // The filters before this one have made the document PostScript.
 };
 
 // Refused when the arguments cannot be understood.
-Result<FilterArguments> readArguments(int argc, const char* const* argv);
+host::Result<FilterArguments> readArguments(int argc, const char* const* argv);
 
 // The options of a text such as "PageSize=A4 noCollate Title='a b'".
-std::vector<Setting> parseOptions(const std::string& text);
+std::vector<host::Setting> parseOptions(const std::string& text);
 
 // The text without control characters and double quotes, so that it cannot
 // end the command into which a printer language puts it.
 std::string harmless(std::string_view text);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_ARGUMENTS_H_

@@ -7,14 +7,15 @@
 
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 using Pairs = std::vector<std::pair<std::string, std::string>>;
 
 Pairs pairsOf(const std::string& text) {
   Pairs pairs;
-  for (const Setting& option : parseOptions(text)) pairs.emplace_back(option.name, option.value);
+  for (const host::Setting& option : parseOptions(text))
+    pairs.emplace_back(option.name, option.value);
   return pairs;
 }
 
@@ -77,4 +78,4 @@ TEST(HarmlessText, ControlsAndQuotes_AreReplaced) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 class ByteSink {
  public:
@@ -15,6 +15,6 @@ class ByteSink {
   ~ByteSink() = default;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_BYTE_SINK_H_

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <csignal>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -67,4 +67,4 @@ bool waitToWrite(int descriptor, int milliseconds) {
   return ready != 0;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

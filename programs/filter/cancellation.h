@@ -2,7 +2,7 @@
 #ifndef PROGRAMS_FILTER_CANCELLATION_H_
 #define PROGRAMS_FILTER_CANCELLATION_H_
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // From now on SIGTERM cancels the job instead of ending the process. False
 // when that cannot be arranged; errno then says why.
@@ -20,6 +20,6 @@ bool waitToWrite(int descriptor);
 // that takes longer.
 bool waitToWrite(int descriptor, int milliseconds);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_CANCELLATION_H_

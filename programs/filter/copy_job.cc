@@ -12,40 +12,41 @@
 #include "programs/filter/libcups_frame.h"
 #include "programs/filter/messages.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
-Result<> problemOf(const Device& device) {
+host::Result<> problemOf(const Device& device) {
   if (!device.hasFailed()) return {};
-  return fail(Problem::Kind::kNotWritten, std::string("the job cannot be written to the device: ") +
-                                              std::strerror(device.error()));
+  return fail(
+      host::Problem::Kind::kNotWritten,
+      std::string("the job cannot be written to the device: ") + std::strerror(device.error()));
 }
 
-Result<> problemOf(const JobStructure& job) {
+host::Result<> problemOf(const JobStructure& job) {
   switch (job.kind()) {
     case JobStructure::Kind::kPostScript:
       if (!job.hasSecondDocument()) return {};
-      return refused(
+      return host::refused(
           "only the first document has been printed, because another one follows it; send each as "
           "a job of its own");
     case JobStructure::Kind::kUnknown:
-      return refused("the job is empty; send a PostScript document");
+      return host::refused("the job is empty; send a PostScript document");
     case JobStructure::Kind::kNotPostScript:
       break;
   }
-  return refused(
+  return host::refused(
       "the job is not PostScript, because it does not begin with %!; let a filter convert it "
       "first");
 }
 
 // Of a document on whose pages the scheduler's filter has worked.
-Result<> problemOf(const PageCount& count, const JobTexts& texts) {
+host::Result<> problemOf(const PageCount& count, const JobTexts& texts) {
   const bool isWhole = texts.end == DocumentEnd::kAny ||
                        (texts.end == DocumentEnd::kTrailer && count.hasTrailer()) ||
                        (texts.end == DocumentEnd::kPages && count.pages() == texts.pages);
   if (!isWhole) {
-    return refused(
+    return host::refused(
         "the document is not whole, because the scheduler's filter for pages has ended early");
   }
   if (texts.end != DocumentEnd::kAny && count.pages() == 0) {
@@ -56,8 +57,8 @@ Result<> problemOf(const PageCount& count, const JobTexts& texts) {
 
 }  // namespace
 
-Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts) {
-  Result<> result;
+host::Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts) {
+  host::Result<> result;
   JobSource source(arguments.file);
   Device device(STDOUT_FILENO);
   JobStructure job(texts.sections, device, [&](long page) {
@@ -83,7 +84,7 @@ Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts) {
   if (result) result = problemOf(job);
   if (result) result = problemOf(job.pageCount(), texts);
   if (result && file.isCut()) {
-    result = refused("the EPS file ends before its PostScript does; send the whole file");
+    result = host::refused("the EPS file ends before its PostScript does; send the whole file");
   }
   if (result && !job.isSetUp()) {
     tell(Message::kWarning,
@@ -93,4 +94,4 @@ Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts) {
   return result;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

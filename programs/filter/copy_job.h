@@ -8,7 +8,7 @@
 #include "programs/filter/libcups_frame.h"
 #include "programs/filter/sections.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // What shows that a document has been read to its end.
 enum class DocumentEnd {
@@ -29,8 +29,8 @@ struct JobTexts {
 // Answers why that failed; nothing for success, and for a job that was
 // cancelled. In every case the trailer follows what has been written, so that
 // no device is left inside of a job.
-Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts);
+host::Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_COPY_JOB_H_

@@ -8,7 +8,7 @@
 
 #include "programs/filter/cancellation.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -60,4 +60,4 @@ void Device::writeOut(std::string_view bytes, bool isLast) {
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

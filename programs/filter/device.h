@@ -7,7 +7,7 @@
 
 #include "programs/filter/byte_sink.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 class Device : public ByteSink {
  public:
@@ -37,6 +37,6 @@ class Device : public ByteSink {
   std::string waiting_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_DEVICE_H_

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -61,4 +61,4 @@ void EpsFile::finish() {
   hasEnded_ = true;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

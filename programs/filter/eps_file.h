@@ -10,7 +10,7 @@
 
 #include "programs/filter/byte_sink.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 class EpsFile : public ByteSink {
  public:
@@ -38,6 +38,6 @@ class EpsFile : public ByteSink {
   std::uint32_t count_ = 0;  // Bytes of PostScript to come.
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_EPS_FILE_H_

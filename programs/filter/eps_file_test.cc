@@ -6,7 +6,7 @@
 
 #include "programs/filter/memory_sink.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 std::string number(std::uint32_t value) {
@@ -68,4 +68,4 @@ TEST(EpsFile, AnythingElse_PassesAsItIs) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

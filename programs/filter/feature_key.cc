@@ -4,7 +4,7 @@
 #include "model/core_feature_set.h"
 #include "model/core_option.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -17,7 +17,7 @@ CoreOption* optionOf(CoreFeature& feature, const std::string& property, const st
 
 }  // namespace
 
-std::optional<std::string> featureWithKey(const Model& model, const std::string& key) {
+std::optional<std::string> featureWithKey(const host::Model& model, const std::string& key) {
   for (const auto& [name, view] : model.features) {
     CoreFeature* feature = model.set->FindFeatureInFeatureList(name);
     std::string found;
@@ -27,10 +27,10 @@ std::optional<std::string> featureWithKey(const Model& model, const std::string&
   return std::nullopt;
 }
 
-std::optional<std::string> valueWithKey(const Model& model, const std::string& feature,
+std::optional<std::string> valueWithKey(const host::Model& model, const std::string& feature,
                                         const std::string& text) {
   CoreFeature* found = model.set->FindFeatureInFeatureList(feature);
-  if (found == nullptr || model.features.at(feature).kind() != FeatureKind::kMultiSelect) {
+  if (found == nullptr || model.features.at(feature).kind() != host::FeatureKind::kMultiSelect) {
     return text;
   }
   CoreOption* option = optionOf(*found, "Name", text);
@@ -41,7 +41,7 @@ std::optional<std::string> valueWithKey(const Model& model, const std::string& f
   return name;
 }
 
-std::optional<std::string> pjlOfTrue(const Model& model, const std::string& feature) {
+std::optional<std::string> pjlOfTrue(const host::Model& model, const std::string& feature) {
   CoreFeature* found = model.set->FindFeatureInFeatureList(feature);
   CoreOption* option = found != nullptr ? optionOf(*found, "Name", "True") : nullptr;
   if (option == nullptr) return std::nullopt;
@@ -50,4 +50,4 @@ std::optional<std::string> pjlOfTrue(const Model& model, const std::string& feat
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -23,20 +23,21 @@
 #include "programs/filter/queue.h"
 #include "programs/filter/sections.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
-int failWith(const Problem& problem) {
+int failWith(const host::Problem& problem) {
   tell(Message::kError, describe(problem));
-  return kFailure;
+  return cli::kFailure;
 }
 
-JobTexts composeTexts(const Session& session, const QueuePpd* ppd, const FilterArguments& arguments,
-                      bool takesCopies) {
+JobTexts composeTexts(const host::Session& session, const ppd::QueuePpd* ppd,
+                      const FilterArguments& arguments, bool takesCopies) {
   std::vector<std::string> unknown;
   JobTexts texts;
-  texts.sections = cutSections(outputOf(session.features(), OutputForm::kPostScript), unknown);
+  texts.sections =
+      cutSections(outputOf(session.features(), host::OutputForm::kPostScript), unknown);
   for (const std::string& name : unknown) {
     tell(Message::kDebug, "there is no section " + name + "; it goes into the document set-up");
   }
@@ -44,8 +45,8 @@ JobTexts composeTexts(const Session& session, const QueuePpd* ppd, const FilterA
     texts.sections.prolog.insert(0, ppd->jobPatch());
   }
   if (!takesCopies) appendLines(texts.sections.documentSetup, copiesText(arguments.copies));
-  const JobFrame frame =
-      frameOf(session.model(), ppd, arguments, outputOf(session.features(), OutputForm::kPjl));
+  const JobFrame frame = frameOf(session.model(), ppd, arguments,
+                                 outputOf(session.features(), host::OutputForm::kPjl));
   texts.sections.header = frame.header;
   texts.trailer = frame.trailer;
   if (ppd != nullptr) texts.around = libcupsFrameOf(*ppd, arguments, frame);
@@ -54,22 +55,22 @@ JobTexts composeTexts(const Session& session, const QueuePpd* ppd, const FilterA
 
 // What the description makes of the job's options; nothing after an ERROR
 // line.
-std::optional<JobTexts> textsFor(FilterArguments& arguments, const Queue& queue, QueuePpd* ppd,
+std::optional<JobTexts> textsFor(FilterArguments& arguments, const Queue& queue, ppd::QueuePpd* ppd,
                                  PageWork& pages) {
-  const StandardOutputDiversion diversion;
-  SessionRequest request;
+  const host::StandardOutputDiversion diversion;
+  host::SessionRequest request;
   request.description = queue.description;
   request.library = queue.library;
   request.routines = queue.routines;
   request.advice = "write the queue's PPD again with driver-feature queue and --callbacks";
-  request.report = printError;
-  request.loadSetting = applyLoadedSetting;
-  const auto opened = Session::open(request);
+  request.report = cli::printError;
+  request.loadSetting = host::applyLoadedSetting;
+  const auto opened = host::Session::open(request);
   if (!opened) {
     tell(Message::kError, describe(opened.error()));
     return std::nullopt;
   }
-  Session& session = **opened;
+  host::Session& session = **opened;
   // Such as a routine that is missing: the job then lacks what it would write.
   session.log().setReport([](const std::string& line) { tell(Message::kWarning, line); });
   session.log().release();
@@ -93,19 +94,19 @@ void dropCopiesMade(FilterArguments& arguments) {
 }
 
 // The PPD of the queue; null for a trial without one.
-Result<std::unique_ptr<QueuePpd>> openPpd() {
+host::Result<std::unique_ptr<ppd::QueuePpd>> openPpd() {
   const char* path = std::getenv("PPD");
   if (path == nullptr || *path == '\0') return nullptr;
-  return QueuePpd::open(path);
+  return ppd::QueuePpd::open(path);
 }
 
 }  // namespace
 
 int runFilter(int argc, const char* const* argv) {
-  startMessagesWith("ERROR: ");
+  cli::startMessagesWith("ERROR: ");
   if (!catchCancellation()) {
-    return failWith(
-        {Problem::Kind::kNotLoaded, std::string("no signal handler: ") + std::strerror(errno), ""});
+    return failWith({host::Problem::Kind::kNotLoaded,
+                     std::string("no signal handler: ") + std::strerror(errno), ""});
   }
   auto arguments = readArguments(argc, argv);
   if (!arguments) return failWith(arguments.error());
@@ -117,13 +118,13 @@ int runFilter(int argc, const char* const* argv) {
   tell(Message::kDebug, "the description is " + queue->description);
   PageWork pages(*arguments, ppd->get());
   auto texts = textsFor(*arguments, *queue, ppd->get(), pages);
-  if (!texts) return kFailure;
+  if (!texts) return cli::kFailure;
   if (const auto started = pages.start(*arguments, *texts); !started) {
     return failWith(started.error());
   }
-  Result<> printed = copyJob(*arguments, *texts);
-  if (Result<> ended = pages.finish(); !ended && !isCancelled()) printed = std::move(ended);
-  return printed ? kSuccess : failWith(printed.error());
+  host::Result<> printed = copyJob(*arguments, *texts);
+  if (host::Result<> ended = pages.finish(); !ended && !isCancelled()) printed = std::move(ended);
+  return printed ? cli::kSuccess : failWith(printed.error());
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -2,7 +2,7 @@
 
 #include "programs/filter/feature_key.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -10,7 +10,7 @@ constexpr const char* kUniversalExit = "\x1b%-12345X";
 
 // The beginning of the PPD's job-control language with what libcups adds to
 // it for this job; empty when it writes none.
-std::string beginOf(const QueuePpd& ppd, const FilterArguments& arguments) {
+std::string beginOf(const ppd::QueuePpd& ppd, const FilterArguments& arguments) {
   const std::string whole =
       ppd.jobBegin(arguments.job, harmless(arguments.user), harmless(arguments.title));
   const std::string rest = ppd.jclOptions() + ppd.jclToPostScript();
@@ -19,19 +19,19 @@ std::string beginOf(const QueuePpd& ppd, const FilterArguments& arguments) {
 }
 
 // The PPD's own end of a job; empty without one.
-std::string ownEndOf(const QueuePpd* ppd) {
+std::string ownEndOf(const ppd::QueuePpd* ppd) {
   return ppd != nullptr ? ppd->jclEnd() : "";
 }
 
 }  // namespace
 
-JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments& arguments,
-                 const std::string& pjl) {
+JobFrame frameOf(const host::Model& model, const ppd::QueuePpd* ppd,
+                 const FilterArguments& arguments, const std::string& pjl) {
   const auto end = pjlOfTrue(model, "JCLEnd");
   const auto begin = pjlOfTrue(model, "JCLBegin");
   // As libcups does: without both of them the options' commands would stand bare in front of the
   // job.
-  const bool isImported = model.index.groupNamed("Section.JCL") == GroupKind::kStatic;
+  const bool isImported = model.index.groupNamed("Section.JCL") == host::GroupKind::kStatic;
   if (isImported && (!begin || !pjlOfTrue(model, "JCLToPSInterpreter"))) {
     return {"", ppd != nullptr ? ppd->jobEnd() : end.value_or("")};
   }
@@ -47,7 +47,7 @@ JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments&
   return frame;
 }
 
-LibcupsFrame libcupsFrameOf(const QueuePpd& ppd, const FilterArguments& arguments,
+LibcupsFrame libcupsFrameOf(const ppd::QueuePpd& ppd, const FilterArguments& arguments,
                             const JobFrame& frame) {
   LibcupsFrame around;
   around.exitServer = ppd.exitServer();
@@ -73,4 +73,4 @@ std::string copiesText(int copies) {
          count + " put setpagedevice }\n{ userdict /#copies " + count + " put } ifelse\n";
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

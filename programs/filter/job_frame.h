@@ -9,7 +9,7 @@
 #include "programs/filter/arguments.h"
 #include "programs/filter/libcups_frame.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 struct JobFrame {
   std::string header;
@@ -29,18 +29,18 @@ struct JobFrame {
 // Where the description's PJL begins as the PPD's does, the job's name and
 // user are added to it when libcups would add them, and as libcups writes
 // them.
-JobFrame frameOf(const Model& model, const QueuePpd* ppd, const FilterArguments& arguments,
-                 const std::string& pjl);
+JobFrame frameOf(const host::Model& model, const ppd::QueuePpd* ppd,
+                 const FilterArguments& arguments, const std::string& pjl);
 
 // What libcups writes around a job of the PPD; `frame` is what is written around
 // it here.
-LibcupsFrame libcupsFrameOf(const QueuePpd& ppd, const FilterArguments& arguments,
+LibcupsFrame libcupsFrameOf(const ppd::QueuePpd& ppd, const FilterArguments& arguments,
                             const JobFrame& frame);
 
 // PostScript that prints each page several times, with its line end; empty for
 // one copy.
 std::string copiesText(int copies);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_JOB_FRAME_H_

@@ -11,7 +11,7 @@
 #include "programs/filter/media_rule.h"
 #include "programs/filter/messages.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -42,19 +42,19 @@ std::string withoutCustom(const std::string& value) {
   return value.starts_with(kCustom) ? value.substr(kCustom.size()) : value;
 }
 
-bool hasChoice(const FeatureView& feature, const std::string& name) {
-  const std::vector<Choice> choices = feature.choices();
+bool hasChoice(const host::FeatureView& feature, const std::string& name) {
+  const std::vector<host::Choice> choices = feature.choices();
   return std::any_of(choices.begin(), choices.end(),
-                     [&name](const Choice& choice) { return choice.name == name; });
+                     [&name](const host::Choice& choice) { return choice.name == name; });
 }
 
 }  // namespace
 
-void JobSettings::sort(const Setting& option) {
+void JobSettings::sort(const host::Setting& option) {
   const auto keyword = ppd_ != nullptr ? ppd_->keywordOf(option.name) : std::nullopt;
   const auto feature = model_.features.find(keyword.value_or(option.name));
   const bool isChoice =
-      feature == model_.features.end() || feature->second.kind() == FeatureKind::kMultiSelect;
+      feature == model_.features.end() || feature->second.kind() == host::FeatureKind::kMultiSelect;
   if (keyword && isChoice) return sortChoice(option, *keyword);
   if (feature != model_.features.end()) {
     const std::string value = keyword ? withoutCustom(option.value) : option.value;
@@ -67,12 +67,12 @@ void JobSettings::sort(const Setting& option) {
 
 // A choice of the PPD. libcups does not give "PageRegion" a size of its own
 // making; it means the same as such a "PageSize".
-void JobSettings::sortChoice(const Setting& option, const std::string& keyword) {
+void JobSettings::sortChoice(const host::Setting& option, const std::string& keyword) {
   const bool isRegion = keyword == "PageRegion" && isCustom(option.value);
   const std::string& target = isRegion ? kPageSize : keyword;
-  Result<> checked;
+  host::Result<> checked;
   if (isRegion && asksFor(kPageSize)) {
-    checked = refused("it cannot be together with another PageSize; give one of them");
+    checked = host::refused("it cannot be together with another PageSize; give one of them");
   } else if (!ppd_->hasChoice(target, option.value)) {
     // A PPD made of the description cannot have each of its choices.
     const auto feature = model_.features.find(target);
@@ -80,8 +80,8 @@ void JobSettings::sortChoice(const Setting& option, const std::string& keyword) 
       wishes_.push_back({option.name, {feature->first, option.value}, ""});
       return;
     }
-    checked = refused("there is no choice \"" + option.value + "\"; choose one of " +
-                      join(ppd_->choicesOf(keyword), ", "));
+    checked = host::refused("there is no choice \"" + option.value + "\"; choose one of " +
+                            host::join(ppd_->choicesOf(keyword), ", "));
   } else if (target == kPageSize) {
     checked = checkCustomSize(option.value);
   }
@@ -91,12 +91,13 @@ void JobSettings::sortChoice(const Setting& option, const std::string& keyword) 
 }
 
 // An option of neither the PPD nor the features.
-void JobSettings::sortUnknown(const Setting& option) {
+void JobSettings::sortUnknown(const host::Setting& option) {
   if (ppd_ != nullptr) {
     // A size that is asked for by name is stronger.
     const bool hasSize = asksFor(kPageSize) || asksFor("PageRegion");
-    const Result<> checked = option.name == "media" && !hasSize ? checkMedia(*ppd_, option.value)
-                                                                : checkSides(*ppd_, option);
+    const host::Result<> checked = option.name == "media" && !hasSize
+                                       ? checkMedia(*ppd_, option.value)
+                                       : checkSides(*ppd_, option);
     if (!checked) return refuse(option.name, checked.error().text);
   }
   forPpd_.push_back(option);
@@ -109,12 +110,13 @@ void JobSettings::sortUnknown(const Setting& option) {
 }
 
 bool JobSettings::asksFor(const std::string& name) const {
-  return std::any_of(
-      arguments_->options.begin(), arguments_->options.end(),
-      [&name](const Setting& option) { return equalKeywords(option.name.c_str(), name.c_str()); });
+  return std::any_of(arguments_->options.begin(), arguments_->options.end(),
+                     [&name](const host::Setting& option) {
+                       return ppd::equalKeywords(option.name.c_str(), name.c_str());
+                     });
 }
 
-bool JobSettings::sortByKey(const Setting& option) {
+bool JobSettings::sortByKey(const host::Setting& option) {
   const auto feature = featureWithKey(model_, option.name);
   if (!feature) return false;
   const auto value = valueWithKey(model_, *feature, option.value);
@@ -126,4 +128,4 @@ bool JobSettings::sortByKey(const Setting& option) {
   return true;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

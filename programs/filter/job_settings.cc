@@ -8,7 +8,7 @@
 #include "programs/filter/feature_key.h"
 #include "programs/filter/messages.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -22,7 +22,7 @@ std::string keywordPart(const std::string& name) {
 
 bool JobSettings::apply(const FilterArguments& arguments) {
   arguments_ = &arguments;
-  for (const Setting& option : arguments.options) sort(option);
+  for (const host::Setting& option : arguments.options) sort(option);
   copiesFeature_ = copiesFeature();
   if (!settlePages()) return false;
   addCopies(pages_.makesCopies() ? 1 : arguments.copies);
@@ -54,7 +54,7 @@ bool JobSettings::settlePages() {
   if (ppd_ != nullptr) ppd_->mark(forPpd_);
   const bool isMirrored = ppd_ != nullptr && ppdIsMarked(&ppd_->file(), kMirrorPrint, "True") != 0;
   if (isMirrored) pages_.takeMirror();
-  const Result<> decided = pages_.decide(takesCopies());
+  const host::Result<> decided = pages_.decide(takesCopies());
   if (!decided) tell(Message::kError, decided.error().text);
   return decided.has_value();
 }
@@ -64,7 +64,7 @@ std::string JobSettings::copiesFeature() const {
   if (!model_.features.contains(name)) name = featureWithKey(model_, "copies").value_or("");
   const auto feature = model_.features.find(name);
   const bool isCount =
-      feature != model_.features.end() && feature->second.kind() == FeatureKind::kIntEntry;
+      feature != model_.features.end() && feature->second.kind() == host::FeatureKind::kIntEntry;
   return isCount ? name : "";
 }
 
@@ -83,7 +83,7 @@ int JobSettings::copiesMade(int asked) const {
 
 void JobSettings::markAll() {
   if (ppd_ == nullptr) return;
-  std::vector<Setting> options = forPpd_;
+  std::vector<host::Setting> options = forPpd_;
   for (const Wish& wish : wishes_) {
     const bool isChoice = ppd_->hasChoice(wish.setting.name, wish.setting.value);
     if (isChoice && wish.reason.empty()) options.push_back(wish.setting);
@@ -114,13 +114,13 @@ std::vector<JobSettings::Wish> JobSettings::marked() {
   ppd_->mark(forPpd_);
   std::vector<Wish> wishes;
   std::string parameter;  // The value of the last parameter of a custom choice.
-  for (Setting& setting : ppd_->marked()) {
+  for (host::Setting& setting : ppd_->marked()) {
     const auto feature = model_.features.find(setting.name);
     if (feature == model_.features.end()) {
       parameter = setting.value;
       continue;
     }
-    const bool isChoice = feature->second.kind() == FeatureKind::kMultiSelect;
+    const bool isChoice = feature->second.kind() == host::FeatureKind::kMultiSelect;
     const bool isOption = setting.name == keywordPart(setting.name);
     if (!isChoice && isOption && setting.value == "not set") continue;
     if (!isChoice && isOption && setting.value == "Custom") setting.value = parameter;
@@ -130,21 +130,22 @@ std::vector<JobSettings::Wish> JobSettings::marked() {
   return wishes;
 }
 
-bool JobSettings::isMarkedBy(const std::vector<Setting>& options, const Setting& setting) const {
+bool JobSettings::isMarkedBy(const std::vector<host::Setting>& options,
+                             const host::Setting& setting) const {
   ppd_->mark(options);
-  const std::vector<Setting> marked = ppd_->marked();
-  return std::any_of(marked.begin(), marked.end(), [&setting](const Setting& other) {
+  const std::vector<host::Setting> marked = ppd_->marked();
+  return std::any_of(marked.begin(), marked.end(), [&setting](const host::Setting& other) {
     return other.name == setting.name && other.value == setting.value;
   });
 }
 
 // The job's option that libcups has turned into the setting, such as "media";
 // empty when it is a default.
-std::string JobSettings::translated(const Setting& setting) const {
+std::string JobSettings::translated(const host::Setting& setting) const {
   if (ppd_ == nullptr) return "";
   std::string name;
   if (!isMarkedBy({}, setting)) {
-    const auto option = std::find_if(forPpd_.begin(), forPpd_.end(), [&](const Setting& one) {
+    const auto option = std::find_if(forPpd_.begin(), forPpd_.end(), [&](const host::Setting& one) {
       return !named_.contains(one.name) && isMarkedBy({one}, setting);
     });
     if (option != forPpd_.end()) name = option->name;
@@ -169,7 +170,7 @@ bool JobSettings::isDone(Wish& wish) const {
   if (feature != model_.features.end() && settingText(feature->second) == wish.setting.value) {
     return true;
   }
-  const Result<> applied = applySetting(model_, wish.setting);
+  const host::Result<> applied = applySetting(model_, wish.setting);
   wish.reason = applied ? "" : applied.error().text;
   return applied.has_value();
 }
@@ -192,7 +193,8 @@ bool JobSettings::drop(const std::string& option) {
     if (asked == option) keyword = name;
   }
   named_.erase(keyword);
-  return std::erase_if(forPpd_, [&](const Setting& s) { return s.name == keyword; }) + taken > 0;
+  return std::erase_if(forPpd_, [&](const host::Setting& s) { return s.name == keyword; }) + taken >
+         0;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -12,12 +12,13 @@
 #include "programs/filter/page_work.h"
 #include "programs/filter/queue.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 class JobSettings {
  public:
   // `ppd` may be null. All must outlive this object.
-  JobSettings(const Model& model, QueuePpd* ppd, RefusedValue refusedValue, PageWork& pages)
+  JobSettings(const host::Model& model, ppd::QueuePpd* ppd, RefusedValue refusedValue,
+              PageWork& pages)
       : model_(model), ppd_(ppd), refusedValue_(refusedValue), pages_(pages) {}
 
   // Applies the queue's defaults, the job's options and its copies, in that
@@ -45,14 +46,14 @@ class JobSettings {
   // A value for a feature.
   struct Wish {
     std::string option;  // The job's option that asks for it; empty for a default.
-    Setting setting;
+    host::Setting setting;
     std::string reason;  // Why it was refused.
   };
 
-  void sort(const Setting& option);
-  bool sortByKey(const Setting& option);
-  void sortChoice(const Setting& option, const std::string& keyword);
-  void sortUnknown(const Setting& option);
+  void sort(const host::Setting& option);
+  bool sortByKey(const host::Setting& option);
+  void sortChoice(const host::Setting& option, const std::string& keyword);
+  void sortUnknown(const host::Setting& option);
   bool asksFor(const std::string& name) const;
   bool settlePages();
   std::string copiesFeature() const;
@@ -61,25 +62,25 @@ class JobSettings {
   bool isAsked(const std::string& feature) const;
   std::vector<Wish> collect();
   std::vector<Wish> marked();
-  bool isMarkedBy(const std::vector<Setting>& options, const Setting& setting) const;
-  std::string translated(const Setting& setting) const;
+  bool isMarkedBy(const std::vector<host::Setting>& options, const host::Setting& setting) const;
+  std::string translated(const host::Setting& setting) const;
   std::vector<Wish> settle(std::vector<Wish> wishes) const;
   bool isDone(Wish& wish) const;
   void refuse(const std::string& option, const std::string& reason);
   bool drop(const std::string& option);
 
-  const Model& model_;
-  QueuePpd* ppd_;
+  const host::Model& model_;
+  ppd::QueuePpd* ppd_;
   RefusedValue refusedValue_;
   PageWork& pages_;
   const FilterArguments* arguments_ = nullptr;  // Of the job that is applied.
   std::string copiesFeature_;                   // Empty without one.
   bool hasFailed_ = false;
-  std::vector<Setting> forPpd_;               // Options for libcups to mark.
+  std::vector<host::Setting> forPpd_;         // Options for libcups to mark.
   std::map<std::string, std::string> named_;  // Keywords of the PPD to the job's options.
   std::vector<Wish> wishes_;                  // What the job asks of features directly.
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_JOB_SETTINGS_H_

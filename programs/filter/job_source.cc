@@ -8,7 +8,7 @@
 
 #include "programs/filter/cancellation.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 JobSource::JobSource(const std::string& file)
     : name_(file.empty() ? "standard input" : file),
@@ -19,7 +19,7 @@ JobSource::~JobSource() {
   if (descriptor_ > STDIN_FILENO) ::close(descriptor_);
 }
 
-std::string_view JobSource::read(Result<>& result) {
+std::string_view JobSource::read(host::Result<>& result) {
   // Nobody waits for a file that could not be opened.
   while (descriptor_ != -1 && waitToRead(descriptor_)) {
     const ssize_t count = ::read(descriptor_, buffer_.data(), buffer_.size());
@@ -29,10 +29,10 @@ std::string_view JobSource::read(Result<>& result) {
     break;
   }
   if (error_ != 0) {
-    result = fail(Problem::Kind::kUnreadable,
+    result = fail(host::Problem::Kind::kUnreadable,
                   "the job cannot be read from " + name_ + ": " + std::strerror(error_));
   }
   return {};
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

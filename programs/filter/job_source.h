@@ -8,7 +8,7 @@
 
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 class JobSource {
  public:
@@ -20,7 +20,7 @@ class JobSource {
 
   // The next bytes; none at the end, after a failure and when the job is
   // cancelled. A failure is stored in `result`, which stays as it is otherwise.
-  std::string_view read(Result<>& result);
+  std::string_view read(host::Result<>& result);
 
  private:
   std::string name_;
@@ -29,6 +29,6 @@ class JobSource {
   std::array<char, 65536> buffer_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_JOB_SOURCE_H_

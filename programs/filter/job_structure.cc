@@ -7,7 +7,7 @@
 #include "programs/filter/pjl_line.h"
 #include "programs/filter/structure_comment.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -237,4 +237,4 @@ bool JobStructure::takeRest(const JobLine& line, std::string_view keyword) {
   return pass(line);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

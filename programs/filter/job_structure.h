@@ -25,7 +25,7 @@
 #include "programs/filter/page_count.h"
 #include "programs/filter/sections.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 class JobStructure : public ByteSink, private LineListener {
  public:
@@ -131,6 +131,6 @@ class JobStructure : public ByteSink, private LineListener {
   bool hasSecondDocument_ = false;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_JOB_STRUCTURE_H_

@@ -3,7 +3,7 @@
 
 #include "programs/filter/job_structure.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 bool JobStructure::pass(const JobLine& line) {
   sink_.put(line.text);
@@ -72,4 +72,4 @@ void JobStructure::writeUnstructured() {
   place_ = Place::kBehindSetup;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 using testing::ElementsAre;
@@ -363,4 +363,4 @@ TEST(JobStructure, PrologWithoutEndAndPages_LeavesTheSetupOut) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

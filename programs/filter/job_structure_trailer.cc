@@ -4,7 +4,7 @@
 #include "programs/filter/job_structure.h"
 #include "programs/filter/pjl_line.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -53,4 +53,4 @@ void JobStructure::releaseTrailer() {
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -13,22 +13,22 @@
 #include "programs/filter/job_structure.h"
 #include "programs/filter/kept_file.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
-Failure failure(int error) {
-  return fail(Problem::Kind::kNotWritten,
+host::Failure failure(int error) {
+  return fail(host::Problem::Kind::kNotWritten,
               "the job cannot be kept in " + temporaryFolder() + ": " + std::strerror(error));
 }
 
 // Puts a file with the same bytes in the place of standard input, if that
 // cannot be read twice.
-Result<> makeInputRepeatable() {
+host::Result<> makeInputRepeatable() {
   if (::lseek(STDIN_FILENO, 0, SEEK_CUR) != -1) return {};
   const int copy = makeNamelessFile();
   if (copy == -1) return failure(errno);
-  Result<> result;
+  host::Result<> result;
   JobSource source("");
   Device device(copy);
   for (auto bytes = source.read(result); !bytes.empty(); bytes = source.read(result)) {
@@ -49,8 +49,8 @@ KeptDocument::~KeptDocument() {
   if (descriptor_ != -1) ::close(descriptor_);
 }
 
-Result<> KeptDocument::read(const std::string& file) {
-  Result<> result = file.empty() ? makeInputRepeatable() : Result<>();
+host::Result<> KeptDocument::read(const std::string& file) {
+  host::Result<> result = file.empty() ? makeInputRepeatable() : host::Result<>();
   if (!result || isCancelled()) return result;
   const off_t start = file.empty() ? ::lseek(STDIN_FILENO, 0, SEEK_CUR) : 0;
   descriptor_ = makeNamelessFile();
@@ -81,4 +81,4 @@ std::uint64_t KeptDocument::size() const {
   return ::fstat(descriptor_, &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

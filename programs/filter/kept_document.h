@@ -7,7 +7,7 @@
 
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 class KeptDocument {
  public:
@@ -20,7 +20,7 @@ class KeptDocument {
   // and keeps its document: what remains without the parts in front of it and
   // behind it. The job can be read once more afterwards, from the same place.
   // Returns why that failed; a job that was cancelled is no failure.
-  Result<> read(const std::string& file);
+  host::Result<> read(const std::string& file);
 
   // The document as an open file, at its beginning.
   int descriptor() const { return descriptor_; }
@@ -43,6 +43,6 @@ class KeptDocument {
   bool isStructured_ = false;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_KEPT_DOCUMENT_H_

@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <cstdlib>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 std::string temporaryFolder() {
   const char* folder = std::getenv("TMPDIR");
@@ -34,4 +34,4 @@ bool hasRoomFor(std::uint64_t bytes) {
   return static_cast<std::uint64_t>(status.f_bavail) * status.f_frsize > bytes;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

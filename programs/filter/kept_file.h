@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // The folder for them: the scheduler's TMPDIR, else /tmp.
 std::string temporaryFolder();
@@ -20,6 +20,6 @@ int makeNamelessFile();
 // Whether the folder has room for so many bytes.
 bool hasRoomFor(std::uint64_t bytes);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_KEPT_FILE_H_

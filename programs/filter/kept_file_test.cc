@@ -9,7 +9,7 @@
 #include <limits>
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 class KeptFileTest : public testing::Test {
@@ -62,4 +62,4 @@ TEST_F(KeptFileTest, Room_HasAnEnd) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -100,4 +100,4 @@ void LibcupsFrameCutter::putDocument(std::string_view bytes) {
   held_.erase(0, held_.size() - kept);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

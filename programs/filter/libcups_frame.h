@@ -17,7 +17,7 @@
 
 #include "programs/filter/byte_sink.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // What libcups writes around a job of the queue.
 struct LibcupsFrame {
@@ -59,6 +59,6 @@ class LibcupsFrameCutter : public ByteSink {
   std::string held_;  // In the front, all; later what may be the end.
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_LIBCUPS_FRAME_H_

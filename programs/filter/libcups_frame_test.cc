@@ -6,7 +6,7 @@
 
 #include "programs/filter/memory_sink.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 const std::string kExit = "\x1b%-12345X";
@@ -136,4 +136,4 @@ TEST(LibcupsFrame, BytesThatAreNoEnd_AreNotKeptBack) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 void LineCutter::take(std::string_view bytes) {
   while (!bytes.empty()) {
@@ -76,4 +76,4 @@ void LineCutter::endLine(std::string_view text, std::string_view end) {
   held_.clear();
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // Far more than the 255 characters that structure comments may have.
 inline constexpr std::size_t kLongestLine = 1024;
@@ -61,6 +61,6 @@ class LineCutter {
   std::uint64_t passing_ = 0;  // Bytes still to pass on.
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_LINE_CUTTER_H_

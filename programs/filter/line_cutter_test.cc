@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 using testing::ElementsAre;
@@ -106,4 +106,4 @@ TEST(LineCutter, LongerLine_IsToldAsBeginningAndBytes) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -10,17 +10,18 @@
 #include "programs/filter/messages.h"
 
 int main(int argc, char** argv) {
-  driver_feature::prepareStandardStreams();
+  driver_feature::host::prepareStandardStreams();
   try {
-    return driver_feature::runFilter(argc, argv);
+    return driver_feature::filter::runFilter(argc, argv);
   } catch (const std::bad_alloc&) {
-    driver_feature::printLackOfMemory();
+    driver_feature::cli::printLackOfMemory();
   } catch (const std::exception& error) {
-    driver_feature::tell(driver_feature::Message::kError, error.what());
+    driver_feature::filter::tell(driver_feature::filter::Message::kError, error.what());
   } catch (...) {
-    driver_feature::tell(driver_feature::Message::kError,
-                         "a routine of the description threw something that is no std::exception; "
-                         "correct it");
+    driver_feature::filter::tell(
+        driver_feature::filter::Message::kError,
+        "a routine of the description threw something that is no std::exception; "
+        "correct it");
   }
-  return driver_feature::kFailure;
+  return driver_feature::cli::kFailure;
 }

@@ -9,7 +9,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -38,26 +38,27 @@ bool isCustom(const std::string& value) {
   return value.starts_with(kCustom) || value.starts_with('{') || value == "Custom";
 }
 
-Result<> checkCustomSize(const std::string& value) {
+host::Result<> checkCustomSize(const std::string& value) {
   if (!value.starts_with(kCustom) || isSize(value.substr(kCustom.size()))) return {};
-  return refused("\"" + value +
-                 "\" is not a size; give one such as Custom.200x300 in points or Custom.10x20cm");
+  return host::refused(
+      "\"" + value +
+      "\" is not a size; give one such as Custom.200x300 in points or Custom.10x20cm");
 }
 
-Result<> checkMedia(QueuePpd& ppd, const std::string& value) {
+host::Result<> checkMedia(ppd::QueuePpd& ppd, const std::string& value) {
   if (!ppd.keywordOf("PageSize")) return {};
   for (std::string_view rest = value; !rest.empty();) {
     const std::string part(rest.substr(0, rest.find(',')));
     rest.remove_prefix(std::min(part.size() + 1, rest.size()));
-    if (Result<> size = checkCustomSize(part); !size) return size;
+    if (host::Result<> size = checkCustomSize(part); !size) return size;
     if (ppd.understands({"media", part})) continue;
-    return refused("there is no size, tray or type \"" + part + "\"; choose one of " +
-                   join(ppd.choicesOf("PageSize"), ", "));
+    return host::refused("there is no size, tray or type \"" + part + "\"; choose one of " +
+                         host::join(ppd.choicesOf("PageSize"), ", "));
   }
   return {};
 }
 
-Result<> checkSides(QueuePpd& ppd, const Setting& option) {
+host::Result<> checkSides(ppd::QueuePpd& ppd, const host::Setting& option) {
   if (option.name != "sides" || ppd.understands(option)) return {};
   std::vector<std::string> known;
   for (const char* value : {"one-sided", "two-sided-long-edge", "two-sided-short-edge"}) {
@@ -65,7 +66,8 @@ Result<> checkSides(QueuePpd& ppd, const Setting& option) {
   }
   // A printer without a choice prints on one side in any case.
   if (known.empty() || option.value == "one-sided") return {};
-  return refused("there is no choice \"" + option.value + "\"; choose one of " + join(known, ", "));
+  return host::refused("there is no choice \"" + option.value + "\"; choose one of " +
+                       host::join(known, ", "));
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -7,7 +7,7 @@
 
 #include "programs/filter/byte_sink.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 class MemorySink : public ByteSink {
  public:
@@ -15,6 +15,6 @@ class MemorySink : public ByteSink {
   std::string text;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_MEMORY_SINK_H_

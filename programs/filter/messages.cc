@@ -7,7 +7,7 @@
 #include "host/base/descriptor.h"
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -38,17 +38,17 @@ std::string shortened(std::string text) {
 
 // In one piece, so that lines of other filters do not get between.
 void writeLine(const std::string& line) {
-  writeAll(STDERR_FILENO, line);
+  host::writeAll(STDERR_FILENO, line);
 }
 
 }  // namespace
 
 void tell(Message kind, std::string_view text) {
-  writeLine(wordOf(kind) + shortened(printable(text)) + "\n");
+  writeLine(wordOf(kind) + shortened(host::printable(text)) + "\n");
 }
 
 void tellPage(long number, long copies) {
   writeLine("PAGE: " + std::to_string(number) + " " + std::to_string(copies) + "\n");
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

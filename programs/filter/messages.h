@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 enum class Message {
   kDebug,    // For the log only.
@@ -21,6 +21,6 @@ void tell(Message kind, std::string_view text);
 // Writes "PAGE: NUMBER COPIES": a page has begun.
 void tellPage(long number, long copies);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_MESSAGES_H_

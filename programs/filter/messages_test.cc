@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 std::string told(Message kind, const std::string& text) {
@@ -41,4 +41,4 @@ TEST(Messages, Page_HasItsNumberAndCopies) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -3,7 +3,7 @@
 #include <charconv>
 #include <utility>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -86,4 +86,4 @@ void PageCount::addPage() {
   tell_(++pages_);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

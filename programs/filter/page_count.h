@@ -12,7 +12,7 @@
 #include <functional>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 class PageCount {
  public:
@@ -61,6 +61,6 @@ class PageCount {
   bool isSetUp_ = false;   // It has ended.
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_PAGE_COUNT_H_

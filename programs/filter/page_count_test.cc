@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 using testing::ElementsAre;
@@ -115,4 +115,4 @@ TEST(PageCount, CopiesInside_AreThoseOfTheHeader) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -20,7 +20,7 @@
 #include "host/base/temporary_file.h"
 #include "programs/filter/kept_file.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -28,9 +28,9 @@ constexpr int kPatience = 5000;        // Milliseconds for its end after its out
 constexpr int kLittlePatience = 1000;  // Milliseconds for its end after a signal.
 constexpr int kStep = 5;
 
-Failure failure(const std::string& what, int error) {
-  return fail(Problem::Kind::kNotLoaded, "the scheduler's filter for pages cannot be run: " + what +
-                                             ": " + std::strerror(error));
+host::Failure failure(const std::string& what, int error) {
+  return fail(host::Problem::Kind::kNotLoaded, "the scheduler's filter for pages cannot be run: " +
+                                                   what + ": " + std::strerror(error));
 }
 
 // This process's environment, but with another PPD and with the type of what
@@ -73,9 +73,9 @@ bool hasPageFilter() {
   return ::access(pageFilterPath().c_str(), X_OK) == 0;
 }
 
-std::string optionsText(const std::vector<Setting>& options) {
+std::string optionsText(const std::vector<host::Setting>& options) {
   std::string text;
-  for (const Setting& option : options) {
+  for (const host::Setting& option : options) {
     if (!text.empty()) text += ' ';
     text += option.name + "=\"";
     for (const char c : option.value) {
@@ -92,17 +92,18 @@ PageFilter::~PageFilter() {
   if (!ppdFile_.empty()) ::unlink(ppdFile_.c_str());
 }
 
-Result<> PageFilter::start(int document, const std::string& ppd, const FilterArguments& arguments,
-                           const std::vector<Setting>& options) {
+host::Result<> PageFilter::start(int document, const std::string& ppd,
+                                 const FilterArguments& arguments,
+                                 const std::vector<host::Setting>& options) {
   const int file = makeNamedFile(ppdFile_);
   if (file == -1) return failure("a file in " + temporaryFolder(), errno);
-  const bool isWritten = writeAll(file, ppd);
+  const bool isWritten = host::writeAll(file, ppd);
   const int error = errno;
   ::close(file);
   if (!isWritten) return failure(ppdFile_, error);
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) return failure("a pipe", errno);
-  Result<> result =
+  host::Result<> result =
       launch(document, ends[1],
              {"pstops", std::to_string(arguments.job), arguments.user, arguments.title,
               std::to_string(arguments.copies), optionsText(options)});
@@ -112,7 +113,7 @@ Result<> PageFilter::start(int document, const std::string& ppd, const FilterArg
   return result;
 }
 
-Result<> PageFilter::launch(int document, int output, std::vector<std::string> words) {
+host::Result<> PageFilter::launch(int document, int output, std::vector<std::string> words) {
   // All memory is taken before there are two processes.
   const std::string program = pageFilterPath();
   std::vector<std::string> variables = environmentWith(ppdFile_);
@@ -122,7 +123,7 @@ Result<> PageFilter::launch(int document, int output, std::vector<std::string> w
   child_ = ::fork();
   if (child_ == -1) return failure(program, errno);
   if (child_ != 0) return {};
-  endWithParent(self);
+  host::endWithParent(self);
   if (::dup2(document, STDIN_FILENO) != -1 && ::dup2(output, STDOUT_FILENO) != -1) {
     ::execve(program.c_str(), arguments.data(), environment.data());
   }
@@ -150,7 +151,7 @@ void PageFilter::stop() {
   child_ = -1;
 }
 
-Result<> PageFilter::finish() {
+host::Result<> PageFilter::finish() {
   if (child_ == -1) return {};
   const bool isRead = hasEnded(STDIN_FILENO);
   // A filter that still writes finds out that nobody reads.
@@ -165,15 +166,15 @@ Result<> PageFilter::finish() {
   const std::string name = "the scheduler's filter " + pageFilterPath();
   if (!waitFor(kPatience)) {
     stop();
-    return refused(name + " did not end after its output; the document may not be whole");
+    return host::refused(name + " did not end after its output; the document may not be whole");
   }
   if (WIFSIGNALED(status_)) {
-    return refused(name + " was ended by signal " + std::to_string(WTERMSIG(status_)) +
-                   "; the document is not whole");
+    return host::refused(name + " was ended by signal " + std::to_string(WTERMSIG(status_)) +
+                         "; the document is not whole");
   }
   if (WEXITSTATUS(status_) == 0) return {};
-  return refused(name + " failed with status " + std::to_string(WEXITSTATUS(status_)) +
-                 "; the document is not whole");
+  return host::refused(name + " failed with status " + std::to_string(WEXITSTATUS(status_)) +
+                       "; the document is not whole");
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

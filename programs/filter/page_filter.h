@@ -11,7 +11,7 @@
 #include "host/settings/setting.h"
 #include "programs/filter/arguments.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // Where the scheduler says that its filter is.
 std::string pageFilterPath();
@@ -20,7 +20,7 @@ std::string pageFilterPath();
 bool hasPageFilter();
 
 // The options as the argument of a filter, for libcups to read.
-std::string optionsText(const std::vector<Setting>& options);
+std::string optionsText(const std::vector<host::Setting>& options);
 
 class PageFilter {
  public:
@@ -34,23 +34,23 @@ class PageFilter {
   // puts its output in the place of this process's standard input. `ppd` is the
   // text of the PPD that it uses. The filter makes `arguments.copies` copies.
   // Returns why that failed.
-  Result<> start(int document, const std::string& ppd, const FilterArguments& arguments,
-                 const std::vector<Setting>& options);
+  host::Result<> start(int document, const std::string& ppd, const FilterArguments& arguments,
+                       const std::vector<host::Setting>& options);
 
   // Waits for the end of the filter and returns why it failed. One whose output
   // has not been read to its end is ended, and nothing is returned.
-  Result<> finish();
+  host::Result<> finish();
 
  private:
   bool waitFor(int milliseconds);
   void stop();
-  Result<> launch(int document, int output, std::vector<std::string> words);
+  host::Result<> launch(int document, int output, std::vector<std::string> words);
 
   pid_t child_ = -1;  // -1 when none runs.
   int status_ = 0;
   std::string ppdFile_;  // Empty without one.
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_PAGE_FILTER_H_

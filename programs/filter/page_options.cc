@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -109,7 +109,7 @@ PageOption fromRules(const std::string& name, const std::string& value) {
 
 }  // namespace
 
-PageOption pageOption(const Setting& option) {
+PageOption pageOption(const host::Setting& option) {
   const std::string name = lowered(option.name);
   const std::string value = lowered(option.value);
   for (const ListRow& row : kLists) {
@@ -124,13 +124,13 @@ PageOption pageOption(const Setting& option) {
   return fromRules(name, value);
 }
 
-OutputOrder outputOrder(const std::vector<Setting>& options) {
+OutputOrder outputOrder(const std::vector<host::Setting>& options) {
   OutputOrder order = OutputOrder::kUnsaid;
-  for (const Setting& option : options) {
+  for (const host::Setting& option : options) {
     if (lowered(option.name) != "outputorder") continue;
     order = lowered(option.value) == "reverse" ? OutputOrder::kReverse : OutputOrder::kNormal;
   }
   return order;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

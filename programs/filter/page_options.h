@@ -12,7 +12,7 @@
 
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 enum class PageOptionKind {
   kNone,       // Not for pages.
@@ -29,13 +29,13 @@ struct PageOption {
 };
 
 // Names and values are the same in either case, as everywhere in print options.
-PageOption pageOption(const Setting& option);
+PageOption pageOption(const host::Setting& option);
 
 // The reversed order is asked for by "outputorder" or, without it, by the
 // printer; nothing is said when the job's option asks for the usual one.
 enum class OutputOrder { kUnsaid, kNormal, kReverse };
-OutputOrder outputOrder(const std::vector<Setting>& options);
+OutputOrder outputOrder(const std::vector<host::Setting>& options);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_PAGE_OPTIONS_H_

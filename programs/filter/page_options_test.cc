@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 using Kind = PageOptionKind;
@@ -89,4 +89,4 @@ TEST(PageOptions, OutputOrder_IsTheLastOne) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

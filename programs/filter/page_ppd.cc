@@ -5,7 +5,7 @@
 #include "host/description/description_index.h"
 #include "host/ppd/ppd_file.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -24,11 +24,12 @@ std::string option(const std::string& keyword, const std::string& choice) {
 
 std::string sheet(const ppd_size_t& size) {
   const bool hasArea = size.right > size.left && size.top > size.bottom;
-  const std::string width = numberText(size.width);
-  const std::string length = numberText(size.length);
-  const std::string area = hasArea ? numberText(size.left) + " " + numberText(size.bottom) + " " +
-                                         numberText(size.right) + " " + numberText(size.top)
-                                   : "0 0 " + width + " " + length;
+  const std::string width = host::numberText(size.width);
+  const std::string length = host::numberText(size.length);
+  const std::string area =
+      hasArea ? host::numberText(size.left) + " " + host::numberText(size.bottom) + " " +
+                    host::numberText(size.right) + " " + host::numberText(size.top)
+              : "0 0 " + width + " " + length;
   return option("PageSize", "Sheet") + "*ImageableArea Sheet: \"" + area +
          "\"\n*PaperDimension Sheet: \"" + width + " " + length + "\"\n";
 }
@@ -45,7 +46,7 @@ bool printsBothSides(ppd_file_t& ppd) {
 }
 
 bool fillsLastSheet(ppd_file_t& ppd) {
-  return equalKeywords(value(ppd, "cupsEvenDuplex"), "true") && printsBothSides(ppd);
+  return ppd::equalKeywords(value(ppd, "cupsEvenDuplex"), "true") && printsBothSides(ppd);
 }
 
 bool stacksReversed(ppd_file_t& ppd) {
@@ -54,7 +55,7 @@ bool stacksReversed(ppd_file_t& ppd) {
   const ppd_attr_t* order =
       tray != nullptr ? ppdFindAttr(&ppd, "PageStackOrder", tray->choice) : nullptr;
   const bool isTrays = order != nullptr && order->value != nullptr;
-  return equalKeywords(isTrays ? order->value : value(ppd, "DefaultOutputOrder"), "Reverse");
+  return ppd::equalKeywords(isTrays ? order->value : value(ppd, "DefaultOutputOrder"), "Reverse");
 }
 
 int mostCopies(ppd_file_t& ppd) {
@@ -82,4 +83,4 @@ std::string pagePpd(ppd_file_t* ppd) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -7,7 +7,7 @@
 
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // What the marked choices of a queue's PPD mean for pages: the sheet with its
 // margins, the direction of landscape, and whether both sides are printed. It
@@ -31,6 +31,6 @@ bool stacksReversed(ppd_file_t& ppd);
 // How many copies the printer makes at most.
 int mostCopies(ppd_file_t& ppd);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_PAGE_PPD_H_

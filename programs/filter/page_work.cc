@@ -10,7 +10,7 @@
 #include "programs/filter/page_options.h"
 #include "programs/filter/page_ppd.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -24,10 +24,10 @@ bool isClassified() {
 
 }  // namespace
 
-PageWork::PageWork(const FilterArguments& arguments, const QueuePpd* ppd)
+PageWork::PageWork(const FilterArguments& arguments, const ppd::QueuePpd* ppd)
     : arguments_(arguments), copies_(arguments.copies), ppd_(ppd) {}
 
-bool PageWork::take(const Setting& option) {
+bool PageWork::take(const host::Setting& option) {
   const PageOption known = pageOption(option);
   if (known.kind == PageOptionKind::kNone) return false;
   // The filters that have converted the document have seen to the pages.
@@ -89,7 +89,7 @@ void PageWork::giveUp(const std::string& reason) {
        "the pages are printed as they are, because " + reason);
 }
 
-Result<> PageWork::decide(bool takesCopies) {
+host::Result<> PageWork::decide(bool takesCopies) {
   if (arguments_.isConverted) return {};
   works_ = wantsWork();
   makesCopies_ = wantsCopies(takesCopies);
@@ -98,7 +98,7 @@ Result<> PageWork::decide(bool takesCopies) {
     giveUpAll("the scheduler's filter " + pageFilterPath() + " is not there");
     return {};
   }
-  Result<> read = document_.read(arguments_.file);
+  host::Result<> read = document_.read(arguments_.file);
   if (!read || isCancelled()) return read;
   if (!document_.isDocument()) {
     giveUpAll("the job is not one PostScript document");
@@ -119,19 +119,20 @@ void PageWork::giveUpAll(const std::string& reason) {
 
 // The filter keeps pages that it needs once more, and does not notice when it
 // cannot.
-Result<> PageWork::checkRoom() const {
+host::Result<> PageWork::checkRoom() const {
   const bool keepsPages = makesCopies_ || (works_ && (isReversed() || asksForReverse()));
   if (!keepsPages || hasRoomFor(document_.size() + kSpareRoom)) return {};
-  return refused("the job cannot be kept in " + temporaryFolder() + ": there is not enough room");
+  return host::refused("the job cannot be kept in " + temporaryFolder() +
+                       ": there is not enough room");
 }
 
 bool PageWork::asksForReverse() const {
   return outputOrder(options_) == OutputOrder::kReverse;
 }
 
-Result<> PageWork::start(FilterArguments& arguments, JobTexts& texts) {
+host::Result<> PageWork::start(FilterArguments& arguments, JobTexts& texts) {
   if (isCancelled() || (!works_ && !makesCopies_)) return {};
-  std::vector<Setting> options = options_;
+  std::vector<host::Setting> options = options_;
   // The commands of the printer's own language come from the description.
   options.push_back({"emit-jcl", "false"});
   if (makesCopies_) options.push_back({"Collate", "true"});
@@ -139,7 +140,7 @@ Result<> PageWork::start(FilterArguments& arguments, JobTexts& texts) {
   if (works_ && isReversed()) options.push_back({"OutputOrder", "Reverse"});
   FilterArguments forFilter = arguments;
   forFilter.copies = makesCopies_ ? copies_ : 1;
-  Result<> started =
+  host::Result<> started =
       filter_.start(document_.descriptor(), pagePpd(ppd_ != nullptr ? &ppd_->file() : nullptr),
                     forFilter, options);
   if (!started) return started;
@@ -154,4 +155,4 @@ Result<> PageWork::start(FilterArguments& arguments, JobTexts& texts) {
   return {};
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -16,16 +16,16 @@
 #include "programs/filter/kept_document.h"
 #include "programs/filter/page_filter.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 class PageWork {
  public:
   // `ppd` may be null. It must outlive this object.
-  PageWork(const FilterArguments& arguments, const QueuePpd* ppd);
+  PageWork(const FilterArguments& arguments, const ppd::QueuePpd* ppd);
 
   // Takes an option of the job that no feature has taken, if it is for pages.
   // A warning reports an option that asks for something unknown.
-  bool take(const Setting& option);
+  bool take(const host::Setting& option);
 
   // Mirrors the pages if it can be done; there is no message if not.
   void takeMirror() { isMirrored_ = true; }
@@ -34,7 +34,7 @@ class PageWork {
   // option that cannot be carried out gets a WARNING line. The PPD has the
   // job's choices marked. `takesCopies` says that a feature makes copies.
   // Returns why the job fails.
-  Result<> decide(bool takesCopies);
+  host::Result<> decide(bool takesCopies);
 
   // Whether the pages are worked on.
   bool works() const { return works_; }
@@ -44,10 +44,10 @@ class PageWork {
 
   // Starts the work, if there is any: the job then comes from standard input,
   // and `arguments` and `texts` say so. The PPD has the job's choices marked.
-  Result<> start(FilterArguments& arguments, JobTexts& texts);
+  host::Result<> start(FilterArguments& arguments, JobTexts& texts);
 
   // Ends it, as PageFilter::finish() does.
-  Result<> finish() { return filter_.finish(); }
+  host::Result<> finish() { return filter_.finish(); }
 
  private:
   bool wantsCopies(bool takesCopies) const;
@@ -57,14 +57,14 @@ class PageWork {
   void warn(const std::vector<std::string>& options, const std::string& reason) const;
   void giveUp(const std::string& reason);
   void giveUpAll(const std::string& reason);
-  Result<> checkRoom() const;
+  host::Result<> checkRoom() const;
 
   const FilterArguments& arguments_;
   const int copies_;
-  const QueuePpd* ppd_;
-  std::vector<Setting> options_;    // For the filter.
-  std::vector<std::string> asked_;  // The names of those that ask for something.
-  std::string collation_;           // The option that asks for it; empty without one.
+  const ppd::QueuePpd* ppd_;
+  std::vector<host::Setting> options_;  // For the filter.
+  std::vector<std::string> asked_;      // The names of those that ask for something.
+  std::string collation_;               // The option that asks for it; empty without one.
   bool isMirrored_ = false;
   bool works_ = false;        // The filter works on the pages.
   bool makesCopies_ = false;  // It makes the copies.
@@ -72,6 +72,6 @@ class PageWork {
   PageFilter filter_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_PAGE_WORK_H_

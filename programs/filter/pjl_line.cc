@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -44,4 +44,4 @@ bool entersOtherLanguage(std::string_view line) {
   return !language.empty() && language.find("POSTSCRIPT") == std::string::npos;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

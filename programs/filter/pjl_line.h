@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // The line without the universal exit sequences and ends of file (Ctrl-D) that
 // it begins with.
@@ -23,6 +23,6 @@ std::string enteredLanguage(std::string_view line);
 // Whether the line enters another language than PostScript.
 bool entersOtherLanguage(std::string_view line);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_PJL_LINE_H_

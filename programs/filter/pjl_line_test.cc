@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 TEST(PjlLine, EnteredLanguage_IsThatOfTheCommandAlone) {
@@ -28,4 +28,4 @@ TEST(PjlLine, Exits_AreTakenFromTheFront) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

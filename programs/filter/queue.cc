@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -19,17 +19,18 @@ struct Source {
   }
 };
 
-Result<> readRefusedValue(const Source& source, Queue& queue) {
+host::Result<> readRefusedValue(const Source& source, Queue& queue) {
   const std::string text = source.last("RefusedValue");
   if (text.empty()) return {};
   if (text != "fail" && text != "default") {
-    return refused(source.refusedValue + " is \"" + text + "\"; make it \"fail\" or \"default\"");
+    return host::refused(source.refusedValue + " is \"" + text +
+                         "\"; make it \"fail\" or \"default\"");
   }
   queue.refusedValue = text == "default" ? RefusedValue::kDefault : RefusedValue::kFail;
   return {};
 }
 
-Result<> readSource(const Source& source, Queue& queue) {
+host::Result<> readSource(const Source& source, Queue& queue) {
   const std::string description = source.last("Description");
   const std::string library = source.last("Library");
   const std::vector<std::string> routines = source.all("Routines");
@@ -39,7 +40,7 @@ Result<> readSource(const Source& source, Queue& queue) {
   return readRefusedValue(source, queue);
 }
 
-Source sourceOf(const QueuePpd& ppd) {
+Source sourceOf(const ppd::QueuePpd& ppd) {
   const auto read = [&ppd](const std::string& setting) {
     std::vector<std::string> values = ppd.attributes("DriverFeature" + setting);
     if (setting == "RefusedValue") return values;
@@ -71,16 +72,16 @@ Source sourceOf(const Environment& environment) {
 
 }  // namespace
 
-Result<Queue> readQueue(const QueuePpd* ppd, const Environment& environment) {
+host::Result<Queue> readQueue(const ppd::QueuePpd* ppd, const Environment& environment) {
   Queue queue;
   if (ppd != nullptr) {
-    if (Result<> read = readSource(sourceOf(*ppd), queue); !read) return failureOf(read);
+    if (host::Result<> read = readSource(sourceOf(*ppd), queue); !read) return failureOf(read);
   }
-  if (Result<> read = readSource(sourceOf(environment), queue); !read) return failureOf(read);
+  if (host::Result<> read = readSource(sourceOf(environment), queue); !read) return failureOf(read);
   if (!queue.description.empty()) return queue;
-  return refused(
+  return host::refused(
       "the queue names no description; write its PPD with \"driver-feature queue\", or set "
       "DRIVER_FEATURE_DESCRIPTION for a trial by hand");
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -17,7 +17,7 @@
 #include "host/base/result.h"
 #include "host/ppd/queue/queue_ppd.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // What becomes of a job with a value that must be refused.
 enum class RefusedValue {
@@ -38,8 +38,8 @@ using Environment = std::function<const char*(const char* name)>;
 // What the PPD and the environment say. `ppd` may be null. Relative names of
 // files in a PPD are those of files beside it. Refused when there is no
 // description or something else cannot be understood.
-Result<Queue> readQueue(const QueuePpd* ppd, const Environment& environment);
+host::Result<Queue> readQueue(const ppd::QueuePpd* ppd, const Environment& environment);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_QUEUE_H_

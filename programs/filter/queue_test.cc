@@ -9,7 +9,7 @@
 
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 using testing::ElementsAre;
@@ -20,9 +20,9 @@ class QueueTest : public testing::Test {
   QueueTest() { std::filesystem::create_directory(folder_); }
   ~QueueTest() override { std::filesystem::remove_all(folder_); }
 
-  Result<Queue> read(const std::string& lines) {
+  host::Result<Queue> read(const std::string& lines) {
     std::ofstream(folder_ / "q.ppd") << "*PPD-Adobe: \"4.3\"\n" << lines;
-    const auto ppd = QueuePpd::open(folder_ / "q.ppd");
+    const auto ppd = ppd::QueuePpd::open(folder_ / "q.ppd");
     EXPECT_EQ(problemText(ppd), "");
     return readQueue(ppd->get(), [this](const char* name) {
       const auto found = environment_.find(name);
@@ -87,4 +87,4 @@ TEST_F(QueueTest, OtherRefusedValue_IsRefused) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -1,6 +1,6 @@
 #include "programs/filter/sections.h"
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -66,4 +66,4 @@ Sections cutSections(std::string_view postScript, std::vector<std::string>& unkn
   return cut.sections;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // What is written into a job. Every text that is not empty ends with a line end,
 // but for the header, which is written as it is.
@@ -34,6 +34,6 @@ Sections cutSections(std::string_view postScript, std::vector<std::string>& unkn
 // Adds a text, and a line end when it has none.
 void appendLines(std::string& text, std::string_view lines);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_SECTIONS_H_

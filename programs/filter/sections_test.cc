@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 namespace {
 
 using testing::ElementsAre;
@@ -79,4 +79,4 @@ TEST(Sections, SectionWithoutEnd_GoesUpToTheEnd) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 namespace {
 
@@ -51,4 +51,4 @@ DataExtent dataExtent(std::string_view line) {
   return extent;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::filter {
 
 // The keyword of a structure comment ("Page"); empty for any other line.
 std::string_view keywordOf(std::string_view line);
@@ -24,6 +24,6 @@ struct DataExtent {
 };
 DataExtent dataExtent(std::string_view line);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_STRUCTURE_COMMENT_H_

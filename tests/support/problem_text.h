@@ -6,7 +6,7 @@
 
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::host {
 
 // What a program would print of a result: its problems, each on a line of its
 // own. Empty for success.
@@ -18,6 +18,6 @@ std::string problemText(const Result<Value>& result) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::host
 
 #endif  // TESTS_SUPPORT_PROBLEM_TEXT_H_

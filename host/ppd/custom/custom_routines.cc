@@ -10,7 +10,7 @@
 
 class DriverFeatureSet;  // A CoreFeatureSet, its only base.
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -87,14 +87,14 @@ void writeCustomText(CoreFeatureSet& set, long number, std::string& output) {
   output += textWithValues(set, *plan, command, forPjl);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 // NOLINTBEGIN(cppcoreguidelines-macro-usage, bugprone-macro-parentheses): names are pasted.
 #define ROUTINE(tens, ones)                                                                      \
   DRIVER_FEATURE_EXPORT void EmitPpdCustom##tens##ones(DriverFeatureSet* set,                    \
                                                        std::string& output);                     \
   void EmitPpdCustom##tens##ones(DriverFeatureSet* set, std::string& output) {                   \
-    driver_feature::writeCustomText(*reinterpret_cast<CoreFeatureSet*>(set), (tens)*10 + (ones), \
+    driver_feature::ppd::writeCustomText(*reinterpret_cast<CoreFeatureSet*>(set), (tens)*10 + (ones), \
                                     output);                                                     \
   }
 #define TEN_ROUTINES(tens) \

@@ -13,7 +13,7 @@
 
 class CoreFeatureSet;
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // The number of routines. A PPD file with more custom choices loses the rest.
 inline constexpr long kCustomRoutines = 100;
@@ -25,6 +25,6 @@ std::string customRoutineName(long number);
 // its choice is not chosen.
 void writeCustomText(CoreFeatureSet& set, long number, std::string& output);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_CUSTOM_CUSTOM_ROUTINES_H_

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -30,4 +30,4 @@ TEST(CustomRoutinesTest, Library_HasEveryRoutine) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <sstream>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -129,4 +129,4 @@ std::string customPjlText(std::string_view text) {
   return result;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

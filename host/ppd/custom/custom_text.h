@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // A value of the text: a feature's, or a number that libcups always writes.
 struct CustomValue {
@@ -59,6 +59,6 @@ std::string customString(std::string_view text);
 // stands in.
 std::string customPjlText(std::string_view text);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_CUSTOM_CUSTOM_TEXT_H_

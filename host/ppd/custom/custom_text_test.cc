@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -80,4 +80,4 @@ TEST(CustomTextTest, PjlText_NoTextEndsItsCommand) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

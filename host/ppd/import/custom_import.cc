@@ -11,7 +11,7 @@
 #include "host/ppd/import/custom_parameters.h"
 #include "host/ppd/ppd_file.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -164,4 +164,4 @@ std::string importCustomChoice(ImportState& state, const ppd_choice_t& choice,
   return "";
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

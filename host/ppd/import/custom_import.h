@@ -9,7 +9,7 @@
 #include "host/ppd/custom/custom_text.h"
 #include "host/ppd/import/import_state.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // The places that the file gives its custom choices of their own:
 //   *NonUIOrderDependency: 30 AnySetup *CustomPageSize True
@@ -22,6 +22,6 @@ std::map<std::string, WritingPlace> customPlacesOf(ppd_file_t& ppd);
 std::string importCustomChoice(ImportState& state, const ppd_choice_t& choice,
                                const SectionEntry& entry, const CustomPlan& chosen);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_IMPORT_CUSTOM_IMPORT_H_

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -122,4 +122,4 @@ Limits<float> sideLimits(ppd_file_t& ppd, const ppd_option_t& option, int side, 
   return withoutContradiction(limits, title, losses);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

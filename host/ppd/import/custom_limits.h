@@ -9,7 +9,7 @@
 
 #include "host/ppd/import/losses.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // Either may be missing.
 template <class Number>
@@ -37,6 +37,6 @@ Limits<float> sideLimits(ppd_file_t& ppd, const ppd_option_t& option, int side, 
 // "*ParamCustomPageSize Width".
 std::string parameterTitle(const ppd_option_t& option, const char* parameter);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_IMPORT_CUSTOM_LIMITS_H_

@@ -10,7 +10,7 @@
 #include "host/ppd/import/custom_limits.h"
 #include "host/ppd/ppd_file.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -235,4 +235,4 @@ void noteUnusedParameters(ImportState& state, const ppd_option_t& option) {
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -7,7 +7,7 @@
 #include "host/ppd/custom/custom_text.h"
 #include "host/ppd/import/import_state.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // What the values of a text are, and the features that hold them.
 struct CustomParameters {
@@ -26,6 +26,6 @@ CustomParameters pageSizeParameters(ImportState& state, const ppd_option_t& opti
 // Notes the parameters of a custom choice that libcups writes without values.
 void noteUnusedParameters(ImportState& state, const ppd_option_t& option);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_IMPORT_CUSTOM_PARAMETERS_H_

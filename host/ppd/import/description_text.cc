@@ -7,7 +7,7 @@
 
 #include "host/ppd/byte_escapes.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -54,4 +54,4 @@ std::string descriptionText(const ImportedElement& root) {
   return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size)};
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -98,4 +98,4 @@ std::vector<std::size_t> exchangeSorted(const std::vector<float>& orders) {
   return sorted;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // How many places before a given one have been marked.
 class Tally {
@@ -66,6 +66,6 @@ EqualPlace placeAmongEquals(const std::vector<std::size_t>& lower, std::size_t b
 // their entries. `orders` are those of the entries, none of them NaN.
 std::vector<std::size_t> exchangeSorted(const std::vector<float>& orders);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_IMPORT_EXCHANGE_SORT_H_

@@ -8,7 +8,7 @@
 #include <random>
 #include <utility>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -80,4 +80,4 @@ TEST(TallyTest, Before_CountsTheMarkedPlacesInFront) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -10,7 +10,7 @@
 #include "host/ppd/import/option_import.h"
 #include "host/ppd/ppd_file.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -88,9 +88,9 @@ void reserveNames(ImportState& state) {
 
 }  // namespace
 
-Result<ImportedDescription> importPpd(const std::string& path) {
-  Result<PpdPointer> read = readPpd(path);
-  if (!read) return failureOf(read);
+host::Result<ImportedDescription> importPpd(const std::string& path) {
+  host::Result<PpdPointer> read = readPpd(path);
+  if (!read) return host::failureOf(read);
   const PpdPointer ppd = std::move(*read);
   ImportState state(*ppd);
   state.customPlaces = customPlacesOf(*ppd);
@@ -113,4 +113,4 @@ Result<ImportedDescription> importPpd(const std::string& path) {
   return description;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

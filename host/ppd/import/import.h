@@ -7,7 +7,7 @@
 #include "host/base/result.h"
 #include "host/ppd/import/losses.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 struct ImportedDescription {
   std::string text;  // The XML document.
@@ -17,8 +17,8 @@ struct ImportedDescription {
 };
 
 // Reads a PPD file and makes a description of it. Problems: those of readPpd().
-Result<ImportedDescription> importPpd(const std::string& path);
+host::Result<ImportedDescription> importPpd(const std::string& path);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_IMPORT_IMPORT_H_

@@ -1,6 +1,6 @@
 #include "host/ppd/import/import_state.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 ImportedElement optionElement(ppd_section_t section, const ImportedOption& option) {
   ImportedElement element{"Option", {{"Name", option.name}}, {}};
@@ -23,4 +23,4 @@ ImportedElement listFeature(ppd_section_t section, const std::string& name,
   return feature;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

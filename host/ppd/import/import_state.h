@@ -13,7 +13,7 @@
 #include "host/ppd/import/losses.h"
 #include "host/ppd/import/section_order.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // Elements that keep together in a section.
 struct SectionItem {
@@ -74,6 +74,6 @@ ImportedElement listFeature(ppd_section_t section, const std::string& name,
                             const std::string& defaultOption,
                             const std::vector<ImportedOption>& options);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_IMPORT_IMPORT_STATE_H_

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 struct ImportedElement {
   std::string tag;
@@ -14,6 +14,6 @@ struct ImportedElement {
   std::vector<ImportedElement> children;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_IMPORT_IMPORTED_ELEMENT_H_

@@ -7,7 +7,7 @@
 
 #include "host/ppd/ppd_file.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -93,4 +93,4 @@ void noteKeywords(ppd_file_t& ppd, Losses& losses) {
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -2,7 +2,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 void Losses::note(LossKind kind, const std::string& what) {
   Notes& notes = notes_[kind];
@@ -25,7 +25,7 @@ std::string Losses::list(LossKind kind) const {
     names.push_back(entry.times == 1 ? entry.what
                                      : entry.what + " (" + std::to_string(entry.times) + ")");
   }
-  return join(names, ", ");
+  return host::join(names, ", ");
 }
 
 std::vector<std::string> Losses::lines() const {
@@ -47,4 +47,4 @@ std::vector<std::string> Losses::lines(LossKind kind) const {
   return lines;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 enum class LossKind : unsigned char {
   kOption,      // An option, or a part of one.
@@ -52,6 +52,6 @@ class Losses {
   std::map<LossKind, Notes> notes_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_IMPORT_LOSSES_H_

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -49,4 +49,4 @@ TEST(LossesTest, Lines_NothingNoted_AreNone) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

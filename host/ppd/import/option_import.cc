@@ -10,7 +10,7 @@
 #include "host/ppd/import/custom_import.h"
 #include "host/ppd/ppd_file.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -195,4 +195,4 @@ void importOptions(ImportState& state) {
   for (ppd_option_t* option : optionsOf(state.ppd)) importOption(state, *option);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -4,7 +4,7 @@
 
 #include "host/ppd/import/import_state.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // The option of a feature that stands for an option of which no choice is
 // marked.
@@ -14,6 +14,6 @@ inline constexpr const char* kNotSet = "not set";
 // that take several.
 void importOptions(ImportState& state);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_IMPORT_OPTION_IMPORT_H_

@@ -8,7 +8,7 @@
 
 #include "host/ppd/import/exchange_sort.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -201,4 +201,4 @@ SectionOrder orderOfSection(const std::vector<SectionEntry>& entries) {
   return order;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

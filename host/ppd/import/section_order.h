@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // Something that a section may hold.
 struct SectionEntry {
@@ -39,6 +39,6 @@ inline bool isWritten(float order) {
   return order >= 0;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_IMPORT_SECTION_ORDER_H_

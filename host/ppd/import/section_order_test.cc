@@ -12,8 +12,8 @@
 
 namespace {
 
-using driver_feature::orderOfSection;
-using driver_feature::SectionEntry;
+using driver_feature::ppd::orderOfSection;
+using driver_feature::ppd::SectionEntry;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAreArray;

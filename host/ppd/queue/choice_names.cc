@@ -11,7 +11,7 @@
 #include "model/core_feature_set.h"
 #include "model/core_option.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -69,7 +69,7 @@ std::optional<std::string> resolutionName(const std::string& text) {
 }
 
 // The PPD's name of an option of a feature with fixed names.
-std::optional<std::string> fixedNameOf(const Model& model, const std::string& feature,
+std::optional<std::string> fixedNameOf(const host::Model& model, const std::string& feature,
                                        const std::string& option) {
   CoreFeature* found = model.set->FindFeatureInFeatureList(feature);
   CoreOption* choice =
@@ -98,12 +98,12 @@ bool hasFixedNames(const std::string& feature) {
          feature == "SetResolution";
 }
 
-std::vector<NamedChoice> namedChoices(const Model& model, const std::string& name,
-                                      const FeatureView& feature,
+std::vector<NamedChoice> namedChoices(const host::Model& model, const std::string& name,
+                                      const host::FeatureView& feature,
                                       std::vector<std::string>& losses) {
   std::vector<NamedChoice> choices;
   std::set<std::string> names;  // With small letters.
-  for (const Choice& choice : feature.choices()) {
+  for (const host::Choice& choice : feature.choices()) {
     // What an import calls it when none of the choices stands.
     if (!choice.visible || choice.name == "not set") continue;
     std::optional<std::string> inPpd = choice.name;
@@ -120,4 +120,4 @@ std::vector<NamedChoice> namedChoices(const Model& model, const std::string& nam
   return choices;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

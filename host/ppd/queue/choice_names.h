@@ -8,7 +8,7 @@
 
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // Why the second one of two names is left out.
 inline constexpr const char* kSameNameInPpd =
@@ -29,9 +29,10 @@ bool hasFixedNames(const std::string& feature);
 // added to the losses, as NAME=OPTION and the reason. Options of a feature with
 // fixed names get these, found by the option's name, its "CLOKey" and its name
 // in tickets.
-std::vector<NamedChoice> namedChoices(const Model& model, const std::string& name,
-                                      const FeatureView& feature, std::vector<std::string>& losses);
+std::vector<NamedChoice> namedChoices(const host::Model& model, const std::string& name,
+                                      const host::FeatureView& feature,
+                                      std::vector<std::string>& losses);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_QUEUE_CHOICE_NAMES_H_

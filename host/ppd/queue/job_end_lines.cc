@@ -1,6 +1,6 @@
 #include "host/ppd/queue/job_end_lines.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 std::vector<std::string> jobEndLines(ppd_file_t& ppd) {
   constexpr const char* kKeyword = "DriverFeatureEndOfFile";
@@ -9,4 +9,4 @@ std::vector<std::string> jobEndLines(ppd_file_t& ppd) {
   return {std::string("*") + kKeyword + ": \"true\""};
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

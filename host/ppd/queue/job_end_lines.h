@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // A line for a queue of the printer's PPD, when libcups ends a job of the
 // printer with an end of file (Ctrl-D): when the PPD has neither an end in
@@ -15,6 +15,6 @@ namespace driver_feature {
 // nobody could see it there. The PPD of a queue keeps its line.
 std::vector<std::string> jobEndLines(ppd_file_t& ppd);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_QUEUE_JOB_END_LINES_H_

@@ -9,7 +9,7 @@
 #include "host/ppd/ppd_file.h"
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 namespace {
 
 using testing::ElementsAre;
@@ -21,7 +21,7 @@ std::vector<std::string> linesOf(const std::string& statements) {
   const auto file = std::filesystem::temp_directory_path() /
                     ("job_end_lines_" + std::to_string(::getpid()) + ".ppd");
   std::ofstream(file) << "*PPD-Adobe: \"4.3\"\n" << statements;
-  const Result<PpdPointer> ppd = readPpd(file);
+  const host::Result<PpdPointer> ppd = readPpd(file);
   std::filesystem::remove(file);
   EXPECT_EQ(problemText(ppd), "");
   return ppd ? jobEndLines(**ppd) : std::vector<std::string>();
@@ -45,4 +45,4 @@ TEST(JobEndLines, PpdOfAQueue_KeepsItsLine) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

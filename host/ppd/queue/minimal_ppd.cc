@@ -12,7 +12,7 @@
 #include "host/ppd/queue/ppd_names.h"
 #include "host/settings/settings_file.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -33,7 +33,7 @@ std::string plainText(const std::string& text) {
 
 class Writer {
  public:
-  explicit Writer(const Model& model) : model_(model) {}
+  explicit Writer(const host::Model& model) : model_(model) {}
 
   // The page sizes: a PPD must have some. Programs want to know them, and PPDs
   // have to tell them twice.
@@ -49,15 +49,15 @@ class Writer {
     writePageSizes(sizes, usual);
   }
 
-  void add(const std::string& name, const FeatureView& feature) {
+  void add(const std::string& name, const host::FeatureView& feature) {
     if (!feature.hasValue() || !feature.isVisible() || feature.isEncrypted() || name == "Copies") {
       return;
     }
-    const bool isList = feature.kind() == FeatureKind::kMultiSelect;
+    const bool isList = feature.kind() == host::FeatureKind::kMultiSelect;
     const std::string records = recordsOf(name);
     if (!records.empty()) {
       lose(name, "the options of a job do not reach the records of " + records);
-    } else if (feature.kind() == FeatureKind::kTextEntry) {
+    } else if (feature.kind() == host::FeatureKind::kTextEntry) {
       lose(name, "a PPD has no options for texts");
     } else if (isPageSizeName(name)) {
       if (!isPageSizeList(feature)) lose(name, "a PPD has this name for the sizes of sheets");
@@ -84,8 +84,8 @@ class Writer {
   }
 
   // Whether addPageSizes() writes the choices of the feature.
-  static bool isPageSizeList(const FeatureView& feature) {
-    return feature.kind() == FeatureKind::kMultiSelect && feature.isVisible() &&
+  static bool isPageSizeList(const host::FeatureView& feature) {
+    return feature.kind() == host::FeatureKind::kMultiSelect && feature.isVisible() &&
            !feature.isEncrypted();
   }
 
@@ -93,8 +93,8 @@ class Writer {
   // is none.
   std::string recordsOf(const std::string& feature) const {
     const std::vector<std::string> around = model_.index.groupsAround(feature);
-    for (const GroupEntry& group : model_.index.groups()) {
-      if (group.kind != GroupKind::kDynamic) continue;
+    for (const host::GroupEntry& group : model_.index.groups()) {
+      if (group.kind != host::GroupKind::kDynamic) continue;
       const std::string members = model_.index.templateOf(group.name);
       if (std::find(around.begin(), around.end(), members) != around.end()) return group.name;
     }
@@ -114,11 +114,11 @@ class Writer {
 
   void close(const std::string& name) { line("*CloseUI: *" + name); }
 
-  std::vector<NamedChoice> choicesOf(const std::string& name, const FeatureView& feature) {
+  std::vector<NamedChoice> choicesOf(const std::string& name, const host::FeatureView& feature) {
     return namedChoices(model_, name, feature, ppd_.losses);
   }
 
-  void addList(const std::string& name, const FeatureView& feature) {
+  void addList(const std::string& name, const host::FeatureView& feature) {
     const std::vector<NamedChoice> choices = choicesOf(name, feature);
     if (choices.empty()) return;
     const auto has = [&choices](const std::string& wanted, std::string NamedChoice::*member) {
@@ -146,7 +146,7 @@ class Writer {
     close(name);
   }
 
-  std::vector<PageSize> sizesOf(const FeatureView& feature) {
+  std::vector<PageSize> sizesOf(const host::FeatureView& feature) {
     std::vector<PageSize> sizes;
     for (const NamedChoice& choice : choicesOf(kPageSize, feature)) {
       if (const std::optional<PageSize> size = pageSizeOf(model_, choice.option)) {
@@ -170,52 +170,53 @@ class Writer {
     writeList(kPageRegion, names, current);
     line("*DefaultImageableArea: " + current);
     for (const PageSize& size : sizes) {
-      const std::string margin = numberText(size.margin);
+      const std::string margin = host::numberText(size.margin);
       line("*ImageableArea ", size.name, ": \"", margin, " ", margin, " ",
-           numberText(size.width - size.margin), " ", numberText(size.length - size.margin), "\"");
+           host::numberText(size.width - size.margin), " ",
+           host::numberText(size.length - size.margin), "\"");
     }
     line("*DefaultPaperDimension: " + current);
     for (const PageSize& size : sizes) {
-      line("*PaperDimension ", size.name, ": \"", numberText(size.width), " ",
-           numberText(size.length), "\"");
+      line("*PaperDimension ", size.name, ": \"", host::numberText(size.width), " ",
+           host::numberText(size.length), "\"");
     }
   }
 
-  void addNumber(const std::string& name, const FeatureView& feature) {
+  void addNumber(const std::string& name, const host::FeatureView& feature) {
     if (hasFixedNames(name)) return lose(name, "a PPD has this name for an option with choices");
     const std::string current = settingText(feature).value_or("0");
-    const FeatureLimits& limits = model_.index.limitsOf(name);
+    const host::FeatureLimits& limits = model_.index.limitsOf(name);
     open(name, current);
     line("*" + name + " " + current + ": \"\"");
     close(name);
     // libcups takes a default such as Custom.5 when this stands after the option.
-    const bool isInt = feature.kind() == FeatureKind::kIntEntry;
+    const bool isInt = feature.kind() == host::FeatureKind::kIntEntry;
     line("*Custom" + name + " True: \"\"");
     line("*ParamCustom" + name + " Value: 1 " + (isInt ? intLimits(limits) : realLimits(limits)));
   }
 
-  static std::string intLimits(const FeatureLimits& limits) {
+  static std::string intLimits(const host::FeatureLimits& limits) {
     using Limits = std::numeric_limits<int>;
     return "int " + std::to_string(limits.intMin.value_or(Limits::min())) + " " +
            std::to_string(limits.intMax.value_or(Limits::max()));
   }
 
-  static std::string realLimits(const FeatureLimits& limits) {
-    return "real " + (limits.floatMin ? numberText(*limits.floatMin) : "-1000000") + " " +
-           (limits.floatMax ? numberText(*limits.floatMax) : "1000000");
+  static std::string realLimits(const host::FeatureLimits& limits) {
+    return "real " + (limits.floatMin ? host::numberText(*limits.floatMin) : "-1000000") + " " +
+           (limits.floatMax ? host::numberText(*limits.floatMax) : "1000000");
   }
 
   // Marks none of the choices, so that the description's default stands.
   static constexpr const char* kUnknown = "Unknown";
 
-  const Model& model_;
+  const host::Model& model_;
   MinimalPpd ppd_;
   std::set<std::string> names_;  // Of features, with small letters.
 };
 
 }  // namespace
 
-MinimalPpd minimalPpd(const Model& model, const std::string& name,
+MinimalPpd minimalPpd(const host::Model& model, const std::string& name,
                       const std::vector<std::string>& queueLines) {
   Writer writer(model);
   writer.addPageSizes();
@@ -244,4 +245,4 @@ MinimalPpd minimalPpd(const Model& model, const std::string& name,
   return ppd;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

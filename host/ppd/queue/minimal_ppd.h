@@ -8,7 +8,7 @@
 
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 struct MinimalPpd {
   std::string text;
@@ -30,9 +30,9 @@ struct MinimalPpd {
 //   *DriverFeatureChoice: "Duplex DuplexNoTumble LongEdge"
 //
 // says which of the description's options it is.
-MinimalPpd minimalPpd(const Model& model, const std::string& name,
+MinimalPpd minimalPpd(const host::Model& model, const std::string& name,
                       const std::vector<std::string>& queueLines);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_QUEUE_MINIMAL_PPD_H_

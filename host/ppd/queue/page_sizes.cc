@@ -15,7 +15,7 @@
 #include "model/core_feature_set.h"
 #include "model/core_option.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -118,7 +118,7 @@ bool isTurned(const Extent& one, const Extent& other) {
          std::fabs(one.second - other.first) < kTurned;
 }
 
-std::optional<Extent> extentOfChoice(const Model& model, const std::string& choice) {
+std::optional<Extent> extentOfChoice(const host::Model& model, const std::string& choice) {
   CoreFeature* feature = model.set->FindFeatureInFeatureList("PageSize");
   CoreOption* option =
       feature != nullptr ? feature->fetchOptionByName(std::string("Name"), choice) : nullptr;
@@ -152,7 +152,7 @@ PageSize pageSize(const std::string& name, const Extent& extent) {
 
 }  // namespace
 
-std::optional<PageSize> pageSizeOf(const Model& model, const std::string& choice) {
+std::optional<PageSize> pageSizeOf(const host::Model& model, const std::string& choice) {
   const std::optional<Extent> extent = extentOfChoice(model, choice);
   if (!extent) return std::nullopt;
   return pageSize(choice, *extent);
@@ -167,4 +167,4 @@ std::vector<PageSize> standardPageSizes() {
   return sizes;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

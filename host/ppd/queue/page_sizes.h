@@ -9,7 +9,7 @@
 
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // In points.
 struct PageSize {
@@ -24,11 +24,11 @@ struct PageSize {
 // command, which holds "/PageSize [WIDTH LENGTH]" or nothing but the two
 // numbers; or that of a standard name: the choice's name in tickets or its
 // own, such as A4, 4x6in or A4.Fullbleed.
-std::optional<PageSize> pageSizeOf(const Model& model, const std::string& choice);
+std::optional<PageSize> pageSizeOf(const host::Model& model, const std::string& choice);
 
 // Those of a PPD whose description has none.
 std::vector<PageSize> standardPageSizes();
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_QUEUE_PAGE_SIZES_H_

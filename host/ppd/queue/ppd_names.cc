@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -60,4 +60,4 @@ std::string smallLetters(std::string text) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // Whether a PPD can have a choice of that name.
 bool isChoiceName(const std::string& name);
@@ -19,6 +19,6 @@ bool isOptionName(const std::string& name, bool isList);
 // the same.
 std::string smallLetters(std::string text);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_QUEUE_PPD_NAMES_H_

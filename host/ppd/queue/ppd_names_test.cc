@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 namespace {
 
 class PpdNamesTest : public testing::Test {
@@ -107,4 +107,4 @@ TEST_F(PpdNamesTest, SmallLetters_OfAsciiOnly) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -1,6 +1,6 @@
 #include "host/ppd/queue/ppd_statements.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -43,4 +43,4 @@ std::string_view lineEndOf(std::string_view line) {
   return line.substr(last == std::string_view::npos ? 0 : last + 1);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

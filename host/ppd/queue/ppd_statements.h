@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // Takes the next line from the text, with its line end (LF, CR LF or CR; none
 // at the end of a text without one).
@@ -21,6 +21,6 @@ std::string_view statementKeyword(std::string_view statement);
 // The line end of a line; empty without one.
 std::string_view lineEndOf(std::string_view line);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_QUEUE_PPD_STATEMENTS_H_

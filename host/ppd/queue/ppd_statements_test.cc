@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 namespace {
 
 using testing::ElementsAre;
@@ -51,4 +51,4 @@ TEST(PpdStatements, LineEnds_AreFound) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

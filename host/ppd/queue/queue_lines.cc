@@ -5,7 +5,7 @@
 #include "host/ppd/queue/ppd_names.h"
 #include "host/ppd/queue/ppd_statements.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -14,20 +14,22 @@ constexpr const char* kFilter = "driver-feature-filter";
 
 // Adds a line that holds a file's path; a PPD has no way to write a quotation
 // mark or a control character in it.
-Result<> addPathLine(const std::string& keyword, const std::string& path,
-                     std::vector<std::string>& lines) {
+host::Result<> addPathLine(const std::string& keyword, const std::string& path,
+                           std::vector<std::string>& lines) {
   for (const char c : path) {
     if (c == '"' || static_cast<unsigned char>(c) < 0x20) {
-      return refused(path +
-                     ": a PPD cannot hold this path, because of a quotation mark or a control "
-                     "character in it; give the file another name");
+      return host::refused(
+          path +
+          ": a PPD cannot hold this path, because of a quotation mark or a control "
+          "character in it; give the file another name");
     }
   }
   std::string line = "*DriverFeature" + keyword + ": \"" + path + "\"";
   if (line.size() > kLongestLine) {
-    return refused(path +
-                   ": a PPD cannot hold this path, because its lines have 255 bytes at most; give "
-                   "the file a shorter path");
+    return host::refused(
+        path +
+        ": a PPD cannot hold this path, because its lines have 255 bytes at most; give "
+        "the file a shorter path");
   }
   lines.push_back(std::move(line));
   return {};
@@ -50,13 +52,13 @@ int linesOf(std::string_view statement) {
 
 }  // namespace
 
-Result<std::vector<std::string>> queueLines(const QueueRequest& request) {
+host::Result<std::vector<std::string>> queueLines(const QueueRequest& request) {
   // The scheduler's own filter in front of the second one would only write the
   // PPD's commands a first time; it is for documents that are converted.
   std::vector<std::string> lines = {
       std::string("*cupsFilter: \"application/postscript 0 ") + kFilter + "\"",
       std::string("*cupsFilter: \"application/vnd.cups-postscript 100 ") + kFilter + "\""};
-  Result<> added = addPathLine("Description", request.description, lines);
+  host::Result<> added = addPathLine("Description", request.description, lines);
   if (added && !request.library.empty()) added = addPathLine("Library", request.library, lines);
   for (const std::string& routines : request.routines) {
     if (added) added = addPathLine("Routines", routines, lines);
@@ -104,4 +106,4 @@ QueueText withQueueLines(std::string_view ppd, const std::vector<std::string>& l
   return result;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

@@ -11,7 +11,7 @@
 
 #include "host/base/result.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // What a queue is to do, with absolute paths.
 struct QueueRequest {
@@ -22,7 +22,7 @@ struct QueueRequest {
 };
 
 // The lines, without line ends. Refused when a PPD cannot hold a path.
-Result<std::vector<std::string>> queueLines(const QueueRequest& request);
+host::Result<std::vector<std::string>> queueLines(const QueueRequest& request);
 
 // The lines that keep libcups' handling of media as it is with the printer's
 // PPD, when the queue's gets a filter that the printer's does not have. With a
@@ -40,6 +40,6 @@ struct QueueText {
 // they are.
 QueueText withQueueLines(std::string_view ppd, const std::vector<std::string>& lines);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_QUEUE_QUEUE_LINES_H_

@@ -8,7 +8,7 @@
 
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 namespace {
 
 using testing::ElementsAre;
@@ -128,4 +128,4 @@ TEST_F(MediaLinesTest, PpdWithFilterOrRule_StaysAsItIs) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

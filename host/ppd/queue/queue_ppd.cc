@@ -9,7 +9,7 @@
 
 #include "host/description/description_index.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -35,11 +35,11 @@ std::optional<std::string> valueOf(const ppd_cparam_t& parameter) {
     case PPD_CUSTOM_INT:
       return std::to_string(parameter.current.custom_int);
     case PPD_CUSTOM_POINTS:
-      return numberText(parameter.current.custom_points);
+      return host::numberText(parameter.current.custom_points);
     case PPD_CUSTOM_CURVE:
     case PPD_CUSTOM_INVCURVE:
     case PPD_CUSTOM_REAL:
-      return numberText(parameter.current.custom_real);
+      return host::numberText(parameter.current.custom_real);
     default:
       return std::nullopt;
   }
@@ -91,8 +91,8 @@ std::string QueuePpd::nameOf(const std::string& option, const std::string& choic
   return choice;
 }
 
-Result<std::unique_ptr<QueuePpd>> QueuePpd::open(const std::string& path) {
-  Result<PpdPointer> ppd = readPpd(path);
+host::Result<std::unique_ptr<QueuePpd>> QueuePpd::open(const std::string& path) {
+  host::Result<PpdPointer> ppd = readPpd(path);
   if (!ppd) return failureOf(ppd);
   return std::unique_ptr<QueuePpd>(new QueuePpd(path, std::move(*ppd)));
 }
@@ -117,11 +117,11 @@ bool QueuePpd::hasChoice(const std::string& option, const std::string& value) co
   return found != nullptr && ppdFindChoice(found, choiceNamed(option, value).c_str()) != nullptr;
 }
 
-bool QueuePpd::understands(const Setting& option) {
+bool QueuePpd::understands(const host::Setting& option) {
   ppdMarkDefaults(ppd_.get());
   std::vector<ppd_choice_t*> choices;
   for (ppd_option_t* one : optionsOf(*ppd_)) {
-    for (ppd_choice_t* choice : driver_feature::choicesOf(*one)) choices.push_back(choice);
+    for (ppd_choice_t* choice : ppd::choicesOf(*one)) choices.push_back(choice);
   }
   for (ppd_choice_t* choice : choices) choice->marked = 0;
   cups_option_t* list = nullptr;
@@ -136,16 +136,16 @@ std::vector<std::string> QueuePpd::choicesOf(const std::string& option) const {
   std::vector<std::string> names;
   ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
   if (found == nullptr) return names;
-  for (const ppd_choice_t* choice : driver_feature::choicesOf(*found)) {
+  for (const ppd_choice_t* choice : ppd::choicesOf(*found)) {
     names.emplace_back(choice->choice);
   }
   return names;
 }
 
-void QueuePpd::mark(const std::vector<Setting>& options) {
+void QueuePpd::mark(const std::vector<host::Setting>& options) {
   cups_option_t* list = nullptr;
   int count = 0;
-  for (const Setting& option : options) {
+  for (const host::Setting& option : options) {
     const std::string choice = choiceNamed(option.name, option.value);
     count = cupsAddOption(option.name.c_str(), choice.c_str(), count, &list);
   }
@@ -156,16 +156,16 @@ void QueuePpd::mark(const std::vector<Setting>& options) {
   emittedText(*ppd_, PPD_ORDER_ANY);
 }
 
-std::vector<Setting> QueuePpd::marked() const {
-  std::vector<Setting> settings;
+std::vector<host::Setting> QueuePpd::marked() const {
+  std::vector<host::Setting> settings;
   for (ppd_option_t* option : optionsOf(*ppd_)) addMarked(*option, settings);
   return settings;
 }
 
-void QueuePpd::addMarked(ppd_option_t& option, std::vector<Setting>& settings) const {
+void QueuePpd::addMarked(ppd_option_t& option, std::vector<host::Setting>& settings) const {
   const std::string keyword = option.keyword;
   if (option.ui == PPD_UI_PICKMANY) {
-    for (const ppd_choice_t* choice : driver_feature::choicesOf(option)) {
+    for (const ppd_choice_t* choice : ppd::choicesOf(option)) {
       settings.push_back({keyword + "." + choice->choice, choice->marked != 0 ? "True" : "False"});
     }
     return;
@@ -176,7 +176,8 @@ void QueuePpd::addMarked(ppd_option_t& option, std::vector<Setting>& settings) c
   settings.push_back({keyword, choice != nullptr ? nameOf(keyword, choice->choice) : kNotSet});
 }
 
-void QueuePpd::addParameters(const std::string& keyword, std::vector<Setting>& settings) const {
+void QueuePpd::addParameters(const std::string& keyword,
+                             std::vector<host::Setting>& settings) const {
   const ppd_coption_t* custom = ppdFindCustomOption(ppd_.get(), keyword.c_str());
   if (custom == nullptr) return;
   for (auto* each = static_cast<ppd_cparam_t*>(cupsArrayFirst(custom->params)); each != nullptr;
@@ -226,4 +227,4 @@ std::string QueuePpd::jclOptions() const {
   return emittedText(*ppd_, PPD_ORDER_JCL);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

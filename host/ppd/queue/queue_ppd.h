@@ -12,12 +12,12 @@
 #include "host/ppd/ppd_file.h"
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 class QueuePpd {
  public:
   // Problems: those of readPpd().
-  static Result<std::unique_ptr<QueuePpd>> open(const std::string& path);
+  static host::Result<std::unique_ptr<QueuePpd>> open(const std::string& path);
 
   const std::string& path() const { return path_; }
 
@@ -34,7 +34,7 @@ class QueuePpd {
 
   // Whether libcups marks any choice for the option, such as a known size for
   // "media". What was marked before is not any more.
-  bool understands(const Setting& option);
+  bool understands(const host::Setting& option);
 
   // The PPD as libcups has it, with what is marked.
   ppd_file_t& file() const { return *ppd_; }
@@ -44,12 +44,12 @@ class QueuePpd {
 
   // Marks the defaults of the queue and then what the options ask for. Options
   // that print schedulers know (media, sides, ...) mark those of the PPD.
-  void mark(const std::vector<Setting>& options);
+  void mark(const std::vector<host::Setting>& options);
 
   // What is marked, as settings of features: the option's keyword and its
   // choice, as the description calls it ("not set" without one); "Keyword.Choice" with True or
   // False where several choices may stand; "Keyword.Parameter" and its value for a custom choice.
-  std::vector<Setting> marked() const;
+  std::vector<host::Setting> marked() const;
 
   // The text of a job's beginning in job-control language, and that of its
   // end, with the marked choices; but with 0 for the numbers of custom ones.
@@ -82,14 +82,14 @@ class QueuePpd {
   std::string choiceNamed(const std::string& option, const std::string& name) const;
   std::string nameOf(const std::string& option, const std::string& choice) const;
 
-  void addMarked(ppd_option_t& option, std::vector<Setting>& settings) const;
-  void addParameters(const std::string& keyword, std::vector<Setting>& settings) const;
+  void addMarked(ppd_option_t& option, std::vector<host::Setting>& settings) const;
+  void addParameters(const std::string& keyword, std::vector<host::Setting>& settings) const;
 
   std::string path_;
   PpdPointer ppd_;
   std::vector<ForeignName> foreignNames_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_QUEUE_QUEUE_PPD_H_

@@ -11,7 +11,7 @@
 #include "host/ppd/ppd_file.h"
 #include "host/ppd/queue/ppd_statements.h"
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -112,4 +112,4 @@ std::optional<UnusablePpd> readBack(const std::string& text, const std::vector<s
   return std::nullopt;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

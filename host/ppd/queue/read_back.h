@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 
 // Why libcups could not use a PPD.
 struct UnusablePpd {
@@ -23,6 +23,6 @@ struct UnusablePpd {
 std::optional<UnusablePpd> readBack(const std::string& text, const std::vector<std::string>& lines,
                                     const ppd_file_t* printer);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_QUEUE_READ_BACK_H_

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <memory>
 
-namespace driver_feature {
+namespace driver_feature::ppd {
 namespace {
 
 const std::vector<std::string> kLines = {"*cupsFilter: \"a/b 0 f\"",
@@ -76,4 +76,4 @@ TEST(ReadBack, OtherOptionsThanThePrinters_AreAProblem) {
 }
 
 }  // namespace
-}  // namespace driver_feature
+}  // namespace driver_feature::ppd

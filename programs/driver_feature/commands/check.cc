@@ -10,7 +10,7 @@
 #include "programs/common/console.h"
 #include "programs/driver_feature/commands/commands.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -34,51 +34,51 @@ constexpr std::array kRows = {
     ArgumentRow{"--explain", "CODE", "Explain a code of a finding, or all of them"},
 };
 
-Result<int> print(const std::string& text, int status) {
-  return writeToStandardOutput(text).map([status] { return status; });
+host::Result<int> print(const std::string& text, int status) {
+  return host::writeToStandardOutput(text).map([status] { return status; });
 }
 
-Result<int> explain(const std::string& code) {
-  if (code == "all") return print(explainAllCodes(), kSuccess);
-  const CodeRow* row = findCode(code);
+host::Result<int> explain(const std::string& code) {
+  if (code == "all") return print(check::explainAllCodes(), kSuccess);
+  const check::CodeRow* row = check::findCode(code);
   if (row != nullptr) return print(explainCode(*row), kSuccess);
-  return refused("there is no code \"" + code + "\"; --explain all lists the codes");
+  return host::refused("there is no code \"" + code + "\"; --explain all lists the codes");
 }
 
-int statusOf(const std::vector<FileReport>& reports, bool strict) {
+int statusOf(const std::vector<check::FileReport>& reports, bool strict) {
   const bool unusable = std::any_of(reports.begin(), reports.end(),
-                                    [](const FileReport& report) { return !report.usable; });
+                                    [](const check::FileReport& report) { return !report.usable; });
   if (unusable) return kUnusable;
   const bool failed =
-      std::any_of(reports.begin(), reports.end(), [strict](const FileReport& report) {
-        return countOf(report.findings, Severity::kError) > 0 ||
+      std::any_of(reports.begin(), reports.end(), [strict](const check::FileReport& report) {
+        return countOf(report.findings, check::Severity::kError) > 0 ||
                (strict && !report.findings.empty());
       });
   return failed ? kFailure : kSuccess;
 }
 
-Result<std::vector<FileReport>> checkAll(const std::vector<std::string>& files,
-                                         const SessionRequest& general) {
+host::Result<std::vector<check::FileReport>> checkAll(const std::vector<std::string>& files,
+                                                      const host::SessionRequest& general) {
   // What a library prints while it is loaded must not get into the report.
-  const StandardOutputDiversion diversion;
-  Result<Plugin> plugin = Plugin::load(general.library);
+  const host::StandardOutputDiversion diversion;
+  host::Result<host::Plugin> plugin = host::Plugin::load(general.library);
   if (!plugin) return failureOf(plugin);
   for (const std::string& routines : general.routines) {
-    if (Result<> loaded = loadRoutines(routines); !loaded) return failureOf(loaded);
+    if (host::Result<> loaded = host::loadRoutines(routines); !loaded) return failureOf(loaded);
   }
-  std::vector<FileReport> reports;
+  std::vector<check::FileReport> reports;
   for (const std::string& file : files) {
-    auto report = checkFile(file, *plugin);
+    auto report = check::checkFile(file, *plugin);
     if (!report) return failureOf(report);
     reports.push_back(std::move(*report));
   }
   return reports;
 }
 
-Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   if (arguments.has("--explain")) return explain(arguments.text("--explain"));
   if (!arguments.has("DESC")) {
-    return refused(
+    return host::refused(
         "a feature description is needed; driver-feature check --help explains the usage");
   }
   auto reports = checkAll(arguments.texts("DESC"), general);
@@ -93,4 +93,4 @@ Result<int> run(const Arguments& arguments, const SessionRequest& general) {
 const CommandRow kCheckCommand = {
     "check", "Find all faults of feature descriptions", kFooter, kRows, {}, &run};
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -4,7 +4,7 @@
 
 #include "programs/driver_feature/arguments.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 extern const CommandRow kCheckCommand;
 extern const CommandRow kShowCommand;
@@ -16,6 +16,6 @@ extern const CommandRow kImportCommand;
 extern const CommandRow kQueueCommand;
 extern const CommandRow kShellCommand;
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_COMMANDS_COMMANDS_H_

@@ -21,7 +21,7 @@
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -50,10 +50,11 @@ using Texts = std::vector<std::string>;
 // What is compared, in the order of the texts that take() returns.
 struct Section {
   const char* name;
-  OutputForm form;
+  host::OutputForm form;
 };
-constexpr Section kOutputs[] = {
-    {"ps", OutputForm::kPostScript}, {"pjl", OutputForm::kPjl}, {"ticket", OutputForm::kTicket}};
+constexpr Section kOutputs[] = {{"ps", host::OutputForm::kPostScript},
+                                {"pjl", host::OutputForm::kPjl},
+                                {"ticket", host::OutputForm::kTicket}};
 
 struct DiffRequest {
   std::string first;  // Settings files.
@@ -66,9 +67,10 @@ constexpr int kDifferent = 1;
 
 // The settings without their comments, and the outputs; or the lines that say
 // what is wrong, after an empty text.
-Texts take(const SessionRequest& request, const std::string& file, bool allowControlCharacters) {
-  const StandardOutputDiversion diversion;
-  Changes changes;
+Texts take(const host::SessionRequest& request, const std::string& file,
+           bool allowControlCharacters) {
+  const host::StandardOutputDiversion diversion;
+  host::Changes changes;
   changes.files = {file};
   changes.allowControlCharacters = allowControlCharacters;
   const auto session = openChanged(request, changes);
@@ -84,12 +86,14 @@ Texts take(const SessionRequest& request, const std::string& file, bool allowCon
 
 // In a child process, since the library keeps one set of features. The child has
 // said what was wrong when it returns no texts.
-Result<std::optional<Texts>> takeInChild(const SessionRequest& request, const std::string& file,
-                                         bool allowControlCharacters) {
-  auto texts = runInChild(ChildStreams::kShared,
+host::Result<std::optional<Texts>> takeInChild(const host::SessionRequest& request,
+                                               const std::string& file,
+                                               bool allowControlCharacters) {
+  auto texts = runInChild(host::ChildStreams::kShared,
                           [&] { return take(request, file, allowControlCharacters); });
   if (!texts) {
-    return refused(file + ": the values and outputs could not be made: " + texts.error().text);
+    return host::refused(file +
+                         ": the values and outputs could not be made: " + texts.error().text);
   }
   if (texts->empty()) return std::nullopt;
   return std::move(*texts);
@@ -108,8 +112,8 @@ Texts settingLines(const std::string& text) {
   return lines;
 }
 
-bool hasChange(const std::vector<DiffLine>& lines) {
-  return std::ranges::any_of(lines, [](const DiffLine& line) { return line.mark != ' '; });
+bool hasChange(const std::vector<host::DiffLine>& lines) {
+  return std::ranges::any_of(lines, [](const host::DiffLine& line) { return line.mark != ' '; });
 }
 
 bool isColoured() {
@@ -119,7 +123,7 @@ bool isColoured() {
          terminal != nullptr && std::string(terminal) != "dumb";
 }
 
-std::string composeLine(const DiffLine& line, bool coloured) {
+std::string composeLine(const host::DiffLine& line, bool coloured) {
   const std::string text = line.mark + line.text;
   const char* colour = line.mark == '-' ? "31" : line.mark == '+' ? "32" : "36";
   if (!coloured || line.mark == ' ') return text + "\n";
@@ -134,7 +138,8 @@ class Comparison {
     add("settings", settingLines(first[0]), settingLines(second[0]), 0);
     for (std::size_t i = 0; i < std::size(kOutputs); ++i) {
       constexpr std::size_t kContext = 3;
-      add(kOutputs[i].name, visibleLines(first[i + 1]), visibleLines(second[i + 1]), kContext);
+      add(kOutputs[i].name, host::visibleLines(first[i + 1]), host::visibleLines(second[i + 1]),
+          kContext);
     }
   }
 
@@ -145,7 +150,7 @@ class Comparison {
     for (const Part& part : parts_) {
       text += composeLine({'-', "-- " + request_.first + " (" + part.name + ")"}, coloured);
       text += composeLine({'+', "++ " + request_.second + " (" + part.name + ")"}, coloured);
-      for (const DiffLine& line : part.lines) text += composeLine(line, coloured);
+      for (const host::DiffLine& line : part.lines) text += composeLine(line, coloured);
     }
     return text;
   }
@@ -154,7 +159,7 @@ class Comparison {
     Json outputs = Json::object();
     for (const Part& part : parts_) {
       Json lines = Json::array();
-      for (const DiffLine& line : part.lines) lines.push_back(line.mark + line.text);
+      for (const host::DiffLine& line : part.lines) lines.push_back(line.mark + line.text);
       outputs[part.name] = lines;
     }
     const Json document = {{"first", request_.first},
@@ -168,24 +173,25 @@ class Comparison {
  private:
   struct Part {
     std::string name;
-    std::vector<DiffLine> lines;
+    std::vector<host::DiffLine> lines;
   };
 
   void add(const std::string& name, const Texts& first, const Texts& second, std::size_t context) {
-    const std::vector<DiffLine> lines = diffLines(first, second);
+    const std::vector<host::DiffLine> lines = host::diffLines(first, second);
     if (!hasChange(lines)) return;
-    std::vector<DiffLine> shown = withContext(lines, context);
-    if (context == 0) std::erase_if(shown, [](const DiffLine& line) { return line.mark == '@'; });
+    std::vector<host::DiffLine> shown = withContext(lines, context);
+    if (context == 0)
+      std::erase_if(shown, [](const host::DiffLine& line) { return line.mark == '@'; });
     parts_.push_back({name, shown});
   }
 
   Json valuesJson() const {
     std::map<std::string, std::string> before;
-    for (const SettingsLine& line : parseSettings(first_[0]).features) {
+    for (const host::SettingsLine& line : host::parseSettings(first_[0]).features) {
       before[line.setting.name] = line.setting.value;
     }
     Json values = Json::array();
-    for (const SettingsLine& line : parseSettings(second_[0]).features) {
+    for (const host::SettingsLine& line : host::parseSettings(second_[0]).features) {
       const auto& [name, value] = line.setting;
       if (before[name] == value) continue;
       values.push_back({{"name", name}, {"first", before[name]}, {"second", value}});
@@ -199,23 +205,23 @@ class Comparison {
   std::vector<Part> parts_;
 };
 
-Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   const DiffRequest request{arguments.text("FIRST"), arguments.text("SECOND"),
                             arguments.has("--allow-control-characters")};
-  SessionRequest session = sessionOf(arguments, general);
+  host::SessionRequest session = sessionOf(arguments, general);
   const auto first = takeInChild(session, request.first, request.allowControlCharacters);
   if (!first) return tl::unexpected(first.error());
   if (!*first) return kUnusable;
   // What the description causes has been reported once.
-  if (session.detail == LogDetail::kUsual) session.detail = LogDetail::kErrors;
+  if (session.detail == host::LogDetail::kUsual) session.detail = host::LogDetail::kErrors;
   const auto second = takeInChild(session, request.second, request.allowControlCharacters);
   if (!second) return tl::unexpected(second.error());
   if (!*second) return kUnusable;
   const Comparison comparison(request, **first, **second);
-  Result<> written = writeToStandardOutput(arguments.has("--json") ? comparison.json()
-                                                                   : comparison.text(isColoured()));
+  host::Result<> written = host::writeToStandardOutput(
+      arguments.has("--json") ? comparison.json() : comparison.text(isColoured()));
   // 1 says that there is a difference.
-  if (!written) return refused(written.error().text);
+  if (!written) return host::refused(written.error().text);
   return comparison.isDifferent() ? kDifferent : kSame;
 }
 
@@ -224,4 +230,4 @@ Result<int> run(const Arguments& arguments, const SessionRequest& general) {
 const CommandRow kDiffCommand = {
     "diff", "Compare what two settings files change", kFooter, kRows, {}, &run};
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -11,7 +11,7 @@
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -25,23 +25,24 @@ constexpr const char* kFooter =
 
 constexpr std::array kRows = {kDescriptionRow};
 
-Result<std::unique_ptr<Session>> open(const SessionRequest& request, const Changes& changes) {
-  const StandardOutputDiversion diversion;
+host::Result<std::unique_ptr<host::Session>> open(const host::SessionRequest& request,
+                                                  const host::Changes& changes) {
+  const host::StandardOutputDiversion diversion;
   return openChanged(request, changes);
 }
 
-Result<int> run(const Arguments& arguments, const SessionRequest& general) {
-  const Changes changes = changesOf(arguments);
+host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
+  const host::Changes changes = changesOf(arguments);
   auto session = open(sessionOf(arguments, general), changes);
   if (!session) return failureOf(session);
-  Result<> saved = writeAllOutputs(outputsToSave(**session, changes));
+  host::Result<> saved = writeAllOutputs(outputsToSave(**session, changes));
   if (!saved) return failureOf(saved);
   // The library prints through the C++ stream that this program shares.
   errno = 0;
   (*session)->features().dumpFeatureListValues();
   if (std::cout.good()) return kSuccess;
-  return fail(Problem::Kind::kNotWritten, std::string("standard output cannot be written: ") +
-                                              std::strerror(errno != 0 ? errno : EIO));
+  return fail(host::Problem::Kind::kNotWritten, std::string("standard output cannot be written: ") +
+                                                    std::strerror(errno != 0 ? errno : EIO));
 }
 
 }  // namespace
@@ -49,4 +50,4 @@ Result<int> run(const Arguments& arguments, const SessionRequest& general) {
 const CommandRow kDumpCommand = {
     "dump", "Let the library print its whole model", kFooter, kRows, kChangeRows, &run};
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -9,7 +9,7 @@
 #include "programs/driver_feature/commands/commands.h"
 #include "programs/driver_feature/work.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -42,16 +42,16 @@ constexpr std::array kRows = {
 
 // One output: its form, and the file that receives it.
 struct FormRequest {
-  OutputForm form = OutputForm::kPostScript;
+  host::OutputForm form = host::OutputForm::kPostScript;
   std::string file;  // Empty for the file of --output.
 };
 
 // Adds what one --to asks for.
-Result<> addForms(const std::string& text, std::vector<FormRequest>& forms) {
+host::Result<> addForms(const std::string& text, std::vector<FormRequest>& forms) {
   const std::size_t equals = text.find('=');
   const bool hasFile = equals != std::string::npos;
   if (hasFile && equals + 1 == text.size()) {
-    return refused("--to: \"" + text + "\" names no file; give one after the equals sign");
+    return host::refused("--to: \"" + text + "\" names no file; give one after the equals sign");
   }
   const std::string file = hasFile ? text.substr(equals + 1) : "";
   std::string rest = hasFile ? text.substr(0, equals) : text;
@@ -59,8 +59,9 @@ Result<> addForms(const std::string& text, std::vector<FormRequest>& forms) {
     const std::size_t comma = hasFile ? std::string::npos : rest.find(',');
     more = comma != std::string::npos;
     const std::string name = rest.substr(0, comma);
-    const auto form = formNamed(name);
-    if (!form) return refused("--to: there is no form \"" + name + "\"; give ps, pjl or ticket");
+    const auto form = host::formNamed(name);
+    if (!form)
+      return host::refused("--to: there is no form \"" + name + "\"; give ps, pjl or ticket");
     forms.push_back({*form, file});
     if (more) rest.erase(0, comma + 1);
   }
@@ -69,32 +70,33 @@ Result<> addForms(const std::string& text, std::vector<FormRequest>& forms) {
 
 // The forms that the line asks for. Refused when the outputs cannot go where they
 // are to go.
-Result<std::vector<FormRequest>> formsOf(const Arguments& arguments) {
+host::Result<std::vector<FormRequest>> formsOf(const Arguments& arguments) {
   std::vector<FormRequest> forms;
   for (const std::string& text : arguments.texts("--to")) {
-    if (Result<> added = addForms(text, forms); !added) return failureOf(added);
+    if (host::Result<> added = addForms(text, forms); !added) return failureOf(added);
   }
   std::size_t without = 0;
   for (const FormRequest& form : forms) without += form.file.empty() ? 1 : 0;
   if (without > 1) {
-    return refused(
+    return host::refused(
         "several forms cannot share one output; give each a file, as in --to ps=job.ps --to "
         "pjl=job.pjl");
   }
   const std::string file = arguments.text("--output");
   if (without == 0 && !file.empty()) {
-    return refused("--output " + file +
-                   " is for a form without a file of its own; leave it out, or the file of a form");
+    return host::refused(
+        "--output " + file +
+        " is for a form without a file of its own; leave it out, or the file of a form");
   }
   return forms;
 }
 
-Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   auto forms = formsOf(arguments);
   if (!forms) return failureOf(forms);
   return workOnDescription(
       sessionOf(arguments, general), changesOf(arguments),
-      [&](Session& session, std::vector<OutputText>& outputs) -> Result<> {
+      [&](host::Session& session, std::vector<host::OutputText>& outputs) -> host::Result<> {
         for (const FormRequest& form : *forms) {
           outputs.push_back({form.file.empty() ? arguments.text("--output") : form.file, ""});
           session.features().serialize(outputs.back().bytes, static_cast<int>(form.form),
@@ -111,4 +113,4 @@ Result<int> run(const Arguments& arguments, const SessionRequest& general) {
 const CommandRow kEmitCommand = {
     "emit", "Write printer-ready output of the features", kFooter, kRows, kChangeRows, &run};
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

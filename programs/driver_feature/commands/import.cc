@@ -9,7 +9,7 @@
 #include "programs/driver_feature/commands/commands.h"
 #include "programs/driver_feature/commands/import_run.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -49,21 +49,21 @@ void chooseLanguage() {
   ::setenv("LC_MESSAGES", "C", 1);
 }
 
-Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   const ImportStyle style{general.detail, arguments.has("--strict")};
   const std::vector<std::string>& files = arguments.texts("PPD");
   const std::string folder = arguments.text("--all");
   const std::string output = arguments.text("--output");
   chooseLanguage();
   if (files.empty() == folder.empty()) {
-    return refused(
+    return host::refused(
         "either PPD files or --all DIR is needed; driver-feature import --help explains the usage");
   }
   if (files.size() == 1) return importOne({files.front(), output.empty() ? "-" : output}, style);
   if (folder.empty()) return importAll(planFiles(files, output), style);
   const ImportPlan plan = planFolder(folder, output);
   if (plan.jobs.empty() && plan.problems.empty()) {
-    return refused(folder + ": there is no file named *.ppd or *.ppd.gz in the folder");
+    return host::refused(folder + ": there is no file named *.ppd or *.ppd.gz in the folder");
   }
   return importAll(plan, style);
 }
@@ -73,4 +73,4 @@ Result<int> run(const Arguments& arguments, const SessionRequest& general) {
 const CommandRow kImportCommand = {
     "import", "Make feature descriptions of PPD files", kFooter, kRows, {}, &run};
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

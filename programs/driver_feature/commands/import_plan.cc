@@ -8,7 +8,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -85,4 +85,4 @@ ImportPlan planFolder(const std::string& source, const std::string& folder) {
   return planner.take();
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

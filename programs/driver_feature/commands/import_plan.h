@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 struct ImportJob {
   std::string file;    // The PPD file.
@@ -28,6 +28,6 @@ ImportPlan planFiles(const std::vector<std::string>& files, const std::string& f
 // of their files below `folder`.
 ImportPlan planFolder(const std::string& source, const std::string& folder);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_COMMANDS_IMPORT_PLAN_H_

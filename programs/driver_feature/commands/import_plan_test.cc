@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -42,4 +42,4 @@ TEST(ImportPlanTest, Files_TwoForOneDescription_SecondIsLeftOut) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -12,7 +12,7 @@
 #include "programs/driver_feature/commands/loss_report.h"
 #include "programs/driver_feature/commands/progress.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -50,7 +50,7 @@ class Run {
 
  private:
   void one(const ImportJob& job) {
-    const auto description = importPpd(job.file);
+    const auto description = ppd::importPpd(job.file);
     if (!description) return fail(description.error().cause, description.error().text);
     reportLosses(job.file, description->losses);
     if (style_.isStrict && losesChoices(description->losses)) {
@@ -59,7 +59,7 @@ class Run {
     std::error_code ignored;  // The file then cannot be written, which is told.
     const auto folder = std::filesystem::path(job.output).parent_path();
     if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
-    if (const Result<> written = writeToFile(job.output, description->text); !written) {
+    if (const host::Result<> written = host::writeToFile(job.output, description->text); !written) {
       ++unwritten_;
       return fail("description cannot be written", written.error().text);
     }
@@ -74,11 +74,11 @@ class Run {
     printError(text);
   }
 
-  void reportLosses(const std::string& file, const Losses& losses) {
+  void reportLosses(const std::string& file, const ppd::Losses& losses) {
     for (const auto& [kind, number] : countsOf(losses)) losses_[kind] += number;
-    if (style_.detail == LogDetail::kErrors) return;
+    if (style_.detail == host::LogDetail::kErrors) return;
     progress_.clear();
-    const bool all = style_.detail == LogDetail::kAll;
+    const bool all = style_.detail == host::LogDetail::kAll;
     printLosses(file, all ? losses.lines() : summaryOf(losses, ""));
   }
 
@@ -93,9 +93,10 @@ class Run {
                counted(features_, "feature", "features") + " and " +
                counted(options_, "option", "options"));
     const std::string lost = countText(losses_);
-    const char* hint = style_.detail == LogDetail::kAll ? "" : kHint;
+    const char* hint = style_.detail == host::LogDetail::kAll ? "" : kHint;
     if (!lost.empty()) printError("not carried over in all: " + lost + hint);
-    if (failed > 0) printError(counted(failed, "failure", "failures") + ": " + join(causes, ", "));
+    if (failed > 0)
+      printError(counted(failed, "failure", "failures") + ": " + host::join(causes, ", "));
   }
 
   const ImportPlan& plan_;
@@ -111,25 +112,26 @@ class Run {
 
 }  // namespace
 
-Result<int> importOne(const ImportJob& job, const ImportStyle& style) {
+host::Result<int> importOne(const ImportJob& job, const ImportStyle& style) {
   std::error_code ignored;  // The two are then not the same file.
   if (job.output != "-" && std::filesystem::equivalent(job.file, job.output, ignored)) {
-    return refused(job.output + ": is the PPD file itself; give the description another name");
+    return host::refused(job.output +
+                         ": is the PPD file itself; give the description another name");
   }
-  auto description = importPpd(job.file);
+  auto description = ppd::importPpd(job.file);
   if (!description) return failureOf(description);
-  const Losses& losses = description->losses;
-  if (style.detail == LogDetail::kAll) printLosses(job.file, losses.lines());
-  if (style.detail == LogDetail::kUsual) printLosses(job.file, summaryOf(losses, kHint));
+  const ppd::Losses& losses = description->losses;
+  if (style.detail == host::LogDetail::kAll) printLosses(job.file, losses.lines());
+  if (style.detail == host::LogDetail::kUsual) printLosses(job.file, summaryOf(losses, kHint));
   if (style.isStrict && losesChoices(losses)) {
     printError(refusalOf(job.file));
     return kLossy;
   }
-  return writeToFile(job.output, description->text).map([] { return kSuccess; });
+  return host::writeToFile(job.output, description->text).map([] { return kSuccess; });
 }
 
 int importAll(const ImportPlan& plan, const ImportStyle& style) {
   return Run(plan, style).all();
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -8,10 +8,10 @@
 #include "host/session/log.h"
 #include "programs/driver_feature/commands/import_plan.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 struct ImportStyle {
-  LogDetail detail = LogDetail::kUsual;
+  host::LogDetail detail = host::LogDetail::kUsual;
   // Whether a file that loses parts of options or constraints is refused: its
   // description is then not written.
   bool isStrict = false;
@@ -23,7 +23,7 @@ inline constexpr int kLossy = 3;
 // Imports one file to `output`; "-" is standard output. Sums up what is not
 // carried over, unless only errors are to be shown; with LogDetail::kAll names
 // everything. Returns the program's exit status.
-Result<int> importOne(const ImportJob& job, const ImportStyle& style);
+host::Result<int> importOne(const ImportJob& job, const ImportStyle& style);
 
 // Imports every file of the plan, whatever becomes of the others, and sums up
 // for each file and in all. Shows on a terminal how far it is. Returns 1 when
@@ -31,6 +31,6 @@ Result<int> importOne(const ImportJob& job, const ImportStyle& style);
 // be read, else 3 when a file was refused.
 int importAll(const ImportPlan& plan, const ImportStyle& style);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_COMMANDS_IMPORT_RUN_H_

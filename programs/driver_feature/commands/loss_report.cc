@@ -4,7 +4,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -12,15 +12,15 @@ namespace {
 constexpr std::size_t kNamed = 5;
 
 struct KindRow {
-  LossKind kind;
+  ppd::LossKind kind;
   const char* one;
   const char* several;
 };
 
-constexpr KindRow kKinds[] = {{LossKind::kOption, "part of an option", "parts of options"},
-                              {LossKind::kConstraint, "constraint", "constraints"},
-                              {LossKind::kText, "text for users", "texts for users"},
-                              {LossKind::kKeyword, "other keyword", "other keywords"}};
+constexpr KindRow kKinds[] = {{ppd::LossKind::kOption, "part of an option", "parts of options"},
+                              {ppd::LossKind::kConstraint, "constraint", "constraints"},
+                              {ppd::LossKind::kText, "text for users", "texts for users"},
+                              {ppd::LossKind::kKeyword, "other keyword", "other keywords"}};
 
 }  // namespace
 
@@ -28,7 +28,7 @@ std::string counted(long number, const std::string& one, const std::string& seve
   return std::to_string(number) + " " + (number == 1 ? one : several);
 }
 
-LossCounts countsOf(const Losses& losses) {
+LossCounts countsOf(const ppd::Losses& losses) {
   LossCounts counts;
   for (const KindRow& row : kKinds) counts[row.kind] = losses.count(row.kind);
   return counts;
@@ -41,13 +41,13 @@ std::string countText(const LossCounts& counts) {
     if (loss == counts.end() || loss->second == 0) continue;
     texts.push_back(counted(loss->second, row.one, row.several));
   }
-  return join(texts, ", ");
+  return host::join(texts, ", ");
 }
 
-std::vector<std::string> summaryOf(const Losses& losses, const std::string& hint) {
-  std::vector<std::string> lines = losses.lines(LossKind::kOption);
+std::vector<std::string> summaryOf(const ppd::Losses& losses, const std::string& hint) {
+  std::vector<std::string> lines = losses.lines(ppd::LossKind::kOption);
   LossCounts counts = countsOf(losses);
-  counts.erase(LossKind::kOption);
+  counts.erase(ppd::LossKind::kOption);
   std::string rest;
   if (lines.size() > kNamed) {
     const auto more = static_cast<long>(lines.size() - kNamed);
@@ -60,8 +60,8 @@ std::vector<std::string> summaryOf(const Losses& losses, const std::string& hint
   return lines;
 }
 
-bool losesChoices(const Losses& losses) {
-  return losses.count(LossKind::kOption) > 0 || losses.count(LossKind::kConstraint) > 0;
+bool losesChoices(const ppd::Losses& losses) {
+  return losses.count(ppd::LossKind::kOption) > 0 || losses.count(ppd::LossKind::kConstraint) > 0;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -8,28 +8,28 @@
 
 #include "host/ppd/import/losses.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // How many things of each kind there are.
-using LossCounts = std::map<LossKind, long>;
+using LossCounts = std::map<ppd::LossKind, long>;
 
-LossCounts countsOf(const Losses& losses);
+LossCounts countsOf(const ppd::Losses& losses);
 
 // "2 constraints, 1 text for users"; empty when there are none.
 std::string countText(const LossCounts& counts);
 
 // A few lines for a file: the first parts of options by their names, and one
 // with the number of all other losses. `hint` ends the latter.
-std::vector<std::string> summaryOf(const Losses& losses, const std::string& hint);
+std::vector<std::string> summaryOf(const ppd::Losses& losses, const std::string& hint);
 
 // Whether something is lost that an option does or that forbids a combination
 // of choices. Texts and keywords that no description has a place for, which
 // nearly every PPD file holds, are not counted.
-bool losesChoices(const Losses& losses);
+bool losesChoices(const ppd::Losses& losses);
 
 // "1 file", "2 files".
 std::string counted(long number, const std::string& one, const std::string& several);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_COMMANDS_LOSS_REPORT_H_

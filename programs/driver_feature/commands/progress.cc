@@ -6,7 +6,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -14,7 +14,7 @@ constexpr std::size_t kColumns = 79;
 
 // The end of a text that fits on the line.
 std::string lastColumns(const std::string& text, std::size_t columns) {
-  const auto characters = splitCharacters(text);
+  const auto characters = host::splitCharacters(text);
   if (characters.size() <= columns) return text;
   std::string end = "...";
   for (std::size_t i = characters.size() - (columns - end.size()); i < characters.size(); ++i) {
@@ -37,7 +37,7 @@ void Progress::next(const std::string& name) {
   if (!isTerminal_) return;
   const std::string head = std::to_string(number_) + " of " + std::to_string(total_) + ": ";
   clear();
-  write(head + lastColumns(printable(name), kColumns - head.size()));
+  write(head + lastColumns(host::printable(name), kColumns - head.size()));
   isShown_ = true;
 }
 
@@ -47,4 +47,4 @@ void Progress::clear() {
   isShown_ = false;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

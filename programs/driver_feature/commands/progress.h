@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // Writes to standard error when that is a terminal, else nothing.
 class Progress {
@@ -26,6 +26,6 @@ class Progress {
   bool isShown_ = false;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_COMMANDS_PROGRESS_H_

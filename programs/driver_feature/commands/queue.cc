@@ -17,7 +17,7 @@
 #include "programs/driver_feature/commands/commands.h"
 #include "programs/driver_feature/work.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -56,8 +56,8 @@ std::string absolutePath(const std::string& path) {
   return (fs::equivalent(whole, normal, ignored) ? normal : whole).string();
 }
 
-QueueRequest requestOf(const Arguments& arguments, const SessionRequest& general) {
-  QueueRequest request;
+ppd::QueueRequest requestOf(const Arguments& arguments, const host::SessionRequest& general) {
+  ppd::QueueRequest request;
   request.description = absolutePath(arguments.text("DESC"));
   request.library = absolutePath(general.library);
   for (const std::string& routines : general.routines) {
@@ -68,8 +68,8 @@ QueueRequest requestOf(const Arguments& arguments, const SessionRequest& general
 }
 
 // An option of the PPD that the description has no feature for does nothing.
-void warnOfOptions(const Arguments& arguments, const Model& model, ppd_file_t& ppd) {
-  for (ppd_option_t* option : optionsOf(ppd)) {
+void warnOfOptions(const Arguments& arguments, const host::Model& model, ppd_file_t& ppd) {
+  for (ppd_option_t* option : ppd::optionsOf(ppd)) {
     const std::string keyword = option->keyword;
     const auto next = model.features.lower_bound(keyword + ".");
     const bool hasChoices = next != model.features.end() && next->first.starts_with(keyword + ".");
@@ -81,59 +81,61 @@ void warnOfOptions(const Arguments& arguments, const Model& model, ppd_file_t& p
 
 // Of a PPD that libcups could not use. `origins` is empty for one that was made
 // of the description.
-Failure refusePpd(const Arguments& arguments, const UnusablePpd& unusable,
-                  const std::vector<int>& origins) {
+host::Failure refusePpd(const Arguments& arguments, const ppd::UnusablePpd& unusable,
+                        const std::vector<int>& origins) {
   const bool isMade = !arguments.has("--ppd");
   std::string place = isMade ? arguments.text("DESC") : arguments.text("--ppd");
   const auto line = static_cast<std::size_t>(std::max(unusable.line, 0));
   if (line > 0 && line <= origins.size() && origins[line - 1] > 0) {
     place += ":" + std::to_string(origins[line - 1]);
   }
-  return refused(place + ": libcups cannot use the queue's PPD that would be made of it: " +
-                 unusable.reason + "; nothing is written; " +
-                 (isMade ? "give the printer's PPD with --ppd"
-                         : "correct the PPD (cupstestppd explains more)"));
+  return host::refused(place + ": libcups cannot use the queue's PPD that would be made of it: " +
+                       unusable.reason + "; nothing is written; " +
+                       (isMade ? "give the printer's PPD with --ppd"
+                               : "correct the PPD (cupstestppd explains more)"));
 }
 
 // Made of the description.
-Result<std::string> composeMade(const Arguments& arguments, const Session& session,
-                                const std::vector<std::string>& lines) {
+host::Result<std::string> composeMade(const Arguments& arguments, const host::Session& session,
+                                      const std::vector<std::string>& lines) {
   const std::string stem = fs::path(arguments.text("DESC")).stem();
-  const MinimalPpd ppd = minimalPpd(session.model(), arguments.text("--name", stem), lines);
-  if (const auto unusable = readBack(ppd.text, lines, nullptr)) {
+  const ppd::MinimalPpd ppd =
+      ppd::minimalPpd(session.model(), arguments.text("--name", stem), lines);
+  if (const auto unusable = ppd::readBack(ppd.text, lines, nullptr)) {
     return refusePpd(arguments, *unusable, {});
   }
   for (const std::string& loss : ppd.losses) printError("not in the PPD: " + loss);
   return ppd.text;
 }
 
-Result<std::string> compose(const Arguments& arguments, const Session& session,
-                            std::vector<std::string> lines) {
+host::Result<std::string> compose(const Arguments& arguments, const host::Session& session,
+                                  std::vector<std::string> lines) {
   if (!arguments.has("--ppd")) return composeMade(arguments, session, lines);
   const std::string file = arguments.text("--ppd");
-  Result<PpdPointer> ppd = readPpd(file);
+  host::Result<ppd::PpdPointer> ppd = ppd::readPpd(file);
   if (!ppd) return failureOf(ppd);
-  const std::string bytes = ppdBytes(file);
+  const std::string bytes = ppd::ppdBytes(file);
   if (bytes.empty()) {
-    return refused(file + ": cannot be read a second time; give a file instead of a pipe");
+    return host::refused(file + ": cannot be read a second time; give a file instead of a pipe");
   }
   // The queue's own lines first: a PPD that has been through here comes out as it
   // was.
-  for (const std::string& line : jobEndLines(**ppd)) lines.push_back(line);
-  for (const std::string& line : mediaLines(**ppd)) lines.push_back(line);
-  const QueueText queue = withQueueLines(bytes, lines);
-  if (const auto unusable = readBack(queue.text, lines, ppd->get())) {
+  for (const std::string& line : ppd::jobEndLines(**ppd)) lines.push_back(line);
+  for (const std::string& line : ppd::mediaLines(**ppd)) lines.push_back(line);
+  const ppd::QueueText queue = ppd::withQueueLines(bytes, lines);
+  if (const auto unusable = ppd::readBack(queue.text, lines, ppd->get())) {
     return refusePpd(arguments, *unusable, queue.origins);
   }
   warnOfOptions(arguments, session.model(), **ppd);
   return queue.text;
 }
 
-Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   auto lines = queueLines(requestOf(arguments, general));
   if (!lines) return failureOf(lines);
   return workOnDescription(
-      sessionOf(arguments, general), {}, [&](Session& session, std::vector<OutputText>& outputs) {
+      sessionOf(arguments, general), {},
+      [&](host::Session& session, std::vector<host::OutputText>& outputs) {
         return compose(arguments, session, *lines).map([&](std::string text) {
           outputs.push_back({arguments.text("--output", "-"), std::move(text)});
         });
@@ -145,4 +147,4 @@ Result<int> run(const Arguments& arguments, const SessionRequest& general) {
 const CommandRow kQueueCommand = {"queue", "Write the PPD of a print queue", kFooter, kRows, {},
                                   &run};
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

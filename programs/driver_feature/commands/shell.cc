@@ -16,7 +16,7 @@
 #include "programs/driver_feature/commands/commands.h"
 #include "programs/driver_feature/shell/line_editor.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -68,19 +68,19 @@ class Script {
   std::size_t number_ = 0;
 };
 
-Result<int> runScript(Shell& shell, bool keepGoing) {
+host::Result<int> runScript(Shell& shell, bool keepGoing) {
   int status = kSuccess;
   Script script;
   std::string line;
   while (!shell.hasEnded() && script.read(line)) {
-    const Result<> done = shell.execute(line);
+    const host::Result<> done = shell.execute(line);
     if (done) continue;
     printError("standard input:" + std::to_string(script.number()) + ": " + describe(done.error()));
     if (status == kSuccess) status = statusOf(done.error());
     if (!keepGoing) return status;
   }
   if (!Script::hasFailed()) return status;
-  return fail(Problem::Kind::kUnreadable,
+  return fail(host::Problem::Kind::kUnreadable,
               "standard input cannot be read; give a script or use a terminal");
 }
 
@@ -88,21 +88,21 @@ int runTerminal(Shell& shell, const Transcript& transcript) {
   LineEditor editor(shell);
   std::string line;
   while (!shell.hasEnded() && editor.read(line)) {
-    if (const Result<> done = shell.execute(line); !done) {
+    if (const host::Result<> done = shell.execute(line); !done) {
       transcript.refuse(describe(done.error()));
     }
   }
   return kSuccess;
 }
 
-Result<std::unique_ptr<Session>> open(const SessionRequest& request) {
-  const StandardOutputDiversion diversion;
-  auto session = Session::open(request);
+host::Result<std::unique_ptr<host::Session>> open(const host::SessionRequest& request) {
+  const host::StandardOutputDiversion diversion;
+  auto session = host::Session::open(request);
   if (session) (*session)->log().release();
   return session;
 }
 
-Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   const Transcript transcript;
   auto session = open(sessionOf(arguments, general));
   if (!session) return failureOf(session);
@@ -118,4 +118,4 @@ Result<int> run(const Arguments& arguments, const SessionRequest& general) {
 const CommandRow kShellCommand = {
     "shell", "Work on a description line by line, or by a script", kFooter, kRows, {}, &run};
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

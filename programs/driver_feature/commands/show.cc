@@ -9,7 +9,7 @@
 #include "programs/driver_feature/show/show_details.h"
 #include "programs/driver_feature/work.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -33,21 +33,22 @@ constexpr std::array kRows = {
     ArgumentRow{"--json", "", "Print a JSON document"},
 };
 
-Result<std::string> compose(const Arguments& arguments, const Session& session, std::size_t width) {
-  const Model& model = session.model();
+host::Result<std::string> compose(const Arguments& arguments, const host::Session& session,
+                                  std::size_t width) {
+  const host::Model& model = session.model();
   CoreFeatureSet& set = session.features();
   const std::string name = arguments.text("NAME");
   const bool json = arguments.has("--json");
   if (!arguments.has("NAME")) return json ? showJson(model, set) : showTable(model, set, width);
-  if (Result<> found = checkDetails(model, name); !found) return failureOf(found);
+  if (host::Result<> found = checkDetails(model, name); !found) return failureOf(found);
   return json ? detailsJson(model, set, name) : detailsText(model, set, name, width);
 }
 
-Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   const std::size_t width = terminalWidth();
   return workOnDescription(
       sessionOf(arguments, general), changesOf(arguments),
-      [&](Session& session, std::vector<OutputText>& outputs) {
+      [&](host::Session& session, std::vector<host::OutputText>& outputs) {
         return compose(arguments, session, width).map([&outputs](std::string text) {
           outputs.push_back({"", std::move(text)});
         });
@@ -59,4 +60,4 @@ Result<int> run(const Arguments& arguments, const SessionRequest& general) {
 const CommandRow kShowCommand = {
     "show", "Show the features with their values and choices", kFooter, kRows, kChangeRows, &run};
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -15,7 +15,7 @@
 #include "programs/driver_feature/show/show.h"
 #include "programs/driver_feature/table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -33,13 +33,13 @@ constexpr std::array kRows = {kDescriptionRow};
 
 using Values = std::map<std::string, std::string>;
 
-Values valuesOf(const Model& model) {
+Values valuesOf(const host::Model& model) {
   Values values;
   for (const auto& [name, feature] : model.features) values[name] = valueText(feature);
   return values;
 }
 
-AttributeMap namesOf(const Model& model) {
+AttributeMap namesOf(const host::Model& model) {
   AttributeMap names;
   for (const auto& [name, feature] : model.features) names[name];
   return names;
@@ -59,19 +59,19 @@ bool compare(const Values& before, const Values& changed, const Values& after, s
 }
 
 struct Trial {
-  std::vector<OutputText> outputs;
+  std::vector<host::OutputText> outputs;
   bool restored = false;
 };
 
-Result<Trial> tryChanges(const SessionRequest& request, const Changes& changes) {
-  const StandardOutputDiversion diversion;
-  auto opened = Session::open(request);
+host::Result<Trial> tryChanges(const host::SessionRequest& request, const host::Changes& changes) {
+  const host::StandardOutputDiversion diversion;
+  auto opened = host::Session::open(request);
   if (!opened) return failureOf(opened);
-  Session& session = **opened;
+  host::Session& session = **opened;
   AttributeMap names = namesOf(session.model());
   const Values before = valuesOf(session.model());
   session.save(names);
-  if (Result<> made = makeChanges(session, changes); !made) return failureOf(made);
+  if (host::Result<> made = makeChanges(session, changes); !made) return failureOf(made);
   const Values changed = valuesOf(session.model());
   Trial trial{outputsToSave(session, changes)};
   session.restore(names);
@@ -80,12 +80,12 @@ Result<Trial> tryChanges(const SessionRequest& request, const Changes& changes) 
   return trial;
 }
 
-Result<int> run(const Arguments& arguments, const SessionRequest& general) {
+host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   auto trial = tryChanges(sessionOf(arguments, general), changesOf(arguments));
   if (!trial) return failureOf(trial);
-  if (Result<> written = writeAllOutputs(trial->outputs); !written) return failureOf(written);
+  if (host::Result<> written = writeAllOutputs(trial->outputs); !written) return failureOf(written);
   if (trial->restored) return kSuccess;
-  return fail(Problem::Kind::kDifferent,
+  return fail(host::Problem::Kind::kDifferent,
               "not every value was restored; a routine of the description changes them");
 }
 
@@ -96,4 +96,4 @@ const CommandRow kTryCommand = {
     kFooter,     kRows,
     kChangeRows, &run};
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

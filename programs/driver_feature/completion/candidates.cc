@@ -8,7 +8,7 @@
 #include "host/session/output_form.h"
 #include "programs/driver_feature/completion/place.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -47,50 +47,50 @@ void addForms(Composer& composer) {
   if (equals != std::string::npos) return composer.addFiles(word.substr(0, equals + 1));
   const std::size_t comma = word.rfind(',');
   const std::string before = comma == std::string::npos ? "" : word.substr(0, comma + 1);
-  for (const std::string& form : formNames()) composer.add(before + form);
+  for (const std::string& form : host::formNames()) composer.add(before + form);
 }
 
 // Calls `visit` for the elements of the description that the line names; for
 // none when it cannot be read. Reads it without the feature library: completing
 // a line must not run routines of a description.
-void forEachNamed(const Composer& composer, Role role,
-                  const std::function<void(const Element&)>& visit) {
-  const Result<Document> document = Document::read(composer.place().description);
+void forEachNamed(const Composer& composer, host::Role role,
+                  const std::function<void(const host::Element&)>& visit) {
+  const host::Result<host::Document> document = host::Document::read(composer.place().description);
   if (!document) return;
-  forEachElement(*elementsOf(*document).description, [&](const Element& element) {
+  forEachElement(*elementsOf(*document).description, [&](const host::Element& element) {
     if (element.role == role) visit(element);
   });
 }
 
-void addNamed(Composer& composer, Role role, const char* meaning) {
+void addNamed(Composer& composer, host::Role role, const char* meaning) {
   forEachNamed(composer, role,
-               [&](const Element& element) { composer.add(element.name(), meaning); });
+               [&](const host::Element& element) { composer.add(element.name(), meaning); });
 }
 
 void addSettings(Composer& composer) {
   const std::string& word = composer.place().word;
   const bool valueBegun = word.find('=') != std::string::npos;
-  forEachNamed(composer, Role::kFeature, [&](const Element& feature) {
+  forEachNamed(composer, host::Role::kFeature, [&](const host::Element& feature) {
     if (!feature.kind || !holdsValue(*feature.kind)) return;
     const std::string start = feature.name() + "=";
     if (!valueBegun) composer.add(start, wordOf(*feature.kind));
     if (!valueBegun || !word.starts_with(start)) return;
     for (const auto& option : feature.children) {
-      if (option->role == Role::kOption) composer.add(start + option->name());
+      if (option->role == host::Role::kOption) composer.add(start + option->name());
     }
   });
 }
 
 void addNames(Composer& composer) {
-  forEachNamed(composer, Role::kFeature, [&](const Element& feature) {
+  forEachNamed(composer, host::Role::kFeature, [&](const host::Element& feature) {
     composer.add(feature.name(), feature.text("FeatureType"));
   });
-  addNamed(composer, Role::kStaticGroup, "static group");
-  addNamed(composer, Role::kDynamicGroup, "dynamic group");
+  addNamed(composer, host::Role::kStaticGroup, "static group");
+  addNamed(composer, host::Role::kDynamicGroup, "dynamic group");
 }
 
 void addDynamicGroups(Composer& composer) {
-  addNamed(composer, Role::kDynamicGroup, "dynamic group");
+  addNamed(composer, host::Role::kDynamicGroup, "dynamic group");
 }
 
 using AddKind = void (*)(Composer&);
@@ -159,4 +159,4 @@ std::string completionText(const Completion& completion) {
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -7,7 +7,7 @@
 
 #include "programs/driver_feature/arguments.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 struct Candidate {
   std::string text;     // The whole word, what is typed of it included.
@@ -34,6 +34,6 @@ bool hasKnownKinds(const ArgumentRow& argument);
 // text, a tab and its meaning. Candidates with control characters are left out.
 std::string completionText(const Completion& completion);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_COMPLETION_CANDIDATES_H_

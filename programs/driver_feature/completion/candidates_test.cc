@@ -9,7 +9,7 @@
 #include "programs/driver_feature/command_line.h"
 #include "programs/driver_feature/completion/place.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -134,4 +134,4 @@ TEST(CompletionTest, HasKnownKinds_OtherKind_IsFalse) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -1,6 +1,6 @@
 #include "programs/driver_feature/completion/place.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -122,4 +122,4 @@ Place findPlace(const ProgramRows& program, const std::vector<std::string>& word
   return walk.end(words.empty() ? "" : words.back());
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -8,7 +8,7 @@
 
 #include "programs/driver_feature/arguments.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 struct Place {
   const CommandRow* command = nullptr;    // The command given so far; null before there is one.
@@ -29,6 +29,6 @@ Place findPlace(const ProgramRows& program, const std::vector<std::string>& word
 // program's own.
 std::vector<const ArgumentRow*> optionsAt(const ProgramRows& program, const CommandRow* command);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_COMPLETION_PLACE_H_

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -108,4 +108,4 @@ TEST(PlaceTest, OptionsAt_Command_ListsItsOwnAndTheGeneralOnes) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

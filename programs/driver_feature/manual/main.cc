@@ -24,9 +24,9 @@ int main(int argc, char** argv) {
   if (!input) return fail(std::string("cannot read ") + argv[1]);
   const std::string page{std::istreambuf_iterator<char>(input), std::istreambuf_iterator<char>()};
 
-  auto parts = driver_feature::manualParts(driver_feature::programRows());
+  auto parts = driver_feature::cli::manualParts(driver_feature::cli::programRows());
   parts["VERSION"] = argv[3];
-  const auto filled = driver_feature::fillMarks(page, parts);
+  const auto filled = driver_feature::cli::fillMarks(page, parts);
   if (!filled) return fail(std::string(argv[1]) + ": " + filled.error().text);
 
   std::ofstream output(argv[2]);

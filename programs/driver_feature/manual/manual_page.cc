@@ -5,7 +5,7 @@
 #include "host/base/text.h"
 #include "programs/driver_feature/manual/roff.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -126,8 +126,8 @@ std::map<std::string, std::string> manualParts(const ProgramRows& program) {
           {"EXAMPLES", roffParagraphs(headed(program.footer, "Examples:"))}};
 }
 
-Result<std::string> fillMarks(const std::string& text,
-                              const std::map<std::string, std::string>& parts) {
+host::Result<std::string> fillMarks(const std::string& text,
+                                    const std::map<std::string, std::string>& parts) {
   std::set<std::string> used;
   std::string result;
   std::size_t at = 0;
@@ -136,7 +136,7 @@ Result<std::string> fillMarks(const std::string& text,
     const std::string name = text.substr(mark + 1, end - mark - 1);
     const auto part = parts.find(name);
     if (end == std::string::npos || part == parts.end()) {
-      return refused("there is no text for the mark \"@" + name + "\"");
+      return host::refused("there is no text for the mark \"@" + name + "\"");
     }
     used.insert(name);
     result += text.substr(at, mark - at) + part->second;
@@ -146,10 +146,10 @@ Result<std::string> fillMarks(const std::string& text,
   result += text.substr(at);
   for (const auto& [name, part] : parts) {
     if (!used.contains(name)) {
-      return refused("the text has no mark \"@" + name + "@\"");
+      return host::refused("the text has no mark \"@" + name + "@\"");
     }
   }
   return result;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -5,7 +5,7 @@
 #include "programs/driver_feature/manual/roff.h"
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -61,4 +61,4 @@ TEST(ManualPageTest, FillMarks_MarkWithoutPartOrPartWithoutMark_NamesIt) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

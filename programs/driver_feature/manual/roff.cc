@@ -3,7 +3,7 @@
 #include <map>
 #include <sstream>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 std::string roffText(const std::string& text) {
   static const std::map<char, std::string> kEscapes = {
@@ -38,4 +38,4 @@ std::string roffParagraphs(const std::string& text) {
   return result;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

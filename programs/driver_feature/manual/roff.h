@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // A text that prints as it stands: its backslashes, hyphens and quotes are
 // escaped, and lines do not begin with what roff takes for a request.
@@ -18,6 +18,6 @@ std::string roffArgument(const std::string& text);
 // becomes the name of the paragraph.
 std::string roffParagraphs(const std::string& text);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_MANUAL_ROFF_H_

@@ -6,7 +6,7 @@
 #include <array>
 #include <iostream>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 CapturedOutput::CapturedOutput() : file_(std::tmpfile()) {
   if (file_ == nullptr) return;
@@ -42,4 +42,4 @@ void CapturedOutput::restore() {
   saved_ = -1;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // From its making to its end, what anybody writes to standard output goes to a
 // temporary file without a name.
@@ -28,6 +28,6 @@ class CapturedOutput {
   bool whole_ = false;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_CAPTURED_OUTPUT_H_

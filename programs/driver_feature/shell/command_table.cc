@@ -9,7 +9,7 @@
 #include "programs/driver_feature/shell/state_commands.h"
 #include "programs/driver_feature/shell/value_commands.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -110,15 +110,16 @@ std::span<const ShellCommand> shellCommands() {
   return kCommands;
 }
 
-Result<> findCommand(const std::string& name, const ShellCommand*& command) {
+host::Result<> findCommand(const std::string& name, const ShellCommand*& command) {
   for (const ShellCommand& known : kCommands) {
     if (name != known.name) continue;
     command = &known;
     return {};
   }
-  const auto nearest = nearestName(name, commandNames());
-  return refused("there is no command \"" + name + "\"; " +
-                 (nearest ? "did you mean \"" + *nearest + "\"?" : "\"help\" lists the commands"));
+  const auto nearest = host::nearestName(name, commandNames());
+  return host::refused(
+      "there is no command \"" + name + "\"; " +
+      (nearest ? "did you mean \"" + *nearest + "\"?" : "\"help\" lists the commands"));
 }
 
 std::vector<std::string> commandNames() {
@@ -127,4 +128,4 @@ std::vector<std::string> commandNames() {
   return names;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -10,7 +10,7 @@
 
 #include "programs/driver_feature/shell/words.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 class Shell;
 
@@ -30,7 +30,7 @@ struct ShellCommand {
   std::size_t most;
   // Does its work, and answers through the shell. The arguments are as many as
   // they may be.
-  Result<> (*run)(Shell& shell, const Words& arguments);
+  host::Result<> (*run)(Shell& shell, const Words& arguments);
   // Proposes for the argument behind `before`, of which `word` is written; what
   // does not begin with `word` is left out by the caller. Null for none.
   Proposals (*propose)(const Shell& shell, const Words& before, const std::string& word);
@@ -42,10 +42,10 @@ inline constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 std::span<const ShellCommand> shellCommands();
 
 // Refused when there is none of that name; `command` is then left alone.
-Result<> findCommand(const std::string& name, const ShellCommand*& command);
+host::Result<> findCommand(const std::string& name, const ShellCommand*& command);
 
 std::vector<std::string> commandNames();
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_COMMAND_TABLE_H_

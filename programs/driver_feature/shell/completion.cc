@@ -4,7 +4,7 @@
 
 #include "host/session/log.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -30,4 +30,4 @@ Proposals complete(const Shell& shell, std::string_view line) {
   return proposals;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -7,13 +7,13 @@
 
 #include "programs/driver_feature/shell/command_table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // Completes a line up to the cursor. The words of the answer begin with what
 // is written of the word, stand once each in byte order, and are without
 // quotes and escapes.
 Proposals complete(const Shell& shell, std::string_view line);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_COMPLETION_H_

@@ -11,7 +11,7 @@
 #include "programs/driver_feature/shell/tab_key.h"
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -41,10 +41,10 @@ class CompletionTest : public testing::Test {
     std::filesystem::create_directories(files + "sub dir");
     const std::string file = files + "office.xml";
     std::ofstream(file) << kDescription;
-    SessionRequest request;
+    host::SessionRequest request;
     request.description = file;
     request.library = DRIVER_FEATURE_LIBRARY;
-    auto opened = Session::open(request);
+    auto opened = host::Session::open(request);
     ASSERT_EQ(problemText(opened), "");
     session = std::move(*opened);
     transcript = std::make_unique<Transcript>();
@@ -67,13 +67,13 @@ class CompletionTest : public testing::Test {
   static Words words(const std::string& line) { return complete(*shell, line).words; }
 
   static std::string files;  // A folder, with a slash.
-  static std::unique_ptr<Session> session;
+  static std::unique_ptr<host::Session> session;
   static std::unique_ptr<Transcript> transcript;
   static std::unique_ptr<Shell> shell;
 };
 
 std::string CompletionTest::files;
-std::unique_ptr<Session> CompletionTest::session;
+std::unique_ptr<host::Session> CompletionTest::session;
 std::unique_ptr<Transcript> CompletionTest::transcript;
 std::unique_ptr<Shell> CompletionTest::shell;
 
@@ -206,7 +206,7 @@ TEST(TabKey, LayOutChoices_Width_IsFilledColumnByColumn) {
 }
 
 TEST_F(CompletionTest, IsKept_Line_IsNoSecretAndNotEmpty) {
-  const Model& model = session->model();
+  const host::Model& model = session->model();
   EXPECT_TRUE(isKept(model, "set Copies 2"));
   EXPECT_TRUE(isKept(model, "set Copies \"2"));
   EXPECT_FALSE(isKept(model, ""));
@@ -219,4 +219,4 @@ TEST_F(CompletionTest, IsKept_Line_IsNoSecretAndNotEmpty) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

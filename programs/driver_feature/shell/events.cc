@@ -10,7 +10,7 @@
 #include "host/session/host_routines.h"
 #include "programs/driver_feature/shell/words.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -44,39 +44,39 @@ std::string flagsText(bool available, bool visible) {
 
 }  // namespace
 
-std::string currentValueWord(const FeatureView& feature) {
+std::string currentValueWord(const host::FeatureView& feature) {
   switch (feature.kind()) {
-    case FeatureKind::kMultiSelect:
+    case host::FeatureKind::kMultiSelect:
       return quoteWord(feature.currentChoice().value_or("(none)"));
-    case FeatureKind::kIntEntry:
+    case host::FeatureKind::kIntEntry:
       return std::to_string(feature.currentInt());
-    case FeatureKind::kFloatEntry:
-      return numberText(feature.currentFloat());
-    case FeatureKind::kTextEntry:
+    case host::FeatureKind::kFloatEntry:
+      return host::numberText(feature.currentFloat());
+    case host::FeatureKind::kTextEntry:
       return quoteWord(feature.currentText());
     default:
       return "no value";
   }
 }
 
-ModelState stateOf(const Model& model, CoreFeatureSet& set) {
+ModelState stateOf(const host::Model& model, CoreFeatureSet& set) {
   ModelState state;
   for (const auto& [name, feature] : model.features) {
     state[name] = currentValueWord(feature) + flagsText(feature.isAvailable(), feature.isVisible());
-    for (const Choice& choice : feature.choices()) {
+    for (const host::Choice& choice : feature.choices()) {
       state[name + " option " + choice.name] =
           (choice.available ? "available" : "unavailable") + flagsText(true, choice.visible);
     }
   }
-  for (const GroupEntry& entry : model.index.groups()) {
-    if (entry.kind != GroupKind::kDynamic) continue;
+  for (const host::GroupEntry& entry : model.index.groups()) {
+    if (entry.kind != host::GroupKind::kDynamic) continue;
     const auto group = findDynamicGroup(set, model.index, entry.name);
     if (group) state[entry.name + " records"] = std::to_string(group->count());
   }
   return state;
 }
 
-EventWatch::EventWatch(Session& session, Tell tell)
+EventWatch::EventWatch(host::Session& session, Tell tell)
     : session_(session),
       tell_(std::move(tell)),
       state_(stateOf(session.model(), session.features())),
@@ -109,4 +109,4 @@ bool EventWatch::onUpdate() {
   return current->ownCallback_();
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -10,19 +10,19 @@
 
 #include "host/session/session.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 enum class EventKind { kChange, kNotification };
 
 // What can change about the features, their options and the records, as texts
 // by what they belong to: "Copies", "Duplex option LongEdge", "Pages records".
 using ModelState = std::map<std::string, std::string>;
-ModelState stateOf(const Model& model, CoreFeatureSet& set);
+ModelState stateOf(const host::Model& model, CoreFeatureSet& set);
 
 // A feature's current value as a word that can be typed again; "(none)" for a
 // "MultiSelect" feature without a current option, "no value" for a feature
 // that holds none.
-std::string currentValueWord(const FeatureView& feature);
+std::string currentValueWord(const host::FeatureView& feature);
 
 // While it lives, it is the library's update callback: it tells what has
 // changed and the call, and then calls the description's own callback when
@@ -32,7 +32,7 @@ class EventWatch {
  public:
   using Tell = std::function<void(EventKind kind, const std::string& text)>;
 
-  EventWatch(Session& session, Tell tell);
+  EventWatch(host::Session& session, Tell tell);
   ~EventWatch();
   EventWatch(const EventWatch&) = delete;
   EventWatch& operator=(const EventWatch&) = delete;
@@ -44,12 +44,12 @@ class EventWatch {
  private:
   static bool onUpdate();
 
-  Session& session_;
+  host::Session& session_;
   Tell tell_;
   ModelState state_;
   bool (*ownCallback_)() = nullptr;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_EVENTS_H_

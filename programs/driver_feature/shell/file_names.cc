@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace fs = std::filesystem;
 
@@ -29,4 +29,4 @@ std::string lastPart(const std::string& path) {
   return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

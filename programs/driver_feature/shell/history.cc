@@ -12,7 +12,7 @@
 #include "host/base/output_file.h"
 #include "programs/driver_feature/shell/words.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -67,10 +67,10 @@ void appendHistory(const std::string& file, const std::vector<std::string>& line
   if (!output || readHistory(file, most + 1).size() <= most) return;
   std::string kept;
   for (const std::string& line : readHistory(file, most)) kept += line + "\n";
-  writeToFile(file, kept);
+  host::writeToFile(file, kept);
 }
 
-bool isKept(const Model& model, const std::string& line) {
+bool isKept(const host::Model& model, const std::string& line) {
   if (line.empty() || line.front() == ' ' || line.front() == '\t') return false;
   Words words;
   // What cannot be split may still hold the value.
@@ -82,4 +82,4 @@ bool isKept(const Model& model, const std::string& line) {
   });
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

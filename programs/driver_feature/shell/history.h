@@ -8,7 +8,7 @@
 
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // The file of the history: $XDG_STATE_HOME/driver-feature/history, or
 // .local/state/driver-feature/history in the home folder. Empty when there is
@@ -29,8 +29,8 @@ void appendHistory(const std::string& file, const std::vector<std::string>& line
 
 // False for a line that is not to be kept: an empty one, one that begins with
 // a blank, and one that may hold the value of an encrypted feature.
-bool isKept(const Model& model, const std::string& line);
+bool isKept(const host::Model& model, const std::string& line);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_HISTORY_H_

@@ -7,7 +7,7 @@
 #include <fstream>
 #include <iterator>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -65,4 +65,4 @@ TEST_F(HistoryTest, Append_NoSuchFolder_DoesNothing) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -13,7 +13,7 @@
 #include "programs/driver_feature/shell/tab_key.h"
 #include "programs/driver_feature/shell/wide_text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -257,4 +257,4 @@ void LineEditor::keep(const std::string& line) {
   added_.push_back(line);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -11,7 +11,7 @@
 #include "programs/driver_feature/shell/shell.h"
 #include "programs/driver_feature/shell/terminal_signals.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // One at a time. It writes the prompt and the line to standard error, so that
 // answers can go elsewhere.
@@ -57,6 +57,6 @@ class LineEditor {
   std::vector<std::string> added_;            // Lines of this use in the history.
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_LINE_EDITOR_H_

@@ -6,7 +6,7 @@
 #include "host/base/text.h"
 #include "host/session/log.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -16,16 +16,17 @@ constexpr int kDynamicGroupType = 8;
 
 // A look-up in vain is told as a refusal and needs no log line.
 CoreFeature* lookUp(Shell& shell, const std::string& name) {
-  const LogSilence silence;
+  const host::LogSilence silence;
   return shell.session().features().FindFeatureInFeatureList(name);
 }
 
 std::string meant(const std::string& name, const std::vector<std::string>& names) {
-  if (const auto nearest = nearestName(name, names))
+  if (const auto nearest = host::nearestName(name, names))
     return "did you mean " + quoted(*nearest) + "?";
   if (names.empty()) return "the description has none";
   constexpr std::size_t kMostShown = 12;
-  return names.size() > kMostShown ? "\"show\" lists them" : "give one of " + join(names, ", ");
+  return names.size() > kMostShown ? "\"show\" lists them"
+                                   : "give one of " + host::join(names, ", ");
 }
 
 }  // namespace
@@ -34,42 +35,42 @@ std::string quoted(const std::string& text) {
   return "\"" + text + "\"";
 }
 
-std::vector<std::string> featureNames(const Model& model) {
+std::vector<std::string> featureNames(const host::Model& model) {
   std::vector<std::string> names;
   for (const auto& [name, feature] : model.features) names.push_back(name);
   return names;
 }
 
-std::vector<std::string> groupNames(const Model& model) {
+std::vector<std::string> groupNames(const host::Model& model) {
   std::vector<std::string> names;
-  for (const GroupEntry& group : model.index.groups()) names.push_back(group.name);
+  for (const host::GroupEntry& group : model.index.groups()) names.push_back(group.name);
   return names;
 }
 
-std::vector<std::string> dynamicGroupNames(const Model& model) {
+std::vector<std::string> dynamicGroupNames(const host::Model& model) {
   std::vector<std::string> names;
-  for (const GroupEntry& group : model.index.groups()) {
-    if (group.kind == GroupKind::kDynamic) names.push_back(group.name);
+  for (const host::GroupEntry& group : model.index.groups()) {
+    if (group.kind == host::GroupKind::kDynamic) names.push_back(group.name);
   }
   return names;
 }
 
-std::vector<std::string> allNames(const Model& model) {
+std::vector<std::string> allNames(const host::Model& model) {
   std::vector<std::string> names = featureNames(model);
   const std::vector<std::string> groups = groupNames(model);
   names.insert(names.end(), groups.begin(), groups.end());
   return names;
 }
 
-std::vector<std::string> optionNames(const Model& model, const std::string& feature) {
+std::vector<std::string> optionNames(const host::Model& model, const std::string& feature) {
   std::vector<std::string> names;
   const auto found = model.features.find(feature);
   if (found == model.features.end()) return names;
-  for (const Choice& choice : found->second.choices()) names.push_back(choice.name);
+  for (const host::Choice& choice : found->second.choices()) names.push_back(choice.name);
   return names;
 }
 
-std::vector<std::string> namesWithOptions(const Model& model) {
+std::vector<std::string> namesWithOptions(const host::Model& model) {
   std::vector<std::string> names = featureNames(model);
   std::erase_if(names, [&model](const std::string& name) {
     return model.features.at(name).choices().empty();
@@ -77,69 +78,70 @@ std::vector<std::string> namesWithOptions(const Model& model) {
   return names;
 }
 
-Result<> findObject(Shell& shell, const std::string& name, CoreFeature*& object) {
+host::Result<> findObject(Shell& shell, const std::string& name, CoreFeature*& object) {
   CoreFeature* found = lookUp(shell, name);
   if (found == nullptr) {
-    return refused("there is no feature or group " + quoted(name) + "; " +
-                   meant(name, allNames(shell.model())));
+    return host::refused("there is no feature or group " + quoted(name) + "; " +
+                         meant(name, allNames(shell.model())));
   }
   object = found;
   return {};
 }
 
-Result<> findFeature(Shell& shell, const std::string& name, IntermediateCoreFeature*& feature) {
+host::Result<> findFeature(Shell& shell, const std::string& name,
+                           IntermediateCoreFeature*& feature) {
   CoreFeature* found = lookUp(shell, name);
   if (found == nullptr || !shell.model().features.contains(name)) {
-    return refused("there is no feature " + quoted(name) + "; " +
-                   meant(name, featureNames(shell.model())));
+    return host::refused("there is no feature " + quoted(name) + "; " +
+                         meant(name, featureNames(shell.model())));
   }
   if (found->getFeatureType() >= kFirstGroupType) {
-    return refused("feature " + quoted(name) +
-                   " has the type of a group; set its FeatureType to 0 to 5");
+    return host::refused("feature " + quoted(name) +
+                         " has the type of a group; set its FeatureType to 0 to 5");
   }
   feature = static_cast<IntermediateCoreFeature*>(found);
   return {};
 }
 
-Result<> findOption(Shell& shell, const std::string& feature, const std::string& name,
-                    IntermediateCoreOption*& option) {
+host::Result<> findOption(Shell& shell, const std::string& feature, const std::string& name,
+                          IntermediateCoreOption*& option) {
   IntermediateCoreFeature* owner = nullptr;
-  if (Result<> done = findFeature(shell, feature, owner); !done) return done;
+  if (host::Result<> done = findFeature(shell, feature, owner); !done) return done;
   const std::vector<std::string> names = optionNames(shell.model(), feature);
   if (names.empty())
-    return refused("feature " + quoted(feature) + " has no options; name another feature");
-  const LogSilence silence;
+    return host::refused("feature " + quoted(feature) + " has no options; name another feature");
+  const host::LogSilence silence;
   CoreOption* found = owner->fetchOptionByName(name);
   if (found == nullptr) {
-    return refused("feature " + quoted(feature) + " has no option " + quoted(name) + "; " +
-                   meant(name, names));
+    return host::refused("feature " + quoted(feature) + " has no option " + quoted(name) + "; " +
+                         meant(name, names));
   }
   option = static_cast<IntermediateCoreOption*>(found);
   return {};
 }
 
-Result<> findRecords(Shell& shell, const std::string& name,
-                     IntermediateDynamicFeatureGroup*& group) {
+host::Result<> findRecords(Shell& shell, const std::string& name,
+                           IntermediateDynamicFeatureGroup*& group) {
   CoreFeature* found = lookUp(shell, name);
   // A feature comes before a group of its name, and may call itself one.
   const bool isFeature = shell.model().features.contains(name);
   if (found == nullptr || isFeature || found->getFeatureType() != kDynamicGroupType) {
-    return refused("there is no dynamic group " + quoted(name) + "; " +
-                   meant(name, dynamicGroupNames(shell.model())));
+    return host::refused("there is no dynamic group " + quoted(name) + "; " +
+                         meant(name, dynamicGroupNames(shell.model())));
   }
   group = static_cast<IntermediateDynamicFeatureGroup*>(found);
   return {};
 }
 
-Result<> readNumber(const std::string& word, const std::string& what, long& number) {
+host::Result<> readNumber(const std::string& word, const std::string& what, long& number) {
   long read = 0;
   const char* end = word.data() + word.size();
   const auto result = std::from_chars(word.data(), end, read);
   if (result.ptr != end || result.ec != std::errc() || read < 0) {
-    return refused(quoted(word) + " is no " + what + "; give a whole number of 0 or more");
+    return host::refused(quoted(word) + " is no " + what + "; give a whole number of 0 or more");
   }
   number = read;
   return {};
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -9,32 +9,33 @@
 #include "model/core_feature_group.h"
 #include "programs/driver_feature/shell/shell.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 std::string quoted(const std::string& text);
 
-std::vector<std::string> featureNames(const Model& model);
-std::vector<std::string> groupNames(const Model& model);
-std::vector<std::string> dynamicGroupNames(const Model& model);
+std::vector<std::string> featureNames(const host::Model& model);
+std::vector<std::string> groupNames(const host::Model& model);
+std::vector<std::string> dynamicGroupNames(const host::Model& model);
 // Features and groups.
-std::vector<std::string> allNames(const Model& model);
+std::vector<std::string> allNames(const host::Model& model);
 // The options of a feature; none for any other name.
-std::vector<std::string> optionNames(const Model& model, const std::string& feature);
+std::vector<std::string> optionNames(const host::Model& model, const std::string& feature);
 // The features that have options.
-std::vector<std::string> namesWithOptions(const Model& model);
+std::vector<std::string> namesWithOptions(const host::Model& model);
 
 // Each refuses a name that nothing of its kind has and leaves its last
 // argument alone. What they find lives as long as the process.
-Result<> findObject(Shell& shell, const std::string& name, CoreFeature*& object);
-Result<> findFeature(Shell& shell, const std::string& name, IntermediateCoreFeature*& feature);
-Result<> findOption(Shell& shell, const std::string& feature, const std::string& name,
-                    IntermediateCoreOption*& option);
-Result<> findRecords(Shell& shell, const std::string& name,
-                     IntermediateDynamicFeatureGroup*& group);
+host::Result<> findObject(Shell& shell, const std::string& name, CoreFeature*& object);
+host::Result<> findFeature(Shell& shell, const std::string& name,
+                           IntermediateCoreFeature*& feature);
+host::Result<> findOption(Shell& shell, const std::string& feature, const std::string& name,
+                          IntermediateCoreOption*& option);
+host::Result<> findRecords(Shell& shell, const std::string& name,
+                           IntermediateDynamicFeatureGroup*& group);
 
 // The whole word as a number of 0 or more.
-Result<> readNumber(const std::string& word, const std::string& what, long& number);
+host::Result<> readNumber(const std::string& word, const std::string& what, long& number);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_NAMES_H_

@@ -7,7 +7,7 @@
 #include "programs/driver_feature/shell/names.h"
 #include "programs/driver_feature/table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -20,14 +20,14 @@ bool isFlag(const std::string& property) {
   return property == "Sensitivity" || property == "Visibility";
 }
 
-Result<> checkProperty(const std::string& name) {
+host::Result<> checkProperty(const std::string& name) {
   if (std::find(kProperties.begin(), kProperties.end(), name) != kProperties.end()) {
     return {};
   }
-  const auto nearest = nearestName(name, kProperties);
-  return refused("options have no property " + quoted(name) + "; " +
-                 (nearest ? "did you mean " + quoted(*nearest) + "?"
-                          : "give one of " + join(kProperties, ", ")));
+  const auto nearest = host::nearestName(name, kProperties);
+  return host::refused("options have no property " + quoted(name) + "; " +
+                       (nearest ? "did you mean " + quoted(*nearest) + "?"
+                                : "give one of " + host::join(kProperties, ", ")));
 }
 
 std::string textOf(CoreOption& option, const std::string& property) {
@@ -41,13 +41,14 @@ std::string textOf(CoreOption& option, const std::string& property) {
   return quoteWord(text);
 }
 
-Result<> store(CoreOption& option, const std::string& property, const std::string& text) {
+host::Result<> store(CoreOption& option, const std::string& property, const std::string& text) {
   if (!isFlag(property)) {
     option.setOptionProperty(property, text);
     return {};
   }
   if (text != "true" && text != "false" && text != "1" && text != "0") {
-    return refused(quoted(text) + " is no value for " + quoted(property) + "; give true or false");
+    return host::refused(quoted(text) + " is no value for " + quoted(property) +
+                         "; give true or false");
   }
   option.setOptionProperty(property, text == "true" || text == "1");
   return {};
@@ -55,9 +56,10 @@ Result<> store(CoreOption& option, const std::string& property, const std::strin
 
 }  // namespace
 
-Result<> runOption(Shell& shell, const Words& arguments) {
+host::Result<> runOption(Shell& shell, const Words& arguments) {
   IntermediateCoreOption* option = nullptr;
-  if (Result<> done = findOption(shell, arguments[0], arguments[1], option); !done) return done;
+  if (host::Result<> done = findOption(shell, arguments[0], arguments[1], option); !done)
+    return done;
   if (arguments.size() == 2) {
     std::vector<TableRow> rows;
     rows.reserve(kProperties.size());
@@ -67,7 +69,7 @@ Result<> runOption(Shell& shell, const Words& arguments) {
     shell.answer(layOut(rows, 0));
     return {};
   }
-  if (Result<> done = checkProperty(arguments[2]); !done) return done;
+  if (host::Result<> done = checkProperty(arguments[2]); !done) return done;
   if (arguments.size() == 4) return store(*option, arguments[2], arguments[3]);
   shell.answer(textOf(*option, arguments[2]) + "\n");
   return {};
@@ -86,4 +88,4 @@ Proposals proposeOption(const Shell& shell, const Words& before, const std::stri
   }
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

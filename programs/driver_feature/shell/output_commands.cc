@@ -8,7 +8,7 @@
 #include "programs/driver_feature/shell/names.h"
 #include "programs/driver_feature/table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -16,10 +16,11 @@ constexpr const char* kInstallable = "--inst-opt";
 
 struct Detail {
   const char* name;
-  LogDetail detail;
+  host::LogDetail detail;
 };
-constexpr std::array<Detail, 3> kDetails = {
-    {{"quiet", LogDetail::kErrors}, {"usual", LogDetail::kUsual}, {"all", LogDetail::kAll}}};
+constexpr std::array<Detail, 3> kDetails = {{{"quiet", host::LogDetail::kErrors},
+                                             {"usual", host::LogDetail::kUsual},
+                                             {"all", host::LogDetail::kAll}}};
 
 std::string usageOf(const ShellCommand& command) {
   return *command.arguments == '\0' ? std::string(command.name)
@@ -45,15 +46,16 @@ void helpAll(Shell& shell) {
 
 }  // namespace
 
-Result<> runEmit(Shell& shell, const Words& arguments) {
+host::Result<> runEmit(Shell& shell, const Words& arguments) {
   Words words = arguments;
   const bool installable = std::erase(words, kInstallable) > 0;
   if (words.empty() || words.size() > 2) {
-    return refused(std::string(words.empty() ? "a form is missing" : "too many arguments") +
-                   "; write emit ps|pjl|ticket [FILE] [--inst-opt]");
+    return host::refused(std::string(words.empty() ? "a form is missing" : "too many arguments") +
+                         "; write emit ps|pjl|ticket [FILE] [--inst-opt]");
   }
-  const auto form = formNamed(words[0]);
-  if (!form) return refused("there is no form " + quoted(words[0]) + "; give ps, pjl or ticket");
+  const auto form = host::formNamed(words[0]);
+  if (!form)
+    return host::refused("there is no form " + quoted(words[0]) + "; give ps, pjl or ticket");
   std::string output;
   shell.session().features().serialize(output, static_cast<int>(*form), installable, "", "");
   if (words.size() == 1 || words[1] == "-") {
@@ -64,7 +66,7 @@ Result<> runEmit(Shell& shell, const Words& arguments) {
   return {};
 }
 
-Result<> runDump(Shell& shell, const Words& /*arguments*/) {
+host::Result<> runDump(Shell& shell, const Words& /*arguments*/) {
   CapturedOutput captured;
   shell.session().features().dumpFeatureListValues();
   std::string text;
@@ -72,12 +74,12 @@ Result<> runDump(Shell& shell, const Words& /*arguments*/) {
     shell.answer(text);
     return {};
   }
-  return fail(Problem::Kind::kNotWritten,
+  return fail(host::Problem::Kind::kNotWritten,
               "the listing cannot be kept; free some space for temporary files");
 }
 
-Result<> runLog(Shell& shell, const Words& arguments) {
-  LogPrinter& log = shell.session().log();
+host::Result<> runLog(Shell& shell, const Words& arguments) {
+  host::LogPrinter& log = shell.session().log();
   for (const Detail& known : kDetails) {
     if (arguments.empty() && known.detail == log.detail()) {
       shell.answer(std::string(known.name) + "\n");
@@ -87,21 +89,21 @@ Result<> runLog(Shell& shell, const Words& arguments) {
     return {};
   }
   if (arguments.empty()) return {};
-  return refused("there is no detail " + quoted(arguments[0]) + "; give quiet, usual or all");
+  return host::refused("there is no detail " + quoted(arguments[0]) + "; give quiet, usual or all");
 }
 
-Result<> runHelp(Shell& shell, const Words& arguments) {
+host::Result<> runHelp(Shell& shell, const Words& arguments) {
   if (arguments.empty()) {
     helpAll(shell);
     return {};
   }
   const ShellCommand* command = nullptr;
-  if (Result<> done = findCommand(arguments[0], command); !done) return done;
+  if (host::Result<> done = findCommand(arguments[0], command); !done) return done;
   shell.answer(usageOf(*command) + "\n" + command->summary + ".\n" + command->details);
   return {};
 }
 
-Result<> runQuit(Shell& shell, const Words& /*arguments*/) {
+host::Result<> runQuit(Shell& shell, const Words& /*arguments*/) {
   shell.end();
   return {};
 }
@@ -109,7 +111,7 @@ Result<> runQuit(Shell& shell, const Words& /*arguments*/) {
 Proposals proposeEmit(const Shell& /*shell*/, const Words& before, const std::string& word) {
   Proposals proposals;
   if (before.empty()) {
-    proposals.words = formNames();
+    proposals.words = host::formNames();
   } else if (word.starts_with('-')) {
     proposals.words.emplace_back(kInstallable);
   } else {
@@ -129,4 +131,4 @@ Proposals proposeHelp(const Shell& /*shell*/, const Words& /*before*/,
   return {commandNames()};
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

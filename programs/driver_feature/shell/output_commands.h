@@ -5,18 +5,18 @@
 
 #include "programs/driver_feature/shell/command_table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
-Result<> runEmit(Shell& shell, const Words& arguments);
-Result<> runDump(Shell& shell, const Words& arguments);
-Result<> runLog(Shell& shell, const Words& arguments);
-Result<> runHelp(Shell& shell, const Words& arguments);
-Result<> runQuit(Shell& shell, const Words& arguments);
+host::Result<> runEmit(Shell& shell, const Words& arguments);
+host::Result<> runDump(Shell& shell, const Words& arguments);
+host::Result<> runLog(Shell& shell, const Words& arguments);
+host::Result<> runHelp(Shell& shell, const Words& arguments);
+host::Result<> runQuit(Shell& shell, const Words& arguments);
 
 Proposals proposeEmit(const Shell& shell, const Words& before, const std::string& word);
 Proposals proposeLog(const Shell& shell, const Words& before, const std::string& word);
 Proposals proposeHelp(const Shell& shell, const Words& before, const std::string& word);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_OUTPUT_COMMANDS_H_

@@ -12,7 +12,7 @@
 #include "programs/driver_feature/shell/names.h"
 #include "programs/driver_feature/table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -29,24 +29,24 @@ struct Action {
   const char* name;
   std::size_t fewest;  // Numbers of arguments.
   std::size_t most;
-  Result<> (*run)(Shell& shell, const Target& target, const Words& arguments);
+  host::Result<> (*run)(Shell& shell, const Target& target, const Words& arguments);
 };
 
 // No record can be read while the description lacks a template.
-Result<> membersOf(Shell& shell, Target& target) {
+host::Result<> membersOf(Shell& shell, Target& target) {
   const auto view = findDynamicGroup(shell.session().features(), shell.model().index, target.name);
-  if (!view) return refused("group " + quoted(target.name) + " has no template; give it one");
+  if (!view) return host::refused("group " + quoted(target.name) + " has no template; give it one");
   target.members = view->memberNames();
   return {};
 }
 
-Result<> list(Shell& shell, const Target& target, const Words& /*arguments*/) {
+host::Result<> list(Shell& shell, const Target& target, const Words& /*arguments*/) {
   const auto view = findDynamicGroup(shell.session().features(), shell.model().index, target.name);
   const std::set<long>& selected = *target.group->fetchSelectedEntries();
   std::vector<TableRow> rows = {{{"RECORD"}, {}}};
   rows.front().cells.insert(rows.front().cells.end(), target.members.begin(), target.members.end());
   long index = 0;
-  for (const Record& record : view->records()) {
+  for (const host::Record& record : view->records()) {
     rows.push_back({{std::to_string(index) + (selected.contains(index) ? "*" : "")}, {}});
     rows.back().cells.insert(rows.back().cells.end(), record.begin(), record.end());
     ++index;
@@ -55,106 +55,107 @@ Result<> list(Shell& shell, const Target& target, const Words& /*arguments*/) {
   return {};
 }
 
-Result<> refuseMember(const Target& target, const std::string& name) {
-  const auto nearest = nearestName(name, target.members);
-  return refused("group " + quoted(target.name) + " has no member " + quoted(name) + "; " +
-                 (nearest ? "did you mean " + quoted(*nearest) + "?"
-                          : "the members are " + join(target.members, ", ")));
+host::Result<> refuseMember(const Target& target, const std::string& name) {
+  const auto nearest = host::nearestName(name, target.members);
+  return host::refused("group " + quoted(target.name) + " has no member " + quoted(name) + "; " +
+                       (nearest ? "did you mean " + quoted(*nearest) + "?"
+                                : "the members are " + host::join(target.members, ", ")));
 }
 
 // The values of a record, checked like settings when `check` is set.
-Result<> readValues(Shell& shell, const Target& target, const Words& words, bool check,
-                    AttributeMap& values) {
+host::Result<> readValues(Shell& shell, const Target& target, const Words& words, bool check,
+                          AttributeMap& values) {
   std::vector<std::string> missing = target.members;
   for (const std::string& word : words) {
-    const Result<Setting> parsed = parseSetting(word);
-    if (!parsed) return refused(quoted(word) + " is not MEMBER=VALUE; write it so");
-    const Setting& setting = *parsed;
+    const host::Result<host::Setting> parsed = host::parseSetting(word);
+    if (!parsed) return host::refused(quoted(word) + " is not MEMBER=VALUE; write it so");
+    const host::Setting& setting = *parsed;
     const auto member = std::find(missing.begin(), missing.end(), setting.name);
     if (member == missing.end()) {
       const bool twice = std::count(target.members.begin(), target.members.end(), setting.name) > 0;
       if (!twice) return refuseMember(target, setting.name);
-      return refused("member " + quoted(setting.name) + " is given twice; give it one value");
+      return host::refused("member " + quoted(setting.name) + " is given twice; give it one value");
     }
     missing.erase(member);
-    Result<> checked = check ? checkSetting(shell.model(), setting) : Result<>();
+    host::Result<> checked = check ? checkSetting(shell.model(), setting) : host::Result<>();
     if (!checked) return failureOf(checked, quoted(setting.name));
     values[setting.name] = setting.value;
   }
   if (missing.empty()) return {};
-  return refused("member " + quoted(missing.front()) + " is missing; give it a value");
+  return host::refused("member " + quoted(missing.front()) + " is missing; give it a value");
 }
 
-Result<> add(Shell& shell, const Target& target, const Words& arguments) {
+host::Result<> add(Shell& shell, const Target& target, const Words& arguments) {
   AttributeMap values;
-  if (Result<> done = readValues(shell, target, arguments, true, values); !done) return done;
+  if (host::Result<> done = readValues(shell, target, arguments, true, values); !done) return done;
   if (target.group->addStaticGroupToDynamicGroup(values)) return {};
-  return refused("the library refuses the record; \"log all\" shows why");
+  return host::refused("the library refuses the record; \"log all\" shows why");
 }
 
-Result<> addFile(Shell& shell, const Target& target, const Words& arguments) {
-  Result<> added =
+host::Result<> addFile(Shell& shell, const Target& target, const Words& arguments) {
+  host::Result<> added =
       addRecords(shell.session().features(), shell.model(), {target.name, arguments[0]});
   if (!added) return failureOf(added, arguments[0]);
   return {};
 }
 
 // The position of an existing record.
-Result<> readIndex(const Target& target, const std::string& word, long& index) {
-  if (Result<> done = readNumber(word, "record", index); !done) return done;
+host::Result<> readIndex(const Target& target, const std::string& word, long& index) {
+  if (host::Result<> done = readNumber(word, "record", index); !done) return done;
   const long count = target.group->fetchNumberOfDynamicEntries();
   if (index < count) return {};
-  return refused("there is no record " + word + " in " + quoted(target.name) + "; " +
-                 (count == 0 ? "it is empty" : "the last one is " + std::to_string(count - 1)));
+  return host::refused(
+      "there is no record " + word + " in " + quoted(target.name) + "; " +
+      (count == 0 ? "it is empty" : "the last one is " + std::to_string(count - 1)));
 }
 
-Result<> remove(Shell& /*shell*/, const Target& target, const Words& arguments) {
+host::Result<> remove(Shell& /*shell*/, const Target& target, const Words& arguments) {
   long index = 0;
-  if (Result<> done = readIndex(target, arguments[0], index); !done) return done;
+  if (host::Result<> done = readIndex(target, arguments[0], index); !done) return done;
   if (target.group->removeDynamicEntryByIndex(static_cast<unsigned>(index))) return {};
-  return refused("the library refuses to remove the record; \"log all\" shows why");
+  return host::refused("the library refuses to remove the record; \"log all\" shows why");
 }
 
-Result<> clear(Shell& /*shell*/, const Target& target, const Words& /*arguments*/) {
+host::Result<> clear(Shell& /*shell*/, const Target& target, const Words& /*arguments*/) {
   if (target.group->removeAllDynamicEntries()) return {};
-  return refused("the library refuses to remove the records; \"log all\" shows why");
+  return host::refused("the library refuses to remove the records; \"log all\" shows why");
 }
 
-Result<> sort(Shell& /*shell*/, const Target& target, const Words& /*arguments*/) {
+host::Result<> sort(Shell& /*shell*/, const Target& target, const Words& /*arguments*/) {
   if (target.group->sortList()) return {};
-  return refused("the records cannot be sorted; give group " + quoted(target.name) +
-                 " the attribute \"SortFunctionName\", or see why with \"log all\"");
+  return host::refused("the records cannot be sorted; give group " + quoted(target.name) +
+                       " the attribute \"SortFunctionName\", or see why with \"log all\"");
 }
 
-Result<> select(Shell& /*shell*/, const Target& target, const Words& arguments) {
+host::Result<> select(Shell& /*shell*/, const Target& target, const Words& arguments) {
   long index = 0;
-  if (Result<> done = readIndex(target, arguments[0], index); !done) return done;
+  if (host::Result<> done = readIndex(target, arguments[0], index); !done) return done;
   if (target.group->addConstraint(index)) return {};
-  return refused("record " + arguments[0] + " is selected already; \"records " + target.name +
-                 " list\" shows which are");
+  return host::refused("record " + arguments[0] + " is selected already; \"records " + target.name +
+                       " list\" shows which are");
 }
 
 // A selection outlives its record, so any index can be taken out.
-Result<> deselect(Shell& /*shell*/, const Target& target, const Words& arguments) {
+host::Result<> deselect(Shell& /*shell*/, const Target& target, const Words& arguments) {
   long index = 0;
-  if (Result<> done = readNumber(arguments[0], "record", index); !done) return done;
+  if (host::Result<> done = readNumber(arguments[0], "record", index); !done) return done;
   if (target.group->removeConstraint(index)) return {};
-  return refused("record " + arguments[0] + " is not selected; \"records " + target.name +
-                 " list\" shows which are");
+  return host::refused("record " + arguments[0] + " is not selected; \"records " + target.name +
+                       " list\" shows which are");
 }
 
-Result<> load(Shell& /*shell*/, const Target& target, const Words& arguments) {
+host::Result<> load(Shell& /*shell*/, const Target& target, const Words& arguments) {
   long index = 0;
-  if (Result<> done = readIndex(target, arguments[0], index); !done) return done;
+  if (host::Result<> done = readIndex(target, arguments[0], index); !done) return done;
   if (target.group->getDynamicEntryByIndex(static_cast<unsigned>(index)) != nullptr) {
     return {};
   }
-  return refused("the library cannot load the record; \"log all\" shows why");
+  return host::refused("the library cannot load the record; \"log all\" shows why");
 }
 
-Result<> has(Shell& shell, const Target& target, const Words& arguments) {
+host::Result<> has(Shell& shell, const Target& target, const Words& arguments) {
   AttributeMap values;
-  if (Result<> done = readValues(shell, target, arguments, false, values); !done) return done;
+  if (host::Result<> done = readValues(shell, target, arguments, false, values); !done) return done;
   shell.answer(target.group->detectDuplicateRecord(values) ? "yes\n" : "no\n");
   return {};
 }
@@ -198,22 +199,22 @@ Proposals proposeValues(const Shell& shell, const std::string& group, const std:
 
 }  // namespace
 
-Result<> runRecords(Shell& shell, const Words& arguments) {
+host::Result<> runRecords(Shell& shell, const Words& arguments) {
   Target target{arguments[0], nullptr, {}};
-  if (Result<> done = findRecords(shell, target.name, target.group); !done) return done;
-  if (Result<> done = membersOf(shell, target); !done) return done;
+  if (host::Result<> done = findRecords(shell, target.name, target.group); !done) return done;
+  if (host::Result<> done = membersOf(shell, target); !done) return done;
   const std::string name = arguments.size() > 1 ? arguments[1] : "list";
   const Action* action = findAction(name);
   if (action == nullptr) {
-    return refused("there is no action " + quoted(name) + "; give one of " +
-                   join(actionNames(), ", "));
+    return host::refused("there is no action " + quoted(name) + "; give one of " +
+                         host::join(actionNames(), ", "));
   }
   const Words rest(arguments.begin() + std::min<std::ptrdiff_t>(2, std::ssize(arguments)),
                    arguments.end());
   if (rest.size() < action->fewest || rest.size() > action->most) {
-    return refused(std::string(rest.size() < action->fewest ? "an argument is missing"
-                                                            : "too many arguments") +
-                   "; \"help records\" shows what " + name + " takes");
+    return host::refused(std::string(rest.size() < action->fewest ? "an argument is missing"
+                                                                  : "too many arguments") +
+                         "; \"help records\" shows what " + name + " takes");
   }
   return action->run(shell, target, rest);
 }
@@ -227,4 +228,4 @@ Proposals proposeRecords(const Shell& shell, const Words& before, const std::str
   return proposals;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -4,11 +4,11 @@
 
 #include "programs/driver_feature/shell/command_table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
-Result<> runRecords(Shell& shell, const Words& arguments);
+host::Result<> runRecords(Shell& shell, const Words& arguments);
 Proposals proposeRecords(const Shell& shell, const Words& before, const std::string& word);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_RECORD_COMMANDS_H_

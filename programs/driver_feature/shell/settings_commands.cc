@@ -3,19 +3,20 @@
 #include "host/settings/settings_file.h"
 #include "programs/driver_feature/shell/shell.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
-Result<> runWrite(Shell& shell, const Words& arguments) {
+host::Result<> runWrite(Shell& shell, const Words& arguments) {
   shell.answerTo(arguments[0], composeSettings(shell.session().features(), shell.model()));
   return {};
 }
 
-Result<> runLoad(Shell& shell, const Words& arguments) {
-  Result<> loaded = loadSettings(shell.session().features(), shell.model(), arguments[0]);
+host::Result<> runLoad(Shell& shell, const Words& arguments) {
+  host::Result<> loaded = loadSettings(shell.session().features(), shell.model(), arguments[0]);
   if (loaded || loaded.error().more.empty()) return loaded;
   shell.transcript().note(describe(loaded.error()));
-  for (const Problem& problem : loaded.error().more) shell.transcript().note(describe(problem));
-  return refused(arguments[0] + ": nothing was loaded; correct the lines above");
+  for (const host::Problem& problem : loaded.error().more)
+    shell.transcript().note(describe(problem));
+  return host::refused(arguments[0] + ": nothing was loaded; correct the lines above");
 }
 
 Proposals proposeFile(const Shell& /*shell*/, const Words& /*before*/,
@@ -25,4 +26,4 @@ Proposals proposeFile(const Shell& /*shell*/, const Words& /*before*/,
   return proposals;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

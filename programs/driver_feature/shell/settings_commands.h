@@ -4,12 +4,12 @@
 
 #include "programs/driver_feature/shell/command_table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
-Result<> runWrite(Shell& shell, const Words& arguments);
-Result<> runLoad(Shell& shell, const Words& arguments);
+host::Result<> runWrite(Shell& shell, const Words& arguments);
+host::Result<> runLoad(Shell& shell, const Words& arguments);
 Proposals proposeFile(const Shell& shell, const Words& before, const std::string& word);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_SETTINGS_COMMANDS_H_

@@ -6,21 +6,21 @@
 #include "programs/driver_feature/shell/words.h"
 #include "programs/driver_feature/show/show.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
-Result<> checkCount(const ShellCommand& command, std::size_t count) {
+host::Result<> checkCount(const ShellCommand& command, std::size_t count) {
   if (count >= command.fewest && count <= command.most) return {};
   const std::string usage = std::string(command.name) + " " + command.arguments;
-  return refused(
+  return host::refused(
       std::string(count < command.fewest ? "an argument is missing" : "too many arguments") +
       "; write " + (*command.arguments != '\0' ? usage : std::string(command.name)));
 }
 
 }  // namespace
 
-Shell::Shell(Session& session, const Transcript& transcript)
+Shell::Shell(host::Session& session, const Transcript& transcript)
     : session_(session),
       transcript_(transcript),
       watch_(session, [&transcript](EventKind kind, const std::string& text) {
@@ -33,32 +33,32 @@ Shell::~Shell() {
   session_.log().setReport(&printError);
 }
 
-Result<> Shell::execute(const std::string& line) {
+host::Result<> Shell::execute(const std::string& line) {
   Words words;
-  if (Result<> done = splitWords(line, words); !done) return done;
+  if (host::Result<> done = splitWords(line, words); !done) return done;
   if (words.empty()) return {};
   const ShellCommand* command = nullptr;
-  if (Result<> done = findCommand(words.front(), command); !done) return done;
+  if (host::Result<> done = findCommand(words.front(), command); !done) return done;
   words.erase(words.begin());
-  if (Result<> done = checkCount(*command, words.size()); !done) return done;
+  if (host::Result<> done = checkCount(*command, words.size()); !done) return done;
   answer_.clear();
   files_.clear();
   width_ = terminalWidth();
   {
     // Routines of the description may print, and that is no answer.
-    const StandardOutputDiversion diversion;
-    Result<> done = command->run(*this, words);
+    const host::StandardOutputDiversion diversion;
+    host::Result<> done = command->run(*this, words);
     watch_.look();
     if (!done) return done;
   }
   return writeAnswers();
 }
 
-Result<> Shell::writeAnswers() const {
+host::Result<> Shell::writeAnswers() const {
   for (const auto& [file, bytes] : files_) {
-    if (Result<> written = writeToFile(file, bytes); !written) return written;
+    if (host::Result<> written = host::writeToFile(file, bytes); !written) return written;
   }
   return Transcript::answer(answer_);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

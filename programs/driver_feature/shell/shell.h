@@ -13,28 +13,28 @@
 #include "programs/driver_feature/shell/events.h"
 #include "programs/driver_feature/shell/transcript.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 class Shell {
  public:
   // Both must outlive the shell. From now on the session's log lines go to the
   // transcript.
-  Shell(Session& session, const Transcript& transcript);
+  Shell(host::Session& session, const Transcript& transcript);
   ~Shell();
   Shell(const Shell&) = delete;
   Shell& operator=(const Shell&) = delete;
 
   // Runs one line and writes its answer. A refused line gives no answer; what
   // it has changed before it was refused stays.
-  Result<> execute(const std::string& line);
+  host::Result<> execute(const std::string& line);
 
   bool hasEnded() const { return ended_; }
 
   // For the commands.
 
-  Session& session() { return session_; }
-  const Session& session() const { return session_; }
-  const Model& model() const { return session_.model(); }
+  host::Session& session() { return session_; }
+  const host::Session& session() const { return session_; }
+  const host::Model& model() const { return session_.model(); }
   const Transcript& transcript() const { return transcript_; }
   // Columns of the terminal that answers go to; 0 when they go elsewhere.
   std::size_t width() const { return width_; }
@@ -52,9 +52,9 @@ class Shell {
   ConstrainedOptions& constrainedOptions() { return constrained_; }
 
  private:
-  Result<> writeAnswers() const;
+  host::Result<> writeAnswers() const;
 
-  Session& session_;
+  host::Session& session_;
   const Transcript& transcript_;
   EventWatch watch_;
   std::size_t width_ = 0;
@@ -64,6 +64,6 @@ class Shell {
   ConstrainedOptions constrained_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_SHELL_H_

@@ -4,15 +4,15 @@
 
 #include "programs/driver_feature/shell/names.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
 // The named features, or all of them.
-Result<> readNames(Shell& shell, const Words& words, AttributeMap& names) {
+host::Result<> readNames(Shell& shell, const Words& words, AttributeMap& names) {
   for (const std::string& name : words) {
     IntermediateCoreFeature* feature = nullptr;
-    if (Result<> done = findFeature(shell, name, feature); !done) return done;
+    if (host::Result<> done = findFeature(shell, name, feature); !done) return done;
     names[name];
   }
   if (!words.empty()) return {};
@@ -29,11 +29,11 @@ struct Constraint {
   long id = 0;
 };
 
-Result<> readConstraint(Shell& shell, const Words& arguments, Constraint& constraint) {
+host::Result<> readConstraint(Shell& shell, const Words& arguments, Constraint& constraint) {
   constraint.feature = arguments[0];
   constraint.option = arguments[1];
-  if (Result<> done = findFeature(shell, arguments[0], constraint.owner); !done) return done;
-  if (Result<> done = findOption(shell, arguments[0], arguments[1], constraint.object); !done)
+  if (host::Result<> done = findFeature(shell, arguments[0], constraint.owner); !done) return done;
+  if (host::Result<> done = findOption(shell, arguments[0], arguments[1], constraint.object); !done)
     return done;
   return readNumber(arguments[2], "number of a constraint", constraint.id);
 }
@@ -47,48 +47,49 @@ Shell::OptionFlags flagsOf(IntermediateCoreOption& option) {
 
 }  // namespace
 
-Result<> runSave(Shell& shell, const Words& arguments) {
+host::Result<> runSave(Shell& shell, const Words& arguments) {
   AttributeMap names;
-  if (Result<> done = readNames(shell, arguments, names); !done) return done;
+  if (host::Result<> done = readNames(shell, arguments, names); !done) return done;
   shell.session().save(names);
   return {};
 }
 
-Result<> runRestore(Shell& shell, const Words& arguments) {
+host::Result<> runRestore(Shell& shell, const Words& arguments) {
   AttributeMap names;
-  if (Result<> done = readNames(shell, arguments, names); !done) return done;
+  if (host::Result<> done = readNames(shell, arguments, names); !done) return done;
   shell.session().restore(names);
   return {};
 }
 
-Result<> runDefaults(Shell& shell, const Words& /*arguments*/) {
+host::Result<> runDefaults(Shell& shell, const Words& /*arguments*/) {
   shell.session().features().restoreDefaultFeatureValues();
   return {};
 }
 
-Result<> runConstrain(Shell& shell, const Words& arguments) {
+host::Result<> runConstrain(Shell& shell, const Words& arguments) {
   const bool hide = arguments.size() == 4;
   if (hide && arguments[3] != "hide") {
-    return refused(quoted(arguments[3]) + " is not expected; write \"hide\" or nothing");
+    return host::refused(quoted(arguments[3]) + " is not expected; write \"hide\" or nothing");
   }
   Constraint constraint;
-  if (Result<> done = readConstraint(shell, arguments, constraint); !done) return done;
+  if (host::Result<> done = readConstraint(shell, arguments, constraint); !done) return done;
   const Shell::OptionFlags before = flagsOf(*constraint.object);
   if (!constraint.owner->applyOptionConstraint(constraint.option, constraint.id, hide)) {
-    return refused("the library refuses to constrain option " + quoted(constraint.option) +
-                   "; make another option of " + quoted(constraint.feature) + " available first");
+    return host::refused("the library refuses to constrain option " + quoted(constraint.option) +
+                         "; make another option of " + quoted(constraint.feature) +
+                         " available first");
   }
   // Keeps what an earlier constraint has found.
   shell.constrainedOptions().insert({{constraint.feature, constraint.option}, before});
   return {};
 }
 
-Result<> runRelease(Shell& shell, const Words& arguments) {
+host::Result<> runRelease(Shell& shell, const Words& arguments) {
   Constraint constraint;
-  if (Result<> done = readConstraint(shell, arguments, constraint); !done) return done;
+  if (host::Result<> done = readConstraint(shell, arguments, constraint); !done) return done;
   if (!constraint.object->removeConstraint(constraint.id)) {
-    return refused("no constraint " + arguments[2] + " holds option " + quoted(constraint.option) +
-                   "; give the number of one that does");
+    return host::refused("no constraint " + arguments[2] + " holds option " +
+                         quoted(constraint.option) + "; give the number of one that does");
   }
   if (!constraint.object->isConstraintSetEmpty()) return {};
   Shell::OptionFlags flags;
@@ -117,4 +118,4 @@ Proposals proposeConstrain(const Shell& shell, const Words& before, const std::s
   return proposeRelease(shell, before, word);
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -7,7 +7,7 @@
 #include "programs/driver_feature/shell/file_names.h"
 #include "programs/driver_feature/shell/words.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -16,7 +16,7 @@ constexpr std::size_t kGap = 2;
 // What all have in common: whole characters, not parts of one.
 std::string commonBegin(const std::vector<std::string>& words) {
   std::string common;
-  for (const std::string_view character : splitCharacters(words.front())) {
+  for (const std::string_view character : host::splitCharacters(words.front())) {
     const std::string longer = common + std::string(character);
     const auto goesOn = [&longer](const std::string& word) { return word.starts_with(longer); };
     if (!std::all_of(words.begin(), words.end(), goesOn)) break;
@@ -29,7 +29,7 @@ std::string commonBegin(const std::vector<std::string>& words) {
 // and no escape.
 std::string openWord(const std::string& text, char quote) {
   if (quote == 0 && (text.empty() || quoteWord(text) == text)) return text;
-  const bool fitsSingle = text.find('\'') == std::string::npos && printable(text) == text;
+  const bool fitsSingle = text.find('\'') == std::string::npos && host::printable(text) == text;
   return quote == '\'' && fitsSingle ? "'" + text : "\"" + escapeWord(text);
 }
 
@@ -58,7 +58,7 @@ TabStep pressTab(const Shell& shell, std::string_view line) {
   }
   if (common.size() > unfinished.word.size()) step.written = openWord(common, quote);
   for (const std::string& word : words) {
-    step.choices.push_back(files ? printable(lastPart(word)) : quoteWord(word));
+    step.choices.push_back(files ? host::printable(lastPart(word)) : quoteWord(word));
   }
   return step;
 }
@@ -66,18 +66,18 @@ TabStep pressTab(const Shell& shell, std::string_view line) {
 std::string layOutChoices(const std::vector<std::string>& choices, std::size_t width) {
   std::size_t column = 0;
   for (const std::string& choice : choices) {
-    column = std::max(column, displayWidth(choice) + kGap);
+    column = std::max(column, host::displayWidth(choice) + kGap);
   }
   const std::size_t columns = std::max<std::size_t>(column == 0 ? 0 : (width - 1) / column, 1);
   const std::size_t rows = (choices.size() + columns - 1) / columns;
   std::string text;
   for (std::size_t row = 0; row < rows; ++row) {
     for (std::size_t i = row; i < choices.size(); i += rows) {
-      text += choices[i] + std::string(column - displayWidth(choices[i]), ' ');
+      text += choices[i] + std::string(column - host::displayWidth(choices[i]), ' ');
     }
     text += "\n";
   }
   return text;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 class Shell;
 
@@ -25,6 +25,6 @@ TabStep pressTab(const Shell& shell, std::string_view line);
 // is down the columns.
 std::string layOutChoices(const std::vector<std::string>& choices, std::size_t width);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_TAB_KEY_H_

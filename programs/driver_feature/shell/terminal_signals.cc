@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <iterator>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 volatile std::sig_atomic_t TerminalSignals::caught_[];
 
@@ -70,4 +70,4 @@ void TerminalSignals::passOn(int signal) {
   catchAll();
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -4,7 +4,7 @@
 
 #include <csignal>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // Catches the signals that end or stop the program, Ctrl-C's and that of a
 // window of another size, as long as it lives. One at a time. A signal that the
@@ -37,6 +37,6 @@ class TerminalSignals {
   sigset_t maskBefore_ = {};
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_TERMINAL_SIGNALS_H_

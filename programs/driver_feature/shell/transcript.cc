@@ -10,7 +10,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -55,12 +55,12 @@ void Transcript::logLine(const std::string& line) const {
 }
 
 void Transcript::refuse(const std::string& text) const {
-  const std::string shown = printable(text);
+  const std::string shown = host::printable(text);
   writeError((colours_ ? kRed + shown + kPlain : shown) + "\n");
 }
 
-Result<> Transcript::answer(const std::string& text) {
-  return text.empty() ? Result<>() : writeToStandardOutput(text);
+host::Result<> Transcript::answer(const std::string& text) {
+  return text.empty() ? host::Result<>() : host::writeToStandardOutput(text);
 }
 
 std::string Transcript::shownOutput(const std::string& bytes) const {
@@ -69,15 +69,15 @@ std::string Transcript::shownOutput(const std::string& bytes) const {
   std::string_view rest = bytes;
   while (!rest.empty()) {
     const std::string_view line = rest.substr(0, rest.find('\n'));
-    shown += printable(line) + "\n";
+    shown += host::printable(line) + "\n";
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
   }
   return shown;
 }
 
 void Transcript::writeEvent(const char* colour, const std::string& text) const {
-  const std::string shown = printable(text);
+  const std::string shown = host::printable(text);
   writeError("  " + (colours_ ? colour + shown + kPlain : shown) + "\n");
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

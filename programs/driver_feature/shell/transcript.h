@@ -9,7 +9,7 @@
 #include "host/base/output_file.h"
 #include "programs/driver_feature/shell/events.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 class Transcript {
  public:
@@ -25,7 +25,7 @@ class Transcript {
   void refuse(const std::string& text) const;
 
   // Writes an answer as it is.
-  static Result<> answer(const std::string& text);
+  static host::Result<> answer(const std::string& text);
 
   // Output for a printer: as it is, but spelled out line by line when standard
   // output is a terminal, which would obey it.
@@ -38,6 +38,6 @@ class Transcript {
   bool answersToTerminal_;
 };
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_TRANSCRIPT_H_

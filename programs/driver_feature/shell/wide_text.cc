@@ -3,7 +3,7 @@
 #include <climits>
 #include <cwchar>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -58,4 +58,4 @@ std::string toBytes(std::wstring_view text) {
   return bytes;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

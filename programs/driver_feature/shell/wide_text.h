@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // Takes the first character off `bytes`, which is not empty. None, and nothing
 // taken, when more bytes may complete it.
@@ -16,6 +16,6 @@ std::optional<wchar_t> takeCharacter(std::string& bytes);
 std::wstring toWide(std::string_view bytes);
 std::string toBytes(std::wstring_view text);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_WIDE_TEXT_H_

@@ -4,7 +4,7 @@
 
 #include <clocale>
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -48,4 +48,4 @@ TEST_F(EncodingTest, TakeCharacter_BeginOfOne_WaitsForTheRest) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

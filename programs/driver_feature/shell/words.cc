@@ -5,7 +5,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -51,12 +51,12 @@ class Splitter {
     while (!rest_.empty() && result_ && (quote_ != 0 || !isBlank(rest_.front()))) take(word);
     closed_ = !rest_.empty();
     if (quote_ != 0 && result_) {
-      result_ = refused(std::string("a quote is not closed; end the word with ") + quote_);
+      result_ = host::refused(std::string("a quote is not closed; end the word with ") + quote_);
     }
     return result_.has_value();
   }
 
-  const Result<>& result() const { return result_; }
+  const host::Result<>& result() const { return result_; }
   bool isClosed() const { return closed_; }  // A blank ends the last word.
   std::size_t begin() const { return begin_; }
   char quote() const { return quote_; }
@@ -87,8 +87,8 @@ class Splitter {
                            : written.empty() ? std::nullopt
                                              : characterOf(written.front());
     if (!character) {
-      result_ = refused("there is no escape \"\\" + std::string(written) +
-                        "\"; give \\n, \\r, \\t, \\e, \\xNN or \\\\");
+      result_ = host::refused("there is no escape \"\\" + std::string(written) +
+                              "\"; give \\n, \\r, \\t, \\e, \\xNN or \\\\");
       rest_ = {};
       return;
     }
@@ -101,7 +101,7 @@ class Splitter {
   std::size_t begin_ = 0;  // Of the last word.
   char quote_ = 0;
   bool closed_ = true;
-  Result<> result_;
+  host::Result<> result_;
 };
 
 bool isPlain(std::string_view text) {
@@ -111,7 +111,7 @@ bool isPlain(std::string_view text) {
 
 }  // namespace
 
-Result<> splitWords(std::string_view line, Words& words) {
+host::Result<> splitWords(std::string_view line, Words& words) {
   words.clear();
   Splitter splitter(line);
   for (std::string word; splitter.next(word); word.clear()) words.push_back(word);
@@ -142,7 +142,7 @@ UnfinishedLine splitUnfinished(std::string_view line) {
 std::string escapeWord(std::string_view text) {
   constexpr std::string_view kDigits = "0123456789abcdef";
   std::string written;
-  for (const std::string_view character : splitCharacters(text)) {
+  for (const std::string_view character : host::splitCharacters(text)) {
     const auto code = static_cast<unsigned char>(character.front());
     const bool isForeign = code >= 0x80 && character.size() == 1;
     if (character == "\"" || character == "\\") {
@@ -155,7 +155,7 @@ std::string escapeWord(std::string_view text) {
       written += kDigits[code >> 4U];
       written += kDigits[code & 0xFU];
     } else {
-      written += printable(character);
+      written += host::printable(character);
     }
   }
   return written;
@@ -165,4 +165,4 @@ std::string quoteWord(std::string_view text) {
   return isPlain(text) ? std::string(text) : "\"" + escapeWord(text) + "\"";
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -18,14 +18,14 @@
 
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 using Words = std::vector<std::string>;
 
 // Splits a line. None for an empty line and for a comment. Refused: a quote
 // that is not closed, and an escape that is not listed above; `words` then
 // holds the words before it.
-Result<> splitWords(std::string_view line, Words& words);
+host::Result<> splitWords(std::string_view line, Words& words);
 
 // A line up to the cursor: the words before the one that is being written, and
 // what stands of that, without its quotes and escapes. Never refused: what is
@@ -46,6 +46,6 @@ std::string quoteWord(std::string_view text);
 // The same without the quotes around it: what stands between double quotes.
 std::string escapeWord(std::string_view text);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHELL_WORDS_H_

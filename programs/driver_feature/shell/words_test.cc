@@ -4,7 +4,7 @@
 
 #include "support/problem_text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -119,4 +119,4 @@ TEST(Words_QuoteWord, Text_IsReadBack) {
 
 }  // namespace
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -8,7 +8,7 @@
 
 #include "host/base/text.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -41,19 +41,19 @@ std::string characterSetText(const std::string& characters) {
   takeRanges('0', '9', present, ranges);
   if (ranges.empty()) return "\"" + characters + "\"";
   std::string others;
-  for (const std::string_view character : splitCharacters(characters)) {
+  for (const std::string_view character : host::splitCharacters(characters)) {
     const auto code = static_cast<unsigned char>(character.front());
     if (!present[code]) continue;
     others += character;
     if (character.size() == 1) present[code] = false;  // One that stands twice is told once.
   }
-  return join(ranges, " ") + (others.empty() ? "" : " and \"" + others + "\"");
+  return host::join(ranges, " ") + (others.empty() ? "" : " and \"" + others + "\"");
 }
 
-std::vector<std::string> limitTexts(const FeatureLimits& limits) {
+std::vector<std::string> limitTexts(const host::FeatureLimits& limits) {
   std::vector<std::string> texts;
-  for (std::string range :
-       {rangeText(limits.intMin, limits.intMax), rangeText(limits.floatMin, limits.floatMax)}) {
+  for (std::string range : {host::rangeText(limits.intMin, limits.intMax),
+                            host::rangeText(limits.floatMin, limits.floatMax)}) {
     if (!range.empty()) texts.push_back(std::move(range));
   }
   if (limits.maxTextLength) {
@@ -67,10 +67,10 @@ std::vector<std::string> limitTexts(const FeatureLimits& limits) {
 
 nlohmann::ordered_json floatJson(float number) {
   if (!std::isfinite(number)) return nullptr;
-  return Json::parse(numberText(number)).get<double>();
+  return Json::parse(host::numberText(number)).get<double>();
 }
 
-nlohmann::ordered_json limitsJson(const FeatureLimits& limits) {
+nlohmann::ordered_json limitsJson(const host::FeatureLimits& limits) {
   Json json = Json::object();
   if (limits.intMin) json["minimum"] = *limits.intMin;
   if (limits.intMax) json["maximum"] = *limits.intMax;
@@ -81,4 +81,4 @@ nlohmann::ordered_json limitsJson(const FeatureLimits& limits) {
   return json;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -10,7 +10,7 @@
 #include "host/session/properties.h"
 #include "programs/driver_feature/show/limits_view.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -21,23 +21,23 @@ constexpr const char* kOptionProperties[] = {"Name",       "DisplayText", "PSCom
                                              "CLOKey",     "SNMPValue"};
 constexpr const char* kOptionFlags[] = {"Sensitivity", "Visibility"};
 
-std::optional<Json> valueOf(CoreFeature& object, const PropertyEntry& property) {
+std::optional<Json> valueOf(CoreFeature& object, const host::PropertyEntry& property) {
   const std::string name = property.name;
   std::string text;
   int number = 0;
   float decimal = 0;
   bool flag = false;
   switch (property.type) {
-    case PropertyType::kInt:
+    case host::PropertyType::kInt:
       if (object.getFeatureProperty(name, &number)) return number;
       break;
-    case PropertyType::kFloat:
+    case host::PropertyType::kFloat:
       if (object.getFeatureProperty(name, &decimal)) return floatJson(decimal);
       break;
-    case PropertyType::kBool:
+    case host::PropertyType::kBool:
       if (object.getFeatureProperty(name, &flag)) return flag;
       break;
-    case PropertyType::kText:
+    case host::PropertyType::kText:
       if (object.getFeatureProperty(name, text)) return text;
       break;
   }
@@ -47,9 +47,9 @@ std::optional<Json> valueOf(CoreFeature& object, const PropertyEntry& property) 
 }  // namespace
 
 nlohmann::ordered_json propertiesOf(CoreFeature& object) {
-  const LogSilence silence;  // The library logs each property that the object has not.
+  const host::LogSilence silence;  // The library logs each property that the object has not.
   Json json = Json::object();
-  for (const PropertyEntry& property : properties()) {
+  for (const host::PropertyEntry& property : host::properties()) {
     if (property.name == std::string("Name")) continue;  // The caller has shown it.
     if (auto value = valueOf(object, property)) json[property.name] = std::move(*value);
   }
@@ -57,7 +57,7 @@ nlohmann::ordered_json propertiesOf(CoreFeature& object) {
 }
 
 nlohmann::ordered_json optionsOf(CoreFeature& object) {
-  const LogSilence silence;
+  const host::LogSilence silence;
   Json list = Json::array();
   for (int i = 0; i < object.fetchNumberOfOptions(); ++i) {
     CoreOption* option = object.fetchOptionByIndex(i);
@@ -76,4 +76,4 @@ nlohmann::ordered_json optionsOf(CoreFeature& object) {
   return list;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

@@ -6,7 +6,7 @@
 
 #include "model/core_feature.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // The properties that a feature or group has, as a JSON object from their
 // names to their values.
@@ -15,6 +15,6 @@ nlohmann::ordered_json propertiesOf(CoreFeature& object);
 // The same for each option of a feature, as an array; empty without options.
 nlohmann::ordered_json optionsOf(CoreFeature& object);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHOW_PROPERTY_VIEW_H_

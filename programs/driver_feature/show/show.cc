@@ -11,7 +11,7 @@
 #include "programs/driver_feature/show/show_groups.h"
 #include "programs/driver_feature/table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -22,39 +22,40 @@ std::string availabilityText(bool available, bool visible) {
   return visible ? text : text + ", hidden";
 }
 
-std::string choiceText(const Choice& choice) {
+std::string choiceText(const host::Choice& choice) {
   if (!choice.available) return choice.name + " (" + availabilityText(false, choice.visible) + ")";
   return choice.visible ? choice.name : choice.name + " (hidden)";
 }
 
-std::vector<std::string> choicesAndLimits(const FeatureView& feature, const FeatureLimits& limits) {
+std::vector<std::string> choicesAndLimits(const host::FeatureView& feature,
+                                          const host::FeatureLimits& limits) {
   std::vector<std::string> parts;
-  for (const Choice& choice : feature.choices()) parts.push_back(choiceText(choice));
+  for (const host::Choice& choice : feature.choices()) parts.push_back(choiceText(choice));
   for (const std::string& text : limitTexts(limits)) parts.push_back(text);
   if (feature.isEncrypted()) parts.emplace_back("encrypted");
   return parts;
 }
 
-Json valueJson(const FeatureView& feature) {
+Json valueJson(const host::FeatureView& feature) {
   switch (feature.kind()) {
-    case FeatureKind::kMultiSelect: {
+    case host::FeatureKind::kMultiSelect: {
       const auto choice = feature.currentChoice();
       return choice ? Json(*choice) : Json(nullptr);
     }
-    case FeatureKind::kIntEntry:
+    case host::FeatureKind::kIntEntry:
       return feature.currentInt();
-    case FeatureKind::kTextEntry:
+    case host::FeatureKind::kTextEntry:
       return feature.currentText();
-    case FeatureKind::kFloatEntry:
+    case host::FeatureKind::kFloatEntry:
       return floatJson(feature.currentFloat());
     default:
       return nullptr;
   }
 }
 
-Json choicesJson(const std::vector<Choice>& choices) {
+Json choicesJson(const std::vector<host::Choice>& choices) {
   Json list = Json::array();
-  for (const Choice& choice : choices) {
+  for (const host::Choice& choice : choices) {
     list.push_back(
         {{"name", choice.name}, {"available", choice.available}, {"visible", choice.visible}});
   }
@@ -63,22 +64,22 @@ Json choicesJson(const std::vector<Choice>& choices) {
 
 }  // namespace
 
-std::string valueText(const FeatureView& feature) {
+std::string valueText(const host::FeatureView& feature) {
   switch (feature.kind()) {
-    case FeatureKind::kMultiSelect:
+    case host::FeatureKind::kMultiSelect:
       return feature.currentChoice().value_or("(none)");
-    case FeatureKind::kIntEntry:
+    case host::FeatureKind::kIntEntry:
       return std::to_string(feature.currentInt());
-    case FeatureKind::kTextEntry:
+    case host::FeatureKind::kTextEntry:
       return "\"" + feature.currentText() + "\"";
-    case FeatureKind::kFloatEntry:
-      return numberText(feature.currentFloat());
+    case host::FeatureKind::kFloatEntry:
+      return host::numberText(feature.currentFloat());
     default:
       return "-";
   }
 }
 
-std::string showTable(const Model& model, CoreFeatureSet& set, std::size_t width) {
+std::string showTable(const host::Model& model, CoreFeatureSet& set, std::size_t width) {
   std::vector<TableRow> rows = {
       {{"NAME", "TYPE", "VALUE", "AVAILABILITY"}, {"CHOICES AND LIMITS"}}};
   for (const auto& [name, feature] : model.features) {
@@ -89,10 +90,10 @@ std::string showTable(const Model& model, CoreFeatureSet& set, std::size_t width
   return layOut(rows, width) + showGroups(model, set, width);
 }
 
-std::string showJson(const Model& model, CoreFeatureSet& set) {
+std::string showJson(const host::Model& model, CoreFeatureSet& set) {
   Json features = Json::array();
   for (const auto& [name, feature] : model.features) {
-    const FeatureLimits& limits = model.index.limitsOf(name);
+    const host::FeatureLimits& limits = model.index.limitsOf(name);
     Json json = {{"name", name},
                  {"type", feature.typeName()},
                  {"value", valueJson(feature)},
@@ -118,4 +119,4 @@ std::size_t terminalWidth() {
   return size.ws_col;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

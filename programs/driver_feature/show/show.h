@@ -7,24 +7,24 @@
 
 #include "host/settings/setting.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // A table with a heading and one row per feature, in the order of the names,
 // followed by the groups and the records of the set. `width` is the number of
 // columns of the terminal, 0 when the table goes somewhere else: then nothing
 // is wrapped or cut.
-std::string showTable(const Model& model, CoreFeatureSet& set, std::size_t width);
+std::string showTable(const host::Model& model, CoreFeatureSet& set, std::size_t width);
 
 // The same as an indented JSON document with a line end.
-std::string showJson(const Model& model, CoreFeatureSet& set);
+std::string showJson(const host::Model& model, CoreFeatureSet& set);
 
 // A feature's current value as the table shows it; "-" when it has none.
-std::string valueText(const FeatureView& feature);
+std::string valueText(const host::FeatureView& feature);
 
 // The columns of the terminal that standard output goes to; 0 when it goes
 // elsewhere, and 80 for a terminal that does not tell.
 std::size_t terminalWidth();
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHOW_SHOW_H_

@@ -11,38 +11,39 @@
 #include "programs/driver_feature/show/property_view.h"
 #include "programs/driver_feature/table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::vector<std::string> membersOf(const Model& model, CoreFeatureSet& set,
-                                   const GroupEntry& entry) {
-  if (entry.kind == GroupKind::kDynamic) {
+std::vector<std::string> membersOf(const host::Model& model, CoreFeatureSet& set,
+                                   const host::GroupEntry& entry) {
+  if (entry.kind == host::GroupKind::kDynamic) {
     const auto group = findDynamicGroup(set, model.index, entry.name);
     return group ? group->memberNames() : std::vector<std::string>();
   }
-  const auto group = findStaticGroup(set, entry.name);
+  const auto group = host::findStaticGroup(set, entry.name);
   return group ? group->memberNames() : std::vector<std::string>();
 }
 
-const GroupEntry* findGroup(const Model& model, const std::string& name) {
+const host::GroupEntry* findGroup(const host::Model& model, const std::string& name) {
   const auto& groups = model.index.groups();
-  const auto found = std::find_if(groups.begin(), groups.end(),
-                                  [&name](const GroupEntry& group) { return group.name == name; });
+  const auto found =
+      std::find_if(groups.begin(), groups.end(),
+                   [&name](const host::GroupEntry& group) { return group.name == name; });
   return found == groups.end() ? nullptr : &*found;
 }
 
 // The groups around a member, the innermost first.
-std::vector<std::string> groupsAround(const Model& model, CoreFeatureSet& set,
+std::vector<std::string> groupsAround(const host::Model& model, CoreFeatureSet& set,
                                       const std::string& name) {
   std::vector<std::string> around;
-  for (const GroupEntry& entry : model.index.groups()) {
-    if (entry.kind != GroupKind::kStatic) continue;
+  for (const host::GroupEntry& entry : model.index.groups()) {
+    if (entry.kind != host::GroupKind::kStatic) continue;
     const std::vector<std::string> members = membersOf(model, set, entry);
     if (std::find(members.begin(), members.end(), name) == members.end()) continue;
-    const GroupEntry* group = &entry;
+    const host::GroupEntry* group = &entry;
     while (group != nullptr &&
            std::find(around.begin(), around.end(), group->name) == around.end()) {
       around.push_back(group->name);
@@ -52,9 +53,9 @@ std::vector<std::string> groupsAround(const Model& model, CoreFeatureSet& set,
   return around;
 }
 
-Json describeGroup(const Model& model, CoreFeatureSet& set, const GroupEntry& entry) {
-  const bool dynamic = entry.kind == GroupKind::kDynamic;
-  const auto fixed = findStaticGroup(set, entry.name);
+Json describeGroup(const host::Model& model, CoreFeatureSet& set, const host::GroupEntry& entry) {
+  const bool dynamic = entry.kind == host::GroupKind::kDynamic;
+  const auto fixed = host::findStaticGroup(set, entry.name);
   const bool isTemplate = !dynamic && fixed && fixed->isTemplate();
   Json json = {{"name", entry.name},
                {"type", dynamic      ? "dynamic group"
@@ -71,8 +72,8 @@ Json describeGroup(const Model& model, CoreFeatureSet& set, const GroupEntry& en
   return json;
 }
 
-Json describeFeature(const Model& model, CoreFeatureSet& set, const std::string& name) {
-  const FeatureLimits& limits = model.index.limitsOf(name);
+Json describeFeature(const host::Model& model, CoreFeatureSet& set, const std::string& name) {
+  const host::FeatureLimits& limits = model.index.limitsOf(name);
   Json json = {{"name", name},
                {"type", model.features.at(name).typeName()},
                {"description", model.file},
@@ -85,7 +86,7 @@ Json describeFeature(const Model& model, CoreFeatureSet& set, const std::string&
   return json;
 }
 
-Json describe(const Model& model, CoreFeatureSet& set, const std::string& name) {
+Json describe(const host::Model& model, CoreFeatureSet& set, const std::string& name) {
   const bool isFeature = model.features.contains(name);
   Json json = isFeature ? describeFeature(model, set, name)
                         : describeGroup(model, set, *findGroup(model, name));
@@ -140,18 +141,18 @@ std::string recordTable(const Json& members, const Json& records, std::size_t wi
 
 }  // namespace
 
-Result<> checkDetails(const Model& model, const std::string& name) {
+host::Result<> checkDetails(const host::Model& model, const std::string& name) {
   if (model.features.contains(name) || findGroup(model, name) != nullptr) return {};
   std::vector<std::string> names;
   for (const auto& [known, feature] : model.features) names.push_back(known);
-  for (const GroupEntry& group : model.index.groups()) names.push_back(group.name);
-  const auto nearest = nearestName(name, names);
-  return refused("there is no feature or group \"" + name + "\"; " +
-                 (nearest ? "did you mean \"" + *nearest + "\"?"
-                          : "\"driver-feature show " + model.file + "\" lists them"));
+  for (const host::GroupEntry& group : model.index.groups()) names.push_back(group.name);
+  const auto nearest = host::nearestName(name, names);
+  return host::refused("there is no feature or group \"" + name + "\"; " +
+                       (nearest ? "did you mean \"" + *nearest + "\"?"
+                                : "\"driver-feature show " + model.file + "\" lists them"));
 }
 
-std::string detailsText(const Model& model, CoreFeatureSet& set, const std::string& name,
+std::string detailsText(const host::Model& model, CoreFeatureSet& set, const std::string& name,
                         std::size_t width) {
   const Json json = describe(model, set, name);
   std::vector<TableRow> rows = {{{"Name"}, {name}},
@@ -178,8 +179,8 @@ std::string detailsText(const Model& model, CoreFeatureSet& set, const std::stri
   return hasRecords ? text + recordTable(json["members"], json["records"], width) : text;
 }
 
-std::string detailsJson(const Model& model, CoreFeatureSet& set, const std::string& name) {
+std::string detailsJson(const host::Model& model, CoreFeatureSet& set, const std::string& name) {
   return describe(model, set, name).dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

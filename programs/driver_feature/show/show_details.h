@@ -8,22 +8,22 @@
 #include "host/settings/setting.h"
 #include "model/core_feature_set.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 // Why there is nothing to show of a name; nothing when there is a feature or
 // group of that name.
-Result<> checkDetails(const Model& model, const std::string& name);
+host::Result<> checkDetails(const host::Model& model, const std::string& name);
 
 // Everything about the feature or, when there is none, the group of that name:
 // every property that it has, its limits, options, routines, members and
 // records, and the groups that it is in. Properties that are empty texts are
 // left out. `width` is as for showTable().
-std::string detailsText(const Model& model, CoreFeatureSet& set, const std::string& name,
+std::string detailsText(const host::Model& model, CoreFeatureSet& set, const std::string& name,
                         std::size_t width);
 
 // The same as an indented JSON document with a line end, empty texts included.
-std::string detailsJson(const Model& model, CoreFeatureSet& set, const std::string& name);
+std::string detailsJson(const host::Model& model, CoreFeatureSet& set, const std::string& name);
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHOW_SHOW_DETAILS_H_

@@ -7,7 +7,7 @@
 #include "host/session/group_view.h"
 #include "programs/driver_feature/table.h"
 
-namespace driver_feature {
+namespace driver_feature::cli {
 
 namespace {
 
@@ -20,18 +20,18 @@ struct GroupSummary {
   std::string outer;
   int line = 0;
   std::vector<std::string> members;
-  std::vector<Record> records;
+  std::vector<host::Record> records;
 };
 
-std::vector<GroupSummary> summariesOf(const Model& model, CoreFeatureSet& set) {
+std::vector<GroupSummary> summariesOf(const host::Model& model, CoreFeatureSet& set) {
   std::vector<GroupSummary> summaries;
-  for (const GroupEntry& entry : model.index.groups()) {
-    if (entry.kind == GroupKind::kDynamic) {
+  for (const host::GroupEntry& entry : model.index.groups()) {
+    if (entry.kind == host::GroupKind::kDynamic) {
       const auto group = findDynamicGroup(set, model.index, entry.name);
       if (!group) continue;
       summaries.push_back(
           {entry.name, "dynamic", entry.outer, entry.line, group->memberNames(), group->records()});
-    } else if (const auto group = findStaticGroup(set, entry.name)) {
+    } else if (const auto group = host::findStaticGroup(set, entry.name)) {
       summaries.push_back({entry.name,
                            group->isTemplate() ? "template" : "static",
                            entry.outer,
@@ -57,7 +57,7 @@ std::string recordsTable(const GroupSummary& group, std::size_t width) {
 
 }  // namespace
 
-std::string showGroups(const Model& model, CoreFeatureSet& set, std::size_t width) {
+std::string showGroups(const host::Model& model, CoreFeatureSet& set, std::size_t width) {
   const std::vector<GroupSummary> groups = summariesOf(model, set);
   if (groups.empty()) return "";
   std::vector<TableRow> rows = {{{"GROUP", "KIND", "IN", "RECORDS"}, {"MEMBERS"}}};
@@ -72,7 +72,7 @@ std::string showGroups(const Model& model, CoreFeatureSet& set, std::size_t widt
   return "\n" + layOut(rows, width) + records;
 }
 
-nlohmann::ordered_json groupsJson(const Model& model, CoreFeatureSet& set) {
+nlohmann::ordered_json groupsJson(const host::Model& model, CoreFeatureSet& set) {
   Json list = Json::array();
   for (const GroupSummary& group : summariesOf(model, set)) {
     Json json = {{"name", group.name}, {"kind", group.kind}, {"line", group.line}};
@@ -80,7 +80,7 @@ nlohmann::ordered_json groupsJson(const Model& model, CoreFeatureSet& set) {
     json["members"] = group.members;
     if (group.kind == "dynamic") {
       json["records"] = Json::array();
-      for (const Record& record : group.records) {
+      for (const host::Record& record : group.records) {
         Json values = Json::object();
         for (std::size_t i = 0; i < record.size(); ++i) values[group.members[i]] = record[i];
         json["records"].push_back(values);
@@ -91,4 +91,4 @@ nlohmann::ordered_json groupsJson(const Model& model, CoreFeatureSet& set) {
   return list;
 }
 
-}  // namespace driver_feature
+}  // namespace driver_feature::cli

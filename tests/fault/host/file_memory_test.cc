@@ -51,8 +51,8 @@ TEST_P(FileMemoryTest, WriteToFile_NoMemory_KeepsTheOldFile) {
   const std::string path = folder_.path("first.out");
   sweep(3, [&](const FailurePlan& plan) {
     writeOldFiles();
-    Result<> written;
-    const bool done = endsWithoutThrow(plan, [&] { written = writeToFile(path, "new"); });
+    host::Result<> written;
+    const bool done = endsWithoutThrow(plan, [&] { written = host::writeToFile(path, "new"); });
     EXPECT_EQ(folder_.read("first.out"), done && written ? "new" : kOld);
     EXPECT_EQ(done, !memoryHasFailed());
     EXPECT_THAT(folder_.fileNames(), ElementsAre("first.out", "second.out"));
@@ -60,11 +60,11 @@ TEST_P(FileMemoryTest, WriteToFile_NoMemory_KeepsTheOldFile) {
 }
 
 TEST_P(FileMemoryTest, WriteAllOutputs_NoMemory_WritesAllFilesOrNone) {
-  const std::vector<OutputText> outputs = {{folder_.path("first.out"), "new"},
-                                           {folder_.path("second.out"), "new"}};
+  const std::vector<host::OutputText> outputs = {{folder_.path("first.out"), "new"},
+                                                 {folder_.path("second.out"), "new"}};
   sweep(6, [&](const FailurePlan& plan) {
     writeOldFiles();
-    Result<> written;
+    host::Result<> written;
     const bool done = endsWithoutThrow(plan, [&] { written = writeAllOutputs(outputs); });
     EXPECT_EQ(folder_.read("first.out"), done && written ? "new" : kOld);
     EXPECT_EQ(folder_.read("second.out"), done && written ? "new" : kOld);
