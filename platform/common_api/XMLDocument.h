@@ -44,13 +44,15 @@ class XMLDocument {
   // The root element. Handles live as long as the document.
   void* root() const;
 
-  // The line, counted from 1, on which the start tag of `element` ends, or 0
+  // The line, counted from 1, on which the start tag of `element` begins, or 0
   // for null.
   static int lineOf(void* element);
 
  private:
   struct Tree;
   explicit XMLDocument(std::unique_ptr<Tree> tree);
+  static std::unique_ptr<XMLDocument> parse(std::unique_ptr<Tree> tree, const std::string& name,
+                                            XMLProblem& problem);
   std::unique_ptr<Tree> tree_;
 };
 

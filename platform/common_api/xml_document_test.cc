@@ -134,11 +134,20 @@ TEST_F(XMLDocumentTest, LineOf_SeventyThousandLines_NamesEachLine) {
   EXPECT_EQ(wrong, 0);
 }
 
-TEST_F(XMLDocumentTest, LineOf_TagOfManyLines_IsTheOneItEndsOn) {
-  XMLProblem problem;
-  const auto document = XMLDocument::parseText("<a\nb='1'\nc='2'\n><d/></a>", "test.xml", problem);
-  ASSERT_NE(document, nullptr) << problem.text;
-  EXPECT_EQ(XMLDocument::lineOf(document->root()), 4);
+// Both readers: a document type is not plain.
+TEST_F(XMLDocumentTest, LineOf_TagOfManyLines_IsTheOneItBeginsOn) {
+  for (const std::string head : {"\n\n", "<!DOCTYPE a>\n\n"}) {
+    XMLProblem problem;
+    const auto document = XMLDocument::parseText(
+        head + "<a\nb='1\n'\nc='2'\n>\n<d/><e\n/><f></f></a>", "test.xml", problem);
+    ASSERT_NE(document, nullptr) << problem.text;
+    EXPECT_EQ(XMLDocument::lineOf(document->root()), 3);
+    void* child = pParserInstance->firstChild(document->root());
+    EXPECT_EQ(XMLDocument::lineOf(child), 8);
+    child = pParserInstance->nextSibling(child);
+    EXPECT_EQ(XMLDocument::lineOf(child), 8);
+    EXPECT_EQ(XMLDocument::lineOf(pParserInstance->nextSibling(child)), 9);
+  }
 }
 
 TEST_F(XMLDocumentTest, LineOf_Null_IsZero) {

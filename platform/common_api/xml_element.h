@@ -1,0 +1,78 @@
+// The elements of a document: a compact tree over the document's text.
+//
+// An element says where its start tag begins. The tag, the attributes and
+// their values are read from there when somebody asks. That text has been
+// found well-formed before.
+#ifndef PLATFORM_COMMON_API_XML_ELEMENT_H_
+#define PLATFORM_COMMON_API_XML_ELEMENT_H_
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace driver_feature {
+
+struct Element {
+  const char* tag = nullptr;  // The first character of its name, in the text.
+  Element* nextSibling = nullptr;
+  Element* firstChild = nullptr;
+  int line = 0;  // On which the start tag begins.
+  // Whether the values of its attributes hold byte escapes. The nearest element
+  // that says so in its attribute ByteEscapes counts, the element itself or one
+  // around it.
+  bool escaped = false;
+};
+
+// Elements that stay where they are. Some share each piece of memory.
+class ElementStore {
+ public:
+  Element& add();
+
+  // In the order in which they were added.
+  Element& operator[](std::size_t index) { return pieces_[index / kPiece][index % kPiece]; }
+  std::size_t size() const { return size_; }
+
+ private:
+  static constexpr std::size_t kPiece = 256;
+
+  std::vector<std::unique_ptr<Element[]>> pieces_;
+  std::size_t size_ = 0;
+};
+
+// Stores an attribute's value as it is meant: with references resolved and with
+// a blank for each line end and tabulator.
+void resolveValue(const char* text, const char* end, std::string& value);
+
+// Walks over the attributes in a start tag:
+//
+//   for (AttributeReader attribute(element.tag); attribute.read();) {
+//     ... attribute.name() ... attribute.readValue(value) ...
+//   }
+class AttributeReader {
+ public:
+  // From the name of the element on.
+  explicit AttributeReader(const char* tag);
+
+  // Moves to the next attribute; false after the last one.
+  bool read();
+
+  const std::string& name() const { return name_; }
+
+  // As resolveValue() does.
+  void readValue(std::string& value) const { resolveValue(value_, valueEnd_, value); }
+
+ private:
+  const char* next_;
+  std::string name_;
+  const char* value_ = nullptr;
+  const char* valueEnd_ = nullptr;
+};
+
+// The name at the beginning of a start tag.
+std::string_view nameAt(const char* tag);
+
+}  // namespace driver_feature
+
+#endif  // PLATFORM_COMMON_API_XML_ELEMENT_H_
