@@ -241,29 +241,29 @@ class Scanner {
 
   // The attributes, and the blanks after them.
   bool scanAttributes(Element& element) {
-    std::size_t count = 0;
+    attributeCount_ = 0;
     while (skipBlanks() && *next_ != '>' && *next_ != '/') {
-      std::string_view& name = attributes_[count];
-      if (!scanName(name) || !isNewAttribute(count)) return false;
+      std::string_view name;
+      if (!scanName(name) || !noteAttribute(name)) return false;
       skipBlanks();
       if (!take('=')) return false;
       skipBlanks();
       const char* value = next_ + 1;
       if (!scanValue()) return false;
       if (name == "ByteEscapes") element.escaped = isYes(value, next_ - 1);
-      if (++count == kMostAttributes) return false;
     }
     return true;
   }
 
-  // A name occurs once. Another reader has checked this and namespaces.
-  bool isNewAttribute(std::size_t index) const {
+  // Whether the present tag may have it: a name occurs once.
+  bool noteAttribute(std::string_view name) {
     if (names_ == Names::kAny) return true;
-    const std::string_view name = attributes_[index];
-    for (std::size_t i = 0; i < index; ++i) {
+    for (std::size_t i = 0; i < attributeCount_; ++i) {
       if (attributes_[i] == name) return false;
     }
-    return name != "xmlns";
+    if (name == "xmlns" || attributeCount_ == attributes_.size()) return false;
+    attributes_[attributeCount_++] = name;
+    return true;
   }
 
   bool scanValue() {
@@ -300,7 +300,8 @@ class Scanner {
   int line_ = 1;
   std::array<OpenElement, kHighestDepth> open_;
   std::size_t depth_ = 0;
-  std::array<std::string_view, kMostAttributes> attributes_;  // Of the present tag.
+  std::array<std::string_view, kMostAttributes> attributes_;  // Names, of the present tag.
+  std::size_t attributeCount_ = 0;
 };
 
 }  // namespace
