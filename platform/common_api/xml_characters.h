@@ -13,7 +13,8 @@ enum CharacterClass : unsigned char {
   kNameStart = 1,  // The first character of a name.
   kNamePart = 2,   // Any other.
   kBlank = 4,
-  kValuePart = 8,     // An attribute's value holds it as it is: no line end, quote or markup.
+  kValuePart =
+      8,  // An attribute's value holds it as it is: no line end, tabulator, quote or markup.
   kContentPart = 16,  // So does the text between elements: no line end, markup or "]".
   kAscii = 32,        // All of ASCII that XML can hold.
   kNameByte = 64,     // Of any name, with a prefix or beyond ASCII.
@@ -35,9 +36,7 @@ constexpr std::array<unsigned char, 256> characterClasses() {
   for (const char c : {' ', '\t', '\r', '\n'}) {
     classes[static_cast<unsigned char>(c)] |= kBlank | kAscii;
   }
-  for (const char c : {'\t', '\r'}) {
-    classes[static_cast<unsigned char>(c)] |= kValuePart | kContentPart;
-  }
+  for (const char c : {'\t', '\r'}) classes[static_cast<unsigned char>(c)] |= kContentPart;
   for (unsigned c = 0; c < 256; ++c) {
     if (c >= 0x80 || c == ':' || (classes[c] & kNamePart) != 0) classes[c] |= kNameByte;
     if (c >= 0x20 && c != '&') classes[c] |= kLiteral;

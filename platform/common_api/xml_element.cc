@@ -1,5 +1,6 @@
 #include "xml_element.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "xml_characters.h"
@@ -18,19 +19,25 @@ const char* endOfName(const char* text) {
   return text;
 }
 
-// Writes the value from its first reference or blank on. Returns its end.
-char* writeResolved(const char* text, const char* end, char* out) {
-  for (;;) {
-    while (text != end && isOfClass(*text, kLiteral)) *out++ = *text++;
-    if (text == end) return out;
-    if (*text == '&') {
-      unsigned character = 0;
-      text += readReference(text, character);
-      out = writeCharacter(character, out);
-    } else {
-      text += *text == '\r' && text[1] == '\n' ? 2 : 1;  // The two are one line end.
-      *out++ = ' ';
-    }
+// The end of what means itself.
+const char* endOfLiteral(const char* text, const char* end, bool hasBlanks) {
+  if (hasBlanks) {
+    while (text != end && isOfClass(*text, kLiteral)) ++text;
+    return text;
+  }
+  const void* reference = std::memchr(text, '&', static_cast<std::size_t>(end - text));
+  return reference != nullptr ? static_cast<const char*>(reference) : end;
+}
+
+// Writes what the reference or the blank at `text` means, and moves over both.
+void resolveOne(const char*& text, char*& out) {
+  if (*text == '&') {
+    unsigned character = 0;
+    text += readReference(text, character);
+    out = writeCharacter(character, out);
+  } else {
+    text += *text == '\r' && text[1] == '\n' ? 2 : 1;  // The two are one line end.
+    *out++ = ' ';
   }
 }
 
@@ -41,7 +48,8 @@ Element& ElementStore::add() {
   return (*this)[size_++];
 }
 
-AttributeReader::AttributeReader(const char* tag) : next_(endOfName(tag)) {}
+AttributeReader::AttributeReader(const Element& element)
+    : next_(endOfName(element.tag)), hasBlanks_(element.hasBlanks) {}
 
 bool AttributeReader::read() {
   next_ = skipBlanks(next_);
@@ -55,14 +63,20 @@ bool AttributeReader::read() {
   return true;
 }
 
-void resolveValue(const char* text, const char* end, std::string& value) {
+void resolveValue(const char* text, const char* end, bool hasBlanks, std::string& value) {
   value.assign(text, end);
-  std::size_t plain = 0;
-  while (plain < value.size() && isOfClass(value[plain], kLiteral)) ++plain;
-  if (plain == value.size()) return;
+  const char* literal = text;
+  text = endOfLiteral(text, end, hasBlanks);
+  if (text == end) return;
   // What a reference means is shorter than the reference.
-  const char* valueEnd = writeResolved(text + plain, end, value.data() + plain);
-  value.resize(static_cast<std::size_t>(valueEnd - value.data()));
+  char* out = value.data() + (text - literal);
+  while (text != end) {
+    resolveOne(text, out);
+    literal = text;
+    text = endOfLiteral(text, end, hasBlanks);
+    out = std::copy(literal, text, out);
+  }
+  value.resize(static_cast<std::size_t>(out - value.data()));
 }
 
 std::string_view nameAt(const char* tag) {

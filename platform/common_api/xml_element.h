@@ -23,6 +23,8 @@ struct Element {
   // that says so in its attribute ByteEscapes counts, the element itself or one
   // around it.
   bool escaped = false;
+  // Whether a value holds line ends or tabulators.
+  bool hasBlanks = false;
 };
 
 // Elements that stay where they are. Some share each piece of memory.
@@ -41,19 +43,18 @@ class ElementStore {
   std::size_t size_ = 0;
 };
 
-// Stores an attribute's value as it is meant: with references resolved and with
-// a blank for each line end and tabulator.
-void resolveValue(const char* text, const char* end, std::string& value);
+// Stores an attribute's value as it is meant: with references resolved and, if
+// it may hold such blanks, with a space for each line end and tabulator.
+void resolveValue(const char* text, const char* end, bool hasBlanks, std::string& value);
 
 // Walks over the attributes in a start tag:
 //
-//   for (AttributeReader attribute(element.tag); attribute.read();) {
+//   for (AttributeReader attribute(element); attribute.read();) {
 //     ... attribute.name() ... attribute.readValue(value) ...
 //   }
 class AttributeReader {
  public:
-  // From the name of the element on.
-  explicit AttributeReader(const char* tag);
+  explicit AttributeReader(const Element& element);
 
   // Moves to the next attribute; false after the last one.
   bool read();
@@ -61,10 +62,11 @@ class AttributeReader {
   const std::string& name() const { return name_; }
 
   // As resolveValue() does.
-  void readValue(std::string& value) const { resolveValue(value_, valueEnd_, value); }
+  void readValue(std::string& value) const { resolveValue(value_, valueEnd_, hasBlanks_, value); }
 
  private:
   const char* next_;
+  bool hasBlanks_;
   std::string name_;
   const char* value_ = nullptr;
   const char* valueEnd_ = nullptr;

@@ -40,7 +40,7 @@ class DocumentParser final : public XMLParser {
 
   void attributes(void* element, AttributeMap& map) override {
     if (element == nullptr) return;
-    driver_feature::AttributeReader attribute(elementOf(element).tag);
+    driver_feature::AttributeReader attribute(elementOf(element));
     while (attribute.read()) {
       std::string& value = map[attribute.name()];
       attribute.readValue(value);

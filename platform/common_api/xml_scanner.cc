@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "xml_characters.h"
 
@@ -55,13 +56,21 @@ class Scanner {
     return true;
   }
 
+  // Over bytes of these classes. The place is a variable of its own meanwhile:
+  // a character that is read might be a byte of next_ to the compiler.
+  void skip(unsigned classes) {
+    const char* text = next_;
+    while (isOfClass(*text, classes)) ++text;
+    next_ = text;
+  }
+
   // Whether there was one at least.
   bool skipBlanks() {
-    const char* start = next_;
-    for (; isOfClass(*next_, kBlank); ++next_) {
-      if (*next_ == '\n') ++line_;
+    const char* text = next_;
+    for (; isOfClass(*text, kBlank); ++text) {
+      if (*text == '\n') ++line_;
     }
-    return next_ != start;
+    return text != std::exchange(next_, text);
   }
 
   bool scanDeclaration() {
@@ -168,9 +177,9 @@ class Scanner {
     const char* start = next_;
     if (names_ == Names::kPlain) {
       if (!isOfClass(*next_, kNameStart)) return false;
-      while (isOfClass(*next_, kNamePart)) ++next_;
+      skip(kNamePart);
     } else {
-      while (isOfClass(*next_, kNameByte)) ++next_;
+      skip(kNameByte);
     }
     name = {start, static_cast<std::size_t>(next_ - start)};
     return name.size() <= kLongestName || names_ == Names::kAny;
@@ -205,7 +214,7 @@ class Scanner {
   // The text in an element, up to the next "<".
   bool scanText() {
     for (;;) {
-      while (isOfClass(*next_, kContentPart)) ++next_;
+      skip(kContentPart);
       if (*next_ == '<') return true;
       if (*next_ == '&') {
         if (!scanReference()) return false;
@@ -249,7 +258,7 @@ class Scanner {
       if (!take('=')) return false;
       skipBlanks();
       const char* value = next_ + 1;
-      if (!scanValue()) return false;
+      if (!scanValue(element)) return false;
       if (name == "ByteEscapes") element.escaped = isYes(value, next_ - 1);
     }
     return true;
@@ -266,21 +275,22 @@ class Scanner {
     return true;
   }
 
-  bool scanValue() {
+  bool scanValue(Element& element) {
     const char quote = *next_;
     if (quote != '"' && quote != '\'') return false;
     ++next_;
     for (;;) {
-      while (isOfClass(*next_, kValuePart)) ++next_;
+      skip(kValuePart);
       if (take(quote)) return true;
       if (*next_ == '<') return false;
+      if (isOfClass(*next_, kBlank)) element.hasBlanks = true;
       if (!(*next_ == '&' ? scanReference() : scanCharacter())) return false;
     }
   }
 
   static bool isYes(const char* text, const char* end) {
     std::string value;
-    resolveValue(text, end, value);
+    resolveValue(text, end, true, value);
     return value == "yes";
   }
 

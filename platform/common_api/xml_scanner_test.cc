@@ -29,7 +29,7 @@ std::string elementsOf(const Element* element, int depth) {
     text += std::to_string(depth) + ' ' + std::to_string(element->line) + ' ';
     text += nameAt(element->tag);
     std::string value;
-    for (AttributeReader attribute(element->tag); attribute.read();) {
+    for (AttributeReader attribute(*element); attribute.read();) {
       attribute.readValue(value);
       text += ' ' + attribute.name() + "=[" + value + ']';
     }
