@@ -18,6 +18,8 @@ import statistics
 import subprocess
 import tempfile
 
+import callgrind
+
 # Lists and choices of each, the highest ratio of time that is wanted, and the
 # highest ratio of memory to the description's size.
 SHAPES = ((300, 40), (50, 2000), (1000, 5))
@@ -39,7 +41,7 @@ def count_once(command, folder):
     """Instructions from the start of the process to its end."""
     result = subprocess.run(
         ["valgrind", "--tool=callgrind", f"--callgrind-out-file={folder}/out", *command],
-        env={"LC_ALL": "C", "PATH": os.defpath}, capture_output=True, text=True)
+        env=callgrind.environment_for(command[0]), capture_output=True, text=True)
     found = re.search(r"Collected : (\d+)", result.stderr)
     if result.returncode != 0 or not found:
         raise SystemExit(f"callgrind failed:\n{result.stderr}")
@@ -51,6 +53,22 @@ def peak_of(command):
     output = subprocess.run([command[0], "--peak", *command[1:]], check=True,
                             stdout=subprocess.PIPE).stdout
     return 1024 * int(output)
+
+
+def write_models(programs, folder, shapes):
+    for shape in shapes:
+        subprocess.run([programs / "write_models", "--lists", folder, *map(str, shape)],
+                       check=True)
+
+
+def count_loads(build, shapes):
+    """Instructions of the library's side, by "fresh load/LISTSxCHOICES"."""
+    programs = build.resolve() / "bin"
+    with tempfile.TemporaryDirectory() as folder:
+        write_models(programs, folder, shapes)
+        side = Side(programs / "fresh_load", pathlib.Path(folder), "lists_ps")
+        return {f"fresh load/{shape[0]}x{shape[1]}": count_once(side.command(shape), folder)
+                for shape in shapes}
 
 
 class Side:
@@ -103,9 +121,7 @@ def measure(build, rounds):
     programs = build.resolve() / "bin"
     with tempfile.TemporaryDirectory() as folder:
         models = pathlib.Path(folder)
-        for shape in (SMALLEST, *SHAPES):
-            subprocess.run([programs / "write_models", "--lists", folder, *map(str, shape)],
-                           check=True)
+        write_models(programs, folder, (SMALLEST, *SHAPES))
         ours = Side(programs / "fresh_load", models, "lists_ps")
         theirs = Side(programs / "fresh_open", models, "lists_ppd")
         for _ in range(rounds):
