@@ -51,8 +51,6 @@ class XMLDocument {
  private:
   struct Tree;
   explicit XMLDocument(std::unique_ptr<Tree> tree);
-  static std::unique_ptr<XMLDocument> parse(std::unique_ptr<Tree> tree, const std::string& name,
-                                            XMLProblem& problem);
   std::unique_ptr<Tree> tree_;
 };
 

@@ -7,8 +7,8 @@
 
 namespace driver_feature {
 
-// What a byte may be. Those of characters beyond ASCII have only the last two
-// classes, and are looked at by lengthOfCharacter().
+// What a byte may be. Those of characters beyond ASCII have only the last
+// class, and are looked at by lengthOfCharacter().
 enum CharacterClass : unsigned char {
   kNameStart = 1,  // The first character of a name.
   kNamePart = 2,   // Any other.
@@ -18,7 +18,6 @@ enum CharacterClass : unsigned char {
   kContentPart = 16,  // So does the text between elements: no line end, markup or "]".
   kAscii = 32,        // All of ASCII that XML can hold.
   kNameByte = 64,     // Of any name, with a prefix or beyond ASCII.
-  kLiteral = 128,     // Means itself in a value that is known to be well-formed.
 };
 
 constexpr std::array<unsigned char, 256> characterClasses() {
@@ -39,7 +38,6 @@ constexpr std::array<unsigned char, 256> characterClasses() {
   for (const char c : {'\t', '\r'}) classes[static_cast<unsigned char>(c)] |= kContentPart;
   for (unsigned c = 0; c < 256; ++c) {
     if (c >= 0x80 || c == ':' || (classes[c] & kNamePart) != 0) classes[c] |= kNameByte;
-    if (c >= 0x20 && c != '&') classes[c] |= kLiteral;
   }
   return classes;
 }

@@ -63,22 +63,15 @@ std::size_t firstCapacity(const struct stat& status) {
   return std::min(size, kHighestSize) + 1;
 }
 
-bool readFile(const std::string& path, Text& text, XMLProblem& problem) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rbe"),
-                                                             &std::fclose);
-  if (!file) {
-    problem.text = std::string("cannot be opened: ") + std::strerror(errno);
-    return false;
-  }
-  struct stat status {};
-  if (fstat(fileno(file.get()), &status) == 0 && S_ISDIR(status.st_mode)) {
-    problem.text = "is a directory";
-    return false;
-  }
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+// Reads all that the file has left.
+bool readFile(std::FILE* file, const struct stat& status, Text& text, XMLProblem& problem) {
+  text = Text();
   text.grow(firstCapacity(status));
   std::size_t count = 0;
-  while ((count = std::fread(text.data() + text.size(), 1, text.capacity() - text.size(),
-                             file.get())) > 0) {
+  while ((count = std::fread(text.data() + text.size(), 1, text.capacity() - text.size(), file)) >
+         0) {
     text.setSize(text.size() + count);
     if (text.size() > kHighestSize) {
       problem.text = kTooLarge;
@@ -86,7 +79,7 @@ bool readFile(const std::string& path, Text& text, XMLProblem& problem) {
     }
     if (text.size() == text.capacity()) text.grow(std::min(2 * text.size(), kHighestSize + 1));
   }
-  if (std::ferror(file.get()) == 0) return true;
+  if (std::ferror(file) == 0) return true;
   problem.text = std::string("cannot be read: ") + std::strerror(errno);
   return false;
 }
@@ -102,10 +95,14 @@ struct XMLDocument::Tree {
     return root != nullptr;
   }
 
-  // Reads a text that may be any XML, or none.
-  bool parse(const std::string& name, XMLProblem& problem) {
-    if (scan(driver_feature::Names::kPlain)) return true;
-    auto tree = driver_feature::readTree(text.view(), name, problem);
+  // Reads a text that is not plain XML, or no XML at all. A tree of libxml2
+  // takes ten times as much memory as this one: it is copied and freed.
+  bool readCarefully(std::string_view source, const std::string& name, XMLProblem& problem) {
+    if (source.empty()) {
+      problem = {1, 1, "is empty"};
+      return false;
+    }
+    auto tree = driver_feature::readTree(source, name, problem);
     if (!tree) return false;
     const auto plain = driver_feature::plainTextOf(*tree);
     tree.reset();
@@ -127,21 +124,32 @@ XMLDocument::XMLDocument(std::unique_ptr<Tree> tree) : tree_(std::move(tree)) {}
 
 XMLDocument::~XMLDocument() = default;
 
-std::unique_ptr<XMLDocument> XMLDocument::parse(std::unique_ptr<Tree> tree, const std::string& name,
-                                                XMLProblem& problem) {
-  if (tree->text.size() == 0) {
-    problem = {1, 1, "is empty"};
-    return nullptr;
-  }
-  if (!tree->parse(name, problem)) return nullptr;
-  return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
-}
-
 std::unique_ptr<XMLDocument> XMLDocument::parseFile(const std::string& path, XMLProblem& problem) {
   problem = {};
+  const File file(std::fopen(path.c_str(), "rbe"), &std::fclose);
+  if (!file) {
+    problem.text = std::string("cannot be opened: ") + std::strerror(errno);
+    return nullptr;
+  }
+  struct stat status {};
+  if (fstat(fileno(file.get()), &status) == 0 && S_ISDIR(status.st_mode)) {
+    problem.text = "is a directory";
+    return nullptr;
+  }
   Text text;
-  if (!readFile(path, text, problem)) return nullptr;
-  return parse(std::make_unique<Tree>(std::move(text)), path, problem);
+  if (!readFile(file.get(), status, text, problem)) return nullptr;
+  // A pipe gives its text once.
+  Text original = S_ISREG(status.st_mode) ? Text() : Text(text.view());
+  auto tree = std::make_unique<Tree>(std::move(text));
+  if (!tree->scan(driver_feature::Names::kPlain)) {
+    tree->text = Text();
+    if (S_ISREG(status.st_mode)) {
+      std::rewind(file.get());
+      if (!readFile(file.get(), status, original, problem)) return nullptr;
+    }
+    if (!tree->readCarefully(original.view(), path, problem)) return nullptr;
+  }
+  return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
 }
 
 std::unique_ptr<XMLDocument> XMLDocument::parseText(const std::string& text,
@@ -151,7 +159,11 @@ std::unique_ptr<XMLDocument> XMLDocument::parseText(const std::string& text,
     problem.text = kTooLarge;
     return nullptr;
   }
-  return parse(std::make_unique<Tree>(Text(text)), name, problem);
+  auto tree = std::make_unique<Tree>(Text(text));
+  if (!tree->scan(driver_feature::Names::kPlain) && !tree->readCarefully(text, name, problem)) {
+    return nullptr;
+  }
+  return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
 }
 
 void* XMLDocument::root() const {

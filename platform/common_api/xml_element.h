@@ -1,8 +1,9 @@
 // The elements of a document: a compact tree over the document's text.
 //
-// An element says where its start tag begins. The tag, the attributes and
-// their values are read from there when somebody asks. That text has been
-// found well-formed before.
+// An element says where its start tag begins. The tag and the attributes are
+// read from there when somebody asks. That text has been found well-formed
+// before, and values have been resolved in their places: each ends with a NUL
+// character, and spaces fill the rest of its place and that of its last quote.
 #ifndef PLATFORM_COMMON_API_XML_ELEMENT_H_
 #define PLATFORM_COMMON_API_XML_ELEMENT_H_
 
@@ -23,8 +24,6 @@ struct Element {
   // that says so in its attribute ByteEscapes counts, the element itself or one
   // around it.
   bool escaped = false;
-  // Whether a value holds line ends or tabulators.
-  bool hasBlanks = false;
 };
 
 // Elements that stay where they are. Some share each piece of memory.
@@ -43,14 +42,10 @@ class ElementStore {
   std::size_t size_ = 0;
 };
 
-// Stores an attribute's value as it is meant: with references resolved and, if
-// it may hold such blanks, with a space for each line end and tabulator.
-void resolveValue(const char* text, const char* end, bool hasBlanks, std::string& value);
-
 // Walks over the attributes in a start tag:
 //
 //   for (AttributeReader attribute(element); attribute.read();) {
-//     ... attribute.name() ... attribute.readValue(value) ...
+//     ... attribute.name() ... attribute.value() ...
 //   }
 class AttributeReader {
  public:
@@ -61,15 +56,12 @@ class AttributeReader {
 
   const std::string& name() const { return name_; }
 
-  // As resolveValue() does.
-  void readValue(std::string& value) const { resolveValue(value_, valueEnd_, hasBlanks_, value); }
+  std::string_view value() const { return value_; }
 
  private:
   const char* next_;
-  bool hasBlanks_;
   std::string name_;
-  const char* value_ = nullptr;
-  const char* valueEnd_ = nullptr;
+  std::string_view value_;
 };
 
 // The name at the beginning of a start tag.

@@ -43,8 +43,11 @@ class DocumentParser final : public XMLParser {
     driver_feature::AttributeReader attribute(elementOf(element));
     while (attribute.read()) {
       std::string& value = map[attribute.name()];
-      attribute.readValue(value);
-      if (elementOf(element).escaped) value = driver_feature::unescapeBytes(value);
+      if (elementOf(element).escaped) {
+        value = driver_feature::unescapeBytes(attribute.value());
+      } else {
+        value = attribute.value();
+      }
     }
   }
 };

@@ -1,9 +1,9 @@
 #include "xml_scanner.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <initializer_list>
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -21,7 +21,7 @@ constexpr std::size_t kLongestName = 1000;
 // comparison of several bytes asks how many are left.
 class Scanner {
  public:
-  Scanner(const char* text, std::size_t size, Names names, ElementStore& elements)
+  Scanner(char* text, std::size_t size, Names names, ElementStore& elements)
       : next_(text), end_(text + size), names_(names), elements_(elements) {}
 
   Element* scanDocument() {
@@ -59,14 +59,14 @@ class Scanner {
   // Over bytes of these classes. The place is a variable of its own meanwhile:
   // a character that is read might be a byte of next_ to the compiler.
   void skip(unsigned classes) {
-    const char* text = next_;
+    char* text = next_;
     while (isOfClass(*text, classes)) ++text;
     next_ = text;
   }
 
   // Whether there was one at least.
   bool skipBlanks() {
-    const char* text = next_;
+    char* text = next_;
     for (; isOfClass(*text, kBlank); ++text) {
       if (*text == '\n') ++line_;
     }
@@ -84,7 +84,7 @@ class Scanner {
 
   // A name with blanks before it, and the sign after it.
   bool scanPseudoAttribute(std::string_view name) {
-    const char* start = next_;
+    char* start = next_;
     const int line = line_;
     if (skipBlanks() && take(name)) {
       skipBlanks();
@@ -102,7 +102,7 @@ class Scanner {
     const char quote = *next_;
     if (quote != '"' && quote != '\'') return false;
     for (const std::string_view value : values) {
-      const char* start = next_++;
+      char* start = next_++;
       if (take(value) && take(quote)) return true;
       next_ = start;
     }
@@ -166,8 +166,7 @@ class Scanner {
     return length > 0;
   }
 
-  bool scanReference() {
-    unsigned character = 0;
+  bool scanReference(unsigned& character) {
     const std::size_t length = readReference(next_, character);
     next_ += length;
     return length > 0;
@@ -217,7 +216,8 @@ class Scanner {
       skip(kContentPart);
       if (*next_ == '<') return true;
       if (*next_ == '&') {
-        if (!scanReference()) return false;
+        unsigned character = 0;
+        if (!scanReference(character)) return false;
       } else if (startsWith("]]>") || !scanCharacter()) {
         return false;
       }
@@ -258,8 +258,8 @@ class Scanner {
       if (!take('=')) return false;
       skipBlanks();
       const char* value = next_ + 1;
-      if (!scanValue(element)) return false;
-      if (name == "ByteEscapes") element.escaped = isYes(value, next_ - 1);
+      if (!scanValue()) return false;
+      if (name == "ByteEscapes") element.escaped = std::string_view(value) == "yes";
     }
     return true;
   }
@@ -275,23 +275,47 @@ class Scanner {
     return true;
   }
 
-  bool scanValue(Element& element) {
+  bool scanValue() {
     const char quote = *next_;
     if (quote != '"' && quote != '\'') return false;
     ++next_;
-    for (;;) {
-      skip(kValuePart);
-      if (take(quote)) return true;
-      if (*next_ == '<') return false;
-      if (isOfClass(*next_, kBlank)) element.hasBlanks = true;
-      if (!(*next_ == '&' ? scanReference() : scanCharacter())) return false;
+    skip(kValuePart);
+    char* end = next_;
+    while (*next_ != quote) {
+      if (!resolve(end)) return false;
+      end = moveValueParts(end);
     }
+    *end = '\0';
+    std::fill(end + 1, next_ + 1, ' ');
+    ++next_;
+    return true;
   }
 
-  static bool isYes(const char* text, const char* end) {
-    std::string value;
-    resolveValue(text, end, true, value);
-    return value == "yes";
+  // Moves what means itself to `end`, the end of what has been resolved.
+  char* moveValueParts(char* end) {
+    char* text = next_;
+    while (isOfClass(*text, kValuePart)) *end++ = *text++;
+    next_ = text;
+    return end;
+  }
+
+  // A reference, a blank, the other quote or a character beyond ASCII. What it
+  // means is never longer than itself.
+  bool resolve(char*& end) {
+    const char* start = next_;
+    if (*start == '&') {
+      unsigned character = 0;
+      if (!scanReference(character)) return false;
+      end = writeCharacter(character, end);
+      return true;
+    }
+    if (*start == '<' || !scanCharacter()) return false;
+    if (!isOfClass(*start, kBlank)) {
+      end = std::copy<const char*>(start, next_, end);
+    } else if (*start != '\r' || *next_ != '\n') {  // The two are one line end.
+      *end++ = ' ';
+    }
+    return true;
   }
 
   bool scanEndTag() {
@@ -303,7 +327,7 @@ class Scanner {
     return take('>');
   }
 
-  const char* next_;
+  char* next_;
   const char* end_;
   Names names_;
   ElementStore& elements_;
@@ -316,7 +340,7 @@ class Scanner {
 
 }  // namespace
 
-Element* scanPlainText(const char* text, std::size_t size, Names names, ElementStore& elements) {
+Element* scanPlainText(char* text, std::size_t size, Names names, ElementStore& elements) {
   return Scanner(text, size, names, elements).scanDocument();
 }
 

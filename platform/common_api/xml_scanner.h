@@ -27,8 +27,9 @@ enum class Names : unsigned char {
 // elements nested deeper than kHighestDepth.
 //
 // The text ends with a NUL character at text[size], and must outlive the
-// elements.
-Element* scanPlainText(const char* text, std::size_t size, Names names, ElementStore& elements);
+// elements. Values are resolved in it, so that it is of no more use to another
+// reader afterwards.
+Element* scanPlainText(char* text, std::size_t size, Names names, ElementStore& elements);
 
 }  // namespace driver_feature
 

@@ -28,17 +28,15 @@ std::string elementsOf(const Element* element, int depth) {
   for (; element != nullptr; element = element->nextSibling) {
     text += std::to_string(depth) + ' ' + std::to_string(element->line) + ' ';
     text += nameAt(element->tag);
-    std::string value;
     for (AttributeReader attribute(*element); attribute.read();) {
-      attribute.readValue(value);
-      text += ' ' + attribute.name() + "=[" + value + ']';
+      text.append(" " + attribute.name() + "=[").append(attribute.value()) += ']';
     }
     text += '\n' + elementsOf(element->firstChild, depth + 1);
   }
   return text;
 }
 
-std::string scan(const std::string& text, Names names = Names::kPlain) {
+std::string scan(std::string text, Names names = Names::kPlain) {
   ElementStore elements;
   return elementsOf(scanPlainText(text.data(), text.size(), names, elements), 0);
 }
@@ -48,10 +46,10 @@ std::string readCarefully(const std::string& text) {
   XMLProblem problem;
   const TreePointer tree = readTree(text, "test.xml", problem);
   if (!tree) return "";
-  const PlainText plain = plainTextOf(*tree);
+  PlainText plain = plainTextOf(*tree);
   ElementStore elements;
   Element* root = scanPlainText(plain.text.data(), plain.text.size(), Names::kAny, elements);
-  if (root == nullptr) return "unreadable: " + plain.text;
+  if (root == nullptr) return "what is written of the tree cannot be read";
   for (std::size_t i = 0; i < elements.size(); ++i) elements[i].line = plain.lines[i];
   return elementsOf(root, 0);
 }
@@ -238,7 +236,7 @@ TEST(XMLScannerTest, NamesThatAnotherReaderHasChecked_AreTaken) {
 }
 
 // Marks with the tag whether values hold byte escapes.
-std::vector<std::string> escapedTags(const std::string& text, Names names) {
+std::vector<std::string> escapedTags(std::string text, Names names) {
   ElementStore elements;
   std::vector<std::string> tags;
   if (scanPlainText(text.data(), text.size(), names, elements) == nullptr) return tags;
