@@ -40,9 +40,10 @@ bool writeLists(const std::string& folder, const std::string& lists, const std::
   using namespace driver_feature::bench;
   const int features = std::atoi(lists.c_str());
   const int length = std::atoi(choices.c_str());
-  const std::string shape = "_" + lists + "_" + choices;
-  return write(folder + "lists_ps" + shape, descriptionText(features, kPSCarrier, length)) &&
-         write(folder + "lists_ppd" + shape, ppdText(features, length));
+  std::string shape = lists;
+  shape.append("_").append(choices);
+  return write(folder + "lists_ps_" + shape, descriptionText(features, kPSCarrier, length)) &&
+         write(folder + "lists_ppd_" + shape, ppdText(features, length));
 }
 
 }  // namespace

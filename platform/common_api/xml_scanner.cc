@@ -2,34 +2,27 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
-#include <initializer_list>
 #include <string_view>
-#include <utility>
 
-#include "xml_characters.h"
+#include "xml_cursor.h"
 
 namespace driver_feature {
 
 namespace {
 
 constexpr std::size_t kMostAttributes = 64;
-constexpr std::size_t kLongestName = 1000;
 
-// Each operation moves over one construct and returns whether it was there. The
-// text ends with a NUL character, which no construct holds, so that only the
-// comparison of several bytes asks how many are left.
-class Scanner {
+// Elements and all that is in them.
+class Scanner : private XMLCursor {
  public:
   Scanner(char* text, std::size_t size, Names names, ElementStore& elements)
-      : next_(text), end_(text + size), names_(names), elements_(elements) {}
+      : XMLCursor(text, size, names), elements_(elements) {}
 
   Element* scanDocument() {
-    if (startsWith("<?xml") && isOfClass(next_[5], kBlank) && !scanDeclaration()) return nullptr;
-    if (!scanMiscellany() || *next_ != '<') return nullptr;
+    if (!scanDeclaration() || !scanMiscellany() || *next_ != '<') return nullptr;
     Element* root = nullptr;
     if (!scanElements(root) || !scanMiscellany()) return nullptr;
-    return next_ == end_ ? root : nullptr;
+    return isAtEnd() ? root : nullptr;
   }
 
  private:
@@ -38,151 +31,6 @@ class Scanner {
     Element* lastChild;
     std::string_view name;
   };
-
-  bool startsWith(std::string_view wanted) const {
-    return static_cast<std::size_t>(end_ - next_) >= wanted.size() &&
-           std::memcmp(next_, wanted.data(), wanted.size()) == 0;
-  }
-
-  bool take(std::string_view wanted) {
-    if (!startsWith(wanted)) return false;
-    next_ += wanted.size();
-    return true;
-  }
-
-  bool take(char wanted) {
-    if (*next_ != wanted) return false;
-    ++next_;
-    return true;
-  }
-
-  // Over bytes of these classes. The place is a variable of its own meanwhile:
-  // a character that is read might be a byte of next_ to the compiler.
-  void skip(unsigned classes) {
-    char* text = next_;
-    while (isOfClass(*text, classes)) ++text;
-    next_ = text;
-  }
-
-  // Whether there was one at least.
-  bool skipBlanks() {
-    char* text = next_;
-    for (; isOfClass(*text, kBlank); ++text) {
-      if (*text == '\n') ++line_;
-    }
-    return text != std::exchange(next_, text);
-  }
-
-  bool scanDeclaration() {
-    next_ += 5;
-    if (!scanPseudoAttribute("version") || !takeQuoted({"1.0"})) return false;
-    if (scanPseudoAttribute("encoding") && !takeQuoted({"UTF-8", "utf-8"})) return false;
-    if (scanPseudoAttribute("standalone") && !takeQuoted({"yes", "no"})) return false;
-    skipBlanks();
-    return take("?>");
-  }
-
-  // A name with blanks before it, and the sign after it.
-  bool scanPseudoAttribute(std::string_view name) {
-    char* start = next_;
-    const int line = line_;
-    if (skipBlanks() && take(name)) {
-      skipBlanks();
-      if (take('=')) {
-        skipBlanks();
-        return true;
-      }
-    }
-    next_ = start;
-    line_ = line;
-    return false;
-  }
-
-  bool takeQuoted(std::initializer_list<std::string_view> values) {
-    const char quote = *next_;
-    if (quote != '"' && quote != '\'') return false;
-    for (const std::string_view value : values) {
-      char* start = next_++;
-      if (take(value) && take(quote)) return true;
-      next_ = start;
-    }
-    return false;
-  }
-
-  // Blanks, comments and processing instructions.
-  bool scanMiscellany() {
-    for (;;) {
-      skipBlanks();
-      if (startsWith("<!--")) {
-        if (!scanComment()) return false;
-      } else if (startsWith("<?")) {
-        if (!scanInstruction()) return false;
-      } else {
-        return true;
-      }
-    }
-  }
-
-  bool scanComment() {
-    next_ += 4;
-    return moveTo("--") && take("-->");
-  }
-
-  bool scanInstruction() {
-    next_ += 2;
-    std::string_view target;
-    if (!scanName(target)) return false;
-    // Reserved, whatever the case of its letters.
-    if (target.size() == 3 && (target[0] | 0x20) == 'x' && (target[1] | 0x20) == 'm' &&
-        (target[2] | 0x20) == 'l') {
-      return false;
-    }
-    if (take("?>")) return true;
-    return skipBlanks() && moveTo("?>") && take("?>");
-  }
-
-  bool scanCharacterData() {
-    next_ += std::string_view("<![CDATA[").size();
-    return moveTo("]]>") && take("]]>");
-  }
-
-  // Over characters, up to a text.
-  bool moveTo(std::string_view wanted) {
-    while (*next_ != wanted.front() || !startsWith(wanted)) {
-      if (!scanCharacter()) return false;
-    }
-    return true;
-  }
-
-  // Any character that XML can hold.
-  bool scanCharacter() {
-    if (isOfClass(*next_, kAscii)) {
-      if (*next_ == '\n') ++line_;
-      ++next_;
-      return true;
-    }
-    const std::size_t length = lengthOfCharacter(next_);
-    next_ += length;
-    return length > 0;
-  }
-
-  bool scanReference(unsigned& character) {
-    const std::size_t length = readReference(next_, character);
-    next_ += length;
-    return length > 0;
-  }
-
-  bool scanName(std::string_view& name) {
-    const char* start = next_;
-    if (names_ == Names::kPlain) {
-      if (!isOfClass(*next_, kNameStart)) return false;
-      skip(kNamePart);
-    } else {
-      skip(kNameByte);
-    }
-    name = {start, static_cast<std::size_t>(next_ - start)};
-    return name.size() <= kLongestName || names_ == Names::kAny;
-  }
 
   // The root and all that it holds.
   bool scanElements(Element*& root) {
@@ -195,10 +43,7 @@ class Scanner {
           if (!scanEndTag()) return false;
           break;
         case '!':
-          if (!(startsWith("<!--") ? scanComment()
-                                   : startsWith("<![CDATA[") && scanCharacterData())) {
-            return false;
-          }
+          if (!scanComment() && !scanCharacterData()) return false;
           break;
         case '?':
           if (!scanInstruction()) return false;
@@ -229,7 +74,7 @@ class Scanner {
     ++next_;
     Element& element = elements_.add();
     element.tag = next_;
-    element.line = line_;
+    element.line = line();
     element.escaped = depth_ > 0 && open_[depth_ - 1].element->escaped;
     std::string_view name;
     if (!scanName(name) || !scanAttributes(element)) return false;
@@ -266,7 +111,7 @@ class Scanner {
 
   // Whether the present tag may have it: a name occurs once.
   bool noteAttribute(std::string_view name) {
-    if (names_ == Names::kAny) return true;
+    if (names() == Names::kAny) return true;
     for (std::size_t i = 0; i < attributeCount_; ++i) {
       if (attributes_[i] == name) return false;
     }
@@ -327,11 +172,7 @@ class Scanner {
     return take('>');
   }
 
-  char* next_;
-  const char* end_;
-  Names names_;
   ElementStore& elements_;
-  int line_ = 1;
   std::array<OpenElement, kHighestDepth> open_;
   std::size_t depth_ = 0;
   std::array<std::string_view, kMostAttributes> attributes_;  // Names, of the present tag.

@@ -5,17 +5,12 @@
 
 #include <cstddef>
 
+#include "xml_cursor.h"
 #include "xml_element.h"
 
 namespace driver_feature {
 
 constexpr int kHighestDepth = 256;  // Of nested elements.
-
-// Which names a document may have.
-enum class Names : unsigned char {
-  kPlain,  // ASCII letters, digits, "_", "-" and "."; neither prefixes nor namespaces.
-  kAny,    // All that another reader has accepted and checked before.
-};
 
 // The root of a document in UTF-8, with its elements in `elements`; or null if
 // the document is not plain or not well-formed. It is for readTree() to

@@ -7,52 +7,17 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "xml_plain_text.h"
-#include "xml_reader.h"
+#include "scanned_elements.h"
 
 namespace driver_feature {
 namespace {
 
 using namespace std::string_literals;
 using ::testing::ElementsAre;
-
-// The elements of a text, one a line: depth, line, tag and attributes. Empty if
-// the text is not plain.
-std::string elementsOf(const Element* element, int depth) {
-  std::string text;
-  for (; element != nullptr; element = element->nextSibling) {
-    text += std::to_string(depth) + ' ' + std::to_string(element->line) + ' ';
-    text += nameAt(element->tag);
-    for (AttributeReader attribute(*element); attribute.read();) {
-      text.append(" " + attribute.name() + "=[").append(attribute.value()) += ']';
-    }
-    text += '\n' + elementsOf(element->firstChild, depth + 1);
-  }
-  return text;
-}
-
-std::string scan(std::string text, Names names = Names::kPlain) {
-  ElementStore elements;
-  return elementsOf(scanPlainText(text.data(), text.size(), names, elements), 0);
-}
-
-// The same through libxml2. Empty if it refuses the text.
-std::string readCarefully(const std::string& text) {
-  XMLProblem problem;
-  const TreePointer tree = readTree(text, "test.xml", problem);
-  if (!tree) return "";
-  PlainText plain = plainTextOf(*tree);
-  ElementStore elements;
-  Element* root = scanPlainText(plain.text.data(), plain.text.size(), Names::kAny, elements);
-  if (root == nullptr) return "what is written of the tree cannot be read";
-  for (std::size_t i = 0; i < elements.size(); ++i) elements[i].line = plain.lines[i];
-  return elementsOf(root, 0);
-}
 
 struct Row {
   std::string text;
@@ -252,54 +217,6 @@ TEST(XMLScannerTest, ByteEscapes_HoldForTheElementAndThoseInIt) {
       "<h ByteEscapes='&#121;es'/><i ByteEscapes='Yes'/><j byteEscapes='yes'/></a>";
   EXPECT_THAT(escapedTags(text, Names::kPlain), ElementsAre("b", "c", "f", "h"));
   EXPECT_THAT(escapedTags("<a><b p:ByteEscapes='yes'/></a>", Names::kAny), ElementsAre());
-}
-
-constexpr std::string_view kPieces[] = {
-    "<",     ">",     "/",     "</a>",    "<b>",          "<b/>",         "='",   "\"",
-    "'",     "&",     "&lt;",  "&#65;",   "&#x;",         "&#x1F;",       "]]>",  "<![CDATA[",
-    "<!--",  "-->",   "--",    "<?",      "?>",           "<?p q?>",      "xml",  "\n",
-    "\r\n",  "\r",    "\t",    " ",       "\xC3",         "\xA4",         "\x01", ":",
-    "xmlns", "b='1'", " b=''", "c=\"2\"", "<!DOCTYPE a>", "\xEF\xBF\xBF",
-};
-
-// A text with something put in, taken out or doubled in a few places.
-std::string mutate(std::string text, std::mt19937& random) {
-  const auto upTo = [&random](std::size_t count) { return random() % count; };
-  for (auto changes = upTo(3) + 1; changes > 0; --changes) {
-    const std::size_t place = upTo(text.size());
-    const std::size_t length = upTo(6) + 1;
-    const std::string copy = text.substr(upTo(text.size()), length);
-    switch (upTo(4)) {
-      case 0:
-        text.erase(place, length);
-        break;
-      case 1:
-        text.insert(place, copy);
-        break;
-      default:
-        text.insert(place, kPieces[upTo(std::size(kPieces))]);
-    }
-  }
-  return text;
-}
-
-TEST(XMLScannerTest, MutatedDocuments_WhatIsReadLibxml2ReadsAlike) {
-  const std::string text =
-      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!-- c -->\n<a b='&lt;x&#10;'>\n <c d=\"1\"\n"
-      "  e='\xC3\xA4'/>text<?p q?>\n <f g=''><![CDATA[x]]></f>\n</a>\n";
-  std::mt19937 random(17);
-  int read = 0;
-  int refused = 0;
-  for (int i = 0; i < 20000; ++i) {
-    const std::string mutant = mutate(text, random);
-    const std::string elements = scan(mutant);
-    ++(elements.empty() ? refused : read);
-    if (elements.empty()) continue;
-    ASSERT_EQ(elements, readCarefully(mutant)) << mutant;
-  }
-  // Both occur, or nothing is compared.
-  EXPECT_GT(read, 1000);
-  EXPECT_GT(refused, 1000);
 }
 
 }  // namespace
