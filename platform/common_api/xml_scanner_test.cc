@@ -138,6 +138,7 @@ TEST(XMLScannerTest, NotWellFormed_IsRefused) {
       " <?xml version='1.0'?><a/>",
       "<a/><?xml version='1.0'?>",
       "<?XmL p?><a/>",
+      "<?xMl p?><a/>",
       "<?"
       "?><a/>",
       "<?p<a/>",
