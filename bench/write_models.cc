@@ -30,7 +30,8 @@ bool writeModels(const std::string& folder, int size) {
                  write(folder + "typed" + number, typedDescriptionText(size)) &&
                  write(folder + "wide" + number, descriptionText(size, kPSCarrier, 2 * kChoices));
   for (const Carrier& carrier : {kPSCarrier, kPJLCarrier, kTicketCarrier}) {
-    written = written && write(folder + carrier.kind + number, descriptionText(size, carrier));
+    written =
+        written && write((folder + carrier.kind).append(number), descriptionText(size, carrier));
   }
   return written;
 }
