@@ -17,6 +17,7 @@ import sys
 import tempfile
 
 import callgrind
+import fresh_process
 
 HIGHEST_GROWTH = 1.05
 OPERATIONS = (
@@ -32,6 +33,9 @@ OPERATIONS = (
     "serialize ticket/1000",
     "restore defaults/1000",
 )
+# Processes that load so many lists of so many choices and end.
+FRESH_LOADS = ((300, 40), (1000, 5))
+ROWS = OPERATIONS + tuple(f"fresh load/{lists}x{choices}" for lists, choices in FRESH_LOADS)
 NOT_COMPARABLE = 77
 
 
@@ -45,7 +49,8 @@ def circumstances(build):
 def count(build):
     with tempfile.TemporaryDirectory() as models:
         subprocess.run([build / "bin" / "write_models", models, "1000"], check=True)
-        return callgrind.count(build / "bin" / "library_counting", OPERATIONS, models)
+        counts = callgrind.count(build / "bin" / "library_counting", OPERATIONS, models)
+    return counts | fresh_process.count_loads(build, FRESH_LOADS)
 
 
 def read_baseline(path):
@@ -65,14 +70,14 @@ def read_baseline(path):
 def write_baseline(path, depends, counts):
     lines = ["# Instructions of one run of each operation, kept by check_instructions.py."]
     lines += [f"{key}: {value}" for key, value in depends.items()]
-    lines += [f"{operation}: {counts[operation]:.0f}" for operation in OPERATIONS]
+    lines += [f"{operation}: {counts[operation]:.0f}" for operation in ROWS]
     path.write_text("\n".join(lines) + "\n", encoding="ascii")
 
 
 def compare(baseline, counts):
     """Prints all and answers whether none has grown too much."""
     good = True
-    for operation in OPERATIONS:
+    for operation in ROWS:
         if operation not in baseline:
             good = False
             print(f"{operation:38}is not in the baseline; --update writes a new one")

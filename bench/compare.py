@@ -21,6 +21,7 @@ import subprocess
 import tempfile
 
 import callgrind
+import fresh_process
 
 SIZES = (10, 100, 1000, 10000)
 
@@ -208,6 +209,7 @@ def main():
         print()
         print_real(ours, theirs, our_counts, their_counts, names)
     print(f"\nMemory:\n\n{memory}")
+    fresh_process.measure(options.build, 4 * options.rounds)
 
 
 if __name__ == "__main__":

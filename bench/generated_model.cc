@@ -86,10 +86,12 @@ NamesInTurn::NamesInTurn(int features, int first, int step) {
 }
 
 std::string choiceName(int number) {
+  constexpr int kLetters = 26;
+  if (number >= kLetters) return "Choice" + std::to_string(number);
   return std::string("Choice") + static_cast<char>('A' + number);
 }
 
-std::string ppdText(int features) {
+std::string ppdText(int features, int choices) {
   std::string text(kPPDHead);
   for (int i = 0; i < features; ++i) {
     const std::string name = featureName(i);
@@ -97,7 +99,7 @@ std::string ppdText(int features) {
     text.append("*OrderDependency: ").append(std::to_string(10 + i));
     text.append(" AnySetup *").append(name).append("\n");
     text.append("*Default").append(name).append(": ChoiceA\n");
-    for (int choice = 0; choice < kChoices; ++choice) {
+    for (int choice = 0; choice < choices; ++choice) {
       text.append("*").append(name).append(" ").append(choiceName(choice));
       text.append(": \"").append(codeOf(name, choice)).append("\"\n");
     }

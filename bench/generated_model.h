@@ -41,10 +41,10 @@ class NamesInTurn {
   std::size_t given_ = 0;
 };
 
-// "ChoiceA" to "ChoiceE".
+// "ChoiceA" to "ChoiceZ", and then "Choice26" and so on.
 std::string choiceName(int number);
 
-std::string ppdText(int features);
+std::string ppdText(int features, int choices = kChoices);
 
 // Where a description keeps the commands of features and options.
 struct Carrier {

@@ -44,7 +44,7 @@ class XMLDocument {
   // The root element. Handles live as long as the document.
   void* root() const;
 
-  // The line, counted from 1, on which the start tag of `element` ends, or 0
+  // The line, counted from 1, on which the start tag of `element` begins, or 0
   // for null.
   static int lineOf(void* element);
 

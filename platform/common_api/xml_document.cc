@@ -1,52 +1,124 @@
 #include "XMLDocument.h"
 
-#include <libxml/tree.h>
-
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <memory>
+#include <string_view>
 #include <utility>
 
+#include "xml_element.h"
+#include "xml_plain_text.h"
 #include "xml_reader.h"
-
-struct XMLDocument::Tree {
-  driver_feature::TreePointer document;
-};
+#include "xml_scanner.h"
 
 namespace {
 
 constexpr std::size_t kHighestSize = std::size_t{64} * 1024 * 1024;
 constexpr const char* kTooLarge = "is larger than 64 MiB";
 
-bool readFile(const std::string& path, std::string& text, XMLProblem& problem) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rbe"),
-                                                             &std::fclose);
-  if (!file) {
-    problem.text = std::string("cannot be opened: ") + std::strerror(errno);
-    return false;
+// A text of a document, which the pages of a file are read into once. A NUL
+// character follows it.
+class Text {
+ public:
+  Text() = default;
+  explicit Text(std::string_view text) {
+    grow(text.size());
+    std::memcpy(bytes_.get(), text.data(), text.size());
+    setSize(text.size());
   }
-  struct stat status {};
-  if (fstat(fileno(file.get()), &status) == 0 && S_ISDIR(status.st_mode)) {
-    problem.text = "is a directory";
-    return false;
+
+  void grow(std::size_t capacity) {
+    auto bytes = std::make_unique_for_overwrite<char[]>(capacity + 1);
+    if (size_ > 0) std::memcpy(bytes.get(), bytes_.get(), size_);
+    bytes_ = std::move(bytes);
+    capacity_ = capacity;
+    setSize(size_);
   }
-  char buffer[65536];
+
+  void setSize(std::size_t size) {
+    size_ = size;
+    bytes_[size] = '\0';
+  }
+
+  char* data() const { return bytes_.get(); }
+  std::size_t size() const { return size_; }
+  std::size_t capacity() const { return capacity_; }
+  std::string_view view() const { return {bytes_.get(), size_}; }
+
+ private:
+  std::unique_ptr<char[]> bytes_;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = 0;
+};
+
+// How much is read at once: of a file all, and one byte that is not there, so
+// that its end is met before the text grows.
+std::size_t firstCapacity(const struct stat& status) {
+  constexpr std::size_t kOfOthers = 65536;
+  if (!S_ISREG(status.st_mode)) return kOfOthers;
+  const auto size = static_cast<std::size_t>(std::max<off_t>(status.st_size, 0));
+  return std::min(size, kHighestSize) + 1;
+}
+
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+// Reads all that the file has left.
+bool readFile(std::FILE* file, const struct stat& status, Text& text, XMLProblem& problem) {
+  text = Text();
+  text.grow(firstCapacity(status));
   std::size_t count = 0;
-  while ((count = std::fread(buffer, 1, sizeof buffer, file.get())) > 0) {
-    text.append(buffer, count);
-    if (text.size() <= kHighestSize) continue;
-    problem.text = kTooLarge;
-    return false;
+  while ((count = std::fread(text.data() + text.size(), 1, text.capacity() - text.size(), file)) >
+         0) {
+    text.setSize(text.size() + count);
+    if (text.size() > kHighestSize) {
+      problem.text = kTooLarge;
+      return false;
+    }
+    if (text.size() == text.capacity()) text.grow(std::min(2 * text.size(), kHighestSize + 1));
   }
-  if (std::ferror(file.get()) == 0) return true;
+  if (std::ferror(file) == 0) return true;
   problem.text = std::string("cannot be read: ") + std::strerror(errno);
   return false;
 }
 
 }  // namespace
+
+struct XMLDocument::Tree {
+  explicit Tree(Text source) : text(std::move(source)) {}
+
+  bool scan(driver_feature::Names names) {
+    elements = {};
+    root = driver_feature::scanPlainText(text.data(), text.size(), names, elements);
+    return root != nullptr;
+  }
+
+  // Reads a text that is not plain XML, or no XML at all. A tree of libxml2
+  // takes ten times as much memory as this one: it is copied and freed.
+  bool readCarefully(std::string_view source, const std::string& name, XMLProblem& problem) {
+    if (source.empty()) {
+      problem = {1, 1, "is empty"};
+      return false;
+    }
+    auto tree = driver_feature::readTree(source, name, problem);
+    if (!tree) return false;
+    const auto plain = driver_feature::plainTextOf(*tree);
+    tree.reset();
+    text = Text(plain.text);
+    if (!scan(driver_feature::Names::kAny)) {
+      problem = {1, 1, "cannot be read"};
+      return false;
+    }
+    for (std::size_t i = 0; i < elements.size(); ++i) elements[i].line = plain.lines[i];
+    return true;
+  }
+
+  Text text;
+  driver_feature::ElementStore elements;
+  driver_feature::Element* root = nullptr;
+};
 
 XMLDocument::XMLDocument(std::unique_ptr<Tree> tree) : tree_(std::move(tree)) {}
 
@@ -54,32 +126,50 @@ XMLDocument::~XMLDocument() = default;
 
 std::unique_ptr<XMLDocument> XMLDocument::parseFile(const std::string& path, XMLProblem& problem) {
   problem = {};
-  std::string text;
-  if (!readFile(path, text, problem)) return nullptr;
-  return parseText(text, path, problem);
+  const File file(std::fopen(path.c_str(), "rbe"), &std::fclose);
+  if (!file) {
+    problem.text = std::string("cannot be opened: ") + std::strerror(errno);
+    return nullptr;
+  }
+  struct stat status {};
+  if (fstat(fileno(file.get()), &status) == 0 && S_ISDIR(status.st_mode)) {
+    problem.text = "is a directory";
+    return nullptr;
+  }
+  Text text;
+  if (!readFile(file.get(), status, text, problem)) return nullptr;
+  // A pipe gives its text once.
+  Text original = S_ISREG(status.st_mode) ? Text() : Text(text.view());
+  auto tree = std::make_unique<Tree>(std::move(text));
+  if (!tree->scan(driver_feature::Names::kPlain)) {
+    tree->text = Text();
+    if (S_ISREG(status.st_mode)) {
+      std::rewind(file.get());
+      if (!readFile(file.get(), status, original, problem)) return nullptr;
+    }
+    if (!tree->readCarefully(original.view(), path, problem)) return nullptr;
+  }
+  return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
 }
 
 std::unique_ptr<XMLDocument> XMLDocument::parseText(const std::string& text,
                                                     const std::string& name, XMLProblem& problem) {
   problem = {};
-  if (text.empty()) {
-    problem = {1, 1, "is empty"};
-    return nullptr;
-  }
   if (text.size() > kHighestSize) {
     problem.text = kTooLarge;
     return nullptr;
   }
-  auto tree = std::make_unique<Tree>();
-  tree->document = driver_feature::readTree(text, name, problem);
-  if (!tree->document) return nullptr;
+  auto tree = std::make_unique<Tree>(Text(text));
+  if (!tree->scan(driver_feature::Names::kPlain) && !tree->readCarefully(text, name, problem)) {
+    return nullptr;
+  }
   return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
 }
 
 void* XMLDocument::root() const {
-  return xmlDocGetRootElement(tree_->document.get());
+  return tree_->root;
 }
 
 int XMLDocument::lineOf(void* element) {
-  return element != nullptr ? driver_feature::notedLine(*static_cast<xmlNode*>(element)) : 0;
+  return element != nullptr ? static_cast<driver_feature::Element*>(element)->line : 0;
 }

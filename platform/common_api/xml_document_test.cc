@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <thread>
 
 #include "AttributeMap.h"
 #include "XMLParser.h"
@@ -134,11 +135,59 @@ TEST_F(XMLDocumentTest, LineOf_SeventyThousandLines_NamesEachLine) {
   EXPECT_EQ(wrong, 0);
 }
 
-TEST_F(XMLDocumentTest, LineOf_TagOfManyLines_IsTheOneItEndsOn) {
-  XMLProblem problem;
-  const auto document = XMLDocument::parseText("<a\nb='1'\nc='2'\n><d/></a>", "test.xml", problem);
-  ASSERT_NE(document, nullptr) << problem.text;
-  EXPECT_EQ(XMLDocument::lineOf(document->root()), 4);
+// Both readers: a document type is not plain.
+TEST_F(XMLDocumentTest, LineOf_TagOfManyLines_IsTheOneItBeginsOn) {
+  for (const std::string head : {"\n\n", "<!DOCTYPE a>\n\n"}) {
+    XMLProblem problem;
+    const auto document = XMLDocument::parseText(
+        head + "<a\nb='1\n'\nc='2'\n>\n<d/><e\n/><f></f></a>", "test.xml", problem);
+    ASSERT_NE(document, nullptr) << problem.text;
+    EXPECT_EQ(XMLDocument::lineOf(document->root()), 3);
+    void* child = pParserInstance->firstChild(document->root());
+    EXPECT_EQ(XMLDocument::lineOf(child), 8);
+    child = pParserInstance->nextSibling(child);
+    EXPECT_EQ(XMLDocument::lineOf(child), 8);
+    EXPECT_EQ(XMLDocument::lineOf(pParserInstance->nextSibling(child)), 9);
+  }
+}
+
+// What a pipe gives is there once: a text that is not plain is read from a copy.
+TEST_F(XMLDocumentTest, ParseFile_Pipe_IsReadWhole) {
+  const std::string value(200000, 'v');
+  for (const std::string head : {"", "<!DOCTYPE a>"}) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    std::thread writer([text = head + "<a Name='&lt;" + value + "'/>", end = ends[1]] {
+      for (std::size_t written = 0; written < text.size();) {
+        const ssize_t count = ::write(end, text.data() + written, text.size() - written);
+        if (count <= 0) break;
+        written += static_cast<std::size_t>(count);
+      }
+      close(end);
+    });
+    XMLProblem problem;
+    const auto document = XMLDocument::parseFile("/dev/fd/" + std::to_string(ends[0]), problem);
+    close(ends[0]);
+    writer.join();
+    ASSERT_NE(document, nullptr) << problem.text;
+    AttributeMap map;
+    pParserInstance->attributes(document->root(), map);
+    EXPECT_TRUE(map["Name"] == "<" + value);
+  }
+}
+
+// The scanner resolves values before it comes to what is wrong; libxml2 sees
+// the file as it was.
+TEST_F(XMLDocumentTest, ParseFile_WrongAfterResolvedValues_IsReportedAtItsPlace) {
+  expectProblem(write("<a Name='&lt;&#10;&amp;'\n b='&#65;'></b>"), 2, 16,
+                "Opening and ending tag mismatch: a line 1 and b");
+}
+
+TEST_F(XMLDocumentTest, ByteEscapes_InADocumentThatIsNotPlain_AreResolved) {
+  EXPECT_EQ(readName("<p:a xmlns:p='urn:p' ByteEscapes='yes' Name='\xEF\x9C\x81\xC3\xA4'/>"),
+            "\x01\xC3\xA4");
+  EXPECT_EQ(readName("<p:a xmlns:p='urn:p' p:ByteEscapes='yes' Name='\xEF\x9C\x81'/>"),
+            "\xEF\x9C\x81");
 }
 
 TEST_F(XMLDocumentTest, LineOf_Null_IsZero) {

@@ -1,65 +1,33 @@
 #include "XMLParser.h"
 
-#include <libxml/tree.h>
-
-#include <memory>
-#include <new>
+#include <string_view>
 
 #include "AttributeMap.h"
 #include "byte_escapes.h"
-#include "xml_reader.h"
+#include "xml_element.h"
 
 namespace {
 
-const char* textOf(const xmlChar* text) {
-  return text != nullptr ? reinterpret_cast<const char*>(text) : "";
+using driver_feature::Element;
+
+const Element& elementOf(void* handle) {
+  return *static_cast<const Element*>(handle);
 }
 
-xmlNode* nodeOf(void* element) {
-  return static_cast<xmlNode*>(element);
-}
-
-// `node`, or the next element after it.
-xmlNode* elementFrom(xmlNode* node) {
-  while (node != nullptr && node->type != XML_ELEMENT_NODE) node = node->next;
-  return node;
-}
-
-using XmlText = std::unique_ptr<xmlChar, void (*)(void*)>;
-
-// Without memory libxml2 returns null, which also means an empty text. The two
-// must not be confused.
-XmlText copiedValueOf(const xmlAttr& attribute) {
-  XmlText value(xmlNodeListGetString(attribute.doc, attribute.children, 1), xmlFree);
-  const xmlNode* text = attribute.children;
-  if (!value && text != nullptr && text->content != nullptr) throw std::bad_alloc();
-  return value;
-}
-
-// A value that is one text, as nearly all are, is read in place.
-void readValue(const xmlAttr& attribute, std::string& value) {
-  const xmlNode* text = attribute.children;
-  if (text != nullptr && text->type == XML_TEXT_NODE && text->next == nullptr) {
-    value = textOf(text->content);
-  } else {
-    value = textOf(copiedValueOf(attribute).get());
-  }
-}
-
-class LibXml2Parser final : public XMLParser {
+class DocumentParser final : public XMLParser {
  public:
   void tagName(void* element, std::string& tag) override {
-    tag = element != nullptr ? textOf(nodeOf(element)->name) : "";
+    tag = element != nullptr ? driver_feature::nameAt(elementOf(element).tag) : std::string_view();
   }
 
   void reserved1() override {}
 
   void* firstChild(void* element) override {
-    return element != nullptr ? elementFrom(nodeOf(element)->children) : nullptr;
+    return element != nullptr ? elementOf(element).firstChild : nullptr;
   }
 
   void* nextSibling(void* element) override {
-    return element != nullptr ? elementFrom(nodeOf(element)->next) : nullptr;
+    return element != nullptr ? elementOf(element).nextSibling : nullptr;
   }
 
   void reserved4() override {}
@@ -72,21 +40,19 @@ class LibXml2Parser final : public XMLParser {
 
   void attributes(void* element, AttributeMap& map) override {
     if (element == nullptr) return;
-    const bool escaped = driver_feature::hasByteEscapes(*nodeOf(element));
-    for (const xmlAttr* attribute = nodeOf(element)->properties; attribute != nullptr;
-         attribute = attribute->next) {
-      std::string name = textOf(attribute->name);
-      if (attribute->ns != nullptr && attribute->ns->prefix != nullptr) {
-        name.insert(0, std::string(textOf(attribute->ns->prefix)) + ':');
+    driver_feature::AttributeReader attribute(elementOf(element));
+    while (attribute.read()) {
+      std::string& value = map[attribute.name()];
+      if (elementOf(element).escaped) {
+        value = driver_feature::unescapeBytes(attribute.value());
+      } else {
+        value = attribute.value();
       }
-      std::string& value = map[name];
-      readValue(*attribute, value);
-      if (escaped) value = driver_feature::unescapeBytes(value);
     }
   }
 };
 
-LibXml2Parser parser;
+DocumentParser parser;
 
 }  // namespace
 

@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "xml_scanner.h"
+
 namespace driver_feature {
 
 namespace {
-
-constexpr int kHighestDepth = 256;
 
 struct ContextDeleter {
   void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
@@ -111,39 +111,22 @@ void onAttributeDeclaration(void* context, const xmlChar* element, const xmlChar
                       "' is given a default value; default values are not accepted");
 }
 
-// What is noted with an element, in the field that libxml2 leaves to its users:
-// the whole line, of which libxml2 keeps 16 bits, and whether values hold byte
-// escapes.
-struct Note {
-  int line;
-  bool escaped;
-};
-
-void setNote(xmlNode& element, Note note) {
-  const std::intptr_t number = std::intptr_t{note.line} * 2 + (note.escaped ? 1 : 0);
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): the field is a pointer and holds a number here.
-  element._private = reinterpret_cast<void*>(number);
-}
-
-Note noteOf(const xmlNode& element) {
-  const auto number = reinterpret_cast<std::intptr_t>(element._private);
-  return {static_cast<int>(number / 2), number % 2 != 0};
-}
-
-// Whether the values of a new element's attributes hold byte escapes: as its
-// own attribute ByteEscapes says, or else as for the element around it.
-bool holdsByteEscapes(const xmlNode& element) {
-  constexpr const char* kName = "ByteEscapes";
-  for (const xmlAttr* attribute = element.properties; attribute != nullptr;
-       attribute = attribute->next) {
-    // Each element is asked, so that few names may be compared whole.
-    if (attribute->name[0] != static_cast<xmlChar>(kName[0])) continue;
-    if (attribute->ns != nullptr || textOf(attribute->name) != kName) continue;
-    const xmlNode* value = attribute->children;
-    return value != nullptr && textOf(value->content) == "yes";
+// The line on which the start tag begins that the parser has read nearly to its
+// end, and in which no other "<" can be.
+int lineOfStartTag(const xmlParserCtxt& parser) {
+  const xmlParserInput& input = *parser.input;
+  int line = input.line;
+  for (const xmlChar* text = input.cur; text > input.base && *text != '<'; --text) {
+    if (text[-1] == '\n') --line;
   }
-  const xmlNode* parent = element.parent;
-  return parent != nullptr && parent->type == XML_ELEMENT_NODE && noteOf(*parent).escaped;
+  return line;
+}
+
+// libxml2 keeps 16 bits of a line. The whole number is noted in the field that
+// it leaves to its users.
+void noteLine(xmlNode& element, int line) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the field is a pointer and holds a number here.
+  element._private = reinterpret_cast<void*>(std::intptr_t{line});
 }
 
 void onStartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
@@ -152,9 +135,8 @@ void onStartElement(void* context, const xmlChar* name, const xmlChar* prefix, c
   xmlSAX2StartElementNs(context, name, prefix, uri, namespaceCount, namespaces, attributeCount,
                         defaultedCount, attributes);
   const xmlParserCtxt* parser = parserOf(context);
-  xmlNode* element = parser->node;
-  if (element == nullptr) return;
-  setNote(*element, {xmlSAX2GetLineNumber(context), holdsByteEscapes(*element)});
+  if (parser->node == nullptr) return;
+  noteLine(*parser->node, lineOfStartTag(*parser));
   if (parser->nodeNr > kHighestDepth) refuse(context, "elements are nested deeper than 256");
 }
 
@@ -182,7 +164,7 @@ void checkWholeTextIsRead(xmlParserCtxt* parser) {
 
 }  // namespace
 
-TreePointer readTree(const std::string& text, const std::string& name, XMLProblem& problem) {
+TreePointer readTree(std::string_view text, const std::string& name, XMLProblem& problem) {
   const ContextPointer parser(xmlNewParserCtxt());
   if (!parser) {
     problem.text = "cannot be read: out of memory";
@@ -207,11 +189,7 @@ TreePointer readTree(const std::string& text, const std::string& name, XMLProble
 }
 
 int notedLine(const xmlNode& element) {
-  return noteOf(element).line;
-}
-
-bool hasByteEscapes(const xmlNode& element) {
-  return noteOf(element).escaped;
+  return static_cast<int>(reinterpret_cast<std::intptr_t>(element._private));
 }
 
 }  // namespace driver_feature

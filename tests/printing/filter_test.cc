@@ -83,7 +83,7 @@ TEST_F(HandwrittenQueueTest, RefusedValues_FailTheJobAndAreNamed) {
                     "ERROR: option sides: feature \"Duplex\" has no option \"many\"; choose one of "
                     "OneSided, LongEdge\n"
                     "ERROR: option copies: 1000 is out of range; give a whole number, from 1 to 99 "
-                    "(printer.xml:14)\n"));
+                    "(printer.xml:13)\n"));
 }
 
 TEST_F(HandwrittenQueueTest, RefusedValues_AreReplacedWhenTheQueueSaysSo) {

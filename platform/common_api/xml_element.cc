@@ -1,0 +1,45 @@
+#include "xml_element.h"
+
+#include <cstring>
+
+#include "xml_characters.h"
+
+namespace driver_feature {
+
+namespace {
+
+const char* skipBlanks(const char* text) {
+  while (isOfClass(*text, kBlank)) ++text;
+  return text;
+}
+
+const char* endOfName(const char* text) {
+  while (isOfClass(*text, kNameByte)) ++text;
+  return text;
+}
+
+}  // namespace
+
+Element& ElementStore::add() {
+  if (size_ == pieces_.size() * kPiece) pieces_.push_back(std::make_unique<Element[]>(kPiece));
+  return (*this)[size_++];
+}
+
+AttributeReader::AttributeReader(const Element& element) : next_(endOfName(element.tag)) {}
+
+bool AttributeReader::read() {
+  next_ = skipBlanks(next_);
+  if (*next_ == '>' || *next_ == '/') return false;
+  const char* end = endOfName(next_);
+  name_.assign(next_, end);
+  const char* quote = skipBlanks(skipBlanks(end) + 1);  // After the sign "=".
+  value_ = quote + 1;
+  next_ = value_.data() + value_.size() + 1;
+  return true;
+}
+
+std::string_view nameAt(const char* tag) {
+  return {tag, static_cast<std::size_t>(endOfName(tag) - tag)};
+}
+
+}  // namespace driver_feature

@@ -1,0 +1,188 @@
+#include "xml_scanner.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "xml_cursor.h"
+
+namespace driver_feature {
+
+namespace {
+
+constexpr std::size_t kMostAttributes = 64;
+
+// Elements and all that is in them.
+class Scanner : private XMLCursor {
+ public:
+  Scanner(char* text, std::size_t size, Names names, ElementStore& elements)
+      : XMLCursor(text, size, names), elements_(elements) {}
+
+  Element* scanDocument() {
+    if (!scanDeclaration() || !scanMiscellany() || *next_ != '<') return nullptr;
+    Element* root = nullptr;
+    if (!scanElements(root) || !scanMiscellany()) return nullptr;
+    return isAtEnd() ? root : nullptr;
+  }
+
+ private:
+  struct OpenElement {
+    Element* element;
+    Element* lastChild;
+    std::string_view name;
+  };
+
+  // The root and all that it holds.
+  bool scanElements(Element*& root) {
+    if (!scanStartTag()) return false;
+    root = &elements_[0];
+    while (depth_ > 0) {
+      if (!scanText()) return false;
+      switch (next_[1]) {
+        case '/':
+          if (!scanEndTag()) return false;
+          break;
+        case '!':
+          if (!scanComment() && !scanCharacterData()) return false;
+          break;
+        case '?':
+          if (!scanInstruction()) return false;
+          break;
+        default:
+          if (!scanStartTag()) return false;
+      }
+    }
+    return true;
+  }
+
+  // The text in an element, up to the next "<".
+  bool scanText() {
+    for (;;) {
+      skip(kContentPart);
+      if (*next_ == '<') return true;
+      if (*next_ == '&') {
+        unsigned character = 0;
+        if (!scanReference(character)) return false;
+      } else if (startsWith("]]>") || !scanCharacter()) {
+        return false;
+      }
+    }
+  }
+
+  bool scanStartTag() {
+    if (depth_ == open_.size()) return false;
+    ++next_;
+    Element& element = elements_.add();
+    element.tag = next_;
+    element.line = line();
+    element.escaped = depth_ > 0 && open_[depth_ - 1].element->escaped;
+    std::string_view name;
+    if (!scanName(name) || !scanAttributes(element)) return false;
+    append(element);
+    if (take("/>")) return true;
+    if (!take('>')) return false;
+    open_[depth_++] = {&element, nullptr, name};
+    return true;
+  }
+
+  void append(Element& element) {
+    if (depth_ == 0) return;
+    OpenElement& parent = open_[depth_ - 1];
+    (parent.lastChild != nullptr ? parent.lastChild->nextSibling : parent.element->firstChild) =
+        &element;
+    parent.lastChild = &element;
+  }
+
+  // The attributes, and the blanks after them.
+  bool scanAttributes(Element& element) {
+    attributeCount_ = 0;
+    while (skipBlanks() && *next_ != '>' && *next_ != '/') {
+      std::string_view name;
+      if (!scanName(name) || !noteAttribute(name)) return false;
+      skipBlanks();
+      if (!take('=')) return false;
+      skipBlanks();
+      const char* value = next_ + 1;
+      if (!scanValue()) return false;
+      if (name == "ByteEscapes") element.escaped = std::string_view(value) == "yes";
+    }
+    return true;
+  }
+
+  // Whether the present tag may have it: a name occurs once.
+  bool noteAttribute(std::string_view name) {
+    if (names() == Names::kAny) return true;
+    for (std::size_t i = 0; i < attributeCount_; ++i) {
+      if (attributes_[i] == name) return false;
+    }
+    if (name == "xmlns" || attributeCount_ == attributes_.size()) return false;
+    attributes_[attributeCount_++] = name;
+    return true;
+  }
+
+  bool scanValue() {
+    const char quote = *next_;
+    if (quote != '"' && quote != '\'') return false;
+    ++next_;
+    skip(kValuePart);
+    char* end = next_;
+    while (*next_ != quote) {
+      if (!resolve(end)) return false;
+      end = moveValueParts(end);
+    }
+    *end = '\0';
+    std::fill(end + 1, next_ + 1, ' ');
+    ++next_;
+    return true;
+  }
+
+  // Moves what means itself to `end`, the end of what has been resolved.
+  char* moveValueParts(char* end) {
+    char* text = next_;
+    while (isOfClass(*text, kValuePart)) *end++ = *text++;
+    next_ = text;
+    return end;
+  }
+
+  // A reference, a blank, the other quote or a character beyond ASCII. What it
+  // means is never longer than itself.
+  bool resolve(char*& end) {
+    const char* start = next_;
+    if (*start == '&') {
+      unsigned character = 0;
+      if (!scanReference(character)) return false;
+      end = writeCharacter(character, end);
+      return true;
+    }
+    if (*start == '<' || !scanCharacter()) return false;
+    if (!isOfClass(*start, kBlank)) {
+      end = std::copy<const char*>(start, next_, end);
+    } else if (*start != '\r' || *next_ != '\n') {  // The two are one line end.
+      *end++ = ' ';
+    }
+    return true;
+  }
+
+  bool scanEndTag() {
+    const OpenElement& last = open_[depth_ - 1];
+    next_ += 2;
+    if (!take(last.name)) return false;
+    skipBlanks();
+    --depth_;
+    return take('>');
+  }
+
+  ElementStore& elements_;
+  std::array<OpenElement, kHighestDepth> open_;
+  std::size_t depth_ = 0;
+  std::array<std::string_view, kMostAttributes> attributes_;  // Names, of the present tag.
+  std::size_t attributeCount_ = 0;
+};
+
+}  // namespace
+
+Element* scanPlainText(char* text, std::size_t size, Names names, ElementStore& elements) {
+  return Scanner(text, size, names, elements).scanDocument();
+}
+
+}  // namespace driver_feature
