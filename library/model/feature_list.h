@@ -45,6 +45,12 @@ class FeatureList {
     if (sorted_ != features_.size()) sort();
     return byName_[position]->feature;
   }
+  // The name under which the feature at that position, which there must be, is
+  // filed.
+  std::string_view featureNameAt(int index) {
+    if (sorted_ != features_.size()) sort();
+    return byName_[static_cast<std::size_t>(index)]->name;
+  }
   DriverFeatureStaticGroup* staticGroupAt(int index) const;
   DriverFeatureDynamicGroup* dynamicGroupAt(int index) const;
 
