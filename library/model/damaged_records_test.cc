@@ -18,7 +18,7 @@
 namespace driver_feature::testing {
 
 struct Records {
-  using Type = std::deque<DynamicRecordPointer> DriverFeatureDynamicGroup::*;
+  using Type = std::deque<DynamicRecord*> DriverFeatureDynamicGroup::*;
   friend Type openMember(Records);
 };
 template struct PrivateMember<Records, &DriverFeatureDynamicGroup::records_>;
@@ -86,7 +86,7 @@ class DamagedRecordsTest : public ::testing::Test {
     ASSERT_TRUE(group_.addStaticGroupToDynamicGroupWithSort(map, true));
   }
 
-  std::deque<DynamicRecordPointer>& records() { return group_.*openMember(Records{}); }
+  std::deque<DynamicRecord*>& records() { return group_.*openMember(Records{}); }
 
   RecordingHost host_;
   DriverFeature first_{std::string("First")};
@@ -108,7 +108,7 @@ TEST_F(DamagedRecordsTest, Sort_RecordGone_AnswersFalseWithoutComparing) {
   setSortRoutine();
   add("2", "b");
   for (const std::size_t gone : {0U, 1U}) {
-    const DynamicRecordPointer record = records()[gone];
+    DynamicRecord* const record = records()[gone];
     records()[gone] = nullptr;
     EXPECT_FALSE(group_.sortList());
     EXPECT_THAT(host_.takeEvents(),

@@ -8,6 +8,7 @@
 #define MODEL_DRIVER_FEATURE_DYNAMIC_GROUP_H_
 
 #include <deque>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -90,7 +91,7 @@ class DriverFeatureDynamicGroup : public IntermediateDynamicFeatureGroup {
 
   template <class Value>
   bool store(const std::string& name, const Value& value, bool suppressUpdate);
-  driver_feature::DynamicRecordPointer createRecord(AttributeMap& values);
+  std::unique_ptr<DynamicRecord> createRecord(AttributeMap& values);
   static bool copyMemberToRecord(CoreFeature& member, AttributeMap& values, DynamicRecord& record);
   void loadSortRoutine();
   bool sortPass(int bound, AttributeMap& first, AttributeMap& second, bool& swapped);
@@ -104,7 +105,7 @@ class DriverFeatureDynamicGroup : public IntermediateDynamicFeatureGroup {
   driver_feature::PropertyStore kept_;
   SortRoutine sortRoutine_ = nullptr;  // Looked up when it is first needed.
   // The ends are where records are mostly added and removed.
-  std::deque<driver_feature::DynamicRecordPointer> records_;
+  std::deque<DynamicRecord*> records_;
   std::set<long> selectedEntries_;
 };
 

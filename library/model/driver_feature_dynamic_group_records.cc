@@ -12,7 +12,7 @@
 #include "Symbols.h"
 
 using driver_feature::DynamicRecordMember;
-using driver_feature::DynamicRecordPointer;
+using driver_feature::HeldRecord;
 using driver_feature::Level;
 using driver_feature::logComposed;
 using driver_feature::logFixed;
@@ -24,9 +24,10 @@ bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroup(AttributeMap& value
 
 bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroupWithSort(AttributeMap& values,
                                                                      bool sort) {
-  const DynamicRecordPointer record = createRecord(values);
+  std::unique_ptr<DynamicRecord> record = createRecord(values);
   if (record == nullptr) return false;
-  records_.push_back(record);
+  records_.push_back(record.get());
+  record.release();
   if (sort && !text(Property::kSortFunctionName).empty()) {
     loadSortRoutine();
     if (sortRoutine_ != nullptr) sortList();
@@ -35,7 +36,8 @@ bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroupWithSort(AttributeMa
   return true;
 }
 
-DynamicRecordPointer DriverFeatureDynamicGroup::createRecord(AttributeMap& values) {
+std::unique_ptr<driver_feature::DynamicRecord> DriverFeatureDynamicGroup::createRecord(
+    AttributeMap& values) {
   if (template_ == nullptr) {
     logFixed(Level::kMisuse, "addStaticGroupToDynamicGroupWithSort() - Null static group template");
     return nullptr;
@@ -46,7 +48,7 @@ DynamicRecordPointer DriverFeatureDynamicGroup::createRecord(AttributeMap& value
              "addStaticGroupToDynamicGroupWithSort() - Wrong number of entries in map");
     return nullptr;
   }
-  DynamicRecordPointer record(new (std::nothrow) DynamicRecord);
+  std::unique_ptr<DynamicRecord> record(new (std::nothrow) DynamicRecord);
   if (record == nullptr) {
     logFixed(Level::kMisuse,
              "addStaticGroupToDynamicGroupWithSort() - Cannot create static group copy");
@@ -127,8 +129,8 @@ bool DriverFeatureDynamicGroup::sortPass(int bound, AttributeMap& first, Attribu
 // 2 line, when there is no such record.
 bool DriverFeatureDynamicGroup::readRecord(int index, AttributeMap& values) {
   const auto position = static_cast<std::size_t>(index);
-  const DynamicRecordPointer record = position < records_.size() ? records_[position] : nullptr;
-  if (record == nullptr) {
+  const HeldRecord record(position < records_.size() ? records_[position] : nullptr);
+  if (!record) {
     logComposed(Level::kMisuse, "sortList() - Null static record pointer");
     return false;
   }
@@ -154,8 +156,8 @@ IntermediateStaticFeatureGroup* DriverFeatureDynamicGroup::getDynamicEntryByInde
     return nullptr;
   }
   if (index >= records_.size()) return nullptr;
-  const DynamicRecordPointer record = records_[index];
-  if (record == nullptr) {
+  const HeldRecord record(records_[index]);
+  if (!record) {
     logFixed(Level::kMisuse, "getDynamicEntryByIndex() - Null static record pointer");
     return nullptr;
   }
@@ -182,13 +184,16 @@ bool DriverFeatureDynamicGroup::loadRecordMember(const DynamicRecordMember& memb
 
 bool DriverFeatureDynamicGroup::removeDynamicEntryByIndex(unsigned index) {
   if (index >= records_.size()) return false;
+  DynamicRecord* const record = records_[index];
   records_.erase(records_.begin() + static_cast<std::ptrdiff_t>(index));
+  DynamicRecord::release(record);
   driver_feature::callUpdateCallback();
   return true;
 }
 
 bool DriverFeatureDynamicGroup::removeAllDynamicEntries() {
   const bool hadRecords = !records_.empty();
+  for (DynamicRecord* record : records_) DynamicRecord::release(record);
   records_.clear();
   recordInFocus_ = -1;
   if (hadRecords) driver_feature::callUpdateCallback();
@@ -200,8 +205,8 @@ bool DriverFeatureDynamicGroup::detectDuplicateRecord(AttributeMap& values) {
   if (values.size() != template_->fetchNumberOfFeaturesInGroup()) return false;
   // NOLINTNEXTLINE(modernize-loop-convert): a line of the log may make the host change the records.
   for (std::size_t i = 0; i < records_.size(); ++i) {
-    const DynamicRecordPointer record = records_[i];
-    if (record == nullptr) {
+    const HeldRecord record(records_[i]);
+    if (!record) {
       logFixed(Level::kWarning,
                "DriverFeatureDynamicGroup::detectDuplicateRecord() - Cannot get feature from "
                "static group record");

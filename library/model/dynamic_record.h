@@ -30,9 +30,16 @@ struct DynamicRecordMember {
   bool read(std::string& text) const;
 };
 
-// What was added to the dynamic group, in the order of the template.
+// What was added to the dynamic group, in the order of the template. The group
+// holds it by a plain pointer, of which many can be moved at once.
 class DynamicRecord {
  public:
+  // Takes away one holder, of which a new record has one, and frees the record
+  // with the last.
+  static void release(DynamicRecord* record) {
+    if (--record->holders_ == 0) delete record;
+  }
+
   void reserve(std::size_t count) { members_.reserve(count); }
   void add(FeatureCopy copy);
   const std::vector<DynamicRecordMember>& members() const { return members_; }
@@ -42,12 +49,32 @@ class DynamicRecord {
 
  private:
   std::vector<DynamicRecordMember> members_;
+  friend class HeldRecord;
+
+  int holders_ = 1;
   NameIndex names_;  // Of the members that have been searched, when there are many.
 };
 
-// Whoever uses a record while code of the host may run holds it: the host may
-// remove it.
-using DynamicRecordPointer = std::shared_ptr<DynamicRecord>;
+// Holds a record. Whoever uses one while code of the host may run holds it, since
+// the host may remove it.
+class HeldRecord {
+ public:
+  explicit HeldRecord(DynamicRecord* record) : record_(record) {
+    if (record_ != nullptr) ++record_->holders_;
+  }
+  ~HeldRecord() {
+    if (record_ != nullptr) DynamicRecord::release(record_);
+  }
+  HeldRecord(const HeldRecord&) = delete;
+  HeldRecord& operator=(const HeldRecord&) = delete;
+
+  DynamicRecord* operator->() const { return record_; }
+  DynamicRecord& operator*() const { return *record_; }
+  explicit operator bool() const { return record_ != nullptr; }
+
+ private:
+  DynamicRecord* record_;
+};
 
 }  // namespace driver_feature
 

@@ -105,7 +105,7 @@ TEST_P(LibraryMemoryTest, ValueFunctions_UnknownNameAndNoMemory_AnswerZero) {
   auto* getInt = host_.function<int(std::string&, const char*, int*)>("GetFeatureIntValue");
   std::string unknown = "a feature that is in no description";
   const std::string before = host_.model();
-  sweep(4, [&](const FailurePlan& plan) {
+  sweep(2, [&](const FailurePlan& plan) {
     int value = 5;
     int answer = -1;
     EXPECT_TRUE(
