@@ -88,7 +88,7 @@ class NamesOfMap {
     const long count = map_.size();
     FeatureList& features = masterSet().list();
     // With few names, walking takes less than asking for each feature.
-    if (count < kMany || features.featureCount() > count * (count / kMany)) return;
+    if (count < kMany || features.featureCount() / count > count / kMany) return;
     for (int i = 0; i < features.featureCount(); ++i) {
       std::string name(features.featureNameAt(i));
       if (holds(name)) listed_.push_back(std::move(name));
