@@ -26,8 +26,8 @@ bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroupWithSort(AttributeMa
                                                                      bool sort) {
   std::unique_ptr<DynamicRecord> record = createRecord(values);
   if (record == nullptr) return false;
-  records_.push_back(record.get());
-  record.release();
+  records_.push_back(nullptr);
+  records_.back() = record.release();
   if (sort && !text(Property::kSortFunctionName).empty()) {
     loadSortRoutine();
     if (sortRoutine_ != nullptr) sortList();

@@ -56,7 +56,7 @@ class PropertyStore {
       if (isWanted) return {begin, {at, size}};
       at += size;
     }
-    return {end, {end, 0}};
+    return {end, std::string_view(end, end)};
   }
 
   // Sizes are in groups of seven bits, the lowest first. All but the last have

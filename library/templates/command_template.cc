@@ -1,5 +1,6 @@
 #include "templates/command_template.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <type_traits>
@@ -55,11 +56,6 @@ bool appendUnlessRefused(std::string_view commandTemplate, const Value& value,
   return true;
 }
 
-char* copyTo(char* to, const char* from, std::size_t size) {
-  std::memcpy(to, from, size);
-  return to + size;
-}
-
 // Writes a text in a template that lays out nothing, which nearly every one does:
 // it has no other conversion than one "%s". The end of what was written; null
 // for another template. There must be room for the template and the text.
@@ -67,20 +63,21 @@ char* writePlain(std::string_view commandTemplate, std::string_view text, char* 
   bool converted = false;
   const char* at = commandTemplate.data();
   const char* const end = at + commandTemplate.size();
-  for (;;) {
+  while (at != end) {
     const auto* percent = static_cast<const char*>(std::memchr(at, '%', lengthOf(at, end)));
-    if (percent == nullptr) return copyTo(to, at, lengthOf(at, end));
+    if (percent == nullptr) return std::copy(at, end, to);
     const char* next = percent + 1;
     while (next != end && *next == '%') ++next;
     const std::size_t signs = lengthOf(percent, next);
-    to = copyTo(to, at, lengthOf(at, percent) + signs / 2);
+    to = std::copy(at, percent + signs / 2, to);
     at = next;
     if (signs % 2 == 0) continue;
     if (converted || at == end || *at != 's') return nullptr;
     converted = true;
-    to = copyTo(to, text.data(), text.size());
+    to = std::copy(text.begin(), text.end(), to);
     ++at;
   }
+  return to;
 }
 
 // As append(). False for a template that lays out more than the text.
