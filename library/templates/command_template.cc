@@ -1,6 +1,5 @@
 #include "templates/command_template.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <type_traits>
@@ -56,6 +55,12 @@ bool appendUnlessRefused(std::string_view commandTemplate, const Value& value,
   return true;
 }
 
+// An empty text may be one of a null pointer.
+char* copyTo(char* to, const char* from, std::size_t size) {
+  if (size != 0) std::memcpy(to, from, size);
+  return to + size;
+}
+
 // Writes a text in a template that lays out nothing, which nearly every one does:
 // it has no other conversion than one "%s". The end of what was written; null
 // for another template. There must be room for the template and the text.
@@ -65,16 +70,16 @@ char* writePlain(std::string_view commandTemplate, std::string_view text, char* 
   const char* const end = at + commandTemplate.size();
   while (at != end) {
     const auto* percent = static_cast<const char*>(std::memchr(at, '%', lengthOf(at, end)));
-    if (percent == nullptr) return std::copy(at, end, to);
+    if (percent == nullptr) return copyTo(to, at, lengthOf(at, end));
     const char* next = percent + 1;
     while (next != end && *next == '%') ++next;
     const std::size_t signs = lengthOf(percent, next);
-    to = std::copy(at, percent + signs / 2, to);
+    to = copyTo(to, at, lengthOf(at, percent) + signs / 2);
     at = next;
     if (signs % 2 == 0) continue;
     if (converted || at == end || *at != 's') return nullptr;
     converted = true;
-    to = std::copy(text.begin(), text.end(), to);
+    to = copyTo(to, text.data(), text.size());
     ++at;
   }
   return to;
