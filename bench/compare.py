@@ -31,6 +31,7 @@ PAIRS = (
     ("load", "open", 1),
     ("build", "open", 1 / 4),
     ("change choice", "mark", 1 / 8),
+    ("choose in a list", "mark in a list", 1 / 4),
     ("read int", "look up", 1 / 2),
     ("read choice", "look up", 1 / 2),
     ("serialize PostScript", "emit", 1 / 4),

@@ -69,12 +69,12 @@ std::string templateOf(const std::string& feature, const Carrier& carrier) {
   return "[{\n%%%%BeginFeature: *" + feature + " %s\n%%%%EndFeature\n} stopped cleartomark\n";
 }
 
+}  // namespace
+
 std::string optionCommand(const std::string& feature, int choice, const Carrier& carrier) {
   if (isTicket(carrier)) return "value-" + choiceName(choice);
   return choiceName(choice) + "\n" + codeOf(feature, choice);
 }
-
-}  // namespace
 
 std::string featureName(int number) {
   const std::string digits = std::to_string(number);
@@ -106,6 +106,17 @@ std::string ppdText(int features, int choices) {
     text.append("*CloseUI: *").append(name).append("\n");
   }
   return text;
+}
+
+std::string listPPDText(int choices) {
+  std::string text(kPPDHead);
+  text.append("*OpenUI *List/List: PickOne\n*OrderDependency: 10 AnySetup *List\n");
+  text.append("*DefaultList: ").append(featureName(0)).append("\n");
+  for (int i = 0; i < choices; ++i) {
+    text.append("*List ").append(featureName(i)).append(": \"").append(codeOf("List", i));
+    text.append("\"\n");
+  }
+  return text.append("*CloseUI: *List\n");
 }
 
 std::string descriptionText(int features, const Carrier& carrier, int choices) {
@@ -152,6 +163,19 @@ std::string recordDescriptionText() {
          "    </FeatureStaticGroup>\n"
          "  </FeatureDynamicGroup>\n" +
          std::string(kDescriptionTail);
+}
+
+std::string fiveMembersDescriptionText() {
+  std::string text = recordDescriptionText();
+  std::string members =
+      "      <Feature FeatureType=\"TextEntry\" Name=\"RecordText\"/>\n"
+      "      <Feature FeatureType=\"FloatEntry\" Name=\"RecordScale\"/>\n"
+      "      <Feature FeatureType=\"MultiSelect\" Name=\"RecordChoice\" "
+      "DefaultValue=\"ChoiceA\">\n";
+  for (int i = 0; i < kChoices; ++i)
+    members += "        <Option Name=\"" + choiceName(i) + "\"/>\n";
+  members += "      </Feature>\n";
+  return text.insert(text.find("    </FeatureStaticGroup>"), members);
 }
 
 }  // namespace driver_feature::bench

@@ -46,6 +46,9 @@ std::string choiceName(int number);
 
 std::string ppdText(int features, int choices = kChoices);
 
+// One list, "List", of so many choices, which have the names of features.
+std::string listPPDText(int choices);
+
 // Where a description keeps the commands of features and options.
 struct Carrier {
   const char* kind;  // Of the model's file.
@@ -56,6 +59,9 @@ inline constexpr Carrier kPSCarrier = {"ps", "PSCommand", "PSCommand"};
 inline constexpr Carrier kPJLCarrier = {"pjl", "PJLCommand", "PJLCommand"};
 inline constexpr Carrier kTicketCarrier = {"ticket", "TESKJTAttributeName", "TESKCommand"};
 
+// What a choice adds to the output.
+std::string optionCommand(const std::string& feature, int choice, const Carrier& carrier);
+
 // The features of the PPD file, their output in the carrier's attributes.
 std::string descriptionText(int features, const Carrier& carrier, int choices = kChoices);
 
@@ -65,6 +71,9 @@ std::string typedDescriptionText(int features);
 // A dynamic group "Records" whose records hold a text and an integer. Its sort
 // routine is benchCompareRecords.
 std::string recordDescriptionText();
+
+// The same with five members: two texts, a number, a fraction and a list.
+std::string fiveMembersDescriptionText();
 
 }  // namespace driver_feature::bench
 

@@ -15,6 +15,8 @@ void addOperations(Operations& operations) {
   addRestoring(operations);
   addRecords(operations);
   addDump(operations);
+  addLongLists(operations);
+  addHandWritten(operations);
   addImported(operations);
 }
 

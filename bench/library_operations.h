@@ -15,6 +15,8 @@ void addSerialization(Operations& operations);
 void addRestoring(Operations& operations);
 void addRecords(Operations& operations);
 void addDump(Operations& operations);
+void addLongLists(Operations& operations);
+void addHandWritten(Operations& operations);
 void addImported(Operations& operations);
 
 }  // namespace driver_feature::bench

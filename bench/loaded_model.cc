@@ -25,10 +25,9 @@ namespace {
   std::exit(1);
 }
 
-// The log of a host that writes down nothing. What imported descriptions cause
-// to be logged at each output is composed all the same.
-void keepNoLog(int /*level*/, const char* /*category*/, const char* /*text*/,
-               std::size_t /*length*/, void* /*context*/) {}
+// The log of a host that writes down nothing.
+void dropLine(int /*level*/, const char* /*category*/, const char* /*text*/, std::size_t /*length*/,
+              void* /*context*/) {}
 
 // What delete would do: the classes have no virtual destructors, and the
 // objects are known to be of these very classes.
@@ -47,13 +46,17 @@ std::unique_ptr<XMLDocument> readModel(const std::string& path) {
   return document;
 }
 
+void keepNoLog() {
+  SetLogHandler(dropLine, nullptr);
+}
+
 void startEmptySet() {
   libraryState().masterSet = nullptr;
   GetMasterFeatureList();
 }
 
 void build(const XMLDocument& document) {
-  SetLogHandler(keepNoLog, nullptr);
+  keepNoLog();
   if (FeatureXMLTagHandler(document.root()) != 1) fail("a model cannot be built");
 }
 
@@ -83,6 +86,21 @@ DriverFeatureSet& useModel(const std::string& kind, int size) {
   }
   libraryState().masterSet = set;
   return *set;
+}
+
+AttributeMap recordValues(int number) {
+  AttributeMap values;
+  values["RecordName"] = "the name of record " + std::to_string(number);
+  values["RecordNumber"] = std::to_string(number);
+  return values;
+}
+
+AttributeMap fiveMemberValues(int number) {
+  AttributeMap values = recordValues(number);
+  values["RecordChoice"] = choiceName(number % kChoices);
+  values["RecordScale"] = "1.5";
+  values["RecordText"] = "more text of record " + std::to_string(number);
+  return values;
 }
 
 void makeTextsOld() {

@@ -8,12 +8,16 @@
 #include "bench/generated_model.h"
 #include "frame/driver_feature_set.h"
 
+#include "AttributeMap.h"
 #include "XMLDocument.h"
 
 namespace driver_feature::bench {
 
 // Reads a file of a model. Ends the program when that fails.
 std::unique_ptr<XMLDocument> readModel(const std::string& path);
+
+// Has log lines written nowhere. They are composed all the same.
+void keepNoLog();
 
 // Makes an empty set the master set.
 void startEmptySet();
@@ -40,6 +44,11 @@ inline NamesInTurn namesOfType(int size, int type) {
 // Makes the library write all of the next PostScript or PJL anew, by storing a
 // text in an option of no feature.
 void makeTextsOld();
+
+// The values of a record of the description with records, and of the one with
+// records of five members.
+AttributeMap recordValues(int number);
+AttributeMap fiveMemberValues(int number);
 
 // How often the update callback and the change routine have been called.
 struct Calls {

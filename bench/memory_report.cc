@@ -1,9 +1,10 @@
-// How much memory a model takes: bytes that stay resident for each feature and
-// each option.
+// How much memory a model takes: bytes that stay resident for each feature, each
+// option and each record of five members.
 //
 //   BENCH_MODELS=FOLDER memory_report FEATURES [HIGHEST-MIB]
 //
-// It fails when the model with five options for each feature takes more.
+// There are as many records as features. It fails when the model with five options
+// for each feature takes more.
 
 #include <malloc.h>
 #include <unistd.h>
@@ -14,6 +15,12 @@
 
 #include "bench/loaded_model.h"
 #include "bench/operation.h"
+#include "frame/state.h"
+#include "model/core_feature_group.h"
+#include "model/driver_feature.h"
+#include "model/driver_feature_option.h"
+
+#include "AttributeMap.h"
 
 namespace driver_feature::bench {
 namespace {
@@ -37,6 +44,27 @@ long residentBytesOf(const std::string& kind, int size) {
   return residentBytes() - before;
 }
 
+// What records add, their list's choices being so many.
+double residentBytesOfRecord(int records, int choices) {
+  startEmptySet();
+  build(*readModel(modelPath("five", 0)));
+  CoreFeature* list = libraryState().masterSet->FindFeatureInFeatureList("RecordChoice");
+  for (int i = kChoices; i < choices; ++i) {
+    dynamic_cast<DriverFeature&>(*list).addOptionToFeature(new DriverFeatureOption(featureName(i)));
+  }
+  CoreFeature* object = libraryState().masterSet->FindFeatureInFeatureList("Records");
+  auto& group = dynamic_cast<IntermediateDynamicFeatureGroup&>(*object);
+  AttributeMap values = fiveMemberValues(0);
+  group.addStaticGroupToDynamicGroupWithSort(values, false);
+  malloc_trim(0);
+  const long before = residentBytes();
+  for (int i = 0; i < records; ++i) {
+    values = fiveMemberValues(i);
+    group.addStaticGroupToDynamicGroupWithSort(values, false);
+  }
+  return static_cast<double>(residentBytes() - before) / records;
+}
+
 double report(int features) {
   const auto narrow = static_cast<double>(residentBytesOf("ps", features));
   const auto wide = static_cast<double>(residentBytesOf("wide", features));
@@ -47,6 +75,9 @@ double report(int features) {
             << "option                  " << option << " bytes\n"
             << "feature alone           " << narrow / features - kChoices * option << " bytes\n"
             << "feature with 5 options  " << narrow / features << " bytes\n"
+            << "record of 5 members     " << residentBytesOfRecord(features, kChoices) << " bytes\n"
+            << "  a list of 2,000 in it " << residentBytesOfRecord(features / 10, 2000)
+            << " bytes\n"
             << "all of them             " << mebibytes << " MiB\n";
   return mebibytes;
 }

@@ -77,6 +77,14 @@ Step marking(int size) {
   }};
 }
 
+Step markingInList(int choices) {
+  ppd_file_t* ppd = openPPD(modelPath("list_ppd", choices));
+  ppdMarkDefaults(ppd);
+  return {[ppd, names = NamesInTurn(choices)]() mutable {
+    ppdMarkOption(ppd, "List", names.next().c_str());
+  }};
+}
+
 Step emitting(int size) {
   return emission(modelOf(size));
 }
@@ -144,6 +152,7 @@ Step emittingReal(int number) {
 void addOperations(Operations& operations) {
   operations.push_back({"open", kFeatureCounts, opening});
   operations.push_back({"mark", kFeatureCounts, marking});
+  operations.push_back({"mark in a list", kFeatureCounts, markingInList});
   operations.push_back({"emit", kFeatureCounts, emitting});
   operations.push_back({"mark and emit", kFeatureCounts, markingAndEmitting});
   operations.push_back({"look up", kFeatureCounts, lookingUp});

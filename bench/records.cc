@@ -18,13 +18,6 @@ namespace {
 // A record that is added is never freed, so it is added so often only.
 constexpr std::int64_t kAdditions = 300;
 
-AttributeMap recordValues(int number) {
-  AttributeMap values;
-  values["RecordName"] = "the name of record " + std::to_string(number);
-  values["RecordNumber"] = std::to_string(number);
-  return values;
-}
-
 // The group with so many records, in order.
 IntermediateDynamicFeatureGroup& groupOf(int records) {
   CoreFeature* object = useModel("records", 0).FindFeatureInFeatureList(std::string("Records"));
@@ -51,6 +44,30 @@ Step addition(int records, bool sort) {
           .iterations = kAdditions};
 }
 
+Step removal(int records, unsigned position) {
+  IntermediateDynamicFeatureGroup& group = groupOf(records);
+  return {.run = [&group, position] { group.removeDynamicEntryByIndex(position); },
+          .after =
+              [&group, values = recordValues(records)]() mutable {
+                group.addStaticGroupToDynamicGroupWithSort(values, false);
+              },
+          .iterations = kAdditions};
+}
+
+// So many comparisons of records of five members, which are in order already.
+Step sorting(int comparisons) {
+  CoreFeature* object = useModel("five", 0).FindFeatureInFeatureList(std::string("Records"));
+  auto* group = dynamic_cast<IntermediateDynamicFeatureGroup*>(object);
+  if (group == nullptr) std::abort();
+  group->removeAllDynamicEntries();
+  for (int i = 0; i <= comparisons; ++i) {
+    AttributeMap values = fiveMemberValues(i);
+    // The first sorted addition looks the routine up.
+    if (!group->addStaticGroupToDynamicGroupWithSort(values, i == 1)) std::abort();
+  }
+  return {.run = [group] { group->sortList(); }, .overAll = true};
+}
+
 }  // namespace
 
 void addRecords(Operations& operations) {
@@ -59,6 +76,12 @@ void addRecords(Operations& operations) {
   // In order already, so that sorting is one pass over the pairs.
   operations.push_back(
       {"add record and sort", kRecordCounts, [](int records) { return addition(records, true); }});
+  operations.push_back({"compare records of five members", kRecordCounts, sorting});
+  operations.push_back(
+      {"remove the first record", kFeatureCounts, [](int records) { return removal(records, 0); }});
+  operations.push_back({"remove the middle record", kFeatureCounts, [](int records) {
+                          return removal(records, static_cast<unsigned>(records / 2));
+                        }});
   operations.push_back({"look for duplicate record", kRecordCounts, [](int records) {
                           IntermediateDynamicFeatureGroup& group = groupOf(records);
                           return Step{[&group, values = recordValues(records)]() mutable {

@@ -27,6 +27,7 @@ bool writeModels(const std::string& folder, int size) {
   using namespace driver_feature::bench;
   const std::string number = "_" + std::to_string(size);
   bool written = write(folder + "ppd" + number, ppdText(size)) &&
+                 write(folder + "list_ppd" + number, listPPDText(size)) &&
                  write(folder + "typed" + number, typedDescriptionText(size)) &&
                  write(folder + "wide" + number, descriptionText(size, kPSCarrier, 2 * kChoices));
   for (const Carrier& carrier : {kPSCarrier, kPJLCarrier, kTicketCarrier}) {
@@ -63,7 +64,8 @@ int main(int argc, char** argv) {
   for (int i = 2; i < argc; ++i) sizes.push_back(std::atoi(argv[i]));
   if (sizes.empty()) sizes = kFeatureCounts;
   const std::string folder = std::string(argv[1]) + "/";
-  bool written = write(folder + "records_0", recordDescriptionText());
+  bool written = write(folder + "records_0", recordDescriptionText()) &&
+                 write(folder + "five_0", fiveMembersDescriptionText());
   for (const int size : sizes) written = written && writeModels(folder, size);
   return written ? 0 : 1;
 }

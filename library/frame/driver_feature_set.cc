@@ -16,6 +16,8 @@
 
 using driver_feature::Level;
 using driver_feature::logComposed;
+using driver_feature::nameText;
+using driver_feature::Property;
 
 namespace {
 
@@ -32,14 +34,14 @@ bool holds(CoreFeature& group, const std::string& attribute, const std::string& 
 
 // Copies a default value into the current one.
 template <class Value>
-void restoreDefault(DriverFeature& feature, const char* from, const char* to) {
+void restoreDefault(DriverFeature& feature, Property from, Property to) {
   Value value{};
   if constexpr (std::is_same_v<Value, std::string>) {
-    feature.getFeatureProperty(std::string(from), value);
+    feature.getFeatureProperty(nameText(from), value);
   } else {
-    feature.getFeatureProperty(std::string(from), &value);
+    feature.getFeatureProperty(nameText(from), &value);
   }
-  feature.setFeaturePropertyWithConstraintControl(std::string(to), value, true);
+  feature.setFeaturePropertyWithConstraintControl(nameText(to), value, true);
 }
 
 }  // namespace
@@ -57,10 +59,30 @@ CoreFeature* DriverFeatureSet::FindFeatureInFeatureList(const std::string& name)
   return findGroup(name);
 }
 
+// The group of that name, or null. Nothing when the groups have to be asked, since
+// one is of a host's class or the platform does not know the property.
+std::optional<CoreFeature*> DriverFeatureSet::findOwnGroup(const std::string& name) {
+  if (list_.staticGroupCount() == 0 && list_.dynamicGroupCount() == 0) return nullptr;
+  if (driver_feature::findProperty("Name") != Property::kName) return std::nullopt;
+  const auto staticPosition = staticGroupNames_.find(
+      name, list_.staticGroupCount(),
+      [this](int position) { return driver_feature::nameOfOwn(list_.staticGroupAt(position)); });
+  const auto dynamicPosition = dynamicGroupNames_.find(
+      name, list_.dynamicGroupCount(),
+      [this](int position) { return driver_feature::nameOfOwn(list_.dynamicGroupAt(position)); });
+  if (!staticPosition || !dynamicPosition) return std::nullopt;
+  CoreFeature* group = list_.staticGroupAt(*staticPosition);
+  return group != nullptr ? group : list_.dynamicGroupAt(*dynamicPosition);
+}
+
 CoreFeature* DriverFeatureSet::findGroup(const std::string& name) {
-  std::string text;
-  if (CoreFeature* group = findStaticGroup("Name", name, text)) return group;
-  if (CoreFeature* group = findDynamicGroup("Name", name, text)) return group;
+  if (const auto group = findOwnGroup(name)) {
+    if (*group != nullptr) return *group;
+  } else {
+    std::string text;
+    if (CoreFeature* asked = findStaticGroup("Name", name, text)) return asked;
+    if (CoreFeature* asked = findDynamicGroup("Name", name, text)) return asked;
+  }
   logComposed(Level::kWarning, "FindFeatureInFeatureList() - Did not find feature \"{}\".", name);
   return nullptr;
 }
@@ -139,14 +161,15 @@ void DriverFeatureSet::restoreDefaultFeatureValues() {
     if (feature == nullptr) continue;
     switch (feature->getFeatureType()) {
       case driver_feature::kTextEntry:
-        restoreDefault<std::string>(*feature, "DefaultTextValue", "CurrentTextValue");
+        restoreDefault<std::string>(*feature, Property::kDefaultTextValue,
+                                    Property::kCurrentTextValue);
         break;
       case driver_feature::kMultiSelect:
       case driver_feature::kIntEntry:
-        restoreDefault<int>(*feature, "DefaultIntValue", "CurrentIntValue");
+        restoreDefault<int>(*feature, Property::kDefaultIntValue, Property::kCurrentIntValue);
         break;
       case driver_feature::kFloatEntry:
-        restoreDefault<float>(*feature, "DefaultFloatValue", "CurrentFloatValue");
+        restoreDefault<float>(*feature, Property::kDefaultFloatValue, Property::kCurrentFloatValue);
         break;
       default:
         break;

@@ -3,10 +3,12 @@
 #ifndef FRAME_DRIVER_FEATURE_SET_H_
 #define FRAME_DRIVER_FEATURE_SET_H_
 
+#include <optional>
 #include <string>
 
 #include "model/core_feature_set.h"
 #include "model/feature_list.h"
+#include "model/own_names.h"
 
 // Holds plain pointers to what the loader has made and deletes none of it.
 class DriverFeatureSet : public CoreFeatureSet {
@@ -47,12 +49,15 @@ class DriverFeatureSet : public CoreFeatureSet {
 
  private:
   CoreFeature* findGroup(const std::string& name);
+  std::optional<CoreFeature*> findOwnGroup(const std::string& name);
   CoreFeature* findStaticGroup(const std::string& attribute, const std::string& wanted,
                                std::string& text);
   CoreFeature* findDynamicGroup(const std::string& attribute, const std::string& wanted,
                                 std::string& text);
 
   driver_feature::FeatureList list_;
+  driver_feature::OwnNames staticGroupNames_;
+  driver_feature::OwnNames dynamicGroupNames_;
 };
 
 #endif  // FRAME_DRIVER_FEATURE_SET_H_

@@ -68,13 +68,13 @@ TEST_F(FeaturePositionTest, FeatureReplaced_TheNewOneIsFetched) {
   EXPECT_EQ(set_.fetchFeatureByIndex(1), other);
 }
 
-TEST_F(FeaturePositionTest, ContentsSwapped_OldPlacesAreForgotten) {
+TEST_F(FeaturePositionTest, RolledBack_OldPlacesAreForgotten) {
   DriverFeature* a = add('a');
   DriverFeature* c = add('c');
-  FeatureList::Contents before = set_.list().copyContents();
+  const FeatureList::Mark before = set_.list().mark();
   add('b');
   EXPECT_EQ(set_.fetchFeatureByIndex(2), c);
-  set_.list().swapContents(before);
+  set_.list().rollBack(before);
   EXPECT_EQ(set_.fetchFeatureByIndex(2), nullptr);
   EXPECT_EQ(set_.fetchFeatureByIndex(1), c);
   EXPECT_EQ(set_.fetchFeatureByIndex(0), a);

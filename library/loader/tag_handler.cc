@@ -100,10 +100,10 @@ void convertLogCategory() {
 // been built is not freed: the host may have seen it in a callback.
 class LoadUndo {
  public:
-  LoadUndo() : before_(masterSet().list().copyContents()) {}
+  LoadUndo() = default;
   ~LoadUndo() {
     if (done_) return;
-    masterSet().list().swapContents(before_);
+    masterSet().list().rollBack(before_);
     notification().updateCallback = updateBefore_;
     libraryState().loadCallback = loadBefore_;
   }
@@ -113,7 +113,7 @@ class LoadUndo {
   void keepLoad() { done_ = true; }
 
  private:
-  FeatureList::Contents before_;
+  FeatureList::Mark before_ = masterSet().list().mark();
   UpdateCallback updateBefore_ = notification().updateCallback;
   LoadCallback loadBefore_ = libraryState().loadCallback;
   bool done_ = false;
@@ -130,7 +130,6 @@ int FeatureXMLTagHandler(void* element) try {
   for (driver_feature::ChildElements child(element); child.handle() != nullptr; child.next()) {
     driver_feature::buildChild(child);
   }
-  driver_feature::masterSet().list().indexNames();
   undo.keepLoad();
   return 1;
 } catch (...) {

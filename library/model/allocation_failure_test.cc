@@ -2,8 +2,10 @@
 // host's own throws.
 
 #include <new>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,6 +13,7 @@
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
 #include "model/feature_list.h"
+#include "model/own_names.h"
 #include "support/failing_memory.h"
 #include "support/model_builder.h"
 #include "support/recording_host.h"
@@ -77,34 +80,39 @@ TEST_F(ModelAllocationFailureTest, AddRecord_AnyAllocationFails_AddsNothing) {
   EXPECT_EQ(position, 1);
 }
 
-TEST_F(ModelAllocationFailureTest, IndexNames_AnyAllocationFails_NamesAreFoundAllTheSame) {
+TEST_F(ModelAllocationFailureTest, AddFeature_AnyAllocationFails_AddsNothing) {
   FeatureList list;
-  for (int i = 0; i < 20; ++i) list.addFeature(std::to_string(i), &list_);
-  const long failures = failEachAllocation([&list, this] {
-    try {
-      list.indexNames();
-      EXPECT_FALSE(failingMemory.hasFailed()) << "the failure has been swallowed";
-    } catch (const std::bad_alloc&) {
-      for (int i = 0; i < 20; ++i) EXPECT_EQ(list.findFeature(std::to_string(i)), &list_);
+  const auto name = [](int number) {
+    return "a feature with a long name " + std::to_string(number);
+  };
+  for (int i = 0; i < 40; ++i) {
+    const long failures = failEachAllocation([&] {
+      try {
+        EXPECT_TRUE(list.addFeature(name(i), &list_));
+        EXPECT_FALSE(failingMemory.hasFailed()) << "the failure has been swallowed";
+      } catch (const std::bad_alloc&) {
+        EXPECT_EQ(list.featureCount(), i);
+      }
+    });
+    EXPECT_GE(failures, 1);
+    for (int earlier = 0; earlier <= i; ++earlier) {
+      EXPECT_EQ(list.findFeature(name(earlier)), &list_) << earlier;
+      EXPECT_EQ(list.featureAt(earlier), &list_) << earlier;
     }
-  });
-  // One for each name, at the least.
-  EXPECT_GE(failures, 20);
+  }
 }
 
-TEST_F(ModelAllocationFailureTest, AddAfterIndexing_NoMemory_NamesAreFoundAllTheSame) {
-  FeatureList list;
-  list.addFeature("first", &list_);
-  list.indexNames();
-  for (int i = 0; i < 40; ++i) {
-    const std::string name = std::to_string(i);
-    // The first allocation is the list's own entry, the next one the index's.
-    failingMemory.failAfter(1);
-    EXPECT_TRUE(list.addFeature(name, &list_));
-    failingMemory.stop();
-    EXPECT_EQ(list.findFeature(name), &list_);
-    EXPECT_EQ(list.findFeature("first"), &list_);
-  }
+TEST_F(ModelAllocationFailureTest, OwnNames_NoMemoryForTheIndex_FindNothingUntilThereIs) {
+  const auto nameAt = [](int position) -> std::optional<std::string_view> {
+    return position % 2 == 0 ? "even" : "odd";
+  };
+  OwnNames names;
+  const long failures = failEachAllocation([&] {
+    const auto found = names.find("odd", 100, nameAt);
+    EXPECT_EQ(found, failingMemory.hasFailed() ? std::nullopt : std::optional(1));
+  });
+  // The index, and what it holds.
+  EXPECT_GE(failures, 2);
 }
 
 // An option that answers no read or, once it is told to, throws at each.

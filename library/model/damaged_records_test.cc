@@ -1,7 +1,7 @@
-// Records that have lost a part, and values that cannot be read or compared.
+// Records that are gone, and values that cannot be read or compared.
 
+#include <deque>
 #include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,16 +18,10 @@
 namespace driver_feature::testing {
 
 struct Records {
-  using Type = std::vector<DriverFeatureStaticGroup*> DriverFeatureDynamicGroup::*;
+  using Type = std::deque<DynamicRecord*> DriverFeatureDynamicGroup::*;
   friend Type openMember(Records);
 };
 template struct PrivateMember<Records, &DriverFeatureDynamicGroup::records_>;
-
-struct Members {
-  using Type = std::vector<CoreFeature*> DriverFeatureStaticGroup::*;
-  friend Type openMember(Members);
-};
-template struct PrivateMember<Members, &DriverFeatureStaticGroup::members_>;
 
 }  // namespace driver_feature::testing
 
@@ -92,10 +86,7 @@ class DamagedRecordsTest : public ::testing::Test {
     ASSERT_TRUE(group_.addStaticGroupToDynamicGroupWithSort(map, true));
   }
 
-  std::vector<DriverFeatureStaticGroup*>& records() { return group_.*openMember(Records{}); }
-  static std::vector<CoreFeature*>& membersOf(DriverFeatureStaticGroup& record) {
-    return record.*openMember(Members{});
-  }
+  std::deque<DynamicRecord*>& records() { return group_.*openMember(Records{}); }
 
   RecordingHost host_;
   DriverFeature first_{std::string("First")};
@@ -113,24 +104,11 @@ TEST_F(DamagedRecordsTest, Load_RecordGone_IsRefused) {
   EXPECT_EQ(LogMessageBuffer.utf8(), "untouched");
 }
 
-TEST_F(DamagedRecordsTest, Load_MemberGone_IsRefusedAfterTheMembersBeforeIt) {
-  add("7", "a");
-  membersOf(*records()[0])[1] = nullptr;
-  EXPECT_EQ(group_.getDynamicEntryByIndex(0), nullptr);
-  EXPECT_THAT(
-      host_.takeEvents(),
-      ElementsAre(logLine(2, "getDynamicEntryByIndex() - Null feature pointer in static record")));
-  EXPECT_EQ(LogMessageBuffer.utf8(), "untouched");
-  int number = 0;
-  first_.getFeatureProperty(std::string("CurrentIntValue"), &number);
-  EXPECT_EQ(number, 7);
-}
-
 TEST_F(DamagedRecordsTest, Sort_RecordGone_AnswersFalseWithoutComparing) {
   setSortRoutine();
   add("2", "b");
   for (const std::size_t gone : {0U, 1U}) {
-    DriverFeatureStaticGroup* const record = records()[gone];
+    DynamicRecord* const record = records()[gone];
     records()[gone] = nullptr;
     EXPECT_FALSE(group_.sortList());
     EXPECT_THAT(host_.takeEvents(),
@@ -140,16 +118,6 @@ TEST_F(DamagedRecordsTest, Sort_RecordGone_AnswersFalseWithoutComparing) {
   }
   EXPECT_TRUE(group_.sortList());
   EXPECT_THAT(host_.takeEvents(), ElementsAre("compared"));
-}
-
-TEST_F(DamagedRecordsTest, Sort_MemberGone_AnswersFalseInTheWordsOfLoading) {
-  setSortRoutine();
-  add("2", "b");
-  membersOf(*records()[1])[0] = nullptr;
-  EXPECT_FALSE(group_.sortList());
-  const std::string text = "getDynamicEntryByIndex() - Null feature pointer in static record";
-  EXPECT_THAT(host_.takeEvents(), ElementsAre(logLine(2, text)));
-  EXPECT_EQ(LogMessageBuffer.utf8(), text);
 }
 
 TEST_F(DamagedRecordsTest, Sort_RoutineRemovesTheSecondOfTwo_KeepsTheFirst) {

@@ -5,6 +5,7 @@
 
 #include "model/driver_feature_properties.h"
 #include "model/messages.h"
+#include "model/own_names.h"
 #include "model/text_conversion.h"
 
 #include "Symbols.h"
@@ -12,10 +13,11 @@
 using driver_feature::Access;
 using driver_feature::Level;
 using driver_feature::logComposed;
-using driver_feature::memberOf;
 using driver_feature::Messages;
 using driver_feature::Needs;
+using driver_feature::Property;
 using driver_feature::Rule;
+using driver_feature::valueOf;
 
 namespace {
 
@@ -46,12 +48,20 @@ std::string_view wordFor(Needs needs) {
 
 }  // namespace
 
+DriverFeature::DriverFeature(const std::string& name) {
+  kept_.setText(static_cast<std::size_t>(Property::kName), name);
+}
+
 DriverFeature::DriverFeature(DriverFeature* source) {
-  source->getFeatureProperty(std::string("Name"), name_);
+  std::string text;
+  source->getFeatureProperty(std::string("Name"), text);
+  kept_.setText(static_cast<std::size_t>(Property::kName), text);
   source->getFeatureProperty(std::string("FeatureType"), &type_);
   source->getFeatureProperty(std::string("FeatureValueType"), &valueType_);
   source->getFeatureProperty(std::string("CurrentIntValue"), &currentInt_);
-  source->getFeatureProperty(std::string("CurrentTextValue"), currentText_);
+  text.clear();
+  source->getFeatureProperty(std::string("CurrentTextValue"), text);
+  kept_.setText(static_cast<std::size_t>(Property::kCurrentTextValue), text);
   source->getFeatureProperty(std::string("CurrentFloatValue"), &currentFloat_);
   if (isMultiSelect()) copyOptionNames(*source);
 }
@@ -60,12 +70,12 @@ template <class Value>
 bool DriverFeature::store(const std::string& name, const Value& value, bool suppressUpdate) {
   const Row* row = Properties::kTable.find<Value>(name, Access::kSet);
   if (row == nullptr) {
-    logComposed(Level::kWarning, Messages<Value>::kSetUnrecognized, name, name_);
+    logComposed(Level::kWarning, Messages<Value>::kSetUnrecognized, name, ownName());
     return false;
   }
   // Required: a value of the wrong type is reported, and the result is true.
   if (row->needs != Needs::kAny && static_cast<int>(row->needs) != valueType_) {
-    logComposed(Level::kWarning, Messages<Value>::kWrongType, name, name_, shownValue(value),
+    logComposed(Level::kWarning, Messages<Value>::kWrongType, name, ownName(), shownValue(value),
                 wordFor(row->needs));
     return true;
   }
@@ -74,8 +84,7 @@ bool DriverFeature::store(const std::string& name, const Value& value, bool supp
 
 template <class Value>
 bool DriverFeature::storeByRule(const Row& row, const Value& value, bool suppressUpdate) {
-  auto& member = memberOf<Value>(*this, row);
-  if (row.rule == Rule::kChange) return storeChanged(member, value, suppressUpdate);
+  if (row.rule == Rule::kChange) return storeChanged(row, value, suppressUpdate);
   if constexpr (std::is_same_v<Value, std::string>) {
     if (row.rule == Rule::kRoutine) return storeChangeRoutine(value);
     if (row.rule == Rule::kValueString) return storeValueString(value, suppressUpdate);
@@ -84,22 +93,28 @@ bool DriverFeature::storeByRule(const Row& row, const Value& value, bool suppres
     if (row.rule == Rule::kFeatureType) return storeFeatureType(value);
     if (row.rule == Rule::kValueType) return storeValueType(value);
   }
-  member = value;
+  driver_feature::storeValue(*this, row, value);
+  if (row.property == Property::kName) driver_feature::noteNameChange();
   if (row.rule == Rule::kFlag) driver_feature::notifyUpdate(suppressUpdate);
   return true;
 }
 
 template <class Value>
-bool DriverFeature::storeChanged(Value& current, const Value& value, bool suppressUpdate) {
-  if (current == value) return true;
-  current = value;
+bool DriverFeature::storeChanged(const Row& row, const Value& value, bool suppressUpdate) {
+  if (valueOf<Value>(*this, row) == value) return true;
+  driver_feature::storeValue(*this, row, value);
   driver_feature::notifyChange(changeRoutine_, suppressUpdate);
   return true;
 }
 
+template <class Value>
+bool DriverFeature::storeCurrent(Property property, const Value& value, bool suppressUpdate) {
+  return storeChanged(Properties::kTable.at(property), value, suppressUpdate);
+}
+
 bool DriverFeature::storeFeatureType(int value) {
   if (value < 0 || value > driver_feature::kHighestFeatureType) {
-    return refuseValue(driver_feature::Property::kFeatureType, value);
+    return refuseValue(Property::kFeatureType, value);
   }
   type_ = value;
   if (const auto valueType = driver_feature::valueTypeOf(value)) valueType_ = *valueType;
@@ -108,22 +123,22 @@ bool DriverFeature::storeFeatureType(int value) {
 
 bool DriverFeature::storeValueType(int value) {
   if (value < 0 || value > driver_feature::kHighestValueType) {
-    return refuseValue(driver_feature::Property::kFeatureValueType, value);
+    return refuseValue(Property::kFeatureValueType, value);
   }
   valueType_ = value;
   return true;
 }
 
-bool DriverFeature::refuseValue(driver_feature::Property property, int value) {
+bool DriverFeature::refuseValue(Property property, int value) {
   logComposed(Level::kWarning,
               "DriverFeature::setFeatureProperty(int) - Invalid feature property value \"{}\" for "
               "feature property \"{}\" for feature \"{}.",
-              driver_feature::toDecimalText(value), driver_feature::nameOf(property), name_);
+              driver_feature::toDecimalText(value), driver_feature::nameOf(property), ownName());
   return false;
 }
 
 bool DriverFeature::storeChangeRoutine(const std::string& routineName) {
-  callbackRoutine_ = routineName;
+  kept_.setText(static_cast<std::size_t>(Property::kAddCallbackRoutine), routineName);
   changeRoutine_ =
       reinterpret_cast<driver_feature::ChangeRoutine>(FetchSymbol(routineName.c_str()));
   if (changeRoutine_ == nullptr) {
@@ -138,56 +153,44 @@ bool DriverFeature::storeChangeRoutine(const std::string& routineName) {
 bool DriverFeature::storeValueString(const std::string& text, bool suppressUpdate) {
   switch (valueType_) {
     case driver_feature::kTextValue:
-      return storeChanged(currentText_, text, suppressUpdate);
+      return storeCurrent(Property::kCurrentTextValue, text, suppressUpdate);
     case driver_feature::kFloatValue:
-      return storeChanged(currentFloat_, driver_feature::toFloat(text), suppressUpdate);
+      return storeCurrent(Property::kCurrentFloatValue, driver_feature::toFloat(text),
+                          suppressUpdate);
     case driver_feature::kIntValue:
       break;
     default:
       return true;
   }
   if (type_ == driver_feature::kIntEntry) {
-    return storeChanged(currentInt_, driver_feature::toInt(text), suppressUpdate);
+    return storeCurrent(Property::kCurrentIntValue, driver_feature::toInt(text), suppressUpdate);
   }
   // Required: equality comes first, so that an absent option is not a failure
   // while the position is -1 already.
   const int position = fetchOptionIndexByName(text);
   if (position == -1 && currentInt_ != -1) return false;
-  return storeChanged(currentInt_, position, suppressUpdate);
+  return storeCurrent(Property::kCurrentIntValue, position, suppressUpdate);
 }
 
 template <class Value>
 bool DriverFeature::fetch(const std::string& name, Value& value) {
   const Row* row = Properties::kTable.find<Value>(name, Access::kGet);
   if (row == nullptr) {
-    logComposed(Level::kWarning, Messages<Value>::kGetUnrecognized, name, name_);
+    logComposed(Level::kWarning, Messages<Value>::kGetUnrecognized, name, ownName());
     return false;
   }
-  const Value& member = memberOf<Value>(*this, *row);
   if constexpr (std::is_same_v<Value, std::string>) {
     if (row->rule == Rule::kValueString) return fetchValueString(value);
-    if (row->rule == Rule::kHideEmpty && member.empty()) return false;
+    if (row->rule == Rule::kHideEmpty && valueOf<Value>(*this, *row).empty()) return false;
   }
-  value = member;
+  value = valueOf<Value>(*this, *row);
   return true;
 }
-
-template <class Value>
-const Value DriverFeature::*DriverFeature::findPlainMember(const std::string& name) {
-  const Row* row = Properties::kTable.find<Value>(name, Access::kGet);
-  if (row == nullptr || row->rule == Rule::kValueString) return nullptr;
-  return *std::get_if<Value DriverFeature::*>(&row->member);
-}
-
-template const bool DriverFeature::*DriverFeature::findPlainMember(const std::string&);
-template const int DriverFeature::*DriverFeature::findPlainMember(const std::string&);
-template const float DriverFeature::*DriverFeature::findPlainMember(const std::string&);
-template const std::string DriverFeature::*DriverFeature::findPlainMember(const std::string&);
 
 bool DriverFeature::fetchValueString(std::string& text) {
   switch (valueType_) {
     case driver_feature::kTextValue:
-      text = currentText_;
+      text = this->text(Property::kCurrentTextValue);
       return true;
     case driver_feature::kFloatValue:
       text = driver_feature::toFixedText(currentFloat_);
@@ -198,7 +201,7 @@ bool DriverFeature::fetchValueString(std::string& text) {
       logComposed(Level::kWarning,
                   "DriverFeature::getFeatureProperty(string&) - Unrecognized value type for "
                   "feature property: \"ValueString\" for feature \"{}\".",
-                  name_);
+                  ownName());
       return false;
   }
   if (type_ == driver_feature::kIntEntry) {
@@ -210,6 +213,18 @@ bool DriverFeature::fetchValueString(std::string& text) {
     option->getOptionProperty(std::string("Name"), text);
   }
   return true;
+}
+
+std::optional<std::string> DriverFeature::findQuietValueString() const {
+  if (valueType_ == driver_feature::kTextValue) {
+    return std::string(text(Property::kCurrentTextValue));
+  }
+  if (valueType_ == driver_feature::kFloatValue) return driver_feature::toFixedText(currentFloat_);
+  if (valueType_ != driver_feature::kIntValue) return std::nullopt;
+  if (type_ == driver_feature::kIntEntry) return driver_feature::toDecimalText(currentInt_);
+  const DriverFeatureOption* option = ownCurrentOption();
+  if (option == nullptr) return std::nullopt;
+  return std::string(option->text(driver_feature::OptionProperty::kName));
 }
 
 bool DriverFeature::setFeatureProperty(const std::string& name, const std::string& value) {

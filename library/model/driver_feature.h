@@ -14,12 +14,18 @@
 #ifndef MODEL_DRIVER_FEATURE_H_
 #define MODEL_DRIVER_FEATURE_H_
 
+#include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 
+#include "model/constraint_set.h"
 #include "model/core_feature.h"
+#include "model/driver_feature_option.h"
 #include "model/notification.h"
 #include "model/option_list.h"
+#include "model/own_objects.h"
+#include "model/property_store.h"
 #include "model/vocabulary.h"
 
 namespace driver_feature {
@@ -32,7 +38,7 @@ class DriverFeature : public IntermediateCoreFeature {
  public:
   // A "MultiSelect" feature without options, available and shown.
   DriverFeature() = default;
-  explicit DriverFeature(const std::string& name) : name_(name) {}
+  explicit DriverFeature(const std::string& name);
 
   // A copy for a record of a dynamic group: name, types and current values
   // of `source` and the names of its options, all else as for a new feature.
@@ -88,13 +94,26 @@ class DriverFeature : public IntermediateCoreFeature {
   // unchanged, if there is none. The feature type does not matter.
   bool findNextAvailableOption(int* position);
 
-  // The member that getFeatureProperty() copies for that name, in every
-  // feature: for a reader of many features, who need not have the name looked
-  // up for each. Null for a name that the getter refuses, and for one that
-  // names several members. What the getter hides while it is empty is
-  // empty here.
-  template <class Value>
-  static const Value DriverFeature::*findPlainMember(const std::string& name);
+  // For readers of many features, who need not have a name looked up for each:
+  // what getFeatureProperty() copies. A text that the getter hides while it is
+  // empty is empty here. A text is valid until the feature changes.
+  std::string_view text(driver_feature::Property property) const {
+    return kept_.text(static_cast<std::size_t>(property));
+  }
+
+  // The "ValueString", if it can be read and no log line is written for it.
+  std::optional<std::string> findQuietValueString() const;
+
+  bool isInGroup() const { return inGroup_; }
+  int currentInt() const { return currentInt_; }
+  float currentFloat() const { return currentFloat_; }
+
+  // The current option of a "MultiSelect" feature, if there is one and it is the
+  // library's own; else null.
+  const DriverFeatureOption* ownCurrentOption() const {
+    const CoreOption* option = isMultiSelect() ? options_.at(currentInt_) : nullptr;
+    return option != nullptr ? driver_feature::asOwn<DriverFeatureOption>(*option) : nullptr;
+  }
 
  private:
   struct Properties;
@@ -107,7 +126,9 @@ class DriverFeature : public IntermediateCoreFeature {
   template <class Value>
   bool fetch(const std::string& name, Value& value);
   template <class Value>
-  bool storeChanged(Value& current, const Value& value, bool suppressUpdate);
+  bool storeChanged(const Row& row, const Value& value, bool suppressUpdate);
+  template <class Value>
+  bool storeCurrent(driver_feature::Property property, const Value& value, bool suppressUpdate);
 
   bool storeFeatureType(int value);
   bool storeValueType(int value);
@@ -116,58 +137,23 @@ class DriverFeature : public IntermediateCoreFeature {
   bool storeValueString(const std::string& text, bool suppressUpdate);
   bool fetchValueString(std::string& text);
 
+  std::string_view ownName() const { return text(driver_feature::Property::kName); }
   bool isMultiSelect() const { return type_ == driver_feature::kMultiSelect; }
   bool refusesOptionIndexByName();
   bool refusesOptionByName();
   void copyOptionNames(DriverFeature& source);
 
-  // What reading and writing need of each of many features is together, in a
-  // piece of memory that is fetched at once.
+  // What most features have is here; the store has the other texts and numbers.
+  bool inGroup_ = false;
+  bool encrypted_ = false;
   int type_ = driver_feature::kMultiSelect;
   int valueType_ = driver_feature::kIntValue;
   int currentInt_ = 0;  // The current option's position in a "MultiSelect" feature.
-  bool inGroup_ = false;
-  driver_feature::OptionList options_;
-
-  std::string name_;
-  int defaultInt_ = 0;
-  std::string defaultText_;
-  float defaultFloat_ = 0;
-  std::string currentText_;
   float currentFloat_ = 0;
-  int originalInt_ = 0;
-  std::string originalText_;
-  float originalFloat_ = 0;
-  int deferredInt_ = 0;
-  std::string deferredText_;
-  float deferredFloat_ = 0;
-
-  int maxTextLength_ = 0;
-  std::string textValidationCharSet_;
-  bool encrypted_ = false;
-  int intMin_ = 0;
-  int intMax_ = 0;
-  float floatMin_ = 0;
-  float floatMax_ = 0;
-
-  std::string pjlCommand_;
-  std::string psCommand_;
-  std::string teskOAAttributeName_;
-  std::string teskJTAttributeName_;
-  std::string instOptAttributeName_;
-  std::string nonVORNAttributeName_;
-  std::string teskAttributeSyntax_;
-  std::string callbackRoutine_;
+  driver_feature::PropertyStore kept_;
+  driver_feature::OptionList options_;
+  driver_feature::ConstraintSet constraints_;
   driver_feature::ChangeRoutine changeRoutine_ = nullptr;
-  std::string pjlCallbackRoutine_;
-  std::string psCallbackRoutine_;
-  std::string vornCallbackRoutine_;
-  std::string snmpOID_;
-  std::string snmpOIDPrefix_;
-  std::string biDiDataSection_;
-  std::string cloKey_;
-
-  std::set<long> constraints_;
 };
 
 #endif  // MODEL_DRIVER_FEATURE_H_

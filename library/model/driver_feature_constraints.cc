@@ -1,6 +1,5 @@
 // What the host's constraints do to a feature and its options.
 
-#include "model/constraint_set.h"
 #include "model/driver_feature.h"
 
 bool DriverFeature::applyOptionConstraint(const std::string& optionName, long id, bool hide) {
@@ -21,17 +20,17 @@ bool DriverFeature::applyOptionConstraint(const std::string& optionName, long id
 }
 
 bool DriverFeature::isConstraintSetEmpty() {
-  return constraints_.empty();
+  return constraints_.isEmpty();
 }
 
 bool DriverFeature::addConstraint(const long& id) {
-  return driver_feature::insertIdentifier(constraints_, id);
+  return constraints_.insert(id);
 }
 
 bool DriverFeature::removeConstraint(const long& id) {
-  return driver_feature::eraseIdentifier(constraints_, id);
+  return constraints_.erase(id);
 }
 
 std::set<long>* DriverFeature::getConstraintSet() {
-  return &constraints_;
+  return &constraints_.identifiers();
 }

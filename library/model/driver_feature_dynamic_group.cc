@@ -5,41 +5,49 @@
 #include "model/constraint_set.h"
 #include "model/messages.h"
 #include "model/notification.h"
+#include "model/own_names.h"
 #include "model/property_table.h"
 
 using driver_feature::Access;
+using driver_feature::Kept;
 using driver_feature::Level;
 using driver_feature::logComposed;
 using driver_feature::logFixed;
-using driver_feature::memberOf;
 using driver_feature::Property;
 using driver_feature::PropertyRow;
 using driver_feature::PropertyTable;
+using driver_feature::storeValue;
+using driver_feature::valueOf;
 
 // Required: the two commands and the sort routine's name can be set and not
 // read back.
 struct DriverFeatureDynamicGroup::Properties {
   using Name = Property;
   using G = DriverFeatureDynamicGroup;
+  static constexpr Kept<G, std::string> kText{&G::kept_};
 
   static constexpr PropertyTable kTable{std::to_array<PropertyRow<G, Name>>({
-      {Name::kAddPJLCallbackRoutine, &G::pjlCallbackRoutine_, Access::kBoth},
-      {Name::kAddPSCallbackRoutine, &G::psCallbackRoutine_, Access::kBoth},
-      {Name::kAddVORNCallbackRoutine, &G::vornCallbackRoutine_, Access::kBoth},
-      {Name::kInstOptAttributeName, &G::instOptAttributeName_, Access::kBoth},
-      {Name::kName, &G::name_, Access::kBoth},
-      {Name::kNonVORNAttributeName, &G::nonVORNAttributeName_, Access::kBoth},
-      {Name::kPJLCommand, &G::pjlCommand_, Access::kSet},
-      {Name::kPSCommand, &G::psCommand_, Access::kSet},
+      {Name::kAddPJLCallbackRoutine, kText, Access::kBoth},
+      {Name::kAddPSCallbackRoutine, kText, Access::kBoth},
+      {Name::kAddVORNCallbackRoutine, kText, Access::kBoth},
+      {Name::kInstOptAttributeName, kText, Access::kBoth},
+      {Name::kName, kText, Access::kBoth},
+      {Name::kNonVORNAttributeName, kText, Access::kBoth},
+      {Name::kPJLCommand, kText, Access::kSet},
+      {Name::kPSCommand, kText, Access::kSet},
       {Name::kRecordInFocus, &G::recordInFocus_, Access::kBoth},
       {Name::kSensitivity, &G::sensitive_, Access::kBoth},
-      {Name::kSortFunctionName, &G::sortFunctionName_, Access::kSet},
-      {Name::kTESKAttributeSyntax, &G::teskAttributeSyntax_, Access::kBoth},
-      {Name::kTESKJTAttributeName, &G::teskJTAttributeName_, Access::kBoth},
-      {Name::kTESKOAAttributeName, &G::teskOAAttributeName_, Access::kBoth},
+      {Name::kSortFunctionName, kText, Access::kSet},
+      {Name::kTESKAttributeSyntax, kText, Access::kBoth},
+      {Name::kTESKJTAttributeName, kText, Access::kBoth},
+      {Name::kTESKOAAttributeName, kText, Access::kBoth},
       {Name::kVisibility, &G::visible_, Access::kBoth},
   })};
 };
+
+DriverFeatureDynamicGroup::DriverFeatureDynamicGroup(const std::string& name) {
+  kept_.setText(static_cast<std::size_t>(Property::kName), name);
+}
 
 bool DriverFeatureDynamicGroup::setFeatureProperty(const std::string& name,
                                                    const std::string& value) {
@@ -63,7 +71,8 @@ bool DriverFeatureDynamicGroup::store(const std::string& name, const Value& valu
                                       bool suppressUpdate) {
   const auto* row = Properties::kTable.find<Value>(name, Access::kSet);
   if (row == nullptr) return false;
-  memberOf<Value>(*this, *row) = value;
+  storeValue(*this, *row, value);
+  if (row->property == Property::kName) driver_feature::noteNameChange();
   driver_feature::notifyUpdate(suppressUpdate);
   return true;
 }
@@ -83,7 +92,7 @@ bool DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(const st
   logComposed(Level::kWarning,
               "DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(int) - "
               "Unrecognized property for group:  \"{}.",
-              name_);
+              ownName());
   return false;
 }
 
@@ -93,7 +102,7 @@ bool DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(const st
   logComposed(Level::kWarning,
               "DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(float) - No "
               "float group properties for group:  \"{}.",
-              name_);
+              ownName());
   return false;
 }
 
@@ -104,14 +113,14 @@ bool DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(const st
   logComposed(Level::kWarning,
               "DriverFeatureDynamicGroup::setFeaturePropertyWithConstraintControl(bool) - "
               "Unrecognized feature property:  \"{}\" for feature \"{}.",
-              name, name_);
+              name, ownName());
   return false;
 }
 
 bool DriverFeatureDynamicGroup::getFeatureProperty(const std::string& name, std::string& value) {
   const auto* row = Properties::kTable.find<std::string>(name, Access::kGet);
   if (row == nullptr) return false;
-  value = memberOf<std::string>(*this, *row);
+  value = valueOf<std::string>(*this, *row);
   return true;
 }
 
@@ -121,10 +130,10 @@ bool DriverFeatureDynamicGroup::getFeatureProperty(const std::string& name, int*
     logComposed(Level::kWarning,
                 "DriverFeatureDynamicGroup::getFeatureProperty(int) - Unrecognized property for "
                 "group:  \"{}.",
-                name_);
+                ownName());
     return false;
   }
-  *value = memberOf<int>(*this, *row);
+  *value = valueOf<int>(*this, *row);
   return true;
 }
 
@@ -134,10 +143,10 @@ bool DriverFeatureDynamicGroup::getFeatureProperty(const std::string& name, bool
     logComposed(Level::kWarning,
                 "DriverFeatureDynamicGroup::getFeatureProperty(bool*) - Unrecognized feature "
                 "property:  \"{}\" for feature \"{}.",
-                name, name_);
+                name, ownName());
     return false;
   }
-  *value = memberOf<bool>(*this, *row);
+  *value = valueOf<bool>(*this, *row);
   return true;
 }
 
@@ -145,7 +154,7 @@ bool DriverFeatureDynamicGroup::getFeatureProperty(const std::string& /*name*/, 
   logComposed(Level::kWarning,
               "DriverFeatureDynamicGroup::getFeatureProperty(float) - No float group properties "
               "for group:  \"{}.",
-              name_);
+              ownName());
   return false;
 }
 

@@ -7,15 +7,20 @@
 #ifndef MODEL_DRIVER_FEATURE_DYNAMIC_GROUP_H_
 #define MODEL_DRIVER_FEATURE_DYNAMIC_GROUP_H_
 
+#include <deque>
+#include <memory>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/core_feature_group.h"
 #include "model/driver_feature_static_group.h"
+#include "model/property_store.h"
+#include "model/dynamic_record.h"
 
-// This class makes the records and their values and never frees them:
-// removing one drops the pointer. The template belongs to its maker.
+// This class makes the records and frees those that are removed: no pointer to
+// one is ever handed out. The template belongs to its maker.
 class DriverFeatureDynamicGroup : public IntermediateDynamicFeatureGroup {
  public:
   // A routine of the host that compares two records, each as member name to
@@ -23,7 +28,7 @@ class DriverFeatureDynamicGroup : public IntermediateDynamicFeatureGroup {
   using SortRoutine = int (*)(AttributeMap& first, AttributeMap& second);
 
   DriverFeatureDynamicGroup() = default;
-  explicit DriverFeatureDynamicGroup(const std::string& name) : name_(name) {}
+  explicit DriverFeatureDynamicGroup(const std::string& name);
   DriverFeatureDynamicGroup(const DriverFeatureDynamicGroup&) = delete;
   DriverFeatureDynamicGroup& operator=(const DriverFeatureDynamicGroup&) = delete;
 
@@ -73,37 +78,34 @@ class DriverFeatureDynamicGroup : public IntermediateDynamicFeatureGroup {
   bool addDefaultStaticGroupTemplate(DriverFeatureStaticGroup* group);
   DriverFeatureStaticGroup* fetchStaticGroupTemplate() { return template_; }
 
+  // As DriverFeature::text().
+  std::string_view text(driver_feature::Property property) const {
+    return kept_.text(static_cast<std::size_t>(property));
+  }
+
  private:
   struct Properties;
+  using DynamicRecord = driver_feature::DynamicRecord;
+
+  std::string_view ownName() const { return text(driver_feature::Property::kName); }
 
   template <class Value>
   bool store(const std::string& name, const Value& value, bool suppressUpdate);
-  DriverFeatureStaticGroup* createRecord(AttributeMap& values);
-  bool copyMemberToRecord(CoreFeature& member, AttributeMap& values,
-                          DriverFeatureStaticGroup& record);
+  std::unique_ptr<DynamicRecord> createRecord(AttributeMap& values);
+  static bool copyMemberToRecord(CoreFeature& member, AttributeMap& values, DynamicRecord& record);
   void loadSortRoutine();
   bool sortPass(int bound, AttributeMap& first, AttributeMap& second, bool& swapped);
   bool readRecord(int index, AttributeMap& values);
-  bool loadRecordMember(CoreFeature& member);
-  static bool recordHolds(DriverFeatureStaticGroup& record, AttributeMap& values);
+  bool loadRecordMember(const driver_feature::DynamicRecordMember& member);
+  static bool recordHolds(DynamicRecord& record, AttributeMap& values);
 
-  std::string name_;
   int type_ = driver_feature::kDynamicGroup;
   int recordInFocus_ = -1;
   DriverFeatureStaticGroup* template_ = nullptr;
-  std::string pjlCommand_;
-  std::string psCommand_;
-  std::string teskOAAttributeName_;
-  std::string teskJTAttributeName_;
-  std::string instOptAttributeName_;
-  std::string nonVORNAttributeName_;
-  std::string teskAttributeSyntax_;
-  std::string pjlCallbackRoutine_;
-  std::string psCallbackRoutine_;
-  std::string vornCallbackRoutine_;
-  std::string sortFunctionName_;
+  driver_feature::PropertyStore kept_;
   SortRoutine sortRoutine_ = nullptr;  // Looked up when it is first needed.
-  std::vector<DriverFeatureStaticGroup*> records_;
+  // The ends are where records are mostly added and removed.
+  std::deque<DynamicRecord*> records_;
   std::set<long> selectedEntries_;
 };
 

@@ -11,9 +11,12 @@
 #include "AttributeMap.h"
 #include "Symbols.h"
 
+using driver_feature::DynamicRecordMember;
+using driver_feature::HeldRecord;
 using driver_feature::Level;
 using driver_feature::logComposed;
 using driver_feature::logFixed;
+using driver_feature::Property;
 
 bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroup(AttributeMap& values) {
   return addStaticGroupToDynamicGroupWithSort(values, true);
@@ -21,10 +24,11 @@ bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroup(AttributeMap& value
 
 bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroupWithSort(AttributeMap& values,
                                                                      bool sort) {
-  DriverFeatureStaticGroup* record = createRecord(values);
+  std::unique_ptr<DynamicRecord> record = createRecord(values);
   if (record == nullptr) return false;
-  records_.push_back(record);
-  if (sort && !sortFunctionName_.empty()) {
+  records_.push_back(nullptr);
+  records_.back() = record.release();
+  if (sort && !text(Property::kSortFunctionName).empty()) {
     loadSortRoutine();
     if (sortRoutine_ != nullptr) sortList();
   }
@@ -32,7 +36,8 @@ bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroupWithSort(AttributeMa
   return true;
 }
 
-DriverFeatureStaticGroup* DriverFeatureDynamicGroup::createRecord(AttributeMap& values) {
+std::unique_ptr<driver_feature::DynamicRecord> DriverFeatureDynamicGroup::createRecord(
+    AttributeMap& values) {
   if (template_ == nullptr) {
     logFixed(Level::kMisuse, "addStaticGroupToDynamicGroupWithSort() - Null static group template");
     return nullptr;
@@ -43,12 +48,13 @@ DriverFeatureStaticGroup* DriverFeatureDynamicGroup::createRecord(AttributeMap& 
              "addStaticGroupToDynamicGroupWithSort() - Wrong number of entries in map");
     return nullptr;
   }
-  auto* record = new (std::nothrow) DriverFeatureStaticGroup;
+  std::unique_ptr<DynamicRecord> record(new (std::nothrow) DynamicRecord);
   if (record == nullptr) {
     logFixed(Level::kMisuse,
              "addStaticGroupToDynamicGroupWithSort() - Cannot create static group copy");
     return nullptr;
   }
+  record->reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     CoreFeature* member = template_->fetchFeatureInGroupByIndex(static_cast<unsigned>(i));
     if (!copyMemberToRecord(*member, values, *record)) return nullptr;
@@ -57,7 +63,7 @@ DriverFeatureStaticGroup* DriverFeatureDynamicGroup::createRecord(AttributeMap& 
 }
 
 bool DriverFeatureDynamicGroup::copyMemberToRecord(CoreFeature& member, AttributeMap& values,
-                                                   DriverFeatureStaticGroup& record) {
+                                                   DynamicRecord& record) {
   std::string name;
   member.getFeatureProperty(std::string("Name"), name);
   const int type = member.getFeatureType();
@@ -70,19 +76,20 @@ bool DriverFeatureDynamicGroup::copyMemberToRecord(CoreFeature& member, Attribut
   if (type < driver_feature::kMultiSelect || type > driver_feature::kFloatEntry) return true;
   auto* feature = dynamic_cast<DriverFeature*>(&member);
   if (feature == nullptr) return true;
-  auto* copy = new DriverFeature(feature);
+  driver_feature::FeatureCopy copy(new DriverFeature(feature));
   copy->setFeaturePropertyWithConstraintControl(std::string("ValueString"), value, true);
-  record.addFeatureToGroup(copy);
+  record.add(std::move(copy));
   return true;
 }
 
 void DriverFeatureDynamicGroup::loadSortRoutine() {
   if (sortRoutine_ != nullptr) return;
-  sortRoutine_ = reinterpret_cast<SortRoutine>(FetchSymbol(sortFunctionName_.c_str()));
+  const std::string name(text(Property::kSortFunctionName));
+  sortRoutine_ = reinterpret_cast<SortRoutine>(FetchSymbol(name.c_str()));
   if (sortRoutine_ == nullptr) {
     logComposed(Level::kMisuse,
                 "addStaticGroupToDynamicGroupWithSort:  Failed to load custom sort callback:  {}",
-                sortFunctionName_);
+                name);
   }
 }
 
@@ -119,27 +126,22 @@ bool DriverFeatureDynamicGroup::sortPass(int bound, AttributeMap& first, Attribu
 }
 
 // Adds the record's member names and values to `values`. False, after a level
-// 2 line, when the record or one of its members is missing.
+// 2 line, when there is no such record.
 bool DriverFeatureDynamicGroup::readRecord(int index, AttributeMap& values) {
   const auto position = static_cast<std::size_t>(index);
-  DriverFeatureStaticGroup* record = position < records_.size() ? records_[position] : nullptr;
-  if (record == nullptr) {
+  const HeldRecord record(position < records_.size() ? records_[position] : nullptr);
+  if (!record) {
     logComposed(Level::kMisuse, "sortList() - Null static record pointer");
     return false;
   }
-  for (int i = 0; i < record->fetchNumberOfFeaturesInGroup(); ++i) {
-    CoreFeature* member = record->fetchFeatureInGroupByIndex(static_cast<unsigned>(i));
-    if (member == nullptr) {
-      // Required: the line names another operation.
-      logComposed(Level::kMisuse,
-                  "getDynamicEntryByIndex() - Null feature pointer in static record");
-      return false;
+  for (const DynamicRecordMember& member : record->members()) {
+    if (member.copy == nullptr) {
+      values[member.name] = member.value;
+      continue;
     }
-    std::string name;
     std::string value;
-    member->getFeatureProperty(std::string("Name"), name);
-    member->getFeatureProperty(std::string("ValueString"), value);
-    values[name] = value;
+    member.read(value);
+    values[member.name] = value;
   }
   return true;
 }
@@ -154,28 +156,21 @@ IntermediateStaticFeatureGroup* DriverFeatureDynamicGroup::getDynamicEntryByInde
     return nullptr;
   }
   if (index >= records_.size()) return nullptr;
-  DriverFeatureStaticGroup* record = records_[index];
-  if (record == nullptr) {
+  const HeldRecord record(records_[index]);
+  if (!record) {
     logFixed(Level::kMisuse, "getDynamicEntryByIndex() - Null static record pointer");
     return nullptr;
   }
-  for (int i = 0; i < record->fetchNumberOfFeaturesInGroup(); ++i) {
-    CoreFeature* member = record->fetchFeatureInGroupByIndex(static_cast<unsigned>(i));
-    if (member == nullptr) {
-      logFixed(Level::kMisuse, "getDynamicEntryByIndex() - Null feature pointer in static record");
-      return nullptr;
-    }
-    if (!loadRecordMember(*member)) return nullptr;
+  for (const DynamicRecordMember& member : record->members()) {
+    if (!loadRecordMember(member)) return nullptr;
   }
   return template_;
 }
 
-bool DriverFeatureDynamicGroup::loadRecordMember(CoreFeature& member) {
-  std::string name;
+bool DriverFeatureDynamicGroup::loadRecordMember(const DynamicRecordMember& member) {
   std::string value;
-  member.getFeatureProperty(std::string("Name"), name);
-  member.getFeatureProperty(std::string("ValueString"), value);
-  CoreFeature* target = template_->fetchFeatureInGroupByName(name);
+  member.read(value);
+  CoreFeature* target = template_->fetchFeatureInGroupByName(member.name);
   if (target == nullptr) {
     logFixed(Level::kMisuse,
              "getDynamicEntryByIndex() - Null feature pointer in real feature group record");
@@ -189,13 +184,16 @@ bool DriverFeatureDynamicGroup::loadRecordMember(CoreFeature& member) {
 
 bool DriverFeatureDynamicGroup::removeDynamicEntryByIndex(unsigned index) {
   if (index >= records_.size()) return false;
+  DynamicRecord* const record = records_[index];
   records_.erase(records_.begin() + static_cast<std::ptrdiff_t>(index));
+  DynamicRecord::release(record);
   driver_feature::callUpdateCallback();
   return true;
 }
 
 bool DriverFeatureDynamicGroup::removeAllDynamicEntries() {
   const bool hadRecords = !records_.empty();
+  for (DynamicRecord* record : records_) DynamicRecord::release(record);
   records_.clear();
   recordInFocus_ = -1;
   if (hadRecords) driver_feature::callUpdateCallback();
@@ -207,8 +205,8 @@ bool DriverFeatureDynamicGroup::detectDuplicateRecord(AttributeMap& values) {
   if (values.size() != template_->fetchNumberOfFeaturesInGroup()) return false;
   // NOLINTNEXTLINE(modernize-loop-convert): a line of the log may make the host change the records.
   for (std::size_t i = 0; i < records_.size(); ++i) {
-    DriverFeatureStaticGroup* record = records_[i];
-    if (record == nullptr) {
+    const HeldRecord record(records_[i]);
+    if (!record) {
       logFixed(Level::kWarning,
                "DriverFeatureDynamicGroup::detectDuplicateRecord() - Cannot get feature from "
                "static group record");
@@ -221,18 +219,17 @@ bool DriverFeatureDynamicGroup::detectDuplicateRecord(AttributeMap& values) {
 
 // Whether the record holds every one of the values. A value that cannot be
 // compared makes it not hold them.
-bool DriverFeatureDynamicGroup::recordHolds(DriverFeatureStaticGroup& record,
-                                            AttributeMap& values) {
+bool DriverFeatureDynamicGroup::recordHolds(DynamicRecord& record, AttributeMap& values) {
+  std::string name;
+  std::string wanted;
   for (long i = 0; i < values.size(); ++i) {
-    std::string name;
-    std::string wanted;
     if (!values.fetchAttributeValueByIndex(i, name, wanted)) {
       logFixed(Level::kWarning,
                "DriverFeatureDynamicGroup::detectDuplicateRecord() - Cannot get test feature name "
                "and value from AttributeMap");
       return false;
     }
-    CoreFeature* member = record.fetchFeatureInGroupByName(name);
+    const DynamicRecordMember* member = record.find(name);
     if (member == nullptr) {
       logFixed(Level::kWarning,
                "DriverFeatureDynamicGroup::detectDuplicateRecord() - Cannot find test feature name "
@@ -240,7 +237,7 @@ bool DriverFeatureDynamicGroup::recordHolds(DriverFeatureStaticGroup& record,
       return false;
     }
     std::string value;
-    if (!member->getFeatureProperty(std::string("ValueString"), value)) {
+    if (!member->read(value)) {
       logFixed(Level::kWarning,
                "DriverFeatureDynamicGroup::detectDuplicateRecord() - Cannot get test feature value "
                "from static group record");

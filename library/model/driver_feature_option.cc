@@ -1,10 +1,11 @@
 #include "model/driver_feature_option.h"
 
-#include "model/constraint_set.h"
 #include "model/messages.h"
+#include "model/own_names.h"
 #include "model/property_table.h"
 
 using driver_feature::Access;
+using driver_feature::Kept;
 using driver_feature::Level;
 using driver_feature::logComposed;
 using driver_feature::MessageText;
@@ -15,17 +16,18 @@ using driver_feature::PropertyTable;
 struct DriverFeatureOption::Properties {
   using Name = OptionProperty;
   using Option = DriverFeatureOption;
+  static constexpr Kept<Option, std::string> kText{&Option::kept_};
 
   static constexpr PropertyTable kTable{std::to_array<PropertyRow<Option, Name>>({
-      {Name::kCLOKey, &Option::cloKey_, Access::kBoth},
-      {Name::kDisplayText, &Option::displayText_, Access::kBoth},
-      {Name::kName, &Option::name_, Access::kBoth},
-      {Name::kPJLCommand, &Option::pjlCommand_, Access::kBoth},
-      {Name::kPSCommand, &Option::psCommand_, Access::kBoth},
-      {Name::kSNMPValue, &Option::snmpValue_, Access::kBoth},
+      {Name::kCLOKey, kText, Access::kBoth},
+      {Name::kDisplayText, kText, Access::kBoth},
+      {Name::kName, kText, Access::kBoth},
+      {Name::kPJLCommand, kText, Access::kBoth},
+      {Name::kPSCommand, kText, Access::kBoth},
+      {Name::kSNMPValue, kText, Access::kBoth},
       {Name::kSensitivity, &Option::sensitive_, Access::kBoth},
-      {Name::kTESKCommand, &Option::teskCommand_, Access::kBoth},
-      {Name::kTESKTicketCommand, &Option::teskTicketCommand_, Access::kBoth},
+      {Name::kTESKCommand, kText, Access::kBoth},
+      {Name::kTESKTicketCommand, kText, Access::kBoth},
       {Name::kVisibility, &Option::visible_, Access::kBoth},
   })};
 };
@@ -57,14 +59,19 @@ struct Messages<bool> {
 
 }  // namespace
 
+DriverFeatureOption::DriverFeatureOption(const std::string& name) {
+  kept_.setText(static_cast<std::size_t>(OptionProperty::kName), name);
+}
+
 template <class Value>
 bool DriverFeatureOption::fetch(const std::string& name, Value& value) {
   const auto* row = Properties::kTable.find<Value>(name, Access::kGet);
   if (row == nullptr) {
-    logComposed(Level::kWarning, Messages<Value>::kGetUnrecognized, name, name_);
+    logComposed(Level::kWarning, Messages<Value>::kGetUnrecognized, name,
+                text(OptionProperty::kName));
     return false;
   }
-  value = memberOf<Value>(*this, *row);
+  value = driver_feature::valueOf<Value>(*this, *row);
   return true;
 }
 
@@ -72,17 +79,18 @@ template <class Value>
 bool DriverFeatureOption::store(const std::string& name, const Value& value) {
   const auto* row = Properties::kTable.find<Value>(name, Access::kSet);
   if (row == nullptr) {
-    logComposed(Level::kWarning, Messages<Value>::kSetUnrecognized, name, name_);
+    logComposed(Level::kWarning, Messages<Value>::kSetUnrecognized, name,
+                text(OptionProperty::kName));
     return false;
   }
-  memberOf<Value>(*this, *row) = value;
+  driver_feature::storeValue(*this, *row, value);
+  if (row->property == OptionProperty::kName) driver_feature::noteNameChange();
   return true;
 }
 
-const std::string DriverFeatureOption::*DriverFeatureOption::findPlainMember(
-    const std::string& name) {
+std::optional<OptionProperty> DriverFeatureOption::findTextProperty(const std::string& name) {
   const auto* row = Properties::kTable.find<std::string>(name, Access::kGet);
-  return row != nullptr ? *std::get_if<std::string DriverFeatureOption::*>(&row->member) : nullptr;
+  return row != nullptr ? std::optional(row->property) : std::nullopt;
 }
 
 bool DriverFeatureOption::getOptionProperty(const std::string& name, std::string& value) {
@@ -102,13 +110,13 @@ bool DriverFeatureOption::setOptionProperty(const std::string& name, bool value)
 }
 
 bool DriverFeatureOption::isConstraintSetEmpty() {
-  return constraints_.empty();
+  return constraints_.isEmpty();
 }
 
 bool DriverFeatureOption::addConstraint(const long& id) {
-  return driver_feature::insertIdentifier(constraints_, id);
+  return constraints_.insert(id);
 }
 
 bool DriverFeatureOption::removeConstraint(const long& id) {
-  return driver_feature::eraseIdentifier(constraints_, id);
+  return constraints_.erase(id);
 }

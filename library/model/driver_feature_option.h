@@ -3,17 +3,21 @@
 #ifndef MODEL_DRIVER_FEATURE_OPTION_H_
 #define MODEL_DRIVER_FEATURE_OPTION_H_
 
-#include <set>
+#include <optional>
 #include <string>
+#include <string_view>
 
+#include "model/constraint_set.h"
 #include "model/core_option.h"
+#include "model/property_store.h"
+#include "model/vocabulary.h"
 
 // Options notify nobody. They are made with new by the loader, or by a
 // feature that copies another's, and are never freed.
 class DriverFeatureOption : public IntermediateCoreOption {
  public:
   DriverFeatureOption() = default;
-  explicit DriverFeatureOption(const std::string& name) : name_(name) {}
+  explicit DriverFeatureOption(const std::string& name);
   DriverFeatureOption(const DriverFeatureOption&) = delete;
   DriverFeatureOption& operator=(const DriverFeatureOption&) = delete;
 
@@ -25,8 +29,15 @@ class DriverFeatureOption : public IntermediateCoreOption {
   bool addConstraint(const long& id) override;
   bool removeConstraint(const long& id) override;
 
-  // As DriverFeature::findPlainMember(), for texts.
-  static const std::string DriverFeatureOption::*findPlainMember(const std::string& name);
+  // For readers of many options, who need not have a name looked up for each:
+  // the text property of that name, or nothing when getOptionProperty() refuses
+  // the name; and what it copies. A text is valid until the option changes.
+  static std::optional<driver_feature::OptionProperty> findTextProperty(const std::string& name);
+  std::string_view text(driver_feature::OptionProperty property) const {
+    return kept_.text(static_cast<std::size_t>(property));
+  }
+
+  bool isSensitive() const { return sensitive_; }
 
  private:
   struct Properties;
@@ -36,15 +47,8 @@ class DriverFeatureOption : public IntermediateCoreOption {
   template <class Value>
   bool fetch(const std::string& name, Value& value);
 
-  std::string name_;
-  std::string displayText_;
-  std::string pjlCommand_;
-  std::string psCommand_;
-  std::string teskCommand_;
-  std::string teskTicketCommand_;
-  std::string snmpValue_;
-  std::string cloKey_;
-  std::set<long> constraints_;
+  driver_feature::PropertyStore kept_;
+  driver_feature::ConstraintSet constraints_;
 };
 
 #endif  // MODEL_DRIVER_FEATURE_OPTION_H_

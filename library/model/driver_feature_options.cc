@@ -13,7 +13,7 @@ bool DriverFeature::addOptionToFeature(CoreOption* option) {
     logComposed(Level::kMisuse,
                 "DriverFeature::addOptionToFeature() - Attempt to add null feature option to "
                 "feature for feature \"{}\".",
-                name_);
+                ownName());
     return false;
   }
   if (!isMultiSelect()) {
@@ -22,7 +22,7 @@ bool DriverFeature::addOptionToFeature(CoreOption* option) {
     logComposed(Level::kMisuse,
                 "DriverFeature::addOptionToFeature() - Attempt to add feature option \"{}\" to "
                 "non-combobox feature \"{}\".",
-                optionName, name_);
+                optionName, ownName());
     return false;
   }
   options_.add(option);
@@ -34,7 +34,7 @@ int DriverFeature::getFeatureOptionCount() {
     logComposed(Level::kMisuse,
                 "DriverFeature::getFeatureOptionCount() - Attempt to get feature option count of "
                 "non-combobox feature \"{}\".",
-                name_);
+                ownName());
     return -1;
   }
   return options_.size();
@@ -46,7 +46,7 @@ int DriverFeature::fetchNumberOfOptions() {
     logComposed(Level::kMisuse,
                 "DriverFeature::fetchNumberOfOptions() - Attempt to fetch nubmer of feature "
                 "options of non-combobox feature \"{}\".",
-                name_);
+                ownName());
     return 0;
   }
   return options_.size();
@@ -67,7 +67,7 @@ bool DriverFeature::refusesOptionIndexByName() {
   logComposed(Level::kMisuse,
               "DriverFeature::fetchOptionIndexByName() - Attempt to get option index of "
               "non-combobox feature \"{}\".",
-              name_);
+              ownName());
   return true;
 }
 
@@ -76,7 +76,7 @@ CoreOption* DriverFeature::fetchCurrentOption() {
     logComposed(Level::kMisuse,
                 "DriverFeature::fetchCurrentOption() - Attempt to fetch current feature option of "
                 "non-combobox feature \"{}\".",
-                name_);
+                ownName());
     return nullptr;
   }
   return fetchOptionByIndex(currentInt_);
@@ -88,7 +88,7 @@ CoreOption* DriverFeature::fetchOptionByName(std::string name) {
   if (CoreOption* option = options_.at(position)) return option;
   logComposed(Level::kWarning,
               "DriverFeature::fetchOptionByName() - Option \"{}\" of feature \"{}\" was not found.",
-              name, name_);
+              name, ownName());
   return nullptr;
 }
 
@@ -108,7 +108,7 @@ bool DriverFeature::refusesOptionByName() {
   logComposed(Level::kMisuse,
               "DriverFeature::fetchOptionByName() - Attempt to fetch feature option of "
               "non-combobox feature \"{}\".",
-              name_);
+              ownName());
   return true;
 }
 
@@ -117,14 +117,14 @@ CoreOption* DriverFeature::fetchOptionByIndex(int index) {
     logComposed(Level::kMisuse,
                 "DriverFeature::fetchOptionByIndex() - Attempt to fetch feature option of "
                 "non-combobox feature \"{}\".",
-                name_);
+                ownName());
     return nullptr;
   }
   if (CoreOption* option = options_.at(index)) return option;
   logComposed(Level::kMisuse,
               "DriverFeature::fetchOptionByIndex() - Attempt to fetch feature option with index "
               "out of range for feature \"{}\".",
-              name_);
+              ownName());
   return nullptr;
 }
 

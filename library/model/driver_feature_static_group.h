@@ -4,10 +4,14 @@
 #ifndef MODEL_DRIVER_FEATURE_STATIC_GROUP_H_
 #define MODEL_DRIVER_FEATURE_STATIC_GROUP_H_
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/core_feature_group.h"
+#include "model/own_names.h"
+#include "model/property_store.h"
 #include "model/vocabulary.h"
 
 // A group has no value and does not notify. Unknown text properties are
@@ -16,7 +20,7 @@
 class DriverFeatureStaticGroup : public IntermediateStaticFeatureGroup {
  public:
   DriverFeatureStaticGroup() = default;
-  explicit DriverFeatureStaticGroup(const std::string& name) : name_(name) {}
+  explicit DriverFeatureStaticGroup(const std::string& name);
   DriverFeatureStaticGroup(const DriverFeatureStaticGroup&) = delete;
   DriverFeatureStaticGroup& operator=(const DriverFeatureStaticGroup&) = delete;
 
@@ -40,23 +44,22 @@ class DriverFeatureStaticGroup : public IntermediateStaticFeatureGroup {
   // The first member of that name, or null.
   CoreFeature* fetchFeatureInGroupByName(const std::string& name);
 
+  // As DriverFeature::text().
+  std::string_view text(driver_feature::Property property) const {
+    return kept_.text(static_cast<std::size_t>(property));
+  }
+
  private:
   struct Properties;
 
-  std::string name_;
-  int type_ = driver_feature::kStaticGroup;
+  std::string_view ownName() const { return text(driver_feature::Property::kName); }
+  std::optional<int> findAmongOwn(const std::string& name);
+
   bool inGroup_ = false;
-  std::string pjlCommand_;
-  std::string psCommand_;
-  std::string teskOAAttributeName_;
-  std::string teskJTAttributeName_;
-  std::string instOptAttributeName_;
-  std::string nonVORNAttributeName_;
-  std::string teskAttributeSyntax_;
-  std::string pjlCallbackRoutine_;
-  std::string psCallbackRoutine_;
-  std::string vornCallbackRoutine_;
+  int type_ = driver_feature::kStaticGroup;
+  driver_feature::PropertyStore kept_;
   std::vector<CoreFeature*> members_;
+  driver_feature::OwnNames names_;
 };
 
 #endif  // MODEL_DRIVER_FEATURE_STATIC_GROUP_H_

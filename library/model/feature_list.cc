@@ -1,11 +1,15 @@
 #include "model/feature_list.h"
 
-#include <cstddef>
-#include <new>
+#include <algorithm>
+#include <utility>
+
+#include "model/own_names.h"
 
 namespace driver_feature {
 
 namespace {
+
+constexpr std::size_t kFew = 16;
 
 template <class Group>
 Group* groupAt(const std::vector<Group*>& groups, int index) {
@@ -22,11 +26,22 @@ bool append(std::vector<Group*>& groups, Group* group) {
 
 }  // namespace
 
+// Without memory, nothing is added.
 bool FeatureList::addFeature(const std::string& name, DriverFeature* feature) {
   if (name.empty() || feature == nullptr) return false;
-  const auto [entry, isNew] = features_.insert_or_assign(name, feature);
-  if (isNew && !index_.empty()) index(*entry);
-  forgetPositions();
+  const int position = names_.find(name, nameAt());
+  if (position >= 0) {
+    Entry& entry = *features_[static_cast<std::size_t>(position)];
+    replacements_.push_back({&entry, entry.feature});
+    entry.feature = feature;
+    return true;
+  }
+  auto entry = std::make_unique<Entry>(Entry{name, feature});
+  names_.reserve(features_.size() + 1);
+  if (byName_.size() == byName_.capacity()) byName_.reserve(2 * byName_.size() + kFew);
+  features_.push_back(std::move(entry));
+  byName_.push_back(features_.back().get());
+  names_.add(nameAt());
   return true;
 }
 
@@ -46,37 +61,34 @@ DriverFeatureDynamicGroup* FeatureList::dynamicGroupAt(int index) const {
   return groupAt(dynamicGroups_, index);
 }
 
-DriverFeature* FeatureList::searchFeatures(const std::string& name) const {
-  const auto found = features_.find(name);
-  return found != features_.end() ? found->second : nullptr;
+void FeatureList::sort() {
+  const auto precedes = [](const Entry* left, const Entry* right) {
+    return left->name < right->name;
+  };
+  const auto added = byName_.begin() + static_cast<std::ptrdiff_t>(sorted_);
+  std::sort(added, byName_.end(), precedes);
+  std::inplace_merge(byName_.begin(), added, byName_.end(), precedes);
+  sorted_ = byName_.size();
 }
 
-void FeatureList::indexNames() {
-  // Made aside: there must be all of it or none.
-  Index index;
-  index.reserve(features_.size());
-  for (const auto& entry : features_) index.emplace(entry.first, &entry);
-  index_.swap(index);
+FeatureList::Mark FeatureList::mark() const {
+  return {features_.size(), staticGroups_.size(), dynamicGroups_.size(), replacements_.size()};
 }
 
-// Without memory for the entry the index is dropped, and the map is searched
-// instead.
-void FeatureList::index(const Features::value_type& entry) try {
-  index_.emplace(entry.first, &entry);
-} catch (const std::bad_alloc&) {
-  index_.clear();
-}
-
-FeatureList::Contents FeatureList::copyContents() const {
-  return {features_, staticGroups_, dynamicGroups_};
-}
-
-void FeatureList::swapContents(Contents& contents) noexcept {
-  features_.swap(contents.features);
-  staticGroups_.swap(contents.staticGroups);
-  dynamicGroups_.swap(contents.dynamicGroups);
-  index_.clear();
-  forgetPositions();
+void FeatureList::rollBack(const Mark& mark) noexcept {
+  while (replacements_.size() > mark.replacements) {
+    replacements_.back().entry->feature = replacements_.back().before;
+    replacements_.pop_back();
+  }
+  while (features_.size() > mark.features) features_.pop_back();
+  staticGroups_.resize(mark.staticGroups);
+  dynamicGroups_.resize(mark.dynamicGroups);
+  byName_.clear();
+  for (const auto& entry : features_) byName_.push_back(entry.get());
+  sorted_ = 0;
+  names_.clear();
+  for (std::size_t i = 0; i < features_.size(); ++i) names_.add(nameAt());
+  noteNameChange();
 }
 
 }  // namespace driver_feature

@@ -2,11 +2,13 @@
 #ifndef MODEL_FEATURE_LIST_H_
 #define MODEL_FEATURE_LIST_H_
 
-#include <map>
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
+
+#include "model/name_index.h"
 
 class DriverFeature;
 class DriverFeatureDynamicGroup;
@@ -16,11 +18,9 @@ namespace driver_feature {
 
 // Holds plain pointers to what the loader has made and deletes none of it. Never
 // holds null or a feature without a name. Objects are added; none is removed but
-// by swapContents().
+// by rollBack().
 class FeatureList {
  public:
-  using Features = std::map<std::string, DriverFeature*>;
-
   FeatureList() = default;
   FeatureList(const FeatureList&) = delete;
   FeatureList& operator=(const FeatureList&) = delete;
@@ -40,66 +40,66 @@ class FeatureList {
   // Features count from 0 in the order of their names, groups in the order of
   // addition. Null when there is no such position.
   DriverFeature* featureAt(int index) {
-    if (index < 0 || index >= featureCount()) return nullptr;
-    moveTo(index);
-    return lastFetched_->second;
+    const auto position = static_cast<std::size_t>(index);  // Negative: beyond every list.
+    if (position >= features_.size()) return nullptr;
+    if (sorted_ != features_.size()) sort();
+    return byName_[position]->feature;
+  }
+  // The name under which the feature at that position, which there must be, is
+  // filed.
+  std::string_view featureNameAt(int index) {
+    if (sorted_ != features_.size()) sort();
+    return byName_[static_cast<std::size_t>(index)]->name;
   }
   DriverFeatureStaticGroup* staticGroupAt(int index) const;
   DriverFeatureDynamicGroup* dynamicGroupAt(int index) const;
 
   // The feature filed under that name, or null.
-  DriverFeature* findFeature(const std::string& name) const {
-    if (index_.empty()) return searchFeatures(name);
-    const auto found = index_.find(name);
-    return found != index_.end() ? found->second->second : nullptr;
+  DriverFeature* findFeature(std::string_view name) const {
+    const int position = names_.find(name, nameAt());
+    return position >= 0 ? features_[static_cast<std::size_t>(position)]->feature : nullptr;
   }
 
-  // Makes features be found in a time that hardly grows with their number, also
-  // those that are added later. For the end of a load: memory is asked for here,
-  // and not at a look-up.
-  void indexNames();
-
-  // What is listed, for taking back a load that has failed.
-  struct Contents {
-    Features features;
-    std::vector<DriverFeatureStaticGroup*> staticGroups;
-    std::vector<DriverFeatureDynamicGroup*> dynamicGroups;
+  // A state to go back to, for a load that fails. All that was added after it is
+  // taken out again, and replaced features are filed again.
+  struct Mark {
+    std::size_t features;
+    std::size_t staticGroups;
+    std::size_t dynamicGroups;
+    std::size_t replacements;
   };
-  Contents copyContents() const;
-  void swapContents(Contents& contents) noexcept;
+  Mark mark() const;
+  void rollBack(const Mark& mark) noexcept;
 
  private:
-  DriverFeature* searchFeatures(const std::string& name) const;
-  void index(const Features::value_type& entry);
-  void moveTo(int index);
-  void forgetPositions() noexcept { lastFetchedIndex_ = -1; }
+  struct Entry {
+    std::string name;
+    DriverFeature* feature;
+  };
+  using Entries = std::vector<std::unique_ptr<Entry>>;
+  struct Replacement {
+    Entry* entry;
+    DriverFeature* before;
+  };
 
-  Features features_;
+  // The name at a position in the order of addition.
+  struct NameAt {
+    const Entries& features;
+    std::string_view operator()(std::size_t position) const { return features[position]->name; }
+  };
+  NameAt nameAt() const { return {features_}; }
+  void sort();
+
+  Entries features_;  // In the order of addition.
+  NameIndex names_;
+  // The entries in the order of their names, as far as `sorted_`; then those that
+  // were added since. Sorting is left to the next look-up by position.
+  std::vector<Entry*> byName_;
+  std::size_t sorted_ = 0;
+  std::vector<Replacement> replacements_;
   std::vector<DriverFeatureStaticGroup*> staticGroups_;
   std::vector<DriverFeatureDynamicGroup*> dynamicGroups_;
-
-  // The entries of features_ by name: all of them, or none. Entries keep their
-  // places in the map, so that a feature filed in the place of another one needs
-  // no change here.
-  using Index = std::unordered_map<std::string_view, const Features::value_type*>;
-  Index index_;
-
-  // The entry that was last fetched by its position, so that a walk over all
-  // positions takes one step for each instead of starting anew. -1: there is
-  // none since the list has grown.
-  Features::const_iterator lastFetched_;
-  int lastFetchedIndex_ = -1;
 };
-
-inline void FeatureList::moveTo(int index) {
-  const bool isNearerToStart = lastFetchedIndex_ - index > index;
-  if (lastFetchedIndex_ < 0 || isNearerToStart) {
-    lastFetched_ = features_.begin();
-    lastFetchedIndex_ = 0;
-  }
-  for (; lastFetchedIndex_ < index; ++lastFetchedIndex_) ++lastFetched_;
-  for (; lastFetchedIndex_ > index; --lastFetchedIndex_) --lastFetched_;
-}
 
 }  // namespace driver_feature
 

@@ -1,5 +1,4 @@
-// Which features a list finds by name and by position, before its names are
-// indexed and afterwards.
+// Which features a list finds by name and by position.
 
 #include "model/feature_list.h"
 
@@ -11,17 +10,8 @@
 #include "model/driver_feature_dynamic_group.h"
 #include "model/driver_feature_static_group.h"
 #include "support/model_builder.h"
-#include "support/private_member.h"
 
 namespace driver_feature::testing {
-
-struct Index {
-  using Type =
-      std::unordered_map<std::string_view, const FeatureList::Features::value_type*> FeatureList::*;
-  friend Type openMember(Index);
-};
-template struct PrivateMember<Index, &FeatureList::index_>;
-
 namespace {
 
 class FeatureListTest : public ::testing::Test {
@@ -32,23 +22,23 @@ class FeatureListTest : public ::testing::Test {
     return feature;
   }
 
-  std::size_t indexed() { return (list_.*openMember(Index{})).size(); }
-
   Objects<DriverFeature> made_;
   FeatureList list_;
 };
 
-TEST_F(FeatureListTest, NotIndexed_NamesAreFound) {
-  DriverFeature* a = file("a");
-  EXPECT_EQ(list_.findFeature("a"), a);
-  EXPECT_EQ(list_.findFeature("b"), nullptr);
-  EXPECT_EQ(indexed(), 0U);
+TEST_F(FeatureListTest, Empty_NothingIsFound) {
+  EXPECT_EQ(list_.findFeature("a"), nullptr);
+  EXPECT_EQ(list_.featureAt(0), nullptr);
+  EXPECT_EQ(list_.featureAt(-1), nullptr);
 }
 
-TEST_F(FeatureListTest, Indexed_EachNameIsFoundAndNoOther) {
-  for (int i = 0; i < 1000; ++i) file("Feature" + std::to_string(i));
-  list_.indexNames();
-  EXPECT_EQ(indexed(), 1000U);
+TEST_F(FeatureListTest, Name_EachIsFoundAsSoonAsItIsAddedAndNoOther) {
+  for (int i = 0; i < 1000; ++i) {
+    const std::string name = "Feature" + std::to_string(i);
+    EXPECT_EQ(list_.findFeature(name), nullptr) << name;
+    DriverFeature* added = file(name);
+    EXPECT_EQ(list_.findFeature(name), added) << name;
+  }
   for (int i = 0; i < 1000; ++i) {
     const std::string name = "Feature" + std::to_string(i);
     DriverFeature* found = list_.findFeature(name);
@@ -62,66 +52,79 @@ TEST_F(FeatureListTest, Indexed_EachNameIsFoundAndNoOther) {
   }
 }
 
-TEST_F(FeatureListTest, AddedAfterIndexing_AllAreFoundAndIndexed) {
-  file("first");
-  list_.indexNames();
-  for (int i = 0; i < 300; ++i) {
-    DriverFeature* added = file("Feature" + std::to_string(i));
-    EXPECT_EQ(list_.findFeature("Feature" + std::to_string(i)), added);
-  }
-  EXPECT_NE(list_.findFeature("first"), nullptr);
-  EXPECT_EQ(list_.findFeature("absent"), nullptr);
-  EXPECT_EQ(indexed(), 301U);
-}
-
-TEST_F(FeatureListTest, IndexedAgain_ListsEachOnce) {
-  DriverFeature* a = file("a");
-  list_.indexNames();
-  list_.indexNames();
-  EXPECT_EQ(indexed(), 1U);
-  EXPECT_EQ(list_.findFeature("a"), a);
-}
-
 TEST_F(FeatureListTest, NameHoldsANul_IsAnotherName) {
   const std::string name("a\0b", 3);
   DriverFeature* feature = file(name);
-  list_.indexNames();
   EXPECT_EQ(list_.findFeature(name), feature);
   EXPECT_EQ(list_.findFeature("a"), nullptr);
 }
 
 TEST_F(FeatureListTest, FeatureReplaced_TheNewOneIsFound) {
   file("a");
-  list_.indexNames();
   DriverFeature* other = file("a");
   EXPECT_EQ(list_.findFeature("a"), other);
   EXPECT_EQ(list_.featureAt(0), other);
   EXPECT_EQ(list_.featureCount(), 1);
 }
 
-TEST_F(FeatureListTest, ContentsSwapped_OldNamesAreForgotten) {
+TEST_F(FeatureListTest, Position_AddedInAnyOrder_IsTheOneOfTheName) {
+  DriverFeature* b = file("b");
+  DriverFeature* d = file("d");
+  EXPECT_EQ(list_.featureAt(0), b);
+  EXPECT_EQ(list_.featureAt(1), d);
+  DriverFeature* c = file("c");
   DriverFeature* a = file("a");
-  FeatureList::Contents before = list_.copyContents();
-  file("b");
-  list_.indexNames();
-  list_.swapContents(before);
-  EXPECT_EQ(indexed(), 0U);
-  EXPECT_EQ(list_.findFeature("a"), a);
-  EXPECT_EQ(list_.findFeature("b"), nullptr);
-  EXPECT_EQ(list_.featureAt(1), nullptr);
-  EXPECT_EQ(before.features.count("b"), 1U);
+  DriverFeature* upper = file("B");
+  DriverFeature* const expected[] = {upper, a, b, c, d};
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(list_.featureAt(i), expected[i]) << i;
+  EXPECT_EQ(list_.featureAt(5), nullptr);
 }
 
-TEST_F(FeatureListTest, ContentsSwapped_GroupsAreThoseOfBefore) {
+TEST_F(FeatureListTest, RolledBack_WhatWasAddedIsForgotten) {
+  DriverFeature* b = file("b");
+  DriverFeature* c = file("c");
+  const FeatureList::Mark before = list_.mark();
+  for (int i = 0; i < 100; ++i) file("a" + std::to_string(i));
+  EXPECT_EQ(list_.featureAt(100), b);
+  list_.rollBack(before);
+  EXPECT_EQ(list_.featureCount(), 2);
+  EXPECT_EQ(list_.findFeature("b"), b);
+  EXPECT_EQ(list_.findFeature("a7"), nullptr);
+  EXPECT_EQ(list_.featureAt(0), b);
+  EXPECT_EQ(list_.featureAt(1), c);
+  EXPECT_EQ(list_.featureAt(2), nullptr);
+  DriverFeature* again = file("a7");
+  EXPECT_EQ(list_.findFeature("a7"), again);
+  EXPECT_EQ(list_.featureAt(0), again);
+}
+
+TEST_F(FeatureListTest, RolledBack_ReplacedFeaturesAreFiledAgain) {
+  DriverFeature* first = file("a");
+  const FeatureList::Mark outer = list_.mark();
+  DriverFeature* second = file("a");
+  const FeatureList::Mark inner = list_.mark();
+  file("a");
+  file("b");
+  file("b");
+  list_.rollBack(inner);
+  EXPECT_EQ(list_.findFeature("a"), second);
+  EXPECT_EQ(list_.findFeature("b"), nullptr);
+  list_.rollBack(outer);
+  EXPECT_EQ(list_.findFeature("a"), first);
+  EXPECT_EQ(list_.featureAt(0), first);
+}
+
+TEST_F(FeatureListTest, RolledBack_GroupsAreThoseOfBefore) {
   DriverFeatureStaticGroup staticGroup;
   DriverFeatureDynamicGroup dynamicGroup;
-  FeatureList::Contents before = list_.copyContents();
   list_.addStaticGroup(&staticGroup);
   list_.addDynamicGroup(&dynamicGroup);
-  list_.swapContents(before);
-  EXPECT_EQ(list_.staticGroupCount(), 0);
-  EXPECT_EQ(list_.dynamicGroupCount(), 0);
-  list_.swapContents(before);
+  const FeatureList::Mark before = list_.mark();
+  list_.addStaticGroup(&staticGroup);
+  list_.addDynamicGroup(&dynamicGroup);
+  list_.rollBack(before);
+  EXPECT_EQ(list_.staticGroupCount(), 1);
+  EXPECT_EQ(list_.dynamicGroupCount(), 1);
   EXPECT_EQ(list_.staticGroupAt(0), &staticGroup);
   EXPECT_EQ(list_.dynamicGroupAt(0), &dynamicGroup);
 }

@@ -12,7 +12,10 @@ void logFixed(Level level, const char* text) {
 
 void logComposedText(Level level, std::string_view text,
                      std::initializer_list<std::string_view> inserts) {
+  std::size_t size = text.size();
+  for (const std::string_view insert : inserts) size += insert.size();
   std::string line;
+  line.reserve(size);
   for (const std::string_view insert : inserts) {
     const std::size_t at = text.find("{}");
     line.append(text.substr(0, at)).append(insert);

@@ -3,24 +3,28 @@
 // A class declares a nested `struct Properties` and defines in its source file
 //
 //   struct Sample::Properties {
+//     static constexpr Kept<Sample, std::string> kText{&Sample::kept_};
 //     static constexpr PropertyTable kTable{std::to_array<PropertyRow<Sample, Property>>({
-//         {Property::kName, &Sample::name_, Access::kBoth},
+//         {Property::kName, kText, Access::kBoth},
 //         {Property::kCurrentIntValue, &Sample::current_, Access::kBoth, Needs::kInt,
 //         Rule::kChange},
 //     })};
 //   };
 //
-// The type of the member decides which overloads accept the property. A name
-// without a row of that type and access is treated as unknown.
+// A value is in a member of the object or, with all texts, in its PropertyStore.
+// Its type decides which overloads accept the property. A name without a row of
+// that type and access is treated as unknown.
 #ifndef MODEL_PROPERTY_TABLE_H_
 #define MODEL_PROPERTY_TABLE_H_
 
 #include <array>
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <variant>
 
+#include "model/property_store.h"
 #include "model/vocabulary.h"
 
 namespace driver_feature {
@@ -47,10 +51,28 @@ enum class Rule : unsigned char {
   kHideEmpty,    // Read as absent while it is empty.
 };
 
+// A value that is kept in the object's store.
+template <class Object, class Value>
+struct Kept {
+  PropertyStore Object::*store;
+};
+
 template <class Object, class Name>
 struct PropertyRow {
-  using Member =
-      std::variant<std::string Object::*, int Object::*, float Object::*, bool Object::*>;
+  using Member = std::variant<Kept<Object, std::string>, Kept<Object, int>, Kept<Object, float>,
+                              int Object::*, float Object::*, bool Object::*>;
+
+  template <class Value>
+  constexpr bool holds() const {
+    if constexpr (std::is_same_v<Value, std::string>) {
+      return std::holds_alternative<Kept<Object, Value>>(member);
+    } else if constexpr (std::is_same_v<Value, bool>) {
+      return std::holds_alternative<bool Object::*>(member);
+    } else {
+      return std::holds_alternative<Value Object::*>(member) ||
+             std::holds_alternative<Kept<Object, Value>>(member);
+    }
+  }
 
   Name property;
   Member member;
@@ -82,8 +104,12 @@ class PropertyTable {
     if (position == 0) return nullptr;
     const Row& row = rows_[position - 1];
     const bool accessible = row.access == Access::kBoth || row.access == access;
-    const bool fits = std::holds_alternative<Value Object::*>(row.member);
-    return accessible && fits ? &row : nullptr;
+    return accessible && row.template holds<Value>() ? &row : nullptr;
+  }
+
+  // The row of a property that has one.
+  constexpr const Row& at(Name property) const {
+    return rows_[positions_[static_cast<std::size_t>(property)] - 1U];
   }
 
  private:
@@ -100,11 +126,34 @@ class PropertyTable {
   std::array<unsigned char, kPropertyCount> positions_{};
 };
 
-// The member that a row names, as a Value. The row must have been found for
-// that type.
+// The value that a row names. The row must have been found for its type. A text
+// is valid until the object changes.
 template <class Value, class Object, class Name>
-Value& memberOf(Object& object, const PropertyRow<Object, Name>& row) {
-  return object.*(*std::get_if<Value Object::*>(&row.member));
+auto valueOf(const Object& object, const PropertyRow<Object, Name>& row) {
+  const auto number = static_cast<std::size_t>(row.property);
+  if constexpr (std::is_same_v<Value, std::string>) {
+    return (object.*std::get_if<Kept<Object, Value>>(&row.member)->store).text(number);
+  } else if constexpr (std::is_same_v<Value, bool>) {
+    return object.*(*std::get_if<bool Object::*>(&row.member));
+  } else {
+    if (const auto* member = std::get_if<Value Object::*>(&row.member)) return object.*(*member);
+    const auto store = std::get_if<Kept<Object, Value>>(&row.member)->store;
+    return (object.*store).template number<Value>(number);
+  }
+}
+
+template <class Value, class Object, class Name>
+void storeValue(Object& object, const PropertyRow<Object, Name>& row, const Value& value) {
+  const auto number = static_cast<std::size_t>(row.property);
+  if constexpr (std::is_same_v<Value, std::string>) {
+    (object.*std::get_if<Kept<Object, Value>>(&row.member)->store).setText(number, value);
+  } else if constexpr (std::is_same_v<Value, bool>) {
+    object.*(*std::get_if<bool Object::*>(&row.member)) = value;
+  } else if (const auto* member = std::get_if<Value Object::*>(&row.member)) {
+    object.*(*member) = value;
+  } else {
+    (object.*std::get_if<Kept<Object, Value>>(&row.member)->store).setNumber(number, value);
+  }
 }
 
 }  // namespace driver_feature

@@ -3,6 +3,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "model/driver_feature_option.h"
 #include "model/messages.h"
 #include "model/vocabulary.h"
 #include "templates/command_template.h"
@@ -21,8 +22,30 @@ bool readByName(CoreFeature& feature, Property property, Value& value) {
   }
 }
 
+// Names are the platform's to resolve, which takes most of the time when it is
+// done for each of many features. Here it is done once for all of them.
+bool areNamesKnown(const TextDialect& dialect) {
+  for (const Property property :
+       {Property::kFeatureInGroup, dialect.commandProperty, dialect.routineProperty,
+        Property::kCurrentTextValue, Property::kCurrentIntValue, Property::kCurrentFloatValue}) {
+    if (findProperty(nameText(property)) != property) return false;
+  }
+  return findOptionProperty(nameText(dialect.commandProperty)) == dialect.optionCommandProperty;
+}
+
+template <class Value>
+auto valueIn(const DriverFeature& feature) {
+  if constexpr (std::is_same_v<Value, std::string>) {
+    return feature.text(Property::kCurrentTextValue);
+  } else if constexpr (std::is_same_v<Value, int>) {
+    return feature.currentInt();
+  } else {
+    return feature.currentFloat();
+  }
+}
+
 // The value as command templates take it.
-std::string_view formatted(const std::string& value) {
+std::string_view formatted(std::string_view value) {
   return value;
 }
 int formatted(int value) {
@@ -33,7 +56,7 @@ double formatted(float value) {
 }
 
 template <class Value>
-void appendFormatted(const std::string& commandTemplate, const Value& value, std::string& output) {
+void appendFormatted(std::string_view commandTemplate, const Value& value, std::string& output) {
   if (appendCommand(commandTemplate, formatted(value), output)) return;
   logComposed(Level::kWarning,
               "createTicketPDLAttributes() - Cannot format value with command template \"{}\"",
@@ -42,97 +65,91 @@ void appendFormatted(const std::string& commandTemplate, const Value& value, std
 
 }  // namespace
 
-bool FeatureText::isInGroup(CoreFeature& object) const {
-  if (const DriverFeature* known = asKnown(object)) return known->*properties_.inGroup;
-  bool inGroup = false;
-  readByName(object, Property::kFeatureInGroup, inGroup);
-  return inGroup;
-}
+FeatureText::FeatureText(const TextDialect& dialect, DriverFeatureSet* set)
+    : dialect_(dialect), set_(set), areNamesKnown_(areNamesKnown(dialect)) {}
 
-const std::string* FeatureText::findCommand(CoreFeature& object) {
-  return findText(object, properties_.command, dialect_.commandProperty);
-}
-
-const std::string* FeatureText::findRoutine(CoreFeature& object) {
-  return findText(object, properties_.routine, dialect_.routineProperty);
-}
-
-const std::string* FeatureText::findText(CoreFeature& object,
-                                         const std::string DriverFeature::*member,
-                                         Property property) {
-  const DriverFeature* known = asKnown(object);
-  if (known == nullptr && !readByName(object, property, found_)) return nullptr;
-  const std::string& text = known != nullptr ? known->*member : found_;
-  return text.empty() ? nullptr : &text;
+std::string_view FeatureText::readText(CoreFeature& object, Property property) {
+  return readByName(object, property, found_) ? std::string_view(found_) : std::string_view();
 }
 
 bool FeatureText::runRoutine(const std::string& name, std::string& text) const {
   return runTextRoutine(name, set_, text);
 }
 
-void FeatureText::append(CoreFeature& feature, const std::string& commandTemplate,
+bool FeatureText::append(CoreFeature& feature, std::string& output) {
+  const std::string_view command = findCommand(feature);
+  if (command.empty()) return false;
+  // Most features are lists of the library's own.
+  const DriverFeature* known = asKnown(feature);
+  const DriverFeatureOption* option = known != nullptr ? known->ownCurrentOption() : nullptr;
+  if (option != nullptr) {
+    appendFormatted(command, option->text(dialect_.optionCommandProperty), output);
+  } else {
+    append(feature, command, output);
+  }
+  return true;
+}
+
+void FeatureText::append(CoreFeature& feature, std::string_view commandTemplate,
                          std::string& output) {
   switch (feature.getFeatureType()) {
     case kMultiSelect:
       return appendOption(feature, commandTemplate, output);
     case kIntEntry:
-      return appendValue(feature, properties_.number, Property::kCurrentIntValue,
-                         "createTicketPDLAttributes() - Cannot get feature int value",
-                         commandTemplate, output);
+      return appendValue<int>(feature, Property::kCurrentIntValue,
+                              "createTicketPDLAttributes() - Cannot get feature int value",
+                              commandTemplate, output);
     case kTextEntry:
-      return appendValue(feature, properties_.text, Property::kCurrentTextValue,
-                         "createTicketPDLAttributes() - Cannot get feature text value",
-                         commandTemplate, output);
+      return appendValue<std::string>(feature, Property::kCurrentTextValue,
+                                      "createTicketPDLAttributes() - Cannot get feature text value",
+                                      commandTemplate, output);
     case kFloatEntry:
-      return appendValue(feature, properties_.fraction, Property::kCurrentFloatValue,
-                         "createTicketPDLAttributes() - Cannot get feature float value",
-                         commandTemplate, output);
+      return appendValue<float>(feature, Property::kCurrentFloatValue,
+                                "createTicketPDLAttributes() - Cannot get feature float value",
+                                commandTemplate, output);
     default:
       logFixed(Level::kMisuse, "createTicketPDLAttributes() - Feature has an invalid feature type");
   }
 }
 
-void FeatureText::appendOption(CoreFeature& feature, const std::string& commandTemplate,
+void FeatureText::appendOption(CoreFeature& feature, std::string_view commandTemplate,
                                std::string& output) {
   CoreOption* option = feature.fetchCurrentOption();
   if (option == nullptr) {
     logFixed(Level::kMisuse, "createTicketPDLAttributes() - Cannot get current feature option");
     return;
   }
-  const DriverFeatureOption* own = areKnown_ ? asOwn<DriverFeatureOption>(*option) : nullptr;
+  const auto* own = areNamesKnown_ ? asOwn<DriverFeatureOption>(*option) : nullptr;
   if (own != nullptr) {
-    appendFormatted(commandTemplate, own->*properties_.optionCommand, output);
+    appendFormatted(commandTemplate, own->text(dialect_.optionCommandProperty), output);
     return;
   }
-  // An option of the host may change the feature's command.
-  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): what was read before counts.
-  const std::string command = commandTemplate;
+  // An option of the host may change the feature's command: what was read before
+  // counts.
+  const std::string command(commandTemplate);
   optionCommand_.clear();
   if (option->getOptionProperty(nameText(dialect_.commandProperty), optionCommand_)) {
-    appendFormatted(command, optionCommand_, output);
+    appendFormatted(command, std::string_view(optionCommand_), output);
   } else {
     logFixed(Level::kWarning, dialect_.optionCommandUnreadable);
   }
 }
 
 template <class Value>
-void FeatureText::appendValue(CoreFeature& feature, const Value DriverFeature::*member,
-                              Property property, const char* unreadable,
-                              const std::string& commandTemplate, std::string& output) const {
+void FeatureText::appendValue(CoreFeature& feature, Property property, const char* unreadable,
+                              std::string_view commandTemplate, std::string& output) const {
   if (const DriverFeature* known = asKnown(feature)) {
-    appendFormatted(commandTemplate, known->*member, output);
+    appendFormatted(commandTemplate, valueIn<Value>(*known), output);
     return;
   }
+  // A feature of the host may change its command: what was read before counts.
+  const std::string command(commandTemplate);
   Value value{};
   if (readByName(feature, property, value)) {
-    appendFormatted(commandTemplate, value, output);
+    appendFormatted(command, value, output);
   } else {
     logFixed(Level::kMisuse, unreadable);
   }
-}
-
-const DriverFeature* FeatureText::asKnown(const CoreFeature& object) const {
-  return areKnown_ ? asOwn<DriverFeature>(object) : nullptr;
 }
 
 }  // namespace driver_feature

@@ -3,10 +3,13 @@
 #define OUTPUT_FEATURE_TEXT_H_
 
 #include <string>
+#include <string_view>
 
 #include "model/core_feature.h"
+#include "model/driver_feature.h"
+#include "model/own_objects.h"
+#include "output/output_routine.h"
 #include "output/text_dialect.h"
-#include "output/text_properties.h"
 
 class DriverFeatureSet;
 
@@ -17,46 +20,59 @@ namespace driver_feature {
 class FeatureText {
  public:
   // Output routines of the host get `set`.
-  FeatureText(const TextDialect& dialect, DriverFeatureSet* set)
-      : dialect_(dialect), set_(set), properties_(TextProperties::find(dialect)) {}
+  FeatureText(const TextDialect& dialect, DriverFeatureSet* set);
   FeatureText(const FeatureText&) = delete;
   FeatureText& operator=(const FeatureText&) = delete;
 
   const TextDialect& dialect() const { return dialect_; }
 
   // Whether the object is written by a static group that holds it.
-  bool isInGroup(CoreFeature& object) const;
+  bool isInGroup(CoreFeature& object) const {
+    const DriverFeature* known = asKnown(object);
+    return known != nullptr ? known->isInGroup() : driver_feature::isInGroup(object);
+  }
 
-  // The command template, and the name of the output routine; null if there is
-  // none or it is empty. The text is valid until the next call.
-  const std::string* findCommand(CoreFeature& object);
-  const std::string* findRoutine(CoreFeature& object);
+  // The command template of a group, and the name of an output routine; empty if
+  // there is none. Valid until the next call, and until the object changes.
+  std::string_view findCommand(CoreFeature& object) {
+    return findText(object, dialect_.commandProperty);
+  }
+  std::string_view findRoutine(CoreFeature& object) {
+    return findText(object, dialect_.routineProperty);
+  }
 
   // Runs the host's output routine of that name on `text`. False when there is
   // none.
   bool runRoutine(const std::string& name, std::string& text) const;
 
-  // Appends the current option's command, or the current value, in the command
-  // template. Appends nothing, after a log line, if there is no text.
-  void append(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
+  // Appends the current option's command, or the current value, in the feature's
+  // command template. Appends nothing, after a log line, if there is no text.
+  // False, without a line, if there is no template.
+  bool append(CoreFeature& feature, std::string& output);
+  // The same in that template.
+  void append(CoreFeature& feature, std::string_view commandTemplate, std::string& output);
 
  private:
-  void appendOption(CoreFeature& feature, const std::string& commandTemplate, std::string& output);
+  void appendOption(CoreFeature& feature, std::string_view commandTemplate, std::string& output);
   template <class Value>
-  void appendValue(CoreFeature& feature, const Value DriverFeature::*member, Property property,
-                   const char* unreadable, const std::string& commandTemplate,
-                   std::string& output) const;
+  void appendValue(CoreFeature& feature, Property property, const char* unreadable,
+                   std::string_view commandTemplate, std::string& output) const;
 
-  const std::string* findText(CoreFeature& object, const std::string DriverFeature::*member,
-                              Property property);
+  std::string_view findText(CoreFeature& object, Property property) {
+    const DriverFeature* known = asKnown(object);
+    return known != nullptr ? known->text(property) : readText(object, property);
+  }
+  std::string_view readText(CoreFeature& object, Property property);
 
-  // The object as a feature of the library's own whose properties are known.
-  const DriverFeature* asKnown(const CoreFeature& object) const;
+  // The object as a feature of the library's own that need not be asked by name.
+  const DriverFeature* asKnown(const CoreFeature& object) const {
+    return areNamesKnown_ ? asOwn<DriverFeature>(object) : nullptr;
+  }
 
   const TextDialect& dialect_;
   DriverFeatureSet* const set_;
-  const TextProperties properties_;
-  const bool areKnown_ = properties_.areKnown();
+  // Whether the platform knows the names of the properties that are read here.
+  const bool areNamesKnown_;
   std::string found_;
   std::string optionCommand_;
 };

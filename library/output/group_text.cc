@@ -19,10 +19,9 @@ void writeGroup(CoreFeature& object, FeatureText& featureText, std::string& outp
 
 // Runs the routine that `owner` names, if it names one, on `text`.
 void runOwnRoutine(CoreFeature& owner, FeatureText& featureText, std::string& text) {
-  const std::string* routine = featureText.findRoutine(owner);
-  if (routine == nullptr) return;
   // A copy: the platform's look-up may give the owner another routine.
-  const std::string name = *routine;
+  const std::string name(featureText.findRoutine(owner));
+  if (name.empty()) return;
   if (featureText.runRoutine(name, text)) return;
   logComposed(Level::kMisuse, featureText.dialect().groupRoutineMissing, name);
 }
@@ -31,10 +30,7 @@ void runOwnRoutine(CoreFeature& owner, FeatureText& featureText, std::string& te
 void writeMember(CoreFeature& group, CoreFeature& member, int index, FeatureText& featureText,
                  std::string& collected) {
   const TextDialect& dialect = featureText.dialect();
-  if (const std::string* command = featureText.findCommand(member)) {
-    featureText.append(member, *command, collected);
-    return;
-  }
+  if (featureText.append(member, collected)) return;
   logComposed(Level::kInformation, dialect.memberWithoutCommand, toDecimalText(index));
   std::string piece;
   runOwnRoutine(dialect.memberRunsGroupRoutine ? group : member, featureText, piece);
@@ -42,7 +38,7 @@ void writeMember(CoreFeature& group, CoreFeature& member, int index, FeatureText
     collected += piece;
     return;
   }
-  featureText.append(member, std::string(), collected);
+  featureText.append(member, {}, collected);
 }
 
 std::string collectMembers(IntermediateStaticFeatureGroup& group, FeatureText& featureText,
@@ -81,12 +77,11 @@ void writeGroup(CoreFeature& object, FeatureText& featureText, std::string& outp
     logFixed(Level::kInformation, dialect.groupInGroup);
     return;
   }
-  const std::string* command = featureText.findCommand(*group);
-  if (command == nullptr) {
+  const std::string groupTemplate(featureText.findCommand(*group));
+  if (groupTemplate.empty()) {
     runOwnRoutine(*group, featureText, output);
     return;
   }
-  const std::string groupTemplate = *command;
   const GroupTrail trail{&object, outer};
   const std::string collected = collectMembers(*group, featureText, trail);
   if (formatCommand(groupTemplate, std::string_view(collected), output)) return;

@@ -12,6 +12,7 @@ struct TextDialect {
   bool isPostScript;
   Property commandProperty;  // Of features, options and groups.
   Property routineProperty;
+  OptionProperty optionCommandProperty;
 
   // Required, and true for PJL only: a member without a command runs the
   // routine that its group names, not its own, once for every such member.
@@ -37,6 +38,7 @@ inline constexpr TextDialect kPostScript = {
     .isPostScript = true,
     .commandProperty = Property::kPSCommand,
     .routineProperty = Property::kAddPSCallbackRoutine,
+    .optionCommandProperty = OptionProperty::kPSCommand,
     .memberRunsGroupRoutine = false,
     .memberTextReplacesRoutine = false,
     .logsFeatureInGroup = false,
@@ -57,6 +59,7 @@ inline constexpr TextDialect kPJL = {
     .isPostScript = false,
     .commandProperty = Property::kPJLCommand,
     .routineProperty = Property::kAddPJLCallbackRoutine,
+    .optionCommandProperty = OptionProperty::kPJLCommand,
     .memberRunsGroupRoutine = true,
     .memberTextReplacesRoutine = true,
     .logsFeatureInGroup = true,

@@ -15,10 +15,9 @@ namespace driver_feature {
 namespace {
 
 void runOwnRoutine(DriverFeature& feature, FeatureText& featureText, std::string& output) {
-  const std::string* routine = featureText.findRoutine(feature);
-  if (routine == nullptr) return;
   // A copy: the platform's look-up may give the feature another routine.
-  const std::string name = *routine;
+  const std::string name(featureText.findRoutine(feature));
+  if (name.empty()) return;
   if (featureText.runRoutine(name, output)) return;
   logComposed(Level::kMisuse, featureText.dialect().featureRoutineMissing, name);
 }
@@ -31,11 +30,7 @@ void writeFeature(DriverFeature& feature, int index, FeatureText& featureText,
                 toDecimalText(index));
     return;
   }
-  if (const std::string* command = featureText.findCommand(feature)) {
-    featureText.append(feature, *command, output);
-  } else {
-    runOwnRoutine(feature, featureText, output);
-  }
+  if (!featureText.append(feature, output)) runOwnRoutine(feature, featureText, output);
 }
 
 }  // namespace

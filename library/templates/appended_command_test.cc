@@ -49,7 +49,14 @@ TEST(AppendedCommandTest, Numbers_StandBehindTheText) {
 TEST(AppendedCommandTest, EmptyTemplate_AppendsNothing) {
   std::string text = "a";
   EXPECT_TRUE(appendCommand("", std::string_view("v"), text));
+  EXPECT_TRUE(appendCommand(std::string_view(), std::string_view(), text));
   EXPECT_EQ(text, "a");
+}
+
+TEST(AppendedCommandTest, NullText_IsEmpty) {
+  std::string text = "a";
+  EXPECT_TRUE(appendCommand("<%s>", std::string_view(), text));
+  EXPECT_EQ(text, "a<>");
 }
 
 }  // namespace

@@ -15,14 +15,6 @@ namespace {
 // removes the conversion. Returns false if there is none or it does not fit.
 template <class Value>
 bool appendConverted(std::string_view& rest, const Value& value, std::string& output) {
-  if constexpr (std::is_same_v<Value, std::string_view>) {
-    // Nearly every template says just "%s", which has nothing to lay out.
-    if (rest.starts_with('s')) {
-      output.append(value);
-      rest.remove_prefix(1);
-      return true;
-    }
-  }
   const auto conversion = takeConversion(rest);
   if (!conversion) return false;
   const auto piece = convert(*conversion, value);
@@ -63,8 +55,51 @@ bool appendUnlessRefused(std::string_view commandTemplate, const Value& value,
   return true;
 }
 
+// An empty text may be one of a null pointer.
+char* copyTo(char* to, const char* from, std::size_t size) {
+  if (size != 0) std::memcpy(to, from, size);
+  return to + size;
+}
+
+// Writes a text in a template that lays out nothing, which nearly every one does:
+// it has no other conversion than one "%s". The end of what was written; null
+// for another template. There must be room for the template and the text.
+char* writePlain(std::string_view commandTemplate, std::string_view text, char* to) {
+  bool converted = false;
+  const char* at = commandTemplate.data();
+  const char* const end = at + commandTemplate.size();
+  while (at != end) {
+    const auto* percent = static_cast<const char*>(std::memchr(at, '%', lengthOf(at, end)));
+    if (percent == nullptr) return copyTo(to, at, lengthOf(at, end));
+    const char* next = percent + 1;
+    while (next != end && *next == '%') ++next;
+    const std::size_t signs = lengthOf(percent, next);
+    to = copyTo(to, at, lengthOf(at, percent) + signs / 2);
+    at = next;
+    if (signs % 2 == 0) continue;
+    if (converted || at == end || *at != 's') return nullptr;
+    converted = true;
+    to = copyTo(to, text.data(), text.size());
+    ++at;
+  }
+  return to;
+}
+
+// As append(). False for a template that lays out more than the text.
+bool appendPlain(std::string_view commandTemplate, std::string_view text, std::string& output) {
+  const std::size_t before = output.size();
+  output.resize(before + commandTemplate.size() + text.size());
+  char* const begin = output.data();
+  const char* const end = writePlain(commandTemplate, text, begin + before);
+  output.resize(end != nullptr ? lengthOf(begin, end) : before);
+  return end != nullptr;
+}
+
 template <class Value>
 bool append(std::string_view commandTemplate, const Value& value, std::string& output) {
+  if constexpr (std::is_same_v<Value, std::string_view>) {
+    if (appendPlain(commandTemplate, value, output)) return true;
+  }
   const std::size_t before = output.size();
   if (appendUnlessRefused(commandTemplate, value, output)) return true;
   output.resize(before);

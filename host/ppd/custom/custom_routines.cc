@@ -90,12 +90,12 @@ void writeCustomText(CoreFeatureSet& set, long number, std::string& output) {
 }  // namespace driver_feature::ppd
 
 // NOLINTBEGIN(cppcoreguidelines-macro-usage, bugprone-macro-parentheses): names are pasted.
-#define ROUTINE(tens, ones)                                                                      \
-  DRIVER_FEATURE_EXPORT void EmitPpdCustom##tens##ones(DriverFeatureSet* set,                    \
-                                                       std::string& output);                     \
-  void EmitPpdCustom##tens##ones(DriverFeatureSet* set, std::string& output) {                   \
-    driver_feature::ppd::writeCustomText(*reinterpret_cast<CoreFeatureSet*>(set), (tens)*10 + (ones), \
-                                    output);                                                     \
+#define ROUTINE(tens, ones)                                                       \
+  DRIVER_FEATURE_EXPORT void EmitPpdCustom##tens##ones(DriverFeatureSet* set,     \
+                                                       std::string& output);      \
+  void EmitPpdCustom##tens##ones(DriverFeatureSet* set, std::string& output) {    \
+    driver_feature::ppd::writeCustomText(*reinterpret_cast<CoreFeatureSet*>(set), \
+                                         (tens)*10 + (ones), output);             \
   }
 #define TEN_ROUTINES(tens) \
   ROUTINE(tens, 0)         \
