@@ -11,6 +11,14 @@ target_compile_options(driver_feature_compile_options INTERFACE
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>
   $<$<BOOL:${DRIVER_FEATURE_WERROR}>:-Werror>)
 
+# As Debian builds its packages. What is compiled without optimising, which the
+# property DRIVER_FEATURE_PLAIN says, cannot have the checked functions.
+if(DRIVER_FEATURE_HARDENED)
+  target_compile_options(driver_feature_compile_options INTERFACE
+    -fstack-protector-strong -Wformat -Werror=format-security -Wdate-time
+    $<$<NOT:$<BOOL:$<TARGET_PROPERTY:DRIVER_FEATURE_PLAIN>>>:-D_FORTIFY_SOURCE=2>)
+endif()
+
 # Floats are compared as they are stored: on 32-bit x86 the x87 registers would
 # keep more digits than the variables.
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)

@@ -41,15 +41,17 @@ execute_process(COMMAND ${GZIP_PROGRAM} -9nc ${PROJECT_SOURCE_DIR}/packaging/cha
 set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/packaging/changelog)
 
-# Debian wants manual pages compressed. Only those that this installation has
-# installed: the folder may hold others.
+# Debian wants manual pages compressed, in an installation for its own prefix.
+# Only those that this installation has installed: the folder may hold others.
 install(CODE [[
-  foreach(page IN LISTS CMAKE_INSTALL_MANIFEST_FILES)
-    if(page MATCHES "/man/man[0-9]/[^/]+[.][0-9]$")
-      execute_process(COMMAND gzip -9nf "$ENV{DESTDIR}${page}" COMMAND_ERROR_IS_FATAL ANY)
-    endif()
-  endforeach()
-  list(TRANSFORM CMAKE_INSTALL_MANIFEST_FILES APPEND .gz REGEX "/man/man[0-9]/[^/]+[.][0-9]$")
+  if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    foreach(page IN LISTS CMAKE_INSTALL_MANIFEST_FILES)
+      if(page MATCHES "/man/man[0-9]/[^/]+[.][0-9]$")
+        execute_process(COMMAND gzip -9nf "$ENV{DESTDIR}${page}" COMMAND_ERROR_IS_FATAL ANY)
+      endif()
+    endforeach()
+    list(TRANSFORM CMAKE_INSTALL_MANIFEST_FILES APPEND .gz REGEX "/man/man[0-9]/[^/]+[.][0-9]$")
+  endif()
 ]] COMPONENT tools)
 
 # debian_package(COMPONENT NAME SECTION MULTI_ARCH DEPENDENCY SUMMARY LINE...):

@@ -155,7 +155,7 @@ passesOn demo.sh demo
 passesOn run.sh corpus
 passesOn python3 mutate
 passesOn python3 instructions
-for tool in dpkg-buildflags cmake cpack dpkg-deb make_root.sh contents_test.sh life_test.sh; do
+for tool in cmake cpack dpkg-deb make_root.sh contents_test.sh life_test.sh; do
   passesOn "$tool" package
 done
 

@@ -31,7 +31,7 @@ EXPORTED void hangInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
 }
 
 EXPORTED void endInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
-  ::write(STDERR_FILENO, "going\n", 6);
+  if (::write(STDERR_FILENO, "going\n", 6) != 6) ::_exit(2);
   ::_exit(3);
 }
 

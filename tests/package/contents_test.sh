@@ -4,8 +4,8 @@
 #
 # usage: contents_test.sh SOURCE_DIR PACKAGE_DIR
 #
-# The trees that the packages were made of are PACKAGE_DIR/tree and, for i386,
-# PACKAGE_DIR/tree-i386.
+# The trees that the packages were made of are those of the presets release and
+# i386.
 set -euo pipefail
 shopt -s inherit_errexit
 
@@ -22,7 +22,7 @@ readonly kMaintainer='libDriverFeature maintainers <maintainers@libdriverfeature
 
 # treeOf ARCHITECTURE
 treeOf() {
-  if [ "$1" = "$own" ]; then printf '%s/tree\n' "$packages"; else printf '%s/tree-%s\n' "$packages" "$1"; fi
+  if [ "$1" = "$own" ]; then printf '%s/build/release\n' "$source"; else printf '%s/build/%s\n' "$source" "$1"; fi
 }
 
 found=$(cd "$packages" && printf '%s\n' *.deb | sort)

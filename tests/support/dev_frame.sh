@@ -33,7 +33,7 @@ END
   for tool in cat dirname env find grep mkdir rm sed sort tail tr xargs; do
     ln -s "$(command -v "$tool")" "$work/tools/"
   done
-  for tool in apt-get bash clang-format clang-tidy cmake cpack ctest dpkg-buildflags dpkg-deb \
+  for tool in apt-get bash clang-format clang-tidy cmake cpack ctest dpkg-deb \
     dpkg-query gcovr git id nproc python3 shellcheck stat; do
     ln -s "$work/stand_in" "$work/tools/$tool"
   done
