@@ -16,6 +16,6 @@ endforeach()
 # Rules that name no component are the tools'.
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME tools)
 
-# Programs of the build tree find its libraries from where they stand, too, so
-# that no byte of them depends on where the tree is.
+# Programs of the build tree find its libraries relative to their own place, too,
+# so that no byte of them depends on where the tree is.
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)

@@ -42,7 +42,7 @@ constexpr const char* kGroupTable =
     "Finishing   static    -           -        Staple, Fold\n"
     "Fold        static    Finishing   -        Angle\n";
 
-TEST_F(GroupsTest, Show_Groups_StandBelowTheFeatures) {
+TEST_F(GroupsTest, Show_Groups_AreBelowTheFeatures) {
   EXPECT_EQ(run({"show", "office.xml"}),
             success(std::string("NAME    TYPE         VALUE  AVAILABILITY  CHOICES AND LIMITS\n"
                                 "Angle   FloatEntry   0.5    available\n"

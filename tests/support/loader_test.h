@@ -24,7 +24,7 @@
 
 namespace driver_feature::testing {
 
-// What the readers below answer for a property that cannot be read.
+// What the readers below return for a property that cannot be read.
 inline const std::string kUnreadable = "(unreadable)";
 
 inline std::string readText(CoreFeature& object, const std::string& property) {

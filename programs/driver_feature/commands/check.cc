@@ -25,7 +25,7 @@ constexpr const char* kFooter =
     "  driver-feature check --explain DF501\n"
     "\n"
     "Exit status: 0 nothing is wrong, 1 errors (with --strict also warnings), 2 wrong\n"
-    "usage or a file that is no feature description.";
+    "usage or a file that is not a feature description.";
 
 constexpr std::array kRows = {
     ArgumentRow{"DESC", "FILE", "The feature descriptions, XML files", kRepeats},

@@ -22,7 +22,7 @@ constexpr const char* kFooter =
     "A summary of what a description cannot hold, constraints for one, goes to\n"
     "standard error; with --verbose each such thing is named. With --strict no\n"
     "description is written of a file that loses a part of an option or a constraint;\n"
-    "texts for users and other keywords are never carried over, and are no error.\n"
+    "texts for users and other keywords are never carried over; this is not an error.\n"
     "\n"
     "Examples:\n"
     "  driver-feature import printer.ppd --output printer.xml\n"

@@ -80,7 +80,7 @@ TEST_F(CandidatesTest, Complete_DescriptionThatCannotBeRead_OffersNothing) {
   EXPECT_EQ(textsFor({"show", "-o", ""}), Texts{});
 }
 
-TEST(CompletionTest, Complete_Forms_StandAloneBehindACommaOrWithAFile) {
+TEST(CompletionTest, Complete_Forms_AreAloneAfterACommaOrWithAFile) {
   EXPECT_EQ(textsFor({"emit", "--to", ""}), (Texts{"pjl", "ps", "ticket"}));
   EXPECT_EQ(textsFor({"emit", "--to", "p"}), (Texts{"pjl", "ps"}));
   EXPECT_EQ(textsFor({"emit", "--to", "ps,t"}), Texts{"ps,ticket"});

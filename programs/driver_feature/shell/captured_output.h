@@ -16,8 +16,8 @@ class CapturedOutput {
   CapturedOutput(const CapturedOutput&) = delete;
   CapturedOutput& operator=(const CapturedOutput&) = delete;
 
-  // Ends the catching and answers what was caught. False when that is not
-  // whole, because there was no temporary file or no space for it.
+  // Ends the catching and stores in `text` what was caught. Returns false when
+  // that is not whole: no temporary file, or no space for it.
   bool end(std::string& text);
 
  private:

@@ -70,7 +70,7 @@ constexpr const char* kReleaseDetails =
 
 constexpr const char* kLogDetails =
     "quiet: errors; usual: errors and misuse; all: every line. Without an argument, it\n"
-    "tells which is set.\n";
+    "shows which is set.\n";
 
 constexpr ShellCommand kCommands[] = {
     {"set", "NAME [PROPERTY] VALUE", "Sets a feature, or one property of a feature or group",
@@ -88,8 +88,8 @@ constexpr ShellCommand kCommands[] = {
      &runRestore, &proposeFeatures},
     {"write", "FILE", "Writes all values and records to a settings file", "", 1, 1, &runWrite,
      &proposeFile},
-    {"load", "FILE", "Makes the values and records those of a settings file", kLoadDetails, 1, 1,
-     &runLoad, &proposeFile},
+    {"load", "FILE", "Loads values and records from a settings file", kLoadDetails, 1, 1, &runLoad,
+     &proposeFile},
     {"defaults", "", "Sets every feature to its default value", "", 0, 0, &runDefaults, nullptr},
     {"records", "GROUP [ACTION ...]", "Lists or changes the records of a dynamic group",
      kRecordsDetails, 1, kAnyNumber, &runRecords, &proposeRecords},

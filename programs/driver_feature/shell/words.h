@@ -28,8 +28,8 @@ using Words = std::vector<std::string>;
 host::Result<> splitWords(std::string_view line, Words& words);
 
 // A line up to the cursor: the words before the one that is being written, and
-// what stands of that, without its quotes and escapes. Never refused: what is
-// not closed yet may be.
+// what is written of that one, without its quotes and escapes. Never refused: a
+// quote that is open may still be closed.
 struct UnfinishedLine {
   Words before;
   std::string word;
@@ -43,7 +43,7 @@ UnfinishedLine splitUnfinished(std::string_view line);
 // and control characters are written as escapes.
 std::string quoteWord(std::string_view text);
 
-// The same without the quotes around it: what stands between double quotes.
+// The same without the double quotes around it.
 std::string escapeWord(std::string_view text);
 
 }  // namespace driver_feature::cli
