@@ -2,7 +2,7 @@
 
 # The libraries have a folder of their own: the plug-in is loaded by its path,
 # and the development editions carry the names of the host's libraries, which
-# the system's loader must not find in their stead.
+# the system's loader must not find instead.
 set(DRIVER_FEATURE_LIBRARY_FOLDER ${CMAKE_INSTALL_LIBDIR}/driver-feature)
 
 # The installed tree can be moved only when its parts are found from each other.

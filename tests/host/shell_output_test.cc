@@ -209,7 +209,7 @@ TEST_F(ShellOutputTest, Help_Alone_ListsEveryCommand) {
           "constrain NAME OPTION ID [hide]         Makes an option unavailable\n"
           "release NAME OPTION ID                  Makes an option available again\n"
           "log [quiet|usual|all]                   Chooses which log lines are shown\n"
-          "dump                                    Lets the library print its whole model\n"
+          "dump                                    Prints the library's whole model\n"
           "help [COMMAND]                          Shows the commands, or one\n"
           "quit                                    Ends the shell; so does Ctrl-D\n"
           "\n"

@@ -15,8 +15,8 @@ namespace driver_feature::cli {
 namespace {
 
 constexpr const char* kFooter =
-    "Every fault is reported with its place, a remedy and a code that --explain\n"
-    "explains. Routines are looked for in the program and in the libraries given\n"
+    "Reports every fault with its place, a remedy and a code; --explain shows what a\n"
+    "code means. Routines are searched for in the program and in the libraries given\n"
     "with --callbacks.\n"
     "\n"
     "Examples:\n"

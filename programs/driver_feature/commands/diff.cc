@@ -65,8 +65,7 @@ struct DiffRequest {
 constexpr int kSame = 0;
 constexpr int kDifferent = 1;
 
-// The settings without their comments, and the outputs; or the lines that say
-// what is wrong, after an empty text.
+// The settings and the outputs. Empty after a problem, which is printed.
 Texts take(const host::SessionRequest& request, const std::string& file,
            bool allowControlCharacters) {
   const host::StandardOutputDiversion diversion;
@@ -84,8 +83,8 @@ Texts take(const host::SessionRequest& request, const std::string& file,
   return texts;
 }
 
-// In a child process, since the library keeps one set of features. The child has
-// said what was wrong when it returns no texts.
+// In a child process, since the library keeps one set of features. If it
+// returns no texts, it has printed why.
 host::Result<std::optional<Texts>> takeInChild(const host::SessionRequest& request,
                                                const std::string& file,
                                                bool allowControlCharacters) {

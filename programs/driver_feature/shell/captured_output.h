@@ -7,8 +7,8 @@
 
 namespace driver_feature::cli {
 
-// From its making to its end, what anybody writes to standard output goes to a
-// temporary file without a name.
+// While it lives, everything written to standard output goes to a temporary file
+// without a name.
 class CapturedOutput {
  public:
   CapturedOutput();

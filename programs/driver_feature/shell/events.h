@@ -1,6 +1,5 @@
 // Shows a driver author what an action makes the library do, while it does it:
-// the log lines, the calls of the update callback, and what has changed by
-// then.
+// log lines, calls of the update callback, and what has changed by then.
 #ifndef PROGRAMS_DRIVER_FEATURE_SHELL_EVENTS_H_
 #define PROGRAMS_DRIVER_FEATURE_SHELL_EVENTS_H_
 

@@ -3,7 +3,7 @@
 //   set Owner "A. \"B\" C"     double quotes keep blanks; escapes work in them
 //   set Owner 'A. "B" C'       single quotes keep everything
 //   set Owner A.\ B            an escape keeps one character
-//   get Owner                  # a comment begins at a word's begin
+//   get Owner                  # a comment begins where a word may
 //
 // Escapes: \n line feed, \r carriage return, \t tab, \e escape (ESC), \xNN the
 // byte of two hexadecimal digits, and a backslash before a blank, a quote, a #
