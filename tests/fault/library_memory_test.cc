@@ -25,7 +25,7 @@ class LibraryMemoryTest : public MemoryFaultTest {
                                             std::string("a title of some length"));
   }
 
-  // A text that is allowed to differ from `before` in no way.
+  // A text that must be the same as `before`.
   void expectUnchanged(const std::string& before) { EXPECT_EQ(host_.model(), before); }
 
   FaultyHost host_;

@@ -142,7 +142,7 @@ TEST_P(ObjectMemoryTest, Constraints_NoMemory_AreAddedOrNot) {
     CoreOption& option = *media.fetchOptionByIndex(0);
     ASSERT_TRUE(option.setOptionProperty("Sensitivity", true));
     endsWithoutThrow(plan, [&] { media.applyOptionConstraint("A4OfTheRestOfTheWorld", 5, false); });
-    // However far it got, it can be repeated.
+    // It can be repeated, wherever it failed.
     EXPECT_TRUE(media.applyOptionConstraint("A4OfTheRestOfTheWorld", 5, false));
     EXPECT_TRUE(option.getOptionProperty("Sensitivity", &sensitive));
     EXPECT_FALSE(sensitive);

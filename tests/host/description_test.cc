@@ -58,7 +58,7 @@ TEST_F(DescriptionTest, Show_ElementIsMissing_NamesTheRootsLine) {
                     "driver-feature: office.xml:3:1: error: there is no FeatureDescription "
                     "element; name the root <Driver> or one of its children "
                     "<FeatureDescription>\n"));
-  // A grandchild is none, and neither is a name in another case.
+  // Neither a grandchild nor a name in another case counts.
   write("deep.xml", "<Driver><A><FeatureDescription/></A><featureDescription/></Driver>");
   EXPECT_EQ(show("deep.xml"),
             failure(2,

@@ -60,7 +60,7 @@ TEST_F(GroupsTest, Show_Records_AreAddedAndPrintedBackInTheirOrder) {
   const RunResult result = run({"show", "office.xml", "--records", "Exceptions", "records.json"});
   const std::size_t groups = result.output.find("\nGROUP");
   ASSERT_NE(groups, std::string::npos);
-  // The template has its own values back.
+  // The template has its own values again.
   EXPECT_NE(result.output.find("Page    IntEntry     1 "), std::string::npos);
   EXPECT_EQ(result.output.substr(groups),
             std::string(kGroupTable) +

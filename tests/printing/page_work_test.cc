@@ -55,7 +55,7 @@ class PageWorkTest : public FilterTest {
     EXPECT_TRUE(std::filesystem::is_empty(folder() / "tmp")) << "a file is left";
   }
 
-  // Puts a shell script in the place of the scheduler's filter.
+  // Replaces the scheduler's filter by a shell script.
   void replaceFilter(const std::string& script) {
     const auto bin = folder() / "serverbin" / "filter";
     std::filesystem::create_directories(bin);
@@ -175,7 +175,7 @@ TEST_F(PageWorkTest, DocumentWithoutPages_IsPrintedAsItIs) {
     EXPECT_EQ(result.output, filter("").output);
     EXPECT_EQ(result.status, 0);
   }
-  // One page can be repeated, one of which nobody knows the end cannot.
+  // One page can be repeated, but not one whose end is unknown.
   EXPECT_EQ(reported(filter("collate=true", "2")),
             "WARNING: option collate has no effect, because no comments of the document tell its "
             "pages\n");
@@ -245,7 +245,7 @@ TEST_F(PageWorkTest, FailingFilter_FailsTheJob) {
   EXPECT_EQ(result.status, 1);
 }
 
-// A filter that the scheduler or somebody else ends, ends well but too early.
+// A filter that is ended from outside exits cleanly but early.
 TEST_F(PageWorkTest, OutputThatEndsEarly_FailsTheJob) {
   const std::string failure =
       "ERROR: the document is not whole, because the scheduler's filter for pages has ended "

@@ -63,7 +63,7 @@ class LoaderTest : public ::testing::Test {
  protected:
   LoaderTest() { host_.registerUpdateCallback(); }
 
-  // Hands a description with these children to the tag handler.
+  // Passes a description with these children to the tag handler.
   int load(const std::string& children) {
     return FeatureXMLTagHandler(host_.parse("<Features>" + children + "</Features>"));
   }

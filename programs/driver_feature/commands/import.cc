@@ -52,18 +52,18 @@ void chooseLanguage() {
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   const ImportStyle style{general.detail, arguments.has("--strict")};
   const std::vector<std::string>& files = arguments.texts("PPD");
-  const std::string folder = arguments.text("--all");
+  const std::string source = arguments.text("--all");
   const std::string output = arguments.text("--output");
   chooseLanguage();
-  if (files.empty() == folder.empty()) {
+  if (files.empty() == source.empty()) {
     return host::refused(
         "either PPD files or --all DIR is needed; driver-feature import --help explains the usage");
   }
   if (files.size() == 1) return importOne({files.front(), output.empty() ? "-" : output}, style);
-  if (folder.empty()) return importAll(planFiles(files, output), style);
-  const ImportPlan plan = planFolder(folder, output);
+  if (source.empty()) return importAll(planFiles(files, output), style);
+  const ImportPlan plan = planFolder(source, output);
   if (plan.jobs.empty() && plan.problems.empty()) {
-    return host::refused(folder + ": there is no file named *.ppd or *.ppd.gz in the folder");
+    return host::refused(source + ": there is no file named *.ppd or *.ppd.gz in the folder");
   }
   return importAll(plan, style);
 }

@@ -51,7 +51,7 @@ std::string absolutePath(const std::string& path) {
   if (path.empty()) return path;
   const fs::path whole = fs::absolute(path);
   const fs::path normal = whole.lexically_normal();
-  // Behind a symbolic link, ".." leads to the folder of what it points to.
+  // After a symbolic link, ".." leads to the folder of what it points to.
   std::error_code ignored;
   return (fs::equivalent(whole, normal, ignored) ? normal : whole).string();
 }

@@ -1,4 +1,4 @@
-// "try": settings tried out and taken back.
+// "try": settings applied and undone.
 
 #include <array>
 #include <map>

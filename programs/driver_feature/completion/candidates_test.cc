@@ -112,8 +112,8 @@ TEST(CompletionTest, CompletionText_FilesAndWords_HaveALineEach) {
       "words\n\xc3\xa9\t\n");
 }
 
-// An argument of a kind that nobody has thought about would be completed with
-// nothing, and nobody would see it.
+// An argument of a forgotten kind would be completed with nothing, which is easy
+// to overlook.
 TEST(CompletionTest, HasKnownKinds_EveryArgumentOfTheProgram_IsTrue) {
   const ProgramRows& program = programRows();
   ASSERT_GE(program.commands.size(), 5U);
