@@ -8,20 +8,20 @@ if(DRIVER_FEATURE_BUILD)
   return()
 endif()
 
-# git_answer(VARIABLE ARGUMENT...): empty when git or the history is missing.
-function(git_answer variable)
+# git_output(VARIABLE ARGUMENT...): empty when git or the history is missing.
+function(git_output variable)
   execute_process(COMMAND git -C ${PROJECT_SOURCE_DIR} ${ARGN}
-    OUTPUT_VARIABLE answer ERROR_QUIET RESULT_VARIABLE failed OUTPUT_STRIP_TRAILING_WHITESPACE)
+    OUTPUT_VARIABLE output ERROR_QUIET RESULT_VARIABLE failed OUTPUT_STRIP_TRAILING_WHITESPACE)
   if(failed)
-    set(answer "")
+    set(output "")
   endif()
-  set(${variable} "${answer}" PARENT_SCOPE)
+  set(${variable} "${output}" PARENT_SCOPE)
 endfunction()
 
 # The history may be that of a folder around an unpacked archive.
-git_answer(way_to_top rev-parse --show-cdup)
-git_answer(history rev-parse --path-format=absolute --git-path logs/HEAD)
-git_answer(commit describe --tags --always)
+git_output(way_to_top rev-parse --show-cdup)
+git_output(history rev-parse --path-format=absolute --git-path logs/HEAD)
+git_output(commit describe --tags --always)
 if(commit AND way_to_top STREQUAL "")
   set(DRIVER_FEATURE_BUILD ${commit})
   if(EXISTS "${history}")

@@ -2,7 +2,7 @@
 
 # The libraries have a folder of their own: the plug-in is loaded by its path,
 # and the development editions carry the names of the host's libraries, which
-# the system's loader must not find in their stead.
+# the system's loader must not find instead.
 set(DRIVER_FEATURE_LIBRARY_FOLDER ${CMAKE_INSTALL_LIBDIR}/driver-feature)
 
 # The installed tree can be moved only when its parts are found from each other.
@@ -16,6 +16,6 @@ endforeach()
 # Rules that name no component are the tools'.
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME tools)
 
-# Programs of the build tree find its libraries from where they stand, too, so
-# that no byte of them depends on where the tree is.
+# Programs of the build tree find its libraries relative to their own place, too,
+# so that no byte of them depends on where the tree is.
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)

@@ -4,7 +4,7 @@
 #
 # A tree for a foreign architecture makes the packages of the library only. The
 # machine does not know which packages a foreign library comes from, so the tree
-# is told what the library's package depends on: the same as the package for the
+# is given what the library's package depends on: the same as the package for the
 # machine's own architecture, which is built from the same sources.
 
 find_program(DPKG_ARCHITECTURE dpkg-architecture)
@@ -76,7 +76,7 @@ debian_package(library libdriverfeature1 libs same "${DRIVER_FEATURE_FOREIGN_DEP
   "description."
   ""
   "With the plug-in come development editions of the two host libraries that"
-  "it is linked to. They stand in a folder of their own, which no loader"
+  "it is linked to. They are in a folder of their own, which no loader"
   "searches.")
 debian_package(development libdriverfeature-dev libdevel same "${same_library}"
   "feature model for printer drivers - development files"

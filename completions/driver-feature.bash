@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 # Completion of driver-feature in bash. The program itself knows what may
-# follow; this file hands it the line and offers its answers.
+# follow; this file hands it the line and offers what it prints.
 
 # The line up to the cursor as words. bash cuts words at "=" and ":" too; here
 # pieces with no blank between them on the line are one word again. Quotes and
@@ -14,7 +14,7 @@ _driver_feature_words() {
       driver_feature_words+=("")
       rest=${rest#"${rest%%[![:blank:]]*}"}
     fi
-    # The cursor may stand within the last piece.
+    # The cursor may be within the last piece.
     [[ ${#piece} -le ${#rest} ]] || piece=$rest
     rest=${rest#"$piece"}
     piece=${piece//[\"\'\\]/}
@@ -27,8 +27,8 @@ _driver_feature_words() {
   done
 }
 
-# Offers a text for the whole word: bash replaces only what stands behind the
-# last "=" or ":" of it.
+# Offers a text for the whole word: bash replaces only what follows the last
+# "=" or ":" in it.
 _driver_feature_offer() {
   local typed=${driver_feature_words[-1]} rest
   rest=${typed##*["${COMP_WORDBREAKS//[^=:]/}"$'\t']}
@@ -36,12 +36,12 @@ _driver_feature_offer() {
 }
 
 _driver_feature() {
-  local driver_feature_words answer line prefix text
+  local driver_feature_words reply line prefix text
   COMPREPLY=()
   _driver_feature_words
-  answer=$("${driver_feature_words[0]}" __complete "${driver_feature_words[@]:1}" 2>/dev/null) ||
+  reply=$("${driver_feature_words[0]}" __complete "${driver_feature_words[@]:1}" 2>/dev/null) ||
     return 0
-  line=${answer%%$'\n'*}
+  line=${reply%%$'\n'*}
   if [[ $line == files* ]]; then
     prefix=${line#*$'\t'}
     compopt -o filenames 2>/dev/null
@@ -56,7 +56,7 @@ _driver_feature() {
     # Names with blanks and the like are quoted.
     [[ $text != *[!-A-Za-z0-9_=,.:/+@%]* ]] || printf -v text %q "$text"
     _driver_feature_offer "$text"
-  done < <(tail -n +2 <<<"$answer")
+  done < <(tail -n +2 <<<"$reply")
 }
 
 complete -F _driver_feature driver-feature

@@ -52,7 +52,7 @@ refuse() {
   rm -f "$output"
 }
 
-printf 'In the command lines below, driver-feature stands for\n%s --callbacks %s\n' \
+printf 'In the command lines below, driver-feature means\n%s --callbacks %s\n' \
   "$kProgram" "$kRoutines"
 
 heading "The features of an office laser printer"

@@ -26,7 +26,7 @@ DRIVER_FEATURE_EXPORT bool OfficeUpdate();
 // attributes "Name" and "Value" are a feature and the text of its new value.
 // `mode` 1 takes settings of installable options only, `mode` 0 any setting.
 // Returns the number of settings that were not taken, 0 for success; the
-// others are set all the same.
+// others are still set.
 DRIVER_FEATURE_EXPORT int OfficeLoadValues(void* element, int mode);
 
 // Change routines. Each brings other features into line with the one that has

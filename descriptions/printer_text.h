@@ -8,12 +8,12 @@
 namespace driver_feature {
 
 // A PJL string with its quotation marks. PJL knows no way to write a quotation
-// mark in a string; it becomes an apostrophe. What is no printable ASCII
-// character becomes a question mark.
+// mark in a string; it becomes an apostrophe. What is not a printable
+// ASCII character becomes a question mark.
 std::string pjlString(std::string_view text);
 
 // A PostScript string with its parentheses. Parentheses and backslashes of
-// the text are escaped; what is no printable ASCII character is written as an
+// the text are escaped; what is not a printable ASCII character is written as an
 // octal number.
 std::string postScriptString(std::string_view text);
 

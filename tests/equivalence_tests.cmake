@@ -2,7 +2,7 @@
 # with faults planted in what it compares.
 
 find_program(BASH_PROGRAM bash REQUIRED)
-# What stands in the scheduler's chain of filters in front of ours.
+# The filter before ours in the scheduler's chain.
 find_program(PSTOPS_PROGRAM pstops PATHS /usr/lib/cups/filter /usr/libexec/cups/filter
   NO_DEFAULT_PATH REQUIRED)
 

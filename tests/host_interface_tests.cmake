@@ -1,4 +1,4 @@
-# The pages that tell how to write a host: what they say stands in its place,
+# The pages on writing a host: their tables are complete,
 # and the program in them is built and prints what they say.
 
 set(HOST_INTERFACE_PAGE ${PROJECT_SOURCE_DIR}/docs/host-interface.md)

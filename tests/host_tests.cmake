@@ -16,7 +16,7 @@ target_compile_options(host_program_tests PRIVATE
   $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 
 # Libraries that the tests load: routines that descriptions name, and two that
-# are no feature library of the right version.
+# are not a feature library of the right version.
 add_library(host_test_routines MODULE
   host/libraries/routines.cc host/libraries/sort_routines.cc)
 target_link_libraries(host_test_routines PRIVATE driver_feature_compile_options common_api)

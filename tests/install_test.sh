@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the build into an empty folder, moves that folder elsewhere and runs
-# the program there: it must find its libraries where it stands, and every
+# the program there: it must find its libraries there, and every
 # header must compile alone, in C++11 too.
 #
 # usage: install_test.sh BUILD_DIR CXX_COMPILER

@@ -121,9 +121,9 @@ values changed: 4" "$plugin" "$example/desk_printer.xml" run Quality=Draft Quali
   refuse Quality=Poor "there is no such option, or it is not available"
   refuse Copies=100 "the limit is 99"
   refuse Copies=0 "the limit is 1"
-  refuse Copies=3x "that is no whole number"
-  refuse Copies= "that is no whole number"
-  refuse Copies=99999999999 "that is no whole number"
+  refuse Copies=3x "that is not a whole number"
+  refuse Copies= "that is not a whole number"
+  refuse Copies=99999999999 "that is not a whole number"
   refuse Copies "write NAME=VALUE"
   refuse Paper=A4 "there is no feature of that name" \
     '3 DriverFeature: FindFeatureInFeatureList() - Did not find feature "Paper".'

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs the example of README.md: the description and the console session that
-# stand there must give each other.
+# Runs the example of README.md: the console session must be what
+# the description gives.
 #
 # usage: readme_test.sh README DRIVER_FEATURE
 set -u

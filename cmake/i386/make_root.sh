@@ -60,8 +60,8 @@ download() {
   mapfile -t options < <(aptOptions "$apt")
   mapfile -t names < <(packageNames)
   say "fetching the 32-bit package lists"
-  # An index that cannot be fetched is no reason to stop: the packages may
-  # stand in the others.
+  # Go on without an index that cannot be fetched: the packages may be in the
+  # others.
   apt-get "${options[@]}" update >"$apt/update.log" 2>&1 ||
     say "apt-get update reports a failure (see $apt/update.log); going on with the other lists"
   say "fetching ${names[*]} and the source of benchmark"
@@ -71,7 +71,7 @@ download() {
       apt-get "${options[@]}" source --download-only benchmark
   ) >"$apt/download.log" 2>&1 || {
     cat "$apt/update.log" "$apt/download.log" >&2
-    fail "the 32-bit packages cannot be fetched; apt's own messages stand above." \
+    fail "the 32-bit packages cannot be fetched; apt's own messages are above." \
       "Check the network and the names in cmake/i386/packages.txt, then try again."
   }
 }
@@ -94,7 +94,7 @@ build() {
       cmake --build "$folder" --parallel "$(nproc)" && cmake --install "$folder"
   } >"$root/$name.log" 2>&1 || {
     cat "$root/$name.log" >&2
-    fail "$name cannot be built for 32 bits; the messages stand above."
+    fail "$name cannot be built for 32 bits; the messages are above."
   }
 }
 

@@ -117,7 +117,7 @@ void enterNumber(void* description, std::string name, const std::string& text) {
   const long number = std::strtol(text.c_str(), &end, 10);
   const int value = static_cast<int>(number);
   if (text.empty() || *end != '\0' || errno != 0 || value != number)
-    fail("that is no whole number");
+    fail("that is not a whole number");
   checkLimits(description, name, value);
   if (plugin.setInt(name, "CurrentIntValue", value) == 0) fail("the library refuses it");
 }

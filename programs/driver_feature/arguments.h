@@ -1,5 +1,5 @@
-// The program's command line as rows, from which the line is read, its words
-// are completed and the manual page is written; and what a line holds.
+// The program's command line as rows. Reading a line, completing its words and
+// writing the manual page all use them.
 #ifndef PROGRAMS_DRIVER_FEATURE_ARGUMENTS_H_
 #define PROGRAMS_DRIVER_FEATURE_ARGUMENTS_H_
 
@@ -33,11 +33,11 @@ struct ArgumentRow {
   bool has(Trait trait) const { return (traits & trait) != 0; }
 };
 
-// How an option is written: "-o", "--option". The last spelling is its name
-// among the arguments of a line.
+// The spellings of an option: "-o", "--option". The last one is its name in
+// Arguments.
 std::vector<std::string> spellingsOf(const ArgumentRow& row);
 
-// What each word after an option or of a positional argument is: "FILE".
+// The kind of each word after an option or of a positional argument: "FILE".
 std::vector<std::string> kindsOf(const ArgumentRow& row);
 
 // What a line says, by the names of its arguments.
@@ -49,7 +49,7 @@ class Arguments {
 
   bool has(std::string_view name) const { return values_.contains(name); }
 
-  // All words after the argument, of each time that it is given; none without it.
+  // All words after the argument, in the order of the line; empty without it.
   const std::vector<std::string>& texts(std::string_view name) const;
 
   // The first of them; `otherwise` without the argument.
@@ -65,8 +65,8 @@ struct CommandRow {
   const char* footer;  // The last part of its help.
   std::span<const ArgumentRow> own;
   std::span<const ArgumentRow> shared;  // Rows that other commands have, too.
-  // Does the work and returns the program's exit status. `general` holds what the
-  // general options say.
+  // Does the work and returns the program's exit status. `general` holds the
+  // values of the general options.
   host::Result<int> (*run)(const Arguments& arguments, const host::SessionRequest& general);
 
   std::vector<const ArgumentRow*> arguments() const;
@@ -80,8 +80,8 @@ struct ProgramRows {
   std::span<const CommandRow* const> commands;  // In the order of the help.
 };
 
-// Reads a line. Refused, with a hint at the help, when it cannot be understood.
-// What it says of --help is in Line::help.
+// Reads a line. Refused, with a hint to the help, if it cannot be understood. For
+// --help, the text to print is in Line::help.
 struct Line {
   const CommandRow* command = nullptr;  // Null when it names none.
   Arguments arguments{{}};

@@ -14,7 +14,7 @@ const ProgramRows& programRows();
 //
 // As its first argument, "__complete" makes the program complete the last of
 // the other arguments and print what completionText() composes; the functions
-// for the shells ask so. It is not a command: no help names it.
+// for the shells do so. It is not a command: no help names it.
 int runCommandLine(int argc, const char* const* argv);
 
 }  // namespace driver_feature::cli

@@ -10,8 +10,8 @@
 
 namespace {
 
-// Tells what has ended the program. Where there is no memory left to compose
-// the line, a shorter one has to do.
+// Reports what has ended the program, in a shorter line if there is no memory
+// left to compose it.
 void report(const char* what) {
   try {
     driver_feature::cli::printError(what);
@@ -31,7 +31,9 @@ int main(int argc, char** argv) {
   } catch (const std::exception& error) {
     report(error.what());
   } catch (...) {
-    report("a routine of the description threw something that is no std::exception; correct it");
+    report(
+        "a routine of the description threw an exception that is not derived from std::exception; "
+        "fix the routine");
   }
   return driver_feature::cli::kFailure;
 }

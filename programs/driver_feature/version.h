@@ -9,9 +9,9 @@
 namespace driver_feature::cli {
 
 // Lines with the program's version and build, and with the version of the
-// feature library at `library`, or where it is searched when that is empty. A
-// library that is not there is no reason to hide the program's version, unless
-// the caller has asked for that library; the problem is then Plugin::load()'s.
+// feature library at `library`, or where it is searched when that is empty. If
+// the library is missing, only the program's version is shown, unless the caller
+// asked for that library; the problem is then Plugin::load()'s.
 host::Result<std::string> versionText(const std::string& library);
 
 }  // namespace driver_feature::cli

@@ -1,4 +1,4 @@
-// The course of a command that works on a description.
+// Runs a command that works on a description.
 #ifndef PROGRAMS_DRIVER_FEATURE_WORK_H_
 #define PROGRAMS_DRIVER_FEATURE_WORK_H_
 

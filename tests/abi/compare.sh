@@ -45,7 +45,7 @@ describe() {
   grep -q '<abi-instr ' "$2" || fail "$1 holds no debugging information"
 }
 
-# compare NAME: prints the report and answers whether it is empty.
+# compare NAME: prints the report and succeeds if it is empty.
 compare() {
   local report status=0
   [ -f "$baseline/$1.abi" ] || fail "there is no $baseline/$1.abi"

@@ -37,7 +37,7 @@ replace() {
   local text
   text=$(<"$1")
   case ${text#*"$2"} in
-    "$text" | *"$2"*) : >"$work/log"; fail "\"$2\" does not stand once in $1" ;;
+    "$text" | *"$2"*) : >"$work/log"; fail "\"$2\" is not in $1 exactly once" ;;
   esac
   printf '%s\n' "${text/"$2"/"$3"}" >"$1"
 }

@@ -14,7 +14,7 @@ namespace {
 
 constexpr unsigned char kThisClass = sizeof(void*) == 4 ? ELFCLASS32 : ELFCLASS64;
 
-// The objects of a type that stand one after the other at `offset`.
+// The objects of a type that follow one another at `offset`.
 template <class Object>
 std::vector<Object> objectsAt(const std::string& bytes, std::size_t offset, std::size_t count) {
   std::vector<Object> objects(count);

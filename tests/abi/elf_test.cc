@@ -31,7 +31,7 @@ class ElfTest : public ::testing::Test {
 };
 
 // The name that a host was linked with stays the same: there is one binary
-// interface, and its number stands in the record.
+// interface, and its number is in the record.
 TEST_F(ElfTest, Soname_HasNoNumber) {
   EXPECT_THAT(file_.dynamicTexts(DT_SONAME), ElementsAre("libDriverFeature.so"));
 }

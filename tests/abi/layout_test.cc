@@ -52,7 +52,7 @@ static_assert(isLaidOut<IntermediateDynamicFeatureGroup>(either(8, 16), kWord));
 // The table pointer alone.
 static_assert(isLaidOut<CoreFeatureSet>(either(4, 8), kWord));
 
-// The run-time system's types in signatures and answers.
+// The run-time system's types in signatures and results.
 static_assert(isLaidOut<std::string>(either(24, 32), kWord));
 static_assert(isLaidOut<std::set<long>>(either(24, 48), kWord));
 

@@ -1,7 +1,7 @@
 // The slot number and the signature of every operation of the interfaces.
 //
 // Each row names an operation by its exact type: a changed signature does not
-// compile. The slot stands in the pointer to the member function itself,
+// compile. The slot is in the pointer to the member function itself,
 // which on x86 holds 1 + slot * sizeof(void*). No compiler reads that in a
 // constant expression, so that the numbers are compared at run time.
 

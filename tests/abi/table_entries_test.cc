@@ -1,5 +1,5 @@
 // The virtual tables of the built library: how many slots each has, and which
-// function stands in each. The tables are read from the loaded library, the
+// function is in each. The tables are read from the loaded library, the
 // names from the symbol table of its file.
 
 #include <cxxabi.h>

@@ -35,7 +35,7 @@ def print_figures(summary):
 
 
 def text_of(lines, number):
-    """A line with as many of those below as tell it from all others, blanks
+    """A line with as many of those below as make it unique, blanks
     collapsed."""
     everything = " ".join(" ".join(lines).split())
     for end in range(number, len(lines) + 1):

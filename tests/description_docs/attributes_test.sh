@@ -18,7 +18,7 @@ trap 'rm -rf -- "$folder"' EXIT
 cd "$folder"
 
 # The rows of the document's tables of elements, each with the elements that it
-# stands in, and of types.
+# is in, and of types.
 documentedElements() {
   awk -F ' *\\| *' '
     !/^\|/ { row = 0; next }

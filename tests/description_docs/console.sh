@@ -26,7 +26,7 @@ listBlocks() {
 }
 
 # runSession FILE: runs the commands of a console block in the current folder
-# and shell, and prints them with their output, as they stand in the block. A
+# and shell, and prints them with their output, as they are in the block. A
 # command goes on in the next line after a backslash.
 runSession() {
   local command next
@@ -34,6 +34,6 @@ runSession() {
     [[ $command == '$ '* ]] || continue
     while [[ $command == *\\ ]] && IFS= read -r next; do command+=$'\n'$next; done
     printf '%s\n' "$command"
-    eval "${command#'$ '}" </dev/null 2>&1 || :  # What it prints tells.
+    eval "${command#'$ '}" </dev/null 2>&1 || :  # What it prints counts.
   done <"$1"
 }

@@ -2,7 +2,7 @@
 #
 #   awk -f grow.awk ELEMENTS DESCRIPTION
 #
-# An element takes the place of the one with its name, or stands behind all
+# An element takes the place of the one with its name, or comes after all
 # others. Elements of the outermost level begin with two blanks, and their
 # first attribute "Name" is their name.
 

@@ -1,15 +1,16 @@
 #!/usr/bin/env bash
-# Runs the examples of a document in the order in which they stand there.
+# Runs the examples of a document in their order.
 #
 # usage: run_document.sh wrap|grow DOCUMENT SOURCES BUILD COMPILER [FLAG...]
 #
 # A block after the comment "<!-- file: NAME -->" is written to that file. An
 # xml block that is a whole FeatureDescription becomes the description as it
 # is; the elements of any other are wrapped in one that names the program's
-# own routines ("wrap", example.xml), or put into the description as it stands
+# own routines ("wrap", example.xml), or put into the description as it is
 # so far ("grow", printer.xml). Every description must load without a line of
-# complaint. The commands of a console block must print what stands there,
-# byte for byte. A block after the comment "<!-- not run -->" is passed over.
+# complaint. The commands of a console block must print what the
+# block shows, byte for byte. A block after the comment "<!-- not run -->" is
+# skipped.
 set -eu
 
 mode=$1

@@ -94,7 +94,7 @@ TEST_F(PpdEquivalenceTest, TextOutsideOfTheSections_IsFound) {
       R"(<Feature FeatureType="IntEntry" Name="More" PSCommand="more %d"/></FeatureDescription>)");
   EXPECT_EQ(compare().status, 1);
   const json found = record();
-  // It stands in front of all groups, so that no section is where it belongs.
+  // It comes before all groups, so that no section is where it belongs.
   EXPECT_THAT(found["causes"], ElementsAre("difference in DocumentSetup", "difference in AnySetup",
                                            "difference in frame"));
   EXPECT_THAT(found["differences"][2]["ours"].get<std::string>(),
@@ -135,7 +135,7 @@ TEST_F(PpdEquivalenceTest, EqualsInAnotherOrder_HaveTheirOwnCause) {
   const std::size_t place = ppd.find(order);
   ASSERT_NE(place, std::string::npos);
   // PageSize comes after Duplex all the same, by its name. In the description
-  // it stands in front of it.
+  // it comes first.
   write("small.ppd",
         ppd.replace(place, order.size(), "*OrderDependency: 10 DocumentSetup *PageSize"));
   EXPECT_EQ(compare().status, 0);

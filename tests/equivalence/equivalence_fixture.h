@@ -35,11 +35,11 @@ class PpdEquivalenceTest : public ProgramTest {
   void expectDifference(const std::string& part, long offset, const std::string& peer,
                         const std::string& ours);
 
-  // Compares, expects one cause and answers its detail.
+  // Compares, expects one cause and returns its detail.
   std::string expectFailure(const std::string& cause,
                             const std::vector<std::string>& arguments = {});
 
-  // Whether the process that a routine has left behind is gone, or goes within
+  // Whether the process that a routine has left running is gone, or goes within
   // some seconds: a process that is ended takes its time.
   bool hangingProcessIsGone() const;
 

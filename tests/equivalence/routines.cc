@@ -12,7 +12,7 @@ class DriverFeatureSet;
 
 namespace {
 
-// Leaves the number of the process behind, so that a test can look for it.
+// Writes the number of the process down, so that a test can look for it.
 [[noreturn]] void hang() {
   std::ofstream("hanging_process") << ::getpid() << std::endl;
   for (;;) ::pause();

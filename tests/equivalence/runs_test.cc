@@ -88,7 +88,7 @@ TEST_F(PpdEquivalenceTest, DescriptionThatTheLibraryRefuses_IsFound) {
   EXPECT_THAT(record()["causes"], ElementsAre("end (status 1) in load"));
 }
 
-TEST_F(PpdEquivalenceTest, FileThatIsNoPpd_IsRefusedByLibcups) {
+TEST_F(PpdEquivalenceTest, FileThatIsNotAPpd_IsRefusedByLibcups) {
   write("small.ppd", "no PPD\n");
   EXPECT_EQ(expectFailure("refused by libcups"), "Missing asterisk in column 1 in line 1");
 }
@@ -122,13 +122,13 @@ TEST_F(PpdEquivalenceTest, HangOfTheTrialLoad_EndsAtTheLimit) {
   EXPECT_TRUE(hangingProcessIsGone());
 }
 
-TEST_F(PpdEquivalenceTest, EndOfTheProgram_LeavesNoProcessBehind) {
+TEST_F(PpdEquivalenceTest, EndOfTheProgram_LeavesNoProcess) {
   plantRoutine("hangInOutput");
   compareAndInterrupt();
   EXPECT_TRUE(hangingProcessIsGone());
 }
 
-TEST_F(PpdEquivalenceTest, EndOfTheProgram_LeavesNoTrialLoadBehind) {
+TEST_F(PpdEquivalenceTest, EndOfTheProgram_LeavesNoTrialLoad) {
   plant("DriverFeatureHostUpdate", "hangInUpdate");
   plant("Name=\"Duplex\"", "Name=\"Duplex\" Sensitivity=\"true\"");
   compareAndInterrupt();
@@ -145,7 +145,7 @@ TEST_F(PpdEquivalenceTest, FailureOfOne_DoesNotTouchTheOthers) {
   EXPECT_EQ(report["failures"][0]["ppd"], "other.ppd");
 }
 
-TEST_F(PpdEquivalenceTest, ListedException_IsNoFailure) {
+TEST_F(PpdEquivalenceTest, ListedException_IsNotAFailure) {
   plant("[595 842]>>", "[595 843]>>");
   write("exceptions", "difference in DocumentSetup | small.ppd | planted\n");
   EXPECT_EQ(compare({"--exceptions", "exceptions"}).status, 0);

@@ -59,7 +59,7 @@ makePackage first 1 '0/ppd/B x.ppd' text-b '0/ppd/A.ppd' text-a
 makePackage second 1 '0/ppd/hplip/HP/C.ppd' text-c '0/ppd/A2.ppd' text-a
 fetch
 expect Fetch_Packages_Succeeds same $? 0
-expect Fetch_DistinctPpds_StandInTheListOnce same "$(cut -d ' ' -f 2- "$work/build/ppds.txt")" \
+expect Fetch_DistinctPpds_AreListedOnce same "$(cut -d ' ' -f 2- "$work/build/ppds.txt")" \
   "$(printf '6 first/A.ppd\n6 first/B x.ppd\n6 second/HP/C.ppd')"
 expect Fetch_Digests_AreThoseOfTheFiles same "$(cut -d ' ' -f 1 "$work/build/ppds.txt")" \
   "$(cd "$work/build/ppds" && sha256sum first/A.ppd 'first/B x.ppd' second/HP/C.ppd | cut -d ' ' -f 1)"
@@ -87,7 +87,7 @@ fetch
 expect Fetch_NameThatLeadsOut_IsRefused same $? 1
 expect Fetch_NameThatLeadsOut_IsNotWritten test ! -e "$work/out.ppd"
 
-# runJobs: runs what stands in the folder of jobs.
+# runJobs: runs what is in the folder of jobs.
 runJobs() {
   bash "$source_dir/equivalence/ghostscript.sh" "$work/jobs" >"$work/out" 2>&1
 }

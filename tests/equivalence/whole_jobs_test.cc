@@ -18,7 +18,7 @@ const std::vector<std::string> kWhole = {"--programs", PROGRAM_FOLDER, "--pstops
 
 class WholeJobsTest : public PpdEquivalenceTest {
  protected:
-  // Compares the description and answers the first difference of whole jobs,
+  // Compares the description and returns the first difference of whole jobs,
   // which must be the only cause but that of `part`.
   json difference(const std::string& part, const std::string& whole) {
     EXPECT_EQ(compare(kWhole).status, 1);

@@ -16,7 +16,7 @@ constexpr int kDepth = 10000;
 constexpr int kDepth = 1000;  // The compiler's checks take many times the stack.
 #endif
 
-// Answers for elements that exist nowhere: element N is the only child of
+// A parser of elements that exist nowhere: element N is the only child of
 // element N - 1; the last one is a feature, all others are static groups.
 class DeepParser final : public XMLParser {
  public:

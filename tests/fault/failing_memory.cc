@@ -71,10 +71,10 @@ NOINLINE void* operator new[](std::size_t size) {
   return allocateOrThrow(size);
 }
 NOINLINE void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-  return allocateOrNull(size, Allocations::kThatAnswer);
+  return allocateOrNull(size, Allocations::kThatReturn);
 }
 NOINLINE void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-  return allocateOrNull(size, Allocations::kThatAnswer);
+  return allocateOrNull(size, Allocations::kThatReturn);
 }
 NOINLINE void operator delete(void* memory) noexcept {
   std::free(memory);

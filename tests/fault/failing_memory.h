@@ -23,7 +23,7 @@ enum class Persistence { kOnce, kFromThenOn };
 enum class Allocations {
   kAll,
   kThatThrow,   // Operator new that throws, and libxml2's.
-  kThatAnswer,  // Operator new that answers null.
+  kThatReturn,  // Operator new that returns null.
 };
 
 struct FailurePlan {

@@ -1,4 +1,4 @@
-// A host whose routines do what a test tells them, with the built library
+// A host whose routines do what a test asks of them, with the built library
 // loaded and a description at hand that has every kind of object in it.
 #ifndef TESTS_FAULT_FAULTY_HOST_H_
 #define TESTS_FAULT_FAULTY_HOST_H_
@@ -48,7 +48,7 @@ class FaultyHost {
   FaultyHost(const FaultyHost&) = delete;
   FaultyHost& operator=(const FaultyHost&) = delete;
 
-  // Hands the description over; what the handler answers.
+  // Passes the description on. Returns what the handler returns.
   int load() { return load_(description_->root()); }
   void complete() { complete_(); }
 
@@ -75,7 +75,7 @@ class FaultyHost {
     return text;
   }
 
-  // All that the library can tell of its model: the dump and the outputs.
+  // All that the library shows of its model: the dump and the outputs.
   std::string model() const;
 
   // The dump, which the library prints.

@@ -25,7 +25,7 @@ class LibraryMemoryTest : public MemoryFaultTest {
                                             std::string("a title of some length"));
   }
 
-  // A text that is allowed to differ from `before` in no way.
+  // A text that must be the same as `before`.
   void expectUnchanged(const std::string& before) { EXPECT_EQ(host_.model(), before); }
 
   FaultyHost host_;
@@ -33,18 +33,18 @@ class LibraryMemoryTest : public MemoryFaultTest {
 INSTANTIATE_MEMORY_FAULTS(LibraryMemoryTest);
 
 // Calls one of the value functions with failing memory. Whatever fails inside
-// it, nothing comes out but its answer.
-#define EXPECT_ANSWER(plan, call, done)                          \
+// it, it only returns its result.
+#define EXPECT_RESULT(plan, call, done)                          \
   do {                                                           \
-    int answer = -1;                                             \
-    EXPECT_TRUE(endsWithoutThrow(plan, [&] { answer = call; })); \
-    EXPECT_EQ(answer, memoryHasFailed() ? 0 : 1);                \
+    int result = -1;                                             \
+    EXPECT_TRUE(endsWithoutThrow(plan, [&] { result = call; })); \
+    EXPECT_EQ(result, memoryHasFailed() ? 0 : 1);                \
     EXPECT_EQ(done, !memoryHasFailed());                         \
     EXPECT_EQ(call, 1);                                          \
     EXPECT_TRUE(done);                                           \
   } while (false)
 
-TEST_P(LibraryMemoryTest, ValueGetters_NoMemory_AnswerZeroAndLeaveTheValue) {
+TEST_P(LibraryMemoryTest, ValueGetters_NoMemory_ReturnZeroAndLeaveTheValue) {
   auto* getInt = host_.function<int(std::string&, const char*, int*)>("GetFeatureIntValue");
   auto* getFloat = host_.function<int(std::string&, const char*, float*)>("GetFeatureFloatValue");
   auto* getBool = host_.function<int(std::string&, const char*, bool*)>("GetFeatureBoolValue");
@@ -55,25 +55,25 @@ TEST_P(LibraryMemoryTest, ValueGetters_NoMemory_AnswerZeroAndLeaveTheValue) {
   std::string title = kTitle;
   sweep(0, [&](const FailurePlan& plan) {
     int value = -5;
-    EXPECT_ANSWER(plan, getInt(copies, "CurrentIntValue", &value), value == 1);
+    EXPECT_RESULT(plan, getInt(copies, "CurrentIntValue", &value), value == 1);
   });
   sweep(1, [&](const FailurePlan& plan) {
     float value = -5;
-    EXPECT_ANSWER(plan, getFloat(scale, "CurrentFloatValue", &value), value == 1.5F);
+    EXPECT_RESULT(plan, getFloat(scale, "CurrentFloatValue", &value), value == 1.5F);
   });
   sweep(0, [&](const FailurePlan& plan) {
     bool value = false;
-    EXPECT_ANSWER(plan, getBool(copies, "Visibility", &value), value);
+    EXPECT_RESULT(plan, getBool(copies, "Visibility", &value), value);
   });
   sweep(2, [&](const FailurePlan& plan) {
     std::string value = "before";
-    EXPECT_ANSWER(plan, getText(title, "CurrentTextValue", value),
+    EXPECT_RESULT(plan, getText(title, "CurrentTextValue", value),
                   value == "a title of some length");
     EXPECT_THAT(value, AnyOf("before", "a title of some length"));
   });
 }
 
-TEST_P(LibraryMemoryTest, ValueSetters_NoMemory_AnswerZeroAndLeaveTheValue) {
+TEST_P(LibraryMemoryTest, ValueSetters_NoMemory_ReturnZeroAndLeaveTheValue) {
   auto* setInt = host_.function<int(std::string&, const char*, int)>("SetFeatureIntValue");
   auto* setFloat = host_.function<int(std::string&, const char*, float)>("SetFeatureFloatValue");
   auto* setText =
@@ -84,33 +84,33 @@ TEST_P(LibraryMemoryTest, ValueSetters_NoMemory_AnswerZeroAndLeaveTheValue) {
   sweep(1, [&](const FailurePlan& plan) {
     int value = 1;
     host_.object(kCopies).setFeatureProperty(std::string("DeferredIntValue"), 1);
-    EXPECT_ANSWER(
+    EXPECT_RESULT(
         plan, setInt(copies, "DeferredIntValue", 5),
         host_.object(kCopies).getFeatureProperty(std::string("DeferredIntValue"), &value) &&
             value == 5);
   });
   sweep(1, [&](const FailurePlan& plan) {
     host_.object(kScale).setFeatureProperty(std::string("CurrentFloatValue"), 1.5F);
-    EXPECT_ANSWER(plan, setFloat(scale, "CurrentFloatValue", 2.5F),
+    EXPECT_RESULT(plan, setFloat(scale, "CurrentFloatValue", 2.5F),
                   host_.text(kScale, "ValueString") == "2.500000");
   });
   sweep(1, [&](const FailurePlan& plan) {
     resetTitle();
-    EXPECT_ANSWER(plan, setText(title, "CurrentTextValue", kLongText),
+    EXPECT_RESULT(plan, setText(title, "CurrentTextValue", kLongText),
                   host_.text(kTitle, "CurrentTextValue") == kLongText);
   });
 }
 
-TEST_P(LibraryMemoryTest, ValueFunctions_UnknownNameAndNoMemory_AnswerZero) {
+TEST_P(LibraryMemoryTest, ValueFunctions_UnknownNameAndNoMemory_ReturnZero) {
   auto* getInt = host_.function<int(std::string&, const char*, int*)>("GetFeatureIntValue");
   std::string unknown = "a feature that is in no description";
   const std::string before = host_.model();
   sweep(2, [&](const FailurePlan& plan) {
     int value = 5;
-    int answer = -1;
+    int result = -1;
     EXPECT_TRUE(
-        endsWithoutThrow(plan, [&] { answer = getInt(unknown, "CurrentIntValue", &value); }));
-    EXPECT_EQ(answer, 0);
+        endsWithoutThrow(plan, [&] { result = getInt(unknown, "CurrentIntValue", &value); }));
+    EXPECT_EQ(result, 0);
     EXPECT_EQ(value, 5);
   });
   expectUnchanged(before);
@@ -150,13 +150,13 @@ TEST_P(LibraryMemoryTest, TicketHandlers_NoMemoryInTheLoadRoutine_LowerTheFlag) 
     auto* handler = host_.function<int(void*)>(name);
     sweep(2, [&](const FailurePlan& plan) {
       resetTitle();
-      int answer = -1;
+      int result = -1;
       updates = 0;
-      EXPECT_TRUE(endsWithoutThrow(plan, [&] { answer = handler(nullptr); }));
-      EXPECT_EQ(answer, memoryHasFailed() ? 0 : 1);
-      const bool tellsAfterwards = answer == 1 && std::string(name) == "JobTicketVORNTagHandler";
-      EXPECT_EQ(updates, tellsAfterwards ? 1 : 0);
-      // With the flag up, this one would tell nobody.
+      EXPECT_TRUE(endsWithoutThrow(plan, [&] { result = handler(nullptr); }));
+      EXPECT_EQ(result, memoryHasFailed() ? 0 : 1);
+      const bool notifiesAfterwards = result == 1 && std::string(name) == "JobTicketVORNTagHandler";
+      EXPECT_EQ(updates, notifiesAfterwards ? 1 : 0);
+      // With the flag up, this one would notify nobody.
       updates = 0;
       host_.object(kCopies).setFeatureProperty(std::string("Visibility"), true);
       EXPECT_EQ(updates, 1);

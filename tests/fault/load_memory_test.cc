@@ -33,9 +33,9 @@ TEST_P(LoadMemoryTest, Load_NoMemory_LeavesTheSetAsItWasAndCanBeRepeated) {
     FaultyHost host;
     host.set();  // Making the set is not what fails here.
     const std::string empty = host.model();
-    int answer = -1;
-    EXPECT_TRUE(endsWithoutThrow(plan, [&] { answer = host.load(); }));
-    if (answer == 0) {
+    int result = -1;
+    EXPECT_TRUE(endsWithoutThrow(plan, [&] { result = host.load(); }));
+    if (result == 0) {
       EXPECT_TRUE(memoryHasFailed());
       EXPECT_EQ(host.model(), empty);
       ASSERT_EQ(host.load(), 1);
@@ -51,9 +51,9 @@ TEST_P(LoadMemoryTest, Load_NoMemoryForTheSecondDescription_LeavesTheFirst) {
     host.loadAndComplete();
     host.object(kCopies).setFeatureProperty(std::string("CurrentIntValue"), 7);
     const std::string before = host.model();
-    int answer = -1;
-    EXPECT_TRUE(endsWithoutThrow(plan, [&] { answer = host.load(); }));
-    if (answer == 0) {
+    int result = -1;
+    EXPECT_TRUE(endsWithoutThrow(plan, [&] { result = host.load(); }));
+    if (result == 0) {
       EXPECT_EQ(host.model(), before);
     } else {
       EXPECT_NE(host.model(), before);
@@ -78,14 +78,14 @@ TEST_P(LoadMemoryDeathTest, Load_NoMemoryForAnObject_EndsTheProcess) {
     FaultyHost host;
     EXPECT_EXIT(
         {
-          const FailingMemory failing({first, GetParam(), Allocations::kThatAnswer});
+          const FailingMemory failing({first, GetParam(), Allocations::kThatReturn});
           host.load();
           _exit(0);
         },
         ExitedWithCode(1), EndsWith("Feature Tag fatal error\n"));
   }
   FaultyHost host;
-  const FailingMemory failing({kObjects, GetParam(), Allocations::kThatAnswer});
+  const FailingMemory failing({kObjects, GetParam(), Allocations::kThatReturn});
   EXPECT_EQ(host.load(), 1);
   EXPECT_FALSE(memoryHasFailed());
 }

@@ -119,11 +119,11 @@ TEST_P(ObjectMemoryTest, UnknownProperty_NoMemoryForItsLine_ChangesNothing) {
     SCOPED_TRACE(name);
     CoreFeature& object = host_.object(name);
     sweep(1, [&](const FailurePlan& plan) {
-      bool answer = true;
+      bool result = true;
       const bool done = endsWithoutThrow(
-          plan, [&] { answer = object.setFeatureProperty("NoPropertyOfAnyFeature", 1.5F); });
+          plan, [&] { result = object.setFeatureProperty("NoPropertyOfAnyFeature", 1.5F); });
       EXPECT_EQ(done, !memoryHasFailed());
-      EXPECT_EQ(answer, !done);  // As it was before, where it did not come back.
+      EXPECT_EQ(result, !done);  // Unchanged where the call did not return.
     });
   }
   EXPECT_EQ(host_.model(), before);
@@ -142,7 +142,7 @@ TEST_P(ObjectMemoryTest, Constraints_NoMemory_AreAddedOrNot) {
     CoreOption& option = *media.fetchOptionByIndex(0);
     ASSERT_TRUE(option.setOptionProperty("Sensitivity", true));
     endsWithoutThrow(plan, [&] { media.applyOptionConstraint("A4OfTheRestOfTheWorld", 5, false); });
-    // However far it got, it can be repeated.
+    // It can be repeated, wherever it failed.
     EXPECT_TRUE(media.applyOptionConstraint("A4OfTheRestOfTheWorld", 5, false));
     EXPECT_TRUE(option.getOptionProperty("Sensitivity", &sensitive));
     EXPECT_FALSE(sensitive);
@@ -194,17 +194,17 @@ TEST_P(ObjectMemoryTest, RecordOperations_NoMemory_LeaveTheRecords) {
   for (const Operation& operation : operations) {
     SCOPED_TRACE(operation.name);
     sweep(1, [&](const FailurePlan& plan) {
-      bool answer = false;
-      const bool done = endsWithoutThrow(plan, [&] { answer = operation.run(); });
+      bool result = false;
+      const bool done = endsWithoutThrow(plan, [&] { result = operation.run(); });
       EXPECT_EQ(done, !memoryHasFailed());
-      EXPECT_EQ(answer, done);
+      EXPECT_EQ(result, done);
       EXPECT_TRUE(operation.run());
       EXPECT_EQ(records(), before);
     });
   }
 }
 
-TEST_P(ObjectMemoryTest, LookUps_NoMemory_AnswerAfterwards) {
+TEST_P(ObjectMemoryTest, LookUps_NoMemory_WorkAfterwards) {
   const Operation operations[] = {
       {"by attribute",
        [&] {
@@ -215,10 +215,10 @@ TEST_P(ObjectMemoryTest, LookUps_NoMemory_AnswerAfterwards) {
   for (const Operation& operation : operations) {
     SCOPED_TRACE(operation.name);
     sweep(1, [&](const FailurePlan& plan) {
-      bool answer = false;
-      const bool done = endsWithoutThrow(plan, [&] { answer = operation.run(); });
+      bool result = false;
+      const bool done = endsWithoutThrow(plan, [&] { result = operation.run(); });
       EXPECT_EQ(done, !memoryHasFailed());
-      EXPECT_EQ(answer, done);
+      EXPECT_EQ(result, done);
       EXPECT_TRUE(operation.run());
     });
   }

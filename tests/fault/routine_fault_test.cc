@@ -45,8 +45,8 @@ class RoutineFaultTest : public ::testing::TestWithParam<Throw> {
     return value;
   }
 
-  // Whether a setter tells the host: it does not while a ticket is loaded.
-  bool tellsHost() {
+  // Whether a setter notifies the host: not while a ticket is loaded.
+  bool notifiesHost() {
     int updates = 0;
     host_.routines.update = [&] { ++updates; };
     host_.object(kCopies).setFeatureProperty(std::string("Visibility"), true);
@@ -69,7 +69,7 @@ TEST_P(RoutineFaultTest, UpdateCallback_Throws_SetterHasStoredTheValue) {
   EXPECT_EQ(current(kCopies), 5);
 }
 
-TEST_P(RoutineFaultTest, UpdateCallback_ThrowsInEachValueFunction_AnswersZero) {
+TEST_P(RoutineFaultTest, UpdateCallback_ThrowsInEachValueFunction_ReturnsZero) {
   host_.routines.update = fail;
   std::string copies = kCopies;
   std::string scale = kScale;
@@ -145,7 +145,7 @@ TEST_P(RoutineFaultTest, RestoreDefaults_ChangeRoutineThrows_CanBeRepeated) {
   EXPECT_EQ(host_.model(), defaults);
 }
 
-TEST_P(RoutineFaultTest, LoadRoutine_Throws_AnswersZeroAndTheFlagIsDown) {
+TEST_P(RoutineFaultTest, LoadRoutine_Throws_ReturnsZeroAndTheFlagIsDown) {
   bool updated = false;
   host_.routines.update = [&] { updated = true; };
   host_.routines.load = [](int /*mode*/) {
@@ -156,15 +156,15 @@ TEST_P(RoutineFaultTest, LoadRoutine_Throws_AnswersZeroAndTheFlagIsDown) {
     SCOPED_TRACE(name);
     EXPECT_EQ(host_.function<int(void*)>(name)(nullptr), 0);
     EXPECT_FALSE(updated);
-    EXPECT_TRUE(tellsHost());
+    EXPECT_TRUE(notifiesHost());
     host_.routines.update = [&] { updated = true; };
   }
 }
 
-TEST_P(RoutineFaultTest, JobTicket_UpdateCallbackThrows_AnswersZeroAndTheFlagIsDown) {
+TEST_P(RoutineFaultTest, JobTicket_UpdateCallbackThrows_ReturnsZeroAndTheFlagIsDown) {
   host_.routines.update = fail;
   EXPECT_EQ(host_.function<int(void*)>("JobTicketVORNTagHandler")(nullptr), 0);
-  EXPECT_TRUE(tellsHost());
+  EXPECT_TRUE(notifiesHost());
 }
 
 TEST_P(RoutineFaultTest, SortRoutine_Throws_RecordIsThereAndUnsorted) {
@@ -185,7 +185,7 @@ TEST_P(RoutineFaultTest, SortRoutine_Throws_RecordIsThereAndUnsorted) {
   EXPECT_EQ(host_.text(kPage, "ValueString"), "3");
 }
 
-TEST_P(RoutineFaultTest, RecordUpdate_Throws_RecordsAreAsToldBefore) {
+TEST_P(RoutineFaultTest, RecordUpdate_Throws_RecordsAreAsReportedBefore) {
   host_.routines.update = fail;
   AttributeMap record = FaultyHost::record("7", "PlainPaperOfTheOffice");
   EXPECT_TRUE(lets([&] { host_.exceptions().addStaticGroupToDynamicGroup(record); }));

@@ -76,7 +76,7 @@ TEST_F(RoutineReentryTest, UpdateCallback_Serializes_SeesTheNewValue) {
   EXPECT_EQ(seen[0], host_.output(0));
 }
 
-TEST_F(RoutineReentryTest, UpdateCallback_ChangesItsFeature_LastValueStands) {
+TEST_F(RoutineReentryTest, UpdateCallback_ChangesItsFeature_LastValueIsKept) {
   host_.routines.update = once([&] { change(kCopies, 7); });
   change(kCopies, 2);
   int value = 0;
@@ -180,7 +180,7 @@ TEST_F(RoutineReentryTest, SortRoutine_AddsARecordAndSorts_KeepsEveryRecord) {
 }
 
 // A change routine of the shape runs while a record is loaded into it.
-TEST_F(RoutineReentryTest, ReadRecord_ChangeRoutineRemovesIt_StillAnswersTheShape) {
+TEST_F(RoutineReentryTest, ReadRecord_ChangeRoutineRemovesIt_StillReturnsTheShape) {
   AttributeMap record = FaultyHost::record("9", "GlossyPaperForPhotos");
   host_.exceptions().addStaticGroupToDynamicGroup(record);
   host_.object(kPage).setFeatureProperty(std::string("AddCallbackRoutine"),
@@ -204,7 +204,7 @@ TEST_F(RoutineReentryTest, OutputRoutine_SerializesAndDumps_BothAreWhole) {
 }
 
 // A second description adds features and options and takes the place of
-// features, and adds its groups behind those that are being written.
+// features, and adds its groups after those that are being written.
 TEST_F(RoutineReentryTest, OutputRoutine_LoadsAnotherDescription_OutputIsWhole) {
   for (const int type : {0, 1, 2}) {
     SCOPED_TRACE(type);
@@ -229,7 +229,7 @@ TEST_F(RoutineReentryTest, OutputRoutine_ChangesTypesAndTexts_OutputEnds) {
     }
     host_.object(kOutputGroup).setFeatureProperty(std::string("FeatureType"), 1);
   };
-  // What stands before the routine's owner is gone, what follows is no feature.
+  // The features before the routine's owner are gone; what follows is not a feature.
   EXPECT_EQ(host_.output(1), "");
   host_.output(0);
   host_.output(2);

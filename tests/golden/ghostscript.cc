@@ -2,8 +2,8 @@
 
 namespace {
 
-// Ghostscript passes over keys that it does not know, and over values of
-// another type than the language wants for them. These are the keys of the
+// Ghostscript ignores keys that it does not know, and values of another type
+// than the language wants for them. These are the keys of the
 // language and of the printers, with the types of their values.
 const std::string kKeys = R"(/keyTypes <<
   /AdvanceDistance [ /integertype /realtype ]

@@ -16,7 +16,7 @@ struct PostScriptCase {
 class GhostscriptTest : public ProgramTest {
  protected:
   // Runs each case on its own, then prints an empty page, all in one process
-  // of Ghostscript. Answers a line for each case that ends in an error, stops
+  // of Ghostscript. Returns a line for each case that ends in an error, stops
   // itself, or leaves something on one of the stacks; a case that ends the
   // process takes the rest with it, which is a line, too. Empty when all is
   // well.
@@ -25,7 +25,7 @@ class GhostscriptTest : public ProgramTest {
   // What `code` prints.
   RunResult print(const std::string& code) const;
 
-  // Runs `code`, then prints an empty page, and answers the corners of what was
+  // Runs `code`, then prints an empty page, and returns the corners of what was
   // painted, as Ghostscript writes them: "0 0 0 0" for nothing.
   std::string findPaintedBox(const std::string& code) const;
 

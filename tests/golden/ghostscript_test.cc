@@ -2,7 +2,7 @@
 
 namespace {
 
-TEST_F(GhostscriptTest, FindFaults_GoodCode_AnswersNothing) {
+TEST_F(GhostscriptTest, FindFaults_GoodCode_ReturnsNothing) {
   EXPECT_EQ(findFaults({{"nothing", ""}, {"copies", "<< /NumCopies 2 >> setpagedevice\n"}}), "");
 }
 
@@ -37,9 +37,9 @@ TEST_F(GhostscriptTest, FindFaults_CodeEndsTheProcess_IsAFault) {
   EXPECT_EQ(findFaults({{"quits", "quit\n"}, {"good", ""}}), "not all cases were run\n");
 }
 
-TEST_F(GhostscriptTest, FindPaintedBox_AnswersTheCorners) {
+TEST_F(GhostscriptTest, FindPaintedBox_ReturnsTheCorners) {
   EXPECT_EQ(findPaintedBox(""), "0 0 0 0");
-  // Ghostscript adds what a pixel may stand out.
+  // Ghostscript adds the width of a pixel.
   EXPECT_EQ(findPaintedBox("10 20 30 40 rectfill\n"), "9 19 41 61");
   EXPECT_EQ(findPaintedBox("nonsense\n").substr(0, 6), "no box");
 }

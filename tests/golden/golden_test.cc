@@ -28,7 +28,7 @@ std::vector<std::string> readArguments(const std::string& name) {
   return arguments;
 }
 
-// The arguments behind the program's name. The changed office laser has
+// The arguments after the program's name. The changed office laser has
 // records, too, and the dump takes no arguments of tickets.
 std::vector<std::string> commandLine(const std::string& description, const std::string& settings,
                                      const std::string& form) {
@@ -61,7 +61,7 @@ TEST_P(GoldenTest, Emit_ShippedDescription_WritesTheGoldenFile) {
   EXPECT_EQ(run(commandLine(description, settings, form)), success(golden));
 }
 
-// The lines of a settings file are sorted by name, so that most of them stand
+// The lines of a settings file are sorted by name, so that most of them are
 // in another order than the arguments.
 TEST_P(SavedSettingsTest, Emit_SavedSettings_WriteTheGoldenFileAgain) {
   const auto& [description, settings, form] = GetParam();

@@ -7,7 +7,7 @@ namespace {
 const std::string kBegin = "\x1B%-12345X@PJL JOB NAME = \"Name\"\r\n";
 const std::string kEnd = "@PJL ENTER LANGUAGE = POSTSCRIPT\r\n";
 
-TEST(PjlCheckerTest, FindPjlFault_GoodHeaders_AnswersNothing) {
+TEST(PjlCheckerTest, FindPjlFault_GoodHeaders_ReturnsNothing) {
   EXPECT_EQ(findPjlFault(kBegin + kEnd), "");
   EXPECT_EQ(findPjlFault(kBegin +
                          "@PJL SET DUPLEX = ON\r\n@PJL SET TIMEOUT = 60\r\n"
@@ -16,7 +16,7 @@ TEST(PjlCheckerTest, FindPjlFault_GoodHeaders_AnswersNothing) {
             "");
 }
 
-TEST(PjlCheckerTest, FindPjlFault_BadHeaders_TellsTheFirstFault) {
+TEST(PjlCheckerTest, FindPjlFault_BadHeaders_ReturnsTheFirstFault) {
   const struct {
     const char* name;
     std::string header;

@@ -3,7 +3,7 @@
 #
 #   tests/golden/refresh.sh BUILD_DIR
 #
-# What the program writes is no proof that it should: read each difference that
+# What the program writes need not be right: read each difference that
 # git shows afterwards, and keep it only when it is what was meant.
 set -euo pipefail
 

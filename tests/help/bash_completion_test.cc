@@ -100,20 +100,20 @@ TEST_F(BashCompletionTest, Reply_NameWithBlank_IsQuoted) {
               ElementsAre("Upper\\ tray"));
 }
 
-TEST_F(BashCompletionTest, Reply_CursorWithinAWord_CompletesWhatStandsBeforeIt) {
+TEST_F(BashCompletionTest, Reply_CursorWithinAWord_CompletesWhatIsBeforeIt) {
   EXPECT_THAT(replies("driver-feature dxxp", {"driver-feature", "dxxp"}, "point=16"),
               ElementsAre("dump", "diff"));
 }
 
-TEST_F(BashCompletionTest, Reply_NameOfAFeatureOrFile_TellsBashWhatFollows) {
-  const std::string tell = "compopt() { echo \"$@\"; }";
+TEST_F(BashCompletionTest, Reply_NameOfAFeatureOrFile_ShowsBashWhatFollows) {
+  const std::string show = "compopt() { echo \"$@\"; }";
   EXPECT_THAT(replies("driver-feature show office.xml -o Page",
-                      {"driver-feature", "show", "office.xml", "-o", "Page"}, tell),
+                      {"driver-feature", "show", "office.xml", "-o", "Page"}, show),
               ElementsAre("-o nospace", "PageSize="));
   EXPECT_THAT(replies("driver-feature show office.xml -o Duplex=L",
-                      {"driver-feature", "show", "office.xml", "-o", "Duplex", "=", "L"}, tell),
+                      {"driver-feature", "show", "office.xml", "-o", "Duplex", "=", "L"}, show),
               ElementsAre("LongEdge"));
-  EXPECT_THAT(replies("driver-feature show off", {"driver-feature", "show", "off"}, tell),
+  EXPECT_THAT(replies("driver-feature show off", {"driver-feature", "show", "off"}, show),
               ElementsAre("-o filenames", "office.xml"));
 }
 

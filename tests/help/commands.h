@@ -15,7 +15,7 @@ class HelpTest : public ProgramTest {
   HelpTest();
 
   // Runs a line of a shell in the folder. The program finds there the routines
-  // of the shipped descriptions without being told where they are.
+  // of the shipped descriptions by itself.
   RunResult runShell(const std::string& line) const;
 
   // The text of "driver-feature COMMAND --help"; of the program for "".
@@ -25,8 +25,8 @@ class HelpTest : public ProgramTest {
   std::vector<std::string> commands() const;
 };
 
-// The options that stand in a text, each spelling for itself; what stands
-// within other words or in examples is none.
+// The options that a text lists, each spelling for itself; not what is within
+// other words or in examples.
 std::set<std::string> optionsListedIn(const std::string& text);
 
 // The lines of a help text that are examples to be typed.

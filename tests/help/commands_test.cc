@@ -1,5 +1,5 @@
 // The help of the program and of each command: it has examples that work, and
-// tells the exit status.
+// lists the exit statuses.
 
 #include "help/commands.h"
 
@@ -59,7 +59,7 @@ std::vector<std::string> HelpTest::commands() const {
 }
 
 std::set<std::string> optionsListedIn(const std::string& text) {
-  // A list of options begins a line and may go on behind commas.
+  // A list of options begins a line and may go on after commas.
   static const std::regex kLine(" +(-[-a-zA-Z0-9]+(?:, ?-[-a-zA-Z0-9]+)*)(?: .*)?");
   static const std::regex kOption("-[-a-zA-Z0-9]+");
   std::set<std::string> options;
@@ -95,7 +95,7 @@ std::vector<std::string> examplesOf(const std::string& help) {
 
 namespace {
 
-TEST_F(HelpTest, Help_EveryCommand_HasExamplesOfItAndTellsTheExitStatus) {
+TEST_F(HelpTest, Help_EveryCommand_HasExamplesOfItAndTheExitStatus) {
   ASSERT_THAT(commands(), testing::IsSupersetOf({"show", "emit", "dump", "try", "diff"}));
   for (const std::string& command : commands()) {
     const std::string text = help(command);
@@ -109,7 +109,7 @@ TEST_F(HelpTest, Help_EveryCommand_HasExamplesOfItAndTellsTheExitStatus) {
 }
 
 // 0, or 1 for what a comparison or a check has found; 2 is wrong usage.
-TEST_F(HelpTest, Help_EveryExample_IsNoWrongUsage) {
+TEST_F(HelpTest, Help_EveryExample_IsValidUsage) {
   std::vector<std::string> names = commands();
   names.emplace_back();
   for (const std::string& command : names) {

@@ -63,7 +63,7 @@ TEST_F(FormatPagesTest, Format_EitherPage_HasNoWarning) {
   }
 }
 
-TEST_F(FormatPagesTest, Attributes_EachOfTheList_StandsWithItsElement) {
+TEST_F(FormatPagesTest, Attributes_EachOfTheList_IsWithItsElement) {
   std::ifstream list(DESCRIPTION_ATTRIBUTES);
   const std::vector<std::string> page = linesOfPage(kDescription);
   int count = 0;

@@ -24,7 +24,7 @@ class ManualPageTest : public HelpTest {
     return result.output;
   }
 
-  // The lines behind a heading up to the next one of the same depth or higher.
+  // The lines after a heading up to the next one of the same depth or higher.
   std::string sectionOf(const std::string& heading) const {
     std::string section;
     const std::size_t depth = heading.find_first_not_of(' ');
@@ -69,7 +69,7 @@ TEST_F(ManualPageTest, Commands_EachHasASectionWithItsOptions) {
   }
 }
 
-TEST_F(ManualPageTest, Examples_EachOfTheHelp_StandsInThePage) {
+TEST_F(ManualPageTest, Examples_EachOfTheHelp_IsInThePage) {
   const std::string text = page();
   std::vector<std::string> names = commands();
   names.emplace_back();
@@ -80,7 +80,7 @@ TEST_F(ManualPageTest, Examples_EachOfTheHelp_StandsInThePage) {
   }
 }
 
-// A variable that the program reads and nobody is told of is of no use.
+// A variable that the program reads is of no use unless users know it.
 TEST_F(ManualPageTest, Environment_EveryVariableThatTheProgramReads_IsNamed) {
   const std::string section = sectionOf("ENVIRONMENT");
   const std::regex kUse("(?:getenv|environment|absolutePathIn)\\(\"([A-Z_]+)\"\\)");

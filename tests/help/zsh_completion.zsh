@@ -19,7 +19,7 @@ readUpTo() {
 zpty -b shell TERM=dumb zsh -f -i
 zpty -w shell "PS1= PS2=; unsetopt zle_bracketed_paste prompt_cr prompt_sp"
 zpty -w shell "fpath=(${(q)1} \$fpath); autoload -Uz compinit; compinit -u -D"
-# A key prints the line as it stands then.
+# A key prints the line as it is then.
 zpty -w shell "showLine() { print -r -- \"<<\$BUFFER>>\" >./line; print -r -- DO''NE }"
 zpty -w shell "zle -N showLine; bindkey '^X^G' showLine; print REA''DY"
 readUpTo READY

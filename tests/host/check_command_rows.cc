@@ -84,7 +84,7 @@ const std::vector<CheckRow>& commandRows() {
        "cannot carry; use ASCII characters only [DF505]\n"
        "@:5:42: error: PJLCommand of feature \"B\" holds \"\\x7f\", which PJL cannot carry; use "
        "ASCII characters only [DF505]\n"},
-      {"the end of a job, which is written behind it, and its PostScript, which is not",
+      {"the end of a job, which is written after it, and its PostScript, which is not",
        {"<Feature FeatureType='MultiSelect' Name='JCLEnd' DefaultValue='True'>",
         "<Option Name='True' PJLCommand='@PJL EOJ&#10;' PSCommand='a'/></Feature>"},
        "@:4:48: warning: PSCommand of the options of feature \"JCLEnd\" is never written; give the "

@@ -37,7 +37,7 @@ const std::vector<CheckRow>& reachRows() {
        "@:8:42: warning: AddVORNCallbackRoutine of feature \"B\" is never written, because it "
        "belongs to a template of records; remove it, and let a feature's routine write the records "
        "[DF601]\n"},
-      {"routines of members: PJL passes over them, PostScript does not",
+      {"routines of members: PJL ignores them, PostScript does not",
        {"<FeatureStaticGroup Name='G' PJLCommand='%s' PSCommand='%s'>",
         "<Feature FeatureType='UIOnly' Name='A' AddPJLCallbackRoutine='writeBytes' "
         "AddPSCallbackRoutine='writeBytes'/></FeatureStaticGroup>"},

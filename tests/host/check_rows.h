@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-// The elements stand in a FeatureDescription below a BaseFeatureInfo in line 2,
-// from line 3 on. In the expectation, "@" stands for the file's name.
+// The elements are in a FeatureDescription, from line 3 on, below a
+// BaseFeatureInfo in line 2. In the expectation, "@" means the file's name.
 struct CheckRow {
   std::string name;
   std::vector<std::string> elements;

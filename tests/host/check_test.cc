@@ -70,7 +70,7 @@ TEST_F(CheckTest, Rows_Together_ProduceEveryCode) {
   for (std::sregex_iterator at(text.begin(), text.end(), code), end; at != end; ++at) {
     listed.insert((*at)[2]);
   }
-  // Those of files that are no descriptions, of BaseFeatureInfo in the wrong
+  // Those of files that are not descriptions, of BaseFeatureInfo in the wrong
   // place or none, of a second description and of the schema are produced
   // below; those of a library that disagrees in host/check/verdict_test.cc.
   std::set<std::string> produced = {"DF001", "DF002", "DF003", "DF107", "DF108",

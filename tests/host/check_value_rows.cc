@@ -24,7 +24,7 @@ const std::vector<CheckRow>& valueRows() {
        "whole number from -2147483648 to 2147483647, without blanks [DF301]\n"
        "    log: AttributeMap::loadMapVariable() - Attribute \"MaxTextLength\" holds "
        "\"2147483648\" where a decimal 32-bit number is needed.\n"},
-      {"default that is no option",
+      {"default that is not an option",
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='a3'><Option Name='A4'/>"
         "<Option Name='A3'/></Feature>",
         "<Feature FeatureType='MultiSelect' Name='B' DefaultValue='Legal'><Option Name='A4'/>"
@@ -68,7 +68,7 @@ const std::vector<CheckRow>& valueRows() {
         "<Feature FeatureType='IntEntry' Name='B' IntMaxValue='1' IntMinValue='1'/>"},
        "@:3:58: error: the minimum 2 of feature \"A\" is above its maximum 1; exchange IntMinValue "
        "and IntMaxValue or correct them [DF307]\n"},
-      {"length that is no limit",
+      {"length that is not a limit",
        {"<Feature FeatureType='TextEntry' Name='A' MaxTextLength='0' DefaultValue='a'/>"},
        "@:3:43: warning: a MaxTextLength of 0 does not limit the text of feature \"A\"; give 1 or "
        "more, or remove the attribute [DF308]\n"},
@@ -109,7 +109,7 @@ const std::vector<CheckRow>& valueRows() {
        "encoded PostScript string; remove it from the set [DF310]\n"
        "@:6:43: warning: TextValidationCharSet of feature \"C\" allows a quotation mark, which "
        "ends the PJL string; remove it from the set [DF310]\n"},
-      {"control characters are told once; a string that an inner group ends",
+      {"control characters are reported once; a string that an inner group ends",
        {"<Feature FeatureType='TextEntry' Name='A' TextValidationCharSet='a&#10;' "
         "PJLCommand='&quot;%s&quot;&#10;' PSCommand='(%s)'/>",
         "<FeatureStaticGroup Name='G' PSCommand='(%s)'>",

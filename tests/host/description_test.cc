@@ -31,7 +31,7 @@ TEST_F(DescriptionTest, Show_Folder_EndsWithTwo) {
               "readable feature description\n"));
 }
 
-TEST_F(DescriptionTest, Show_NotXml_TellsLineAndColumn) {
+TEST_F(DescriptionTest, Show_NotXml_NamesLineAndColumn) {
   write("office.xml", "Name=Office\n");
   EXPECT_EQ(show("office.xml"),
             failure(2,
@@ -44,21 +44,21 @@ TEST_F(DescriptionTest, Show_NotXml_TellsLineAndColumn) {
                     "Feature line 2 and Featur; correct the XML there\n"));
 }
 
-TEST_F(DescriptionTest, Show_EmptyFile_TellsLineAndColumn) {
+TEST_F(DescriptionTest, Show_EmptyFile_NamesLineAndColumn) {
   write("office.xml", "");
   EXPECT_EQ(show("office.xml"), failure(2,
                                         "driver-feature: office.xml:1:1: error: is empty; correct "
                                         "the XML there\n"));
 }
 
-TEST_F(DescriptionTest, Show_ElementIsMissing_TellsTheRootsLine) {
+TEST_F(DescriptionTest, Show_ElementIsMissing_NamesTheRootsLine) {
   write("office.xml", "<?xml version=\"1.0\"?>\n\n<Driver>\n<Features/>\n</Driver>\n");
   EXPECT_EQ(show("office.xml"),
             failure(2,
                     "driver-feature: office.xml:3:1: error: there is no FeatureDescription "
                     "element; name the root <Driver> or one of its children "
                     "<FeatureDescription>\n"));
-  // A grandchild is none, and neither is a name in another case.
+  // Neither a grandchild nor a name in another case counts.
   write("deep.xml", "<Driver><A><FeatureDescription/></A><featureDescription/></Driver>");
   EXPECT_EQ(show("deep.xml"),
             failure(2,

@@ -1,4 +1,4 @@
-// What "diff" tells about two settings files.
+// What "diff" shows of two settings files.
 
 #include "host/program_runner.h"
 
@@ -28,7 +28,7 @@ TEST_F(DiffTest, Diff_SameValues_PrintsNothing) {
             success(""));
 }
 
-TEST_F(DiffTest, Diff_OtherValues_TellsSettingsAndOutputs) {
+TEST_F(DiffTest, Diff_OtherValues_ShowsSettingsAndOutputs) {
   EXPECT_EQ(run({"diff", "office.xml", "a.conf", "b.conf", "--allow-control-characters"}),
             (RunResult{1,
                        "--- a.conf (settings)\n"

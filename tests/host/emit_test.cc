@@ -191,4 +191,27 @@ TEST_F(EmitTest, Emit_EveryStandardStreamClosed_HarmsNoFile) {
   EXPECT_EQ(read("job.ps"), kPostScript);
 }
 
+TEST_F(EmitTest, Emit_RoutineThrows_EndsWithOneAndWritesNothing) {
+  struct Row {
+    const char* routine;
+    const char* errors;
+  };
+  const Row kRows[] = {
+      {"throwNumber",
+       "driver-feature: a routine of the description threw an exception that is not derived from "
+       "std::exception; fix the routine\n"},
+      {"throwException", "driver-feature: no paper\n"},
+  };
+  write("job.ps", "old");
+  for (const Row& row : kRows) {
+    describe("throwing.xml", {"<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'/>",
+                              "<Feature FeatureType='IntEntry' Name='A' AddCallbackRoutine='" +
+                                  std::string(row.routine) + "'/>"});
+    EXPECT_EQ(run({"emit", "throwing.xml", "--callbacks", ROUTINES_LIBRARY, "--to", "ps=job.ps",
+                   "-o", "A=1"}),
+              failure(1, row.errors));
+    EXPECT_EQ(read("job.ps"), "old");
+  }
+}
+
 }  // namespace

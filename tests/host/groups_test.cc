@@ -42,7 +42,7 @@ constexpr const char* kGroupTable =
     "Finishing   static    -           -        Staple, Fold\n"
     "Fold        static    Finishing   -        Angle\n";
 
-TEST_F(GroupsTest, Show_Groups_StandBelowTheFeatures) {
+TEST_F(GroupsTest, Show_Groups_AreBelowTheFeatures) {
   EXPECT_EQ(run({"show", "office.xml"}),
             success(std::string("NAME    TYPE         VALUE  AVAILABILITY  CHOICES AND LIMITS\n"
                                 "Angle   FloatEntry   0.5    available\n"
@@ -60,7 +60,7 @@ TEST_F(GroupsTest, Show_Records_AreAddedAndPrintedBackInTheirOrder) {
   const RunResult result = run({"show", "office.xml", "--records", "Exceptions", "records.json"});
   const std::size_t groups = result.output.find("\nGROUP");
   ASSERT_NE(groups, std::string::npos);
-  // The template has its own values back.
+  // The template has its own values again.
   EXPECT_NE(result.output.find("Page    IntEntry     1 "), std::string::npos);
   EXPECT_EQ(result.output.substr(groups),
             std::string(kGroupTable) +

@@ -1,5 +1,5 @@
-// Runs the built program as a user does, and catches all that it leaves
-// behind.
+// Runs the built program as a user does, and catches all that it
+// prints.
 #ifndef TESTS_HOST_PROGRAM_RUNNER_H_
 #define TESTS_HOST_PROGRAM_RUNNER_H_
 
@@ -53,7 +53,7 @@ class ProgramTest : public testing::Test {
   std::filesystem::path folder_;
 };
 
-// What the program answers when it works, and when it refuses something.
+// What the program prints when it works, and when it refuses something.
 RunResult success(const std::string& output);
 RunResult failure(int status, const std::string& errors);
 

@@ -40,7 +40,7 @@ class RefusalTest : public ProgramTest {
   void expectRefused(const std::string& setting, const std::string& reason) const {
     const RunResult expected = failure(2, "driver-feature: -o " + setting + ": " + reason + "\n");
     EXPECT_EQ(emit({setting}), expected);
-    // The settings before it are no reason to write anything.
+    // The settings before it are not written either.
     EXPECT_EQ(emit({"Free=1", setting, "Free=2"}), expected);
     EXPECT_EQ(run({"emit", "o.xml", "--to", "ps", "-o", setting}), expected);
   }

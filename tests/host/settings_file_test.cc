@@ -94,7 +94,7 @@ TEST_F(SettingsFileTest, Settings_FloatsOfEverySize_ComeBackExactly) {
             std::string::npos);
 }
 
-TEST_F(SettingsFileTest, Settings_RefusedLines_AreAllToldAndNothingIsWritten) {
+TEST_F(SettingsFileTest, Settings_RefusedLines_AreAllReportedAndNothingIsWritten) {
   write("in.conf",
         "Copies=0\n"
         "PagSize=A4\n"
@@ -173,7 +173,7 @@ TEST_F(SettingsFileTest, Settings_Refused_CallNoRoutine) {
 }
 
 // A feature keeps its value when another one's routine makes it unavailable,
-// so it has to be set first, wherever its line stands.
+// so it has to be set first, wherever its line is.
 TEST_F(SettingsFileTest, Settings_LineThatForbidsALaterOne_AreMadeInAnotherOrder) {
   describe("duplex.xml",
            {feature("IntEntry", "Copies", "PSCommand='%d,' AddCallbackRoutine='forbidDuplex'"),

@@ -181,7 +181,7 @@ TEST_F(ShellOutputTest, Help_Command_ShowsUsageAndDetails) {
                     "Chooses which log lines are shown.\n"
                     "quiet: errors; usual: errors and misuse; all: every line. Without an "
                     "argument, it\n"
-                    "tells which is set.\n"));
+                    "shows which is set.\n"));
   EXPECT_EQ(runScript({"help lgo"}),
             failure(2,
                     "driver-feature: standard input:1: there is no command \"lgo\"; did you "
@@ -202,24 +202,23 @@ TEST_F(ShellOutputTest, Help_Alone_ListsEveryCommand) {
           "restore [NAME...]                       Restores the saved values\n"
           "write FILE                              Writes all values and records to a settings "
           "file\n"
-          "load FILE                               Makes the values and records those of a "
-          "settings file\n"
+          "load FILE                               Loads values and records from a settings file\n"
           "defaults                                Sets every feature to its default value\n"
           "records GROUP [ACTION ...]              Lists or changes the records of a dynamic "
           "group\n"
           "constrain NAME OPTION ID [hide]         Makes an option unavailable\n"
           "release NAME OPTION ID                  Makes an option available again\n"
           "log [quiet|usual|all]                   Chooses which log lines are shown\n"
-          "dump                                    Lets the library print its whole model\n"
+          "dump                                    Prints the library's whole model\n"
           "help [COMMAND]                          Shows the commands, or one\n"
           "quit                                    Ends the shell; so does Ctrl-D\n"
           "\n"
-          "\"help COMMAND\" tells more. Words are separated by blanks; quotes keep blanks in a\n"
+          "\"help COMMAND\" shows more. Words are separated by blanks; quotes keep blanks in a\n"
           "word: set Owner \"A. B.\"  In double quotes and without quotes, \\n, \\r, \\t, \\e\n"
-          "(ESC), \\xNN, and \\ before a blank, quote, # or \\ stand for one character. A word\n"
+          "(ESC), \\xNN, and \\ before a blank, quote, # or \\ mean one character. A word\n"
           "that begins with # begins a comment.\n"
           "\n"
-          "Indented lines tell what a command causes: log lines, calls of the host's update\n"
+          "Indented lines show what a command causes: log lines, calls of the host's update\n"
           "callback, and what has changed by then.\n"));
 }
 

@@ -99,7 +99,7 @@ TEST_F(ShellStateTest, Constrain_Refused_SaysWhy) {
   EXPECT_EQ(refusalOf("", "constrain Duplex Of 1"),
             "feature \"Duplex\" has no option \"Of\"; did you mean \"Off\"?\n");
   EXPECT_EQ(refusalOf("", "constrain Duplex Off -1"),
-            "\"-1\" is no number of a constraint; give a whole number of 0 or more\n");
+            "\"-1\" is not the number of a constraint; give a whole number of 0 or more\n");
   EXPECT_EQ(refusalOf("", "constrain Duplex Off 1 hid"),
             "\"hid\" is not expected; write \"hide\" or nothing\n");
   EXPECT_EQ(refusalOf("constrain Media Foil 1", "constrain Media Plain 1"),
@@ -131,7 +131,7 @@ TEST_F(ShellStateTest, Option_Property_IsShownAndSet) {
             "PJLCommand, PSCommand, SNMPValue, Sensitivity, TESKCommand, TESKTicketCommand, "
             "Visibility\n");
   EXPECT_EQ(refusalOf("", "option Media Foil Visibility maybe"),
-            "\"maybe\" is no value for \"Visibility\"; give true or false\n");
+            "\"maybe\" is not a value for \"Visibility\"; give true or false\n");
   EXPECT_EQ(refusalOf("", "option Media Fool"),
             "feature \"Media\" has no option \"Fool\"; did you mean \"Foil\"?\n");
 }

@@ -39,7 +39,7 @@ TEST_F(ShellTerminalTest, Tab_PressedTwice_ShowsTheProposals) {
   EXPECT_TRUE(shown.ends_with("First=  Tray=   \r\n")) << shown;
 }
 
-TEST_F(ShellTerminalTest, Tab_BehindAMember_GoesOnWithItsValue) {
+TEST_F(ShellTerminalTest, Tab_AfterAMember_GoesOnWithItsValue) {
   const auto terminal = start();
   terminal->press("records Pages add Fi\t3 Tr\tL\t\r");
   EXPECT_EQ(terminal->readPrompt(),
@@ -76,7 +76,7 @@ TEST_F(ShellTerminalTest, BytesOfAnotherEncoding_ArriveAsTheyAre) {
   }
 }
 
-TEST_F(ShellTerminalTest, RefusedLine_IsTold_AndTheShellGoesOn) {
+TEST_F(ShellTerminalTest, RefusedLine_IsReported_AndTheShellGoesOn) {
   const auto terminal = start();
   terminal->press("set Copies 0\r");
   EXPECT_EQ(terminal->readPrompt(),
@@ -180,7 +180,7 @@ TEST_F(ShellTerminalTest, History_OfTwoShells_KeepsTheLinesOfBoth) {
   EXPECT_EQ(read("state/driver-feature/history"), "get Duplex\nget Copies\n");
 }
 
-TEST_F(ShellTerminalTest, History_WithoutAPlace_IsNoFailure) {
+TEST_F(ShellTerminalTest, History_WithoutAPlace_IsNotAFailure) {
   write("state", "a file, not a folder");
   const auto terminal = start();
   terminal->press("get Copies\r");

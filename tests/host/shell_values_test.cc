@@ -6,7 +6,7 @@ namespace {
 
 class ShellValuesTest : public ShellTest {};
 
-TEST_F(ShellValuesTest, Set_EveryType_TellsTheChangeAndTheNotification) {
+TEST_F(ShellValuesTest, Set_EveryType_ShowsTheChangeAndTheNotification) {
   EXPECT_EQ(transcriptOf({"set Copies 3", "set Scale 1.25", "set Owner 'A. \"B\"'",
                           "set Duplex Long", "get Copies", "get Scale", "get Owner", "get Duplex"}),
             "  changed Copies: 1 -> 3\n"

@@ -1,4 +1,4 @@
-// What "show" tells about one feature or group.
+// What "show" prints about one feature or group.
 
 #include <nlohmann/json.hpp>
 
@@ -21,7 +21,7 @@ class ShowDetailsTest : public ProgramTest {
   }
 };
 
-TEST_F(ShowDetailsTest, Show_Feature_TellsEverything) {
+TEST_F(ShowDetailsTest, Show_Feature_PrintsEverything) {
   const RunResult result = run({"show", "office.xml", "Pin", "-q"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.errors, "");
@@ -33,7 +33,7 @@ TEST_F(ShowDetailsTest, Show_Feature_TellsEverything) {
   }
 }
 
-TEST_F(ShowDetailsTest, Show_FeatureInGroup_TellsGroupsAndOptions) {
+TEST_F(ShowDetailsTest, Show_FeatureInGroup_PrintsGroupsAndOptions) {
   const RunResult result = run({"show", "office.xml", "Staple"});
   EXPECT_EQ(result.status, 0);
   EXPECT_NE(result.output.find("In groups  Finishing\n"), std::string::npos) << result.output;

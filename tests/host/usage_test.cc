@@ -147,7 +147,7 @@ TEST_F(UsageTest, Version_LibraryGivenButUnusable_Fails) {
                        "name another one with --library PATH\n"));
 }
 
-TEST_F(UsageTest, Library_GivenBeforeOrBehindTheCommand_IsLoaded) {
+TEST_F(UsageTest, Library_GivenBeforeOrAfterTheCommand_IsLoaded) {
   describe("a.xml", {});
   const RunResult refused =
       failure(1,

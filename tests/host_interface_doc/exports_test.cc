@@ -18,7 +18,7 @@ using ::testing::SizeIs;
 
 using Names = std::set<std::string>;
 
-// The last word of each line; what stands before it is the kind of symbol.
+// The last word of each line; what comes before it is the kind of symbol.
 Names namesIn(const std::string& list) {
   Names names;
   for (const std::string& line : linesOf(list)) {

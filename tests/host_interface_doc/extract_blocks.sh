@@ -1,5 +1,5 @@
 #!/bin/bash
-# Prints the blocks of one language of a Markdown page, one behind another.
+# Prints the blocks of one language of a Markdown page, one after another.
 # Fails when there is none.
 #
 #   extract_blocks.sh LANGUAGE PAGE

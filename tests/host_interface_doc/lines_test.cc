@@ -62,7 +62,7 @@ class HostInterfaceLinesTest : public LoadedLibraryTest {
     return object;
   }
 
-  // What the call logs, in one line, stands in the row of the slot with its level.
+  // What the call logs, in one line, is in the row of the slot, with its level.
   static void expectLine(const std::string& title, std::size_t slot,
                          const std::function<void()>& call) {
     SCOPED_TRACE(title + ", slot " + std::to_string(slot));

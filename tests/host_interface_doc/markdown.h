@@ -13,7 +13,7 @@ using Row = std::vector<std::string>;  // The cells of a table's row, trimmed.
 std::string readFile(const std::string& path);
 std::string readPage(const std::string& name);
 
-// What stands below the heading `title` of the second level, up to the next
+// The text below the heading `title` of the second level, up to the next
 // of that level. Empty when there is no such heading.
 std::string sectionOf(const std::string& page, const std::string& title);
 

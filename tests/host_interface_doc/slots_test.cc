@@ -1,5 +1,5 @@
-// The tables of slots: every operation stands in its object's table, in the
-// row of its number, with its signature.
+// The tables of slots: every operation is in its object's table, in the row of
+// its number, with its signature.
 
 #include <string>
 #include <vector>

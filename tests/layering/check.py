@@ -60,7 +60,7 @@ def main():
     for source in sources(root, rooms):
         room = room_of(source, rooms)
         if room is None:
-            faults.append(f"{source}: its folder is no room of {_LIST.name}")
+            faults.append(f"{source}: its folder is not a room of {_LIST.name}")
             continue
         for number, included in project_includes(root, source):
             other = room_of(included, rooms)

@@ -46,7 +46,7 @@ expectFault 'library/diagnostics/sideways.cc:1: library/diagnostics may not incl
 fresh
 mkdir "$work/library/attic"
 touch "$work/library/attic/old.cc"
-expectFault 'library/attic/old.cc: its folder is no room of rooms.txt'
+expectFault 'library/attic/old.cc: its folder is not a room of rooms.txt'
 
 fresh
 sed -i 's|^library/diagnostics:|& library/templates|' "$work/tests/layering/rooms.txt"

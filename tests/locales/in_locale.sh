@@ -12,7 +12,7 @@ build=$(realpath "$1")
 name=$2
 shift 2
 # Messages of the system stay English: tests compare them. The address checks
-# want to be loaded first and are told that they are not.
+# expect to be loaded first; an option tells them that they are not.
 setting=(LC_ALL="$name" LANGUAGE=en LOCPATH="$build/locales"
   LD_PRELOAD="$build/lib/libset_locale.so"
   ASAN_OPTIONS="${ASAN_OPTIONS:-detect_leaks=0}:verify_asan_link_order=0")

@@ -8,7 +8,7 @@ set -eu
 folder=$1
 mkdir -p -- "$folder"
 # One has a decimal comma and groups digits; in the other, the small letter of
-# "I" is no "i", too.
+# "I" is not "i", too.
 for language in de_DE tr_TR; do
   target=$folder/$language.UTF-8
   if [ -d "$target" ]; then continue; fi

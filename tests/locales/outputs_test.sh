@@ -20,7 +20,7 @@ write() {
   shift 3
   mkdir -p -- "$folder"
   cd -- "$folder"
-  # The last complaint tells why a command has failed.
+  # The last complaint says why a command has failed.
   trap 'tail -n 3 "$folder"/errors.* >&2' ERR
   local program=(bash "$tools/in_locale.sh" "$build" "$locale"
     "$build/bin/driver-feature" --callbacks "$routines")
@@ -32,7 +32,7 @@ write() {
   "${program[@]}" show "$description" "$@" --json >output.json 2>errors.json
   "${program[@]}" try "$description" "$@" >output.try 2>errors.try
   "${program[@]}" check "$description" >output.check 2>errors.check
-  # What is refused is told alike, too.
+  # Refusals are reported alike, too.
   "${program[@]}" emit "$description" --to ps --settings saved.conf \
     >output.again 2>errors.again || true
   "${program[@]}" emit "$description" --to ps -o 1,5=2 >output.refused 2>errors.refused || true

@@ -83,7 +83,7 @@ class Source:
         return bisect.bisect_right(self._line_starts, position)
 
     def is_spaced(self, index):
-        """Whether blanks stand on both sides, as around a binary operator."""
+        """Whether there are blanks on both sides, as around a binary operator."""
         token = self.tokens[index]
         return (self.text[token.start - 1:token.start].isspace()
                 and self.text[token.end:token.end + 1].isspace())

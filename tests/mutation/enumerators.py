@@ -62,7 +62,7 @@ def _is_being_defined(source, index):
 
 
 def next_enumerator(source, index, enumerators):
-    """What may stand for an enumerator; None where the word is none, or where
+    """What may replace an enumerator; None where the word is not one, or where
     it is not certain which enumeration it belongs to."""
     word = source.word(index)
     owners = enumerators.owners.get(word)

@@ -1,5 +1,5 @@
 """Changes the library's sources in one place at a time and sees which change
-no test notices. `./dev mutate --help` tells how to run it; docs/testing.md
+no test notices. See `./dev mutate --help` for how to run it, and docs/testing.md for
 what it is for.
 """
 
@@ -66,7 +66,7 @@ def draw_sample(mutations, size, seed):
     for path, found in files.items():
         drawn += random.Random(f"{seed} {path}").sample(found, counts[path])
     # Neighbours in a file are tried far apart, so that the figures on the way
-    # tell something.
+    # are representative.
     random.Random(seed).shuffle(drawn)
     return drawn
 
@@ -227,7 +227,7 @@ def main():
     paths = library_sources(_ROOT)
     unknown = [place for place in arguments.places if place.split(":")[0] not in paths]
     if unknown:
-        sys.exit(f"mutate: {unknown[0]} is no source of the library")
+        sys.exit(f"mutate: {unknown[0]} is not a source of the library")
     texts = {path: (_ROOT / path).read_text() for path in paths}
     sources = {path: Source(path, text) for path, text in texts.items()}
     enumerators = collect_enumerators(sources.values())

@@ -26,7 +26,7 @@ class Mutation:
     start: int
     end: int
     replacement: str
-    before: str  # the lines that change, and what tells them apart; blanks collapsed
+    before: str  # the lines that change, and what distinguishes them; blanks collapsed
     after: str
 
     def apply(self, text):
@@ -117,7 +117,7 @@ def _is_key(source, index):
 
 
 def _means_nothing(source, index):
-    """Whether a number is no value: that of a pure virtual function, or the
+    """Whether a number is not a value: that of a pure virtual function, or the
     length of a buffer, which may well be longer."""
     before = [source.word(index - 1), source.word(index - 2), source.word(index - 3)]
     is_pure = before[0] == "=" and before[1] in (")", "const")
@@ -225,7 +225,7 @@ def _collapsed(text):
 
 def _describe(source, kind, start, end, replacement):
     before, first = source.lines(start, end)
-    # Lines that stand in the file more than once are told apart by those above.
+    # Lines that are in the file more than once get those above them, too.
     while first > 0 and source.text.count(before) > 1:
         above, first = source.lines(first - 1, first - 1)
         before = f"{above}\n{before}"

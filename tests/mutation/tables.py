@@ -2,7 +2,7 @@
 
 
 def _is_initializer(source, opening):
-    """Whether a brace holds values, judging by what stands before it."""
+    """Whether a brace holds values, judging by what comes before it."""
     return source.word(opening - 1) in ("=", "(", ":", "{", "return")
 
 

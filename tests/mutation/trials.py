@@ -67,7 +67,7 @@ class Trials:
             self._passes[program] = self._measure(workspace, program)
 
     def _measure(self, workspace, program):
-        """Runs a program as it is. Answers its passes: arguments and the
+        """Runs a program as it is. Returns its passes: arguments and the
         longest time to wait."""
         with tempfile.NamedTemporaryFile(suffix=".json") as report:
             status = run_program(workspace.base / "bin" / program, workspace.base, self._libraries,

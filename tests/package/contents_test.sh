@@ -146,7 +146,7 @@ done
 
 # Programs.
 
-# Nothing tells where it was built, and nothing is left for a debugger.
+# Nothing shows where it was built, and nothing is left for a debugger.
 for place in "$source" "$packages"; do
   if grep -rlF -- "$place" "$work/unpacked"; then fail "these files name $place"; fi
 done
@@ -195,7 +195,7 @@ diff -u "$work/needs" <(needs i386) || fail "the 32-bit libraries need something
   "$(dpkg-deb --field "$(file "libdriverfeature1:$own")" Depends)" ] ||
   fail "the packages of the library depend on different versions"
 for program in "$work/unpacked/libdriverfeature1:i386"/usr/lib/*/driver-feature/*.so; do
-  readelf -h "$program" | grep -qE 'Machine: +Intel 80386' || fail "$program is no 32-bit program"
+  readelf -h "$program" | grep -qE 'Machine: +Intel 80386' || fail "$program is not a 32-bit program"
 done
 
 # A second time, the packages come out the same.

@@ -85,7 +85,7 @@ PPD=$work/queue.ppd "$root/usr/lib/cups/filter/driver-feature-filter" 1 user tit
 grep -qxF '<< /NumCopies 2 >> setpagedevice' "$work/output"
 
 # The example of the document on printing that calls the filter by hand runs as
-# it stands there.
+# it is.
 # shellcheck source=tests/description_docs/console.sh
 . "$source/tests/description_docs/console.sh"
 mkdir "$work/blocks" "$work/trial"
@@ -132,4 +132,4 @@ allow --purge "libdriverfeature1:$own"
 allow --purge libdriverfeature-dev:i386 libdriverfeature1:i386
 if inRoot --list '*driver*feature*'; then fail "dpkg still knows:" "$(<"$work/dpkg.log")"; fi
 left=$(find "$root" -mindepth 1 ! -path "$root/var*")
-[ -z "$left" ] || fail "this was left behind:" "$left"
+[ -z "$left" ] || fail "this is left:" "$left"

@@ -145,7 +145,7 @@ TEST_F(HostSessionTest, Change_BeforeAndAfterCompletion_CallsTheRoutinesOfThisPr
   EXPECT_THAT(events_, ElementsAre("change", "update"));
 }
 
-TEST_F(HostSessionTest, Use_VirtualInterfaces_AnswerInTheirSlots) {
+TEST_F(HostSessionTest, Use_VirtualInterfaces_WorkInTheirSlots) {
   loadAndComplete(kDescription);
   CoreFeature& media = *library_.set().FindFeatureInFeatureList("Media");
   EXPECT_EQ(media.getFeatureType(), 1);
@@ -156,7 +156,7 @@ TEST_F(HostSessionTest, Use_VirtualInterfaces_AnswerInTheirSlots) {
   EXPECT_EQ(text, "Letter");
   CoreOption* option = media.fetchOptionByName(std::string("TESKCommand"), std::string("iso-a4"));
   EXPECT_EQ(option, media.fetchOptionByIndex(0));
-  // The only base of the class behind the pointer.
+  // The only base of the object's class.
   auto& full = static_cast<IntermediateCoreFeature&>(media);
   EXPECT_EQ(full.getFeatureOptionCount(), 2);
   EXPECT_TRUE(full.addConstraint(5));
@@ -203,7 +203,7 @@ TEST_F(HostSessionTest, Tickets_LoadRoutineOfThisProgram_IsCalledWithItsMode) {
   EXPECT_THAT(events_, ElementsAre("load element 1"));
 }
 
-TEST_F(HostSessionTest, Groups_VirtualInterfaces_AnswerInTheirSlots) {
+TEST_F(HostSessionTest, Groups_VirtualInterfaces_WorkInTheirSlots) {
   loadAndComplete(kGroups);
   auto& quality = static_cast<IntermediateStaticFeatureGroup&>(
       *library_.set().FindFeatureInFeatureList("Quality"));

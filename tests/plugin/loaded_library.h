@@ -22,9 +22,9 @@
 
 namespace driver_feature::testing {
 
-// While it lives, the check for leaks passes over what is allocated. What an
-// unloaded library leaves behind has no place that the check could name, so
-// that the objects that are never freed by design cannot be told from leaks.
+// While it lives, the check for leaks ignores what is allocated. For objects of
+// an unloaded library the check can name no place, so that it could not
+// distinguish those that are never freed by design from leaks.
 // The tests that link the library's objects, and the program, are checked.
 class LeakCheckPause {
  public:

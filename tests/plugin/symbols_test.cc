@@ -144,7 +144,7 @@ TEST_F(SymbolsTest, Exports_NoName_BearsAVersion) {
 }
 
 // A name outside of the list would leave a host's process without it, and a
-// listed one that is no longer used would be a promise that nobody keeps.
+// listed one that is not used would be a promise that nobody keeps.
 TEST_F(SymbolsTest, Imports_WholeLibrary_AreThePlatformsAndTheRunTimes) {
   if (kSanitized) GTEST_SKIP() << kWhySkipped;
   std::vector<std::string> imports;

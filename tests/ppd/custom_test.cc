@@ -122,7 +122,7 @@ TEST_F(CustomTest, PickMany_CustomWithOthers_IsWhatLibcupsWrites) {
   EXPECT_EQ(text, ppd_.text(PPD_ORDER_PAGE));
 }
 
-TEST_F(CustomTest, Pjl_NumbersBehindBackslashes_AreReplaced) {
+TEST_F(CustomTest, Pjl_NumbersAfterBackslashes_AreReplaced) {
   ppd_.mark("JCLPin", "{Pin=12 User=ada}");
   const std::string text =
       pjl("custom", {{"JCLPin", "Custom"}, {"JCLPin.Pin", "12"}, {"JCLPin.User", "ada"}});

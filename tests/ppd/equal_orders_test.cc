@@ -42,8 +42,8 @@ TEST_F(EqualOrdersTest, OrderThatDependsOnAMarkThatCanGo_IsNamed) {
   EXPECT_EQ(section(postScript("odd"), "AnySetup"), ppd.text(PPD_ORDER_ANY));
 }
 
-// A custom choice stands in the place of the option's other choices, and so
-// moves nothing.
+// A custom choice takes the place of the option's other choices, and so moves
+// nothing.
 TEST_F(EqualOrdersTest, CustomChoiceAmongEqualOrders_MovesNothing) {
   const std::string errors = importLines(
       "*OpenUI *A: PickOne\n*OrderDependency: 20 AnySetup *A\n*DefaultA: X\n*A X: \"a\"\n"

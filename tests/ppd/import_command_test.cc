@@ -268,7 +268,7 @@ TEST_F(ImportCommandTest, Import_SeveralFiles_PartsOfOptionsAreNamedAndTheRestCo
             "keyword; --verbose names each\n");
 }
 
-TEST_F(ImportCommandTest, Import_SeveralFilesToWhatIsNoFolder_EndsWithOne) {
+TEST_F(ImportCommandTest, Import_SeveralFilesToWhatIsNotAFolder_EndsWithOne) {
   write("a.ppd", kSmall);
   write("b.ppd", "no PPD file");
   write("out", "a file");

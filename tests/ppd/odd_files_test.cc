@@ -74,7 +74,7 @@ TEST_F(OddFilesTest, CustomTextInExitServer_IsTheBareCode) {
   EXPECT_EQ(text, ppd.text(PPD_ORDER_EXIT));
 }
 
-TEST_F(OddFilesTest, CustomTextInAnotherSection_StandsThere) {
+TEST_F(OddFilesTest, CustomTextInAnotherSection_StaysThere) {
   importLines(
       "*OpenUI *Mark: PickOne\n*OrderDependency: 10 AnySetup *Mark\n*DefaultMark: None\n"
       "*Mark None: \"none\"\n*CloseUI: *Mark\n*CustomMark True: \"custom\"\n"

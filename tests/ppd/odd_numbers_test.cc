@@ -99,7 +99,7 @@ TEST_F(OddNumbersTest, OrderBelowZero_OfTheOptionAlone_CustomChoiceIsWritten) {
               HasSubstr("*CustomA True\n7\nc\n"));
 }
 
-TEST_F(OddNumbersTest, LimitsThatAreNoFiniteNumbers_AreNamedAndLeftOut) {
+TEST_F(OddNumbersTest, LimitsThatAreNotFiniteNumbers_AreNamedAndLeftOut) {
   const std::string lines =
       "*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n*PageSize A4: \"a4\"\n"
       "*CloseUI: *PageSize\n*PaperDimension A4: \"595 842\"\n*CustomPageSize True: \"c\"\n"

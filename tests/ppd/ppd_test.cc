@@ -81,7 +81,7 @@ std::string MarkedPpd::jobStart() {
 }
 
 std::string MarkedPpd::choice(const std::string& keyword) {
-  text(PPD_ORDER_ANY);  // Settles what stands for the page size.
+  text(PPD_ORDER_ANY);  // Settles the page size.
   const ppd_choice_t* choice = ppdFindMarkedChoice(ppd_.get(), keyword.c_str());
   return choice != nullptr ? choice->choice : "not set";
 }

@@ -19,11 +19,11 @@ class MarkedPpd;
 class PpdTest : public ProgramTest {
  protected:
   // Copies a file of tests/ppd/files into the test's folder and imports it to
-  // NAME.xml. Answers the lines on standard error.
+  // NAME.xml. Returns the lines on standard error.
   std::string import(const std::string& name) const;
 
   // Imports a file of these lines, below the first one of every PPD file, to
-  // odd.xml. Answers the lines on standard error.
+  // odd.xml. Returns the lines on standard error.
   std::string importLines(const std::string& lines) const;
 
   // The same file as libcups reads it.

@@ -87,7 +87,7 @@ TEST_F(SectionsTest, PostScript_OtherChoices_AreWhatLibcupsWrites) {
   EXPECT_EQ(section(text, "PageSetup"), ppd_.text(PPD_ORDER_PAGE));
 }
 
-TEST_F(SectionsTest, Pjl_Defaults_StandsInTheJobsFrame) {
+TEST_F(SectionsTest, Pjl_Defaults_IsInTheJobsFrame) {
   EXPECT_EQ(pjl("sections"),
             "\x1B%-12345X@PJL JOB\n"
             "@PJL SET QUALITY=\"FINE 100%\"\n\x1B&l0S"

@@ -1,4 +1,4 @@
-// The built filter behind the print scheduler's own pstops, which writes around
+// The built filter after the print scheduler's own pstops, which writes around
 // a converted document what libcups makes of the queue's PPD.
 
 #include <fcntl.h>
@@ -52,7 +52,7 @@ class ConvertedJobTest : public FilterTest {
   }
 
   // The PPD has no commands in PostScript: the job must come out as pstops has
-  // made it, with all that stands around it once.
+  // made it, with all that is around it once.
   void expectUnchanged(const std::string& front, const std::string& end,
                        const std::string& options = "") {
     const std::string job = converted("job.ps", "queue.ppd", options);
@@ -131,7 +131,7 @@ TEST_F(ConvertedJobTest, JclWithoutAnEnd_EndsAsLibcupsDoes) {
             converted("job.ps", "printer.ppd", ""));
 }
 
-TEST_F(ConvertedJobTest, CodeOfExitServer_IsNoFaultOfTheJob) {
+TEST_F(ConvertedJobTest, CodeOfExitServer_IsNotAFaultOfTheJob) {
   use("*OpenUI *Server: PickOne\n*OrderDependency: 10 ExitServer *Server\n*DefaultServer: A\n"
       "*Server A: \"serverdict begin 0 exitserver\"\n*CloseUI: *Server\n");
   const std::string code = "serverdict begin 0 exitserver";
@@ -169,7 +169,7 @@ TEST_F(ConvertedJobTest, PpdOfAQueue_KeepsItsEnd) {
   EXPECT_EQ(read("again.ppd"), read("queue.ppd"));
 }
 
-// Nothing tells the printer of a front; an end of one would be printed.
+// Nothing announces the PJL to the printer; its end would be printed.
 TEST_F(ConvertedJobTest, DescriptionWithoutPjl_HasNoFrontAndNoEnd) {
   write("printer.ppd", "*PPD-Adobe: \"4.3\"\n*NickName: \"Example\"\n" + kPjl);
   describe("printer.xml", {feature("IntEntry", "Weight", "DefaultValue='80'")});

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs the examples of the document on printing, with a scheduler of its own:
-# their output must be what stands there, byte for byte, and cupstestppd must pass
+# their output must be what it shows, byte for byte, and cupstestppd must pass
 # the PPDs among them.
 #
 # usage: document_test.sh SOURCE_DIR BUILD_DIR
@@ -46,7 +46,7 @@ DEVICE=file:$PWD/office.prn LABELS=file:$PWD/labels.prn
 driver-feature() { command "$build/bin/driver-feature" "$@"; }
 # shellcheck disable=SC2317  # called by the sessions
 driver-feature-filter() { command "$build/bin/driver-feature-filter" "$@"; }
-# Answers when the job is printed.
+# Returns when the job is printed.
 # shellcheck disable=SC2317  # called by the sessions
 lp() { command lp "$@" && waitFor 20 isIdle; }
 

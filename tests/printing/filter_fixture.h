@@ -14,7 +14,7 @@ class FilterTest : public ProgramTest {
   // Sets an environment variable of the filter.
   void set(const std::string& name, const std::string& value) { environment_[name] = value; }
 
-  // Writes the queue's PPD, with more lines behind those that name the
+  // Writes the queue's PPD, with more lines after those that name the
   // description "printer.xml", and sets PPD.
   void useQueue(const std::string& ppd);
 

@@ -152,7 +152,7 @@ TEST_F(HandwrittenQueueTest, UnusableJobs_FailAndWriteNothing) {
             failure(1, "ERROR: the job cannot be read from .: Is a directory\n"));
 }
 
-TEST_F(HandwrittenQueueTest, SecondDocument_FailsTheJobBehindTheFirst) {
+TEST_F(HandwrittenQueueTest, SecondDocument_FailsTheJobAfterTheFirst) {
   const std::string document = kExit + "@PJL\n" + read("job.ps");
   write("job.ps", document + document + kExit);
   const RunResult result = withoutDebug(filter(""));
@@ -237,8 +237,8 @@ TEST_F(HandwrittenQueueTest, CancelWhileTheDeviceTakesNothing_EndsWithTheTrailer
 }
 
 // 100 mm are 283.46 points; the width is available for the page size "Custom"
-// only, which stands behind it.
-TEST_F(HandwrittenQueueTest, OptionThatNeedsAnotherOne_MayStandBeforeIt) {
+// only, which comes after it.
+TEST_F(HandwrittenQueueTest, OptionThatNeedsAnotherOne_MayComeBeforeIt) {
   set("DRIVER_FEATURE_DESCRIPTION", OFFICE_DESCRIPTION);
   set("DRIVER_FEATURE_ROUTINES", OFFICE_ROUTINES);
   const RunResult result = filter("CustomPageWidth=100 PageSize=Custom");

@@ -97,7 +97,7 @@ TEST_F(ImportedQueueTest, Options_GiveWhatLibcupsWrites) {
   }
 }
 
-TEST_F(ImportedQueueTest, DefaultsOfTheQueue_StandWithoutOptions) {
+TEST_F(ImportedQueueTest, DefaultsOfTheQueue_ApplyWithoutOptions) {
   std::string ppd = read("queue.ppd");
   const std::string line = "*DefaultDuplex: None";
   ppd.replace(ppd.find(line), line.size(), "*DefaultDuplex: DuplexTumble");
@@ -264,7 +264,7 @@ TEST_F(ImportedQueueTest, MediaAndSidesThatArePossible_Print) {
   EXPECT_EQ(filter("sides=two-sided-long-edge media=").status, 0);
 }
 
-TEST_F(ImportedQueueTest, OptionThatWorks_IsNotToldToBeIgnored) {
+TEST_F(ImportedQueueTest, OptionThatWorks_IsNotReportedAsIgnored) {
   EXPECT_EQ(filter("media=A5 sides=two-sided-long-edge number-up=1 job-uuid=1").errors,
             "DEBUG: the description is " +
                 std::string(std::filesystem::canonical(folder()) / "office.xml") +

@@ -1,5 +1,5 @@
 // Names in PPDs that the command "queue" makes of descriptions: those of
-// choices that a PPD calls otherwise, and of features that are no options.
+// choices that a PPD calls otherwise, and of features that are not options.
 
 #include <gmock/gmock.h>
 
@@ -55,7 +55,7 @@ TEST_F(MadePpdNamesTest, MadePpd_KeepsTheNamesWhenItIsWrittenAgain) {
   EXPECT_THAT(filter("Duplex=DuplexNoTumble").output, HasSubstr("/Duplex true /Tumble false"));
 }
 
-TEST_F(MadePpdNamesTest, DuplexWithoutOneSide_IsNoOption) {
+TEST_F(MadePpdNamesTest, DuplexWithoutOneSide_IsNotAnOption) {
   describe("duplex.xml", {feature("MultiSelect", "Duplex", "PSCommand='%s '",
                                   "<Option Name='Odd' PSCommand='odd'/>"
                                   "<Option Name='LongEdge' PSCommand='long'/>")});
@@ -87,7 +87,7 @@ TEST_F(MadePpdNamesTest, Resolutions_EndInDpi) {
   EXPECT_THAT(filter("Resolution=Best").output, HasSubstr("\nbest \n"));
 }
 
-TEST_F(MadePpdNamesTest, NumberWithANameOfChoices_IsNoOption) {
+TEST_F(MadePpdNamesTest, NumberWithANameOfChoices_IsNotAnOption) {
   describe("dots.xml", {feature("IntEntry", "Resolution",
                                 "IntMinValue='1' IntMaxValue='999' DefaultValue='600' "
                                 "PSCommand='%d dots '")});
@@ -98,7 +98,7 @@ TEST_F(MadePpdNamesTest, NumberWithANameOfChoices_IsNoOption) {
   EXPECT_THAT(filter("Resolution=300").output, HasSubstr("\n300 dots \n"));
 }
 
-TEST_F(MadePpdNamesTest, MembersOfRecords_AreNoOptions) {
+TEST_F(MadePpdNamesTest, MembersOfRecords_AreNotOptions) {
   describe("records.xml",
            {"<FeatureDynamicGroup Name='Exceptions'><FeatureStaticGroup Name='Exception'>",
             feature("MultiSelect", "Media", "", "<Option Name='Plain'/>"),

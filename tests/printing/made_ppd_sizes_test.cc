@@ -74,7 +74,7 @@ TEST_F(MadePpdSizesTest, ExtentOfACommand_IsFound) {
   }
 }
 
-TEST_F(MadePpdSizesTest, CommandWithoutExtent_TellsNoSize) {
+TEST_F(MadePpdSizesTest, CommandWithoutExtent_GivesNoSize) {
   for (const std::string command :
        {"/PageSize [300]", "/PageSize [0 400]", "/PageSize [w h]", "/PageSize", "300",
         "300 400 500", "/PageSize [300 400", "/PageSize [-300 400]", "/PageSize [300 14401]"}) {
@@ -87,7 +87,7 @@ TEST_F(MadePpdSizesTest, CommandWithoutExtent_TellsNoSize) {
   }
 }
 
-TEST_F(MadePpdSizesTest, NameOfAnImpossibleSize_TellsNone) {
+TEST_F(MadePpdSizesTest, NameOfAnImpossibleSize_GivesNone) {
   describeSizes("%s",
                 "<Option Name='A5'/><Option Name='226x310'/><Option Name='w9h14401'/>"
                 "<Option Name='w0h0' PSCommand='300 400'/>");
@@ -132,7 +132,7 @@ TEST_F(MadePpdSizesTest, SizesThatAreNotKnown_CanBeAskedForAllTheSame) {
               HasSubstr("ERROR: option PageSize: there is no choice \"Long\"; choose one of A4, "));
 }
 
-TEST_F(MadePpdSizesTest, FeaturesThatAreNoListsOfSizes_LeaveTheNameToThePpd) {
+TEST_F(MadePpdSizesTest, FeaturesThatAreNotListsOfSizes_LeaveTheNameToThePpd) {
   describe("odd.xml", {feature("IntEntry", "PageSize", "DefaultValue='3' PSCommand='%d size '"),
                        feature("FloatEntry", "PageRegion", "DefaultValue='4'")});
   EXPECT_EQ(

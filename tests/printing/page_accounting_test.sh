@@ -185,8 +185,8 @@ rows=()
 while read -r printer pages document options; do
   for kind in plain filter; do
     # shellcheck disable=SC2086  # several words
-    answer=$(lp -d "${kind}_$printer" $options "$document") || { echo "lp $options $document"; exit 1; }
-    declare "$kind=$(numberOf "$answer")"
+    reply=$(lp -d "${kind}_$printer" $options "$document") || { echo "lp $options $document"; exit 1; }
+    declare "$kind=$(numberOf "$reply")"
   done
   # shellcheck disable=SC2154  # declared above
   rows+=("$printer|$pages|$document|$options|$plain|$filter")
@@ -231,7 +231,7 @@ for row in "${rows[@]}"; do
 done
 [ "${#rows[@]}" -ge 40 ] || { echo "only ${#rows[@]} jobs"; exit 1; }
 
-# What had no effect is told, and nothing else.
+# What had no effect is reported, and nothing else.
 
 grep -aE '^[EW].*\[Job' "$folder/log/errors" | sed 's/.*\] //' >messages || :
 diff - messages <<'END' || failures=$((failures + 1))

@@ -39,7 +39,7 @@ std::size_t countOf(const std::string& text, const std::string& part) {
 }
 
 // The lines of PAGE, WARNING and ERROR.
-std::string told(RunResult result) {
+std::string reported(RunResult result) {
   return withoutDebug(std::move(result)).errors;
 }
 
@@ -55,7 +55,7 @@ class PageWorkTest : public FilterTest {
     EXPECT_TRUE(std::filesystem::is_empty(folder() / "tmp")) << "a file is left";
   }
 
-  // Puts a shell script in the place of the scheduler's filter.
+  // Replaces the scheduler's filter by a shell script.
   void replaceFilter(const std::string& script) {
     const auto bin = folder() / "serverbin" / "filter";
     std::filesystem::create_directories(bin);
@@ -90,7 +90,7 @@ TEST_F(PageWorkTest, Option_IsCarriedOutAndCommandsComeOnce) {
   EXPECT_THAT(result.output, Not(HasSubstr("(one)")));
   EXPECT_EQ(countOf(result.output, "setpagedevice\n"), 2U);
   EXPECT_EQ(countOf(result.output, kExit), 2U);
-  EXPECT_EQ(told(result), "PAGE: 1 1\n");
+  EXPECT_EQ(reported(result), "PAGE: 1 1\n");
   EXPECT_EQ(result.status, 0);
 }
 
@@ -99,7 +99,7 @@ TEST_F(PageWorkTest, OptionThatAsksForNothing_NeedsNoFilter) {
   const RunResult result = filter(
       "number-up=1 outputorder=normal page-set=all collate=true mirror=false page-left=9 "
       "orientation-requested=3 number-up-layout=rltb");
-  EXPECT_EQ(told(result), kTwoPages);
+  EXPECT_EQ(reported(result), kTwoPages);
   EXPECT_EQ(result.output, filter("").output);
   EXPECT_EQ(result.status, 0);
 }
@@ -117,7 +117,7 @@ TEST_F(PageWorkTest, Feature_TakesTheOptionFirst) {
   replaceFilter("exit 9");
   describe("printer.xml", {feature("IntEntry", "Pages", "CLOKey='number-up' PSCommand='%d up'")});
   const RunResult result = filter("number-up=2");
-  EXPECT_EQ(told(result), kTwoPages);
+  EXPECT_EQ(reported(result), kTwoPages);
   EXPECT_THAT(result.output, HasSubstr("\n2 up\n"));
 }
 
@@ -126,27 +126,27 @@ TEST_F(PageWorkTest, CollatedCopies_AreMadeOnce) {
   EXPECT_THAT(result.output, StartsWith(kHeader));
   EXPECT_EQ(countOf(result.output, "(one) pageText showpage"), 3U);
   EXPECT_EQ(countOf(result.output, "NumCopies"), 1U) << result.output;  // A comment.
-  EXPECT_EQ(told(result), "PAGE: 1 1\nPAGE: 2 1\nPAGE: 3 1\nPAGE: 4 1\nPAGE: 5 1\nPAGE: 6 1\n");
+  EXPECT_EQ(reported(result), "PAGE: 1 1\nPAGE: 2 1\nPAGE: 3 1\nPAGE: 4 1\nPAGE: 5 1\nPAGE: 6 1\n");
   const RunResult apart = filter("collate=false", "3");
   EXPECT_EQ(apart.output, filter("", "3").output);
-  EXPECT_EQ(told(apart), "PAGE: 1 3\nPAGE: 2 3\n");
+  EXPECT_EQ(reported(apart), "PAGE: 1 3\nPAGE: 2 3\n");
 }
 
 TEST_F(PageWorkTest, PagesInUncollatedCopies_AreCountedWithThem) {
   const RunResult result = filter("number-up=2", "3");
   EXPECT_THAT(result.output, HasSubstr("@PJL SET COPIES=3\r\n"));
   EXPECT_THAT(result.output, HasSubstr("\n%RBINumCopies: 1\n"));
-  EXPECT_EQ(told(result), "PAGE: 1 3\n");
+  EXPECT_EQ(reported(result), "PAGE: 1 3\n");
 }
 
 TEST_F(PageWorkTest, CopiesAskedOfTheFeature_AreCounted) {
-  EXPECT_EQ(told(filter("Copies=4", "1")), "PAGE: 1 4\nPAGE: 2 4\n");
+  EXPECT_EQ(reported(filter("Copies=4", "1")), "PAGE: 1 4\nPAGE: 2 4\n");
 }
 
 TEST_F(PageWorkTest, UnknownValue_IsWarnedOf) {
   replaceFilter("exit 9");
   const RunResult result = filter("number-up=3 scaling=50");
-  EXPECT_EQ(told(result),
+  EXPECT_EQ(reported(result),
             "WARNING: option number-up has no effect: \"3\" is unknown; give 1, 2, 4, 6, 9 or 16\n"
             "WARNING: option scaling has no effect: it is for documents that are converted, and "
             "this one was sent as PostScript\n" +
@@ -159,8 +159,9 @@ TEST_F(PageWorkTest, MissingFilter_IsWarnedOfByEachOption) {
   const std::string reason =
       " has no effect, because the scheduler's filter /nowhere/filter/pstops is not there\n";
   const RunResult result = filter("number-up=2 mirror=true collate=true", "2");
-  EXPECT_EQ(told(result), "WARNING: option mirror" + reason + "WARNING: option number-up" + reason +
-                              "WARNING: option collate" + reason + "PAGE: 1 2\nPAGE: 2 2\n");
+  EXPECT_EQ(reported(result), "WARNING: option mirror" + reason + "WARNING: option number-up" +
+                                  reason + "WARNING: option collate" + reason +
+                                  "PAGE: 1 2\nPAGE: 2 2\n");
   EXPECT_EQ(result.output, filter("", "2").output);
   EXPECT_EQ(result.status, 0);
 }
@@ -169,19 +170,19 @@ TEST_F(PageWorkTest, DocumentWithoutPages_IsPrintedAsItIs) {
   for (const std::string document : {"%!\nshowpage\n", "%!PS-Adobe-3.0\n%%EndComments\ncode\n"}) {
     write("job.ps", document);
     const RunResult result = filter("number-up=2");
-    EXPECT_THAT(told(result), StartsWith("WARNING: option number-up has no effect, because no "
-                                         "comments of the document tell its pages\n"));
+    EXPECT_THAT(reported(result), StartsWith("WARNING: option number-up has no effect, because no "
+                                             "comments of the document tell its pages\n"));
     EXPECT_EQ(result.output, filter("").output);
     EXPECT_EQ(result.status, 0);
   }
-  // One page can be repeated, one of which nobody knows the end cannot.
-  EXPECT_EQ(told(filter("collate=true", "2")),
+  // One page can be repeated, but not one whose end is unknown.
+  EXPECT_EQ(reported(filter("collate=true", "2")),
             "WARNING: option collate has no effect, because no comments of the document tell its "
             "pages\n");
   write("job.ps", "%!\n/only page\n");
   const RunResult copies = filter("collate=true number-up=2", "2");
   EXPECT_EQ(countOf(copies.output, "/only page"), 2U);
-  EXPECT_EQ(told(copies),
+  EXPECT_EQ(reported(copies),
             "WARNING: option number-up has no effect, because no comments of the document tell "
             "its pages\nPAGE: 1 1\nPAGE: 2 1\n");
 }
@@ -197,13 +198,13 @@ TEST_F(PageWorkTest, JobWithPjlAround_LosesItInFrontOfTheFilter) {
 TEST_F(PageWorkTest, UnusableJob_FailsAsWithoutOptions) {
   write("job.ps", "%PDF-1.4\n");
   const RunResult result = filter("number-up=2");
-  EXPECT_EQ(told(result),
+  EXPECT_EQ(reported(result),
             "WARNING: option number-up has no effect, because the job is not one PostScript "
             "document\nERROR: the job is not PostScript, because it does not begin with %!; let a "
             "filter convert it first\n");
   EXPECT_EQ(result.output, "");
   EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(told(filterWith({"7", "jane", "t", "1", "number-up=2", "none.ps"})),
+  EXPECT_EQ(reported(filterWith({"7", "jane", "t", "1", "number-up=2", "none.ps"})),
             "ERROR: the job cannot be read from none.ps: No such file or directory\n");
 }
 
@@ -240,31 +241,31 @@ TEST_F(PageWorkTest, FailingFilter_FailsTheJob) {
   // One that succeeds without a document does not print nothing.
   replaceFilter("exit 0");
   const RunResult result = filter("number-up=2");
-  EXPECT_EQ(told(result), "ERROR: the job is empty; send a PostScript document\n");
+  EXPECT_EQ(reported(result), "ERROR: the job is empty; send a PostScript document\n");
   EXPECT_EQ(result.status, 1);
 }
 
-// A filter that the scheduler or somebody else ends, ends well but too early.
+// A filter that is ended from outside exits cleanly but early.
 TEST_F(PageWorkTest, OutputThatEndsEarly_FailsTheJob) {
   const std::string failure =
       "ERROR: the document is not whole, because the scheduler's filter for pages has ended "
       "early\n";
   replaceFilter("sed '/^%%Trailer/,$d'");
   RunResult result = filter("number-up=2");
-  EXPECT_EQ(told(result), kTwoPages + failure);
+  EXPECT_EQ(reported(result), kTwoPages + failure);
   EXPECT_THAT(result.output, EndsWith("(two) pageText showpage\n" + kExit));
   EXPECT_EQ(result.status, 1);
   // Copies of a document without a trailer are counted.
   write("job.ps", "%!\nshowpage\n");
   replaceFilter("echo '%!PS-Adobe-3.0'; echo '%%EndComments'; echo '%%Page: 1 1'; cat");
   result = filter("collate=true", "2");
-  EXPECT_EQ(told(result), "PAGE: 1 1\n" + failure);
+  EXPECT_EQ(reported(result), "PAGE: 1 1\n" + failure);
   EXPECT_EQ(result.status, 1);
 }
 
 TEST_F(PageWorkTest, NoPageLeft_IsWarnedOf) {
   const RunResult result = filter("page-ranges=3");
-  EXPECT_EQ(told(result),
+  EXPECT_EQ(reported(result),
             "WARNING: no page is printed, because the job's options leave out all of them\n");
   EXPECT_EQ(result.status, 0);
 }
@@ -276,12 +277,12 @@ TEST_F(PageWorkTest, FullFolder_FailsTheJob) {
     ::setrlimit(RLIMIT_FSIZE, &limit);
   });
   const std::string failure = "ERROR: the job cannot be kept in " + (folder() / "tmp").string();
-  EXPECT_EQ(told(result), failure + ": File too large\n");
+  EXPECT_EQ(reported(result), failure + ": File too large\n");
   EXPECT_EQ(result.status, 1);
   set("TMPDIR", folder() / "none");
-  EXPECT_EQ(told(filter("number-up=2")), "ERROR: the job cannot be kept in " +
-                                             (folder() / "none").string() +
-                                             ": No such file or directory\n");
+  EXPECT_EQ(reported(filter("number-up=2")), "ERROR: the job cannot be kept in " +
+                                                 (folder() / "none").string() +
+                                                 ": No such file or directory\n");
 }
 
 // The filter keeps pages of its own when their order changes, and would not
@@ -298,7 +299,7 @@ TEST_F(PageWorkTest, FolderWithoutRoomForThePages_FailsTheJob) {
   const RunResult result =
       filterWith({"7", "jane", "t", "1", "outputorder=reverse", "job.ps"}, mountSmallFolder);
   if (result.status == 99) GTEST_SKIP() << "this user may not mount a small folder";
-  EXPECT_EQ(told(result),
+  EXPECT_EQ(reported(result),
             "ERROR: the job cannot be kept in " + smallFolder + ": there is not enough room\n");
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(filterWith({"7", "jane", "t", "1", "page-set=odd", "job.ps"}, mountSmallFolder).status,
@@ -313,7 +314,7 @@ TEST_F(PageWorkTest, DeviceThatWentAway_EndsTheFilter) {
     ::close(ends[0]);
     ::dup2(ends[1], STDOUT_FILENO);
   });
-  EXPECT_THAT(told(result),
+  EXPECT_THAT(reported(result),
               EndsWith("ERROR: the job cannot be written to the device: Broken pipe\n"));
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(::kill(notedProcess(), 0), -1);
@@ -369,7 +370,7 @@ TEST_F(PageWorkTest, Mirror_IsThatOfAPlainQueue) {
   }
   set("CUPS_SERVERBIN", "/nowhere");
   EXPECT_THAT(filter("mirror=true").output, HasSubstr("/mirror true def"));
-  EXPECT_EQ(told(filter("MirrorPrint=True")), kTwoPages);
+  EXPECT_EQ(reported(filter("MirrorPrint=True")), kTwoPages);
 }
 
 // The filter reads a PPD of the sheet and makes no commands of it.

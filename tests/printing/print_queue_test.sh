@@ -40,10 +40,10 @@ addQueue() {
 
 # print QUEUE ARGUMENT...: prints the two pages; sets job.
 print() {
-  local queue=$1 answer
+  local queue=$1 reply
   shift
-  answer=$(lp -d "$queue" "$@" "$folder/ppd/two_pages.ps") || fail "lp -d $queue $* fails"
-  job=$(numberOf "$answer")
+  reply=$(lp -d "$queue" "$@" "$folder/ppd/two_pages.ps") || fail "lp -d $queue $* fails"
+  job=$(numberOf "$reply")
 }
 
 finish() { waitFor 20 isIdle || fail "jobs are left:" "$(lpstat -o)"; }
@@ -114,7 +114,7 @@ waitFor 10 grep -qaF "[Job $refused] Job stopped due to filter errors" "$folder/
   fail "a refused value does not stop the job"
 reason='option Duplex: there is no choice \"Sideways\"; choose one of None, DuplexNoTumble'
 grep -aF "[Job $refused] $reason" "$folder/log/errors" | grep -q '^E' ||
-  fail "no line of the log tells why the job was stopped"
+  fail "no line of the log says why the job was stopped"
 [ ! -s "$folder/devices/strict" ] || fail "a refused job was printed"
 print strict -o PageSize=A5
 waitFor 10 test -s "$folder/devices/strict" || fail "the queue does not print after a refused job"
@@ -136,16 +136,16 @@ chmod 777 "$folder/jobs/one"
 addQueue one strict "capture:$folder/jobs/one"
 processes=()
 for i in {1..10}; do
-  lp -d "many$i" -n "$i" "$folder/ppd/two_pages.ps" >"$folder/answer.many$i" &
+  lp -d "many$i" -n "$i" "$folder/ppd/two_pages.ps" >"$folder/reply.many$i" &
   processes+=("$!")
-  lp -d one -n "$i" "$folder/ppd/two_pages.ps" >"$folder/answer.one$i" &
+  lp -d one -n "$i" "$folder/ppd/two_pages.ps" >"$folder/reply.one$i" &
   processes+=("$!")
 done
 for process in "${processes[@]}"; do wait "$process" || fail "an lp of ten at once fails"; done
 finish
 for i in {1..10}; do
   expectBytes "$folder/devices/many$i" "queue $i of ten" "$i" false "595 842" A4
-  job=$(numberOf "$(<"$folder/answer.one$i")")
+  job=$(numberOf "$(<"$folder/reply.one$i")")
   expectBytes "$folder/jobs/one/$job" "job $i of ten" "$i" false "595 842" A4
 done
 
@@ -176,7 +176,7 @@ cancelled=$folder/jobs/slow/$job
 [ "$(stat -c %s "$cancelled")" -lt "$(stat -c %s "$folder/long.ps")" ] ||
   fail "the job was not cancelled"
 grep -qaF "[Job $job] the job has been cancelled" "$folder/log/errors" ||
-  fail "the filter does not tell of the end"
+  fail "the filter does not report the end"
 print slow
 finish
 expectBytes "$folder/jobs/slow/$job" "after a cancelled job" 1 false "595 842" A4

@@ -20,7 +20,7 @@ class QueueCommandTest : public FilterTest {
   // The file's absolute path.
   std::string path(const std::string& name) const;
 
-  // The lines of a queue that stand after the first one.
+  // The lines of a queue after the first one.
   std::string lines(const std::string& description, const std::string& refused) const;
 };
 

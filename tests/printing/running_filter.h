@@ -66,7 +66,7 @@ class RunningFilter {
 
   void cancel() const { ::kill(process_, SIGTERM); }
 
-  // Waits for the end. Answers the status, 1000 and more for a signal.
+  // Waits for the end. Returns the status, 1000 and more for a signal.
   int finish() {
     if (process_ <= 0) return -1;
     int status = 0;

@@ -1,5 +1,5 @@
 // Defines ADDRESSES_ARE_CHECKED in a build that checks addresses at run time,
-// which GCC and clang each tell in their own way.
+// which GCC and clang each show in their own way.
 #ifndef TESTS_SUPPORT_ADDRESS_CHECKS_H_
 #define TESTS_SUPPORT_ADDRESS_CHECKS_H_
 

@@ -13,7 +13,7 @@
 
 namespace driver_feature::testing {
 
-// Of one kind of allocation: those that throw, or those that answer null.
+// Of one kind of allocation: those that throw, or those that return null.
 class FailingMemory {
  public:
   void failAfter(long successes) { left_ = successes; }
@@ -42,7 +42,7 @@ inline constinit FailingMemory failingMemory;
 inline constinit FailingMemory failingNothrowMemory;
 
 // Calls `attempt` with its first allocation failing, then with its second,
-// until it gets through without a failure. Answers the number of failures.
+// until it gets through without a failure. Returns the number of failures.
 template <class Attempt>
 long failEachAllocation(const Attempt& attempt) {
   for (long failures = 0;; ++failures) {

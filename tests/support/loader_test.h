@@ -24,7 +24,7 @@
 
 namespace driver_feature::testing {
 
-// What the readers below answer for a property that cannot be read.
+// What the readers below return for a property that cannot be read.
 inline const std::string kUnreadable = "(unreadable)";
 
 inline std::string readText(CoreFeature& object, const std::string& property) {
@@ -63,7 +63,7 @@ class LoaderTest : public ::testing::Test {
  protected:
   LoaderTest() { host_.registerUpdateCallback(); }
 
-  // Hands a description with these children to the tag handler.
+  // Passes a description with these children to the tag handler.
   int load(const std::string& children) {
     return FeatureXMLTagHandler(host_.parse("<Features>" + children + "</Features>"));
   }

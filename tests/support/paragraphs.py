@@ -1,5 +1,5 @@
 """Committed lists of paragraphs: one "field: value" per line, all fields in
-each paragraph, paragraphs apart by empty lines, comments behind "#" at the
+each paragraph, paragraphs apart by empty lines, comments after "#" at the
 start of a line.
 """
 

@@ -9,7 +9,7 @@
 
 namespace driver_feature::testing {
 
-// What the platform answers. Ends the program when there is no platform.
+// What the platform returns. Ends the program when there is no platform.
 inline int askPlatform(const char* const* names, int highestIndex, const char* name) {
   using LookUp = int (*)(const char* const*, int, const char*);
   static const auto kLookUp =

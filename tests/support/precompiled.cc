@@ -1,3 +1,3 @@
-// Stands in for the tests when the header that they share is compiled.
+// The source with which the header that tests share is precompiled.
 
 int main() {}

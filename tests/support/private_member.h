@@ -10,7 +10,7 @@
 //   ...
 //   (group.*openMember(Records{})).push_back(nullptr);
 //
-// An explicit instantiation may name what is private. It and the tag stand in
+// An explicit instantiation may name what is private. It and the tag are in
 // the namespace of this header, and in none inside it.
 #ifndef TESTS_SUPPORT_PRIVATE_MEMBER_H_
 #define TESTS_SUPPORT_PRIVATE_MEMBER_H_

@@ -55,7 +55,7 @@ class RecordingHost {
 }  // namespace driver_feature::testing
 
 // Routines that a description may name; FetchSymbol finds them in the test
-// program. Each records its event; "RecordUpdate" answers false.
+// program. Each records its event; "RecordUpdate" returns false.
 extern "C" {
 bool RecordUpdate();
 void RecordChange();

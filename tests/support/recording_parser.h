@@ -1,6 +1,6 @@
-// A parser that stands in for the platform's: it hands every call on and adds
+// A parser in place of the platform's: it hands every call on and adds
 // it to the events of the recording host, so that parser calls, log lines and
-// calls of host routines stand in one order.
+// calls of host routines are in one order.
 //
 //   "childCount(Feature Tray)"        an element is shown as tag and "Name"
 //   "attributes(Feature Tray, 0)"     with the size of the map handed in
@@ -27,7 +27,7 @@ class RecordingParser final : public XMLParser {
   RecordingParser(const RecordingParser&) = delete;
   RecordingParser& operator=(const RecordingParser&) = delete;
 
-  // What childCount() answers in place of the truth.
+  // What childCount() returns in place of the truth.
   std::optional<int> claimedCount;
 
   void tagName(void* element, std::string& tag) override {

@@ -1,6 +1,6 @@
-// A feature that answers as a test tells it to: texts, flags and the type code
-// from plain fields, and every read that is not named there refused in
-// silence.
+// A feature that returns what a test sets: texts, flags and the type code from
+// plain fields. Every read that is not named there is refused without a log
+// line.
 #ifndef TESTS_SUPPORT_SCRIPTED_FEATURE_H_
 #define TESTS_SUPPORT_SCRIPTED_FEATURE_H_
 
@@ -15,7 +15,7 @@ class ScriptedFeature : public CoreFeature {
  public:
   explicit ScriptedFeature(int type) : type_(type) {}
 
-  // What the getters answer. Anything else is refused.
+  // What the getters return. Anything else is refused.
   std::map<std::string, std::string> texts;
   std::map<std::string, int> numbers;
   std::map<std::string, bool> flags;

@@ -1,5 +1,5 @@
-// A host's feature and option as a compiler makes them that is told to leave
-// out type information. Nothing may ask for their types.
+// A host's feature and option as a compiler makes them without type
+// information. Nothing may ask for their types.
 #ifndef TESTS_SUPPORT_UNTYPED_FEATURE_H_
 #define TESTS_SUPPORT_UNTYPED_FEATURE_H_
 

@@ -15,8 +15,8 @@ namespace driver_feature::cli {
 namespace {
 
 constexpr const char* kFooter =
-    "Every fault is reported with its place, a remedy and a code that --explain\n"
-    "explains. Routines are looked for in the program and in the libraries given\n"
+    "Reports every fault with its place, a remedy and a code; --explain shows what a\n"
+    "code means. Routines are searched for in the program and in the libraries given\n"
     "with --callbacks.\n"
     "\n"
     "Examples:\n"
@@ -25,7 +25,7 @@ constexpr const char* kFooter =
     "  driver-feature check --explain DF501\n"
     "\n"
     "Exit status: 0 nothing is wrong, 1 errors (with --strict also warnings), 2 wrong\n"
-    "usage or a file that is no feature description.";
+    "usage or a file that is not a feature description.";
 
 constexpr std::array kRows = {
     ArgumentRow{"DESC", "FILE", "The feature descriptions, XML files", kRepeats},

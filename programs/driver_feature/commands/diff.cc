@@ -28,7 +28,7 @@ namespace {
 constexpr const char* kFooter =
     "Shows how the values, the records and the three outputs differ. Control\n"
     "characters are shown as \\r, \\t or \\xNN, and a backslash as \\\\. An empty\n"
-    "file, such as /dev/null, stands for the defaults.\n"
+    "file, such as /dev/null, means the defaults.\n"
     "\n"
     "Examples:\n"
     "  driver-feature diff office.xml draft.conf final.conf\n"
@@ -65,8 +65,7 @@ struct DiffRequest {
 constexpr int kSame = 0;
 constexpr int kDifferent = 1;
 
-// The settings without their comments, and the outputs; or the lines that say
-// what is wrong, after an empty text.
+// The settings and the outputs. Empty after a problem, which is printed.
 Texts take(const host::SessionRequest& request, const std::string& file,
            bool allowControlCharacters) {
   const host::StandardOutputDiversion diversion;
@@ -84,8 +83,8 @@ Texts take(const host::SessionRequest& request, const std::string& file,
   return texts;
 }
 
-// In a child process, since the library keeps one set of features. The child has
-// said what was wrong when it returns no texts.
+// In a child process, since the library keeps one set of features. If it
+// returns no texts, it has printed why.
 host::Result<std::optional<Texts>> takeInChild(const host::SessionRequest& request,
                                                const std::string& file,
                                                bool allowControlCharacters) {
@@ -99,8 +98,7 @@ host::Result<std::optional<Texts>> takeInChild(const host::SessionRequest& reque
   return std::move(*texts);
 }
 
-// The lines of the settings that are no comments. They show every byte as
-// they are.
+// The lines of the settings that are not comments, with every byte as it is.
 Texts settingLines(const std::string& text) {
   Texts lines;
   for (std::size_t start = 0; start < text.size();) {
@@ -134,7 +132,7 @@ class Comparison {
  public:
   Comparison(const DiffRequest& request, const Texts& first, const Texts& second)
       : request_(request), first_(first), second_(second) {
-    // Each setting stands for itself, and has no use for its neighbours.
+    // Settings are independent of each other: no context lines.
     add("settings", settingLines(first[0]), settingLines(second[0]), 0);
     for (std::size_t i = 0; i < std::size(kOutputs); ++i) {
       constexpr std::size_t kContext = 3;

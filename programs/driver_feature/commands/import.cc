@@ -15,14 +15,14 @@ namespace {
 
 constexpr const char* kFooter =
     "Every option of a PPD file becomes a feature of the same name, and the choices\n"
-    "its options. Of several files, and with --all, each description has the name\n"
-    "of its file with .xml in the place of .ppd or .ppd.gz, and goes beside it or to\n"
-    "the folder given with --output.\n"
+    "its options. With several files or --all, each description is named after its\n"
+    "file, with .xml in place of .ppd or .ppd.gz, and written beside it or to the\n"
+    "folder given with --output.\n"
     "\n"
-    "A summary of what a description cannot hold, constraints for one, goes to\n"
-    "standard error; with --verbose each such thing is named. With --strict no\n"
-    "description is written of a file that loses a part of an option or a constraint;\n"
-    "texts for users and other keywords are never carried over, and are no error.\n"
+    "What a description cannot hold, such as constraints, is summed up on standard\n"
+    "error (--verbose lists every item). With --strict, no description is written for\n"
+    "a file that loses part of an option or a constraint. Texts for users and other\n"
+    "keywords are never carried over, which is not an error.\n"
     "\n"
     "Examples:\n"
     "  driver-feature import printer.ppd --output printer.xml\n"
@@ -30,8 +30,8 @@ constexpr const char* kFooter =
     "  driver-feature import --all ppds --output descriptions\n"
     "\n"
     "Exit status: 0 success, 1 a description could not be written, 2 wrong usage or\n"
-    "a file that is not a PPD file, 3 a file was refused by --strict. Of several files,\n"
-    "the others are imported all the same, and the lowest of these statuses counts.";
+    "a file that is not a PPD file, 3 a file was refused by --strict. With several\n"
+    "files the others are still imported, and the lowest of these statuses counts.";
 
 constexpr std::array kRows = {
     ArgumentRow{"PPD", "FILE", "The PPD files, compressed with gzip or not", kRepeats},
@@ -52,18 +52,18 @@ void chooseLanguage() {
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   const ImportStyle style{general.detail, arguments.has("--strict")};
   const std::vector<std::string>& files = arguments.texts("PPD");
-  const std::string folder = arguments.text("--all");
+  const std::string source = arguments.text("--all");
   const std::string output = arguments.text("--output");
   chooseLanguage();
-  if (files.empty() == folder.empty()) {
+  if (files.empty() == source.empty()) {
     return host::refused(
         "either PPD files or --all DIR is needed; driver-feature import --help explains the usage");
   }
   if (files.size() == 1) return importOne({files.front(), output.empty() ? "-" : output}, style);
-  if (folder.empty()) return importAll(planFiles(files, output), style);
-  const ImportPlan plan = planFolder(folder, output);
+  if (source.empty()) return importAll(planFiles(files, output), style);
+  const ImportPlan plan = planFolder(source, output);
   if (plan.jobs.empty() && plan.problems.empty()) {
-    return host::refused(folder + ": there is no file named *.ppd or *.ppd.gz in the folder");
+    return host::refused(source + ": there is no file named *.ppd or *.ppd.gz in the folder");
   }
   return importAll(plan, style);
 }

@@ -19,7 +19,7 @@ bool hasEnding(std::string_view name, std::string_view ending) {
          strncasecmp(name.data() + name.size() - ending.size(), ending.data(), ending.size()) == 0;
 }
 
-// The name without what tells that it is a PPD file.
+// The name without the endings of a PPD file.
 std::string stemOf(std::string name) {
   for (const std::string_view ending : {".gz", ".ppd"}) {
     if (hasEnding(name, ending)) name.resize(name.size() - ending.size());

@@ -56,7 +56,7 @@ class Run {
     if (style_.isStrict && losesChoices(description->losses)) {
       return fail(kRefused, refusalOf(job.file));
     }
-    std::error_code ignored;  // The file then cannot be written, which is told.
+    std::error_code ignored;  // The file then cannot be written, which is reported.
     const auto folder = std::filesystem::path(job.output).parent_path();
     if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
     if (const host::Result<> written = host::writeToFile(job.output, description->text); !written) {

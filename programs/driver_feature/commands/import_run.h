@@ -25,8 +25,8 @@ inline constexpr int kLossy = 3;
 // everything. Returns the program's exit status.
 host::Result<int> importOne(const ImportJob& job, const ImportStyle& style);
 
-// Imports every file of the plan, whatever becomes of the others, and sums up
-// for each file and in all. Shows on a terminal how far it is. Returns 1 when
+// Imports every file of the plan, even if others fail, and prints a summary for
+// each file and for all. Shows its progress on a terminal. Returns 1 when
 // a description could not be written, else 2 when a file or folder could not
 // be read, else 3 when a file was refused.
 int importAll(const ImportPlan& plan, const ImportStyle& style);

@@ -1,4 +1,4 @@
-// What an import says of the things that it has not carried over.
+// Reports what an import has not carried over.
 #ifndef PROGRAMS_DRIVER_FEATURE_COMMANDS_LOSS_REPORT_H_
 #define PROGRAMS_DRIVER_FEATURE_COMMANDS_LOSS_REPORT_H_
 
@@ -10,7 +10,7 @@
 
 namespace driver_feature::cli {
 
-// How many things of each kind there are.
+// The number of losses of each kind.
 using LossCounts = std::map<ppd::LossKind, long>;
 
 LossCounts countsOf(const ppd::Losses& losses);

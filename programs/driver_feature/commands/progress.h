@@ -1,4 +1,4 @@
-// How far a long run is, on one line of a terminal.
+// The progress of a long run, on one line of a terminal.
 #ifndef PROGRAMS_DRIVER_FEATURE_COMMANDS_PROGRESS_H_
 #define PROGRAMS_DRIVER_FEATURE_COMMANDS_PROGRESS_H_
 
@@ -15,7 +15,7 @@ class Progress {
   // Shows the number and the name of the next of `total` things.
   void next(const std::string& name);
 
-  // Takes the line away: something else is written in its place, or the run has
+  // Clears the line, before something else is written there or when the run has
   // ended.
   void clear();
 

@@ -25,9 +25,9 @@ namespace fs = std::filesystem;
 
 constexpr const char* kFooter =
     "The print scheduler then runs driver-feature-filter for the jobs of the queue.\n"
-    "With --ppd the PPD is the file with the filter's lines in it. Without, it is made\n"
-    "of the description: each visible feature that is a list or a number becomes an\n"
-    "option. The libraries of the general options are written into the PPD.\n"
+    "With --ppd, the PPD is that file with the filter's lines added. Without, it is\n"
+    "made from the description: each visible feature that is a list or a number\n"
+    "becomes an option. The libraries of the general options are written into the PPD.\n"
     "\n"
     "Examples:\n"
     "  driver-feature queue office.xml --output queue.ppd\n"
@@ -41,7 +41,7 @@ constexpr std::array kRows = {
     ArgumentRow{"--ppd", "FILE", "The printer's PPD, of which the description was made"},
     ArgumentRow{"--output", "FILE", "Write the PPD to this file"},
     ArgumentRow{"--name", "TEXT",
-                "What a PPD without --ppd calls the printer; else the description's name",
+                "The printer's name in a PPD made without --ppd; by default the description's",
                 kOptional, "--ppd"},
     ArgumentRow{"--default-for-refused", "",
                 "Print a job with a refused value with the queue's default, instead of failing it"},
@@ -51,7 +51,7 @@ std::string absolutePath(const std::string& path) {
   if (path.empty()) return path;
   const fs::path whole = fs::absolute(path);
   const fs::path normal = whole.lexically_normal();
-  // Behind a symbolic link, ".." leads to the folder of what it points to.
+  // After a symbolic link, ".." leads to the folder of what it points to.
   std::error_code ignored;
   return (fs::equivalent(whole, normal, ignored) ? normal : whole).string();
 }

@@ -1,4 +1,4 @@
-// "try": settings tried out and taken back.
+// "try": settings applied and undone.
 
 #include <array>
 #include <map>
@@ -20,8 +20,8 @@ namespace driver_feature::cli {
 namespace {
 
 constexpr const char* kFooter =
-    "The table holds every feature that the changes have reached, directly or\n"
-    "through a routine of the description. --save writes the changed values.\n"
+    "The table shows every feature that has changed, directly or through a routine\n"
+    "of the description. --save writes the changed values.\n"
     "\n"
     "Examples:\n"
     "  driver-feature try office.xml -o MediaType=Envelope\n"

@@ -95,7 +95,7 @@ void addDynamicGroups(Composer& composer) {
 
 using AddKind = void (*)(Composer&);
 
-// What may stand for each kind of word.
+// What completes each kind of word.
 const std::map<std::string, AddKind>& kinds() {
   static const std::map<std::string, AddKind> kKinds = {
       {"FILE", &addFileNames},    {"PATH", &addFileNames},      {"LIB.so", &addFileNames},

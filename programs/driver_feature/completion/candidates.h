@@ -18,7 +18,7 @@ struct Candidate {
 
 struct Completion {
   bool files = false;                 // A file name belongs here; the shell knows those.
-  std::string filePrefix;             // What stands in the word before the file name.
+  std::string filePrefix;             // The part of the word before the file name.
   std::vector<Candidate> candidates;  // All begin with what is typed.
 };
 

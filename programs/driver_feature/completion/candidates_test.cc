@@ -80,7 +80,7 @@ TEST_F(CandidatesTest, Complete_DescriptionThatCannotBeRead_OffersNothing) {
   EXPECT_EQ(textsFor({"show", "-o", ""}), Texts{});
 }
 
-TEST(CompletionTest, Complete_Forms_StandAloneBehindACommaOrWithAFile) {
+TEST(CompletionTest, Complete_Forms_AreAloneAfterACommaOrWithAFile) {
   EXPECT_EQ(textsFor({"emit", "--to", ""}), (Texts{"pjl", "ps", "ticket"}));
   EXPECT_EQ(textsFor({"emit", "--to", "p"}), (Texts{"pjl", "ps"}));
   EXPECT_EQ(textsFor({"emit", "--to", "ps,t"}), Texts{"ps,ticket"});
@@ -112,8 +112,8 @@ TEST(CompletionTest, CompletionText_FilesAndWords_HaveALineEach) {
       "words\n\xc3\xa9\t\n");
 }
 
-// An argument of a kind that nobody has thought about would be completed with
-// nothing, and nobody would see it.
+// An argument of a forgotten kind would be completed with nothing, which is easy
+// to overlook.
 TEST(CompletionTest, HasKnownKinds_EveryArgumentOfTheProgram_IsTrue) {
   const ProgramRows& program = programRows();
   ASSERT_GE(program.commands.size(), 5U);

@@ -14,7 +14,7 @@ struct Place {
   const CommandRow* command = nullptr;    // The command given so far; null before there is one.
   const ArgumentRow* argument = nullptr;  // Whose word it is; null for a command or an option.
   int item = 0;                           // Which of the argument's words, from 0.
-  bool optionsEnded = false;              // "--" stands before it.
+  bool optionsEnded = false;              // "--" comes before it.
   std::string prefix;                     // The part of the word before the argument's own text,
                                           // such as "--output=" or "-o".
   std::string word;                       // The argument's own text, as far as it is typed.

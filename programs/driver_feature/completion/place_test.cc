@@ -84,7 +84,7 @@ TEST(PlaceTest, FindPlace_OptionWithItsText_SplitsTheWord) {
   EXPECT_EQ(earlier.word, "b");
 }
 
-TEST(PlaceTest, FindPlace_TwoWordsBehindAnOption_CountsThem) {
+TEST(PlaceTest, FindPlace_TwoWordsAfterAnOption_CountsThem) {
   EXPECT_EQ(findPlace(kProgram, {"copy", "--pair", "G"}).item, 0);
   EXPECT_EQ(findPlace(kProgram, {"copy", "--pair", "G", "f"}).item, 1);
   EXPECT_EQ(findPlace(kProgram, {"copy", "--pair=G", "f"}).item, 1);

@@ -7,8 +7,8 @@
 
 namespace driver_feature::cli {
 
-// From its making to its end, what anybody writes to standard output goes to a
-// temporary file without a name.
+// While it lives, everything written to standard output goes to a temporary file
+// without a name.
 class CapturedOutput {
  public:
   CapturedOutput();
@@ -16,8 +16,8 @@ class CapturedOutput {
   CapturedOutput(const CapturedOutput&) = delete;
   CapturedOutput& operator=(const CapturedOutput&) = delete;
 
-  // Ends the catching and answers what was caught. False when that is not
-  // whole, because there was no temporary file or no space for it.
+  // Ends the catching and stores in `text` what was caught. Returns false when
+  // that is not whole: no temporary file, or no space for it.
   bool end(std::string& text);
 
  private:

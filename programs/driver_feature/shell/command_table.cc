@@ -36,16 +36,15 @@ constexpr const char* kEmitDetails =
     "ticket use the names of installable options.\n";
 
 constexpr const char* kSaveDetails =
-    "Lets the library copy the current values of the features, or of all, into their\n"
-    "original values.\n";
+    "Copies the current values of the named features, or of all, into their original\n"
+    "values.\n";
 
 constexpr const char* kLoadDetails =
-    "The values are checked as \"set\" checks them. When one is refused, nothing is\n"
-    "changed.\n";
+    "The values are checked as \"set\" checks them. If one is refused, nothing changes.\n";
 
 constexpr const char* kRestoreDetails =
-    "Lets the library copy the original values of the features, or of all, back into\n"
-    "their current values. Before the first save these are 0 and empty.\n";
+    "Copies the original values of the named features, or of all, back into their\n"
+    "current values. Before the first save they are 0 and empty.\n";
 
 constexpr const char* kRecordsDetails =
     "  list                   the records; * marks a selected one\n"
@@ -60,17 +59,17 @@ constexpr const char* kRecordsDetails =
     "  has MEMBER=VALUE...    is there a record of exactly these values?\n";
 
 constexpr const char* kConstrainDetails =
-    "Makes the option unavailable for the constraint ID, a number of 0 or more, after\n"
-    "the value has moved to another available option when it must; \"hide\" hides the\n"
+    "Makes the option unavailable for the constraint ID, a number of 0 or more. If it\n"
+    "is selected, another available option is selected first. \"hide\" hides the\n"
     "option, too.\n";
 
 constexpr const char* kReleaseDetails =
-    "Takes the constraint ID off the option. Once none is left, the option is as\n"
+    "Removes the constraint ID from the option. Once none is left, the option is as\n"
     "available and visible as it was before the first.\n";
 
 constexpr const char* kLogDetails =
     "quiet: errors; usual: errors and misuse; all: every line. Without an argument, it\n"
-    "tells which is set.\n";
+    "shows which is set.\n";
 
 constexpr ShellCommand kCommands[] = {
     {"set", "NAME [PROPERTY] VALUE", "Sets a feature, or one property of a feature or group",
@@ -88,8 +87,8 @@ constexpr ShellCommand kCommands[] = {
      &runRestore, &proposeFeatures},
     {"write", "FILE", "Writes all values and records to a settings file", "", 1, 1, &runWrite,
      &proposeFile},
-    {"load", "FILE", "Makes the values and records those of a settings file", kLoadDetails, 1, 1,
-     &runLoad, &proposeFile},
+    {"load", "FILE", "Loads values and records from a settings file", kLoadDetails, 1, 1, &runLoad,
+     &proposeFile},
     {"defaults", "", "Sets every feature to its default value", "", 0, 0, &runDefaults, nullptr},
     {"records", "GROUP [ACTION ...]", "Lists or changes the records of a dynamic group",
      kRecordsDetails, 1, kAnyNumber, &runRecords, &proposeRecords},
@@ -99,7 +98,7 @@ constexpr ShellCommand kCommands[] = {
      &runRelease, &proposeRelease},
     {"log", "[quiet|usual|all]", "Chooses which log lines are shown", kLogDetails, 0, 1, &runLog,
      &proposeLog},
-    {"dump", "", "Lets the library print its whole model", "", 0, 0, &runDump, nullptr},
+    {"dump", "", "Prints the library's whole model", "", 0, 0, &runDump, nullptr},
     {"help", "[COMMAND]", "Shows the commands, or one", "", 0, 1, &runHelp, &proposeHelp},
     {"quit", "", "Ends the shell; so does Ctrl-D", "", 0, 0, &runQuit, nullptr},
 };

@@ -14,7 +14,7 @@ namespace driver_feature::cli {
 
 class Shell;
 
-// What may stand in the place of a word that is being written.
+// Proposals for a word that is being written.
 struct Proposals {
   std::vector<std::string> words;
   bool files = false;       // Names of files, too.
@@ -28,10 +28,10 @@ struct ShellCommand {
   const char* details;    // The rest of its help: lines with line ends; may be empty.
   std::size_t fewest;     // Numbers of arguments.
   std::size_t most;
-  // Does its work, and answers through the shell. The arguments are as many as
-  // they may be.
+  // Does its work, and answers through the shell. The number of arguments is
+  // within the limits.
   host::Result<> (*run)(Shell& shell, const Words& arguments);
-  // Proposes for the argument behind `before`, of which `word` is written; what
+  // Proposes for the argument after `before`, of which `word` is written; what
   // does not begin with `word` is left out by the caller. Null for none.
   Proposals (*propose)(const Shell& shell, const Words& before, const std::string& word);
 };

@@ -1,4 +1,4 @@
-// What may stand in the place of the word that is being written.
+// Proposals for the word that is being written.
 #ifndef PROGRAMS_DRIVER_FEATURE_SHELL_COMPLETION_H_
 #define PROGRAMS_DRIVER_FEATURE_SHELL_COMPLETION_H_
 
@@ -9,9 +9,9 @@
 
 namespace driver_feature::cli {
 
-// Completes a line up to the cursor. The words of the answer begin with what
-// is written of the word, stand once each in byte order, and are without
-// quotes and escapes.
+// Completes a line up to the cursor. The proposed words begin with what is
+// written of the word. They are in byte order, each once, without quotes and
+// escapes.
 Proposals complete(const Shell& shell, std::string_view line);
 
 }  // namespace driver_feature::cli

@@ -205,7 +205,7 @@ TEST(TabKey, LayOutChoices_Width_IsFilledColumnByColumn) {
   EXPECT_EQ(layOutChoices({}, 80), "");
 }
 
-TEST_F(CompletionTest, IsKept_Line_IsNoSecretAndNotEmpty) {
+TEST_F(CompletionTest, IsKept_Line_IsNeitherSecretNorEmpty) {
   const host::Model& model = session->model();
   EXPECT_TRUE(isKept(model, "set Copies 2"));
   EXPECT_TRUE(isKept(model, "set Copies \"2"));

@@ -76,9 +76,9 @@ ModelState stateOf(const host::Model& model, CoreFeatureSet& set) {
   return state;
 }
 
-EventWatch::EventWatch(host::Session& session, Tell tell)
+EventWatch::EventWatch(host::Session& session, Report report)
     : session_(session),
-      tell_(std::move(tell)),
+      report_(std::move(report)),
       state_(stateOf(session.model(), session.features())),
       ownCallback_(callbackOf(session.description())) {
   current = this;
@@ -98,14 +98,14 @@ void EventWatch::look() {
     std::string change = what + ": ";
     change += before != state_.end() ? before->second : "absent";
     change += " -> " + value;
-    tell_(EventKind::kChange, change);
+    report_(EventKind::kChange, change);
   }
   state_ = std::move(now);
 }
 
 bool EventWatch::onUpdate() {
   current->look();
-  current->tell_(EventKind::kNotification, "update callback");
+  current->report_(EventKind::kNotification, "update callback");
   return current->ownCallback_();
 }
 

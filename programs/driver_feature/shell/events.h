@@ -1,6 +1,5 @@
-// Tells a driver author what an action makes the library do, while it does it:
-// the log lines, the calls of the update callback, and what has changed by
-// then.
+// Shows a driver author what an action makes the library do, while it does it:
+// log lines, calls of the update callback, and what has changed by then.
 #ifndef PROGRAMS_DRIVER_FEATURE_SHELL_EVENTS_H_
 #define PROGRAMS_DRIVER_FEATURE_SHELL_EVENTS_H_
 
@@ -24,20 +23,20 @@ ModelState stateOf(const host::Model& model, CoreFeatureSet& set);
 // that holds none.
 std::string currentValueWord(const host::FeatureView& feature);
 
-// While it lives, it is the library's update callback: it tells what has
-// changed and the call, and then calls the description's own callback when
+// While it lives, it is the library's update callback: it reports what
+// has changed and the call, and then calls the description's own callback when
 // there is one. A change routine is seen by the values that it changes. One at
 // a time.
 class EventWatch {
  public:
-  using Tell = std::function<void(EventKind kind, const std::string& text)>;
+  using Report = std::function<void(EventKind kind, const std::string& text)>;
 
-  EventWatch(host::Session& session, Tell tell);
+  EventWatch(host::Session& session, Report report);
   ~EventWatch();
   EventWatch(const EventWatch&) = delete;
   EventWatch& operator=(const EventWatch&) = delete;
 
-  // Tells what has changed since the last look: once an action has ended, what
+  // Reports what has changed since the last look: once an action has ended, what
   // it has changed without a notification.
   void look();
 
@@ -45,7 +44,7 @@ class EventWatch {
   static bool onUpdate();
 
   host::Session& session_;
-  Tell tell_;
+  Report report_;
   ModelState state_;
   bool (*ownCallback_)() = nullptr;
 };

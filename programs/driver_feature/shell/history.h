@@ -15,19 +15,19 @@ namespace driver_feature::cli {
 // no such place. A relative path in XDG_STATE_HOME does not count.
 std::string historyFile();
 
-// Makes a file that is not there yet and its folders, for their owner only.
+// Makes the file and its folders if they are missing, for their owner only.
 // False when the file cannot be written.
 bool makeHistoryFile(const std::string& file);
 
 // The last lines of the file, at most `most`. Empty when it cannot be read.
 std::vector<std::string> readHistory(const std::string& file, std::size_t most);
 
-// Adds lines to the file, which is there, and then drops the first lines of it so
-// that `most` are left. Does nothing when the file cannot be written.
+// Adds lines to an existing file, then drops its first lines so that `most` are
+// left. Does nothing when the file cannot be written.
 void appendHistory(const std::string& file, const std::vector<std::string>& lines,
                    std::size_t most);
 
-// False for a line that is not to be kept: an empty one, one that begins with
+// False for a line that must not be kept: an empty one, one that begins with
 // a blank, and one that may hold the value of an encrypted feature.
 bool isKept(const host::Model& model, const std::string& line);
 

@@ -40,7 +40,7 @@ TEST_F(HistoryTest, Read_LongFile_GivesItsLastLines) {
   EXPECT_EQ(readHistory(file_, 3), (Lines{"one", "two", "three"}));
 }
 
-TEST_F(HistoryTest, Append_Lines_StandAfterWhatOthersHaveWritten) {
+TEST_F(HistoryTest, Append_Lines_ComeAfterWhatOthersHaveWritten) {
   std::ofstream(file_) << "of another shell\n";
   appendHistory(file_, {"one", "two"}, 3);
   EXPECT_EQ(content(), "of another shell\none\ntwo\n");

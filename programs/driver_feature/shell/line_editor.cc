@@ -91,8 +91,8 @@ LineEditor::~LineEditor() {
   appendHistory(historyFile_, added_, kLongestHistory);
 }
 
-// Keys as most shells have them. A user's own come after, but for the two
-// without which this would be another program.
+// Keys as most shells have them. A user's own settings come later, except for the
+// two keys that this program cannot do without.
 void LineEditor::bindKeys() {
   el_wset(editor_, EL_EDITOR, L"emacs");
   const auto bind = [this](const wchar_t* key, const wchar_t* function) {

@@ -14,7 +14,7 @@ namespace {
 constexpr int kFirstGroupType = 6;
 constexpr int kDynamicGroupType = 8;
 
-// A look-up in vain is told as a refusal and needs no log line.
+// A failed look-up is reported as a refusal and needs no log line.
 CoreFeature* lookUp(Shell& shell, const std::string& name) {
   const host::LogSilence silence;
   return shell.session().features().FindFeatureInFeatureList(name);
@@ -138,7 +138,7 @@ host::Result<> readNumber(const std::string& word, const std::string& what, long
   const char* end = word.data() + word.size();
   const auto result = std::from_chars(word.data(), end, read);
   if (result.ptr != end || result.ec != std::errc() || read < 0) {
-    return host::refused(quoted(word) + " is no " + what + "; give a whole number of 0 or more");
+    return host::refused(quoted(word) + " is not " + what + "; give a whole number of 0 or more");
   }
   number = read;
   return {};

@@ -23,8 +23,8 @@ std::vector<std::string> optionNames(const host::Model& model, const std::string
 // The features that have options.
 std::vector<std::string> namesWithOptions(const host::Model& model);
 
-// Each refuses a name that nothing of its kind has and leaves its last
-// argument alone. What they find lives as long as the process.
+// Each refuses an unknown name and does not change its last argument then. What
+// they find lives as long as the process.
 host::Result<> findObject(Shell& shell, const std::string& name, CoreFeature*& object);
 host::Result<> findFeature(Shell& shell, const std::string& name,
                            IntermediateCoreFeature*& feature);

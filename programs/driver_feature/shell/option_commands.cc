@@ -47,7 +47,7 @@ host::Result<> store(CoreOption& option, const std::string& property, const std:
     return {};
   }
   if (text != "true" && text != "false" && text != "1" && text != "0") {
-    return host::refused(quoted(text) + " is no value for " + quoted(property) +
+    return host::refused(quoted(text) + " is not a value for " + quoted(property) +
                          "; give true or false");
   }
   option.setOptionProperty(property, text == "true" || text == "1");

@@ -35,12 +35,12 @@ void helpAll(Shell& shell) {
   shell.answer(
       layOut(rows, 0) +
       "\n"
-      "\"help COMMAND\" tells more. Words are separated by blanks; quotes keep blanks in a\n"
+      "\"help COMMAND\" shows more. Words are separated by blanks; quotes keep blanks in a\n"
       "word: set Owner \"A. B.\"  In double quotes and without quotes, \\n, \\r, \\t, \\e\n"
-      "(ESC), \\xNN, and \\ before a blank, quote, # or \\ stand for one character. A word\n"
+      "(ESC), \\xNN, and \\ before a blank, quote, # or \\ mean one character. A word\n"
       "that begins with # begins a comment.\n"
       "\n"
-      "Indented lines tell what a command causes: log lines, calls of the host's update\n"
+      "Indented lines show what a command causes: log lines, calls of the host's update\n"
       "callback, and what has changed by then.\n");
 }
 

@@ -101,7 +101,7 @@ host::Result<> addFile(Shell& shell, const Target& target, const Words& argument
 
 // The position of an existing record.
 host::Result<> readIndex(const Target& target, const std::string& word, long& index) {
-  if (host::Result<> done = readNumber(word, "record", index); !done) return done;
+  if (host::Result<> done = readNumber(word, "the number of a record", index); !done) return done;
   const long count = target.group->fetchNumberOfDynamicEntries();
   if (index < count) return {};
   return host::refused(
@@ -138,7 +138,8 @@ host::Result<> select(Shell& /*shell*/, const Target& target, const Words& argum
 // A selection outlives its record, so any index can be taken out.
 host::Result<> deselect(Shell& /*shell*/, const Target& target, const Words& arguments) {
   long index = 0;
-  if (host::Result<> done = readNumber(arguments[0], "record", index); !done) return done;
+  if (host::Result<> done = readNumber(arguments[0], "the number of a record", index); !done)
+    return done;
   if (target.group->removeConstraint(index)) return {};
   return host::refused("record " + arguments[0] + " is not selected; \"records " + target.name +
                        " list\" shows which are");
@@ -180,7 +181,7 @@ const Action* findAction(const std::string& name) {
   return found != std::end(kActions) ? found : nullptr;
 }
 
-// Members in the place of a record's values, and behind "NAME=" its options.
+// Members where a record's values go, and after "NAME=" the options of one.
 Proposals proposeValues(const Shell& shell, const std::string& group, const std::string& word) {
   Proposals proposals;
   const auto view = findDynamicGroup(shell.session().features(), shell.model().index, group);

@@ -45,7 +45,7 @@ host::Result<> Shell::execute(const std::string& line) {
   files_.clear();
   width_ = terminalWidth();
   {
-    // Routines of the description may print, and that is no answer.
+    // Routines of the description may print, which is not part of the answer.
     const host::StandardOutputDiversion diversion;
     host::Result<> done = command->run(*this, words);
     watch_.look();

@@ -1,5 +1,5 @@
-// The shell without its lines: runs one command after the other in a session
-// and shows what each of them causes.
+// The shell apart from reading lines: runs commands in a session and shows what
+// each of them causes.
 #ifndef PROGRAMS_DRIVER_FEATURE_SHELL_SHELL_H_
 #define PROGRAMS_DRIVER_FEATURE_SHELL_SHELL_H_
 

@@ -35,7 +35,7 @@ host::Result<> readConstraint(Shell& shell, const Words& arguments, Constraint& 
   if (host::Result<> done = findFeature(shell, arguments[0], constraint.owner); !done) return done;
   if (host::Result<> done = findOption(shell, arguments[0], arguments[1], constraint.object); !done)
     return done;
-  return readNumber(arguments[2], "number of a constraint", constraint.id);
+  return readNumber(arguments[2], "the number of a constraint", constraint.id);
 }
 
 Shell::OptionFlags flagsOf(IntermediateCoreOption& option) {

@@ -25,7 +25,7 @@ std::string commonBegin(const std::vector<std::string>& words) {
   return common;
 }
 
-// The begin of a word, which may go on. Single quotes can hold no single quote
+// The beginning of a word, which may go on. Single quotes can hold no single quote
 // and no escape.
 std::string openWord(const std::string& text, char quote) {
   if (quote == 0 && (text.empty() || quoteWord(text) == text)) return text;

@@ -6,8 +6,8 @@
 
 namespace driver_feature::cli {
 
-// Catches the signals that end or stop the program, Ctrl-C's and that of a
-// window of another size, as long as it lives. One at a time. A signal that the
+// While it lives, catches the signals that end or stop the program, Ctrl-C's and
+// that of a resized window. One at a time. A signal that the
 // program ignores stays ignored.
 class TerminalSignals {
  public:
@@ -20,8 +20,7 @@ class TerminalSignals {
   // end of it.
   int waitForInput(int descriptor) const;
 
-  // Lets the signal do what it does without this object. Returns when the program
-  // goes on.
+  // Gives the signal its usual effect. Returns when the program goes on.
   void passOn(int signal);
 
  private:

@@ -21,7 +21,7 @@ class Transcript {
   void note(const std::string& text) const;     // Anything else that matters.
   void logLine(const std::string& line) const;  // "warning: TEXT".
 
-  // A refusal as somebody at a terminal reads it.
+  // A refusal, for a person at a terminal.
   void refuse(const std::string& text) const;
 
   // Writes an answer as it is.

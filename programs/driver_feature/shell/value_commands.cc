@@ -13,7 +13,7 @@ namespace driver_feature::cli {
 
 namespace {
 
-// The word that stands for every property.
+// The word that means every property.
 constexpr const char* kAll = "all";
 
 host::Result<> setChecked(Shell& shell, const host::Setting& setting) {

@@ -7,7 +7,7 @@ namespace driver_feature::cli {
 
 namespace {
 
-// Byte N that is no character is kept as kLoneByte + N: code points that no
+// Byte N that is not a character is kept as kLoneByte + N: code points that no
 // valid text has.
 constexpr wchar_t kLoneByte = 0xDC00;
 

@@ -1,5 +1,5 @@
 // Lines as the editor has them: one element for each character, in the encoding
-// of the locale. A byte that is no character there stays itself on the way back.
+// of the locale. A byte that is not a character there stays itself on the way back.
 #ifndef PROGRAMS_DRIVER_FEATURE_SHELL_WIDE_TEXT_H_
 #define PROGRAMS_DRIVER_FEATURE_SHELL_WIDE_TEXT_H_
 

@@ -22,7 +22,7 @@ TEST_F(EncodingTest, Utf8_Text_IsOneElementACharacter) {
   EXPECT_EQ(toWide(std::string("\0b", 2)), std::wstring(L"\0b", 2));
 }
 
-TEST_F(EncodingTest, Utf8_BytesThatAreNoCharacter_ComeBack) {
+TEST_F(EncodingTest, Utf8_BytesThatAreNotACharacter_ComeBack) {
   ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
   for (const std::string bytes : {"\xE4x", "x\xE2\x82", "\xFF\xC3\xA4\x80"}) {
     EXPECT_EQ(toBytes(toWide(bytes)), bytes);
@@ -30,7 +30,7 @@ TEST_F(EncodingTest, Utf8_BytesThatAreNoCharacter_ComeBack) {
   EXPECT_EQ(toWide("\xE4x").size(), 2U);
 }
 
-TEST_F(EncodingTest, C_BytesThatAreNoCharacter_ComeBack) {
+TEST_F(EncodingTest, C_BytesThatAreNotACharacter_ComeBack) {
   ASSERT_NE(std::setlocale(LC_CTYPE, "C"), nullptr);
   EXPECT_EQ(toWide("\xC3\xA4").size(), 2U);
   EXPECT_EQ(toBytes(toWide("a\xC3\xA4\xFF")), "a\xC3\xA4\xFF");

@@ -3,7 +3,7 @@
 //   set Owner "A. \"B\" C"     double quotes keep blanks; escapes work in them
 //   set Owner 'A. "B" C'       single quotes keep everything
 //   set Owner A.\ B            an escape keeps one character
-//   get Owner                  # a comment begins at a word's begin
+//   get Owner                  # a comment begins where a word may
 //
 // Escapes: \n line feed, \r carriage return, \t tab, \e escape (ESC), \xNN the
 // byte of two hexadecimal digits, and a backslash before a blank, a quote, a #
@@ -28,8 +28,8 @@ using Words = std::vector<std::string>;
 host::Result<> splitWords(std::string_view line, Words& words);
 
 // A line up to the cursor: the words before the one that is being written, and
-// what stands of that, without its quotes and escapes. Never refused: what is
-// not closed yet may be.
+// what is written of that one, without its quotes and escapes. Never refused: a
+// quote that is open may still be closed.
 struct UnfinishedLine {
   Words before;
   std::string word;
@@ -43,7 +43,7 @@ UnfinishedLine splitUnfinished(std::string_view line);
 // and control characters are written as escapes.
 std::string quoteWord(std::string_view text);
 
-// The same without the quotes around it: what stands between double quotes.
+// The same without the double quotes around it.
 std::string escapeWord(std::string_view text);
 
 }  // namespace driver_feature::cli

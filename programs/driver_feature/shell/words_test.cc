@@ -38,7 +38,7 @@ TEST(Words_SplitWords, Quotes_KeepBlanksAndJoin) {
   EXPECT_EQ(split("\"\" ''"), (Words{"", ""}));
 }
 
-TEST(Words_SplitWords, Escapes_StandForCharacters) {
+TEST(Words_SplitWords, Escapes_MeanCharacters) {
   EXPECT_EQ(split("\\n\\r\\t\\e\\x41\\xfF\\\\\\\"\\'\\ x\\#"), (Words{"\n\r\t\x1B"
                                                                       "A\xFF\\\"' x#"}));
   EXPECT_EQ(split("\"\\n\\x00\""), (Words{std::string("\n\0", 2)}));

@@ -45,7 +45,7 @@ std::string characterSetText(const std::string& characters) {
     const auto code = static_cast<unsigned char>(character.front());
     if (!present[code]) continue;
     others += character;
-    if (character.size() == 1) present[code] = false;  // One that stands twice is told once.
+    if (character.size() == 1) present[code] = false;  // One that is given twice is shown once.
   }
   return host::join(ranges, " ") + (others.empty() ? "" : " and \"" + others + "\"");
 }

@@ -18,7 +18,7 @@ std::vector<std::string> limitTexts(const host::FeatureLimits& limits);
 nlohmann::ordered_json limitsJson(const host::FeatureLimits& limits);
 
 // A float as the decimal number that a reader expects: 0.1, not 0.10000000149.
-// Null for what is no number.
+// Null for what is not a number.
 nlohmann::ordered_json floatJson(float number);
 
 // A set of characters: four or more neighbours among the ASCII letters or

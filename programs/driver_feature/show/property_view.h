@@ -1,4 +1,4 @@
-// Every property that the library tells of an object, for reading.
+// Every property that the library returns for an object, for reading.
 #ifndef PROGRAMS_DRIVER_FEATURE_SHOW_PROPERTY_VIEW_H_
 #define PROGRAMS_DRIVER_FEATURE_SHOW_PROPERTY_VIEW_H_
 

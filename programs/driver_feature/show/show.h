@@ -22,7 +22,7 @@ std::string showJson(const host::Model& model, CoreFeatureSet& set);
 std::string valueText(const host::FeatureView& feature);
 
 // The columns of the terminal that standard output goes to; 0 when it goes
-// elsewhere, and 80 for a terminal that does not tell.
+// elsewhere, and 80 for a terminal that does not report its width.
 std::size_t terminalWidth();
 
 }  // namespace driver_feature::cli

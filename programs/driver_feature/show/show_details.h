@@ -10,8 +10,7 @@
 
 namespace driver_feature::cli {
 
-// Why there is nothing to show of a name; nothing when there is a feature or
-// group of that name.
+// Refuses a name that no feature or group has.
 host::Result<> checkDetails(const host::Model& model, const std::string& name);
 
 // Everything about the feature or, when there is none, the group of that name:

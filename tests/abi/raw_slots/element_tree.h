@@ -16,7 +16,7 @@ struct Element {
   Element* next = nullptr;  // The next sibling, once link() has run.
 };
 
-// Tells every child of the tree its sibling. The tree must not move after it.
+// Links every child of the tree to its sibling. The tree must not move after it.
 void link(Element& root);
 
 // The parser object: its first word points to its table. `subscript` is the

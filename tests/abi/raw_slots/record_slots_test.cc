@@ -78,7 +78,7 @@ TEST_F(RecordSlots, Slots25To28_ReadAndChangeTheSelection) {
   EXPECT_THAT(*callSlot<std::set<long>*>(group(), 28), IsEmpty());
 }
 
-TEST_F(RecordSlots, Slot29_SortsWhenItIsToldTo) {
+TEST_F(RecordSlots, Slot29_SortsWhenAskedTo) {
   RawMap first({{"Page", "1"}, {"Tray", "Upper"}});
   append("3");
   append("2");

@@ -35,7 +35,7 @@ TEST_F(SetSlots, Slot5_CreatesNoOption) {
   EXPECT_EQ((callSlot<void*, Text, Text, int>(set_, 5, "PJLCommand", "<%g>", 0)), nullptr);
 }
 
-TEST_F(SetSlots, Slot6_WritesTheLanguageItIsTold) {
+TEST_F(SetSlots, Slot6_WritesTheLanguageAskedFor) {
   std::string output;
   callSlot<void, std::string&, int, bool, const char*, const char*>(set_, 6, output, 0, false,
                                                                     "first", "second");

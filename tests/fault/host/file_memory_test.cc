@@ -83,13 +83,13 @@ class ProgramMemoryTest : public FileMemoryTest {
                   " TESKAttributeSyntax='integer'/></FeatureDescription>");
   }
 
-  struct Answer {
+  struct Outcome {
     int status;  // Of exit; 1000 and the signal when one ended the process.
     bool memoryFailed;
   };
 
   // Runs the program with failing memory.
-  Answer runProgram(const FailurePlan& plan, std::vector<std::string> arguments) {
+  Outcome runProgram(const FailurePlan& plan, std::vector<std::string> arguments) {
     int ends[2];
     EXPECT_EQ(pipe2(ends, O_CLOEXEC), 0);
     const pid_t child = fork();
@@ -126,14 +126,14 @@ class ProgramMemoryTest : public FileMemoryTest {
     const std::string second = folder_.read("second.out");
     ASSERT_NE(first, kOld);
     int attempts = 0;
-    for (Answer answer{0, true}; answer.memoryFailed; ++attempts) {
+    for (Outcome outcome{0, true}; outcome.memoryFailed; ++attempts) {
       SCOPED_TRACE("allocation " + std::to_string(attempts * step));
       writeOldFiles();
-      answer = runProgram({attempts * step, GetParam(), Allocations::kAll}, arguments);
+      outcome = runProgram({attempts * step, GetParam(), Allocations::kAll}, arguments);
       const bool isNew = folder_.read("first.out") == first && folder_.read("second.out") == second;
       const bool isOld = folder_.read("first.out") == kOld && folder_.read("second.out") == kOld;
-      EXPECT_TRUE(answer.status == 0 ? isNew : isOld) << folder_.read("errors");
-      EXPECT_THAT(answer.status, AnyOf(0, 1, 2)) << folder_.read("errors");
+      EXPECT_TRUE(outcome.status == 0 ? isNew : isOld) << folder_.read("errors");
+      EXPECT_THAT(outcome.status, AnyOf(0, 1, 2)) << folder_.read("errors");
       EXPECT_THAT(folder_.fileNames(),
                   ElementsAre("errors", "first.out", "printer.xml", "second.out"));
       if (HasFailure()) return;

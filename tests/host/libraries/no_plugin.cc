@@ -1,4 +1,4 @@
-// A shared library that is no plug-in: it exports nothing that a host needs.
+// A shared library that is not a plug-in: it exports nothing that a host needs.
 extern "C" __attribute__((visibility("default"))) int somethingElse() {
   return 0;
 }

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 
 #include "model/core_feature_set.h"
@@ -54,6 +55,16 @@ EXPORTED void resetScale() {
 EXPORTED void printSomething() {
   std::puts("printed by puts");
   std::cout << "printed by a stream" << '\n';
+}
+
+// Change routine: throws what is not derived from std::exception.
+EXPORTED void throwNumber() {
+  throw 7;
+}
+
+// Change routine: throws a std::exception.
+EXPORTED void throwException() {
+  throw std::runtime_error("no paper");
 }
 
 // Update callback that prints.

@@ -27,7 +27,7 @@ void addEvent(const std::string& event) {
   if (events != nullptr) events->push_back(event);
 }
 
-// The platform's own routine behind one that this program defines.
+// The platform's own routine, which one of this program replaces.
 template <class Function>
 Function* next(const char* name) {
   return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
