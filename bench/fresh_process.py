@@ -103,7 +103,7 @@ def shown(values, digits):
     return f"{middle:.{digits}f} ({low:.{digits}f} to {high:.{digits}f})"
 
 
-def print_table(ours, theirs, folder):
+def print_table(ours, theirs, folder, limits):
     print("| load in a fresh process | ours, ms | peer, ms | ratio | wanted "
           "| instructions, ours / peer | ratio | peak memory of the file's size | wanted |")
     print("|" + "---|" * 9)
@@ -115,9 +115,14 @@ def print_table(ours, theirs, folder):
               f"| {shown(theirs.times[shape], 1)} | {shown(ratios, 2)} | {WANTED_TIME} "
               f"| {counts[0]:,} / {counts[1]:,} | {counts[0] / counts[1]:.2f} "
               f"| {memory:.1f} | {WANTED_MEMORY} |")
+        if limits is not None:
+            name = f"load in a fresh process, {shape[0]:,} lists of {shape[1]:,} choices"
+            middle, low, _ = spread(ratios)
+            limits.add(f"{name}: time", middle, WANTED_TIME, low)
+            limits.add(f"{name}: memory beside the file", memory, WANTED_MEMORY)
 
 
-def measure(build, rounds):
+def measure(build, rounds, limits=None):
     programs = build.resolve() / "bin"
     with tempfile.TemporaryDirectory() as folder:
         models = pathlib.Path(folder)
@@ -127,7 +132,7 @@ def measure(build, rounds):
         for _ in range(rounds):
             ours.run_round()
             theirs.run_round()
-        print_table(ours, theirs, folder)
+        print_table(ours, theirs, folder, limits)
 
 
 def main():

@@ -1,0 +1,83 @@
+"""What was reached beside what is wanted: the last table of ./dev bench.
+
+A limit is missed when the reached value is above it even at the lower end of
+its spread. Counts of instructions and bytes have no spread.
+"""
+
+import dataclasses
+
+# The cost of one operation with 10,000 things may be so many times that with 100.
+WANTED_GROWTH = 2
+# The library's operations whose cost is not to grow with the number of things.
+FLAT = (
+    "find feature", "find group", "find no name among groups", "fetch by any position",
+    "choose in a list", "find in a list", "constrain in a list", "load two features more",
+    "remove the first record", "remove the middle record",
+)
+# Operations that work on all things at once: the cost for each.
+FLAT_EACH = ("save values", "read a record of many members")
+
+# An operation, the hand-written one of the same bytes, and the highest ratio of
+# their instructions, at 1,000 features.
+HAND_WRITTEN = (
+    ("serialize PostScript", "write PostScript by hand", 2.5),
+    ("serialize PJL", "write PostScript by hand", 2.5),
+    ("serialize ticket", "write ticket by hand", 5),
+)
+
+# Lines of the memory report, and bytes.
+MEMORY = (
+    ("option", 180), ("feature with 5 options", 1.3 * 1024),
+    ("record of 5 members", 1.2 * 1024), ("a list of 2,000 in it", 1.2 * 1024),
+)
+
+
+@dataclasses.dataclass
+class Limit:
+    """One line of the table."""
+    what: str
+    reached: float
+    lowest: float  # Of the spread; the same as reached without one.
+    wanted: float
+
+    @property
+    def is_missed(self):
+        return self.lowest > self.wanted
+
+
+class Limits:
+    def __init__(self):
+        self._limits = []
+
+    def add(self, what, reached, wanted, lowest=None):
+        self._limits.append(Limit(what, reached, reached if lowest is None else lowest, wanted))
+
+    def add_growth(self, counts):
+        """Of the instructions of operations, by "operation/size"."""
+        for name, is_each in [(name, False) for name in FLAT] + [(name, True) for name in FLAT_EACH]:
+            few, many = f"{name}/100", f"{name}/10000"
+            if few not in counts or many not in counts:
+                continue
+            growth = counts[many] / counts[few] / (100 if is_each else 1)
+            self.add(f"{name}: 10,000 beside 100", growth, WANTED_GROWTH)
+
+    def add_hand_written(self, counts):
+        for ours, by_hand, wanted in HAND_WRITTEN:
+            ratio = counts[f"{ours}/1000"] / counts[f"{by_hand}/1000"]
+            self.add(f"{ours} beside {by_hand}, instructions", ratio, wanted)
+
+    def add_memory(self, report):
+        """Of the text of memory_report."""
+        for line in report.splitlines():
+            for name, wanted in MEMORY:
+                if line.strip().startswith(name) and line.endswith(" bytes"):
+                    self.add(f"memory of {name}, bytes", float(line.split()[-2]), wanted)
+
+    def print_table(self):
+        """Returns the number of limits that are missed."""
+        print("| what | reached | wanted | |")
+        print("|" + "---|" * 4)
+        for limit in self._limits:
+            print(f"| {limit.what} | {limit.reached:,.3g} | {limit.wanted:,.4g} "
+                  f"| {'missed' if limit.is_missed else ''} |")
+        return sum(limit.is_missed for limit in self._limits)
