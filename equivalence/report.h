@@ -33,6 +33,7 @@ class Report {
   std::string toText() const;
 
  private:
+  // NOLINTNEXTLINE(bugprone-exception-escape): moving a JSON value throws nothing.
   struct Failure {
     std::vector<std::string> causes;  // Without the listed exceptions.
     nlohmann::json record;
