@@ -12,6 +12,7 @@ struct Position {
   int line = 0;
   int column = 0;
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 finds a 0 inside the comparison.
   auto operator<=>(const Position&) const = default;
 };
 
