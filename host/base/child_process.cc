@@ -23,7 +23,7 @@ namespace driver_feature::host {
 
 namespace {
 
-// What waits in a buffer must not come out twice.
+// What is still in a buffer must not be written twice.
 void flushStreams() {
   std::cout.flush();
   std::fflush(nullptr);
@@ -76,7 +76,7 @@ std::optional<std::vector<std::string>> unpack(std::string_view packed) {
   return texts;
 }
 
-// In front of the text of an exception, in place of the texts.
+// Comes before the text of an exception, instead of the texts.
 constexpr char kThrown = '!';
 
 int writeTexts(int pipe, const std::function<std::vector<std::string>()>& work) {
@@ -176,11 +176,11 @@ Result<std::vector<std::string>> runInChild(ChildStreams streams,
   Result<ChildProcess> child =
       ChildProcess::start(streams, [&work](int pipe) { return writeTexts(pipe, work); });
   if (!child) return failureOf(child);
-  const std::string answer = readAll(child->pipe());
+  const std::string output = readAll(child->pipe());
   const int status = child->wait();
-  if (auto texts = unpack(answer)) return std::move(*texts);
+  if (auto texts = unpack(output)) return std::move(*texts);
   std::string reason = "the process ends with " + describeEnd(status);
-  if (answer.starts_with(kThrown)) reason = answer.substr(1);
+  if (output.starts_with(kThrown)) reason = output.substr(1);
   return fail(Problem::Kind::kNotLoaded, std::move(reason));
 }
 

@@ -20,13 +20,13 @@ enum class ChildStreams {
 
 class ChildProcess {
  public:
-  // What runs in the child: writes what it has to say to the pipe and returns
-  // the child's exit status. An exception that leaves it ends the child with
-  // status 1.
+  // What runs in the child: writes its result to the pipe and returns the
+  // child's exit status. An exception that leaves it ends the child with status
+  // 1.
   using Work = std::function<int(int pipe)>;
 
   // Starts the child. It is killed when this process ends. Problem: kNotLoaded
-  // when there is no child to be had.
+  // when no child process can be made.
   static Result<ChildProcess> start(ChildStreams streams, const Work& work);
 
   // The same with a file for both standard streams, in a process group of its
@@ -43,7 +43,7 @@ class ChildProcess {
   // The end of the pipe to read from. It belongs to this object.
   int pipe() const { return pipe_; }
 
-  // Kills the child, or its group. Without effect once it has been waited for.
+  // Kills the child, or its group. Does nothing once it has been waited for.
   void kill() const;
 
   // Waits for the child's end, kills what is left of its group, and returns
@@ -60,8 +60,8 @@ class ChildProcess {
   bool isGroup_;
 };
 
-// Called in a copy of the process `parent`: ends the copy when that ends, so
-// that what hangs in it does not stay.
+// Called in a copy of the process `parent`: ends the copy when the parent ends,
+// so that a copy that hangs does not stay.
 void endWithParent(pid_t parent);
 
 // "exit status 1" or "signal 11".

@@ -21,7 +21,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-TEST(ChildProcessTest, RunInChild_Work_AnswersItsTextsAndChangesNothingHere) {
+TEST(ChildProcessTest, RunInChild_Work_ReturnsItsTextsAndChangesNothingHere) {
   int number = 1;
   const auto texts = runInChild(ChildStreams::kDropped, [&number] {
     number = 2;

@@ -71,7 +71,7 @@ void appendMiddle(const std::vector<std::string>& first, const std::vector<std::
 }
 
 std::string rangeText(std::size_t before, std::size_t count) {
-  // By custom an empty range is told by the line before it.
+  // By convention, an empty range gives the line before it.
   return std::to_string(count == 0 ? before : before + 1) + "," + std::to_string(count);
 }
 

@@ -18,13 +18,14 @@ struct DiffLine {
 };
 
 // The lines of a text without their line ends, in a form that shows each byte:
-// a backslash as \\, control characters and bytes that are no valid UTF-8 as
-// \r, \t or \xNN. A last line without a line end is followed by the line
-// "\ no line end".
+// a backslash as \\, control characters and bytes that are not valid UTF-8 as
+// \r, \t or \xNN. A last line without a line end is followed by the line "\ no
+// line end".
 std::vector<std::string> visibleLines(std::string_view text);
 
 // What turns the first text into the second, with as many lines as possible in
-// both. Two very large texts that differ throughout are told as replaced.
+// both. Two very large texts that differ throughout are reported as one
+// replacement.
 std::vector<DiffLine> diffLines(const std::vector<std::string>& first,
                                 const std::vector<std::string>& second);
 

@@ -11,7 +11,7 @@ struct Row {
   const char* nearest;  // Null for none.
 };
 
-TEST(NearestNameTest, NearestName_ManyMistakes_AnswersTheLikeliest) {
+TEST(NearestNameTest, NearestName_ManyMistakes_ReturnsTheLikeliest) {
   const std::vector<std::string> names = {"Copies",    "Collate",    "Duplex",    "PageSize",
                                           "PaperType", "Resolution", "TonerSave", "X"};
   constexpr Row kRows[] = {
@@ -40,7 +40,7 @@ TEST(NearestNameTest, NearestName_ManyMistakes_AnswersTheLikeliest) {
   }
 }
 
-TEST(NearestNameTest, NearestName_SeveralAsNear_AnswersTheFirst) {
+TEST(NearestNameTest, NearestName_SeveralAsNear_ReturnsTheFirst) {
   EXPECT_EQ(nearestName("Tray0", {"Tray1", "Tray2"}), "Tray1");
   EXPECT_EQ(nearestName("Tray0", {"Tray2", "Tray1"}), "Tray2");
 }
@@ -49,7 +49,7 @@ TEST(NearestNameTest, NearestName_OnlyCaseDiffers_BeatsAnotherLetter) {
   EXPECT_EQ(nearestName("trayA", {"trayB", "TrayA"}), "TrayA");
 }
 
-TEST(NearestNameTest, NearestName_NoNames_AnswersNothing) {
+TEST(NearestNameTest, NearestName_NoNames_ReturnsNothing) {
   EXPECT_EQ(nearestName("Copies", {}), std::nullopt);
 }
 

@@ -43,7 +43,7 @@ void flushFolder(const fs::path& folder) {
 }
 
 Result<> writeDirectly(const std::string& path, std::string_view bytes) {
-  // Appending: behind /dev/stdout there may be a file that holds something.
+  // Appends, because /dev/stdout may be a file that already holds something.
   const int descriptor = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
   if (descriptor == -1) return problemOf(path, "cannot be opened");
   Result<> result;
@@ -86,7 +86,7 @@ class Delivery {
     }
     const fs::path target = followLinks(path_);
     if (!S_ISREG(old.st_mode) || isProcessFile(target)) return {};
-    // Replacing the file would get around its write protection.
+    // Replacing the file would bypass its write protection.
     if (::faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0) {
       return problemOf(path_, "cannot be opened");
     }
@@ -117,13 +117,13 @@ class Delivery {
     return problemOf(path_, "cannot be written");
   }
 
-  // Writes to what is no file.
+  // Writes to something other than a regular file.
   Result<> send() const {
     if (!target_.empty()) return {};
     return path_ == "-" ? writeToStandardOutput(bytes_) : writeDirectly(path_, bytes_);
   }
 
-  // Takes all the memory that finish() and settle() need.
+  // Allocates all the memory that finish() and settle() need.
   Result<> prepare() {
     if (target_.empty()) return {};
     folder_ = folder();
@@ -178,7 +178,7 @@ Result<> deliverAll(std::vector<Delivery> deliveries, SignalDelay& delay) {
     if (!delivery.isFile()) delay.end();
     if (Result<> done = delivery.send(); !done) return done;
   }
-  // From the first file that changes on, no memory is needed.
+  // Once the first file has changed, no more memory is needed.
   for (Delivery& delivery : deliveries) {
     if (Result<> done = delivery.prepare(); !done) return done;
   }

@@ -16,14 +16,13 @@ Result<> writeToStandardOutput(std::string_view bytes);
 
 // Makes `bytes` the content of a file: they go to a temporary file in the
 // same folder, are flushed to the disk, and the temporary file then takes the
-// name. On failure the old file is untouched and the temporary one gone; so it
-// is when a signal ends the process, wherever the file system lets a file be
-// without a name. An
-// existing file keeps its permissions, and a symbolic link stays one and is
-// followed.
+// name. On failure, the old file is untouched and the temporary one is gone.
+// The same is true when a signal ends the process, if the file system allows
+// files without a name. An existing file keeps its permissions, and a symbolic
+// link stays one and is followed.
 //
-// "-" is standard output. What is no regular file (a device, a pipe,
-// /dev/stdout) is written to as it is.
+// "-" is standard output. Anything but a regular file (a device, a pipe,
+// /dev/stdout) is written to directly.
 Result<> writeToFile(const std::string& path, std::string_view bytes);
 
 // One of several outputs.
@@ -33,9 +32,9 @@ struct OutputText {
 };
 
 // Writes the outputs as writeToFile() does. No file gets its new content
-// before all outputs are on the disk or have gone to where they cannot be
-// taken back from: standard output, devices and pipes, in the order given.
-// Refused, with nothing written, when two outputs have the same file.
+// before all outputs are on the disk or have been written to a place from which
+// they cannot be taken back: standard output, devices and pipes, in the order
+// given. Refused, with nothing written, when two outputs have the same file.
 Result<> writeAllOutputs(const std::vector<OutputText>& outputs);
 
 }  // namespace driver_feature::host

@@ -118,7 +118,7 @@ TEST_F(OutputFileTest, WriteToFile_Folder_SaysSo) {
   EXPECT_EQ(names(), std::set<std::string>{"folder"});
 }
 
-// Nothing is protected from the superuser: the test is another user meanwhile.
+// Nothing is protected from the superuser, so the test runs as another user.
 class OrdinaryUser {
  public:
   OrdinaryUser() {

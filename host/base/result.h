@@ -4,8 +4,8 @@
 //   if (!settings) return tl::unexpected(settings.error());
 //   apply(*settings);
 //
-// Nothing that returns a Result prints, and nothing of it ends the process:
-// the program decides what becomes of a problem.
+// A function that returns a Result neither prints nor ends the process: the
+// program decides what to do about a problem.
 #ifndef HOST_BASE_RESULT_H_
 #define HOST_BASE_RESULT_H_
 
@@ -23,17 +23,17 @@ struct Problem {
   enum class Kind : unsigned char {
     kRefused,        // A name, a value or an order that is not accepted.
     kUnreadable,     // A file cannot be read.
-    kMalformed,      // A file's text has not the form that it must have.
+    kMalformed,      // A file's text does not have the required form.
     kNoDescription,  // An XML document without a feature description.
     kNotLoaded,      // A library or a description cannot be loaded.
     kNotWritten,     // A result cannot be written.
-    kDifferent,      // Something else has come out than must.
+    kDifferent,      // The result is not the expected one.
   };
 
   Kind kind = Kind::kRefused;
   std::string text;        // What is wrong, and after a semicolon what to do.
-  std::string remedy;      // What to do, where `text` does not say it.
-  std::string cause = {};  // In a few words, the same for problems that are alike; may be empty.
+  std::string remedy;      // What to do, if `text` does not say so.
+  std::string cause = {};  // In a few words, the same for similar problems; may be empty.
   std::string file = {};
   Position position = {};  // In the file.
   // Further problems of the same operation, in the order of their places.
@@ -54,8 +54,8 @@ inline Failure refused(std::string text) {
   return fail(Problem::Kind::kRefused, std::move(text));
 }
 
-// The failure of another operation, passed on; with what it was about in front
-// of its text.
+// The failure of another operation, passed on; with the subject put before its
+// text.
 template <class Value>
 Failure failureOf(Result<Value>& result) {
   return Failure(std::move(result.error()));
@@ -66,7 +66,7 @@ Failure failureOf(Result<Value>& result, const std::string& about) {
   return failureOf(result);
 }
 
-// Several problems as the failure of one operation. There must be one at least.
+// Several problems as the failure of one operation. There must be at least one.
 Failure failureOfAll(Problems problems);
 
 // "FILE:LINE:COLUMN: TEXT; REMEDY", without what is not known. The problems

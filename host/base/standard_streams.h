@@ -1,13 +1,13 @@
-// The standard streams of a program that loads code of others.
+// The standard streams of a program that loads foreign code.
 #ifndef HOST_BASE_STANDARD_STREAMS_H_
 #define HOST_BASE_STANDARD_STREAMS_H_
 
 namespace driver_feature::host {
 
-// Puts something in the place of each standard stream that the caller has
-// closed, so that no file opened later is taken for one of them. A write to a
-// closed standard output still fails. Also makes a write to a broken pipe, or
-// beyond the largest file allowed, fail instead of ending the process.
+// Opens a replacement for each standard stream that the caller has closed, so
+// that no file opened later is taken for one of them. A write to a closed
+// standard output still fails. Also makes a write to a broken pipe, or beyond
+// the largest file allowed, fail instead of ending the process.
 void prepareStandardStreams();
 
 // While it lives, what anybody writes to standard output goes to standard

@@ -68,7 +68,7 @@ bool TemporaryFile::rename(const std::filesystem::path& target) {
   return true;
 }
 
-// A passing name is needed because a link cannot take the place of a file.
+// A temporary name is needed because a link cannot take the place of a file.
 bool TemporaryFile::giveName() {
   delay_.begin();
   if (!name_.empty()) return true;

@@ -11,8 +11,8 @@
 
 namespace driver_feature::host {
 
-// Keeps the signals that end the program waiting while a file with a passing
-// name exists, so that none is left behind. They arrive when it is destroyed.
+// Keeps the signals that end the program waiting while a file with a temporary
+// name exists, so that none is left over. They arrive when it is destroyed.
 class SignalDelay {
  public:
   SignalDelay() = default;
@@ -20,7 +20,7 @@ class SignalDelay {
   SignalDelay(const SignalDelay&) = delete;
   SignalDelay& operator=(const SignalDelay&) = delete;
 
-  // Without effect while the signals wait already.
+  // Does nothing if the signals are already delayed.
   void begin();
 
   void end();
@@ -32,7 +32,7 @@ class SignalDelay {
 
 // A file that is gone again unless it has been given its final name. It has no
 // name at all until then where the file system can do that. Every operation
-// answers false and sets errno when it fails.
+// returns false and sets errno when it fails.
 class TemporaryFile {
  public:
   // Creates it in the folder. `delay` must outlive it.
@@ -51,12 +51,12 @@ class TemporaryFile {
 
   bool setMode(mode_t mode) const;
 
-  // Gives it a passing name, if it has none. rename() does it too, but needs
+  // Gives it a temporary name, if it has none. rename() does it too, but needs
   // memory for it.
   bool giveName();
 
   // Puts it in the place of `target`, in the same folder. Takes no memory when
-  // it has a passing name.
+  // it has a temporary name.
   bool rename(const std::filesystem::path& target);
 
  private:

@@ -42,7 +42,7 @@ bool contains(const std::array<CodePointRange, kCount>& ranges, std::uint32_t co
 }
 
 // The number of bytes that a character with this first byte takes; 1 for a
-// byte that begins none.
+// byte that does not begin one.
 std::size_t lengthFrom(unsigned char first) {
   if (first >= 0xC2 && first <= 0xDF) return 2;
   if (first >= 0xE0 && first <= 0xEF) return 3;
@@ -60,7 +60,7 @@ std::uint32_t decode(std::string_view bytes) {
   return codePoint;
 }
 
-// True for what is spelled in the shortest way and is no surrogate.
+// True for a character in its shortest form that is not a surrogate.
 bool isValid(std::string_view bytes) {
   constexpr std::array<std::uint32_t, 5> kLowest = {0, 0, 0x80, 0x800, 0x10000};
   const std::uint32_t codePoint = decode(bytes);

@@ -1,5 +1,5 @@
 // How texts of descriptions and users are counted and shown: as UTF-8, where
-// a byte that is no valid UTF-8 stands for itself.
+// a byte that is not valid UTF-8 counts as itself.
 #ifndef HOST_BASE_TEXT_H_
 #define HOST_BASE_TEXT_H_
 

@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(TextTest, SplitCharacters_EmptyText_AnswersNothing) {
+TEST(TextTest, SplitCharacters_EmptyText_ReturnsNothing) {
   EXPECT_THAT(splitCharacters(""), IsEmpty());
 }
 
@@ -19,7 +19,7 @@ TEST(TextTest, SplitCharacters_OneToFourBytes_KeepsEachCharacterWhole) {
               ElementsAre("a", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "z"));
 }
 
-TEST(TextTest, SplitCharacters_InvalidBytes_EachStandsForItself) {
+TEST(TextTest, SplitCharacters_InvalidBytes_EachCountsAsItself) {
   // A lone continuation, Latin-1, a cut character, an overlong slash, a
   // surrogate, and a code point beyond the last one.
   EXPECT_THAT(splitCharacters("\x80z"), ElementsAre("\x80", "z"));

@@ -1,4 +1,4 @@
-// Attributes that the library passes over, and values that it cannot convert.
+// Attributes that the library ignores, and values that it cannot convert.
 
 #include <algorithm>
 
@@ -98,14 +98,16 @@ void checkValues(const host::Element& description, Findings& findings) {
     for (const host::Attribute& attribute : element.attributes) {
       const AttributeRule* rule = findRule(element, attribute.name);
       std::string log;
-      // Without a type it is not known what DefaultValue should hold.
+      // Without a type, the expected form of DefaultValue is unknown.
       const bool unclear = element.role == host::Role::kFeature && !element.kind;
       if (rule == nullptr || converts(element, *rule, log)) continue;
       if (unclear && rule->form != ValueForm::kBool) continue;
       findings.push_back({Code::kNotConvertible,
                           attribute.position,
-                          "\"" + attribute.value + "\" is no value for \"" + attribute.name +
-                              "\" of " + describeElement(element),
+                          "\"" + attribute.value +
+                              "\" is not a value for \"" + attribute.name +
+                              "\" of " +
+                              describeElement(element),
                           wantedForm(rule->form),
                           {log}});
     }

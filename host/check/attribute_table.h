@@ -27,11 +27,11 @@ std::span<const AttributeRule> attributeRules();
 // when it does not read it. Features of no known type have all attributes.
 const AttributeRule* findRule(const host::Element& element, const std::string& attribute);
 
-// The names that elements like this one have.
+// The attribute names that elements like this one may have.
 std::vector<std::string> attributeNames(const host::Element& element);
 
 // Where an attribute of that name belongs: "IntEntry features", "options";
-// empty when nothing has it.
+// empty when no element has it.
 std::string ownersOf(const std::string& attribute);
 
 }  // namespace driver_feature::check

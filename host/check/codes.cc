@@ -16,14 +16,14 @@ constexpr CodeRow kCodes[] = {
     // The file.
     {Code::kUnreadable, kError, "DF001", "The file cannot be opened or read."},
     {Code::kNotXml, kError, "DF002",
-     "The file is no XML document, or one with declarations that are not accepted: entities and "
+     "The file is not an XML document, or it has declarations that are not accepted: entities and "
      "default values of attributes."},
     {Code::kNoDescription, kError, "DF003",
      "Neither the root element nor one of its children is named FeatureDescription."},
 
     // Structure.
     {Code::kInvalidElement, kError, "DF101",
-     "An element stands where the library does not expect one of its name. The library ends the "
+     "An element has a name that the library does not expect in this place. The library ends the "
      "process."},
     {Code::kEmptyStaticGroup, kError, "DF102",
      "A static group has no members. The library ends the process."},
@@ -32,12 +32,12 @@ constexpr CodeRow kCodes[] = {
     {Code::kNoOptions, kError, "DF104",
      "A feature of type MultiSelect has no options. The library ends the process."},
     {Code::kIgnoredElement, kError, "DF105",
-     "The library passes over this element: its parent takes no children."},
+     "The library ignores this element: its parent takes no children."},
     {Code::kOptionTag, kWarning, "DF106",
      "Every child of a MultiSelect feature is read as an option, whatever its name. A name other "
      "than Option may be a mistake."},
     {Code::kNoBaseInfo, kWarning, "DF107",
-     "The description registers no update callback, so that the host does not hear of changes "
+     "The description registers no update callback, so the host is not notified of changes "
      "unless it registers one itself."},
     {Code::kLateBaseInfo, kWarning, "DF108",
      "A feature reports Sensitivity, Visibility or Encrypted to the update callback before "
@@ -47,18 +47,18 @@ constexpr CodeRow kCodes[] = {
     {Code::kSecondDescription, kWarning, "DF110",
      "Only the first FeatureDescription of a document is read."},
     {Code::kStrayText, kError, "DF111",
-     "Text stands between elements. The library reads elements and attributes only."},
+     "There is text between elements. The library reads elements and attributes only."},
     {Code::kSchema, kError, "DF199",
      "The schema of feature descriptions does not allow this, and no other rule has reported the "
      "place."},
 
     // Attributes.
     {Code::kMissingAttribute, kError, "DF201",
-     "A required attribute is absent. The library ends the process."},
+     "A required attribute is missing. The library ends the process."},
     {Code::kUnknownType, kError, "DF202",
-     "FeatureType holds none of the six types. The library ends the process."},
+     "FeatureType is not one of the six types. The library ends the process."},
     {Code::kUnknownAttribute, kError, "DF203",
-     "No element of a description has this attribute. The library passes over it without a word. "
+     "No element of a description has this attribute. The library silently ignores it. "
      "Attributes with a prefix are left to other programs and not reported."},
     {Code::kMisplacedAttribute, kError, "DF204",
      "The attribute belongs to another element or to another type of feature. The library does "
@@ -66,24 +66,25 @@ constexpr CodeRow kCodes[] = {
 
     // Values.
     {Code::kNotConvertible, kError, "DF301",
-     "The text is no value of the attribute's type: true, false, 1 or 0; a decimal 32-bit number; "
-     "a decimal number with a point. The library leaves the setting as it is without the "
+     "The text is not a value of the attribute's type: true, false, 1 or 0; a decimal 32-bit "
+     "number; a decimal number with a point. The library leaves the setting as it is without the "
      "attribute."},
     {Code::kUnknownDefault, kError, "DF302",
-     "DefaultValue names no option of the feature. The library takes the first option."},
+     "DefaultValue does not name an option of the feature. The library takes the first option."},
     {Code::kNoDefault, kWarning, "DF303",
      "A MultiSelect feature has no DefaultValue. The library takes the first option."},
     {Code::kDefaultOutOfRange, kError, "DF304",
-     "DefaultValue lies below the minimum or above the maximum. The library does not notice."},
+     "DefaultValue is below the minimum or above the maximum. The library does not check this."},
     {Code::kDefaultTooLong, kError, "DF305",
-     "DefaultValue has more characters than MaxTextLength allows. The library does not notice."},
+     "DefaultValue has more characters than MaxTextLength allows. The library does not check "
+     "this."},
     {Code::kDefaultCharacters, kError, "DF306",
      "DefaultValue holds a character that is not in TextValidationCharSet. The library does not "
-     "notice."},
+     "check this."},
     {Code::kCrossedLimits, kError, "DF307",
-     "The minimum is above the maximum, so that no value is valid."},
+     "The minimum is above the maximum, so no value is valid."},
     {Code::kNoLengthLimit, kWarning, "DF308",
-     "A MaxTextLength of 0 or less is no limit, as if the attribute were absent."},
+     "A MaxTextLength of 0 or less sets no limit, as if the attribute were absent."},
     {Code::kNoCharacterSet, kWarning, "DF309",
      "A text that may hold any character is written to PJL or PostScript. Control characters and "
      "delimiters in it can change the command or add others."},
@@ -95,15 +96,15 @@ constexpr CodeRow kCodes[] = {
 
     // Names.
     {Code::kRepeatedFeature, kError, "DF401",
-     "Two features have one name. The later replaces the earlier."},
+     "Two features have the same name. The later one replaces the earlier one."},
     {Code::kRepeatedGroup, kError, "DF402",
      "A group's name already belongs to a feature or to another group, which is found in its "
      "place."},
     {Code::kRepeatedOption, kError, "DF403",
-     "Two options of a feature have one name. The later cannot be selected by its name."},
+     "Two options of a feature have the same name. The later one cannot be selected by its name."},
     {Code::kEmptyName, kError, "DF404",
-     "The name is empty. The library does not file such a feature, and nobody finds such a group "
-     "or option."},
+     "The name is empty. The library does not list such a feature, and such a group or option "
+     "cannot be found by its name."},
 
     // Commands.
     {Code::kBadTemplate, kError, "DF501",
@@ -162,7 +163,8 @@ constexpr CodeRow kCodes[] = {
      "The feature has a ticket name and the option no TESKCommand: the feature is left out of the "
      "ticket while this option is selected."},
     {Code::kNoSyntax, kWarning, "DF702",
-     "A ticket name stands without TESKAttributeSyntax: the node is written with an empty syntax."},
+     "A ticket name is given without TESKAttributeSyntax: the node is written with an empty "
+     "syntax."},
     {Code::kTicketNameCharacters, kWarning, "DF703",
      "A ticket name begins or ends with a blank or holds control characters, which readers of the "
      "ticket may drop or refuse."},
@@ -172,27 +174,30 @@ constexpr CodeRow kCodes[] = {
 
     // Routines.
     {Code::kNoUpdateRoutine, kError, "DF801",
-     "DefaultCallbackHandler names no routine of the program or of a library given with "
+     "DefaultCallbackHandler does not name a routine of the program or of a library given with "
      "--callbacks. The library ends the process."},
     {Code::kNoLoadRoutine, kError, "DF802",
-     "LoadVORNCallbackHandler names no routine. Ticket and queue data are not loaded."},
+     "LoadVORNCallbackHandler does not name an existing routine. Ticket and queue data are not "
+     "loaded."},
     {Code::kNoChangeRoutine, kError, "DF803",
-     "AddCallbackRoutine names no routine. Nothing is called when the feature changes."},
+     "AddCallbackRoutine does not name an existing routine. Nothing is called when the feature "
+     "changes."},
     {Code::kNoOutputRoutine, kError, "DF804",
-     "The name of an output routine belongs to no routine. Nothing is written in its place."},
+     "An attribute for an output routine does not name an existing routine. Nothing is written."},
     {Code::kNoSortRoutine, kError, "DF805",
-     "SortFunctionName names no routine. The records keep the order in which they are added."},
+     "SortFunctionName does not name an existing routine. Records keep the order in which they are "
+     "added."},
     {Code::kNeverSorted, kWarning, "DF806",
-     "A dynamic group has no sort routine. The records keep the order in which they are added."},
+     "A dynamic group has no sort routine. Records keep the order in which they are added."},
 
-    // The library's own verdict.
+    // The library's own result.
     {Code::kLoadRefused, kError, "DF901",
-     "The rules see no reason to refuse the description, and the library did not load it. A "
+     "The rules found no reason to refuse the description, but the library did not load it. A "
      "routine may have ended the process."},
     {Code::kLoadAccepted, kError, "DF902",
-     "The rules see a reason to refuse the description, and the library loaded it."},
+     "The rules found a reason to refuse the description, but the library loaded it."},
     {Code::kOtherReason, kError, "DF903",
-     "The library refused the description for another reason than the rules give."},
+     "The library refused the description for a different reason than the rules give."},
 };
 
 consteval bool isComplete() {

@@ -1,4 +1,4 @@
-// Defaults and the limits that they have to keep. The library checks none.
+// Defaults and the limits that they must respect. The library checks none.
 
 #include <algorithm>
 #include <cmath>
@@ -36,7 +36,7 @@ void checkDefaultOption(const host::Element& feature, Findings& findings) {
   if (std::find(names.begin(), names.end(), value->value) != names.end()) return;
   findings.push_back({Code::kUnknownDefault,
                       value->position,
-                      "\"" + value->value + "\" is no option of " + describeElement(feature) +
+                      "\"" + value->value + "\" is not an option of " + describeElement(feature) +
                           "; its first option \"" + names.front() + "\" is taken",
                       didYouMean(value->value, names, "choose one of " + host::join(names, ", ")),
                       {"CreateFeature() - Cannot find default option \"" + value->value +
@@ -63,7 +63,7 @@ void checkRange(const host::Element& feature, const RangeNames& names,
          feature.positionOf(names.lowest),
          "the minimum " + feature.text(names.lowest) + " of " + describeElement(feature) +
              " is above its maximum " + feature.text(names.highest),
-         std::string("exchange ") + names.lowest + " and " + names.highest + " or correct them",
+         std::string("swap ") + names.lowest + " and " + names.highest + " or correct them",
          {}});
     return;
   }

@@ -1,4 +1,4 @@
-// What the check has found, and the codes that name each kind of finding.
+// The findings of the check, and a code for each kind of finding.
 #ifndef HOST_CHECK_FINDINGS_H_
 #define HOST_CHECK_FINDINGS_H_
 
@@ -10,8 +10,8 @@
 
 namespace driver_feature::check {
 
-// An error: the library refuses the description, or drops or cannot use what
-// it says. A warning: it works, but most likely not as meant.
+// An error: the library refuses the description, or drops or cannot use a part
+// of it. A warning: it works, but most likely not as intended.
 enum class Severity : unsigned char { kError, kWarning };
 
 enum class Code : unsigned char {
@@ -109,7 +109,7 @@ Finding refusal(Code code, host::Position position, const std::string& sentence,
 
 using Findings = std::vector<Finding>;
 
-// By position; findings of one place keep their order.
+// By position; findings at the same place keep their order.
 void sortByPosition(Findings& findings);
 
 long countOf(const Findings& findings, Severity severity);

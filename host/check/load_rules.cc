@@ -1,4 +1,4 @@
-// What the library refuses: it ends the process there.
+// What makes the library refuse a description: it ends the process.
 
 #include "Symbols.h"
 
@@ -105,7 +105,7 @@ class LoadWalk {
     requireName(element, "CreateFeature() - No name defined for feature");
     if (type != nullptr && !element.kind) {
       findings_.push_back(refusal(
-          Code::kUnknownType, type->position, "\"" + type->value + "\" is no type of feature",
+          Code::kUnknownType, type->position, "\"" + type->value + "\" is not a feature type",
           didYouMean(type->value, host::featureTypeWords(), "give one of " + words),
           linesFor("CreateFeature() - Invalid feature type \"" + type->value + "\" for feature \"" +
                        element.name() + "\".",
@@ -188,9 +188,10 @@ class LoadWalk {
 
   void refuseChild(const host::Element& child, const std::string& place, const Lines& allowed,
                    const Lines& lines) {
-    findings_.push_back(refusal(
-        Code::kInvalidElement, child.position, "element <" + child.tag + "> cannot stand " + place,
-        didYouMean(child.tag, allowed, "allowed are " + host::join(allowed, ", ")), lines));
+    findings_.push_back(
+        refusal(Code::kInvalidElement, child.position,
+                "element <" + child.tag + "> is not allowed " + place,
+                didYouMean(child.tag, allowed, "use one of " + host::join(allowed, ", ")), lines));
   }
 
   Findings& findings_;

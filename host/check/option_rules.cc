@@ -10,7 +10,7 @@ namespace driver_feature::check {
 
 namespace {
 
-// One output: the option's command, and what of the feature uses it.
+// One output: the option's command, and the feature's attributes that use it.
 struct OptionOutput {
   const char* optionCommand;
   std::vector<std::string> users;  // Attributes of the feature; the last is its routine.
@@ -34,7 +34,7 @@ bool isWrittenByGroupRoutine(const host::Element& feature, const std::string& ro
   return false;
 }
 
-// The filter of a print queue writes this feature's PJL behind the job.
+// The filter of a print queue writes this feature's PJL after the job.
 bool isEndOfJob(const host::Element& feature, const OptionOutput& output) {
   return feature.name() == "JCLEnd" && std::string_view(output.optionCommand) == "PJLCommand";
 }
@@ -57,9 +57,9 @@ void checkUse(const host::Element& feature, const OptionOutput& output, Findings
                       {}});
 }
 
-// Each option without what the feature's template takes from it. A template of
-// the conversion alone leaves all to the options, one of which may well write
-// nothing.
+// Each option that lacks what the feature's template takes from it. A template
+// of the conversion alone leaves everything to the options, and one of them may
+// write nothing on purpose.
 void checkTemplateOptions(const host::Element& feature, const char* command, Findings& findings) {
   if (feature.text(command) == "%s") return;
   if (readTemplate(feature.text(command)).conversion.empty()) return;
@@ -95,7 +95,7 @@ void checkTicketOptions(const host::Element& feature, Findings& findings) {
 
 void checkOptionCommands(const host::Element& description, Findings& findings) {
   forEachElement(description, [&findings](const host::Element& element) {
-    // A routine may make what it likes of the records of a template.
+    // A routine may write the records of a template in any way.
     if (!element.isKind(host::FeatureKind::kMultiSelect) || element.inTemplate) return;
     for (const OptionOutput& output : outputs()) checkUse(element, output, findings);
     checkTemplateOptions(element, "PJLCommand", findings);

@@ -29,7 +29,7 @@ bool isLastPart(const host::Element& child) {
 void checkLineEnd(const host::Element& element, Findings& findings) {
   const std::string command = element.text(kCommand);
   if (command.ends_with('\n')) return;
-  // The commands of options are no templates.
+  // The commands of options are not templates.
   const bool ends = element.role != host::Role::kOption && readTemplate(command).endsWithConversion;
   const bool hasParts = std::any_of(element.children.begin(), element.children.end(),
                                     [](const auto& child) { return isLastPart(*child); });
@@ -39,8 +39,8 @@ void checkLineEnd(const host::Element& element, Findings& findings) {
   }
 }
 
-// The escape character begins what frames PJL and what other printer languages
-// are told.
+// The escape character begins the sequences around PJL and the commands of
+// other printer languages.
 bool isPjl(char character) {
   return (character >= ' ' && character <= '~') || character == '\t' || character == '\r' ||
          character == '\n' || character == '\x1B';

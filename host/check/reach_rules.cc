@@ -1,4 +1,4 @@
-// PostScript and PJL that is described and never written.
+// PostScript and PJL that is described but never written.
 
 #include <algorithm>
 #include <iterator>
@@ -21,7 +21,7 @@ constexpr TextOutput kTextOutputs[] = {
     {"PostScript", "PSCommand", "AddPSCallbackRoutine", true},
 };
 
-// What takes an element into an output.
+// What makes an element a part of an output.
 constexpr const char* kOutputAttributes[] = {"PJLCommand",
                                              "PSCommand",
                                              "TESKOAAttributeName",
@@ -70,7 +70,7 @@ void checkUnwritten(const host::Element& element, Findings& findings) {
 void checkMember(const host::Element& member, const TextOutput& output, Findings& findings) {
   const host::Element& group = *member.parent;
   if (!group.has(output.command)) {
-    // A routine of the group may read what it likes.
+    // A routine of the group may read any attribute.
     if (group.has(output.routine)) return;
     const char* name = member.has(output.command) ? output.command : output.routine;
     if (!member.has(name)) return;
@@ -95,7 +95,7 @@ void checkMember(const host::Element& member, const TextOutput& output, Findings
        {}});
 }
 
-// A command and a routine beside each other.
+// A command and a routine in the same element.
 void checkBoth(const host::Element& element, const TextOutput& output, Findings& findings) {
   if (!element.has(output.command) || !element.has(output.routine)) return;
   if (element.role == host::Role::kStaticGroup && !output.memberRunsOwnRoutine) {

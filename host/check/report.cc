@@ -47,8 +47,8 @@ Totals totalsOf(const std::vector<FileReport>& reports) {
   return totals;
 }
 
-// What the library says of a description that it does not load, or of any
-// when everything is wanted.
+// What the library logs about a description that it does not load, or about any
+// description when everything is wanted.
 std::string loadText(const FileReport& report, host::LogDetail detail) {
   if (!report.load) return "";
   const LoadReport& load = *report.load;

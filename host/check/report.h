@@ -12,11 +12,11 @@
 
 namespace driver_feature::check {
 
-// All that is known of one file.
+// All that is known about one file.
 struct FileReport {
   std::string file;
   bool usable = false;             // Whether there was a description to check.
-  std::optional<LoadReport> load;  // What the library says of it; nothing when unusable.
+  std::optional<LoadReport> load;  // The library's result; nothing when unusable.
   Findings findings;               // In the order of their places.
 };
 

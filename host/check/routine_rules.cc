@@ -1,4 +1,4 @@
-// Routines that a description names and that nobody provides.
+// Routines that a description names but that do not exist.
 
 #include "Symbols.h"
 
@@ -8,8 +8,8 @@ namespace driver_feature::check {
 
 namespace {
 
-// The line is what the library logs when it looks for the routine: at the
-// load, or when it writes the element at top level or as a group's member.
+// The line that the library logs when it looks for the routine: at the load, or
+// when it writes the element at top level or as a group's member.
 struct RoutineRow {
   const char* attribute;
   Code code;
@@ -79,8 +79,9 @@ void checkRoutines(const host::Element& description, Findings& findings) {
     if (element.role != host::Role::kDynamicGroup || element.has("SortFunctionName")) return;
     findings.push_back({Code::kNeverSorted,
                         element.positionOf("SortFunctionName"),
-                        describeElement(element) + " names no sort routine; its records keep the "
-                                                   "order in which they are added",
+                        describeElement(element) +
+                            " does not name a sort routine; its records keep the "
+                            "order in which they are added",
                         "name a comparing routine in SortFunctionName if their order matters",
                         {}});
   });

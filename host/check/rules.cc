@@ -12,7 +12,7 @@ namespace {
 
 using Rule = void (*)(const host::Element& description, Findings& findings);
 
-// checkLoad() stands first: its findings keep the order of the load.
+// checkLoad() comes first: its findings keep the order of the load.
 constexpr Rule kRules[] = {
     &checkLoad,     &checkStructure, &checkAttributes,  &checkValues,      &checkDefaults,
     &checkTexts,    &checkNames,     &checkTemplates,   &checkPjl,         &checkOptionCommands,

@@ -1,5 +1,5 @@
-// The rules of the check. Each looks at the whole description and adds what
-// it finds, in any order; none relies on another.
+// The rules of the check. Each reads the whole description and adds its
+// findings, in any order; none relies on another.
 #ifndef HOST_CHECK_RULES_H_
 #define HOST_CHECK_RULES_H_
 
@@ -10,7 +10,7 @@ namespace driver_feature::check {
 
 // Adds one finding for each reason for which the library refuses the
 // description, in the order in which it would meet them, each with the exact
-// lines that it logs; and for a load routine that is not there.
+// lines that it logs; and for a load routine that does not exist.
 void checkLoad(const host::Element& description, Findings& findings);
 
 void checkStructure(const host::Element& description, Findings& findings);
@@ -27,7 +27,7 @@ void checkReach(const host::Element& description, Findings& findings);
 void checkTicketReach(const host::Element& description, Findings& findings);
 void checkTicketNames(const host::Element& description, Findings& findings);
 
-// All of them. Routines are looked up in the process, with the log silent.
+// All of them. Routines are looked up in the process, with the log turned off.
 Findings applyRules(const host::Element& description);
 
 // An attribute's text as the library converts it. Nothing when it is absent

@@ -35,7 +35,7 @@ constexpr std::size_t kShownCharacters = 20;
 struct Complaint {
   const host::Element* element;
   std::string text;
-  bool isExtra;  // Whether it is about the element as one too many.
+  bool isExtra;  // Whether it reports that the element is one too many.
 };
 
 struct Net {
@@ -58,7 +58,7 @@ template <class Error>
 void noteError(void* context, Error* error) {
   auto& net = *static_cast<Net*>(context);
   const auto found = net.elements.find(static_cast<const xmlNode*>(error->node));
-  // What is wrong with text is reported without the schema.
+  // Text is reported without the schema's help.
   const bool isText = error->code == XML_RELAXNG_ERR_TEXTWRONG;
   if (isText || found == net.elements.end()) return;
   net.complaints.push_back(
@@ -105,7 +105,7 @@ SchemaPointer readSchema() {
   return SchemaPointer(xmlRelaxNGParse(parser.get()));
 }
 
-// A document of the description alone: the rest belongs to others.
+// A document of the description alone: the rest is not ours.
 DocumentPointer takeOut(xmlNode* description) {
   DocumentPointer document(xmlNewDoc(reinterpret_cast<const xmlChar*>("1.0")));
   if (!document) return nullptr;
@@ -125,8 +125,8 @@ bool isReportedItself(const host::Element& element, const Findings& findings) {
 }
 
 // Where the cause of a complaint may lie. libxml2 names the element at which
-// it gave up, which may be one behind the faulty one or inside of it. A child
-// of the description is trusted, unless it is only one too many.
+// it gave up, which may be one after the faulty one or inside it. A child of
+// the description is trusted, unless it is only one too many.
 const host::Element& causeOf(const Complaint& complaint) {
   const host::Element& element = *complaint.element;
   if (element.parent == nullptr) return element;
@@ -162,7 +162,7 @@ std::string strayText(const xmlNode& element) {
 void reportStrayTexts(const ElementMap& elements, Findings& findings) {
   for (const auto& [node, element] : elements) {
     const std::string text = strayText(*node);
-    // What stands in an element that is not read is not read either.
+    // The content of an element that is not read is not read either.
     const bool isRead = element->role != host::Role::kOther;
     if (!isRead || text.empty()) continue;
     findings.push_back(
@@ -197,7 +197,7 @@ void checkSchema(const std::string& document, const host::Element& description,
   mapElements(xmlDocGetRootElement(alone.get()), description, net.elements);
   reportStrayTexts(net.elements, findings);
   validate(alone.get(), net);
-  // The innermost element is what is wrong; those around it fail with it.
+  // The innermost element is the wrong one; those around it fail with it.
   std::stable_sort(net.complaints.begin(), net.complaints.end(),
                    [](const Complaint& left, const Complaint& right) {
                      return left.element->number > right.element->number;

@@ -1,4 +1,4 @@
-// The RELAX NG schema of feature descriptions as a net under the rules.
+// The RELAX NG schema of feature descriptions finds what the rules miss.
 #ifndef HOST_CHECK_SCHEMA_H_
 #define HOST_CHECK_SCHEMA_H_
 
@@ -15,7 +15,7 @@ extern const char* const kFeatureDescriptionSchema;
 // Adds text between the elements, which no rule sees, and what the schema
 // does not allow in the description: a finding for each
 // element; none for an element that `findings` already has a place of, itself
-// or inside of it. `document` is the whole text, which has been read before.
+// or inside it. `document` is the whole text, which has been read before.
 void checkSchema(const std::string& document, const host::Element& description, Findings& findings);
 
 }  // namespace driver_feature::check

@@ -1,4 +1,4 @@
-// Elements that the library takes without a word although something is wrong.
+// Elements that the library silently accepts although something is wrong.
 
 #include <algorithm>
 
@@ -8,8 +8,8 @@ namespace driver_feature::check {
 
 namespace {
 
-// Whether a parent of this role refuses a child of the wrong name, which is
-// checkLoad()'s to report.
+// Whether a parent of this role refuses a child of the wrong name, which
+// checkLoad() reports.
 bool refusesChildren(host::Role role) {
   return role == host::Role::kDescription || role == host::Role::kStaticGroup ||
          role == host::Role::kDynamicGroup;
@@ -26,7 +26,7 @@ void checkChild(const host::Element& child, Findings& findings) {
          {}});
     return;
   }
-  // What stands inside of an ignored element goes with it.
+  // The content of an ignored element is ignored, too.
   if (child.role != host::Role::kOther || refusesChildren(parent.role) ||
       parent.role == host::Role::kOther) {
     return;

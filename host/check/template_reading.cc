@@ -20,8 +20,9 @@ TemplateReading readTemplate(const std::string& text) {
     }
     const std::string_view before = rest;
     if (!takeConversion(rest)) {
-      reading.fault = "\"%" + std::string(before.substr(0, 12)) +
-                      "\" begins no conversion, or one with a width or precision above 4096";
+      reading.fault =
+          "\"%" + std::string(before.substr(0, 12)) +
+          "\" does not begin a conversion, or begins one with a width or precision above 4096";
       return reading;
     }
     if (!reading.conversion.empty()) {
@@ -33,7 +34,7 @@ TemplateReading readTemplate(const std::string& text) {
   }
   const bool fitsAny =
       fits(text, Argument::kText) || fits(text, Argument::kInt) || fits(text, Argument::kFloat);
-  if (!fitsAny) reading.fault = "\"" + reading.conversion + "\" is no conversion";
+  if (!fitsAny) reading.fault = "\"" + reading.conversion + "\" is not a conversion";
   return reading;
 }
 

@@ -11,7 +11,7 @@ namespace driver_feature::check {
 
 struct TemplateReading {
   std::string fault;       // Why it can never be formatted; empty when it can.
-  std::string conversion;  // The conversion as it stands in the template; empty without one.
+  std::string conversion;  // The conversion as written in the template; empty without one.
   bool endsWithConversion = false;
 };
 

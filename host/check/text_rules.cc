@@ -92,7 +92,7 @@ const char* harmIn(host::ValuePlace place) {
     case host::ValuePlace::kPostScriptBase85String:
       return "a character that can end the encoded PostScript string";
     default:
-      return nullptr;  // Control characters alone, which are told once for all places.
+      return nullptr;  // Control characters alone, which are reported once for all places.
   }
 }
 

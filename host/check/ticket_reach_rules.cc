@@ -1,4 +1,4 @@
-// What is described for a ticket and never gets into one.
+// What is described for a ticket but is never written to one.
 
 #include <algorithm>
 #include <iterator>
@@ -91,7 +91,7 @@ void checkNamedMember(const host::Element& member, const char* kind, Findings& f
   }
 }
 
-// Whether the ticket reaches the members of the group at all.
+// Whether the ticket holds any members of the group.
 bool isReached(const host::Element& group, const char* kind) {
   return kind != nullptr && group.has(kind);
 }

@@ -15,8 +15,8 @@ namespace driver_feature::check {
 
 namespace {
 
-// The child has a status of its own for success, so that a routine that ends
-// the process with 0 is not taken for one.
+// The child has its own status for success, so that a routine that ends the
+// process with 0 is not mistaken for it.
 constexpr int kLoadedStatus = 113;
 
 // Every line is sent as its level, its length and its bytes.
@@ -34,13 +34,13 @@ void sendLine(int level, const char* /*category*/, const char* text, std::size_t
 }
 
 int load(const host::Plugin& plugin, void* description, int pipe) {
-  static int target = -1;  // Alive until the library has ended the process.
+  static int target = -1;  // Lives until the library has ended the process.
   target = pipe;
   SetLogHandler(&sendLine, &target);
   plugin.setUpdateCallback(&DriverFeatureHostUpdate);
   const bool built = plugin.handOver(description) == 1;
   if (built) plugin.completeCreation();
-  // Nothing that the library has registered for the end of a process runs.
+  // No function that the library has registered with atexit() runs.
   _exit(built ? kLoadedStatus : 1);
 }
 

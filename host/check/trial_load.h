@@ -1,5 +1,5 @@
-// The library's own opinion of a description: a real load in a child process,
-// because the library ends the process when it refuses one.
+// Tries the library on a description: a real load in a child process, because
+// the library ends the process when it refuses one.
 #ifndef HOST_CHECK_TRIAL_LOAD_H_
 #define HOST_CHECK_TRIAL_LOAD_H_
 
@@ -25,8 +25,8 @@ struct LoadReport {
 };
 
 // Loads the description in a child of this process and waits for its end.
-// What the library or a routine prints is dropped. Problem: there is no child
-// to be had.
+// What the library or a routine prints is dropped. Problem: no child process
+// can be made.
 host::Result<LoadReport> loadInChild(const host::Plugin& plugin, void* description);
 
 }  // namespace driver_feature::check

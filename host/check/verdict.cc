@@ -9,7 +9,7 @@ namespace {
 constexpr const char* kRemedy =
     "the check and the library disagree; report this with the description";
 
-// Not a reason to end: the load goes on without the routine.
+// This does not end the process: the load continues without the routine.
 constexpr const char* kNoLoadRoutine =
     "FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer";
 
@@ -31,18 +31,18 @@ void compareVerdicts(const LoadReport& report, host::Position description, Findi
     if (report.loaded) return;
     findings.push_back({Code::kLoadRefused, description,
                         "the library did not load the description (" + report.end + ")",
-                        "see whether one of its routines ends the process", reasons});
+                        "check whether one of its routines ends the process", reasons});
   } else if (report.loaded) {
     findings.push_back({Code::kLoadAccepted,
                         description,
-                        "the library loaded the description in spite of line " +
+                        "the library loaded the description despite line " +
                             std::to_string(refused->position.line),
                         kRemedy,
                         {}});
   } else if (reasons != refused->log) {
     findings.push_back({Code::kOtherReason, description,
                         "the library refused the description (" + report.end +
-                            ") for another reason than that of line " +
+                            ") for a different reason than that of line " +
                             std::to_string(refused->position.line),
                         kRemedy, reasons});
   }

@@ -1,4 +1,4 @@
-// The rules against the library: they must agree about every description.
+// Compares the rules with the library: they must agree about every description.
 #ifndef HOST_CHECK_VERDICT_H_
 #define HOST_CHECK_VERDICT_H_
 
@@ -8,7 +8,7 @@
 namespace driver_feature::check {
 
 // Adds a finding when the library has loaded what the rules refuse, has not
-// loaded what they let pass, or gives another reason than the first refusal
+// loaded what they accept, or gives a different reason than the first refusal
 // of `findings`. The findings are in the order of the rules.
 void compareVerdicts(const LoadReport& report, host::Position description, Findings& findings);
 

@@ -24,7 +24,7 @@ TEST(Verdict, CompareVerdicts_BothAgree_AddsNothing) {
   EXPECT_EQ(refused.size(), 2U);
 }
 
-TEST(Verdict, CompareVerdicts_OnlyTheLoadRoutineIsMissing_IsNoReason) {
+TEST(Verdict, CompareVerdicts_OnlyTheLoadRoutineIsMissing_IsNotAReason) {
   Findings refused = {refusedAt(7, {"a"})};
   compareVerdicts(
       ended({{1, "FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer"},
@@ -48,7 +48,7 @@ TEST(Verdict, CompareVerdicts_LibraryLoadsWhatTheRulesRefuse_IsAFinding) {
   compareVerdicts({true, "loaded", {}}, kPlace, findings);
   ASSERT_EQ(findings.size(), 2U);
   EXPECT_EQ(findings[1].code, Code::kLoadAccepted);
-  EXPECT_EQ(findings[1].sentence, "the library loaded the description in spite of line 7");
+  EXPECT_EQ(findings[1].sentence, "the library loaded the description despite line 7");
 }
 
 TEST(Verdict, CompareVerdicts_AnotherReason_IsAFinding) {
@@ -56,9 +56,10 @@ TEST(Verdict, CompareVerdicts_AnotherReason_IsAFinding) {
   compareVerdicts(ended({{1, "c"}}), kPlace, findings);
   ASSERT_EQ(findings.size(), 3U);
   EXPECT_EQ(findings[2].code, Code::kOtherReason);
-  EXPECT_EQ(findings[2].sentence,
-            "the library refused the description (exit status 1) for another reason than that of "
-            "line 7");
+  EXPECT_EQ(
+      findings[2].sentence,
+      "the library refused the description (exit status 1) for a different reason than that of "
+      "line 7");
   EXPECT_EQ(findings[2].log, std::vector<std::string>{"c"});
 }
 

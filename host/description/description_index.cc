@@ -55,7 +55,7 @@ const FeatureLimits& DescriptionIndex::limitsOf(const std::string& featureName) 
 std::vector<std::string> DescriptionIndex::groupsAround(const std::string& featureName) const {
   std::vector<std::string> names;
   std::string group = limitsOf(featureName).group;
-  // Groups stand behind the one around them, so that the walk never turns back.
+  // Groups follow the group that contains them, so one backward pass is enough.
   // NOLINTNEXTLINE(modernize-loop-convert): clang 14 has no reversing view.
   for (auto entry = groups_.rbegin(); entry != groups_.rend(); ++entry) {
     if (group.empty() || entry->name != group) continue;

@@ -1,7 +1,7 @@
 // What a program takes from the feature description itself, because the
-// library does not tell it: the limits of the features (the library stores
+// library does not report it: the limits of the features (the library stores
 // them without enforcing them, gives no way to read the integer ones, and
-// answers 0 both for a limit of 0 and for none), their lines, and which names
+// returns 0 both for a limit of 0 and for none), their lines, and which names
 // belong to groups.
 #ifndef HOST_DESCRIPTION_DESCRIPTION_INDEX_H_
 #define HOST_DESCRIPTION_DESCRIPTION_INDEX_H_
@@ -16,18 +16,18 @@ class AttributeMap;
 namespace driver_feature::host {
 
 // The limits of one feature. A limit that the description does not give, or
-// gives in a form that the library does not take either, is absent. A maximum
+// gives in a form that the library does not accept either, is absent. A maximum
 // length of 0 or less and an empty set of characters mean no limit: they are
 // what the library keeps for a feature without one.
 struct FeatureLimits {
-  int line = 0;  // Where the feature stands in the description; 0 when unknown.
+  int line = 0;  // Of the feature in the description; 0 when unknown.
   std::optional<int> intMin;
   std::optional<int> intMax;
   std::optional<float> floatMin;
   std::optional<float> floatMax;
   std::optional<int> maxTextLength;  // In characters.
   std::string allowedCharacters;
-  std::string changeRoutine;  // Its name, which the library does not tell either.
+  std::string changeRoutine;  // Its name, which the library does not report either.
   std::string group;          // The name of the innermost group around it; empty at top level.
 };
 
@@ -44,11 +44,11 @@ struct GroupEntry {
 class DescriptionIndex {
  public:
   // Walks a feature-description element, groups within groups included. When
-  // a feature's name stands twice the last one counts, as in the library. The
+  // a feature's name occurs twice, the last one counts, as in the library. The
   // element is not needed afterwards.
   explicit DescriptionIndex(void* description);
 
-  // No limits at all for a name that the description does not give a feature.
+  // No limits for a name that is not a feature's.
   const FeatureLimits& limitsOf(const std::string& featureName) const;
 
   // The names of the groups around a feature, the innermost one first.

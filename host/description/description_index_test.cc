@@ -19,7 +19,7 @@ DescriptionIndex indexOf(const std::string& elements) {
   return DescriptionIndex(document->root());
 }
 
-TEST(DescriptionIndexTest, LimitsOf_IntEntry_AnswersItsLimitsAndLine) {
+TEST(DescriptionIndexTest, LimitsOf_IntEntry_ReturnsItsLimitsAndLine) {
   const auto index = indexOf(
       "<Feature FeatureType='IntEntry' Name='A' IntMinValue='-3' IntMaxValue='0'/>\n"
       "<Feature FeatureType='IntEntry' Name='B'/>\n");
@@ -31,14 +31,14 @@ TEST(DescriptionIndexTest, LimitsOf_IntEntry_AnswersItsLimitsAndLine) {
   EXPECT_EQ(index.limitsOf("B").line, 3);
 }
 
-TEST(DescriptionIndexTest, LimitsOf_FloatEntry_AnswersThemAsTheLibraryStoresThem) {
+TEST(DescriptionIndexTest, LimitsOf_FloatEntry_ReturnsThemAsTheLibraryStoresThem) {
   const auto index = indexOf(
       "<Feature FeatureType='FloatEntry' Name='A' FloatMinValue='0.1' FloatMaxValue='2e1'/>\n");
   EXPECT_EQ(index.limitsOf("A").floatMin, 0.1F);
   EXPECT_EQ(index.limitsOf("A").floatMax, 20.0F);
 }
 
-TEST(DescriptionIndexTest, LimitsOf_TextEntry_AnswersLengthAndCharacters) {
+TEST(DescriptionIndexTest, LimitsOf_TextEntry_ReturnsLengthAndCharacters) {
   const auto index = indexOf(
       "<Feature FeatureType='TextEntry' Name='A' MaxTextLength='8'"
       " TextValidationCharSet='abc'/>\n");
@@ -46,7 +46,7 @@ TEST(DescriptionIndexTest, LimitsOf_TextEntry_AnswersLengthAndCharacters) {
   EXPECT_EQ(index.limitsOf("A").allowedCharacters, "abc");
 }
 
-TEST(DescriptionIndexTest, LimitsOf_LengthZeroOrLess_IsNoLimit) {
+TEST(DescriptionIndexTest, LimitsOf_LengthZeroOrLess_SetsNoLimit) {
   const auto index = indexOf(
       "<Feature FeatureType='TextEntry' Name='A' MaxTextLength='0'/>\n"
       "<Feature FeatureType='TextEntry' Name='B' MaxTextLength='-1'/>\n"
@@ -56,7 +56,7 @@ TEST(DescriptionIndexTest, LimitsOf_LengthZeroOrLess_IsNoLimit) {
   EXPECT_EQ(index.limitsOf("C").maxTextLength, 1);
 }
 
-TEST(DescriptionIndexTest, LimitsOf_AttributesOfAnotherType_AreNoLimits) {
+TEST(DescriptionIndexTest, LimitsOf_AttributesOfAnotherType_AreIgnored) {
   const auto index = indexOf(
       "<Feature FeatureType='TextEntry' Name='A' IntMinValue='1' FloatMinValue='1'/>\n"
       "<Feature FeatureType='IntEntry' Name='B' MaxTextLength='1' TextValidationCharSet='a'"
@@ -70,13 +70,13 @@ TEST(DescriptionIndexTest, LimitsOf_AttributesOfAnotherType_AreNoLimits) {
   EXPECT_EQ(index.limitsOf("C").intMax, std::nullopt);
 }
 
-TEST(DescriptionIndexTest, LimitsOf_TextThatDoesNotConvert_IsNoLimit) {
+TEST(DescriptionIndexTest, LimitsOf_TextThatDoesNotConvert_IsIgnored) {
   const auto index = indexOf("<Feature FeatureType='IntEntry' Name='A' IntMaxValue='9x'/>\n");
   EXPECT_EQ(index.limitsOf("A").intMax, std::nullopt);
   EXPECT_EQ(index.limitsOf("A").line, 2);
 }
 
-TEST(DescriptionIndexTest, LimitsOf_NameStandsTwice_AnswersTheLast) {
+TEST(DescriptionIndexTest, LimitsOf_NameOccursTwice_ReturnsTheLast) {
   const auto index = indexOf(
       "<Feature FeatureType='IntEntry' Name='A' IntMinValue='1' IntMaxValue='5'/>\n"
       "<FeatureStaticGroup Name='G'>\n"
@@ -87,7 +87,7 @@ TEST(DescriptionIndexTest, LimitsOf_NameStandsTwice_AnswersTheLast) {
   EXPECT_EQ(index.limitsOf("A").line, 4);
 }
 
-TEST(DescriptionIndexTest, LimitsOf_UnknownName_AnswersNoLimits) {
+TEST(DescriptionIndexTest, LimitsOf_UnknownName_ReturnsNoLimits) {
   const auto index = indexOf("<Feature FeatureType='IntEntry' Name='A' IntMinValue='1'/>\n");
   EXPECT_EQ(index.limitsOf("B").line, 0);
   EXPECT_EQ(index.limitsOf("B").intMin, std::nullopt);
@@ -102,7 +102,7 @@ TEST(DescriptionIndexTest, LimitsOf_FeatureInNestedGroups_IsFound) {
   EXPECT_EQ(index.limitsOf("A").line, 3);
 }
 
-TEST(DescriptionIndexTest, LimitsOf_OptionTaggedFeature_IsNoFeature) {
+TEST(DescriptionIndexTest, LimitsOf_OptionTaggedFeature_IsNotAFeature) {
   const auto index = indexOf(
       "<Feature FeatureType='MultiSelect' Name='M'>\n"
       "<Feature FeatureType='IntEntry' Name='A' IntMinValue='4'/>\n"
@@ -110,7 +110,7 @@ TEST(DescriptionIndexTest, LimitsOf_OptionTaggedFeature_IsNoFeature) {
   EXPECT_EQ(index.limitsOf("A").line, 0);
 }
 
-TEST(DescriptionIndexTest, GroupNamed_BothKindsNestedAndUnknown_AnswersTheKind) {
+TEST(DescriptionIndexTest, GroupNamed_BothKindsNestedAndUnknown_ReturnsTheKind) {
   const auto index = indexOf(
       "<FeatureDynamicGroup Name='D'><FeatureStaticGroup Name='T'><FeatureStaticGroup Name='I'/>"
       "</FeatureStaticGroup></FeatureDynamicGroup>\n"

@@ -31,7 +31,7 @@ class Document {
   // lives as long as this object.
   void* description() const { return description_; }
 
-  // A second feature description, which nobody reads; null without one.
+  // A second feature description, which is not read; null without one.
   void* secondDescription() const { return second_; }
 
  private:

@@ -23,7 +23,7 @@ enum class Role : unsigned char {
   kStaticGroup,
   kDynamicGroup,
   kOption,
-  kOther,  // What the loader refuses or passes over; the parent's role tells which.
+  kOther,  // What the loader refuses or ignores, depending on the parent's role.
 };
 
 struct Attribute {
@@ -48,7 +48,8 @@ struct Element {
   std::string text(const std::string& name) const;
   bool has(const std::string& name) const { return !text(name).empty(); }
   std::string name() const { return text("Name"); }
-  // Where an attribute stands, or the element when it has no such attribute.
+  // The position of an attribute, or of the element when it has no such
+  // attribute.
   Position positionOf(const std::string& attribute) const;
 
   bool isKind(FeatureKind wanted) const { return kind == wanted; }

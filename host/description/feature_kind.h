@@ -23,7 +23,7 @@ const std::vector<std::string>& featureTypeWords();
 
 const char* wordOf(FeatureKind kind);
 
-// Nothing for a word that names no type.
+// Nothing for a word that does not name a type.
 std::optional<FeatureKind> kindNamed(const std::string& word);
 
 // Whether features of the type hold a value that can be set.

@@ -10,7 +10,7 @@ namespace driver_feature::host {
 
 namespace {
 
-// Walks over the text and knows the place where it stands.
+// Walks over the text and keeps track of its position.
 class Scanner {
  public:
   explicit Scanner(std::string_view text) : rest_(text) {}
@@ -58,7 +58,7 @@ void skipQuoted(Scanner& scanner) {
 }
 
 // A document type may hold comments, quoted texts and, between brackets,
-// declarations with ends of their own.
+// declarations that have their own ends.
 void skipDocumentType(Scanner& scanner) {
   int depth = 0;
   while (!scanner.atEnd()) {
@@ -100,7 +100,8 @@ struct Markup {
   std::string_view end;
 };
 
-// What may hold a "<" that begins no tag, and what is no start tag.
+// Constructs that may hold a "<" that does not begin a tag, and tags other than
+// start tags.
 constexpr std::array<Markup, 4> kPassedOver = {{
     {"<!--", "-->"},
     {"<![CDATA[", "]]>"},

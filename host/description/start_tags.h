@@ -1,4 +1,4 @@
-// The places of the start tags of an XML text, which no tree keeps.
+// The places of the start tags of an XML text, which a tree does not keep.
 #ifndef HOST_DESCRIPTION_START_TAGS_H_
 #define HOST_DESCRIPTION_START_TAGS_H_
 

@@ -11,9 +11,9 @@
 namespace driver_feature::ppd {
 
 // `bytes` as UTF-8 without a character that XML forbids. Escaped are control
-// bytes but tab, line feed and carriage return, bytes that are no valid UTF-8,
-// the bytes of U+FFFE and U+FFFF, and those of U+F700 to U+F7FF, which would
-// otherwise be taken for escapes. NUL bytes cannot be expressed and are
+// bytes except tab, line feed and carriage return, bytes that are not valid
+// UTF-8, the bytes of U+FFFE and U+FFFF, and those of U+F700 to U+F7FF, which
+// would otherwise be read as escapes. NUL bytes cannot be expressed and are
 // dropped.
 std::string escapeBytes(std::string_view bytes);
 

@@ -8,7 +8,7 @@
 
 namespace driver_feature::ppd {
 
-// Why something is lost that libcups itself leaves out.
+// Why something that libcups itself leaves out is lost.
 inline constexpr const char* kNeverWritten =
     "libcups never writes it, because its order dependency is below 0";
 

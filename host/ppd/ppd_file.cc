@@ -19,7 +19,7 @@ namespace driver_feature::ppd {
 
 namespace {
 
-// What keeps the file from being opened; 0 when it can be tried.
+// Why the file cannot be opened; 0 when it may be possible.
 int obstacle(const std::string& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) return errno;
@@ -42,8 +42,8 @@ host::Failure notOpened(const std::string& path, int systemError) {
 }
 
 // Whether the file is compressed with gzip and its text does not have the
-// length that its last four bytes tell. libcups takes what there is of such a
-// file for the whole.
+// length that its last four bytes give. libcups reads such a file as if it were
+// complete.
 bool isCutOff(const std::string& path) {
   std::error_code ignored;  // libcups then says why the file cannot be opened.
   // A pipe could not be read again.
@@ -57,9 +57,9 @@ bool isCutOff(const std::string& path) {
   return static_cast<std::uint32_t>(ppdBytes(path).size()) != length;
 }
 
-// Has libcups mark what stands for the page size, as it does before it writes.
-// It then writes nothing, because no order dependency is at least NaN: to
-// sort all options would take time with the square of their number.
+// Makes libcups mark the option that sets the page size, as it does before it
+// writes. It then writes nothing, because no order dependency is at least NaN:
+// to sort all options would take time with the square of their number.
 void settlePageSize(ppd_file_t& ppd) {
   std::free(ppdEmitString(&ppd, PPD_ORDER_ANY, std::numeric_limits<float>::quiet_NaN()));
 }
@@ -68,7 +68,7 @@ host::Failure failureOfLibcups(const std::string& path, int systemError) {
   int line = 0;
   const ppd_status_t status = ppdLastError(&line);
   if (status == PPD_FILE_OPEN_ERROR) return notOpened(path, systemError);
-  // Whatever is wrong with the first line; 0 when it is not even ended.
+  // Any problem with the first line; 0 when the line has no end.
   if (status == PPD_MISSING_PPDADOBE4 || line <= 1) {
     return unusable(host::Problem::Kind::kMalformed,
                     path + ":1: this is not a PPD file: it does not begin with *PPD-Adobe: \"4.",

@@ -42,7 +42,7 @@ bool equalKeywords(const char* left, const char* right);
 // While it lives, the numbers of all custom choices are 0, page sizes included.
 //
 // libcups makes room for ten bytes of such a number, and writes those that need
-// more past the end of its memory. Values come from whoever prints.
+// more past the end of its memory. Values come from the user who prints.
 class CustomNumbersAway {
  public:
   explicit CustomNumbersAway(ppd_file_t& ppd);

@@ -4,7 +4,7 @@ namespace driver_feature::host {
 
 namespace {
 
-// The set hands out features as pointers to a class that a host does not see.
+// The set returns features as pointers to a class that a host does not know.
 // Its first and only base is the interface, so the address is the same.
 IntermediateCoreFeature* interfaceOf(DriverFeature* feature) {
   return reinterpret_cast<IntermediateCoreFeature*>(feature);
@@ -52,7 +52,7 @@ std::optional<std::string> FeatureView::currentChoice() const {
 
 std::vector<Choice> FeatureView::choices() const {
   std::vector<Choice> choices;
-  // The library logs a question about options to another feature as misuse.
+  // The library logs a request for the options of any other feature as misuse.
   if (kind() != FeatureKind::kMultiSelect) return choices;
   const int count = feature_->fetchNumberOfOptions();
   for (int position = 0; position < count; ++position) choices.push_back(choiceAt(position));

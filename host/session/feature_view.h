@@ -21,7 +21,7 @@ struct Choice {
   bool visible = true;
 };
 
-// A look at one feature; it holds no copy, so every answer is up to date. The
+// A view of one feature; it holds no copy, so every result is up to date. The
 // feature belongs to the library and lives as long as the process.
 class FeatureView {
  public:
@@ -49,7 +49,7 @@ class FeatureView {
   // The template of "PJLCommand" or "PSCommand"; empty without one.
   std::string command(const std::string& property) const;
 
-  // Stores the current value from a text. True when the library took it.
+  // Stores the current value from a text. True when the library accepts it.
   bool setValue(const std::string& text) const;
 
  private:

@@ -25,7 +25,7 @@ CoreFeature* find(CoreFeatureSet& set, const std::string& name) {
   return set.FindFeatureInFeatureList(name);
 }
 
-// The type code tells which interface an object has.
+// The type code says which interface an object has.
 IntermediateStaticFeatureGroup* asStaticGroup(CoreFeature* object) {
   const int type = object != nullptr ? object->getFeatureType() : 0;
   if (type != kStaticGroup && type != kTemplate) return nullptr;
@@ -64,7 +64,7 @@ Record DynamicGroupView::templateValues() const {
   Record values;
   forEachMember(*shapeGroup_, [&](CoreFeature& member) {
     if (member.getFeatureType() == kFloatEntry) {
-      // The value's own text has six decimals and may be another number's.
+      // The value's own text has six decimals and may spell a different number.
       float number = 0;
       member.getFeatureProperty(std::string("CurrentFloatValue"), &number);
       values.push_back(numberText(number));

@@ -1,7 +1,7 @@
 // What a program reads of groups, through the library's interfaces.
 //
-// The library's set tells features by number but groups by name only, so the
-// names come from the description.
+// The library's set lists features by number but finds groups by name only, so
+// the names come from the description.
 #ifndef HOST_SESSION_GROUP_VIEW_H_
 #define HOST_SESSION_GROUP_VIEW_H_
 
@@ -51,7 +51,7 @@ class DynamicGroupView {
   // the library refuses it.
   bool add(const Record& values) const;
 
-  // Adds a record behind the others. False when the library refuses it.
+  // Adds a record after the others. False when the library refuses it.
   bool addUnsorted(const Record& values) const;
 
   void removeAll() const;
@@ -67,7 +67,7 @@ class DynamicGroupView {
 };
 
 // The group of that name; nothing when the set has none, or when a feature of
-// the same name stands before it.
+// the same name is found first.
 std::optional<StaticGroupView> findStaticGroup(CoreFeatureSet& set, const std::string& name);
 std::optional<DynamicGroupView> findDynamicGroup(CoreFeatureSet& set, const DescriptionIndex& index,
                                                  const std::string& name);

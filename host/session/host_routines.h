@@ -1,5 +1,5 @@
-// Routines of the program that a feature description may name, for
-// descriptions that bring none of their own:
+// Routines of the program that a feature description may name if it has none of
+// its own:
 //
 //   <BaseFeatureInfo DefaultCallbackHandler="DriverFeatureHostUpdate"
 //                    LoadVORNCallbackHandler="DriverFeatureHostLoad"/>
@@ -17,15 +17,15 @@
 extern "C" {
 
 // Update callback. Counts its calls and returns true. The program registers
-// it before it loads a description, too, so that one is always there.
+// it before it loads a description, too, so that there is always one.
 DRIVER_FEATURE_EXPORT bool DriverFeatureHostUpdate();
 
 // Load routine. Each child of `element`, whatever its tag, is one setting: its
 // attributes "Name" and "Value" are a feature and the text of its new value,
-// checked as a setting of the command line is. A refused one is reported and
-// the others are set all the same. Returns the number of refused settings, 0 for success. `mode` (1
-// for installable options, 0 for a job ticket) makes no difference. Before a description is loaded,
-// every setting is refused.
+// checked as a setting of the command line is. A refused one is reported, and
+// the others are still set. Returns the number of refused settings, 0 for
+// success. `mode` (1 for installable options, 0 for a job ticket) makes no
+// difference. Before a description is loaded, every setting is refused.
 DRIVER_FEATURE_EXPORT int DriverFeatureHostLoad(void* element, int mode);
 
 }  // extern "C"
@@ -39,7 +39,7 @@ long updateCount();
 struct LoadTarget {
   // Sets a feature; empty while no description is loaded.
   std::function<Result<>(const std::string& name, const std::string& value)> set;
-  LineSink report;  // Takes the refusals.
+  LineSink report;  // Receives the refusals.
 };
 void setLoadTarget(LoadTarget target);
 

@@ -1,4 +1,4 @@
-// Reports which file was being loaded when the process ends.
+// Reports which file was being loaded if the process ends.
 #ifndef HOST_SESSION_LOAD_WATCH_H_
 #define HOST_SESSION_LOAD_WATCH_H_
 

@@ -27,8 +27,8 @@ const char* wordOf(int level) {
 }
 
 // The tag handler writes the reason for which it ends the process to standard
-// error, too. Of its level 1 lines only the one about the load routine is no
-// such reason.
+// error, too. Of its level 1 lines only the one about the load routine is not
+// such a reason.
 bool isWrittenByLibrary(int level, std::string_view text) {
   return level == 1 && text.starts_with("FeatureXMLTagHandler() - ") &&
          text != "FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer";
@@ -76,7 +76,8 @@ void LogPrinter::releaseQuietly() noexcept {
   try {
     release();
   } catch (...) {
-    // Without memory the lines are lost; ending the process would lose more.
+    // If memory runs out the lines are lost; ending the process would lose
+    // more.
   }
 }
 
@@ -95,7 +96,7 @@ void LogPrinter::handle(int level, const char* /*category*/, const char* text, s
 }
 
 void LogPrinter::take(int level, std::string_view text) {
-  // An error ends the load, and the lines before it may tell why.
+  // An error ends the load, and the lines before it may explain it.
   if (level <= 1) {
     reportHeld();
     lastError_ = text;

@@ -17,16 +17,15 @@ enum class LogDetail {
   kAll,     // Every line.
 };
 
-// Takes a line for people. What the program does with it is the program's
-// choice.
+// Receives a line for people. The program decides what to do with it.
 using LineSink = std::function<void(const std::string& line)>;
 
-// While it lives, the platform's log goes through it: every line that the
-// detail asks for is reported as "error: TEXT", with "misuse", "warning" or
-// "info" for levels 2 to 4. A line that the library itself writes to standard
-// error before it ends the process is left to it.
+// While it lives, it receives the platform's log: every line that the detail
+// asks for is reported as "error: TEXT", with "misuse", "warning" or "info" for
+// levels 2 to 4. A line that the library itself writes to standard error before
+// it ends the process is left to it.
 //
-// One at a time; afterwards the platform's own handler is back.
+// One at a time; afterwards the platform's own handler is restored.
 class LogPrinter {
  public:
   LogPrinter(LogDetail detail, LineSink report);
@@ -35,9 +34,9 @@ class LogPrinter {
   LogPrinter& operator=(const LogPrinter&) = delete;
 
   // From now on lines are kept, until it is known whether they matter: when a
-  // setting is refused, the refusal is all that is reported. An error brings out
-  // what is kept, and so does the end of the process. Without effect when
-  // every line is to be reported.
+  // setting is refused, only the refusal is reported. An error reports what is
+  // kept, and so does the end of the process. Does nothing when every line is
+  // to be reported.
   void hold();
 
   // Reports what is kept; later lines are reported at once.
@@ -57,8 +56,8 @@ class LogPrinter {
   // Where lines are reported from now on.
   void setReport(LineSink report) { report_ = std::move(report); }
 
-  // Sends log lines to the printer that lives now, or to the platform's own
-  // handler when there is none.
+  // Sends log lines to the current printer, or to the platform's own handler
+  // when there is none.
   static void takeOver();
 
  private:

@@ -116,7 +116,7 @@ TEST(LogPrinterTest, Hold_ThenDiscarded_PrintsOnlyWhatFollows) {
             "driver-feature: last\n");
 }
 
-TEST(LogPrinterTest, Hold_AnError_BringsOutWhatIsHeld) {
+TEST(LogPrinterTest, Hold_AnError_ReportsWhatIsHeld) {
   EXPECT_EQ(printedAfterHolding(2, LogDetail::kUsual,
                                 [](LogPrinter& printer) {
                                   LogMessage(1, "DriverFeature", "fatal");

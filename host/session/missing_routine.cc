@@ -17,7 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// What is read at most to find a library: a folder may hold all of a system's.
+// At most this much is read to find a library: a folder may hold all of a
+// system's.
 constexpr std::uintmax_t kBytesRead = 64U << 20U;
 
 std::vector<fs::path> librariesIn(const fs::path& folder) {

@@ -9,16 +9,16 @@
 
 namespace driver_feature::host {
 
-// The loaded features, with what the description says about them.
+// The loaded features, and what the description says about them.
 struct Model {
   FeatureMap features;
   DescriptionIndex index;
   std::string file;               // The description's path, for messages.
   CoreFeatureSet* set = nullptr;  // Of the features. Belongs to the library.
-  // Whether values are taken that can end the command they are written into.
+  // Whether to accept values that can end the command they are written into.
   bool allowsControlCharacters = false;
-  // How to have them taken, as a part of the sentence that refuses one; empty
-  // where there is no way.
+  // How to allow them, as a part of the sentence that refuses one; empty if
+  // that is impossible.
   std::string allowance = ", or run with --allow-control-characters to write it as it is";
 };
 

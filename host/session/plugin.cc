@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 constexpr const char* kFileName = "libDriverFeature.so";
 constexpr std::string_view kInterfaceVersion = "v1.0";
 
-// The loader takes a name without a slash for one that it has to search.
+// The loader searches for a name without a slash.
 std::string asPath(const std::string& path) {
   return path.find('/') == std::string::npos ? "./" + path : path;
 }
@@ -48,7 +48,8 @@ Failure notLoaded(std::string reason) {
 
 Result<Plugin> Plugin::load(const std::string& path) {
   const std::string file = path.empty() ? findLibrary() : asPath(path);
-  // Globally, so that a library of routines may call the exported functions.
+  // Loaded globally, so that a library of routines may call the exported
+  // functions.
   void* library = ::dlopen(file.c_str(), RTLD_NOW | RTLD_GLOBAL);
   if (library == nullptr) {
     return notLoaded("the feature library cannot be loaded: " + loaderError() +

@@ -22,16 +22,16 @@ class Plugin {
   // loaded later may call what it exports.
   static Result<Plugin> load(const std::string& path);
 
-  const std::string& path() const { return path_; }  // As handed to the loader.
+  const std::string& path() const { return path_; }  // As given to the loader.
   const char* version() const { return version_; }
   const char* displayName() const { return displayName_; }
 
-  // Hands over the feature-description element. Returns what the library's
-  // handler returns, 1 for success; a description that the library cannot
-  // build ends the process with status 1 from inside.
+  // Passes the feature-description element to the library. Returns what the
+  // library's handler returns, 1 for success; a description that the library
+  // cannot build ends the process with status 1 from inside.
   int handOver(void* description) const { return handler_(description); }
 
-  // Tells the library that the description is loaded.
+  // Reports to the library that the description is loaded.
   void completeCreation() const { completeCreation_(); }
 
   // Registers the routine that the library calls after a change.

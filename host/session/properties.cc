@@ -13,7 +13,7 @@ namespace {
 
 using Type = PropertyType;
 
-// AddCallbackType and TESKCommand are names, too, but no object takes them.
+// AddCallbackType and TESKCommand are names, too, but no object has them.
 constexpr PropertyEntry kProperties[] = {
     {"Name", Type::kText},
     {"AddCallbackRoutine", Type::kText},
@@ -68,7 +68,7 @@ Failure refuseName(const std::string& name) {
   const auto nearest = nearestName(name, propertyNames());
   return refused(
       "there is no property " + quoted(name) + "; " +
-      (nearest ? "did you mean " + quoted(*nearest) + "?" : "\"help get\" tells how to list them"));
+      (nearest ? "did you mean " + quoted(*nearest) + "?" : "\"help get\" shows how to list them"));
 }
 
 std::string nameOf(CoreFeature& object) {
@@ -90,7 +90,9 @@ std::optional<Number> numberOf(std::string_view text) {
 template <class Value>
 Result<> store(CoreFeature& object, const std::string& name, const std::optional<Value>& value,
                const std::string& text, const char* kind) {
-  if (!value) return refused(quoted(text) + " is no value for " + quoted(name) + "; give " + kind);
+  if (!value) {
+    return refused(quoted(text) + " is not a value for " + quoted(name) + "; give " + kind);
+  }
   if (object.setFeatureProperty(name, *value)) return {};
   return refused("the library refuses this value of " + quoted(name) + " for " +
                  quoted(nameOf(object)) + "; \"log all\" shows why");
@@ -170,7 +172,7 @@ Result<std::string> readProperty(CoreFeature& object, const std::string& name) {
   if (!type) return refuseName(name);
   std::string text;
   if (fetchAs(*type, object, name, text)) return text;
-  return refused(quoted(nameOf(object)) + " gives no property " + quoted(name) +
+  return refused(quoted(nameOf(object)) + " does not return property " + quoted(name) +
                  "; \"log all\" shows why");
 }
 

@@ -23,25 +23,24 @@ struct PropertyEntry {
 };
 
 // All properties of features and groups, in the order in which they are shown.
-// Which of them an object takes, and whether it gives them back, the library
-// decides.
+// The library decides which of them an object accepts, and which it returns.
 std::span<const PropertyEntry> properties();
 
 // Their names in byte order.
 const std::vector<std::string>& propertyNames();
 
-// Nothing for a name that no object knows.
+// Nothing for an unknown name.
 std::optional<PropertyType> typeOfProperty(const std::string& name);
 
 // Stores a property through the overload of its type; the library decides
-// about it, and nothing else is checked. Refused: an unknown name, a text that
-// is no value of the type (bool takes true, false, 1 and 0), and what the
-// library answers false to.
+// whether to accept it, and nothing else is checked. Refused: an unknown name,
+// a text that is not a value of the type (a bool is true, false, 1 or 0), and
+// anything for which the library returns false.
 Result<> writeProperty(CoreFeature& object, const std::string& name, const std::string& text);
 
 // Reads a property through the overload of its type: a text as it is, a float
 // as the shortest decimal number, a bool as true or false. Refused: an unknown
-// name and what the library answers false to.
+// name and anything for which the library returns false.
 Result<std::string> readProperty(CoreFeature& object, const std::string& name);
 
 }  // namespace driver_feature::host

@@ -74,7 +74,7 @@ bool Session::buildFeatures(const SessionRequest& request) {
   return true;
 }
 
-// What the user can do about a load that has failed, as far as that is known.
+// What the user can do about a failed load, if that is known.
 std::string Session::remedy(const SessionRequest& request) const {
   if (log_.lastError() != kNoUpdateRoutine) return "";
   const LogSilence silence;  // The library has read the same attributes.
@@ -83,7 +83,7 @@ std::string Session::remedy(const SessionRequest& request) const {
       std::filesystem::path(request.description).parent_path()};
   const std::filesystem::path library = plugin_->path();
   if (library.has_parent_path()) folders.push_back(library.parent_path());
-  return ": it names a routine \"" + routine + "\" that is not there; " + request.advice + " " +
+  return ": it names a routine \"" + routine + "\" that does not exist; " + request.advice + " " +
          libraryWithRoutine(routine, folders);
 }
 

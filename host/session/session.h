@@ -24,8 +24,8 @@ struct SessionRequest {
   LogDetail detail = LogDetail::kUsual;
   // How to load a library of routines that is missing; its name follows.
   std::string advice = "load the library that has it with --callbacks";
-  // Takes the lines for people that come up while the session lives: the log,
-  // and what the load routine refuses.
+  // Receives the lines for people while the session lives: the log, and what
+  // the load routine refuses.
   LineSink report = [](const std::string&) {};
   // How the load routine sets a feature; without it, every setting is refused.
   std::function<Result<>(const Model& model, const std::string& name, const std::string& value)>
@@ -36,9 +36,9 @@ class Session {
  public:
   // Reads the description, loads the libraries and builds the features. A
   // description that the feature library cannot build ends the process with
-  // status 1, after a reported line. One session per process, because the
+  // status 1, after a line is reported. One session per process, because the
   // library keeps one set of features. Problems: those of Document::read() and
-  // Plugin::load(), and kNotLoaded when the library does not take the
+  // Plugin::load(), and kNotLoaded when the library does not load the
   // description.
   static Result<std::unique_ptr<Session>> open(const SessionRequest& request);
 
@@ -46,16 +46,16 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  // Holds its lines back from the beginning of the load; whoever knows that
-  // the command goes on releases them.
+  // Holds back its lines from the beginning of the load; the caller releases
+  // them once the command continues.
   LogPrinter& log() { return log_; }
 
   const Model& model() const { return *model_; }
 
-  // From now on takes values that can end the command they are written into.
+  // From now on accepts values that can end the command they are written into.
   void allowControlCharacters() { model_->allowsControlCharacters = true; }
 
-  // From now on messages offer no way to have such values taken.
+  // From now on messages do not say how to allow such values.
   void offerNoAllowance() { model_->allowance.clear(); }
 
   CoreFeatureSet& features() const { return plugin_->features(); }

@@ -1,4 +1,4 @@
-// Changes of a session, as a user asks for them.
+// Changes to a session that a user asks for.
 #ifndef HOST_SETTINGS_CHANGES_H_
 #define HOST_SETTINGS_CHANGES_H_
 
@@ -18,7 +18,7 @@ struct Changes {
   std::vector<RecordsRequest> records;  // Made after the settings.
   std::vector<std::string> files = {};  // Settings files, set before all else.
   std::string saveFile = {};            // Receives the settings afterwards; empty for none.
-  bool allowControlCharacters = false;  // Even where they can end the command.
+  bool allowControlCharacters = false;  // Even if they can end the command.
 };
 
 // Makes the changes and releases the log lines that they and the load have

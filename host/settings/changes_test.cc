@@ -22,7 +22,7 @@ constexpr const char* kLoadLine =
     "misuse: DriverFeature::setFeatureProperty(string):  Failed to load custom "
     "feature callback:  noSuchRoutine";
 
-// A session whose load has something to say.
+// A session whose load logs a line.
 class ChangesTest : public testing::Test {
  protected:
   ChangesTest() {

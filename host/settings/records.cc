@@ -45,14 +45,14 @@ Result<Json> parse(const std::string& text) {
   return refused("the file is not an array; write [ {\"NAME\": VALUE, ...}, ... ]");
 }
 
-// The text that a JSON value stands for; nothing for what is no single value.
+// The text of a JSON value; nothing for an array or an object.
 std::optional<std::string> textOf(const Json& value) {
   if (value.is_string()) return value.get<std::string>();
   if (value.is_number()) return value.dump();
   return std::nullopt;
 }
 
-// One group with the names of the members that take a value.
+// One group with the names of the members that have a value.
 class RecordCheck {
  public:
   RecordCheck(const Model& model, const std::vector<std::string>& members)
@@ -77,7 +77,7 @@ class RecordCheck {
   }
 
  private:
-  // A nested group stands among the members and takes no value.
+  // A nested group is one of the members, and has no value.
   bool takesValue(const std::string& name) const {
     const bool isMember = std::find(members_.begin(), members_.end(), name) != members_.end();
     return isMember && model_.features.contains(name);
@@ -89,7 +89,7 @@ class RecordCheck {
       return refused("member " + quoted(name) + " is missing; give it a value");
     const auto value = textOf(*found);
     if (!value)
-      return refused("the value of " + quoted(name) + " is neither text nor number; give one");
+      return refused("the value of " + quoted(name) + " is neither a text nor a number; give one");
     text = *value;
     if (Result<> checked = checkSetting(model_, {name, text}); !checked) {
       return failureOf(checked, quoted(name));

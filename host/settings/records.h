@@ -25,7 +25,7 @@ struct RecordsRequest {
 // the checks.
 Result<> addRecords(CoreFeatureSet& set, const Model& model, const RecordsRequest& request);
 
-// Why a name that belongs to no dynamic group takes no records.
+// Why records for a name that is not a dynamic group's are refused.
 std::string refuseDynamicGroup(const Model& model, const std::string& name);
 
 }  // namespace driver_feature::host

@@ -94,8 +94,8 @@ class Check {
     const std::errc error = readNumber(setting_.value, number);
     const bool isNumber =
         error == std::errc() ? std::isfinite(number) : error == std::errc::result_out_of_range;
-    // A little more than the largest float still rounds to it; so does its own
-    // shortest text.
+    // Numbers slightly above the largest float still round to it; so does its
+    // own shortest text.
     constexpr double kTooLarge = 0x1.ffffffp127;
     constexpr double kLargest = std::numeric_limits<float>::max();
     const bool wide = error != std::errc() || std::fabs(number) >= kTooLarge;

@@ -20,18 +20,18 @@ struct Setting {
 Result<Setting> parseSetting(const std::string& text);
 
 // Checks a setting in the present state of the features and stores it. A
-// refused setting changes nothing. What is refused: a name that belongs to no
-// feature, a feature without a value, what is unavailable, an option that the
-// feature does not have, a number that does not convert whole or lies outside
-// the limits, a text with more characters than allowed or with others than
-// allowed, a value that is not safe in the feature's command
+// refused setting changes nothing. Refused are a name that is not a feature's,
+// a feature without a value, an unavailable feature or option, an option that
+// the feature does not have, a number that does not convert as a whole or is
+// outside the limits, a text with more characters than allowed or with others
+// than allowed, a value that is not safe in the feature's command
 // (host/settings/value_safety.h). Characters are UTF-8 code points.
 Result<> applySetting(const Model& model, const Setting& setting);
 
-// applySetting() as the load routine of a session takes it.
+// applySetting() in the form for the load routine of a session.
 Result<> applyLoadedSetting(const Model& model, const std::string& name, const std::string& value);
 
-// The same checks, and nothing stored.
+// The same checks, without storing anything.
 Result<> checkSetting(const Model& model, const Setting& setting);
 
 }  // namespace driver_feature::host

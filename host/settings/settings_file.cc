@@ -37,7 +37,7 @@ std::string recordLines(CoreFeatureSet& set, const Model& model, const std::stri
   return lines;
 }
 
-// The refusals that the plan has in a copy of the process.
+// The refusals of the plan when it runs in a copy of the process.
 Problems rehearse(CoreFeatureSet& set, const Model& model, const SettingsText& text) {
   const auto texts = runInChild(ChildStreams::kDropped, [&] {
     std::vector<std::string> lines;
@@ -67,13 +67,13 @@ bool isRefused(const Problems& refusals, int line) {
                      [line](const Problem& refusal) { return refusal.position.line == line; });
 }
 
-// Finds an order in which every line can be made, by making refused lines
-// later or sooner: a line may be allowed by the value of another one, or be
+// Finds an order in which every line is accepted, by moving refused lines back
+// or forward: a line may be allowed by the value of another one, or be
 // forbidden by it, and then keeps a value that was made before. Returns the
 // refusals of the file's own order when no order is found.
 Problems findOrder(CoreFeatureSet& set, const Model& model, SettingsText& text) {
-  enum class Move { kBehind, kBefore };
-  constexpr Move kMoves[] = {Move::kBehind, Move::kBehind, Move::kBefore, Move::kBefore};
+  enum class Move { kAfter, kBefore };
+  constexpr Move kMoves[] = {Move::kAfter, Move::kAfter, Move::kBefore, Move::kBefore};
   const Problems first = rehearse(set, model, text);
   Problems refusals = first;
   for (const Move move : kMoves) {

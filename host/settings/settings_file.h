@@ -16,14 +16,14 @@ namespace driver_feature::host {
 // all records. Loading it gives the same values and records.
 std::string composeSettings(CoreFeatureSet& set, const Model& model);
 
-// Makes the values those of a settings file, and its records the only ones of
+// Sets the values of a settings file, and makes its records the only ones of
 // the groups that it names. The lines are checked as settings of the command
 // line are, but a value that the feature has already is never refused, and a
 // line may need another one to be made first, wherever that is.
 //
 // Otherwise there is a problem for each refused line, in the order of the
-// lines, and no value, record or other state has changed and nobody was
-// notified: the lines are tried in a copy of the process first.
+// lines, no value, record or other state has changed, and no notification was
+// sent: the lines are tried in a copy of the process first.
 Result<> loadSettings(CoreFeatureSet& set, const Model& model, const std::string& file);
 
 // A feature's current value as a setting writes it. Nothing when it has none.

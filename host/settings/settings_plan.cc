@@ -20,7 +20,7 @@ std::string quoted(const std::string& text) {
   return "\"" + text + "\"";
 }
 
-// What the setting's feature reads as now; nothing without such a feature.
+// The present value of the setting's feature; nothing without such a feature.
 std::optional<std::string> currentText(const Model& model, const std::string& name) {
   const auto found = model.features.find(name);
   if (found == model.features.end()) return std::nullopt;
@@ -66,7 +66,7 @@ class FeatureLines {
  private:
   struct Goal {
     const SettingsLine* line = nullptr;
-    std::string text;  // As the feature read right after the line.
+    std::string text;  // The feature's value right after the line.
   };
 
   Result<> set(const SettingsLine& line) const {
@@ -141,7 +141,7 @@ class RecordLines {
            "why");
   }
 
-  // A nested group stands among the members and takes no value.
+  // A nested group is one of the members, and has no value.
   bool takesValue(const std::string& name) const {
     const auto found = model_.features.find(name);
     return found != model_.features.end() && found->second.hasValue();
@@ -171,9 +171,9 @@ class RecordLines {
                      "; " +
                      (nearest ? "did you mean " + quoted(*nearest) + "?"
                               : "the members are " + join(names, ", ") +
-                                    ", and settings stand before the first [GROUP]"));
+                                    ", and settings come before the first [GROUP]"));
     }
-    // The template has the value, so that the library has taken it before.
+    // The template has the value, so the library has accepted it before.
     if (currentText(model_, setting.name) == setting.value) return {};
     return checkSetting(model_, setting);
   }

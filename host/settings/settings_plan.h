@@ -1,4 +1,4 @@
-// Making what a settings file holds.
+// Applying what a settings file holds.
 #ifndef HOST_SETTINGS_SETTINGS_PLAN_H_
 #define HOST_SETTINGS_SETTINGS_PLAN_H_
 
@@ -9,10 +9,10 @@
 
 namespace driver_feature::host {
 
-// Makes the settings in their order, and then the records. A value that a
-// later line has changed through a routine of the description is made again.
-// Returns a problem for each line that cannot be made; the others are made all
-// the same.
+// Applies the settings in their order, and then the records. A value that a
+// later line has changed through a routine of the description is set again.
+// Returns a problem for each line that is refused; the others are still
+// applied.
 Problems applyLines(CoreFeatureSet& set, const Model& model, const SettingsText& text);
 
 }  // namespace driver_feature::host

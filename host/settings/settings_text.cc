@@ -35,8 +35,8 @@ std::string escapeByte(char byte) {
   return {'\\', 'x', kDigits[code >> 4U], kDigits[code & 0xFU]};
 }
 
-// `special` are the characters that mean something where the text stands. A
-// byte-order mark in front would be dropped from the first line of a file.
+// `special` are the characters that have a meaning in this place. A byte-order
+// mark in front would be dropped from the first line of a file.
 std::string escape(std::string_view text, std::string_view special) {
   std::string escaped;
   if (text.starts_with(kByteOrderMark)) {
@@ -62,7 +62,7 @@ std::optional<unsigned> digitOf(char character) {
   return static_cast<unsigned>(digit);
 }
 
-// Takes the escape behind a backslash off the front of `rest`.
+// Takes the escape after a backslash off the front of `rest`.
 bool takeEscape(std::string_view& rest, std::string& text) {
   if (rest.empty()) return false;
   for (const Escape& escape : kEscapes) {

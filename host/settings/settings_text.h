@@ -7,8 +7,8 @@
 //   Title=first
 //
 // NAME=VALUE sets a feature; blanks around both are dropped. Everything else
-// up to the line end belongs to the value: quotes and "#" stand for
-// themselves. "[GROUP]" begins a record of a dynamic group, whose members the
+// up to the line end belongs to the value: quotes and "#" have no special
+// meaning. "[GROUP]" begins a record of a dynamic group, whose members the
 // following lines give; "[GROUP] none" says that the group has no records.
 //
 // In names and values \\ is a backslash, \s a blank, \t a tab, \n a line end,
@@ -31,7 +31,7 @@ struct SettingsLine {
   Setting setting;
 };
 
-// One record, or the statement that its group has none.
+// One record, or the line that says that its group has none.
 struct SettingsRecord {
   int line = 0;
   std::string group;
@@ -50,11 +50,11 @@ struct SettingsText {
   Problems refusals;  // Lines that could not be read.
 };
 
-// Reads a settings file's text, whatever it holds.
+// Reads the text of a settings file, valid or not.
 SettingsText parseSettings(std::string_view text);
 
 // "NAME=VALUE", "[GROUP]" and "[GROUP] none", each with a line end, so that
-// reading gives the same bytes back. A byte that is no valid UTF-8 is escaped.
+// reading gives the same bytes back. A byte that is not valid UTF-8 is escaped.
 std::string settingLine(const Setting& setting);
 std::string recordLine(const std::string& group);
 std::string noRecordsLine(const std::string& group);

@@ -47,12 +47,12 @@ TEST(SettingsTextTest, Names_WithSigns_ComeBackUnchanged) {
 TEST(SettingsTextTest, Parse_WrongEscapes_AreRefusedWithTheEscape) {
   const std::pair<std::string, std::string> rows[] = {
       {"\\", "\\"}, {"\\q", "\\q"}, {"\\x4", "\\x4"}, {"\\x4g1", "\\x4g"}, {"a\\N", "\\N"}};
-  for (const auto& [value, told] : rows) {
+  for (const auto& [value, escape] : rows) {
     const SettingsText text = parseSettings("\n# c\nA=" + value + "\nB=2");
     ASSERT_EQ(text.refusals.size(), 1U) << value;
     EXPECT_EQ(text.refusals[0].position.line, 3);
     EXPECT_EQ(text.refusals[0].text,
-              "there is no escape \"" + told +
+              "there is no escape \"" + escape +
                   "\"; write \\\\, \\s, \\t, \\n, \\r or \\xNN, and a backslash as \\\\");
     ASSERT_EQ(text.features.size(), 1U);
     EXPECT_EQ(text.features[0].line, 4);

@@ -90,7 +90,7 @@ class PostScriptReader {
     if (character == ')' && --depth_ == 0) end();
   }
 
-  // The character behind the first bracket tells "<<" and "<~".
+  // The character after the first bracket shows whether it is "<<" or "<~".
   void readInHexString(char character) {
     if (character == '>' || (atStart_ && character == '<')) end();
     if (atStart_ && character == '~') place_ = ValuePlace::kPostScriptBase85String;

@@ -24,7 +24,7 @@ void expectPlaces(CommandLanguage language, const std::vector<PlaceRow>& rows) {
   }
 }
 
-TEST(ValuePlaceTest, FindValue_Pjl_TellsStringsLinesAndTheirBeginnings) {
+TEST(ValuePlaceTest, FindValue_Pjl_DistinguishesStringsLinesAndTheirBeginnings) {
   expectPlaces(CommandLanguage::kPjl, {
                                           {{"%s\r\n"}, kPjlLineStart},
                                           {{"@PJL\r\n%s\r\n"}, kPjlLineStart},
@@ -39,7 +39,7 @@ TEST(ValuePlaceTest, FindValue_Pjl_TellsStringsLinesAndTheirBeginnings) {
                                       });
 }
 
-TEST(ValuePlaceTest, FindValue_PostScript_TellsStringsFromWhatStandsOutside) {
+TEST(ValuePlaceTest, FindValue_PostScript_DistinguishesStringsFromTheRest) {
   expectPlaces(CommandLanguage::kPostScript, {
                                                  {{"%s"}, kPostScriptToken},
                                                  {{"/%s def"}, kPostScriptToken},
@@ -57,7 +57,7 @@ TEST(ValuePlaceTest, FindValue_PostScript_TellsStringsFromWhatStandsOutside) {
                                              });
 }
 
-TEST(ValuePlaceTest, FindValue_PostScript_TellsEncodedStringsAndComments) {
+TEST(ValuePlaceTest, FindValue_PostScript_FindsEncodedStringsAndComments) {
   expectPlaces(CommandLanguage::kPostScript, {
                                                  {{"<%s>"}, kPostScriptHexString},
                                                  {{"<4a%s>"}, kPostScriptHexString},
@@ -86,7 +86,7 @@ TEST(ValuePlaceTest, FindValue_GroupsAround_AreReadBeforeTheFeature) {
                {{{"%s", "%s"}, kPjlLineStart}, {{"\"%s", "A%s"}, kPjlString}});
 }
 
-TEST(ValuePlaceTest, FindValue_NoConversion_AnswersNothing) {
+TEST(ValuePlaceTest, FindValue_NoConversion_ReturnsNothing) {
   for (const Texts& templates : {Texts{""}, Texts{"100%%"}, Texts{"lone %"}, Texts{"%5000s"},
                                  Texts{"", "%s"}, Texts{"%s", "none"}}) {
     EXPECT_FALSE(findValue(CommandLanguage::kPjl, templates)) << templates.back();
@@ -99,7 +99,7 @@ TEST(ValuePlaceTest, FindValue_LetterOfTheConversion_IsThatOfTheLastTemplate) {
   EXPECT_EQ(findValue(CommandLanguage::kPjl, {"%s"})->letter, 's');
 }
 
-// All bytes that may not stand alone as a value.
+// All bytes that are not allowed as a value of one byte.
 std::string unsafeBytes(ValuePlace place) {
   std::string bytes;
   for (int code = 0; code < 256; ++code) {
@@ -132,7 +132,7 @@ TEST(ValuePlaceTest, FindUnsafeByte_EveryByte_IsJudgedByThePlace) {
   EXPECT_EQ(unsafeBytes(kPostScriptComment), control + "\x7F");
 }
 
-TEST(ValuePlaceTest, FindUnsafeByte_LongerValues_AnswersTheFirst) {
+TEST(ValuePlaceTest, FindUnsafeByte_LongerValues_ReturnsTheFirst) {
   EXPECT_EQ(findUnsafeByte(kPjlString, "a\"b\n"), '"');
   EXPECT_EQ(findUnsafeByte(kPjlString, "a\nb\""), '\n');
   EXPECT_EQ(findUnsafeByte(kPjlLineStart, "a@PJL"), std::nullopt);

@@ -21,8 +21,8 @@ struct Command {
 constexpr Command kCommands[] = {{"PJLCommand", CommandLanguage::kPjl},
                                  {"PSCommand", CommandLanguage::kPostScript}};
 
-// The templates that the value goes through. A group without one may have a
-// routine that writes its members, and changes nothing here.
+// The templates that format the value. A group without one may have a routine
+// that writes its members, and changes nothing here.
 std::vector<std::string> templatesOf(const Model& model, const std::string& name,
                                      const FeatureView& feature, const std::string& property) {
   std::vector<std::string> templates = {feature.command(property)};
@@ -36,8 +36,8 @@ std::vector<std::string> templatesOf(const Model& model, const std::string& name
   return templates;
 }
 
-// The bytes of the value that a user decides about, as the conversion writes
-// them; none for numbers in digits.
+// The bytes of the value that a user chooses, as the conversion writes them;
+// none for numbers in digits.
 std::string bytesOf(FeatureKind kind, char letter, const std::string& value) {
   if (kind == FeatureKind::kTextEntry) return value;
   int number = 0;

@@ -25,9 +25,9 @@ const std::vector<CheckRow>& reachRows() {
         "AddVORNCallbackRoutine='writeBytes'>",
         "<Feature FeatureType='IntEntry' Name='B' AddVORNCallbackRoutine='writeBytes'/>",
         "</FeatureStaticGroup></FeatureStaticGroup></FeatureDynamicGroup>"},
-       "@:3:1: warning: dynamic group \"D\" names no sort routine; its records keep the order in "
-       "which they are added; name a comparing routine in SortFunctionName if their order matters "
-       "[DF806]\n"
+       "@:3:1: warning: dynamic group \"D\" does not name a sort routine; its records keep the "
+       "order in which they are added; name a comparing routine in SortFunctionName if their order "
+       "matters [DF806]\n"
        "@:7:30: warning: TESKJTAttributeName of static group \"V\" is never written, because it "
        "belongs to a template of records; remove it, and let a feature's routine write the records "
        "[DF601]\n"

@@ -24,7 +24,7 @@ const std::vector<CheckRow>& routineRows() {
        "@:3:54: error: there is no routine \"gone\" that loads ticket data; correct the name or "
        "give the library that has the routine with --callbacks [DF802]\n"
        "    log: FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer\n"
-       "@:4:1: error: element <Other> cannot stand in a FeatureDescription; allowed are Feature, "
+       "@:4:1: error: element <Other> is not allowed in a FeatureDescription; use one of Feature, "
        "FeatureStaticGroup, FeatureDynamicGroup, BaseFeatureInfo [DF101]\n"
        "    log: FeatureXMLTagHandler() - Invalid element tag \"Other\".\n"
        "@: note: the library does not load the description (exit status 1)\n"
@@ -73,14 +73,14 @@ const std::vector<CheckRow>& routineRows() {
        "correct the name or give the library that has the routine with --callbacks [DF805]\n"
        "    log: addStaticGroupToDynamicGroupWithSort:  Failed to load custom sort callback:  "
        "gone\n"
-       "@:5:1: warning: dynamic group \"E\" names no sort routine; its records keep the order in "
-       "which they are added; name a comparing routine in SortFunctionName if their order matters "
-       "[DF806]\n"},
+       "@:5:1: warning: dynamic group \"E\" does not name a sort routine; its records keep the "
+       "order in which they are added; name a comparing routine in SortFunctionName if their order "
+       "matters [DF806]\n"},
       {"routine that ends the process while the description is loaded",
        {"<BaseFeatureInfo DefaultCallbackHandler='endProcess'/>",
         "<Feature FeatureType='IntEntry' Name='A' Visibility='false'/>"},
-       "@:1:1: error: the library did not load the description (exit status 7); see whether one of "
-       "its routines ends the process [DF901]\n"
+       "@:1:1: error: the library did not load the description (exit status 7); check whether one "
+       "of its routines ends the process [DF901]\n"
        "@:3:1: warning: this BaseFeatureInfo replaces the callbacks of line 2; remove one of them "
        "[DF109]\n"
        "@: note: the library does not load the description (exit status 7)\n"},

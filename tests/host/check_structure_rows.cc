@@ -6,14 +6,14 @@ const std::vector<CheckRow>& structureRows() {
   static const std::vector<CheckRow> kRows = {
       {"element unknown in a description",
        {"<Feture FeatureType='UIOnly' Name='A'/>"},
-       "@:3:1: error: element <Feture> cannot stand in a FeatureDescription; did you mean "
+       "@:3:1: error: element <Feture> is not allowed in a FeatureDescription; did you mean "
        "\"Feature\"? [DF101]\n"
        "    log: FeatureXMLTagHandler() - Invalid element tag \"Feture\".\n"
        "@: note: the library does not load the description (exit status 1)\n"
        "    log: FeatureXMLTagHandler() - Invalid element tag \"Feture\".\n"},
       {"element unknown in a group",
        {"<FeatureStaticGroup Name='G' PSCommand='%s'>", " <Option/>", "</FeatureStaticGroup>"},
-       "@:4:2: error: element <Option> cannot stand in a static group; allowed are Feature, "
+       "@:4:2: error: element <Option> is not allowed in a static group; use one of Feature, "
        "FeatureStaticGroup [DF101]\n"
        "    log: CreateStaticFeatureGroup() - Invalid node tag \"Option\".\n"
        "@: note: the library does not load the description (exit status 1)\n"
@@ -21,7 +21,7 @@ const std::vector<CheckRow>& structureRows() {
       {"feature as a template",
        {"<FeatureDynamicGroup Name='D' SortFunctionName='testUpdate'>",
         "<Feature FeatureType='UIOnly' Name='A'/></FeatureDynamicGroup>"},
-       "@:4:1: error: element <Feature> cannot stand in a dynamic group; allowed are "
+       "@:4:1: error: element <Feature> is not allowed in a dynamic group; use one of "
        "FeatureStaticGroup [DF101]\n"
        "    log: CreateDynamicFeatureGroup() - Invalid node tag \"Feature\".\n"
        "@: note: the library does not load the description (exit status 1)\n"
@@ -127,7 +127,7 @@ const std::vector<CheckRow>& structureRows() {
       {"feature type misspelt in a nested group",
        {"<FeatureStaticGroup Name='G' PSCommand='%s'><FeatureStaticGroup Name='H' PSCommand='%s'>",
         "<Feature Name='A' FeatureType='Multiselect'/></FeatureStaticGroup></FeatureStaticGroup>"},
-       "@:4:19: error: \"Multiselect\" is no type of feature; did you mean \"MultiSelect\"? "
+       "@:4:19: error: \"Multiselect\" is not a feature type; did you mean \"MultiSelect\"? "
        "[DF202]\n"
        "    log: CreateFeature() - Invalid feature type \"Multiselect\" for feature \"A\".\n"
        "    log: CreateStaticFeatureGroup() - Could not create feature for feature group\n"

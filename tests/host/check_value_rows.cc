@@ -8,19 +8,20 @@ const std::vector<CheckRow>& valueRows() {
        {"<Feature FeatureType='IntEntry' Name='A' IntMinValue=' 1' Visibility='yes'/>",
         "<Feature FeatureType='FloatEntry' Name='B' DefaultValue='1,5'/>",
         "<Feature FeatureType='TextEntry' Name='C' MaxTextLength='2147483648'/>"},
-       "@:3:42: error: \" 1\" is no value for \"IntMinValue\" of feature \"A\"; give a whole "
+       "@:3:42: error: \" 1\" is not a value for \"IntMinValue\" of feature \"A\"; give a whole "
        "number from -2147483648 to 2147483647, without blanks [DF301]\n"
        "    log: AttributeMap::loadMapVariable() - Attribute \"IntMinValue\" holds \" 1\" where a "
        "decimal 32-bit number is needed.\n"
-       "@:3:59: error: \"yes\" is no value for \"Visibility\" of feature \"A\"; give true, false, "
-       "1 or 0 [DF301]\n"
+       "@:3:59: error: \"yes\" is not a value for \"Visibility\" of feature \"A\"; give true, "
+       "false, 1 or 0 [DF301]\n"
        "    log: AttributeMap::loadMapVariable() - Attribute \"Visibility\" holds \"yes\" where "
        "\"true\", \"false\", \"1\" or \"0\" is needed.\n"
-       "@:4:44: error: \"1,5\" is no value for \"DefaultValue\" of feature \"B\"; give a decimal "
-       "number with a point, without blanks [DF301]\n"
+       "@:4:44: error: \"1,5\" is not a value for \"DefaultValue\" of feature \"B\"; give a "
+       "decimal number with a point, without blanks [DF301]\n"
        "    log: AttributeMap::loadMapVariable() - Attribute \"DefaultValue\" holds \"1,5\" where "
        "a decimal number is needed.\n"
-       "@:5:43: error: \"2147483648\" is no value for \"MaxTextLength\" of feature \"C\"; give a "
+       "@:5:43: error: \"2147483648\" is not a value for \"MaxTextLength\" of feature \"C\"; give "
+       "a "
        "whole number from -2147483648 to 2147483647, without blanks [DF301]\n"
        "    log: AttributeMap::loadMapVariable() - Attribute \"MaxTextLength\" holds "
        "\"2147483648\" where a decimal 32-bit number is needed.\n"},
@@ -29,10 +30,12 @@ const std::vector<CheckRow>& valueRows() {
         "<Option Name='A3'/></Feature>",
         "<Feature FeatureType='MultiSelect' Name='B' DefaultValue='Legal'><Option Name='A4'/>"
         "<Option Name='A3'/></Feature>"},
-       "@:3:45: error: \"a3\" is no option of feature \"A\"; its first option \"A4\" is taken; did "
+       "@:3:45: error: \"a3\" is not an option of feature \"A\"; its first option \"A4\" is taken; "
+       "did "
        "you mean \"A3\"? [DF302]\n"
        "    log: CreateFeature() - Cannot find default option \"a3\" for feature \"A\", using 0.\n"
-       "@:4:45: error: \"Legal\" is no option of feature \"B\"; its first option \"A4\" is taken; "
+       "@:4:45: error: \"Legal\" is not an option of feature \"B\"; its first option \"A4\" is "
+       "taken; "
        "choose one of A4, A3 [DF302]\n"
        "    log: CreateFeature() - Cannot find default option \"Legal\" for feature \"B\", using "
        "0.\n"},
@@ -66,7 +69,7 @@ const std::vector<CheckRow>& valueRows() {
       {"minimum above the maximum; the same is none",
        {"<Feature FeatureType='IntEntry' Name='A' IntMaxValue='1' IntMinValue='2'/>",
         "<Feature FeatureType='IntEntry' Name='B' IntMaxValue='1' IntMinValue='1'/>"},
-       "@:3:58: error: the minimum 2 of feature \"A\" is above its maximum 1; exchange IntMinValue "
+       "@:3:58: error: the minimum 2 of feature \"A\" is above its maximum 1; swap IntMinValue "
        "and IntMaxValue or correct them [DF307]\n"},
       {"length that is not a limit",
        {"<Feature FeatureType='TextEntry' Name='A' MaxTextLength='0' DefaultValue='a'/>"},

@@ -100,7 +100,7 @@ TEST_F(DescriptionTest, Show_LibraryRefusesTheDescription_EndsWithOneAndSaysWhic
       {"<BaseFeatureInfo DefaultCallbackHandler='noSuchRoutine'/>",
        "FeatureXMLTagHandler() - Null Default Callback Handler pointer\n"
        "driver-feature: office.xml: the description could not be loaded: it names a routine "
-       "\"noSuchRoutine\" that is not there; load the library that has it with --callbacks "
+       "\"noSuchRoutine\" that does not exist; load the library that has it with --callbacks "
        "LIB.so\n"},
       {"<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'/><feature/>"
        "<BaseFeatureInfo DefaultCallbackHandler='noSuchRoutine'/>",
@@ -171,7 +171,7 @@ TEST_F(DescriptionTest, Callbacks_LibraryOfRoutines_ResolvesTheirNames) {
             failure(1,
                     "FeatureXMLTagHandler() - Null Default Callback Handler pointer\n"
                     "driver-feature: office.xml: the description could not be loaded: it names a "
-                    "routine \"testUpdate\" that is not there; load the library that has it with "
+                    "routine \"testUpdate\" that does not exist; load the library that has it with "
                     "--callbacks " +
                         std::string(ROUTINES_LIBRARY) + "\n"));
 }
@@ -188,7 +188,7 @@ TEST_F(DescriptionTest, Load_RoutineIsMissing_EveryCommandNamesTheLibraryBesideT
   const std::string errors =
       "FeatureXMLTagHandler() - Null Default Callback Handler pointer\n"
       "driver-feature: office.xml: the description could not be loaded: it names a routine "
-      "\"noSuchRoutine\" that is not there; load the library that has it with --callbacks b.so\n";
+      "\"noSuchRoutine\" that does not exist; load the library that has it with --callbacks b.so\n";
   for (const std::vector<std::string>& command :
        std::vector<std::vector<std::string>>{{"show", "office.xml"},
                                              {"emit", "office.xml", "--to", "pjl"},

@@ -120,7 +120,7 @@ TEST_F(GroupsTest, Records_ThatDoNotFit_AreRefusedWithTheReason) {
       {R"([{"Page": 1, "Media": "Plain", "Something": 1}])",
        "record 1: there is no member \"Something\"; the members are Page, Media\n"},
       {R"([{"Page": null, "Media": "Plain"}])",
-       "record 1: the value of \"Page\" is neither text nor number; give one\n"},
+       "record 1: the value of \"Page\" is neither a text nor a number; give one\n"},
       {"[3]", "record 1: it is not an object; write {\"NAME\": VALUE, ...}\n"},
       {"{}", "the file is not an array; write [ {\"NAME\": VALUE, ...}, ... ]\n"},
       {"[\n {]", "the file is not JSON at line 2, column 3; correct it there or just before\n"},

@@ -80,11 +80,12 @@ TEST_F(ShellValuesTest, Set_Refused_SaysWhyAndChangesNothing) {
       {"set Copis CLOKey c", "there is no feature or group \"Copis\"; did you mean \"Copies\"?"},
       {"set Copies CLOkey c", "there is no property \"CLOkey\"; did you mean \"CLOKey\"?"},
       {"set Copies DefaultIntValue 1.5",
-       "\"1.5\" is no value for \"DefaultIntValue\"; give a whole number from -2147483648 to "
+       "\"1.5\" is not a value for \"DefaultIntValue\"; give a whole number from -2147483648 to "
        "2147483647"},
       {"set Scale FloatMinValue ''",
-       "\"\" is no value for \"FloatMinValue\"; give a decimal number"},
-      {"set Copies Visibility yes", "\"yes\" is no value for \"Visibility\"; give true or false"},
+       "\"\" is not a value for \"FloatMinValue\"; give a decimal number"},
+      {"set Copies Visibility yes",
+       "\"yes\" is not a value for \"Visibility\"; give true or false"},
       {"set Copies FeatureType 9",
        "the library refuses this value of \"FeatureType\" for \"Copies\"; \"log all\" shows why"},
       {"st Copies 2", "there is no command \"st\"; did you mean \"set\"?"},
@@ -107,10 +108,10 @@ TEST_F(ShellValuesTest, Get_Refused_SaysWhy) {
        "\"Heading\" is a UIOnly feature and holds no value; name a property, or \"all\" of them"},
       {"get Pages", "\"Pages\" is a group and holds no value; name a property, or \"all\" of them"},
       {"get Copies IntMaxValue",
-       "\"Copies\" gives no property \"IntMaxValue\"; \"log all\" shows why"},
+       "\"Copies\" does not return property \"IntMaxValue\"; \"log all\" shows why"},
       {"get Copies ValueStrings",
        "there is no property \"ValueStrings\"; did you mean \"ValueString\"?"},
-      {"get Copies Zzzzzz", "there is no property \"Zzzzzz\"; \"help get\" tells how to list them"},
+      {"get Copies Zzzzzz", "there is no property \"Zzzzzz\"; \"help get\" shows how to list them"},
       {"get", "an argument is missing; write get NAME [PROPERTY|all]"},
   };
   for (const Row& row : rows) {

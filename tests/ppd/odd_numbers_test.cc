@@ -117,7 +117,7 @@ TEST_F(OddNumbersTest, LimitsThatAreNotFiniteNumbers_AreNamedAndLeftOut) {
         "-99999999999 of *ParamCustomMark O", "1e99 of *ParamCustomMark O",
         "nan of *ParamCustomMark R", "1e39 of *ParamCustomMark R", "inf of *ParamCustomMark T"}) {
     EXPECT_THAT(errors, HasSubstr(kBegin + std::string("the limit ") + limit +
-                                  ": it is no number that fits\n"));
+                                  ": it is not a number that fits\n"));
   }
   const std::string features = run({"show", "odd.xml"}).output;
   EXPECT_THAT(features,

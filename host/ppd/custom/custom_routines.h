@@ -21,8 +21,8 @@ inline constexpr long kCustomRoutines = 100;
 // "EmitPpdCustom07" for 7.
 std::string customRoutineName(long number);
 
-// Appends to `output` what the routine of that number writes: nothing while
-// its choice is not chosen.
+// Appends to `output` what the routine of that number writes: nothing if its
+// choice is not selected.
 void writeCustomText(CoreFeatureSet& set, long number, std::string& output);
 
 }  // namespace driver_feature::ppd

@@ -98,7 +98,7 @@ std::string customNumber(double value) {
                                           std::chars_format::fixed, 12);
   if (error != std::errc()) return "0";
   std::string text(buffer.data(), end);
-  if (text.find('.') == std::string::npos) return text;  // No finite number.
+  if (text.find('.') == std::string::npos) return text;  // Not a finite number.
   text.erase(text.find_last_not_of('0') + 1);
   if (text.ends_with('.')) text.pop_back();
   return text;

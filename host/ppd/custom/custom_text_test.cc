@@ -39,7 +39,7 @@ TEST(CustomTextTest, Plan_NoneOrBroken_IsRefused) {
   EXPECT_TRUE(readPlan("A=B").has_value());
 }
 
-TEST(CustomTextTest, PostScript_Values_StandBehindTheSecondLine) {
+TEST(CustomTextTest, PostScript_Values_FollowTheSecondLine) {
   EXPECT_EQ(postScriptWithValues("[{\n%%BeginFeature: x\ncode\n", {"1", "(a)"}),
             "[{\n%%BeginFeature: x\n1\n(a)\ncode\n");
   EXPECT_EQ(postScriptWithValues("[{\n%%BeginFeature: x\ncode\n", {}),
@@ -55,7 +55,7 @@ TEST(CustomTextTest, Pjl_Numbers_AreReplacedByTheirValues) {
   EXPECT_EQ(pjlWithValues("\\99999999999999999999!", values), "!");
 }
 
-TEST(CustomTextTest, Number_HasAtMostTwelveDecimalsAndNoZerosBehind) {
+TEST(CustomTextTest, Number_HasAtMostTwelveDecimalsAndNoTrailingZeros) {
   EXPECT_EQ(customNumber(0), "0");
   EXPECT_EQ(customNumber(100), "100");
   EXPECT_EQ(customNumber(-0.5), "-0.5");

@@ -11,13 +11,13 @@
 
 namespace driver_feature::ppd {
 
-// The places that the file gives its custom choices of their own:
+// The order dependencies that the file gives to its custom choices:
 //   *NonUIOrderDependency: 30 AnySetup *CustomPageSize True
 std::map<std::string, WritingPlace> customPlacesOf(ppd_file_t& ppd);
 
 // Adds what writes the text of the choice, and a feature for each of its
-// values. `entry` is that of its option, and `chosen` tells the feature and
-// its option by which the user chooses it. Answers the command of that option
+// values. `entry` is that of its option, and `chosen` names the feature and the
+// option by which the user chooses it. Returns the command of that option
 // itself, empty when something else writes the text.
 std::string importCustomChoice(ImportState& state, const ppd_choice_t& choice,
                                const SectionEntry& entry, const CustomPlan& chosen);

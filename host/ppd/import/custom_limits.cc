@@ -12,7 +12,7 @@ namespace driver_feature::ppd {
 
 namespace {
 
-// The limits as they stand in the file; nothing when it has none.
+// The limits as the file spells them; nothing when it has none.
 struct LimitTexts {
   std::optional<std::string> least;
   std::optional<std::string> greatest;
@@ -43,7 +43,7 @@ std::optional<double> numberOf(std::string_view text) {
   return isNegative ? -number : number;
 }
 
-// Whether the value that libcups has read from the text is what stands there.
+// Whether the value that libcups has read is the one in the text.
 bool isRead(const std::optional<std::string>& text, float value) {
   return std::isfinite(value) && (!text || numberOf(*text));
 }
@@ -59,8 +59,8 @@ template <class Number>
 std::optional<Number> limitOf(const std::optional<std::string>& text, Number value,
                               const std::string& title, Losses& losses) {
   if (isRead(text, value)) return value;
-  losses.note(LossKind::kOption,
-              "the limit " + text.value_or("inf") + " of " + title + ": it is no number that fits");
+  losses.note(LossKind::kOption, "the limit " + text.value_or("inf") + " of " + title +
+                                     ": it is not a number that fits");
   return std::nullopt;
 }
 

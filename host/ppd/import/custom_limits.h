@@ -19,9 +19,9 @@ struct Limits {
 };
 
 // The limits of a parameter. What a description cannot hold is noted: limits
-// that are no finite numbers (libcups reads infinity from 1e999 and 0 from inf,
-// and keeps no value within either), and both of them when the least is above
-// the greatest.
+// that are not finite numbers (libcups reads infinity from 1e999 and 0 from
+// inf, and keeps no value within either), and both of them when the least is
+// above the greatest.
 Limits<float> realLimits(ppd_file_t& ppd, const ppd_option_t& option, const ppd_cparam_t& parameter,
                          Losses& losses);
 Limits<int> intLimits(ppd_file_t& ppd, const ppd_option_t& option, const ppd_cparam_t& parameter,

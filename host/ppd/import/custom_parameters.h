@@ -15,8 +15,8 @@ struct CustomParameters {
   std::vector<ImportedElement> features;
 };
 
-// The parameters of an option's custom choice, by their numbers. Notes what a
-// feature cannot hold of them.
+// The parameters of an option's custom choice, by their numbers. Notes the
+// parts that a feature cannot hold.
 CustomParameters parametersOf(ImportState& state, const ppd_option_t& option, bool forPjl);
 
 // The five values of a custom page size: width and height, which the user

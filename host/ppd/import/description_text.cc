@@ -21,7 +21,7 @@ Pointer checked(Pointer pointer) {
   return pointer;
 }
 
-// Fills `node`. Answers whether any value has been escaped.
+// Fills `node`. Returns whether any value has been escaped.
 bool fill(xmlNode* node, const ImportedElement& element) {
   bool escaped = false;
   for (const auto& [name, bytes] : element.attributes) {

@@ -28,8 +28,8 @@ class Tally {
 // Entries of one order as the sorting leaves them.
 //
 // The sorting has the same result as one that adds the entries of the list one
-// by one: each goes behind those of its order, and there is room for it
-// because of every higher order the first entry goes to that order's end.
+// by one: each goes after those of its order, and to make room for it, the
+// first entry of every higher order goes to that order's end.
 class EqualEntries {
  public:
   // Adds an entry at the end; `lower` is the number of entries of lower orders
@@ -56,8 +56,8 @@ struct EqualPlace {
 };
 
 // `lower` holds for each of the others, in the order of the list, the number of
-// entries of lower orders in front of it. Of the others `before` stand in front
-// of the entry itself, and `ownLower` entries of lower orders; of these there
+// entries of lower orders in front of it. In front of the entry itself are
+// `before` of the others and `ownLower` entries of lower orders, of which there
 // are `allLower` in all.
 EqualPlace placeAmongEquals(const std::vector<std::size_t>& lower, std::size_t before,
                             std::size_t ownLower, std::size_t allLower);

@@ -15,7 +15,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// What libcups does, word for word.
+// The same steps that libcups takes.
 std::vector<std::size_t> exchanged(std::vector<float> orders) {
   std::vector<std::size_t> places(orders.size());
   std::iota(places.begin(), places.end(), std::size_t{0});
@@ -29,8 +29,8 @@ std::vector<std::size_t> exchanged(std::vector<float> orders) {
   return places;
 }
 
-// A B c: the first exchange puts A behind B.
-TEST(ExchangeSortTest, Sorted_EqualBehindASmallerOne_ChangePlaces) {
+// A B c: the first exchange puts A after B.
+TEST(ExchangeSortTest, Sorted_EqualAfterASmallerOne_ChangePlaces) {
   EXPECT_THAT(exchangeSorted({20, 20, 10}), ElementsAre(2, 1, 0));
   EXPECT_THAT(exchangeSorted({20, 20, 10, 10}), ElementsAre(2, 3, 0, 1));
   EXPECT_THAT(exchangeSorted({20, 20, 20, 10}), ElementsAre(3, 1, 2, 0));
@@ -58,7 +58,7 @@ TEST(ExchangeSortTest, Sorted_InfiniteOrder_IsTheLast) {
 }
 
 // A fraction of a second; a minute, if any two were compared.
-TEST(ExchangeSortTest, Sorted_ManyEntries_TakeNoLongTime) {
+TEST(ExchangeSortTest, Sorted_ManyEntries_TakeLittleTime) {
   constexpr double kSecondsAllowed = 20;
   std::vector<float> orders(200000);
   for (std::size_t i = 0; i < orders.size(); ++i) orders[i] = static_cast<float>(i * 7919 % 99991);

@@ -11,7 +11,7 @@ namespace driver_feature::ppd {
 
 struct ImportedDescription {
   std::string text;  // The XML document.
-  Losses losses;     // What of the file it does not hold.
+  Losses losses;     // The parts of the file that it does not hold.
   long features = 0;
   long options = 0;
 };

@@ -1,4 +1,4 @@
-// An import in progress: what its parts add to.
+// The state of an import in progress, to which its parts add.
 #ifndef HOST_PPD_IMPORT_IMPORT_STATE_H_
 #define HOST_PPD_IMPORT_IMPORT_STATE_H_
 
@@ -15,7 +15,7 @@
 
 namespace driver_feature::ppd {
 
-// Elements that keep together in a section.
+// Elements that stay together in a section.
 struct SectionItem {
   SectionEntry entry;
   std::vector<ImportedElement> elements;
@@ -31,7 +31,7 @@ struct ImportState {
   explicit ImportState(ppd_file_t& file) : ppd(file) {}
 
   ppd_file_t& ppd;
-  std::map<std::string, WritingPlace> customPlaces;  // Of "CustomKeyword", where the file says so.
+  std::map<std::string, WritingPlace> customPlaces;  // Of "CustomKeyword", if the file gives it.
   std::map<ppd_section_t, std::vector<SectionItem>> sections;
   std::vector<ImportedElement> unwritten;  // Features that libcups never writes.
   std::set<std::string> names;             // Of features and groups so far.

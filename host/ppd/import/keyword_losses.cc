@@ -83,7 +83,7 @@ void noteKeywords(ppd_file_t& ppd, Losses& losses) {
   for (int i = 0; i < ppd.num_attrs; ++i) {
     const ppd_attr_t& attribute = *ppd.attrs[i];
     if (isJobFrame(attribute.name) || belongsToOption(ppd, attribute)) continue;
-    // These are no part of the list of constraints before libcups looks for
+    // These are not in the list of constraints before libcups looks for
     // conflicts.
     if (std::string_view(attribute.name) == "cupsUIConstraints" && attribute.value != nullptr) {
       losses.note(LossKind::kConstraint, attribute.value);

@@ -1,4 +1,4 @@
-// What else stands in a PPD file and has no place in a description.
+// The other parts of a PPD file that have no place in a description.
 #ifndef HOST_PPD_IMPORT_KEYWORD_LOSSES_H_
 #define HOST_PPD_IMPORT_KEYWORD_LOSSES_H_
 

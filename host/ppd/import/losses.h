@@ -1,5 +1,5 @@
-// What of a PPD file has no place in a description. Nothing is left out in
-// silence: whoever leaves something out notes it here.
+// The parts of a PPD file that have no place in a description. Nothing is left
+// out silently: code that leaves something out notes it here.
 #ifndef HOST_PPD_IMPORT_LOSSES_H_
 #define HOST_PPD_IMPORT_LOSSES_H_
 
@@ -20,9 +20,9 @@ enum class LossKind : unsigned char {
 
 class Losses {
  public:
-  // `what` names the thing as the file does, and says why where that is not
-  // plain. A kOption loss is a sentence part of its own; of the others, equal
-  // ones are counted.
+  // `what` names the thing as the file does, and says why if that is not
+  // obvious. Each kOption loss is listed separately; of the others, equal ones
+  // are counted.
   void note(LossKind kind, const std::string& what);
 
   // The number of things of a kind.

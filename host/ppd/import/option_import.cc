@@ -137,7 +137,8 @@ void importPickOne(ImportState& state, ppd_option_t& option) {
     std::string text = textOf(option, *choice);
     if (equalKeywords(choice->choice, "Custom")) {
       text = importCustomChoice(state, *choice, entry, {option.keyword, choice->choice, {}});
-      // What writes the custom text stands for the option by default.
+      // By default, the feature that writes the custom text represents the
+      // option.
       if (choice == marked && text.empty()) {
         entry.usual = false;
         entry.replaces = option.keyword;

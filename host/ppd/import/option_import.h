@@ -6,7 +6,7 @@
 
 namespace driver_feature::ppd {
 
-// The option of a feature that stands for an option of which no choice is
+// The selected option of a feature when no choice of the PPD's option is
 // marked.
 inline constexpr const char* kNotSet = "not set";
 

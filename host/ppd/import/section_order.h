@@ -1,4 +1,4 @@
-// The order in which libcups writes what stands in a section of a PPD file.
+// The order in which libcups writes the entries of a section of a PPD file.
 #ifndef HOST_PPD_IMPORT_SECTION_ORDER_H_
 #define HOST_PPD_IMPORT_SECTION_ORDER_H_
 
@@ -7,7 +7,7 @@
 
 namespace driver_feature::ppd {
 
-// Something that a section may hold.
+// An entry that a section may hold.
 struct SectionEntry {
   std::string keyword;  // Of the option.
   float order = 0;      // Its order dependency.
@@ -30,11 +30,11 @@ struct SectionOrder {
   std::vector<std::string> unsettling;
 };
 
-// `entries` have orders that libcups writes.
+// `entries` must have orders that libcups writes.
 SectionOrder orderOfSection(const std::vector<SectionEntry>& entries);
 
-// Whether libcups writes what has this order dependency: it leaves out what
-// stands before 0, and what is NaN.
+// Whether libcups writes entries with this order dependency: it leaves out
+// those below 0 and NaN.
 inline bool isWritten(float order) {
   return order >= 0;
 }

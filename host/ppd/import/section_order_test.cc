@@ -46,7 +46,7 @@ TEST(SectionOrderTest, Order_AllEqual_IsThatOfTheKeywordsByteByByte) {
 }
 
 // A20 B20 C10: the first place exchanges A and C, which leaves B before A.
-TEST(SectionOrderTest, Order_EqualBehindASmallerOne_ChangePlaces) {
+TEST(SectionOrderTest, Order_EqualAfterASmallerOne_ChangePlaces) {
   const auto order = orderOfSection(numbered({usual("A", 20), usual("B", 20), usual("C", 10)}));
   EXPECT_THAT(order.items, ElementsAre(2, 1, 0));
 }
@@ -63,7 +63,7 @@ TEST(SectionOrderTest, SameKeyword_UsualOnesComeFirst) {
   EXPECT_THAT(order.items, ElementsAre(1, 3, 0, 2));
 }
 
-TEST(SectionOrderTest, Unusual_StandsWhereItsOrderPutsIt) {
+TEST(SectionOrderTest, Unusual_IsWhereItsOrderPutsIt) {
   const auto order =
       orderOfSection(numbered({usual("A", 10), usual("B", 30), unusual("X", 20), unusual("Y", 5)}));
   EXPECT_THAT(order.items, ElementsAre(3, 0, 2, 1));
@@ -84,7 +84,7 @@ TEST(SectionOrderTest, Unusual_ThatMovesEqualOnes_IsNamed) {
   EXPECT_THAT(order.unsettling, ElementsAre("C"));
 }
 
-// C10 behind keeps B before A; without it they change places.
+// C10 after them keeps B before A; without it they change places.
 TEST(SectionOrderTest, Usual_ThatMovesEqualOnesByLeaving_IsNamed) {
   std::vector<SectionEntry> entries = numbered({usual("A", 20), usual("B", 20), usual("C", 10)});
   EXPECT_THAT(orderOfSection(entries).unsettling, IsEmpty());
@@ -166,8 +166,9 @@ std::vector<SectionEntry> randomEntries(std::mt19937& random) {
   return numbered(std::move(entries));
 }
 
-// Each unusual entry, marked with the usual ones, stands where the order has it.
-// When it changes the order of others it is named, and stands behind the same one.
+// Each unusual entry, marked with the usual ones, is in the place that the
+// order gives it. When it changes the order of others it is named, and follows
+// the same one.
 TEST(SectionOrderTest, Order_ListsOfEveryKind_IsWhatLibcupsWrites) {
   std::mt19937 random(1);
   for (int i = 0; i < 1500; ++i) {
@@ -207,7 +208,7 @@ TEST(SectionOrderTest, Order_ListsOfEveryKind_IsWhatLibcupsWrites) {
 }
 
 // A fraction of a second; minutes, if each unusual entry were sorted among all.
-TEST(SectionOrderTest, Order_ManyUnusualEntries_TakeNoLongTime) {
+TEST(SectionOrderTest, Order_ManyUnusualEntries_TakeLittleTime) {
   constexpr double kSecondsAllowed = 20;
   std::vector<SectionEntry> entries;
   for (int i = 0; i < 20000; ++i) {
