@@ -1,5 +1,5 @@
-// Holds the operations to how often they may ask for memory. Fails with a line
-// for each that asks more often.
+// Checks how often the operations ask for memory. Fails with a line for each
+// that asks more often than allowed.
 
 #include <algorithm>
 #include <iostream>

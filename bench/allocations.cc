@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-// The run-time system's own, behind the ones that are replaced here.
+// The run-time system's own functions, which the ones here replace.
 extern "C" void* __libc_malloc(std::size_t size);
 extern "C" void* __libc_calloc(std::size_t count, std::size_t size);
 extern "C" void* __libc_realloc(void* memory, std::size_t size);

@@ -30,8 +30,8 @@ def read_dump(path):
 
 def environment_for(program):
     """An environment in which the program's stack begins at the same address
-    whatever the folders are called: how long a comparison of texts takes can
-    depend on where they lie."""
+    whatever the folders are called: the time that a comparison of texts takes can
+    depend on their addresses."""
     return {"GLIBC_TUNABLES": TUNABLES, "BENCH_MODELS": ".", "PATH": os.defpath,
             "PADDING": "x" * max(0, 2048 - 2 * len(program))}
 

@@ -50,7 +50,7 @@ OPERATIONS = (
     "write PostScript by hand/1000",
     "write ticket by hand/1000",
 )
-# Processes that load so many lists of so many choices and end.
+# Processes that load this many lists of this many choices and end.
 FRESH_LOADS = ((300, 40), (1000, 5))
 ROWS = OPERATIONS + tuple(f"fresh load/{lists}x{choices}" for lists, choices in FRESH_LOADS)
 NOT_COMPARABLE = 77
@@ -92,7 +92,7 @@ def write_baseline(path, depends, counts):
 
 
 def compare(baseline, counts):
-    """Prints all and answers whether none has grown too much."""
+    """Prints all and returns whether none has grown too much."""
     good = True
     for operation in ROWS:
         if operation not in baseline:

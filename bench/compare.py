@@ -3,7 +3,7 @@
 
 usage: compare.py BUILD-FOLDER [--rounds N] [--min-time SECONDS] [--real FOLDER]
 
-The models are generated anew, the texts of both are compared before anything
+The models are generated again, the texts of both are compared before anything
 is timed, and all figures of the table come from this one run: rounds of the
 two programs in turn, of which the table shows medians (of processor time, and
 of the rounds' ratios), and one count of instructions each under callgrind. The
@@ -67,7 +67,7 @@ def require_equal_texts(library, peer, models):
 
 def add_real_models(folder, models):
     """Puts the pairs of NAME.ppd and NAME.xml of a folder among the models.
-    Answers their names."""
+    Returns their names."""
     names = sorted(path.stem for path in folder.glob("*.ppd"))
     for number, name in enumerate(names):
         for kind in ("ppd", "xml"):

@@ -1,4 +1,4 @@
-// What does it cost to dump the whole model, without what prints it.
+// The cost of dumping the whole model, without printing it.
 
 #include <iostream>
 #include <streambuf>

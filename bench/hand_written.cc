@@ -1,5 +1,5 @@
-// What a writer costs that knows the features of the measured model and writes the
-// same bytes by hand: the yardstick for the library's outputs.
+// The cost of a writer that knows the features of the measured model and writes
+// the same bytes by hand: the yardstick for the library's outputs.
 
 #include <benchmark/benchmark.h>
 

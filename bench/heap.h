@@ -7,8 +7,8 @@
 namespace driver_feature::bench {
 
 // Merges the blocks that have been freed and keeps their memory. Called before
-// each run that leaves something behind: what a load costs would depend on
-// what was freed before it, and when, by a tenth.
+// each run that leaves memory allocated: what a load costs would depend on what
+// was freed before it, and when, by a tenth.
 inline void settleHeap() {
   constexpr int kKeptBytes = 1 << 30;
   mallopt(M_TRIM_THRESHOLD, kKeptBytes);  // Any setting merges the free blocks first.

@@ -1,4 +1,4 @@
-// What do real printers cost: descriptions imported from PPD files.
+// The cost of real printers: descriptions imported from PPD files.
 
 #include <benchmark/benchmark.h>
 
@@ -26,8 +26,8 @@ std::string optionName(DriverFeature& feature, int index) {
   return name;
 }
 
-// The first two options of every list that has so many, first those and then
-// these. What stands for a value of the user's ("Custom") is passed over.
+// The first two options of every list that has two, first the one and then the
+// other. The option for a value of the user's ("Custom") is left out.
 std::vector<Choice> choicesOf(DriverFeatureSet& set) {
   std::vector<Choice> choices;
   for (int option = 0; option < 2; ++option) {

@@ -25,7 +25,7 @@ namespace {
   std::exit(1);
 }
 
-// The log of a host that writes down nothing.
+// The log of a host that keeps no lines.
 void dropLine(int /*level*/, const char* /*category*/, const char* /*text*/, std::size_t /*length*/,
               void* /*context*/) {}
 

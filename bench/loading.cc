@@ -1,4 +1,5 @@
-// What does a description cost to load: read and built, and built alone.
+// The cost of loading a description: reading and building it, and building
+// alone.
 
 #include <memory>
 

@@ -1,6 +1,6 @@
-// Does an operation stay as fast as it is when its list grows: long lists of
-// choices, groups, features and members, deep nesting. The models are made here,
-// by the library's own operations.
+// Whether operations slow down when their list grows: long lists of choices,
+// groups, features and members, deep nesting. The models are made here, by the
+// library's own operations.
 
 #include <benchmark/benchmark.h>
 

@@ -1,4 +1,4 @@
-// What does a change cost that runs the feature's own routine and the host's
+// The cost of a change that runs the feature's own routine and the host's
 // update callback.
 
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// What does it cost to find an option of a feature, by name and by position.
+// The cost of finding an option of a feature, by name and by position.
 
 #include <benchmark/benchmark.h>
 

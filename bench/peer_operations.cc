@@ -118,8 +118,8 @@ ppd_file_t* realModel(int number) {
   return ppd;
 }
 
-// The first two choices of every option that has so many, first those and then
-// these.
+// The first two choices of every option that has two, first the one and then
+// the other.
 Step markingReal(int number) {
   ppd_file_t* ppd = realModel(number);
   std::vector<std::pair<std::string, std::string>> choices;

@@ -1,4 +1,4 @@
-// What does it cost to find a feature and to read one value by name.
+// The cost of finding a feature and of reading one value by name.
 
 #include <benchmark/benchmark.h>
 

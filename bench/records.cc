@@ -1,4 +1,4 @@
-// What do the records of a dynamic group cost: adding one with and without
+// The cost of the records of a dynamic group: adding one with and without
 // sorting, looking for a duplicate, and loading one into the template.
 
 #include <benchmark/benchmark.h>
@@ -15,10 +15,10 @@ namespace driver_feature::bench {
 
 namespace {
 
-// A record that is added is never freed, so it is added so often only.
+// A record that is added is never freed, so the number of additions is limited.
 constexpr std::int64_t kAdditions = 300;
 
-// The group with so many records, in order.
+// The group with this number of records, in order.
 IntermediateDynamicFeatureGroup& groupOf(int records) {
   CoreFeature* object = useModel("records", 0).FindFeatureInFeatureList(std::string("Records"));
   auto* group = dynamic_cast<IntermediateDynamicFeatureGroup*>(object);
@@ -54,7 +54,8 @@ Step removal(int records, unsigned position) {
           .iterations = kAdditions};
 }
 
-// So many comparisons of records of five members, which are in order already.
+// This number of comparisons of records of five members, which are already in
+// order.
 Step sorting(int comparisons) {
   CoreFeature* object = useModel("five", 0).FindFeatureInFeatureList(std::string("Records"));
   auto* group = dynamic_cast<IntermediateDynamicFeatureGroup*>(object);
@@ -73,7 +74,7 @@ Step sorting(int comparisons) {
 void addRecords(Operations& operations) {
   operations.push_back(
       {"add record", kRecordCounts, [](int records) { return addition(records, false); }});
-  // In order already, so that sorting is one pass over the pairs.
+  // Already in order, so that sorting visits each pair once.
   operations.push_back(
       {"add record and sort", kRecordCounts, [](int records) { return addition(records, true); }});
   operations.push_back({"compare records of five members", kRecordCounts, sorting});

@@ -1,5 +1,5 @@
-// What does it cost to restore the defaults, and to save and restore the
-// values of all features.
+// The cost of restoring the defaults, and of saving and restoring the values of
+// all features.
 
 #include "bench/library_operations.h"
 #include "bench/loaded_model.h"

@@ -1,7 +1,7 @@
-// What does it cost to write everything out: as PostScript, as PJL, as a job
-// ticket, and, as a floor, to copy the finished text once. PostScript and PJL
-// are written anew, as a filter does, and after a change of one feature, as a
-// user interface does, when the library copies what has not changed.
+// The cost of writing everything: as PostScript, as PJL, as a job ticket, and,
+// as a floor, to copy the finished text once. PostScript and PJL are written as
+// a filter does, without a change, and as a user interface does, after a change
+// of one feature.
 
 #include <benchmark/benchmark.h>
 

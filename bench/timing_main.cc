@@ -52,7 +52,7 @@ void registerOperation(const Operation& operation) {
   for (const int size : operation.sizes) all->Arg(size);
   const Step step = operation.prepare(operation.sizes.front());
   if (step.iterations > 0) all->Iterations(step.iterations);
-  // The numbers of real models are no sizes.
+  // The numbers of real models are not sizes.
   if (operation.sizes.front() > 0) all->Complexity();
 }
 

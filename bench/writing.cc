@@ -1,4 +1,4 @@
-// What does it cost to write one value by name, with a change and without.
+// The cost of writing one value by name, with a change and without.
 
 #include <array>
 #include <utility>

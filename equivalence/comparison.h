@@ -1,4 +1,4 @@
-// Finds where our output is not libcups' output.
+// Finds where our output differs from that of libcups.
 #ifndef EQUIVALENCE_COMPARISON_H_
 #define EQUIVALENCE_COMPARISON_H_
 
@@ -11,8 +11,8 @@
 
 namespace driver_feature::equivalence {
 
-// The first byte of a text that differs, with what stands around it on both
-// sides: bytes that are no printable ASCII are written as \xNN.
+// The first byte of a text that differs, with the text around it on both sides:
+// bytes other than printable ASCII are written as \xNN.
 struct Difference {
   std::string part;  // A section, "JCL", "JCLEnd", "frame" or a whole job.
   std::size_t offset = 0;
@@ -22,18 +22,18 @@ struct Difference {
   std::string ours;
 };
 
-// Our three outputs as the library gives them.
+// Our three outputs as the library writes them.
 struct OurOutput {
   std::string postScript;
   std::string pjl;
   std::string jclEnd;
 };
 
-// Takes PostScript apart by the frame around each section: its text is what
-// stands between "%DriverSection NAME\n" and "\n%EndDriverSection\n". The
-// sections stand in the order of kSectionNames; one that is left out is
-// empty. False when anything stands outside of the frames or a frame is
-// missing, doubled or out of order; `rest` then begins where it goes wrong.
+// Takes PostScript apart by the frame around each section: its text is the one
+// between "%DriverSection NAME\n" and "\n%EndDriverSection\n". The sections are
+// in the order of kSectionNames; one that is left out is empty. False when
+// there is anything outside the frames or a frame is missing, doubled or out of
+// order; `rest` then begins where it goes wrong.
 bool takeApart(std::string_view postScript, JobTexts& texts, std::string& rest);
 
 // All differences, at most one for each part.

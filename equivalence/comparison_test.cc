@@ -85,7 +85,7 @@ TEST(CompareTexts, EachPart_IsComparedOnItsOwn) {
               ElementsAre("ExitServer", "AnySetup", "frame", "JCL", "JCLEnd"));
 }
 
-TEST(CompareTexts, Difference_TellsPlaceAndContext) {
+TEST(CompareTexts, Difference_GivesPlaceAndContext) {
   JobTexts peer;
   peer.jcl = std::string(30, 'a') + "\x1B\n\\\xE9" + "b" + std::string(50, 'c');
   const OurOutput ours = {"", std::string(30, 'a') + "\x1B\n\\\xE9", ""};

@@ -16,7 +16,7 @@ std::string shortestText(float value);
 // The parameter's current value as text.
 std::string customValueOf(const ppd_cparam_t& parameter);
 
-// Stores a value that a text names; a number has no unit.
+// Stores a value given as a text; a number has no unit.
 void storeCustomValue(ppd_cparam_t& parameter, const std::string& value);
 
 // A value within the parameter's limits. Numbers are multiples of a quarter

@@ -1,5 +1,5 @@
-// Tells a section that holds other text from one that only has options with
-// the same order dependency in another order.
+// Distinguishes a section with different text from one that only has options
+// with the same order dependency in a different order.
 //
 // libcups sorts the marked choices by their order dependency with a sort that
 // does not keep the order of equals: which of two comes first depends on which
@@ -15,14 +15,15 @@
 
 namespace driver_feature::equivalence {
 
-// True when both texts consist of the same framed codes, and ours has them by
-// ascending order dependency as the PPD gives it.
+// True when both texts consist of the same framed codes, and ours has them in
+// the PPD's ascending order dependency.
 bool differsInEqualsOnly(ppd_file_t& file, std::string_view peer, std::string_view ours);
 
-// The same for whole jobs, where other text stands between runs of framed codes:
-// all of it must be the same, and each run must have the same codes with the same
-// order dependencies one after another. The name of the section of the first
-// code that is in another place; nothing when more differs, or nothing does.
+// The same for whole jobs, where there is other text between runs of framed
+// codes: all of it must be the same, and each run must have the same codes with
+// the same order dependencies one after another. The name of the section of the
+// first code that is in another place; nothing when more differs, or nothing
+// does.
 std::optional<std::string> sectionOfEquals(ppd_file_t& file, std::string_view peer,
                                            std::string_view ours);
 

@@ -51,7 +51,7 @@ class EqualOrdersTest : public testing::Test {
   std::unique_ptr<Peer> peer_;
 };
 
-TEST_F(EqualOrdersTest, EqualsInAnotherOrder_AreTold) {
+TEST_F(EqualOrdersTest, EqualsInAnotherOrder_AreReported) {
   EXPECT_TRUE(ordersOnly(kA + kB + kC, kB + kA + kC));
 }
 

@@ -75,7 +75,7 @@ class Examination {
     return true;
   }
 
-  // Warnings are counted and no failure.
+  // Warnings are counted, but are not failures.
   bool check() {
     enter_("check");
     const auto plugin = host::Plugin::load(request_.library);

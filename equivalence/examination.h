@@ -1,4 +1,4 @@
-// Everything that is done with one PPD.
+// The examination of one PPD.
 #ifndef EQUIVALENCE_EXAMINATION_H_
 #define EQUIVALENCE_EXAMINATION_H_
 
@@ -19,7 +19,8 @@ struct ExaminationRequest {
   std::vector<std::string> routines;
   std::uint64_t seed = 1;
   int vectors = 3;  // Random ones, after the defaults.
-  // Whole jobs, with the defaults and so many random choices; none without the folder of programs.
+  // Whole jobs, with the defaults and this many random choices; none without
+  // the folder of programs.
   std::string programs;
   std::string pstops = "/usr/lib/cups/filter/pstops";
   int wholeVectors = 1;
@@ -29,9 +30,9 @@ struct ExaminationRequest {
 // Opens the PPD in libcups, imports it, checks the description, loads it, and
 // compares the outputs: for the defaults as they are loaded, for choices that
 // touch libcups' rules of media, for random choices, and for the restored
-// defaults; and whole jobs, when that is asked for. `enter` is told each phase before
-// it begins. The answer holds the figures and
-//   "causes": why this PPD is no success, each a short text; empty when it is
+// defaults; and whole jobs, if requested. `enter` is called with each phase
+// before it begins. Returns the figures and
+//   "causes": why this PPD fails, each a short text; empty when it passes
 //   "detail": a text for the first cause
 //   "differences": the first difference of each part of the output.
 // One per process: the library keeps one set of features.

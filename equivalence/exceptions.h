@@ -1,4 +1,4 @@
-// The PPDs whose output is known not to be equal, each with its reason.
+// The PPDs whose output is known to differ, each with its reason.
 #ifndef EQUIVALENCE_EXCEPTIONS_H_
 #define EQUIVALENCE_EXCEPTIONS_H_
 
@@ -15,12 +15,12 @@ namespace driver_feature::equivalence {
 class Exceptions {
  public:
   // Reads lines "CAUSE | PPD | REASON"; empty lines and those that begin with
-  // "#" are passed over. Nothing when a line is not of that form, has an empty
-  // part or repeats an earlier one; `problem` then names the line and says why.
+  // "#" are ignored. Nothing when a line is not of that form, has an empty part
+  // or repeats an earlier one; `problem` then names the line and says why.
   static std::optional<Exceptions> read(std::istream& input, std::string& problem);
 
-  // The reason, or null when it is not listed. A cause that is asked for
-  // counts as one that has occurred.
+  // The reason, or null when it is not listed. Marks the cause as one that has
+  // occurred.
   const std::string* find(const std::string& cause, const std::string& ppd);
 
   // "CAUSE | PPD" of those that have not occurred, though their PPD is one of

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Fetches the packages of packages.txt and writes every distinct PPD they hold
-# into FOLDER/ppds, with the list FOLDER/ppds.txt. Nothing is installed. What is
-# there already is not fetched or written again.
+# into FOLDER/ppds, with the list FOLDER/ppds.txt. Nothing is installed. What
+# already exists is not fetched or written again.
 #
 # usage: fetch.sh FOLDER
 #
@@ -22,7 +22,7 @@ packageNames() {
   sed -e 's/#.*//' -e 's/[[:space:]]*$//' -e '/^$/d' "$here/packages.txt"
 }
 
-# What the list was made from: another text means that it has to be made anew.
+# What the list was made from: if this text changes, the list is made again.
 recipe() {
   cat "$here/packages.txt" "$here/fetch.sh" "$here/unpack_ppds.py"
   (cd "$folder/packages" && sha256sum ./*.deb)
@@ -51,7 +51,7 @@ downloadPackages() {
   say "fetching ${wanted[*]}"
   (cd "$folder/packages" && apt-get -q download "${wanted[@]}") >"$folder/download.log" 2>&1 || {
     cat "$folder/download.log" >&2
-    fail "the packages cannot be fetched; apt's own messages stand above." \
+    fail "the packages cannot be fetched; apt's own messages are above." \
       "Check the network, run apt-get update, then try again; or put the packages into a" \
       "directory and name it with CORPUS_PACKAGES=DIRECTORY."
   }

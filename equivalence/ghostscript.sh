@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Runs every job FOLDER/*.ps in Ghostscript. A job is well when the interpreter
-# reports no error and comes to the job's end, which prints a line. What is left
-# on the stack is not looked at: codes that need a printer's own operators fail
-# within their frame, and their remains may hide the frame's mark.
-# Fails when a job is not well, or when there is none.
+# Runs every job FOLDER/*.ps in Ghostscript. A job is good when the interpreter
+# reports no error and reaches the job's end, which prints a line. What is left
+# on the stack is ignored: codes that need a printer's own operators fail within
+# their frame, and their remains may hide the frame's mark. Fails when a job is
+# not good, or when there is none.
 #
 # usage: ghostscript.sh FOLDER
 set -euo pipefail

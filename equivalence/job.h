@@ -8,11 +8,11 @@
 
 namespace driver_feature::equivalence {
 
-// What the interpreter prints when it has come to the end of such a job.
+// What the interpreter prints at the end of such a job.
 constexpr const char* kJobEnd = "job has ended";
 
 // The sections of the output around an empty page. Left out are the PJL, which
-// is no PostScript, and the section "ExitServer", which only a printer's own
+// is not PostScript, and the section "ExitServer", which only a printer's own
 // server loop can run.
 std::string jobOf(const OurOutput& output);
 

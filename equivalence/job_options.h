@@ -9,10 +9,10 @@
 
 namespace driver_feature::equivalence {
 
-// The marks as lp's -o gives them: "Option=Choice Other=Custom.3". Left out are
-// options that take several choices, PageRegion (a job asks for a page size),
-// and options whose names the scheduler's filters have for something of their
-// own: they would do both.
+// The marks in the form of lp's -o: "Option=Choice Other=Custom.3". Left out
+// are options that take several choices, PageRegion (a job asks for a page
+// size), and options with names that the scheduler's filters use for something
+// else: both would take effect.
 std::string jobOptions(const Peer& peer, const Marks& marks);
 
 }  // namespace driver_feature::equivalence

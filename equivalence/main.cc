@@ -84,7 +84,7 @@ std::string nameOf(const std::string& file, const std::string& root) {
   return relative.empty() || *relative.begin() == ".." ? file : relative.string();
 }
 
-// Nothing after a complaint.
+// Nothing, after a message, when that fails.
 std::optional<std::vector<Task>> tasksOf(const Arguments& arguments) {
   std::vector<Task> tasks;
   for (const std::string& file : arguments.files) {
@@ -127,7 +127,7 @@ bool writeFile(const fs::path& path, const std::string& text) {
 }
 
 // Makes the folder, and removes from it the files of an earlier run, which are
-// named by numbers. Whatever else is there belongs to somebody else.
+// named by numbers. Other files are not ours and stay.
 void prepareFolder(const fs::path& folder, const std::string& ending) {
   fs::create_directories(folder);
   std::vector<fs::path> old;

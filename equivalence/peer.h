@@ -1,4 +1,4 @@
-// A PPD in libcups: what our description of the same PPD is compared with.
+// A PPD in libcups, with which our description of the same PPD is compared.
 #ifndef EQUIVALENCE_PEER_H_
 #define EQUIVALENCE_PEER_H_
 
@@ -12,7 +12,7 @@
 
 namespace driver_feature::equivalence {
 
-// How much there is in a PPD.
+// Counts of what a PPD holds.
 struct PpdFigures {
   long options = 0;
   long choices = 0;
@@ -31,8 +31,8 @@ class Peer {
 
   ppd_file_t& file() const { return *file_; }
 
-  // All options of all groups in the order of the file. One keyword stands
-  // once, even when several groups have it: libcups finds only one of them.
+  // All options of all groups in the order of the file. A keyword occurs once,
+  // even when several groups have it: libcups finds only one of them.
   const std::vector<ppd_option_t*>& options() const { return options_; }
 
   // The parameters of an option's choice "Custom"; null when it has none.

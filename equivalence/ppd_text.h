@@ -1,4 +1,4 @@
-// What both sides write for a job, and one choice that is made on both.
+// What both sides write for a job, and a choice that is made on both.
 #ifndef EQUIVALENCE_PPD_TEXT_H_
 #define EQUIVALENCE_PPD_TEXT_H_
 
@@ -16,8 +16,8 @@ constexpr std::array<const char*, 5> kSectionNames = {"ExitServer", "Prolog", "D
 // The texts of a job, byte for byte.
 struct JobTexts {
   std::array<std::string, kSectionNames.size()> sections;
-  std::string jcl;     // Before the PostScript: its begin, the options, its change of language.
-  std::string jclEnd;  // Behind the job.
+  std::string jcl;     // Before the PostScript: the start, the options, the change of language.
+  std::string jclEnd;  // After the job.
 };
 
 // A parameter of a custom choice: a number as text, or the text itself.

@@ -1,4 +1,4 @@
-// Runs a program and takes what it writes.
+// Runs a program and captures what it writes.
 #ifndef EQUIVALENCE_PROGRAM_RUN_H_
 #define EQUIVALENCE_PROGRAM_RUN_H_
 
@@ -16,7 +16,7 @@ struct ProgramOutput {
 
 // Runs the program with the arguments and waits for its end. Standard input is
 // the file, or empty without one. The variables are set; one with an empty
-// value is taken away. Throws std::system_error when it cannot be started.
+// value is removed. Throws std::system_error when it cannot be started.
 ProgramOutput runProgram(const std::string& program, const std::vector<std::string>& arguments,
                          const std::vector<std::pair<std::string, std::string>>& variables,
                          const std::string& input = "");

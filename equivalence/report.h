@@ -1,4 +1,4 @@
-// What a run has found, for people and for programs.
+// The results of a run, for people and for programs.
 #ifndef EQUIVALENCE_REPORT_H_
 #define EQUIVALENCE_REPORT_H_
 
@@ -18,7 +18,8 @@ class Report {
  public:
   explicit Report(Exceptions exceptions) : exceptions_(std::move(exceptions)) {}
 
-  // Adds the record of one PPD. True when it has a cause that is no exception.
+  // Adds the record of one PPD. True when it has a cause that is not listed as
+  // an exception.
   bool add(const nlohmann::json& record);
 
   // Closes the report: exceptions that have not occurred are failures, too;
@@ -27,7 +28,7 @@ class Report {
 
   bool hasFailures() const { return !failures_.empty() || !idleExceptions_.empty(); }
 
-  // Figures, causes and exceptions. The failures stand in the order of their
+  // Figures, causes and exceptions. The failures are in the order of their
   // names.
   nlohmann::json toJson() const;
   std::string toText() const;

@@ -64,7 +64,7 @@ TEST(Report, AllEqual_HasFiguresOnly) {
             "             8  warnings of the check\n");
 }
 
-TEST(Report, Failures_StandByNameWithTheirDifferences) {
+TEST(Report, Failures_AreSortedByNameWithTheirDifferences) {
   Report report = reportWith("difference in JCL | b.ppd | known\n");
   EXPECT_TRUE(report.add(badRecord("c.ppd", {"check"})));
   EXPECT_TRUE(report.add(badRecord("b.ppd", {"difference in JCL", "check"})));
@@ -88,7 +88,7 @@ TEST(Report, Failures_StandByNameWithTheirDifferences) {
   EXPECT_EQ(report.toJson()["figures"]["difference_count"], 4);
 }
 
-TEST(Report, ExceptionsOnly_AreNoFailure) {
+TEST(Report, ExceptionsOnly_AreNotAFailure) {
   Report report = reportWith("check | a.ppd | known\n");
   EXPECT_FALSE(report.add(badRecord("a.ppd", {"check"})));
   report.close(true);

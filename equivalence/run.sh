@@ -47,7 +47,7 @@ while [ $# -gt 0 ]; do
       shift
       continue
       ;;
-    -*) refuse "$1 is no option" ;;
+    -*) refuse "$1 is not an option" ;;
     *)
       files+=("$1")
       shift
@@ -71,7 +71,7 @@ if [ "${#files[@]}" -gt 0 ]; then
   arguments+=("${files[@]}")
 else
   bash "$here/fetch.sh" "$kFolder"
-  # Not piped into head: the shell would take its early end for a failure.
+  # Not piped into head: the shell would treat its early end as a failure.
   orderedNames >"$kFolder/list.txt"
   if [ -n "$sample" ]; then
     sed -i -n "1,${sample}p" "$kFolder/list.txt"

@@ -7,7 +7,7 @@
 
 namespace driver_feature::equivalence {
 
-// On a terminal one line with a bar that is written anew; elsewhere a line for
+// On a terminal, one line with a bar that is rewritten; elsewhere a line for
 // each twentieth of the work.
 class RunProgress {
  public:

@@ -17,7 +17,7 @@ namespace {
 using Json = nlohmann::json;
 using Clock = WorkProcess::Clock;
 
-constexpr int kWakeMilliseconds = 500;  // How late the end of a time limit may be noticed.
+constexpr int kWakeMilliseconds = 500;  // A time limit may be noticed this late.
 
 struct Running {
   std::size_t task = 0;
@@ -50,7 +50,7 @@ Json recordOf(const Running& running, const std::string& name) {
   const WorkResult result = running.process->finish();
   Json record = Json::object();
   if (result.failure.empty()) {
-    record = Json::parse(result.answer);
+    record = Json::parse(result.output);
     if (!record["causes"].empty() && record["detail"].get_ref<const std::string&>().empty()) {
       record["detail"] = result.printed;
     }
@@ -68,7 +68,7 @@ Json recordOf(const Running& running, const std::string& name) {
   return record;
 }
 
-// Waits until at least one process has said something or its time may be up.
+// Waits until at least one process has written something or its time may be up.
 void waitForAny(const std::vector<Running>& running, std::vector<pollfd>& events) {
   events.clear();
   for (const Running& entry : running) {
@@ -89,7 +89,7 @@ void examineAll(const std::vector<Task>& tasks, const RunRequest& request,
       running.push_back(begin(next++, tasks, request));
     }
     waitForAny(running, events);
-    // From the last one, so that the places of those before it stay.
+    // From the last one, so that the places of the earlier ones do not change.
     for (std::size_t i = running.size(); i-- > 0;) {
       WorkProcess& process = *running[i].process;
       const bool hasEnded = events[i].revents != 0 && !process.take();

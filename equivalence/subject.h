@@ -13,12 +13,13 @@ namespace driver_feature::equivalence {
 
 class Subject {
  public:
-  // Loads the description, once per process. Null after a line on standard
-  // error; what the library cannot build ends the process.
+  // Loads the description, once per process. Null, after a line on standard
+  // error, when that fails; a description that the library cannot build ends
+  // the process.
   static std::unique_ptr<Subject> load(const host::SessionRequest& request);
 
-  // Stores all values. The first one that has no feature, or that its feature
-  // refuses, is described in `problem`, and the answer is false.
+  // Stores all values. Returns false, with a description in `problem`, at the
+  // first one that has no feature or that its feature refuses.
   bool set(const FeatureValues& settings, std::string& problem) const;
 
   void restoreDefaults() const { session_->features().restoreDefaultFeatureValues(); }
@@ -26,7 +27,7 @@ class Subject {
   std::string postScript() const { return serialized(1); }
   std::string pjl() const { return serialized(0); }
 
-  // The code that belongs behind the job; empty without a feature "JCLEnd".
+  // The code that belongs after the job; empty without a feature "JCLEnd".
   std::string jclEnd() const;
 
  private:

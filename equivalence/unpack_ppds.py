@@ -4,7 +4,7 @@ usage: unpack_ppds.py FOLDER PACKAGE...
 
 A package's driver program, FOLDER/unpacked/PACKAGE/usr/lib/cups/driver/PACKAGE,
 is a Python script with an archive in it: one compressed text with all PPDs, and
-a table that says where each stands. The program writes one PPD per call and
+a table that says where each one is. The program writes one PPD per call and
 decompresses the archive every time, so the archive is read here instead, once.
 
 FOLDER/ppds/PACKAGE/NAME receives the PPDs, and FOLDER/ppds.txt one line for

@@ -21,7 +21,7 @@ namespace {
 constexpr std::string_view kDocumentBegin = "%!PS-Adobe-3.0\n%%Title: two pages\n";
 constexpr std::string_view kDocumentEnd = "%%EOF\n";
 
-// Where each section stands in the document: between these.
+// The place of each section in the document: between these.
 struct Place {
   const char* begin;
   const char* end;
@@ -46,7 +46,7 @@ void replaceAll(std::string& text, const std::string& old, const std::string& by
   }
 }
 
-// What stands between two marks; empty without them.
+// The text between two marks; empty without them.
 std::string textBetween(const std::string& text, const std::string& begin, const std::string& end) {
   const std::size_t at = text.find(begin);
   const std::size_t last = at == std::string::npos ? at : text.find(end, at + begin.size());
@@ -106,7 +106,7 @@ std::string expectedOfConverted(const std::string& converted, const std::string&
     replaceAll(body, mark, mark + text);
   }
   std::string last = direct.substr(end + kDocumentEnd.size());
-  // What pstops writes for another filter's sake passes.
+  // What pstops writes for another filter is ignored.
   const bool isForAnother = converted.substr(bodyEnd + kDocumentEnd.size()) == "\x04";
   if (isForAnother && last.empty()) last = "\x04";
   return direct.substr(0, begin) + body + last;

@@ -27,10 +27,10 @@ std::string withoutPstopsTexts(std::string job, const ppd_file_t& ppd);
 // into the jobs that it converts.
 std::string withoutJobPatch(std::string job, const ppd_file_t& ppd);
 
-// What must come of a job that pstops has made of the document: the front and
-// the end of `direct`, which came of the document itself; and between them the
-// job, with the sections of `direct` in their places. Empty when `direct` is
-// no such job.
+// The expected result for a job that pstops has made of the document: the front
+// and the end of `direct`, the result for the document itself; and between them
+// the job, with the sections of `direct` in their places. Empty when `direct`
+// is not such a job.
 std::string expectedOfConverted(const std::string& converted, const std::string& direct);
 
 }  // namespace driver_feature::equivalence

@@ -51,7 +51,7 @@ TEST(WholeDocument, ExpectedOfAConvertedJob_HasFrontSectionsAndEndOfTheDirectOne
   const std::string expected = replaced(direct, page, page + "page\n");
   EXPECT_EQ(expectedOfConverted("front" + kDocument + "end", "FRONT" + direct + "END"),
             "FRONT" + expected + "END");
-  // What pstops has written in its own places stays.
+  // What pstops has written in other places stays.
   EXPECT_EQ(expectedOfConverted(replaced(kDocument, "%%EndSetup", "more\n%%EndSetup"), direct),
             replaced(expected, "%%EndSetup", "more\n%%EndSetup"));
 }

@@ -1,5 +1,6 @@
-// Whole jobs: what the filter for print queues makes of a document, beside what
-// pstops, the print scheduler's filter, makes of it with the printer's PPD.
+// Whole jobs: compares what the filter for print queues makes of a document
+// with what pstops, the print scheduler's filter, makes of it with the
+// printer's PPD.
 #ifndef EQUIVALENCE_WHOLE_JOBS_H_
 #define EQUIVALENCE_WHOLE_JOBS_H_
 
@@ -25,7 +26,7 @@ struct WholeJobRequest {
 class WholeJobs {
  public:
   // Writes the PPD of a queue, and documents, into files that are named after
-  // the description and removed at the end. Null when the queue cannot be had;
+  // the description and removed at the end. Null when the queue cannot be made;
   // `problem` then says why.
   static std::unique_ptr<WholeJobs> open(const WholeJobRequest& request, const ppd_file_t& ppd,
                                          std::string& problem);

@@ -18,9 +18,9 @@ namespace driver_feature::equivalence {
 
 namespace {
 
-// What a child writes: phases and the answer, each between a letter and a NUL.
+// What a child writes: phases and the output, each between a letter and a NUL.
 constexpr char kPhase = 'P';
-constexpr char kAnswer = 'A';
+constexpr char kOutput = 'A';
 
 constexpr std::size_t kPrintedLimit = 2000;
 
@@ -29,7 +29,7 @@ int workInChild(const WorkProcess::Work& work, int pipe) {
     if (!host::writeAll(pipe, letter + text + '\0')) ::_exit(1);
   };
   try {
-    send(kAnswer, work([&send](const std::string& phase) { send(kPhase, phase); }));
+    send(kOutput, work([&send](const std::string& phase) { send(kPhase, phase); }));
   } catch (const std::exception& error) {
     std::cerr << error.what() << std::endl;
     return 1;
@@ -91,11 +91,11 @@ WorkResult WorkProcess::finish() {
   WorkResult result;
   std::size_t begin = 0;
   for (std::size_t end; (end = received_.find('\0', begin)) != std::string::npos; begin = end + 1) {
-    std::string& text = received_[begin] == kAnswer ? result.answer : result.phase;
+    std::string& text = received_[begin] == kOutput ? result.output : result.phase;
     text = received_.substr(begin + 1, end - begin - 1);
   }
   result.failure = late_ ? "time limit" : failureText(status);
-  if (result.failure.empty() && result.answer.empty()) result.failure = "end (status 0)";
+  if (result.failure.empty() && result.output.empty()) result.failure = "end (status 0)";
   result.printed = beginningOf(printed_);
   return result;
 }

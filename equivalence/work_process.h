@@ -13,7 +13,7 @@ namespace driver_feature::equivalence {
 
 // How the work has ended.
 struct WorkResult {
-  std::string answer;  // What it answered; empty when it did not get that far.
+  std::string output;  // What it returned; empty when it did not get that far.
   std::string phase;   // The last one that it entered.
   std::string
       failure;  // "crash (signal 11)", "end (status 1)", "time limit"; empty when all is well.
@@ -27,16 +27,16 @@ class WorkProcess {
   using Work = std::function<std::string(const Enter& enter)>;
 
   // Runs `work` in a copy of this process, with the standard streams going
-  // into a file of its own. It has to answer within the limit. Throws
-  // std::runtime_error when there is no child to be had.
+  // into a file of its own. It must return within the limit. Throws
+  // std::runtime_error when no child process can be made.
   static std::unique_ptr<WorkProcess> start(const Work& work, std::chrono::seconds limit);
 
-  // A child that is still there is ended, with its own children.
+  // A child that still runs is killed, with its own children.
   ~WorkProcess();
   WorkProcess(const WorkProcess&) = delete;
   WorkProcess& operator=(const WorkProcess&) = delete;
 
-  // To be waited for: readable when take() has something to do.
+  // To wait for: readable when take() has something to do.
   int descriptor() const { return child_.pipe(); }
   Clock::time_point deadline() const { return deadline_; }
 
@@ -47,8 +47,8 @@ class WorkProcess {
   // Ends a child that is past its deadline; true when it was.
   bool endWhenLate();
 
-  // Waits for the child's end. Called once, after take() has answered false
-  // or endWhenLate() true.
+  // Waits for the child's end. Called once, after take() has returned false or
+  // endWhenLate() true.
   WorkResult finish();
 
  private:

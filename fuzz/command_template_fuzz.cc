@@ -1,6 +1,6 @@
 // Feeds arbitrary command templates and values to the formatter of commands.
-// It must take exactly the templates of its grammar, and give what the C
-// library's own formatter gives for every template that C defines.
+// It must accept exactly the templates of its grammar, and write what the C
+// library's own formatter writes for every template that C defines.
 //
 // The input is one byte for the kind of value, the template up to a NUL, and
 // the value: a text, or the bytes of an int or a float.
@@ -32,7 +32,7 @@ bool has(const TemplateReading& reading, char flag) {
   return reading.flags.find(flag) != std::string::npos;
 }
 
-// False where C leaves open what comes out, or where glibc is known to err.
+// False where C does not define the result, or where glibc has a known fault.
 bool isDefined(const TemplateReading& reading) {
   switch (reading.letter) {
     case 's':

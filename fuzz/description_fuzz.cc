@@ -1,9 +1,9 @@
 // Feeds arbitrary documents to the parser, the loader, the three outputs and
 // the dump.
 //
-// The library ends the process at a description that it cannot build. Here it
-// goes on, and what has been built so far is looked at all the same, as no
-// real host could.
+// The library ends the process at a description that it cannot build. Here the
+// process continues, and what has been built so far is still examined, which a
+// real host could not do.
 
 #include <libxml/parser.h>
 
@@ -71,7 +71,7 @@ std::string dump(CoreFeatureSet& features) {
   return text.str();
 }
 
-// Features stand in the byte order of their names and are found by them.
+// Features are in the byte order of their names and are found by them.
 void checkOrder(CoreFeatureSet& features) {
   std::string before;
   for (int i = 0; i < features.fetchNumberOfFeatures(); ++i) {
@@ -79,7 +79,7 @@ void checkOrder(CoreFeatureSet& features) {
     require(feature != nullptr, "every position has a feature");
     std::string name;
     require(feature->getFeatureProperty(std::string("Name"), name), "a feature has a name");
-    require(before < name, "features stand in the order of their names");
+    require(before < name, "features are in the order of their names");
     require(features.FindFeatureInFeatureList(name) == feature, "a feature is found by name");
     before = name;
   }
@@ -116,9 +116,9 @@ void tryDocument(const std::string& text) {
     require(!problem.text.empty(), "a refusal has a reason");
     return;
   }
-  std::string told;
-  const LoadResult result = loadDescription(document->root(), told);
-  require(told.empty() == (result == LoadResult::kLoaded), "only an end is told");
+  std::string messages;
+  const LoadResult result = loadDescription(document->root(), messages);
+  require(messages.empty() == (result == LoadResult::kLoaded), "only an end writes a message");
   SetFeatureCreationCompleteFlag();
   use(*static_cast<CoreFeatureSet*>(GetMasterFeatureList()), document->root());
   releaseModel();

@@ -22,7 +22,7 @@ class InputReader {
     return *data_++;
   }
 
-  // A byte tells the length; what is missing at the end is left out.
+  // The first byte is the length; what is missing at the end is left out.
   std::string takeText() {
     const std::size_t length = std::min<std::size_t>(takeByte(), size_);
     std::string text(reinterpret_cast<const char*>(data_), length);

@@ -1,5 +1,5 @@
-// Linked into targets that give back less memory than they take, by design:
-// leaks are no findings there.
+// Linked into targets that by design do not free all their memory: leaks are
+// not findings there.
 
 extern "C" const char* __asan_default_options();
 extern "C" __attribute__((visibility("default"))) const char* __asan_default_options() {

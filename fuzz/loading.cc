@@ -19,17 +19,17 @@ bool hasEnded = false;
 
 }  // namespace
 
-LoadResult loadDescription(void* element, std::string& told) {
+LoadResult loadDescription(void* element, std::string& written) {
   std::ostringstream messages;
   std::streambuf* const before = std::cerr.rdbuf(messages.rdbuf());
   hasEnded = false;
   isLoading = true;
-  const int answer = FeatureXMLTagHandler(element);
+  const int result = FeatureXMLTagHandler(element);
   isLoading = false;
   std::cerr.rdbuf(before);
-  told = messages.str();
-  // The handler answers 1, or does not answer.
-  if ((answer == 1) == hasEnded) std::abort();
+  written = messages.str();
+  // The handler returns 1, or does not return.
+  if ((result == 1) == hasEnded) std::abort();
   return hasEnded ? LoadResult::kEnded : LoadResult::kLoaded;
 }
 

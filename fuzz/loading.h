@@ -1,4 +1,4 @@
-// Loading descriptions one after the other, in one process.
+// Loads descriptions one after the other in one process.
 #ifndef FUZZ_LOADING_H_
 #define FUZZ_LOADING_H_
 
@@ -11,10 +11,10 @@ enum class LoadResult {
   kEnded,  // The library would have ended the process.
 };
 
-// Hands the element to the library. `told` is what it wrote on standard error
-// before it ended the process; it does so with status 1 only, anything else
-// aborts. A program that uses this is linked with --wrap=exit.
-LoadResult loadDescription(void* element, std::string& told);
+// Passes the element to the library. `written` is what it wrote to standard
+// error before it ended the process; it does so with status 1 only, anything
+// else aborts. A program that uses this is linked with --wrap=exit.
+LoadResult loadDescription(void* element, std::string& written);
 
 // Does not return while a description is loaded.
 void endLoading(int status);

@@ -1,5 +1,5 @@
-// Gives back the memory of a model, which the library itself never does: one
-// process reads one description. A fuzzer reads thousands.
+// Frees the memory of a model, which the library itself never does: a process
+// reads one description. A fuzzer reads thousands.
 #ifndef FUZZ_MODEL_RELEASE_H_
 #define FUZZ_MODEL_RELEASE_H_
 
@@ -23,7 +23,7 @@ void release(Object* object) {
 }
 
 inline void releaseFeature(DriverFeature* feature) {
-  // Only a list answers with its options.
+  // Only a list returns its options.
   feature->setFeatureProperty(std::string("FeatureType"), 1);
   const int count = feature->getFeatureOptionCount();
   for (int i = 0; i < count; ++i) {

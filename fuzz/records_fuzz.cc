@@ -22,7 +22,7 @@ constexpr std::size_t kLongestInput = 16384;
 
 using Json = nlohmann::ordered_json;
 
-// A record gives its values back as texts: a float has six decimals there.
+// A record returns its values as texts: a float has six decimals there.
 float throughRecord(float number) {
   return toFloat(printed("%f", static_cast<double>(number)));
 }
@@ -32,10 +32,11 @@ void checkJobs(const std::vector<host::Record>& records, const Json& json) {
   for (std::size_t i = 0; i < records.size(); ++i) {
     const Json& title = json[i]["Title"];
     const std::string text = title.is_string() ? title.get<std::string>() : title.dump();
-    require(records[i][0] == text, "a text stands in the record as in the file");
+    require(records[i][0] == text, "a text is the same in the record and in the file");
     const Json& shift = json[i]["Shift"];
     const float number = toFloat(shift.is_string() ? shift.get<std::string>() : shift.dump());
-    require(toFloat(records[i][1]) == throughRecord(number), "a number stands in the record");
+    require(toFloat(records[i][1]) == throughRecord(number),
+            "a number is the same in the record and in the file");
   }
 }
 

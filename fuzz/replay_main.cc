@@ -29,7 +29,7 @@ std::vector<fs::path> findInputs(const fs::path& place) {
 }
 
 bool replay(const fs::path& input) {
-  // The last line tells which input ended the program.
+  // The last line names the input that ended the program.
   std::cout << input.string() << std::endl;
   std::ifstream file(input, std::ios::binary);
   const std::string bytes{std::istreambuf_iterator<char>(file), {}};

@@ -20,8 +20,8 @@ namespace {
 constexpr std::size_t kLongestInput = 16384;
 
 // A file is tried in copies of the process before it is loaded, which takes a
-// thousand times as long as all the rest. A fuzzer loads one input of many so;
-// a test loads every one.
+// thousand times as long as all the rest. A fuzzer does this for one input of
+// many; a test for every one.
 constexpr std::size_t kInputsPerFile = FUZZ_INPUTS_PER_FILE;
 
 std::string write(const host::SettingsText& text) {
@@ -34,7 +34,7 @@ std::string write(const host::SettingsText& text) {
   return written;
 }
 
-// All bytes but not the lines, which may be others when written again.
+// All bytes, but not the line numbers, which may differ when written again.
 std::string spell(const std::vector<host::SettingsLine>& lines) {
   std::string spelled;
   for (const auto& [line, setting] : lines) {
@@ -106,7 +106,7 @@ void tryInput(const std::string& input) {
   if (direct) checkSaved(*direct);
   if (std::hash<std::string>()(input) % kInputsPerFile != 0) return;
   const auto loaded = savedAfterLoading(input);
-  require(!direct || direct == loaded, "a file that needs no other order is taken as it stands");
+  require(!direct || direct == loaded, "a file that needs no other order is loaded as it is");
   if (loaded && loaded != direct) checkSaved(*loaded);
 }
 

@@ -1,6 +1,6 @@
-// The features and groups that settings files and records of the fuzzer are
-// for: every kind of value, a routine that makes others unavailable, and
-// groups with and without an order.
+// The features and groups for the fuzzer's settings files and records: every
+// kind of value, a routine that makes others unavailable, and groups with and
+// without an order.
 #ifndef FUZZ_SETTINGS_MODEL_H_
 #define FUZZ_SETTINGS_MODEL_H_
 
@@ -24,14 +24,14 @@ class SettingsModel {
   const host::Model& model() const { return *model_; }
 
   // Everything that a setting may change: values, records and what is
-  // available, and how often the host was told of a change.
+  // available, and how often the host was notified of a change.
   std::string state() const;
 
  private:
   std::unique_ptr<host::Model> model_;
 };
 
-// A file in memory that holds a text; others find it under its path.
+// A file in memory that holds a text; readers open it by its path.
 class MemoryFile {
  public:
   explicit MemoryFile(const std::string& text);

@@ -1,5 +1,5 @@
 // Reads command templates by the grammar of printf, independently of the
-// library: what the library must take and refuse, and what may be handed to
+// library: what the library must accept and refuse, and what may be passed to
 // the C library's own formatter.
 #ifndef FUZZ_TEMPLATE_READING_H_
 #define FUZZ_TEMPLATE_READING_H_
@@ -20,7 +20,7 @@ inline constexpr Grammar kIntegerGrammar = {"diuxXoc", " h hh l ll j z t "};
 inline constexpr Grammar kFloatGrammar = {"fFeEgGaA", " l L "};
 
 struct TemplateReading {
-  bool isTaken = false;  // The library has to take the template.
+  bool isTaken = false;  // The library must accept the template.
   std::string flags;
   std::string length;
   char letter = 0;  // NUL without a conversion.

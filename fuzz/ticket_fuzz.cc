@@ -1,6 +1,6 @@
 // Feeds arbitrary texts to the ticket writer, directly and through a model of
-// features. What the ticket gives back must be what was handed in, or nothing
-// where XML cannot hold it.
+// features. The ticket must hold the same texts, or nothing where XML cannot
+// hold them.
 //
 // The input is a list of operations, each a byte and the texts that it takes.
 
@@ -33,12 +33,12 @@ void require(bool holds, const char* what) {
   std::abort();
 }
 
-// A text as the two arguments of a ticket are handed in.
+// A text in the form of the two arguments of a ticket.
 std::string upToNul(const std::string& text) {
   return text.substr(0, text.find('\0'));
 }
 
-// A ticket as the writer makes it, beside the one that it should make.
+// A ticket that the writer makes, and the expected one.
 class TicketRun {
  public:
   explicit TicketRun(InputReader& input) {

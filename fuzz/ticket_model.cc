@@ -81,7 +81,7 @@ std::string textOf(const xmlChar* text) {
   return text != nullptr ? reinterpret_cast<const char*>(text) : "";
 }
 
-// The elements and nothing else: what stands between them is indentation.
+// The elements and nothing else: between them is only indentation.
 std::vector<const xmlNode*> childElements(const xmlNode& element) {
   std::vector<const xmlNode*> children;
   for (const xmlNode* child = element.children; child != nullptr; child = child->next) {
@@ -156,7 +156,7 @@ void requireTicket(const std::string& document, const TicketElement& expected) {
   xmlDoc* const parsed =
       xmlReadMemory(document.data(), static_cast<int>(document.size()), nullptr, nullptr,
                     XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_HUGE);
-  if (parsed == nullptr) fail("it is no XML:\n" + document);
+  if (parsed == nullptr) fail("it is not XML:\n" + document);
   requireElement(*xmlDocGetRootElement(parsed), expected);
   xmlFreeDoc(parsed);
 }

@@ -1,4 +1,4 @@
-// What a ticket should hold, told independently of its writer.
+// The expected contents of a ticket, independent of its writer.
 #ifndef FUZZ_TICKET_MODEL_H_
 #define FUZZ_TICKET_MODEL_H_
 
@@ -17,9 +17,9 @@ struct TicketElement {
   std::vector<std::unique_ptr<TicketElement>> children;
 };
 
-// The UTF-8 text that a ticket gives back for a text that was handed in: the
-// text itself, or its ISO-8859-1 reading when it is no UTF-8. Nothing when it
-// holds a character that XML cannot hold.
+// The UTF-8 text that a ticket holds for a given text: the text itself, or its
+// ISO-8859-1 reading when it is not UTF-8. Nothing when it holds a character
+// that XML cannot hold.
 std::optional<std::string> carriedText(const std::string& text);
 
 // The ticket without its commands.
@@ -27,7 +27,7 @@ std::unique_ptr<TicketElement> makeTicket(const std::string& argument1,
                                           const std::string& argument2);
 
 // Adds the element that a command (with a value) or a group (without one)
-// makes, and answers it. Null when one of the texts cannot be carried.
+// makes, and returns it. Null when one of the texts cannot be carried.
 TicketElement* addNode(TicketElement& parent, const std::string& name, const std::string& syntax,
                        const std::string* value);
 

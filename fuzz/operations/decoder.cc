@@ -36,8 +36,8 @@ class ByteReader {
   std::size_t position_ = 0;
 };
 
-// Up to seven bytes as they stand: too short to name a routine of the process
-// that does harm.
+// Up to seven bytes as they are: too short to name a harmful routine of the
+// process.
 std::string rawText(ByteReader& bytes) {
   std::string text;
   for (unsigned left = bytes.byte() % 8; left > 0; --left) {

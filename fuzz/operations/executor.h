@@ -1,5 +1,5 @@
 // Carries programs out on a model. The same code drives the library and the
-// reference model; what differs stands in their classes.
+// reference model; their classes hold what differs.
 #ifndef FUZZ_OPERATIONS_EXECUTOR_H_
 #define FUZZ_OPERATIONS_EXECUTOR_H_
 

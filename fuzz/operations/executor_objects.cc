@@ -1,4 +1,4 @@
-// Operations on features, options and what every object answers.
+// Operations on features and options, and those that every object has.
 #include "fuzz/operations/executor.h"
 
 namespace driver_feature::operations {

@@ -1,4 +1,4 @@
-// Gives back what the library makes and never frees: the records of dynamic
+// Frees what the library makes and never frees itself: the records of dynamic
 // groups and what they hold. One process of a host makes few of them, a fuzzer
 // makes millions.
 #ifndef FUZZ_OPERATIONS_MEMORY_WINDOW_H_

@@ -11,7 +11,7 @@
 
 namespace driver_feature::operations {
 
-// One call. Which fields of Operation count is written behind each.
+// One call. The comment after each lists the fields of Operation that count.
 enum class Kind : unsigned char {
   // New objects: name.
   kNewFeature,
@@ -19,7 +19,7 @@ enum class Kind : unsigned char {
   kNewOption,
   kNewStaticGroup,
   kNewDynamicGroup,
-  // What every object answers, slots 0 to 14: object, name, a value.
+  // Operations of every object, slots 0 to 14: object, name, a value.
   kSetText,
   kSetInt,
   kSetFloat,
@@ -152,8 +152,8 @@ struct Program {
 // Any bytes make a program.
 Program decodeProgram(const unsigned char* data, std::size_t size);
 
-// The kind of output whose text and log lines are not compared, and what
-// stands for it among the events.
+// The kind of output whose text and log lines are not compared, and the text
+// that replaces it among the events.
 inline constexpr int kTicket = 2;
 inline constexpr const char* kTicketText = "a ticket";
 

@@ -1,6 +1,6 @@
-// The reference model: what a feature model does, once more, written from its
-// described behaviour and as plainly as possible. Every property stands in a
-// map under its name, every rule is an if.
+// The reference model: a second feature model, written from the described
+// behaviour and as plainly as possible. Every property is in a map under its
+// name, every rule is an if.
 #ifndef FUZZ_OPERATIONS_REFERENCE_MODEL_H_
 #define FUZZ_OPERATIONS_REFERENCE_MODEL_H_
 
@@ -23,8 +23,8 @@ struct RefOption {
 
 enum class RefClass : unsigned char { kFeature, kStaticGroup, kDynamicGroup };
 
-// A feature, a static group or a dynamic group. Which properties it has is
-// told by what the maps hold.
+// A feature, a static group or a dynamic group. The maps hold the properties
+// that it has.
 struct RefObject {
   RefClass kind = RefClass::kFeature;
   int type = 1;

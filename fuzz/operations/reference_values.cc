@@ -1,4 +1,4 @@
-// Features: their current values, and who is told of a change.
+// Features: their current values, and who is notified of a change.
 #include <cstdlib>
 #include <limits>
 

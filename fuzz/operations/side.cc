@@ -77,7 +77,7 @@ int Side::runLoadRoutine(int mode) {
 
 // Does in the middle of an output what the load routine does.
 void Side::runTextRoutine(std::string& text) {
-  note("text routine behind " + quoted(text));
+  note("text routine after " + quoted(text));
   text += "<routine>";
   runScript(Routine::kLoad);
 }

@@ -20,8 +20,8 @@ class AttributeMap {
   // returns false and leaves `value` unchanged. A text that is present but does
   // not convert is also logged at level 3. A bool is "true", "false", "1" or
   // "0"; an int a decimal 32-bit number; a double a finite decimal number with
-  // a point and perhaps an exponent, in every locale of the process. No sign
-  // but "-" and no blanks are accepted.
+  // a point and perhaps an exponent, in every locale of the process. Blanks,
+  // and signs other than "-", are not accepted.
   bool loadMapVariable(const std::string& name, std::string& value,
                        const std::string* fallback) const;
   bool loadMapVariable(const std::string& name, bool& value, const bool* fallback) const;

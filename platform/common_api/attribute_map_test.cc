@@ -39,7 +39,7 @@ TEST(AttributeMapTest, Brackets_NameIsAbsent_AddsAnEmptyText) {
   EXPECT_EQ(map.size(), 1);
 }
 
-TEST(AttributeMapTest, Brackets_NameIsPresent_AnswersTheTextInPlace) {
+TEST(AttributeMapTest, Brackets_NameIsPresent_ReturnsTheTextInPlace) {
   AttributeMap map;
   map["Name"] = "one";
   std::string& text = map["Name"];
@@ -65,7 +65,7 @@ TEST(AttributeMapTest, Clear_EmptiesTheMap) {
   EXPECT_THAT(entriesOf(map), IsEmpty());
 }
 
-TEST(AttributeMapTest, FetchByIndex_NoSuchPosition_AnswersFalseAndLeavesBothTexts) {
+TEST(AttributeMapTest, FetchByIndex_NoSuchPosition_ReturnsFalseAndLeavesBothTexts) {
   AttributeMap map;
   map["a"] = "1";
   std::string name = "name";
@@ -109,7 +109,7 @@ TEST(AttributeMapTest, Load_NameIsAbsent_TakesTheFallbackOrFails) {
   expectAbsent<double>(7.5, -3.25);
 }
 
-TEST(AttributeMapTest, LoadText_NameIsPresent_AnswersEveryByte) {
+TEST(AttributeMapTest, LoadText_NameIsPresent_ReturnsEveryByte) {
   RecordedLog log;
   AttributeMap map;
   const std::string fallback = "fallback";
@@ -148,12 +148,12 @@ void expectReadings(const std::vector<Reading<Value>>& rows, const Value& fallba
   EXPECT_THAT(log.take(), IsEmpty());
 }
 
-TEST(AttributeMapTest, LoadBool_TextIsABool_AnswersIt) {
+TEST(AttributeMapTest, LoadBool_TextIsABool_ReturnsIt) {
   expectReadings<bool>({{"true", true}, {"1", true}}, false);
   expectReadings<bool>({{"false", false}, {"0", false}}, true);
 }
 
-TEST(AttributeMapTest, LoadInt_TextIsANumber_AnswersIt) {
+TEST(AttributeMapTest, LoadInt_TextIsANumber_ReturnsIt) {
   expectReadings<int>({{"0", 0},
                        {"-0", 0},
                        {"1", 1},
@@ -166,7 +166,7 @@ TEST(AttributeMapTest, LoadInt_TextIsANumber_AnswersIt) {
                       99);
 }
 
-TEST(AttributeMapTest, LoadDouble_TextIsANumber_AnswersIt) {
+TEST(AttributeMapTest, LoadDouble_TextIsANumber_ReturnsIt) {
   expectReadings<double>({{"0", 0.0},
                           {"1", 1.0},
                           {"-1.5", -1.5},
@@ -204,19 +204,19 @@ void expectRefused(const std::vector<std::string>& texts, const Value& untouched
   }
 }
 
-TEST(AttributeMapTest, LoadBool_TextIsNoBool_FailsAndLogs) {
+TEST(AttributeMapTest, LoadBool_TextIsNotABool_FailsAndLogs) {
   expectRefused<bool>({"", "True", "TRUE", " true", "true ", "yes", "2", "-1", "01", "true\0"s},
                       true, false, R"("true", "false", "1" or "0")");
 }
 
-TEST(AttributeMapTest, LoadInt_TextIsNoNumber_FailsAndLogs) {
+TEST(AttributeMapTest, LoadInt_TextIsNotANumber_FailsAndLogs) {
   expectRefused<int>(
       {"", "-", "+5", "--5", " 5", "5 ", "\t5", "5\n", "5x", "x", "0x10", "1.0", "1e3", "1,000",
        "5\0"s, "5\0007"s, "2147483648", "-2147483649", "99999999999999999999"},
       7, -3, "a decimal 32-bit number");
 }
 
-TEST(AttributeMapTest, LoadDouble_TextIsNoNumber_FailsAndLogs) {
+TEST(AttributeMapTest, LoadDouble_TextIsNotANumber_FailsAndLogs) {
   expectRefused<double>(
       {"",   "-",   "+1.5", ".",        "1,5", " 1.5", "1.5 ", "1.5f",   "1.5.2", "0x1p3", "1e",
        "e3", "inf", "-inf", "infinity", "INF", "nan",  "NaN",  "nan(1)", "1e400", "1.5\0"s},

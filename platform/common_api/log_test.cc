@@ -55,7 +55,7 @@ TEST(LogTest, SetLogHandler_Handler_TakesEveryLineInsteadOfStandardError) {
 
 struct Arrival {
   std::string text;
-  char behind = 'x';
+  char after = 'x';
 };
 
 void keepArrival(int /*level*/, const char* /*category*/, const char* text, std::size_t length,
@@ -68,10 +68,10 @@ TEST(LogTest, SetLogHandler_Handler_GetsATerminatedText) {
   SetLogHandler(keepArrival, &arrival);
   LogMessage(1, "category", "fixed");
   EXPECT_EQ(arrival.text, "fixed");
-  EXPECT_EQ(arrival.behind, '\0');
+  EXPECT_EQ(arrival.after, '\0');
   LogStringMessage(1, "category", textOf("built\0up"s));
   EXPECT_EQ(arrival.text, "built\0up"s);
-  EXPECT_EQ(arrival.behind, '\0');
+  EXPECT_EQ(arrival.after, '\0');
   SetLogHandler(nullptr, nullptr);
 }
 
@@ -116,9 +116,9 @@ TEST(UnicodeStringTest, AssignCharacters_ReadsToTheirEnd) {
 
 TEST(UnicodeStringTest, AssignItsOwnBytes_KeepsThem) {
   UnicodeString text;
-  text = "long enough to stand on the heap, not in place";
+  text = "long enough to be on the heap, not in place";
   text = text.utf8();
-  EXPECT_EQ(text.utf8(), "long enough to stand on the heap, not in place");
+  EXPECT_EQ(text.utf8(), "long enough to be on the heap, not in place");
 }
 
 }  // namespace

@@ -17,22 +17,22 @@ int PlatformTestRoutine() {
 
 namespace {
 
-TEST(FetchSymbolTest, Fetch_RoutineOfTheProcess_AnswersItsAddress) {
+TEST(FetchSymbolTest, Fetch_RoutineOfTheProcess_ReturnsItsAddress) {
   void* routine = FetchSymbol("PlatformTestRoutine");
   ASSERT_EQ(routine, reinterpret_cast<void*>(&PlatformTestRoutine));
   EXPECT_EQ(reinterpret_cast<int (*)()>(routine)(), 42);
 }
 
-TEST(FetchSymbolTest, Fetch_RoutineOfALibrary_AnswersItsAddress) {
+TEST(FetchSymbolTest, Fetch_RoutineOfALibrary_ReturnsItsAddress) {
   EXPECT_EQ(FetchSymbol("itoa"), reinterpret_cast<void*>(&itoa));
 }
 
-TEST(FetchSymbolTest, Fetch_UnknownName_AnswersNull) {
+TEST(FetchSymbolTest, Fetch_UnknownName_ReturnsNull) {
   EXPECT_EQ(FetchSymbol("PlatformTestRoutin"), nullptr);
   EXPECT_EQ(FetchSymbol("platformtestroutine"), nullptr);
 }
 
-TEST(FetchSymbolTest, Fetch_NoName_AnswersNull) {
+TEST(FetchSymbolTest, Fetch_NoName_ReturnsNull) {
   EXPECT_EQ(FetchSymbol(nullptr), nullptr);
   EXPECT_EQ(FetchSymbol(""), nullptr);
 }

@@ -1,4 +1,4 @@
-// Moves over the constructs of an XML text that are no elements.
+// Moves over the constructs of an XML text other than elements.
 #ifndef PLATFORM_COMMON_API_XML_CURSOR_H_
 #define PLATFORM_COMMON_API_XML_CURSOR_H_
 

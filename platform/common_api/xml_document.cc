@@ -95,8 +95,8 @@ struct XMLDocument::Tree {
     return root != nullptr;
   }
 
-  // Reads a text that is not plain XML, or no XML at all. A tree of libxml2
-  // takes ten times as much memory as this one: it is copied and freed.
+  // Reads a text that is not plain XML, or not XML. A tree of libxml2 takes ten
+  // times as much memory as this one: it is copied and freed.
   bool readCarefully(std::string_view source, const std::string& name, XMLProblem& problem) {
     if (source.empty()) {
       problem = {1, 1, "is empty"};

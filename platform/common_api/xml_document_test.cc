@@ -77,7 +77,7 @@ TEST_F(XMLDocumentTest, ParseFile_NotPermitted_SaysSo) {
   expectProblem(path, 0, 0, "cannot be opened: Permission denied");
 }
 
-TEST_F(XMLDocumentTest, ParseFile_NoXml_NamesThePlace) {
+TEST_F(XMLDocumentTest, ParseFile_NotXml_NamesThePlace) {
   expectProblem(write(""), 1, 1, "is empty");
   expectProblem(write(" \n\t\n"), 3, 1, "Start tag expected, '<' not found");
   expectProblem(write("<a>\n <b>\n"), 3, 1, "Premature end of data in tag b line 2");
@@ -211,7 +211,7 @@ TEST_F(XMLDocumentTest, Parse_ValuesOfManyMegabytes_AreRead) {
   EXPECT_TRUE(readName("<a Name='" + value + "'>" + value + "<!--" + value + "--></a>") == value);
 }
 
-TEST_F(XMLDocumentTest, Parse_TwoDocuments_StandSideBySide) {
+TEST_F(XMLDocumentTest, Parse_TwoDocuments_ExistSideBySide) {
   XMLProblem problem;
   const auto one = XMLDocument::parseText("<one/>", "test.xml", problem);
   auto two = XMLDocument::parseText("<two/>", "test.xml", problem);

@@ -63,7 +63,7 @@ TEST(XMLParserTest, Children_OtherNodesBetween_OnlyElementsCount) {
   const auto document = parse(
       "<?xml version='1.0'?>\n<!-- before --><?before it?>\n"
       "<Feature>text<!-- comment --><?target data?><One/>text<![CDATA[<No/>]]>&amp;\n"
-      "<Two><Inner/></Two><!-- c --><Three/>\n</Feature>\n<!-- behind -->");
+      "<Two><Inner/></Two><!-- c --><Three/>\n</Feature>\n<!-- after -->");
   EXPECT_THAT(childTags(document->root()), ElementsAre("One", "Two", "Three"));
   EXPECT_EQ(pParserInstance->childCount(document->root()), 3);
 }
@@ -75,7 +75,7 @@ TEST(XMLParserTest, Children_OnlyText_ThereAreNone) {
 }
 
 TEST(XMLParserTest, NextSibling_Root_IsNone) {
-  const auto document = parse("<Feature/><!-- behind -->");
+  const auto document = parse("<Feature/><!-- after -->");
   EXPECT_EQ(pParserInstance->nextSibling(document->root()), nullptr);
 }
 
@@ -118,7 +118,7 @@ TEST(XMLParserTest, Namespaces_TagLosesItsPrefixAndAttributesKeepTheirs) {
               ElementsAre(Pair("Name", "a"), Pair("p:Name", "b"), Pair("xml:lang", "de")));
 }
 
-TEST(XMLParserTest, Attributes_ValueOfOneMebibyte_IsAnsweredWhole) {
+TEST(XMLParserTest, Attributes_ValueOfOneMebibyte_IsReturnedWhole) {
   const std::string value = "a" + std::string((1U << 20) - 2, 'v') + "z";
   const auto document = parse("<a>\n<b Value='" + value + "'/></a>");
   AttributeMap map;
@@ -126,7 +126,7 @@ TEST(XMLParserTest, Attributes_ValueOfOneMebibyte_IsAnsweredWhole) {
   EXPECT_TRUE(map["Value"] == value);
 }
 
-TEST(XMLParserTest, Operations_Null_AnswerNothing) {
+TEST(XMLParserTest, Operations_Null_ReturnNothing) {
   EXPECT_EQ(tagOf(nullptr), "");
   EXPECT_EQ(pParserInstance->firstChild(nullptr), nullptr);
   EXPECT_EQ(pParserInstance->nextSibling(nullptr), nullptr);
@@ -142,7 +142,7 @@ Result callSlot(int slot, Arguments... arguments) {
   return operation(pParserInstance, arguments...);
 }
 
-TEST(XMLParserTest, Slots_EveryOperation_StandsInItsPlace) {
+TEST(XMLParserTest, Slots_EveryOperation_IsInItsPlace) {
   const auto document = parse("<Feature Name='a'><One/><Two/></Feature>");
   void* root = document->root();
   std::string tag;

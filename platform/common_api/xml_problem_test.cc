@@ -1,4 +1,4 @@
-// Where and how a document that is no XML is reported: by its first error.
+// Where and how a document that is not XML is reported: by its first error.
 
 #include <gtest/gtest.h>
 
@@ -17,8 +17,8 @@ struct Row {
   std::string text;
 };
 
-// A place is where the parser stands when it sees the error: at the character
-// that cannot stand there, or behind the construct that is wrong as a whole.
+// A place is the parser's position when it sees the error: at the character
+// that is not allowed there, or after the construct that is wrong as a whole.
 const Row kRows[] = {
     {"", 1, 1, "is empty"},
     {" ", 1, 2, "Start tag expected, '<' not found"},
@@ -36,7 +36,7 @@ const Row kRows[] = {
     {"<a>\n <b x=1/>\n</a>", 2, 7, "AttValue: \" or ' expected"},
     {"<a x='<'/>", 1, 7, "Unescaped '<' not allowed in attributes values"},
     {"<a/>\n<b/>", 2, 1, "Extra content at the end of the document"},
-    {"<a/>\n\0junk"s, 2, 1, "a NUL character stands behind the root element"},
+    {"<a/>\n\0junk"s, 2, 1, "a NUL character follows the root element"},
     {"<a>\n\0</a>"s, 2, 1, "Char 0x0 out of allowed range"},
     {"<a>\n \x01</a>", 2, 2, "PCDATA invalid Char value 1"},
     {"<a>\n &#1;</a>", 2, 6, "xmlParseCharRef: invalid xmlChar value 1"},
@@ -50,7 +50,7 @@ const Row kRows[] = {
     {"\xFF\xFE<\0a\0>\0"s, 1, 4, "Premature end of data in tag a line 1"},
 };
 
-TEST(XMLProblemTest, ParseText_NoXml_TellsTheFirstErrorAndWritesNothing) {
+TEST(XMLProblemTest, ParseText_NotXml_ReportsTheFirstErrorAndWritesNothing) {
   for (const Row& row : kRows) {
     ::testing::internal::CaptureStderr();
     XMLProblem problem;
@@ -92,7 +92,7 @@ TEST(XMLProblemTest, ParseText_EncodingIsBroken_IsRefusedAndWritesNothing) {
   EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 }
 
-TEST(XMLProblemTest, ParseText_ErrorBehindSeventyThousandLines_NamesTheLine) {
+TEST(XMLProblemTest, ParseText_ErrorAfterSeventyThousandLines_NamesTheLine) {
   XMLProblem problem;
   EXPECT_EQ(
       XMLDocument::parseText("<a>" + std::string(70000, '\n') + "<b></c></a>", "test.xml", problem),
@@ -102,7 +102,7 @@ TEST(XMLProblemTest, ParseText_ErrorBehindSeventyThousandLines_NamesTheLine) {
   EXPECT_EQ(problem.column, 8);
 }
 
-TEST(XMLProblemTest, ParseText_Warning_IsNoProblem) {
+TEST(XMLProblemTest, ParseText_Warning_IsNotAProblem) {
   ::testing::internal::CaptureStderr();
   XMLProblem problem;
   EXPECT_NE(XMLDocument::parseText("<?xml version='1.1'?>\n<a xmlns='relative' xml:lang='!'/>",

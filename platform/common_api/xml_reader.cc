@@ -159,7 +159,7 @@ void setHandlers(xmlSAXHandler& handlers) {
 void checkWholeTextIsRead(xmlParserCtxt* parser) {
   const xmlParserInput* input = parser->input;
   if (input == nullptr || input->cur >= input->end) return;
-  noteProblemHere(parser, "a NUL character stands behind the root element");
+  noteProblemHere(parser, "a NUL character follows the root element");
 }
 
 }  // namespace

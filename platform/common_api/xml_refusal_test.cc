@@ -78,7 +78,7 @@ TEST(XMLRefusalTest, ParseText_EntityDeclaration_IsRefusedAtItsEnd) {
        entityLine("x")},
       {"<!DOCTYPE a [\n<!NOTATION g SYSTEM 'g'>\n<!ENTITY pic SYSTEM 'p' NDATA g>\n]>\n<a/>", 3, 32,
        entityLine("pic")},
-      // The error of the element behind it is the second one.
+      // The error of the element after it is the second one.
       {"<!DOCTYPE a [\n<!ENTITY lt2 'y'>\n]>\n<a></b>", 2, 17, entityLine("lt2")},
   };
   for (const Row& row : rows) expectRefused(row);
@@ -97,13 +97,13 @@ TEST(XMLRefusalTest, ParseText_BillionLaughs_IsRefusedAtOnce) {
 }
 
 TEST(XMLRefusalTest, ParseText_DefaultValueOfAnAttribute_IsRefused) {
-  const std::string behind = "' is given a default value; default values are not accepted";
+  const std::string rest = "' is given a default value; default values are not accepted";
   expectRefused(
-      {"<!DOCTYPE a [\n<!ATTLIST a bb CDATA 'q'>\n]>\n<a/>", 2, 25, "attribute 'bb" + behind});
+      {"<!DOCTYPE a [\n<!ATTLIST a bb CDATA 'q'>\n]>\n<a/>", 2, 25, "attribute 'bb" + rest});
   expectRefused(
-      {"<!DOCTYPE a [\n<!ATTLIST a b CDATA #FIXED 'q'>\n]>\n<a/>", 2, 31, "attribute 'b" + behind});
+      {"<!DOCTYPE a [\n<!ATTLIST a b CDATA #FIXED 'q'>\n]>\n<a/>", 2, 31, "attribute 'b" + rest});
   expectRefused(
-      {"<!DOCTYPE a [\n<!ATTLIST a b (x|y) 'x'>\n]>\n<a/>", 2, 24, "attribute 'b" + behind});
+      {"<!DOCTYPE a [\n<!ATTLIST a b (x|y) 'x'>\n]>\n<a/>", 2, 24, "attribute 'b" + rest});
 }
 
 TEST(XMLRefusalTest, ParseText_OtherDeclarations_AreRead) {

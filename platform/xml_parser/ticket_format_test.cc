@@ -11,7 +11,7 @@ using driver_feature::testing::TicketTest;
 
 class TicketFormatTest : public TicketTest {};
 
-// The page's example, which stands between the fences of its XML block.
+// The page's example, which is between the fences of its XML block.
 std::string exampleOfThePage() {
   std::ifstream file(TICKET_FORMAT_PAGE);
   std::stringstream page;

@@ -108,7 +108,7 @@ TEST_F(TicketTextTest, Serialize_SpecialCharacters_AreReferences) {
             "</JobTicket>\n");
 }
 
-TEST_F(TicketTextTest, Create_TextIsNoUtf8_IsTakenAsLatin1) {
+TEST_F(TicketTextTest, Create_TextIsNotUtf8_IsTakenAsLatin1) {
   struct Row {
     std::string text;
     std::string expected;
@@ -145,7 +145,7 @@ TEST_F(TicketTextTest, Create_CharacterThatXmlCannotHold_IsRefusedAndNeverWritte
     expectRefused("a" + std::string(1, static_cast<char>(control)) + "b", character);
   }
   expectRefused("\0"s, "U+0000");
-  expectRefused("behind\0"s, "U+0000");
+  expectRefused("after\0"s, "U+0000");
   expectRefused("\xE4\x01", "U+0001");
   expectRefused("\xE4\0"s, "U+0000");
   expectRefused("\xEF\xBF\xBE", "U+FFFE");
