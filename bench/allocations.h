@@ -1,4 +1,4 @@
-// How often the process has asked for memory, through new or malloc.
+// Counts how often the process has allocated memory, through new or malloc.
 #ifndef BENCH_ALLOCATIONS_H_
 #define BENCH_ALLOCATIONS_H_
 

@@ -182,7 +182,8 @@ def print_all(ours, counts):
         if name in dict(REAL_PAIRS):
             continue
         rows = [f"{name}/{size}" for size in sizes]
-        # Over the last step, where what does not depend on the size hides least.
+        # Over the last step, where costs that do not depend on the size matter
+        # least.
         power = math.log(counts[rows[-1]] / counts[rows[-2]], sizes[-1] / sizes[-2])
         print("| " + " | ".join((
             name,

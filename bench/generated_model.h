@@ -1,8 +1,8 @@
 // The models that are measured, as texts made from one source: a description
 // for the library and a PPD file for the peer, libcups.
 //
-// They have so many list features with five choices each. Written out, each
-// feature gives 109 bytes, the same from both.
+// They have N list features with five choices each. Each feature is written as
+// 109 bytes, the same by both.
 #ifndef BENCH_GENERATED_MODEL_H_
 #define BENCH_GENERATED_MODEL_H_
 
@@ -17,8 +17,8 @@ inline constexpr int kChoices = 5;
 // "Feature00042": names whose order is that of their numbers.
 std::string featureName(int number);
 
-// Names of features, one after another, far apart: look-ups that find what they
-// have just found are faster than those of a host.
+// Names of features, one after another, far apart: finding the same thing again
+// is faster than the look-ups of a host.
 class NamesInTurn {
  public:
   // The features `first`, `first` + `step` and so on below `features`.
@@ -46,10 +46,11 @@ std::string choiceName(int number);
 
 std::string ppdText(int features, int choices = kChoices);
 
-// One list, "List", of so many choices, which have the names of features.
+// One list, "List", of this many choices, which have the names of features.
 std::string listPPDText(int choices);
 
-// Where a description keeps the commands of features and options.
+// The attributes in which a description keeps the commands of features and
+// options.
 struct Carrier {
   const char* kind;  // Of the model's file.
   const char* featureCommand;

@@ -1,4 +1,4 @@
-// The heap that measured operations find.
+// Puts the heap into a known state before a measurement.
 #ifndef BENCH_HEAP_H_
 #define BENCH_HEAP_H_
 
@@ -7,8 +7,8 @@
 namespace driver_feature::bench {
 
 // Merges the blocks that have been freed and keeps their memory. Called before
-// each run that leaves memory allocated: what a load costs would depend on what
-// was freed before it, and when, by a tenth.
+// each run that leaves memory allocated: otherwise the cost of a load would
+// vary by a tenth with what was freed before it, and when.
 inline void settleHeap() {
   constexpr int kKeptBytes = 1 << 30;
   mallopt(M_TRIM_THRESHOLD, kKeptBytes);  // Any setting merges the free blocks first.

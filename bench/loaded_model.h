@@ -16,7 +16,7 @@ namespace driver_feature::bench {
 // Reads a file of a model. Ends the program when that fails.
 std::unique_ptr<XMLDocument> readModel(const std::string& path);
 
-// Has log lines written nowhere. They are composed all the same.
+// Drops all log lines. They are still composed.
 void keepNoLog();
 
 // Makes an empty set the master set.

@@ -1,4 +1,4 @@
-// What is measured: operations, each over models of several sizes.
+// The measured operations, each over models of several sizes.
 //
 // The same operations are timed by Google Benchmark (timing_main.cc) and
 // counted in instructions under callgrind (counting_main.cc), and those of the
@@ -15,12 +15,12 @@ namespace driver_feature::bench {
 
 struct Step {
   std::function<void()> run;
-  // What each run leaves is taken away again here, unmeasured. May be empty.
+  // Cleans up after each run, unmeasured. May be empty.
   std::function<void()> after = {};
   // How often it is run to be timed, whatever the size; 0 lets the framework
-  // decide. For runs that leave something for good.
+  // decide. For runs that leave something that cannot be cleaned up.
   std::int64_t iterations = 0;
-  // Whether it goes over all features, so that one run is enough to be counted.
+  // Whether it visits all features, so that counting one run is enough.
   bool overAll = false;
 };
 
@@ -48,7 +48,7 @@ std::string textOfModel(int size);
 // And this: the PostScript of a real printer's model as it was loaded.
 std::string textOfRealModel(int number);
 
-// The file of the generated model with so many features; `kind` is one of
+// The file of the generated model with this many features; `kind` is one of
 // those of generated_model.h. The folder comes from the environment variable
 // BENCH_MODELS.
 std::string modelPath(const std::string& kind, int size);

@@ -10,7 +10,7 @@
 namespace driver_feature::bench {
 
 // The numbers of the models in the folder of models, from 0 on. None, unless
-// somebody has put some there: compare.py --real does.
+// compare.py --real has put some there.
 std::vector<int> realModels();
 
 }  // namespace driver_feature::bench

@@ -2,8 +2,8 @@
 # Runs every job FOLDER/*.ps in Ghostscript. A job is good when the interpreter
 # reports no error and reaches the job's end, which prints a line. What is left
 # on the stack is ignored: codes that need a printer's own operators fail within
-# their frame, and their remains may hide the frame's mark. Fails when a job is
-# not good, or when there is none.
+# their frame, and what they leave may hide the frame's mark. Fails when a job
+# is not good, or when there is none.
 #
 # usage: ghostscript.sh FOLDER
 set -euo pipefail

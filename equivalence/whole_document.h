@@ -18,9 +18,10 @@ extern const char* const kWholeDocument;
 // work on the pages.
 std::string withoutPstopsProcedures(std::string job);
 
-// The job of pstops without what pstops adds of its own, whatever libcups
-// writes for the PPD's options: the same, and its end of file where the PPD names
-// another filter, for which libcups writes none.
+// The job of pstops without what pstops itself adds, which does not depend on
+// what libcups writes for the PPD's options: the same procedures and comments,
+// and its end of file if the PPD names another filter, for which libcups writes
+// none.
 std::string withoutPstopsTexts(std::string job, const ppd_file_t& ppd);
 
 // A job without the PPD's patch, which is written once into each job: by pstops

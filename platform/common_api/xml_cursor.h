@@ -57,8 +57,8 @@ class XMLCursor {
     return true;
   }
 
-  // Over bytes of these classes. The place is a variable of its own meanwhile:
-  // a character that is read might be a byte of next_ to the compiler.
+  // Over bytes of these classes. A local variable holds the place meanwhile: to
+  // the compiler, a character that is read might be a byte of next_.
   void skip(unsigned classes) {
     char* text = next_;
     while (isOfClass(*text, classes)) ++text;

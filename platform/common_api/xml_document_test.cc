@@ -176,8 +176,8 @@ TEST_F(XMLDocumentTest, ParseFile_Pipe_IsReadWhole) {
   }
 }
 
-// The scanner resolves values before it comes to what is wrong; libxml2 sees
-// the file as it was.
+// The scanner resolves values before it reaches the error; libxml2 sees the
+// original file.
 TEST_F(XMLDocumentTest, ParseFile_WrongAfterResolvedValues_IsReportedAtItsPlace) {
   expectProblem(write("<a Name='&lt;&#10;&amp;'\n b='&#65;'></b>"), 2, 16,
                 "Opening and ending tag mismatch: a line 1 and b");

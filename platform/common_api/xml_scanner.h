@@ -22,8 +22,8 @@ constexpr int kHighestDepth = 256;  // Of nested elements.
 // elements nested deeper than kHighestDepth.
 //
 // The text ends with a NUL character at text[size], and must outlive the
-// elements. Values are resolved in it, so that it is of no more use to another
-// reader afterwards.
+// elements. Values are resolved in it, so no other reader can use it
+// afterwards.
 Element* scanPlainText(char* text, std::size_t size, Names names, ElementStore& elements);
 
 }  // namespace driver_feature

@@ -75,7 +75,7 @@ xmlNode* sectionOf(xmlDoc* document, bool jobTicketAttribute) {
   return jobTicketAttribute ? first : first->next;
 }
 
-// A parent that a caller hands in; null is logged.
+// A parent given by a caller; null is logged.
 xmlNode* checkedParent(xmlNode* parent) {
   if (parent == nullptr) logRefusal("A node is made without a parent.");
   return parent;

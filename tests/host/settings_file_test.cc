@@ -137,6 +137,13 @@ TEST_F(SettingsFileTest, Settings_RefusedLines_AreAllReportedAndNothingIsWritten
   EXPECT_EQ(fileNames(), (std::vector<std::string>{"in.conf", "office.xml"}));
 }
 
+TEST_F(SettingsFileTest, Settings_FeatureAfterARecord_IsNotAMember) {
+  EXPECT_EQ(showWith("[Logs]\nLevel=1\nCopies=2\n"),
+            failure(2,
+                    "driver-feature: in.conf:3: there is no member \"Copies\" in \"Logs\"; the "
+                    "members are Level, and settings come before the first [GROUP]\n"));
+}
+
 TEST_F(SettingsFileTest, Settings_UnreadableFile_SaysSo) {
   EXPECT_EQ(run({"show", "office.xml", "--settings", "no.conf"}),
             failure(2,

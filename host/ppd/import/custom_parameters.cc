@@ -155,7 +155,7 @@ Orientation orientationOf(ppd_file_t& ppd) {
   return orientation;
 }
 
-// Notes the parameters to which libcups gives values of its own.
+// Notes the parameters to which libcups gives its own values.
 void noteFixedParameters(ImportState& state, const ppd_option_t& option,
                          const Orientation& orientation) {
   ppd_coption_t* custom = ppdFindCustomOption(&state.ppd, "PageSize");

@@ -47,7 +47,7 @@ const ppd_choice_t* markedChoice(const ppd_option_t& option) {
   return marked != end ? marked : nullptr;
 }
 
-// Whether libcups writes the option PageSize in the place of the choice.
+// Whether libcups writes the option PageSize instead of the choice.
 bool isCustomPageRegion(ppd_file_t& ppd, const ppd_option_t& option, const ppd_choice_t& choice) {
   return equalKeywords(option.keyword, "PageRegion") && equalKeywords(choice.choice, "Custom") &&
          hasOption(ppd, "PageSize");

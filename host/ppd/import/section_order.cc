@@ -140,7 +140,7 @@ class UsualEntries {
     return {static_cast<std::size_t>(previous - sorted_.begin()) + 1, true};
   }
 
-  // The place of an entry that is marked in the place of others.
+  // The place of an entry that replaces others.
   Place placeWithout(const SectionEntry& entry, const List& replaced) const {
     const auto isReplaced = [&replaced](const SectionEntry* other) {
       return std::find(replaced.begin(), replaced.end(), other) != replaced.end();
