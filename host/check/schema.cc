@@ -168,7 +168,7 @@ void reportStrayTexts(const ElementMap& elements, Findings& findings) {
     findings.push_back(
         {Code::kStrayText,
          element->position,
-         "the text \"" + text + "\" inside of " + describeElement(*element) + " is not read",
+         "the text \"" + text + "\" inside " + describeElement(*element) + " is not read",
          "remove it, or put it into a comment",
          {}});
   }

@@ -35,7 +35,7 @@ void checkChild(const host::Element& child, Findings& findings) {
   findings.push_back(
       {Code::kIgnoredElement,
        child.position,
-       "element <" + child.tag + "> inside of " + describeElement(parent) + " is not read",
+       "element <" + child.tag + "> inside " + describeElement(parent) + " is not read",
        hasKind ? "move it, or make the feature a MultiSelect to give it options"
                : "move or remove it",
        {}});

@@ -36,7 +36,7 @@ struct Element {
   std::string tag;
   Role role = Role::kOther;
   std::optional<FeatureKind> kind;  // Of features whose type is known.
-  bool inTemplate = false;          // A dynamic group's template, or inside of one.
+  bool inTemplate = false;          // A dynamic group's template, or inside one.
   Position position;
   std::vector<Attribute> attributes;
   std::vector<std::unique_ptr<Element>> children;

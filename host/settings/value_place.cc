@@ -165,7 +165,7 @@ const char* wordsOf(ValuePlace place) {
     case ValuePlace::kPjlString:
       return "in a quoted PJL string";
     case ValuePlace::kPostScriptToken:
-      return "in PostScript outside of a string";
+      return "in PostScript outside a string";
     case ValuePlace::kPostScriptString:
       return "in a PostScript string";
     case ValuePlace::kPostScriptHexString:

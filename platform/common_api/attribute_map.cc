@@ -40,7 +40,7 @@ std::optional<int> convert(const std::string& text, int /*tag*/) {
   return number;
 }
 
-// Whether a decimal number outside of what a double holds is too large for it,
+// Whether a decimal number outside what a double holds is too large for it,
 // not too small.
 bool isTooLarge(const std::string& text) {
   static const locale_t kClassic = newlocale(LC_ALL_MASK, "C", nullptr);

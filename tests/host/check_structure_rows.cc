@@ -63,9 +63,9 @@ const std::vector<CheckRow>& structureRows() {
        {"<Feature FeatureType='IntEntry' Name='A'><Option Name='x'><Any/></Option></Feature>",
         "<Feature FeatureType='MultiSelect' Name='B' DefaultValue='y'><Option Name='y'><Any/>"
         "</Option></Feature>"},
-       "@:3:42: error: element <Option> inside of feature \"A\" is not read; move it, or make the "
+       "@:3:42: error: element <Option> inside feature \"A\" is not read; move it, or make the "
        "feature a MultiSelect to give it options [DF105]\n"
-       "@:4:79: error: element <Any> inside of option \"y\" of feature \"B\" is not read; move or "
+       "@:4:79: error: element <Any> inside option \"y\" of feature \"B\" is not read; move or "
        "remove it [DF105]\n"},
       {"option of another name",
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'><Optoin Name='x'/>"
@@ -92,9 +92,9 @@ const std::vector<CheckRow>& structureRows() {
       {"text that nobody reads, beside other faults; comments and blanks are none",
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>a<!-- b -->",
         "<Option Name='x' Zzz=''><![CDATA[text that goes on and on]]></Option></Feature>"},
-       "@:3:1: error: the text \"a\" inside of feature \"A\" is not read; remove it, or put it "
+       "@:3:1: error: the text \"a\" inside feature \"A\" is not read; remove it, or put it "
        "into a comment [DF111]\n"
-       "@:4:1: error: the text \"text that goes on an...\" inside of option \"x\" of feature "
+       "@:4:1: error: the text \"text that goes on an...\" inside option \"x\" of feature "
        "\"A\" is not read; remove it, or put it into a comment [DF111]\n"
        "@:4:18: error: there is no attribute \"Zzz\" of option \"x\" of feature \"A\"; remove it "
        "[DF203]\n"},

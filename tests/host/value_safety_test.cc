@@ -70,7 +70,7 @@ TEST_F(ValueSafetyTest, Option_UnsafeByte_IsRefusedWithItsPlace) {
       {"Code=10", "Code=10", reason("Code", "0x0A", "in a PJL line", 5)},
       {"Code=+266", "Code=+266", reason("Code", "0x0A", "in a PJL line", 5)},
       {"Line=@PJL RESET", "Line=@PJL RESET", lineReason()},
-      {"Tag=a b", "Tag=a b", reason("Tag", "0x20", "in PostScript outside of a string", 9)},
+      {"Tag=a b", "Tag=a b", reason("Tag", "0x20", "in PostScript outside a string", 9)},
   };
   for (const Row& row : rows) {
     EXPECT_EQ(run({"emit", "o.xml", "--to", "ps", "-o", row.setting}),
