@@ -16,7 +16,7 @@
 namespace driver_feature::equivalence {
 
 // True when both texts consist of the same framed codes, and ours has them in
-// the PPD's ascending order dependency.
+// ascending order of the PPD's order dependencies.
 bool differsInEqualsOnly(ppd_file_t& file, std::string_view peer, std::string_view ours);
 
 // The same for whole jobs, where there is other text between runs of framed

@@ -18,8 +18,7 @@ std::vector<Marks> mediaMarks(const Peer& peer, Random& random);
 // A choice for most of the options, each of its choices as likely as the
 // others, custom values included; any number of choices where an option takes
 // several. About one option in eight keeps its default. Constraints are
-// ignored: they only keep users from a combination, and do not change the
-// output.
+// ignored: they forbid combinations to users, but do not change the output.
 Marks randomMarks(const Peer& peer, Random& random);
 
 // "Option=Choice", with "{Parameter=Value ...}" after a custom choice.

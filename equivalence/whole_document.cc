@@ -106,7 +106,7 @@ std::string expectedOfConverted(const std::string& converted, const std::string&
     replaceAll(body, mark, mark + text);
   }
   std::string last = direct.substr(end + kDocumentEnd.size());
-  // What pstops writes for another filter is ignored.
+  // The end of file that pstops writes for another filter is kept.
   const bool isForAnother = converted.substr(bodyEnd + kDocumentEnd.size()) == "\x04";
   if (isForAnother && last.empty()) last = "\x04";
   return direct.substr(0, begin) + body + last;

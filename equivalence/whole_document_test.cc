@@ -51,12 +51,12 @@ TEST(WholeDocument, ExpectedOfAConvertedJob_HasFrontSectionsAndEndOfTheDirectOne
   const std::string expected = replaced(direct, page, page + "page\n");
   EXPECT_EQ(expectedOfConverted("front" + kDocument + "end", "FRONT" + direct + "END"),
             "FRONT" + expected + "END");
-  // What pstops has written in other places stays.
+  // What pstops has written elsewhere is kept.
   EXPECT_EQ(expectedOfConverted(replaced(kDocument, "%%EndSetup", "more\n%%EndSetup"), direct),
             replaced(expected, "%%EndSetup", "more\n%%EndSetup"));
 }
 
-TEST(WholeDocument, EndOfFileForAnotherFilter_Passes) {
+TEST(WholeDocument, EndOfFileForAnotherFilter_IsKept) {
   EXPECT_EQ(expectedOfConverted(kDocument + "\x04", kDocument), kDocument + "\x04");
   EXPECT_EQ(expectedOfConverted(kDocument + "\x04", kDocument + "END"), kDocument + "END");
   EXPECT_EQ(expectedOfConverted(kDocument + "\x04", kDocument + "\x04"), kDocument + "\x04");

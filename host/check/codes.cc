@@ -183,7 +183,8 @@ constexpr CodeRow kCodes[] = {
      "AddCallbackRoutine does not name an existing routine. Nothing is called when the feature "
      "changes."},
     {Code::kNoOutputRoutine, kError, "DF804",
-     "An attribute for an output routine does not name an existing routine. Nothing is written."},
+     "An attribute for an output routine does not name an existing routine. Nothing is written in "
+     "its place."},
     {Code::kNoSortRoutine, kError, "DF805",
      "SortFunctionName does not name an existing routine. Records keep the order in which they are "
      "added."},

@@ -19,7 +19,7 @@ namespace driver_feature::ppd {
 
 namespace {
 
-// Why the file cannot be opened; 0 when it may be possible.
+// The errno value for a file that cannot be opened; 0 if no reason is known.
 int obstacle(const std::string& path) {
   struct stat status {};
   if (stat(path.c_str(), &status) != 0) return errno;

@@ -45,7 +45,7 @@ Result<Json> parse(const std::string& text) {
   return refused("the file is not an array; write [ {\"NAME\": VALUE, ...}, ... ]");
 }
 
-// The text of a JSON value; nothing for an array or an object.
+// The text of a JSON string or number; nothing for any other value.
 std::optional<std::string> textOf(const Json& value) {
   if (value.is_string()) return value.get<std::string>();
   if (value.is_number()) return value.dump();
