@@ -142,6 +142,11 @@ bool AttributeMap::fetchAttributeValueByIndex(const long& index, std::string& na
 }
 
 std::string& AttributeMap::operator[](const std::string& name) {
-  const auto found = findEntry(entries_, name);
-  return found != entries_.end() ? found->second : entries_[name];
+  // Fewer are found as fast in the tree, which a new name has to be put into anyway.
+  constexpr std::size_t kSeveral = 4;
+  if (entries_.size() >= kSeveral) {
+    const auto found = findEntry(entries_, name);
+    if (found != entries_.end()) return found->second;
+  }
+  return entries_[name];
 }
