@@ -107,6 +107,7 @@ TEST_F(ModelAllocationFailureTest, OwnNames_NoMemoryForTheIndex_FindNothingUntil
     return position % 2 == 0 ? "even" : "odd";
   };
   OwnNames names;
+  EXPECT_EQ(names.find("odd", 100, nameAt), 1);
   const long failures = failEachAllocation([&] {
     const auto found = names.find("odd", 100, nameAt);
     EXPECT_EQ(found, failingMemory.hasFailed() ? std::nullopt : std::optional(1));

@@ -37,7 +37,8 @@ class OwnNames {
   // not the library's own.
   template <class NameAt>
   std::optional<int> find(std::string_view name, int count, const NameAt& nameAt) {
-    if (count >= kLongList) return findIndexed(name, count, nameAt);
+    if (count >= kLongList && isSearchedAgain_) return findIndexed(name, count, nameAt);
+    isSearchedAgain_ = count >= kLongList;
     for (int i = 0; i < count; ++i) {
       const std::optional<std::string_view> found = nameAt(i);
       if (!found) return std::nullopt;
@@ -68,8 +69,12 @@ class OwnNames {
     return std::nullopt;
   }
 
-  std::unique_ptr<NameIndex> index_;  // Made when a long list is first searched.
+  // Made when a long list is searched a second time: it takes as long as ten
+  // searches of all names. Most lists of a description are searched once, for the
+  // default.
+  std::unique_ptr<NameIndex> index_;
   unsigned long changes_ = 0;
+  bool isSearchedAgain_ = false;
 };
 
 }  // namespace driver_feature

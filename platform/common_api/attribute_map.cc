@@ -14,14 +14,21 @@ namespace {
 
 using Entries = std::map<std::string, std::string>;
 
-// The entry of that name, or the end. An element has a few attributes, whose
-// names mostly differ in length: one after another they are compared faster
-// than in the order of a tree.
-Entries::const_iterator findEntry(const Entries& entries, const std::string& name) {
+// Whether two names are the same. Those of attributes often begin alike, and
+// differ in length or in the last character.
+bool isSame(const std::string& name, const std::string& other) {
+  return name.size() == other.size() && (name.empty() || name.back() == other.back()) &&
+         name == other;
+}
+
+// The entry of that name, or the end. An element has a few attributes: one after
+// another they are compared faster than in the order of a tree.
+template <class Map>
+auto findEntry(Map& entries, const std::string& name) {
   constexpr std::size_t kFew = 8;
   if (entries.size() > kFew) return entries.find(name);
   auto entry = entries.begin();
-  while (entry != entries.end() && entry->first != name) ++entry;
+  while (entry != entries.end() && !isSame(entry->first, name)) ++entry;
   return entry;
 }
 
@@ -135,5 +142,11 @@ bool AttributeMap::fetchAttributeValueByIndex(const long& index, std::string& na
 }
 
 std::string& AttributeMap::operator[](const std::string& name) {
+  // Fewer are found as fast in the tree, which a new name has to be put into anyway.
+  constexpr std::size_t kSeveral = 4;
+  if (entries_.size() >= kSeveral) {
+    const auto found = findEntry(entries_, name);
+    if (found != entries_.end()) return found->second;
+  }
   return entries_[name];
 }

@@ -95,6 +95,22 @@ TEST_F(VORNWriterTest, Create_GroupsSixtyFourDeep_ComeBackNested) {
   EXPECT_EQ(attribute(pParserInstance->firstChild(element), "value"), "64");
 }
 
+TEST_F(VORNWriterTest, Serialize_DeeperThanThirtyLevels_IsIndentedAsTheThirtieth) {
+  start();
+  _xmlNode* parent = group("2", "s", true);
+  for (int level = 3; level <= 30; ++level) parent = childGroup(parent, std::to_string(level), "s");
+  EXPECT_NE(childCommand(parent, "31", "s", "v"), nullptr);
+  const std::string indent(60, ' ');
+  EXPECT_THAT(render(),
+              ::testing::HasSubstr("\n  " + indent.substr(4) +
+                                   "<Group name=\"29\" "
+                                   "syntax=\"s\">\n" +
+                                   indent + "<Group name=\"30\" syntax=\"s\">\n" + indent +
+                                   "<Command name=\"31\" syntax=\"s\" "
+                                   "value=\"v\"/>\n" +
+                                   indent + "</Group>\n  " + indent.substr(4) + "</Group>\n"));
+}
+
 TEST_F(VORNWriterTest, Create_BeforeInitialize_IsLoggedAndNull) {
   EXPECT_EQ(command("a", "integer", "1", true), nullptr);
   EXPECT_EQ(command("a", "integer", "1", false), nullptr);

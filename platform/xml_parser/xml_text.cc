@@ -1,5 +1,12 @@
 #include "xml_text.h"
 
+#include <libxml/entities.h>
+#include <libxml/tree.h>
+
+#include <algorithm>
+#include <memory>
+#include <new>
+
 namespace driver_feature {
 
 namespace {
@@ -74,8 +81,6 @@ bool isForbidden(std::uint32_t character) {
   return character == 0xFFFE || character == 0xFFFF;
 }
 
-}  // namespace
-
 std::string toUtf8(const std::string& text) {
   return isUtf8(text) ? text : fromLatin1(text);
 }
@@ -85,6 +90,44 @@ std::optional<std::uint32_t> findForbiddenCharacter(const std::string& utf8) {
     const auto character = takeCharacter(utf8, position);
     if (character && isForbidden(*character)) return character;
   }
+  return {};
+}
+
+// Whether a value is written as it is, which nearly all are.
+bool isPlain(const std::string& text) {
+  return std::all_of(text.begin(), text.end(), [](char c) {
+    return c >= ' ' && c < 0x7F && c != '<' && c != '>' && c != '&' && c != '"';
+  });
+}
+
+// libxml2 escapes these as in text between elements, where a reader leaves tabs
+// and line ends alone.
+void appendEscaped(const std::string& utf8, std::string& output) {
+  const auto* bytes = reinterpret_cast<const xmlChar*>(utf8.c_str());
+  const std::unique_ptr<xmlChar, void (*)(void*)> escaped(xmlEncodeSpecialChars(nullptr, bytes),
+                                                          xmlFree);
+  if (!escaped) throw std::bad_alloc();
+  for (const xmlChar* at = escaped.get(); *at != '\0'; ++at) {
+    if (*at == '\t') {
+      output += "&#9;";
+    } else if (*at == '\n') {
+      output += "&#10;";
+    } else {
+      output += static_cast<char>(*at);
+    }
+  }
+}
+
+}  // namespace
+
+std::optional<std::uint32_t> appendValue(const std::string& text, std::string& output) {
+  if (isPlain(text)) {
+    output += text;
+    return {};
+  }
+  const std::string utf8 = toUtf8(text);
+  if (const auto forbidden = findForbiddenCharacter(utf8)) return forbidden;
+  appendEscaped(utf8, output);
   return {};
 }
 

@@ -1,4 +1,4 @@
-// Text as an XML document can hold it.
+// Text as an attribute of an XML document holds it.
 #ifndef PLATFORM_XML_PARSER_XML_TEXT_H_
 #define PLATFORM_XML_PARSER_XML_TEXT_H_
 
@@ -8,12 +8,13 @@
 
 namespace driver_feature {
 
-// `text` when it is UTF-8, or else taken as ISO-8859-1 and brought to UTF-8.
-std::string toUtf8(const std::string& text);
-
-// The first character of a text made by toUtf8() that XML cannot hold:
-// controls other than tab and line ends, U+FFFE and U+FFFF.
-std::optional<std::uint32_t> findForbiddenCharacter(const std::string& utf8);
+// Appends `text` in UTF-8, with references for what a reader would change. Text
+// that is not UTF-8 is taken as ISO-8859-1. Without memory, throws
+// std::bad_alloc.
+//
+// Returns the first character that XML cannot hold: controls other than tab and
+// line ends, U+FFFE and U+FFFF. Nothing is appended then.
+std::optional<std::uint32_t> appendValue(const std::string& text, std::string& output);
 
 }  // namespace driver_feature
 
