@@ -104,10 +104,8 @@ void checkValues(const host::Element& description, Findings& findings) {
       if (unclear && rule->form != ValueForm::kBool) continue;
       findings.push_back({Code::kNotConvertible,
                           attribute.position,
-                          "\"" + attribute.value +
-                              "\" is not a value for \"" + attribute.name +
-                              "\" of " +
-                              describeElement(element),
+                          "\"" + attribute.value + "\" is not a value for \"" + attribute.name +
+                              "\" of " + describeElement(element),
                           wantedForm(rule->form),
                           {log}});
     }

@@ -125,10 +125,10 @@ class Reader {
         end == std::string_view::npos ? std::string_view() : trim(line.substr(end + 1));
     record.isNone = rest == "none";
     const bool isRecord = end != std::string_view::npos && (rest.empty() || record.isNone);
-    const Result<> read = isRecord ? unescape(trim(line.substr(1, end - 1)), record.group)
-                                   : refused(
-                                         "a record begins with [GROUP]; write that, or \"[GROUP] "
-                                         "none\" for no records");
+    Result<> read = isRecord ? unescape(trim(line.substr(1, end - 1)), record.group)
+                             : refused(
+                                   "a record begins with [GROUP]; write that, or \"[GROUP] "
+                                   "none\" for no records");
     isReadable_ = read.has_value();
     if (isReadable_) result_.records.push_back(record);
     return read;

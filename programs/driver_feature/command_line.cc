@@ -83,6 +83,7 @@ host::Result<int> run(int argc, const char* const* argv) {
   }
   if (line->command != nullptr) return line->command->run(line->arguments, general);
   std::vector<std::string> names;
+  names.reserve(kCommands.size());
   for (const CommandRow* command : kCommands) names.emplace_back(command->name);
   return host::refused("a command is needed: " + host::join(names, ", ") +
                        "; driver-feature --help explains them");
