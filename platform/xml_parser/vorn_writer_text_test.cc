@@ -1,5 +1,8 @@
 // What becomes of texts on their way through a ticket.
 
+#include <string>
+#include <utility>
+
 #include "ticket_test.h"
 
 namespace {
@@ -106,6 +109,18 @@ TEST_F(TicketTextTest, Serialize_SpecialCharacters_AreReferences) {
             "  </JobTicketAttributes>\n"
             "  <OutputAttributes/>\n"
             "</JobTicket>\n");
+}
+
+TEST_F(TicketTextTest, Serialize_OneSpecialCharacterAlone_IsAReference) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"<", "&lt;"},  {">", "&gt;"},   {"&", "&amp;"},  {"\"", "&quot;"},
+      {"\t", "&#9;"}, {"\n", "&#10;"}, {"\r", "&#13;"}, {"\x7F", "\x7F"},
+  };
+  for (const auto& [text, reference] : rows) {
+    start();
+    EXPECT_NE(command("a", "b", text, true), nullptr);
+    EXPECT_THAT(render(), ::testing::HasSubstr("value=\"" + std::string(reference) + "\"/>"));
+  }
 }
 
 TEST_F(TicketTextTest, Create_TextIsNotUtf8_IsTakenAsLatin1) {

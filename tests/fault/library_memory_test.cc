@@ -202,7 +202,7 @@ TEST_P(LibraryMemoryTest, SerializeAfterChange_NoMemory_LosesNoChange) {
 // ticket then lacks it.
 TEST_P(LibraryMemoryTest, SerializeTicket_NoMemory_MakesAWellFormedTicketOrNone) {
   const std::string whole = host_.output(2);
-  sweep(100, [&](const FailurePlan& plan) {
+  sweep(30, [&](const FailurePlan& plan) {
     std::string output = "before";
     endsWithoutThrow(plan, [&] { host_.set().serialize(output, 2, true, "first", "second"); });
     EXPECT_TRUE(memoryHasFailed() || output == whole) << output;
