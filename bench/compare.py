@@ -24,6 +24,7 @@ import tempfile
 
 import callgrind
 import fresh_process
+import whole_life
 from limits import Limits
 
 SIZES = (10, 100, 1000, 10000)
@@ -231,6 +232,8 @@ def main():
     limits.add_hand_written(our_counts)
     limits.add_memory(memory)
     fresh_process.measure(options.build, 4 * options.rounds, limits)
+    print()
+    whole_life.measure(options.build, options.real, 4 * options.rounds, limits)
     print()
     if missed := limits.print_table():
         raise SystemExit(f"{missed} limits are missed")

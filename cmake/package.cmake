@@ -84,8 +84,9 @@ debian_package(development libdriverfeature-dev libdevel same "${same_library}"
   "by which CMake and pkg-config find it, and a small host as an example.")
 # Not "foreign": the program loads host routines, and a package that brings some
 # must ask for the program of its own architecture. A package that brings
-# descriptions only may ask for driver-feature:any.
-debian_package(tools driver-feature utils allowed "${same_library}"
+# descriptions only may ask for driver-feature:any. libcups is loaded when it is
+# needed, so that no program names it.
+debian_package(tools driver-feature utils allowed "${same_library}, libcups2"
   "show, check and emit the settings of a printer driver"
   "A program that loads the plug-in libDriverFeature as a driver's host does:"
   "it reads a feature description, shows and changes settings, and writes"

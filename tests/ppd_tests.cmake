@@ -3,7 +3,7 @@
 
 driver_feature_test(ppd_unit_tests GLOB host/ppd/*_test.cc host/ppd/custom/*_test.cc host/ppd/import/*_test.cc
        programs/driver_feature/commands/*_test.cc
-  LINK driver_feature_program)
+  LINK driver_feature_program Cups::Cups)
 driver_feature_test(ppd_program_tests
   GLOB tests/ppd/*.cc tests/host/program_runner.cc
   LINK Cups::Cups util)

@@ -2,7 +2,8 @@
 # of queues of a real print scheduler.
 
 driver_feature_test(filter_unit_tests
-  GLOB programs/filter/*_test.cc host/ppd/queue/*_test.cc LINK driver_feature_filter)
+  GLOB programs/filter/*_test.cc host/ppd/plain/*_test.cc host/ppd/queue/*_test.cc
+  LINK driver_feature_filter Cups::Cups)
 
 driver_feature_test(filter_program_tests
   GLOB tests/printing/*_test.cc tests/printing/filter_fixture.cc tests/printing/queue_fixture.cc

@@ -1,7 +1,10 @@
 #include "host/base/input_file.h"
 
+#include <sys/stat.h>
+
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -23,6 +26,10 @@ Result<std::string> readFile(const std::string& path) {
                                                              &std::fclose);
   if (!file) return unreadable(path);
   std::string bytes;
+  struct stat status {};
+  if (::fstat(::fileno(file.get()), &status) == 0 && S_ISREG(status.st_mode)) {
+    bytes.reserve(static_cast<std::size_t>(status.st_size));
+  }
   std::array<char, 65536> buffer;
   errno = 0;
   while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get())) {

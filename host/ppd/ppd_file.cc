@@ -128,10 +128,6 @@ std::vector<ppd_choice_t*> choicesOf(ppd_option_t& option) {
   return choices;
 }
 
-bool equalKeywords(const char* left, const char* right) {
-  return strcasecmp(left, right) == 0;
-}
-
 CustomNumbersAway::CustomNumbersAway(ppd_file_t& ppd) {
   for (auto* custom = cupsArrayFirst(ppd.coptions); custom != nullptr;
        custom = cupsArrayNext(ppd.coptions)) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/base/result.h"
+#include "host/ppd/plain/keywords.h"
 
 namespace driver_feature::ppd {
 
@@ -34,10 +35,6 @@ std::vector<ppd_option_t*> optionsOf(ppd_file_t& ppd);
 
 // The choices of an option, in the order of the file.
 std::vector<ppd_choice_t*> choicesOf(ppd_option_t& option);
-
-// Compare as libcups compares keywords and choices: ASCII letters in either
-// case are the same.
-bool equalKeywords(const char* left, const char* right);
 
 // While it lives, the numbers of all custom choices are 0, page sizes included.
 //

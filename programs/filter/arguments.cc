@@ -1,7 +1,5 @@
 #include "programs/filter/arguments.h"
 
-#include <cups/cups.h>
-
 #include <charconv>
 #include <cstddef>
 
@@ -16,7 +14,8 @@ bool readCount(std::string_view text, int lowest, int& number) {
 
 }  // namespace
 
-host::Result<FilterArguments> readArguments(int argc, const char* const* argv) {
+host::Result<FilterArguments> readArguments(int argc, const char* const* argv,
+                                            const OptionParser& parseOptions) {
   if (argc < 6 || argc > 7) {
     return host::refused(
         "wrong usage; give JOB USER TITLE COPIES OPTIONS [FILE], as a print scheduler does");
@@ -35,16 +34,6 @@ host::Result<FilterArguments> readArguments(int argc, const char* const* argv) {
   arguments.options = parseOptions(argv[5]);
   if (argc == 7) arguments.file = argv[6];
   return arguments;
-}
-
-std::vector<host::Setting> parseOptions(const std::string& text) {
-  cups_option_t* parsed = nullptr;
-  const int count = cupsParseOptions(text.c_str(), 0, &parsed);
-  std::vector<host::Setting> options;
-  options.reserve(static_cast<std::size_t>(count));
-  for (int i = 0; i < count; ++i) options.push_back({parsed[i].name, parsed[i].value});
-  cupsFreeOptions(count, parsed);
-  return options;
 }
 
 std::string harmless(std::string_view text) {

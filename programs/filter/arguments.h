@@ -4,6 +4,7 @@
 #ifndef PROGRAMS_FILTER_ARGUMENTS_H_
 #define PROGRAMS_FILTER_ARGUMENTS_H_
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,16 +18,17 @@ struct FilterArguments {
   std::string user;
   std::string title;
   int copies = 1;
-  std::vector<host::Setting> options;  // By their names; of one that stands twice the last.
+  std::vector<host::Setting> options;  // By their names; of one that is given twice the last.
   std::string file;                    // Empty for standard input.
   bool isConverted = false;  // The filters before this one have made the document PostScript.
 };
 
-// Refused when the arguments cannot be understood.
-host::Result<FilterArguments> readArguments(int argc, const char* const* argv);
+// Takes the options out of a text such as "PageSize=A4 noCollate Title='a b'".
+using OptionParser = std::function<std::vector<host::Setting>(const std::string& text)>;
 
-// The options of a text such as "PageSize=A4 noCollate Title='a b'".
-std::vector<host::Setting> parseOptions(const std::string& text);
+// Refused when the arguments cannot be understood.
+host::Result<FilterArguments> readArguments(int argc, const char* const* argv,
+                                            const OptionParser& parseOptions);
 
 // The text without control characters and double quotes, so that it cannot
 // end the command into which a printer language puts it.

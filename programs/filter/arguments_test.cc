@@ -5,6 +5,7 @@
 #include <array>
 #include <utility>
 
+#include "programs/filter/option_text.h"
 #include "support/problem_text.h"
 
 namespace driver_feature::filter {
@@ -21,7 +22,7 @@ Pairs pairsOf(const std::string& text) {
 
 TEST(FilterArguments, SixArguments_AreAJobFromStandardInput) {
   const std::array<const char*, 6> words{"filter", "12", "jane", "A title", "3", "A=b"};
-  const auto arguments = readArguments(6, words.data());
+  const auto arguments = readArguments(6, words.data(), &parseOptions);
   ASSERT_TRUE(arguments);
   EXPECT_EQ(arguments->job, 12);
   EXPECT_EQ(arguments->user, "jane");
@@ -33,7 +34,7 @@ TEST(FilterArguments, SixArguments_AreAJobFromStandardInput) {
 
 TEST(FilterArguments, SeventhArgument_IsTheFile) {
   const std::array<const char*, 7> words{"filter", "1", "", "", "1", "", "job.ps"};
-  const auto arguments = readArguments(7, words.data());
+  const auto arguments = readArguments(7, words.data(), &parseOptions);
   ASSERT_TRUE(arguments);
   EXPECT_EQ(arguments->file, "job.ps");
 }
@@ -52,14 +53,14 @@ TEST(FilterArguments, WhatIsNoNumber_IsRefused) {
         Row{"1", "99999999999",
             "the copies \"99999999999\" are not a number from 1 up; give 1 or more"}}) {
     const std::array<const char*, 6> words{"filter", row.job, "", "", row.copies, ""};
-    EXPECT_EQ(problemText(readArguments(6, words.data())), row.problem);
+    EXPECT_EQ(problemText(readArguments(6, words.data(), &parseOptions)), row.problem);
   }
 }
 
 TEST(FilterArguments, OtherNumberOfArguments_IsRefused) {
   const std::array<const char*, 8> words{"filter", "1", "u", "t", "1", "", "f", "g"};
   for (const int count : {1, 5, 8}) {
-    EXPECT_EQ(problemText(readArguments(count, words.data())),
+    EXPECT_EQ(problemText(readArguments(count, words.data(), &parseOptions)),
               "wrong usage; give JOB USER TITLE COPIES OPTIONS [FILE], as a print scheduler does");
   }
 }

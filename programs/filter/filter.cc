@@ -1,19 +1,18 @@
 #include "programs/filter/filter.h"
 
-#include <unistd.h>
-
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
+#include <exception>
+#include <new>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "host/base/standard_streams.h"
-#include "host/ppd/queue/queue_ppd.h"
 #include "host/session/output_form.h"
 #include "host/session/session.h"
 #include "programs/common/console.h"
-#include "programs/filter/arguments.h"
 #include "programs/filter/cancellation.h"
 #include "programs/filter/copy_job.h"
 #include "programs/filter/job_frame.h"
@@ -25,12 +24,12 @@
 
 namespace driver_feature::filter {
 
-namespace {
-
 int failWith(const host::Problem& problem) {
   tell(Message::kError, describe(problem));
   return cli::kFailure;
 }
+
+namespace {
 
 JobTexts composeTexts(const host::Session& session, const ppd::QueuePpd* ppd,
                       const FilterArguments& arguments, bool takesCopies) {
@@ -93,38 +92,46 @@ void dropCopiesMade(FilterArguments& arguments) {
   if (arguments.isConverted) arguments.copies = 1;
 }
 
-// The PPD of the queue; null for a trial without one.
-host::Result<std::unique_ptr<ppd::QueuePpd>> openPpd() {
-  const char* path = std::getenv("PPD");
-  if (path == nullptr || *path == '\0') return nullptr;
-  return ppd::QueuePpd::open(path);
-}
-
 }  // namespace
 
-int runFilter(int argc, const char* const* argv) {
-  cli::startMessagesWith("ERROR: ");
-  if (!catchCancellation()) {
-    return failWith({host::Problem::Kind::kNotLoaded,
-                     std::string("no signal handler: ") + std::strerror(errno), ""});
-  }
-  auto arguments = readArguments(argc, argv);
-  if (!arguments) return failWith(arguments.error());
-  dropCopiesMade(*arguments);
-  const auto ppd = openPpd();
-  if (!ppd) return failWith(ppd.error());
-  const auto queue = readQueue(ppd->get(), [](const char* name) { return std::getenv(name); });
+int runJob(FilterArguments arguments, ppd::QueuePpd* ppd) {
+  dropCopiesMade(arguments);
+  const auto queue = readQueue(ppd, [](const char* name) { return std::getenv(name); });
   if (!queue) return failWith(queue.error());
   tell(Message::kDebug, "the description is " + queue->description);
-  PageWork pages(*arguments, ppd->get());
-  auto texts = textsFor(*arguments, *queue, ppd->get(), pages);
+  PageWork pages(arguments, ppd);
+  auto texts = textsFor(arguments, *queue, ppd, pages);
   if (!texts) return cli::kFailure;
-  if (const auto started = pages.start(*arguments, *texts); !started) {
+  if (const auto started = pages.start(arguments, *texts); !started) {
     return failWith(started.error());
   }
-  host::Result<> printed = copyJob(*arguments, *texts);
+  host::Result<> printed = copyJob(arguments, *texts);
   if (host::Result<> ended = pages.finish(); !ended && !isCancelled()) printed = std::move(ended);
   return printed ? cli::kSuccess : failWith(printed.error());
+}
+
+int runGuarded(const std::function<int()>& run) {
+  host::prepareStandardStreams();
+  cli::startMessagesWith("ERROR: ");
+  try {
+    return run();
+  } catch (const std::bad_alloc&) {
+    cli::printLackOfMemory();
+  } catch (const std::exception& error) {
+    tell(Message::kError, error.what());
+  } catch (...) {
+    tell(Message::kError,
+         "a routine of the description threw an exception that is not derived from "
+         "std::exception; fix the routine");
+  }
+  return cli::kFailure;
+}
+
+bool prepareCancellation() {
+  if (catchCancellation()) return true;
+  failWith({host::Problem::Kind::kNotLoaded,
+            std::string("no signal handler: ") + std::strerror(errno), ""});
+  return false;
 }
 
 }  // namespace driver_feature::filter

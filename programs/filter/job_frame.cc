@@ -8,16 +8,6 @@ namespace {
 
 constexpr const char* kUniversalExit = "\x1b%-12345X";
 
-// The beginning of the PPD's job-control language with what libcups adds to
-// it for this job; empty when it writes none.
-std::string beginOf(const ppd::QueuePpd& ppd, const FilterArguments& arguments) {
-  const std::string whole =
-      ppd.jobBegin(arguments.job, harmless(arguments.user), harmless(arguments.title));
-  const std::string rest = ppd.jclOptions() + ppd.jclToPostScript();
-  if (!whole.ends_with(rest)) return "";
-  return whole.substr(0, whole.size() - rest.size());
-}
-
 // The PPD's own end of a job; empty without one.
 std::string ownEndOf(const ppd::QueuePpd* ppd) {
   return ppd != nullptr ? ppd->jclEnd() : "";
@@ -40,7 +30,8 @@ JobFrame frameOf(const host::Model& model, const ppd::QueuePpd* ppd,
   }
   JobFrame frame{pjl, end.value_or(pjl.empty() ? "" : kUniversalExit)};
   if (ppd == nullptr || !begin || begin->empty() || *begin != ppd->jclBegin()) return frame;
-  const std::string ownBegin = beginOf(*ppd, arguments);
+  const std::string ownBegin =
+      ppd->jobBegin(arguments.job, harmless(arguments.user), harmless(arguments.title));
   if (ownBegin.empty() || !pjl.starts_with(*begin)) return frame;
   frame.header = ownBegin + pjl.substr(begin->size());
   frame.trailer = ppd->jobEnd();
@@ -53,15 +44,14 @@ LibcupsFrame libcupsFrameOf(const ppd::QueuePpd& ppd, const FilterArguments& arg
   around.exitServer = ppd.exitServer();
   around.end = ppd.jobEnd();
   around.replacesEnd = around.end == frame.trailer;
-  const std::string front = ppd.jobBegin(arguments.job, "", "");
-  if (front.empty()) return around;
-  // Of a beginning in PJL libcups leaves a line out and puts others behind its
+  if (ppd.jobBegin(arguments.job, "", "").empty()) return around;
+  // Of a beginning in PJL libcups leaves a line out and puts others after its
   // first command.
   const std::string begin = ppd.jclBegin();
   const std::string pjl = std::string(kUniversalExit) + "@PJL";
   around.begin = begin.starts_with(pjl) ? pjl : begin;
   around.toPostScript = ppd.jclToPostScript();
-  around.hasHeaderLike = front.find("%!") != std::string::npos;
+  around.hasHeaderLike = ppd.hasHeaderLike();
   return around;
 }
 

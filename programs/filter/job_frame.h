@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "host/ppd/queue/queue_ppd.h"
+#include "host/ppd/plain/queue_ppd.h"
 #include "host/settings/setting.h"
 #include "programs/filter/arguments.h"
 #include "programs/filter/libcups_frame.h"

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "host/base/text.h"
+#include "host/ppd/plain/keywords.h"
 #include "programs/filter/feature_key.h"
 #include "programs/filter/job_settings.h"
 #include "programs/filter/media_rule.h"
@@ -110,10 +111,9 @@ void JobSettings::sortUnknown(const host::Setting& option) {
 }
 
 bool JobSettings::asksFor(const std::string& name) const {
-  return std::any_of(arguments_->options.begin(), arguments_->options.end(),
-                     [&name](const host::Setting& option) {
-                       return ppd::equalKeywords(option.name.c_str(), name.c_str());
-                     });
+  return std::any_of(
+      arguments_->options.begin(), arguments_->options.end(),
+      [&name](const host::Setting& option) { return ppd::equalKeywords(option.name, name); });
 }
 
 bool JobSettings::sortByKey(const host::Setting& option) {

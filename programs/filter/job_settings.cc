@@ -37,7 +37,7 @@ bool JobSettings::apply(const FilterArguments& arguments) {
     for (const Wish& wish : refused) {
       if (wish.option.empty()) {
         tell(Message::kDebug,
-             "the queue's default of " + wish.setting.name + " does not stand: " + wish.reason);
+             "the queue's default of " + wish.setting.name + " is not used: " + wish.reason);
         continue;
       }
       refuse(wish.option, wish.reason);
@@ -52,7 +52,7 @@ bool JobSettings::apply(const FilterArguments& arguments) {
 // a description.
 bool JobSettings::settlePages() {
   if (ppd_ != nullptr) ppd_->mark(forPpd_);
-  const bool isMirrored = ppd_ != nullptr && ppdIsMarked(&ppd_->file(), kMirrorPrint, "True") != 0;
+  const bool isMirrored = ppd_ != nullptr && ppd_->isMarked(kMirrorPrint, "True");
   if (isMirrored) pages_.takeMirror();
   const host::Result<> decided = pages_.decide(takesCopies());
   if (!decided) tell(Message::kError, decided.error().text);
@@ -181,7 +181,7 @@ void JobSettings::refuse(const std::string& option, const std::string& reason) {
     tell(Message::kError, "option " + option + ": " + reason);
   } else {
     tell(Message::kWarning,
-         "option " + option + ": " + reason + "; the queue's default stands in its place");
+         "option " + option + ": " + reason + "; the queue's default is used instead");
   }
 }
 

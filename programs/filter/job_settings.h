@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/ppd/queue/queue_ppd.h"
+#include "host/ppd/plain/queue_ppd.h"
 #include "host/settings/setting.h"
 #include "programs/filter/arguments.h"
 #include "programs/filter/page_work.h"

@@ -5,6 +5,8 @@
 namespace driver_feature::filter {
 
 void LineCutter::take(std::string_view bytes) {
+  nextCr_.reset();
+  nextLf_.reset();
   while (!bytes.empty()) {
     if (endsWithCr_) {
       // Where lines end with CR alone, a line feed is the first byte of what
@@ -36,16 +38,17 @@ void LineCutter::finish() {
 }
 
 void LineCutter::takeLineBytes(std::string_view& bytes) {
-  const std::size_t end = bytes.find_first_of("\r\n");
+  const char* found = std::min(nextCr_.find(bytes), nextLf_.find(bytes));
+  const auto end = static_cast<std::size_t>(found - bytes.data());
   const std::string_view text = bytes.substr(0, end);
-  const bool hasEnd = end != std::string_view::npos;
-  // Behind CR there may be a line feed that belongs to the end.
+  const bool hasEnd = end < bytes.size();
+  // A line feed after CR belongs to the end.
   const bool isHeld = !hasEnd || bytes[end] == '\r';
   bytes.remove_prefix(text.size() + (hasEnd ? 1 : 0));
   if (isLong_) {
     if (!text.empty()) listener_.takeBytes(text);
   } else if (held_.size() + text.size() > kLongestLine) {
-    tellBeginning(text);
+    passBeginning(text);
   } else if (isHeld || !held_.empty()) {
     held_ += text;
   }
@@ -57,7 +60,7 @@ void LineCutter::takeLineBytes(std::string_view& bytes) {
   }
 }
 
-void LineCutter::tellBeginning(std::string_view rest) {
+void LineCutter::passBeginning(std::string_view rest) {
   const std::size_t missing = kLongestLine - held_.size();
   held_ += rest.substr(0, missing);
   isLong_ = true;

@@ -2,12 +2,13 @@
 //
 // A line ends with LF, CR or CR LF. Lines may be of any length and hold any
 // byte: of a line longer than kLongestLine only the beginning is kept until it
-// is told, so that the memory needed does not grow with the line.
+// is passed on, so that the memory needed does not grow with the line.
 #ifndef PROGRAMS_FILTER_LINE_CUTTER_H_
 #define PROGRAMS_FILTER_LINE_CUTTER_H_
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -27,12 +28,37 @@ class LineListener {
   // A line, or the beginning of a long one. May call passOn().
   virtual void takeLine(const JobLine& line) = 0;
 
-  // Bytes that are no lines: what follows the beginning of a long line, its
+  // Bytes that are not lines: what follows the beginning of a long line, its
   // line end included, and what passOn() asked for.
   virtual void takeBytes(std::string_view bytes) = 0;
 
  protected:
   ~LineListener() = default;
+};
+
+// Where the next one of a byte is. What has been found is kept until it has been
+// passed, so that each byte of a piece is looked at once, however many lines end
+// with another byte.
+class NextByte {
+ public:
+  explicit NextByte(char byte) : byte_(byte) {}
+
+  // Forgets the piece of the last find().
+  void reset() { found_ = nullptr; }
+
+  // The first one in the bytes; their end without one. All calls since reset()
+  // must be for the same piece, each from the same place or a later one.
+  const char* find(std::string_view bytes) {
+    if (found_ != nullptr && found_ >= bytes.data()) return found_;
+    const char* end = bytes.data() + bytes.size();
+    const void* found = std::memchr(bytes.data(), byte_, bytes.size());
+    found_ = found != nullptr ? static_cast<const char*>(found) : end;
+    return found_;
+  }
+
+ private:
+  char byte_;
+  const char* found_ = nullptr;
 };
 
 class LineCutter {
@@ -42,20 +68,22 @@ class LineCutter {
 
   void take(std::string_view bytes);
 
-  // Tells what is left: a last line without a line end.
+  // Passes on what is left: a last line without a line end.
   void finish();
 
-  // The next `count` bytes behind the line that is being told are no lines.
+  // The next `count` bytes after the current line are not lines.
   void passOn(std::uint64_t count) { passing_ = count; }
 
  private:
   void takeLineBytes(std::string_view& bytes);
-  void tellBeginning(std::string_view rest);
+  void passBeginning(std::string_view rest);
   void endLine(std::string_view text, std::string_view end);
 
   LineListener& listener_;
+  NextByte nextCr_{'\r'};
+  NextByte nextLf_{'\n'};
   std::string held_;           // A line that has not ended yet.
-  bool isLong_ = false;        // The beginning of this line has been told.
+  bool isLong_ = false;        // The beginning of this line has been passed on.
   bool endsWithCr_ = false;    // A line feed may still belong to its end.
   bool hasBareCr_ = false;     // Lines of this stream end with CR alone.
   std::uint64_t passing_ = 0;  // Bytes still to pass on.

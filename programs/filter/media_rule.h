@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "host/ppd/queue/queue_ppd.h"
+#include "host/ppd/plain/queue_ppd.h"
 #include "host/settings/setting.h"
 
 namespace driver_feature::filter {

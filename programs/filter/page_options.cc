@@ -89,7 +89,7 @@ PageOption fromList(const ListRow& row, const std::string& value) {
 PageOption fromRules(const std::string& name, const std::string& value) {
   if (name == "page-ranges") {
     if (isPageRange(value)) return {Kind::kWork, ""};
-    return refusedOption("\"" + value + "\" is no list of pages; give one such as 1-4,7");
+    return refusedOption("\"" + value + "\" is not a list of pages; give one such as 1-4,7");
   }
   if (name == "page-label") return workIf(!value.empty());
   if (name == "mirror") return workIf(isTrue(value));

@@ -4,11 +4,11 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "host/ppd/plain/sheetless_page_ppd.h"
 #include "programs/filter/cancellation.h"
 #include "programs/filter/kept_file.h"
 #include "programs/filter/messages.h"
 #include "programs/filter/page_options.h"
-#include "programs/filter/page_ppd.h"
 
 namespace driver_feature::filter {
 
@@ -25,7 +25,10 @@ bool isClassified() {
 }  // namespace
 
 PageWork::PageWork(const FilterArguments& arguments, const ppd::QueuePpd* ppd)
-    : arguments_(arguments), copies_(arguments.copies), ppd_(ppd) {}
+    : arguments_(arguments),
+      copies_(arguments.copies),
+      ppd_(ppd),
+      rules_(ppd != nullptr ? ppd->pageRules() : nullptr) {}
 
 bool PageWork::take(const host::Setting& option) {
   const PageOption known = pageOption(option);
@@ -56,19 +59,19 @@ bool PageWork::take(const host::Setting& option) {
 bool PageWork::isReversed() const {
   const OutputOrder order = outputOrder(arguments_.options);
   if (order != OutputOrder::kUnsaid) return false;  // Then the option is in the list.
-  return ppd_ != nullptr && stacksReversed(ppd_->file());
+  return rules_ != nullptr && rules_->stacksReversed();
 }
 
 bool PageWork::wantsCopies(bool takesCopies) const {
   if (copies_ <= 1) return false;
   if (ppd_ == nullptr) return !collation_.empty();
-  if (!takesCopies && copies_ > mostCopies(ppd_->file())) return true;
-  return !collation_.empty() && ppdIsMarked(&ppd_->file(), "Collate", "True") == 0;
+  if (!takesCopies && rules_ != nullptr && copies_ > rules_->mostCopies()) return true;
+  return !collation_.empty() && !ppd_->isMarked("Collate", "True");
 }
 
 bool PageWork::wantsWork() const {
   if (!asked_.empty() || isMirrored_ || isReversed() || isClassified()) return true;
-  return ppd_ != nullptr && fillsLastSheet(ppd_->file());
+  return rules_ != nullptr && rules_->fillsLastSheet();
 }
 
 void PageWork::warn(const std::vector<std::string>& options, const std::string& reason) const {
@@ -103,7 +106,7 @@ host::Result<> PageWork::decide(bool takesCopies) {
   if (!document_.isDocument()) {
     giveUpAll("the job is not one PostScript document");
   } else if (!document_.hasPages()) {
-    const std::string reason = "no comments of the document tell its pages";
+    const std::string reason = "no comments of the document show its pages";
     if (works_) giveUp(reason);
     // Without any comments it is one page, of which copies can be made.
     if (makesCopies_ && document_.isStructured()) giveUpAll(reason);
@@ -140,9 +143,9 @@ host::Result<> PageWork::start(FilterArguments& arguments, JobTexts& texts) {
   if (works_ && isReversed()) options.push_back({"OutputOrder", "Reverse"});
   FilterArguments forFilter = arguments;
   forFilter.copies = makesCopies_ ? copies_ : 1;
-  host::Result<> started =
-      filter_.start(document_.descriptor(), pagePpd(ppd_ != nullptr ? &ppd_->file() : nullptr),
-                    forFilter, options);
+  host::Result<> started = filter_.start(
+      document_.descriptor(), rules_ != nullptr ? rules_->pagePpd() : ppd::kSheetlessPagePpd,
+      forFilter, options);
   if (!started) return started;
   arguments.file.clear();
   // The filter does not say that it has ended too early.

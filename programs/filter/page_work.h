@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "host/ppd/queue/queue_ppd.h"
+#include "host/ppd/plain/queue_ppd.h"
 #include "host/settings/setting.h"
 #include "programs/filter/arguments.h"
 #include "programs/filter/copy_job.h"
@@ -62,6 +62,7 @@ class PageWork {
   const FilterArguments& arguments_;
   const int copies_;
   const ppd::QueuePpd* ppd_;
+  const ppd::PageRules* rules_;         // The PPD's; null without any.
   std::vector<host::Setting> options_;  // For the filter.
   std::vector<std::string> asked_;      // The names of those that ask for something.
   std::string collation_;               // The option that asks for it; empty without one.

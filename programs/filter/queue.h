@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "host/base/result.h"
-#include "host/ppd/queue/queue_ppd.h"
+#include "host/ppd/plain/queue_ppd.h"
 
 namespace driver_feature::filter {
 

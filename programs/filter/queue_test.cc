@@ -7,6 +7,7 @@
 #include <fstream>
 #include <map>
 
+#include "host/ppd/queue/libcups_queue_ppd.h"
 #include "support/problem_text.h"
 
 namespace driver_feature::filter {
@@ -22,7 +23,7 @@ class QueueTest : public testing::Test {
 
   host::Result<Queue> read(const std::string& lines) {
     std::ofstream(folder_ / "q.ppd") << "*PPD-Adobe: \"4.3\"\n" << lines;
-    const auto ppd = ppd::QueuePpd::open(folder_ / "q.ppd");
+    const auto ppd = ppd::LibcupsQueuePpd::open(folder_ / "q.ppd");
     EXPECT_EQ(problemText(ppd), "");
     return readQueue(ppd->get(), [this](const char* name) {
       const auto found = environment_.find(name);

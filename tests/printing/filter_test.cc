@@ -91,8 +91,8 @@ TEST_F(HandwrittenQueueTest, RefusedValues_AreReplacedWhenTheQueueSaysSo) {
   EXPECT_EQ(withoutDebug(filter("PageSize=A0 Duplex=LongEdge", "2")),
             printed(twoPages(header("2", "A4"), setup("true /Tumble false", "595 842")),
                     "WARNING: option PageSize: feature \"PageSize\" has no option \"A0\"; did you "
-                    "mean \"A4\"? (choose one of A4, A5, Letter); the queue's default stands in "
-                    "its place\nPAGE: 1 2\nPAGE: 2 2\n"));
+                    "mean \"A4\"? (choose one of A4, A5, Letter); the queue's default is used "
+                    "instead\nPAGE: 1 2\nPAGE: 2 2\n"));
 }
 
 TEST_F(HandwrittenQueueTest, NoFeatureForCopies_LetsPostScriptMakeThem) {

@@ -245,7 +245,7 @@ TEST_F(ImportedQueueTest, MediaAndSides_AreRefusedAsChoicesAre) {
     const RunResult result = withoutDebug(filter(row.option));
     EXPECT_EQ(result.output, usual) << row.option;
     EXPECT_EQ(result.errors, "WARNING: option " + std::string(row.reason) +
-                                 "; the queue's default stands in its place\nPAGE: 1 1\nPAGE: 2 "
+                                 "; the queue's default is used instead\nPAGE: 1 1\nPAGE: 2 "
                                  "1\n");
   }
 }

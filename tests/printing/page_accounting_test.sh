@@ -236,7 +236,7 @@ done
 grep -aE '^[EW].*\[Job' "$folder/log/errors" | sed 's/.*\] //' >messages || :
 diff - messages <<'END' || failures=$((failures + 1))
 no page is printed, because the job\'s options leave out all of them
-option page-ranges has no effect, because no comments of the document tell its pages
+option page-ranges has no effect, because no comments of the document show its pages
 END
 echo "${#rows[@]} jobs counted and $pictures compared in $SECONDS seconds, $failures failures"
 exit $((failures > 0))

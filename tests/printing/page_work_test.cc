@@ -171,19 +171,19 @@ TEST_F(PageWorkTest, DocumentWithoutPages_IsPrintedAsItIs) {
     write("job.ps", document);
     const RunResult result = filter("number-up=2");
     EXPECT_THAT(reported(result), StartsWith("WARNING: option number-up has no effect, because no "
-                                             "comments of the document tell its pages\n"));
+                                             "comments of the document show its pages\n"));
     EXPECT_EQ(result.output, filter("").output);
     EXPECT_EQ(result.status, 0);
   }
   // One page can be repeated, but not one whose end is unknown.
   EXPECT_EQ(reported(filter("collate=true", "2")),
-            "WARNING: option collate has no effect, because no comments of the document tell its "
+            "WARNING: option collate has no effect, because no comments of the document show its "
             "pages\n");
   write("job.ps", "%!\n/only page\n");
   const RunResult copies = filter("collate=true number-up=2", "2");
   EXPECT_EQ(countOf(copies.output, "/only page"), 2U);
   EXPECT_EQ(reported(copies),
-            "WARNING: option number-up has no effect, because no comments of the document tell "
+            "WARNING: option number-up has no effect, because no comments of the document show "
             "its pages\nPAGE: 1 1\nPAGE: 2 1\n");
 }
 

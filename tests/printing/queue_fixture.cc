@@ -1,5 +1,9 @@
 #include "printing/queue_fixture.h"
 
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
 RunResult QueueCommandTest::queue(std::vector<std::string> arguments,
                                   const std::function<void()>& prepare) const {
   arguments.insert(arguments.begin(), {"--library", DRIVER_FEATURE_LIBRARY, "queue"});
@@ -13,6 +17,13 @@ void QueueCommandTest::makeQueue(const std::string& description) {
 
 std::string QueueCommandTest::path(const std::string& name) const {
   return (std::filesystem::canonical(folder()) / name).string();
+}
+
+std::string QueueCommandTest::withoutStamp(const std::string& ppd) {
+  const std::string head = "*PPD-Adobe: \"4.3\"\n";
+  EXPECT_THAT(ppd, testing::StartsWith(head + "*DriverFeaturePlain: \""));
+  const std::size_t end = ppd.find('\n', head.size());
+  return head + ppd.substr(std::min(end, ppd.size() - 1) + 1);
 }
 
 std::string QueueCommandTest::lines(const std::string& description,

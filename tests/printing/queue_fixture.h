@@ -20,6 +20,10 @@ class QueueCommandTest : public FilterTest {
   // The file's absolute path.
   std::string path(const std::string& name) const;
 
+  // The text of a queue's PPD without its stamp, which must be its second line: a
+  // number made of all lines, among which is the name of the test's folder.
+  static std::string withoutStamp(const std::string& ppd);
+
   // The lines of a queue after the first one.
   std::string lines(const std::string& description, const std::string& refused) const;
 };

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "host/ppd/queue/ppd_names.h"
-#include "host/ppd/queue/ppd_statements.h"
+#include "host/ppd/plain/ppd_statements.h"
 
 namespace driver_feature::ppd {
 

@@ -1,15 +1,13 @@
 #include "host/ppd/queue/read_back.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdio>
+#include <cerrno>
 #include <cstring>
-#include <memory>
 #include <string_view>
 
+#include "host/ppd/plain/ppd_statements.h"
 #include "host/ppd/ppd_file.h"
-#include "host/ppd/queue/ppd_statements.h"
+#include "host/ppd/queue/nameless_file.h"
 
 namespace driver_feature::ppd {
 
@@ -17,15 +15,6 @@ namespace {
 
 std::string_view textOf(const char* text) {
   return text != nullptr ? text : "";
-}
-
-// The text in a file without a name, which libcups then closes; -1 and errno
-// when there is no room for it.
-int fileWith(const std::string& text) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::tmpfile(), &std::fclose);
-  if (!file || std::fwrite(text.data(), 1, text.size(), file.get()) != text.size()) return -1;
-  if (std::fflush(file.get()) != 0 || std::fseek(file.get(), 0, SEEK_SET) != 0) return -1;
-  return ::dup(::fileno(file.get()));
 }
 
 // A line such as `*Keyword Option: "value"` in its parts.

@@ -5,11 +5,13 @@
 #include <filesystem>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "host/ppd/ppd_file.h"
 #include "host/ppd/queue/job_end_lines.h"
 #include "host/ppd/queue/minimal_ppd.h"
+#include "host/ppd/queue/plain_stamp.h"
 #include "host/ppd/queue/queue_lines.h"
 #include "host/ppd/queue/read_back.h"
 #include "programs/common/console.h"
@@ -95,12 +97,20 @@ host::Failure refusePpd(const Arguments& arguments, const ppd::UnusablePpd& unus
                                : "correct the PPD (cupstestppd explains more)"));
 }
 
+// The text has the other lines; the stamp does not count itself.
+void addStamp(const std::string& text, std::vector<std::string>& lines) {
+  std::string stamp = ppd::plainStampLine(text);
+  if (!stamp.empty()) lines.insert(lines.begin(), std::move(stamp));
+}
+
 // Made of the description.
 host::Result<std::string> composeMade(const Arguments& arguments, const host::Session& session,
-                                      const std::vector<std::string>& lines) {
+                                      std::vector<std::string> lines) {
   const std::string stem = fs::path(arguments.text("DESC")).stem();
-  const ppd::MinimalPpd ppd =
-      ppd::minimalPpd(session.model(), arguments.text("--name", stem), lines);
+  const std::string name = arguments.text("--name", stem);
+  ppd::MinimalPpd ppd = ppd::minimalPpd(session.model(), name, lines);
+  addStamp(ppd.text, lines);
+  ppd = ppd::minimalPpd(session.model(), name, lines);
   if (const auto unusable = ppd::readBack(ppd.text, lines, nullptr)) {
     return refusePpd(arguments, *unusable, {});
   }
@@ -110,7 +120,7 @@ host::Result<std::string> composeMade(const Arguments& arguments, const host::Se
 
 host::Result<std::string> compose(const Arguments& arguments, const host::Session& session,
                                   std::vector<std::string> lines) {
-  if (!arguments.has("--ppd")) return composeMade(arguments, session, lines);
+  if (!arguments.has("--ppd")) return composeMade(arguments, session, std::move(lines));
   const std::string file = arguments.text("--ppd");
   host::Result<ppd::PpdPointer> ppd = ppd::readPpd(file);
   if (!ppd) return failureOf(ppd);
@@ -122,6 +132,7 @@ host::Result<std::string> compose(const Arguments& arguments, const host::Sessio
   // was.
   for (const std::string& line : ppd::jobEndLines(**ppd)) lines.push_back(line);
   for (const std::string& line : ppd::mediaLines(**ppd)) lines.push_back(line);
+  addStamp(ppd::withQueueLines(bytes, lines).text, lines);
   const ppd::QueueText queue = ppd::withQueueLines(bytes, lines);
   if (const auto unusable = ppd::readBack(queue.text, lines, ppd->get())) {
     return refusePpd(arguments, *unusable, queue.origins);

@@ -1,6 +1,6 @@
 // The statements of a PPD's text, cut as libcups cuts them.
-#ifndef HOST_PPD_QUEUE_PPD_STATEMENTS_H_
-#define HOST_PPD_QUEUE_PPD_STATEMENTS_H_
+#ifndef HOST_PPD_PLAIN_PPD_STATEMENTS_H_
+#define HOST_PPD_PLAIN_PPD_STATEMENTS_H_
 
 #include <string_view>
 
@@ -23,4 +23,4 @@ std::string_view lineEndOf(std::string_view line);
 
 }  // namespace driver_feature::ppd
 
-#endif  // HOST_PPD_QUEUE_PPD_STATEMENTS_H_
+#endif  // HOST_PPD_PLAIN_PPD_STATEMENTS_H_

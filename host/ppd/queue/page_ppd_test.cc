@@ -1,4 +1,4 @@
-#include "programs/filter/page_ppd.h"
+#include "host/ppd/queue/page_ppd.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>
@@ -10,7 +10,7 @@
 #include "host/ppd/ppd_file.h"
 #include "support/problem_text.h"
 
-namespace driver_feature::filter {
+namespace driver_feature::ppd {
 namespace {
 
 using testing::HasSubstr;
@@ -21,9 +21,9 @@ class PagePpdTest : public testing::Test {
   ~PagePpdTest() override { std::filesystem::remove(file_); }
 
   // libcups' view of a PPD with these lines.
-  ppd::PpdPointer read(const std::string& lines) {
+  PpdPointer read(const std::string& lines) {
     std::ofstream(file_) << "*PPD-Adobe: \"4.3\"\n" << lines;
-    host::Result<ppd::PpdPointer> ppd = ppd::readPpd(file_);
+    host::Result<PpdPointer> ppd = readPpd(file_);
     EXPECT_EQ(problemText(ppd), "");
     return ppd ? std::move(*ppd) : nullptr;
   }
@@ -42,7 +42,7 @@ const std::string kDuplex =
     "*Duplex None: \"one\"\n*Duplex DuplexTumble: \"two\"\n*CloseUI: *Duplex\n";
 
 TEST_F(PagePpdTest, Sheet_IsTheMarkedOneWithItsMargins) {
-  const ppd::PpdPointer ppd = read(kSizes + "*LandscapeOrientation: Plus90\n");
+  const PpdPointer ppd = read(kSizes + "*LandscapeOrientation: Plus90\n");
   EXPECT_THAT(pagePpd(ppd.get()), HasSubstr("*LandscapeOrientation: Plus90\n"));
   EXPECT_THAT(pagePpd(ppd.get()), HasSubstr("*ImageableArea Sheet: \"10 20 400.5 575\"\n"
                                             "*PaperDimension Sheet: \"420 595\"\n"));
@@ -53,7 +53,7 @@ TEST_F(PagePpdTest, Sheet_IsTheMarkedOneWithItsMargins) {
 
 TEST_F(PagePpdTest, Text_HasNoCommandAndNamesAFilter) {
   for (const std::string& lines : {std::string(), kSizes + kDuplex}) {
-    ppd::PpdPointer ppd = read(lines);
+    PpdPointer ppd = read(lines);
     if (ppdFindOption(ppd.get(), "Duplex") != nullptr) {
       ppdMarkOption(ppd.get(), "Duplex", "DuplexTumble");
     }
@@ -72,7 +72,7 @@ TEST_F(PagePpdTest, Text_HasNoCommandAndNamesAFilter) {
 }
 
 TEST_F(PagePpdTest, BothSides_AreThoseOfTheMarkedChoice) {
-  const ppd::PpdPointer ppd = read(kDuplex + "*cupsEvenDuplex: True\n");
+  const PpdPointer ppd = read(kDuplex + "*cupsEvenDuplex: True\n");
   EXPECT_FALSE(printsBothSides(*ppd));
   EXPECT_FALSE(fillsLastSheet(*ppd));
   EXPECT_THAT(pagePpd(ppd.get()), Not(HasSubstr("Duplex")));
@@ -89,7 +89,7 @@ TEST_F(PagePpdTest, Order_IsTheTraysOrThePrinters) {
       "*DefaultOutputOrder: Reverse\n*PageStackOrder Down: Normal\n*OpenUI *OutputBin: PickOne\n"
       "*DefaultOutputBin: Down\n*OutputBin Down: \"d\"\n*OutputBin Up: \"u\"\n"
       "*CloseUI: *OutputBin\n";
-  const ppd::PpdPointer ppd = read(trays);
+  const PpdPointer ppd = read(trays);
   EXPECT_FALSE(stacksReversed(*ppd));
   ppdMarkOption(ppd.get(), "OutputBin", "Up");
   EXPECT_TRUE(stacksReversed(*ppd));
@@ -107,4 +107,4 @@ TEST_F(PagePpdTest, MostCopies_AreThoseOfThePrinter) {
 }
 
 }  // namespace
-}  // namespace driver_feature::filter
+}  // namespace driver_feature::ppd

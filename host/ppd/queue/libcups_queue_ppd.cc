@@ -1,13 +1,14 @@
-#include "host/ppd/queue/queue_ppd.h"
+#include "host/ppd/queue/libcups_queue_ppd.h"
 
 #include <cups/ppd.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <sstream>
+#include <utility>
 
 #include "host/description/description_index.h"
+#include "host/ppd/queue/page_ppd.h"
 
 namespace driver_feature::ppd {
 
@@ -61,43 +62,18 @@ std::string written(const Write& write) {
 
 }  // namespace
 
-QueuePpd::QueuePpd(const std::string& path, PpdPointer ppd) : path_(path), ppd_(std::move(ppd)) {
-  for (const std::string& value : attributes("DriverFeatureChoice")) {
-    std::istringstream words(value);
-    ForeignName foreign;
-    words >> foreign.option >> foreign.choice >> std::ws;
-    std::getline(words, foreign.name);
-    foreignNames_.push_back(std::move(foreign));
-  }
-}
+LibcupsQueuePpd::LibcupsQueuePpd(const std::string& path, PpdPointer ppd)
+    : path_(path),
+      ppd_(std::move(ppd)),
+      foreignNames_(LibcupsQueuePpd::attributes("DriverFeatureChoice")) {}
 
-// The PPD's name of a choice that the description calls so; else the name as it
-// is.
-std::string QueuePpd::choiceNamed(const std::string& option, const std::string& name) const {
-  for (const ForeignName& foreign : foreignNames_) {
-    if (equalKeywords(foreign.option.c_str(), option.c_str()) &&
-        equalKeywords(foreign.name.c_str(), name.c_str())) {
-      return foreign.choice;
-    }
-  }
-  return name;
-}
-
-// What the description calls a choice of the PPD.
-std::string QueuePpd::nameOf(const std::string& option, const std::string& choice) const {
-  for (const ForeignName& foreign : foreignNames_) {
-    if (foreign.option == option && foreign.choice == choice) return foreign.name;
-  }
-  return choice;
-}
-
-host::Result<std::unique_ptr<QueuePpd>> QueuePpd::open(const std::string& path) {
+host::Result<std::unique_ptr<LibcupsQueuePpd>> LibcupsQueuePpd::open(const std::string& path) {
   host::Result<PpdPointer> ppd = readPpd(path);
   if (!ppd) return failureOf(ppd);
-  return std::unique_ptr<QueuePpd>(new QueuePpd(path, std::move(*ppd)));
+  return std::make_unique<LibcupsQueuePpd>(path, std::move(*ppd));
 }
 
-std::vector<std::string> QueuePpd::attributes(const std::string& name) const {
+std::vector<std::string> LibcupsQueuePpd::attributes(const std::string& name) const {
   std::vector<std::string> values;
   for (const ppd_attr_t* attribute = ppdFindAttr(ppd_.get(), name.c_str(), nullptr);
        attribute != nullptr; attribute = ppdFindNextAttr(ppd_.get(), name.c_str(), nullptr)) {
@@ -106,18 +82,19 @@ std::vector<std::string> QueuePpd::attributes(const std::string& name) const {
   return values;
 }
 
-std::optional<std::string> QueuePpd::keywordOf(const std::string& option) const {
+std::optional<std::string> LibcupsQueuePpd::keywordOf(const std::string& option) const {
   const ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
   if (found == nullptr) return std::nullopt;
   return found->keyword;
 }
 
-bool QueuePpd::hasChoice(const std::string& option, const std::string& value) const {
+bool LibcupsQueuePpd::hasChoice(const std::string& option, const std::string& value) const {
   ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
-  return found != nullptr && ppdFindChoice(found, choiceNamed(option, value).c_str()) != nullptr;
+  return found != nullptr &&
+         ppdFindChoice(found, foreignNames_.choiceNamed(option, value).c_str()) != nullptr;
 }
 
-bool QueuePpd::understands(const host::Setting& option) {
+bool LibcupsQueuePpd::understands(const host::Setting& option) {
   ppdMarkDefaults(ppd_.get());
   std::vector<ppd_choice_t*> choices;
   for (ppd_option_t* one : optionsOf(*ppd_)) {
@@ -132,7 +109,7 @@ bool QueuePpd::understands(const host::Setting& option) {
                      [](const ppd_choice_t* choice) { return choice->marked != 0; });
 }
 
-std::vector<std::string> QueuePpd::choicesOf(const std::string& option) const {
+std::vector<std::string> LibcupsQueuePpd::choicesOf(const std::string& option) const {
   std::vector<std::string> names;
   ppd_option_t* found = ppdFindOption(ppd_.get(), option.c_str());
   if (found == nullptr) return names;
@@ -142,11 +119,11 @@ std::vector<std::string> QueuePpd::choicesOf(const std::string& option) const {
   return names;
 }
 
-void QueuePpd::mark(const std::vector<host::Setting>& options) {
+void LibcupsQueuePpd::mark(const std::vector<host::Setting>& options) {
   cups_option_t* list = nullptr;
   int count = 0;
   for (const host::Setting& option : options) {
-    const std::string choice = choiceNamed(option.name, option.value);
+    const std::string choice = foreignNames_.choiceNamed(option.name, option.value);
     count = cupsAddOption(option.name.c_str(), choice.c_str(), count, &list);
   }
   ppdMarkDefaults(ppd_.get());
@@ -156,13 +133,13 @@ void QueuePpd::mark(const std::vector<host::Setting>& options) {
   emittedText(*ppd_, PPD_ORDER_ANY);
 }
 
-std::vector<host::Setting> QueuePpd::marked() const {
+std::vector<host::Setting> LibcupsQueuePpd::marked() const {
   std::vector<host::Setting> settings;
   for (ppd_option_t* option : optionsOf(*ppd_)) addMarked(*option, settings);
   return settings;
 }
 
-void QueuePpd::addMarked(ppd_option_t& option, std::vector<host::Setting>& settings) const {
+void LibcupsQueuePpd::addMarked(ppd_option_t& option, std::vector<host::Setting>& settings) const {
   const std::string keyword = option.keyword;
   if (option.ui == PPD_UI_PICKMANY) {
     for (const ppd_choice_t* choice : ppd::choicesOf(option)) {
@@ -173,11 +150,12 @@ void QueuePpd::addMarked(ppd_option_t& option, std::vector<host::Setting>& setti
   const ppd_choice_t* choice = ppdFindMarkedChoice(ppd_.get(), option.keyword);
   // The parameters first, so that the choice finds them in their place.
   if (choice != nullptr && isCustom(*choice)) addParameters(keyword, settings);
-  settings.push_back({keyword, choice != nullptr ? nameOf(keyword, choice->choice) : kNotSet});
+  settings.push_back(
+      {keyword, choice != nullptr ? foreignNames_.nameOf(keyword, choice->choice) : kNotSet});
 }
 
-void QueuePpd::addParameters(const std::string& keyword,
-                             std::vector<host::Setting>& settings) const {
+void LibcupsQueuePpd::addParameters(const std::string& keyword,
+                                    std::vector<host::Setting>& settings) const {
   const ppd_coption_t* custom = ppdFindCustomOption(ppd_.get(), keyword.c_str());
   if (custom == nullptr) return;
   for (auto* each = static_cast<ppd_cparam_t*>(cupsArrayFirst(custom->params)); each != nullptr;
@@ -190,41 +168,71 @@ void QueuePpd::addParameters(const std::string& keyword,
   }
 }
 
-std::string QueuePpd::jobBegin(int job, const std::string& user, const std::string& title) const {
+bool LibcupsQueuePpd::isMarked(const std::string& option, const std::string& choice) const {
+  return ppdIsMarked(ppd_.get(), option.c_str(), choice.c_str()) != 0;
+}
+
+// With 0 for the numbers of custom choices.
+std::string LibcupsQueuePpd::wholeJobBegin(int job, const std::string& user,
+                                           const std::string& title) const {
   const CustomNumbersAway away(*ppd_);
   return written(
       [&](std::FILE* file) { ppdEmitJCL(ppd_.get(), file, job, user.c_str(), title.c_str()); });
 }
 
-std::string QueuePpd::jobEnd() const {
+std::string LibcupsQueuePpd::jobBegin(int job, const std::string& user,
+                                      const std::string& title) const {
+  const std::string whole = wholeJobBegin(job, user, title);
+  const std::string rest = emittedText(*ppd_, PPD_ORDER_JCL) + jclToPostScript();
+  if (!whole.ends_with(rest)) return "";
+  return whole.substr(0, whole.size() - rest.size());
+}
+
+bool LibcupsQueuePpd::hasHeaderLike() const {
+  return wholeJobBegin(0, "", "").find("%!") != std::string::npos;
+}
+
+std::string LibcupsQueuePpd::jobEnd() const {
   // Without the queue's own filter libcups would end the job itself.
   if (ppd_->jcl_end == nullptr && !attributes("DriverFeatureEndOfFile").empty()) return "\x04";
   return written([&](std::FILE* file) { ppdEmitJCLEnd(ppd_.get(), file); });
 }
 
-std::string QueuePpd::jobPatch() const {
+std::string LibcupsQueuePpd::jobPatch() const {
   if (ppd_->patches == nullptr) return "";
   return "%%BeginFeature: *JobPatchFile 1\n" + std::string(ppd_->patches) + "\n%%EndFeature\n";
 }
 
-std::string QueuePpd::exitServer() const {
+std::string LibcupsQueuePpd::exitServer() const {
   return emittedText(*ppd_, PPD_ORDER_EXIT);
 }
 
-std::string QueuePpd::jclBegin() const {
+std::string LibcupsQueuePpd::jclBegin() const {
   return textOf(ppd_->jcl_begin);
 }
 
-std::string QueuePpd::jclToPostScript() const {
+std::string LibcupsQueuePpd::jclToPostScript() const {
   return textOf(ppd_->jcl_ps);
 }
 
-std::string QueuePpd::jclEnd() const {
+std::string LibcupsQueuePpd::jclEnd() const {
   return textOf(ppd_->jcl_end);
 }
 
-std::string QueuePpd::jclOptions() const {
-  return emittedText(*ppd_, PPD_ORDER_JCL);
+bool LibcupsQueuePpd::fillsLastSheet() const {
+  return ppd::fillsLastSheet(*ppd_);
+}
+
+bool LibcupsQueuePpd::stacksReversed() const {
+  return ppd::stacksReversed(*ppd_);
+}
+
+int LibcupsQueuePpd::mostCopies() const {
+  return ppd::mostCopies(*ppd_);
+}
+
+std::string LibcupsQueuePpd::pagePpd() const {
+  return ppd::pagePpd(ppd_.get());
 }
 
 }  // namespace driver_feature::ppd

@@ -1,11 +1,12 @@
-#include "programs/filter/page_ppd.h"
+#include "host/ppd/queue/page_ppd.h"
 
 #include <cstdlib>
 
 #include "host/description/description_index.h"
+#include "host/ppd/plain/sheetless_page_ppd.h"
 #include "host/ppd/ppd_file.h"
 
-namespace driver_feature::filter {
+namespace driver_feature::ppd {
 
 namespace {
 
@@ -46,7 +47,7 @@ bool printsBothSides(ppd_file_t& ppd) {
 }
 
 bool fillsLastSheet(ppd_file_t& ppd) {
-  return ppd::equalKeywords(value(ppd, "cupsEvenDuplex"), "true") && printsBothSides(ppd);
+  return equalKeywords(value(ppd, "cupsEvenDuplex"), "true") && printsBothSides(ppd);
 }
 
 bool stacksReversed(ppd_file_t& ppd) {
@@ -55,7 +56,7 @@ bool stacksReversed(ppd_file_t& ppd) {
   const ppd_attr_t* order =
       tray != nullptr ? ppdFindAttr(&ppd, "PageStackOrder", tray->choice) : nullptr;
   const bool isTrays = order != nullptr && order->value != nullptr;
-  return ppd::equalKeywords(isTrays ? order->value : value(ppd, "DefaultOutputOrder"), "Reverse");
+  return equalKeywords(isTrays ? order->value : value(ppd, "DefaultOutputOrder"), "Reverse");
 }
 
 int mostCopies(ppd_file_t& ppd) {
@@ -66,13 +67,7 @@ int mostCopies(ppd_file_t& ppd) {
 }
 
 std::string pagePpd(ppd_file_t* ppd) {
-  std::string text =
-      "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*FileVersion: \"1.0\"\n"
-      "*LanguageVersion: English\n*LanguageEncoding: ISOLatin1\n*PCFileName: \"PAGES.PPD\"\n"
-      "*Manufacturer: \"None\"\n*ModelName: \"Pages\"\n*ShortNickName: \"Pages\"\n"
-      "*NickName: \"Pages\"\n*Product: \"(Pages)\"\n*PSVersion: \"(3010.000) 0\"\n"
-      "*LanguageLevel: \"3\"\n*ColorDevice: True\n"
-      "*cupsFilter: \"application/postscript 0 driver-feature-filter\"\n";
+  std::string text(kSheetlessPagePpd);
   if (ppd == nullptr) return text;
   if (ppd->landscape > 0) text += "*LandscapeOrientation: Plus90\n";
   if (ppd->landscape < 0) text += "*LandscapeOrientation: Minus90\n";
@@ -83,4 +78,4 @@ std::string pagePpd(ppd_file_t* ppd) {
   return text;
 }
 
-}  // namespace driver_feature::filter
+}  // namespace driver_feature::ppd

@@ -1,4 +1,4 @@
-#include "host/ppd/queue/ppd_statements.h"
+#include "host/ppd/plain/ppd_statements.h"
 
 #include <gmock/gmock.h>
 

@@ -1,0 +1,5 @@
+// Does nothing: what the start of a C++ program takes.
+
+int main() {
+  return 0;
+}
