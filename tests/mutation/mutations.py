@@ -96,9 +96,9 @@ def _negated_condition(source, _):
 
 
 def _next_number(text):
-    if text.startswith("0x") or re.fullmatch(r"\d+", text):
-        value = int(text, 0)
-        return str(1 - value if value < 2 else value + 1)
+    if whole := re.fullmatch(r"(0x[0-9A-Fa-f]+|\d+)([UL]*)", text):
+        value = int(whole.group(1), 0)
+        return str(1 - value if value < 2 else value + 1) + whole.group(2)
     if re.fullmatch(r"\d+\.\d+F?", text):
         return "1" + text
     return None
