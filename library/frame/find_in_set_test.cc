@@ -1,6 +1,8 @@
 // Looking features and groups up in the set.
 
+#include <memory>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -61,6 +63,20 @@ TEST_F(FindInSetTest, FindByName_Absent_IsLogged) {
   EXPECT_EQ(find("A"), nullptr);
   EXPECT_EQ(find("static"), nullptr);
   EXPECT_THAT(host_.takeEvents(), ElementsAre(notFound("A"), notFound("static")));
+}
+
+// Of many groups an index is kept, which a new name of any of them ends.
+TEST_F(FindInSetTest, FindByName_RenamedGroupAmongMany_IsFoundBeforeLaterOnesOfItsName) {
+  std::vector<std::unique_ptr<DriverFeatureStaticGroup>> groups;
+  for (int i = 0; i < 40; ++i) {
+    groups.push_back(std::make_unique<DriverFeatureStaticGroup>("G" + std::to_string(i)));
+    set_.addStaticGroupToFeatureList(groups.back().get());
+  }
+  EXPECT_EQ(find("G30"), groups[30].get());
+  EXPECT_TRUE(groups[5]->setFeatureProperty(std::string("Name"), std::string("G30")));
+  EXPECT_EQ(find("G30"), groups[5].get());
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
+  EXPECT_EQ(find("G5"), nullptr);
 }
 
 TEST_F(FindInSetTest, FindByName_UsesTheNameOfFiling) {
