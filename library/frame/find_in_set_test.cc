@@ -72,7 +72,8 @@ TEST_F(FindInSetTest, FindByName_RenamedGroupAmongMany_IsFoundBeforeLaterOnesOfI
     groups.push_back(std::make_unique<DriverFeatureStaticGroup>("G" + std::to_string(i)));
     set_.addStaticGroupToFeatureList(groups.back().get());
   }
-  EXPECT_EQ(find("G30"), groups[30].get());
+  // The index is made when names are looked for again.
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(find("G30"), groups[30].get());
   EXPECT_TRUE(groups[5]->setFeatureProperty(std::string("Name"), std::string("G30")));
   EXPECT_EQ(find("G30"), groups[5].get());
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
