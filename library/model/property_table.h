@@ -144,15 +144,15 @@ auto valueOf(const Object& object, const PropertyRow<Object, Name>& row) {
 
 template <class Value, class Object, class Name>
 void storeValue(Object& object, const PropertyRow<Object, Name>& row, const Value& value) {
-  const auto number = static_cast<std::size_t>(row.property);
+  const auto property = static_cast<std::size_t>(row.property);
   if constexpr (std::is_same_v<Value, std::string>) {
-    (object.*std::get_if<Kept<Object, Value>>(&row.member)->store).setText(number, value);
+    (object.*std::get_if<Kept<Object, Value>>(&row.member)->store).setText(property, value);
   } else if constexpr (std::is_same_v<Value, bool>) {
     object.*(*std::get_if<bool Object::*>(&row.member)) = value;
   } else if (const auto* member = std::get_if<Value Object::*>(&row.member)) {
     object.*(*member) = value;
   } else {
-    (object.*std::get_if<Kept<Object, Value>>(&row.member)->store).setNumber(number, value);
+    (object.*std::get_if<Kept<Object, Value>>(&row.member)->store).setNumber(property, value);
   }
 }
 
