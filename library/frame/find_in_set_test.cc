@@ -1,8 +1,7 @@
 // Looking features and groups up in the set.
 
-#include <memory>
+#include <deque>
 #include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -67,15 +66,17 @@ TEST_F(FindInSetTest, FindByName_Absent_IsLogged) {
 
 // Of many groups an index is kept, which a new name of any of them ends.
 TEST_F(FindInSetTest, FindByName_RenamedGroupAmongMany_IsFoundBeforeLaterOnesOfItsName) {
-  std::vector<std::unique_ptr<DriverFeatureStaticGroup>> groups;
+  struct Group final : DriverFeatureStaticGroup {
+    using DriverFeatureStaticGroup::DriverFeatureStaticGroup;
+  };
+  std::deque<Group> groups;
   for (int i = 0; i < 40; ++i) {
-    groups.push_back(std::make_unique<DriverFeatureStaticGroup>("G" + std::to_string(i)));
-    set_.addStaticGroupToFeatureList(groups.back().get());
+    set_.addStaticGroupToFeatureList(&groups.emplace_back("G" + std::to_string(i)));
   }
   // The index is made when names are looked for again.
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(find("G30"), groups[30].get());
-  EXPECT_TRUE(groups[5]->setFeatureProperty(std::string("Name"), std::string("G30")));
-  EXPECT_EQ(find("G30"), groups[5].get());
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(find("G30"), &groups[30]);
+  EXPECT_TRUE(groups[5].setFeatureProperty(std::string("Name"), std::string("G30")));
+  EXPECT_EQ(find("G30"), &groups[5]);
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
   EXPECT_EQ(find("G5"), nullptr);
 }
