@@ -1,39 +1,20 @@
-// What each option of a job stands for: a choice of the PPD, a feature, something
+// What each option of a job means: a choice of the PPD, a feature, something
 // that libcups knows, or work on the pages.
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
 #include "host/base/text.h"
 #include "host/ppd/plain/keywords.h"
 #include "programs/filter/feature_key.h"
 #include "programs/filter/job_settings.h"
+#include "programs/filter/libcups_options.h"
 #include "programs/filter/media_rule.h"
 #include "programs/filter/messages.h"
 
 namespace driver_feature::filter {
 
 namespace {
-
-// Options that libcups turns into choices of the PPD. A feature's key may be
-// one of them; a value that the feature does not know is then libcups' affair.
-bool isKnownToLibcups(const std::string& option) {
-  constexpr std::array<std::string_view, 13> kKnown = {"finishings",
-                                                       "finishing-template",
-                                                       "media",
-                                                       "media-col",
-                                                       "mirror",
-                                                       "multiple-document-handling",
-                                                       "output-bin",
-                                                       "output-mode",
-                                                       "print-color-mode",
-                                                       "print-quality",
-                                                       "printer-resolution",
-                                                       "resolution",
-                                                       "sides"};
-  return std::find(kKnown.begin(), kKnown.end(), option) != kKnown.end();
-}
 
 const std::string kPageSize = "PageSize";
 const std::string kMirror = "MirrorPrint";
@@ -106,8 +87,8 @@ void JobSettings::sortUnknown(const host::Setting& option) {
   if (option.name == "mirror" && ppd_ != nullptr && ppd_->keywordOf(kMirror)) return;
   if (pages_.take(option)) return;
   if (ppd_ != nullptr && isKnownToLibcups(option.name) && ppd_->understands(option)) return;
-  tell(Message::kDebug,
-       "option " + option.name + " is ignored, because this queue does not have it");
+  writeMessage(Message::kDebug,
+               "option " + option.name + " is ignored, because this queue does not have it");
 }
 
 bool JobSettings::asksFor(const std::string& name) const {
@@ -120,6 +101,7 @@ bool JobSettings::sortByKey(const host::Setting& option) {
   const auto feature = featureWithKey(model_, option.name);
   if (!feature) return false;
   const auto value = valueWithKey(model_, *feature, option.value);
+  // A value that the feature does not know is then libcups' affair.
   if (!value && ppd_ != nullptr && isKnownToLibcups(option.name)) {
     const bool isStrict = option.name == "media" || option.name == "sides";
     if (!isStrict || ppd_->understands(option)) return false;

@@ -1,12 +1,12 @@
 #include "programs/filter/plain_job.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <string_view>
 #include <utility>
 
 #include "host/ppd/plain/keywords.h"
+#include "programs/filter/libcups_options.h"
 #include "programs/filter/page_options.h"
 
 namespace driver_feature::filter {
@@ -15,33 +15,8 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\n\v\f\r";
 
-// Options from which libcups makes choices of a PPD, or which change what it
-// makes of others.
-constexpr std::array<std::string_view, 17> kForLibcups = {"AP_D_InputSlot",
-                                                          "APPrinterPreset",
-                                                          "cupsPrintQuality",
-                                                          "emit-jcl",
-                                                          "finishing-template",
-                                                          "finishings",
-                                                          "media",
-                                                          "media-col",
-                                                          "mirror",
-                                                          "multiple-document-handling",
-                                                          "output-bin",
-                                                          "output-mode",
-                                                          "print-color-mode",
-                                                          "print-quality",
-                                                          "printer-resolution",
-                                                          "resolution",
-                                                          "sides"};
-
-bool isForLibcups(std::string_view option) {
-  return std::any_of(kForLibcups.begin(), kForLibcups.end(),
-                     [option](std::string_view each) { return ppd::equalKeywords(each, option); });
-}
-
 bool isPlain(const host::Setting& option, const ppd::PlainQueuePpd& ppd) {
-  if (isForLibcups(option.name) || !ppd.knows(option)) return false;
+  if (concernsLibcups(option.name) || !ppd.knows(option)) return false;
   const PageOptionKind kind = pageOption(option).kind;
   return kind == PageOptionKind::kNone || kind == PageOptionKind::kIdle;
 }
