@@ -39,7 +39,8 @@ std::vector<ppd_choice_t*> choicesOf(ppd_option_t& option);
 // While it lives, the numbers of all custom choices are 0, page sizes included.
 //
 // libcups makes room for ten bytes of such a number, and writes those that need
-// more past the end of its memory. Values come from the user who prints.
+// more past the end of its memory. The values of a job come from its user, so
+// they must be assumed to be hostile.
 class CustomNumbersAway {
  public:
   explicit CustomNumbersAway(ppd_file_t& ppd);

@@ -50,7 +50,8 @@ host::Result<> problemOf(const PageCount& count, const JobTexts& texts) {
         "the document is not whole, because the scheduler's filter for pages has ended early");
   }
   if (texts.end != DocumentEnd::kAny && count.pages() == 0) {
-    tell(Message::kWarning, "no page is printed, because the job's options leave out all of them");
+    writeMessage(Message::kWarning,
+                 "no page is printed, because the job's options leave out all of them");
   }
   return {};
 }
@@ -62,7 +63,8 @@ host::Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts) 
   JobSource source(arguments.file);
   Device device(STDOUT_FILENO);
   JobStructure job(texts.sections, device, [&](long page) {
-    tellPage(page, arguments.isConverted ? job.pageCount().copiesInside() : arguments.copies);
+    writePageMessage(page,
+                     arguments.isConverted ? job.pageCount().copiesInside() : arguments.copies);
   });
   LibcupsFrameCutter document(texts.around, job, [&job] { job.noteTakenPjl(); });
   EpsFile file(document);
@@ -77,7 +79,7 @@ host::Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts) 
   device.flush();
   if (device.hasBegun()) device.putLast(texts.trailer);
   if (isCancelled()) {
-    tell(Message::kDebug, "the job has been cancelled");
+    writeMessage(Message::kDebug, "the job has been cancelled");
     return {};
   }
   if (result) result = problemOf(device);
@@ -87,9 +89,9 @@ host::Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts) 
     result = host::refused("the EPS file ends before its PostScript does; send the whole file");
   }
   if (result && !job.isSetUp()) {
-    tell(Message::kWarning,
-         "no comment in the job shows where its pages begin; the settings of "
-         "its document set-up are not written");
+    writeMessage(Message::kWarning,
+                 "no comment in the job shows where its pages begin; the settings of "
+                 "its document set-up are not written");
   }
   return result;
 }

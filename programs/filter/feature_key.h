@@ -13,7 +13,7 @@ namespace driver_feature::filter {
 // The name of the first feature with that key; nothing without one.
 std::optional<std::string> featureWithKey(const host::Model& model, const std::string& key);
 
-// The value of the feature that the text stands for: the name of the option
+// The value of the feature that the text means: the name of the option
 // with that name or, if there is none, that key. Nothing when no option has
 // it. A feature without options takes the text as it is.
 std::optional<std::string> valueWithKey(const host::Model& model, const std::string& feature,

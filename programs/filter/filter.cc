@@ -25,7 +25,7 @@
 namespace driver_feature::filter {
 
 int failWith(const host::Problem& problem) {
-  tell(Message::kError, describe(problem));
+  writeMessage(Message::kError, describe(problem));
   return cli::kFailure;
 }
 
@@ -38,7 +38,8 @@ JobTexts composeTexts(const host::Session& session, const ppd::QueuePpd* ppd,
   texts.sections =
       cutSections(outputOf(session.features(), host::OutputForm::kPostScript), unknown);
   for (const std::string& name : unknown) {
-    tell(Message::kDebug, "there is no section " + name + "; it goes into the document set-up");
+    writeMessage(Message::kDebug,
+                 "there is no section " + name + "; it goes into the document set-up");
   }
   if (ppd != nullptr && !arguments.isConverted) {
     texts.sections.prolog.insert(0, ppd->jobPatch());
@@ -66,12 +67,12 @@ std::optional<JobTexts> textsFor(FilterArguments& arguments, const Queue& queue,
   request.loadSetting = host::applyLoadedSetting;
   const auto opened = host::Session::open(request);
   if (!opened) {
-    tell(Message::kError, describe(opened.error()));
+    writeMessage(Message::kError, describe(opened.error()));
     return std::nullopt;
   }
   host::Session& session = **opened;
   // Such as a routine that is missing: the job then lacks what it would write.
-  session.log().setReport([](const std::string& line) { tell(Message::kWarning, line); });
+  session.log().setReport([](const std::string& line) { writeMessage(Message::kWarning, line); });
   session.log().release();
   session.offerNoAllowance();
   JobSettings settings(session.model(), ppd, queue.refusedValue, pages);
@@ -98,7 +99,7 @@ int runJob(FilterArguments arguments, ppd::QueuePpd* ppd) {
   dropCopiesMade(arguments);
   const auto queue = readQueue(ppd, [](const char* name) { return std::getenv(name); });
   if (!queue) return failWith(queue.error());
-  tell(Message::kDebug, "the description is " + queue->description);
+  writeMessage(Message::kDebug, "the description is " + queue->description);
   PageWork pages(arguments, ppd);
   auto texts = textsFor(arguments, *queue, ppd, pages);
   if (!texts) return cli::kFailure;
@@ -118,11 +119,11 @@ int runGuarded(const std::function<int()>& run) {
   } catch (const std::bad_alloc&) {
     cli::printLackOfMemory();
   } catch (const std::exception& error) {
-    tell(Message::kError, error.what());
+    writeMessage(Message::kError, error.what());
   } catch (...) {
-    tell(Message::kError,
-         "a routine of the description threw an exception that is not derived from "
-         "std::exception; fix the routine");
+    writeMessage(Message::kError,
+                 "a routine of the description threw an exception that is not derived from "
+                 "std::exception; fix the routine");
   }
   return cli::kFailure;
 }

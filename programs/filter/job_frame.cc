@@ -19,7 +19,7 @@ JobFrame frameOf(const host::Model& model, const ppd::QueuePpd* ppd,
                  const FilterArguments& arguments, const std::string& pjl) {
   const auto end = pjlOfTrue(model, "JCLEnd");
   const auto begin = pjlOfTrue(model, "JCLBegin");
-  // As libcups does: without both of them the options' commands would stand bare in front of the
+  // As libcups does: without both of them the options' commands would come bare before the
   // job.
   const bool isImported = model.index.groupNamed("Section.JCL") == host::GroupKind::kStatic;
   if (isImported && (!begin || !pjlOfTrue(model, "JCLToPSInterpreter"))) {

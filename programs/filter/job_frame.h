@@ -1,4 +1,4 @@
-// What stands in front of a job and behind it: PJL.
+// What comes before and after a job: PJL.
 #ifndef PROGRAMS_FILTER_JOB_FRAME_H_
 #define PROGRAMS_FILTER_JOB_FRAME_H_
 
@@ -24,7 +24,7 @@ struct JobFrame {
 // otherwise what libcups writes at the end of a job of the PPD.
 //
 // An imported description without "JCLBegin" or "JCLToPSInterpreter" has no
-// header: nothing would tell the printer that its commands are PJL.
+// header: without those, the printer would not know that its commands are PJL.
 //
 // Where the description's PJL begins as the PPD's does, the job's name and
 // user are added to it when libcups would add them, and as libcups writes

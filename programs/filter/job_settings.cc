@@ -36,8 +36,8 @@ bool JobSettings::apply(const FilterArguments& arguments) {
     bool again = false;
     for (const Wish& wish : refused) {
       if (wish.option.empty()) {
-        tell(Message::kDebug,
-             "the queue's default of " + wish.setting.name + " is not used: " + wish.reason);
+        writeMessage(Message::kDebug, "the queue's default of " + wish.setting.name +
+                                          " is not used: " + wish.reason);
         continue;
       }
       refuse(wish.option, wish.reason);
@@ -55,7 +55,7 @@ bool JobSettings::settlePages() {
   const bool isMirrored = ppd_ != nullptr && ppd_->isMarked(kMirrorPrint, "True");
   if (isMirrored) pages_.takeMirror();
   const host::Result<> decided = pages_.decide(takesCopies());
-  if (!decided) tell(Message::kError, decided.error().text);
+  if (!decided) writeMessage(Message::kError, decided.error().text);
   return decided.has_value();
 }
 
@@ -178,10 +178,10 @@ bool JobSettings::isDone(Wish& wish) const {
 void JobSettings::refuse(const std::string& option, const std::string& reason) {
   if (refusedValue_ == RefusedValue::kFail) {
     hasFailed_ = true;
-    tell(Message::kError, "option " + option + ": " + reason);
+    writeMessage(Message::kError, "option " + option + ": " + reason);
   } else {
-    tell(Message::kWarning,
-         "option " + option + ": " + reason + "; the queue's default is used instead");
+    writeMessage(Message::kWarning,
+                 "option " + option + ": " + reason + "; the queue's default is used instead");
   }
 }
 

@@ -20,7 +20,7 @@ bool endsSetup(std::string_view keyword) {
   return isOneOf(keyword, {"Page", "Trailer", "EOF"});
 }
 
-// Whether the comment begins what only a prolog or a part behind it holds.
+// Whether the comment begins what only a prolog or a part after it holds.
 bool showsStructure(std::string_view keyword) {
   return endsSetup(keyword) || isOneOf(keyword, {"EndProlog", "BeginSetup", "BeginResource",
                                                  "BeginProcSet", "BeginFont", "BeginFile"});
@@ -28,8 +28,8 @@ bool showsStructure(std::string_view keyword) {
 
 }  // namespace
 
-JobStructure::JobStructure(Sections sections, ByteSink& sink, std::function<void(long)> tellPage)
-    : sections_(std::move(sections)), sink_(sink), lines_(*this), pages_(std::move(tellPage)) {}
+JobStructure::JobStructure(Sections sections, ByteSink& sink, std::function<void(long)> reportPage)
+    : sections_(std::move(sections)), sink_(sink), lines_(*this), pages_(std::move(reportPage)) {}
 
 void JobStructure::finish() {
   lines_.finish();
@@ -135,7 +135,7 @@ bool JobStructure::takeFront(const JobLine& line) {
   return pass({text, line.end, line.isWhole});
 }
 
-// Blank lines and PJL may stand in front of PostScript, but no PJL that enters
+// Blank lines and PJL may come before PostScript, but no PJL that enters
 // another language.
 bool JobStructure::takePjlInFront(std::string_view text) {
   if (text.find_first_not_of(" \t") == std::string_view::npos) return true;

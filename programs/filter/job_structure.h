@@ -4,7 +4,7 @@
 // - The header goes in front of the job, once it shows that it is PostScript.
 // - Prolog, document set-up and page set-up go to the beginning of the job's
 //   own; where it has none, one is added at its place. A job without structure
-//   gets all of them behind its header comments.
+//   gets all of them after its header comments.
 // - Binary data, embedded documents and lines of any length pass untouched.
 //
 // A PJL header that the job brings with it is taken off, and so is its PJL
@@ -31,14 +31,14 @@ class JobStructure : public ByteSink, private LineListener {
  public:
   // What the job has shown so far.
   enum class Kind {
-    kUnknown,        // Nothing but what may stand in front of it.
+    kUnknown,        // Nothing but what may come before it.
     kPostScript,     // The header is written.
     kNotPostScript,  // Nothing is written and nothing will be.
   };
 
-  // `tellPage` is told the number of each page, as PageCount counts them. The
+  // `reportPage` gets the number of each page, as PageCount counts them. The
   // sink must outlive this object.
-  JobStructure(Sections sections, ByteSink& sink, std::function<void(long)> tellPage);
+  JobStructure(Sections sections, ByteSink& sink, std::function<void(long)> reportPage);
 
   void put(std::string_view bytes) override { lines_.take(bytes); }
 
@@ -50,7 +50,7 @@ class JobStructure : public ByteSink, private LineListener {
 
   Kind kind() const { return kind_; }
 
-  // Whether another document stands behind the PJL trailer that was taken off.
+  // Whether another document follows the PJL trailer that was taken off.
   // It is left out.
   bool hasSecondDocument() const { return hasSecondDocument_; }
 
@@ -61,7 +61,7 @@ class JobStructure : public ByteSink, private LineListener {
   bool isSetUp() const { return isSetUp_ || sections_.documentSetup.empty(); }
 
  private:
-  // Where in the job the next line stands.
+  // Which part of the job the next line is in.
   enum class Place {
     kFront,         // In front of the PostScript.
     kHeader,        // In the header comments.
@@ -85,7 +85,7 @@ class JobStructure : public ByteSink, private LineListener {
   void releaseTrailer();
   bool takeEmbedded(const JobLine& line, std::string_view keyword);
   void beginEmbedded(const JobLine& line, std::string_view keyword);
-  // Each answers whether it has dealt with the line; otherwise the place has
+  // Each returns whether it has dealt with the line; otherwise the place has
   // changed.
   bool takeAt(const JobLine& line, std::string_view keyword);
   bool takeFront(const JobLine& line);

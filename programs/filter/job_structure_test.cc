@@ -240,7 +240,7 @@ TEST(JobStructure, LineOfHundredMegabytes_PassesInPieces) {
   const std::string piece(65536, '%');
   for (int i = 0; i < 1600; ++i) structure.put(piece);
   structure.finish();
-  // Behind the line, which is a header comment, stand its line end and the texts with their
+  // After the line, which is a header comment, come its line end and the texts with their
   // comments.
   EXPECT_EQ(counter.count - before, 1600U * 65536U + 1 + 5 + 33 + 38);
   EXPECT_LE(counter.longest, 65536U);

@@ -43,7 +43,7 @@ bool JobStructure::holdsTrailer(const JobLine& line) {
   return true;
 }
 
-// The lines are no trailer: they belong to the job.
+// The lines are not a trailer: they belong to the job.
 void JobStructure::releaseTrailer() {
   const auto lines = std::move(trailer_);
   trailer_.clear();

@@ -18,8 +18,8 @@ class KeptDocument {
 
   // Reads the job from its file, or from standard input when the name is empty,
   // and keeps its document: what remains without the parts in front of it and
-  // behind it. The job can be read once more afterwards, from the same place.
-  // Returns why that failed; a job that was cancelled is no failure.
+  // after it. The job can be read once more afterwards, from the same place.
+  // Returns why that failed; a job that was cancelled is not a failure.
   host::Result<> read(const std::string& file);
 
   // The document as an open file, at its beginning.
@@ -30,7 +30,7 @@ class KeptDocument {
   // Whether the job is one PostScript document and nothing else.
   bool isDocument() const { return isDocument_; }
 
-  // Whether its comments tell its pages, and there are any.
+  // Whether its comments mark its pages, and there are any.
   bool hasPages() const { return hasPages_; }
 
   // Whether it has such comments at all.

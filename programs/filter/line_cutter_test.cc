@@ -10,40 +10,40 @@ namespace {
 
 using testing::ElementsAre;
 
-// Writes down what it is told: "line[text|end]", "begin[size]", "bytes[...]".
+// Writes down what it gets: "line[text|end]", "begin[size]", "bytes[...]".
 class Recorder : public LineListener {
  public:
   void takeLine(const JobLine& line) override {
     const std::string end(line.end);
     if (line.isWhole) {
-      told.push_back("line[" + std::string(line.text) + "|" + end + "]");
+      seen.push_back("line[" + std::string(line.text) + "|" + end + "]");
     } else {
-      told.push_back("begin[" + std::to_string(line.text.size()) + end + "]");
+      seen.push_back("begin[" + std::to_string(line.text.size()) + end + "]");
     }
     if (cutter != nullptr && line.text.starts_with("pass ")) {
       cutter->passOn(std::stoull(std::string(line.text.substr(5))));
     }
   }
   void takeBytes(std::string_view bytes) override {
-    if (!told.empty() && told.back().starts_with("bytes[")) {
-      told.back().insert(told.back().size() - 1, bytes);
+    if (!seen.empty() && seen.back().starts_with("bytes[")) {
+      seen.back().insert(seen.back().size() - 1, bytes);
     } else {
-      told.push_back("bytes[" + std::string(bytes) + "]");
+      seen.push_back("bytes[" + std::string(bytes) + "]");
     }
   }
 
-  std::vector<std::string> told;
+  std::vector<std::string> seen;
   LineCutter* cutter = nullptr;
 };
 
-// What is told of the text when it comes in pieces of that many bytes.
+// What is reported of the text when it comes in pieces of that many bytes.
 std::vector<std::string> cut(const std::string& text, std::size_t piece) {
   Recorder recorder;
   LineCutter cutter(recorder);
   recorder.cutter = &cutter;
   for (std::size_t at = 0; at < text.size(); at += piece) cutter.take(text.substr(at, piece));
   cutter.finish();
-  return recorder.told;
+  return recorder.seen;
 }
 
 TEST(LineCutter, AnyLineEnd_IsToldWithItsLine) {

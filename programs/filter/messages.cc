@@ -43,11 +43,11 @@ void writeLine(const std::string& line) {
 
 }  // namespace
 
-void tell(Message kind, std::string_view text) {
+void writeMessage(Message kind, std::string_view text) {
   writeLine(wordOf(kind) + shortened(host::printable(text)) + "\n");
 }
 
-void tellPage(long number, long copies) {
+void writePageMessage(long number, long copies) {
   writeLine("PAGE: " + std::to_string(number) + " " + std::to_string(copies) + "\n");
 }
 

@@ -1,4 +1,4 @@
-// What the filter tells the print scheduler: lines on standard error, each
+// What the filter reports to the print scheduler: lines on standard error, each
 // with a word in front that says what it is.
 #ifndef PROGRAMS_FILTER_MESSAGES_H_
 #define PROGRAMS_FILTER_MESSAGES_H_
@@ -16,10 +16,10 @@ enum class Message {
 // Writes "ERROR: TEXT" or the like and a line end. Control characters of the
 // text are spelled out, and a long one is cut, so that it stays one line and
 // begins no other message.
-void tell(Message kind, std::string_view text);
+void writeMessage(Message kind, std::string_view text);
 
 // Writes "PAGE: NUMBER COPIES": a page has begun.
-void tellPage(long number, long copies);
+void writePageMessage(long number, long copies);
 
 }  // namespace driver_feature::filter
 

@@ -21,7 +21,7 @@ int numberIn(std::string_view text) {
 
 }  // namespace
 
-PageCount::PageCount(std::function<void(long)> tell) : tell_(std::move(tell)) {}
+PageCount::PageCount(std::function<void(long)> report) : report_(std::move(report)) {}
 
 void PageCount::begin(std::string_view line) {
   isStructured_ = line.starts_with(kStructured);
@@ -83,7 +83,7 @@ void PageCount::takePages(std::string_view line) {
 }
 
 void PageCount::addPage() {
-  tell_(++pages_);
+  report_(++pages_);
 }
 
 }  // namespace driver_feature::filter

@@ -3,7 +3,7 @@
 //
 // - A document that does not begin with "%!PS-Adobe-" is one page, whatever its
 //   comments say.
-// - Any other one has a page for each "%%Page:" behind its header comments and
+// - Any other one has a page for each "%%Page:" after its header comments and
 //   in front of its trailer, but not within embedded documents of a page. What
 //   "%%Pages:" promises does not matter.
 #ifndef PROGRAMS_FILTER_PAGE_COUNT_H_
@@ -16,13 +16,13 @@ namespace driver_feature::filter {
 
 class PageCount {
  public:
-  // `tell` gets the number of each page, counted from 1, when it begins.
-  explicit PageCount(std::function<void(long)> tell);
+  // `report` gets the number of each page, counted from 1, when it begins.
+  explicit PageCount(std::function<void(long)> report);
 
   // The first line of the document.
   void begin(std::string_view line);
 
-  // A later line that begins with a percent sign and is no data.
+  // A later line that begins with a percent sign and is not data.
   void take(std::string_view line);
 
   // A line that does not.
@@ -32,7 +32,7 @@ class PageCount {
 
   long pages() const { return pages_; }
 
-  // Whether the document's comments tell its pages.
+  // Whether the document's comments mark its pages.
   bool isStructured() const { return isStructured_; }
 
   // Whether a comment has begun a trailer, of the document or of one within it.
@@ -50,7 +50,7 @@ class PageCount {
   void takePages(std::string_view line);
   void addPage();
 
-  std::function<void(long)> tell_;
+  std::function<void(long)> report_;
   Place place_ = Place::kBehindPages;
   long pages_ = 0;
   long documents_ = 0;  // Embedded documents around this line.

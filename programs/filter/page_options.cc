@@ -4,16 +4,13 @@
 #include <array>
 #include <utility>
 
+#include "host/base/text.h"
+
 namespace driver_feature::filter {
 
 namespace {
 
 using Kind = PageOptionKind;
-
-std::string lowered(std::string text) {
-  for (char& c : text) c = static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
-  return text;
-}
 
 bool isOneOf(std::string_view value, std::string_view words) {
   while (!words.empty()) {
@@ -28,7 +25,7 @@ bool isTrue(std::string_view value) {
   return isOneOf(value, "true on yes");
 }
 
-// Values from a list; those that ask for nothing stand apart.
+// Values from a list; those that ask for nothing are listed apart.
 struct ListRow {
   std::string_view name;
   std::string_view idle;
@@ -110,8 +107,8 @@ PageOption fromRules(const std::string& name, const std::string& value) {
 }  // namespace
 
 PageOption pageOption(const host::Setting& option) {
-  const std::string name = lowered(option.name);
-  const std::string value = lowered(option.value);
+  const std::string name = host::toLower(option.name);
+  const std::string value = host::toLower(option.value);
   for (const ListRow& row : kLists) {
     if (row.name == name) return fromList(row, value);
   }
@@ -127,8 +124,8 @@ PageOption pageOption(const host::Setting& option) {
 OutputOrder outputOrder(const std::vector<host::Setting>& options) {
   OutputOrder order = OutputOrder::kUnsaid;
   for (const host::Setting& option : options) {
-    if (lowered(option.name) != "outputorder") continue;
-    order = lowered(option.value) == "reverse" ? OutputOrder::kReverse : OutputOrder::kNormal;
+    if (host::toLower(option.name) != "outputorder") continue;
+    order = host::toLower(option.value) == "reverse" ? OutputOrder::kReverse : OutputOrder::kNormal;
   }
   return order;
 }

@@ -2,7 +2,7 @@
 // in another order, or for something on them.
 //
 // The print scheduler's own filter "pstops" carries them out. Which of its
-// options have an effect is told here; what the effect is, is its affair.
+// options have an effect is decided here; what the effect is, is its affair.
 #ifndef PROGRAMS_FILTER_PAGE_OPTIONS_H_
 #define PROGRAMS_FILTER_PAGE_OPTIONS_H_
 

@@ -37,7 +37,7 @@ bool PageWork::take(const host::Setting& option) {
   if (arguments_.isConverted) return true;
   switch (known.kind) {
     case PageOptionKind::kRefused:
-      tell(Message::kWarning, "option " + option.name + " has no effect: " + known.reason);
+      writeMessage(Message::kWarning, "option " + option.name + " has no effect: " + known.reason);
       break;
     case PageOptionKind::kWork:
       asked_.push_back(option.name);
@@ -76,8 +76,9 @@ bool PageWork::wantsWork() const {
 
 void PageWork::warn(const std::vector<std::string>& options, const std::string& reason) const {
   for (const std::string& option : options) {
-    tell(Message::kWarning,
-         std::string("option ").append(option).append(" has no effect, because ").append(reason));
+    writeMessage(
+        Message::kWarning,
+        std::string("option ").append(option).append(" has no effect, because ").append(reason));
   }
 }
 
@@ -88,8 +89,8 @@ void PageWork::giveUp(const std::string& reason) {
   options_.clear();
   warn(asked_, reason);
   if (!asked_.empty()) return;
-  tell(isClassified() ? Message::kWarning : Message::kDebug,
-       "the pages are printed as they are, because " + reason);
+  writeMessage(isClassified() ? Message::kWarning : Message::kDebug,
+               "the pages are printed as they are, because " + reason);
 }
 
 host::Result<> PageWork::decide(bool takesCopies) {

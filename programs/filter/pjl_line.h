@@ -11,7 +11,7 @@ namespace driver_feature::filter {
 // it begins with.
 std::string_view withoutExits(std::string_view line);
 
-// Whether the line begins with a universal exit sequence, or with one behind an
+// Whether the line begins with a universal exit sequence, or with one after an
 // end of file.
 bool beginsWithExit(std::string_view line);
 

@@ -25,8 +25,8 @@ struct Sections {
 //   %EndDriverSection
 //
 // NAME is ExitServer, Prolog, DocumentSetup, AnySetup or PageSetup. What may
-// stand in any set-up goes behind the document set-up, and so does what stands
-// outside of the sections. A section without an end goes up to the end of the
+// be in any set-up goes after the document set-up, and so does what is outside
+// the sections. A section without an end goes up to the end of the
 // text. `unknown` receives the names of other sections, whose texts are taken for document
 // set-up, too.
 Sections cutSections(std::string_view postScript, std::vector<std::string>& unknown);

@@ -17,7 +17,7 @@ bool isHeaderComment(std::string_view line, std::string_view keyword);
 // Whether the line is a comment, or blank.
 bool isCommentOrBlank(std::string_view line);
 
-// What follows %%BeginBinary or %%BeginData and is no structure.
+// What follows %%BeginBinary or %%BeginData and is not structure.
 struct DataExtent {
   std::uint64_t count = 0;  // 0 when the comment gives none that can be read.
   bool isLines = false;     // The count is one of lines, not of bytes.

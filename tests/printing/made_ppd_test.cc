@@ -70,7 +70,7 @@ TEST_F(MadePpdTest, NamesThatDifferInCaseOnly_SecondIsNamed) {
                     "<Option Name='B' PSCommand='big'/><Option Name='b' PSCommand='small'/>"),
             feature("MultiSelect", "tray", "", "<Option Name='x'/>")});
   const std::string reason =
-      ": another one has this name, of which a PPD does not tell capital from small letters\n";
+      ": another one has this name, and a PPD does not distinguish capital from small letters\n";
   EXPECT_EQ(queue({"small.xml", "--output", "queue.ppd"}).errors,
             "driver-feature: not in the PPD: Tray=b" + reason +
                 "driver-feature: not in the PPD: tray" + reason);
