@@ -10,14 +10,13 @@ namespace driver_feature::host {
 namespace {
 
 std::string visible(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
   std::string shown;
   for (const std::string_view character : splitCharacters(text)) {
     const auto code = static_cast<unsigned char>(character.front());
     if (character == "\\") {
       shown += "\\\\";
     } else if (character.size() == 1 && code >= 0x80) {
-      shown += {'\\', 'x', kDigits[code >> 4U], kDigits[code & 0xFU]};
+      shown += escapedByte(character.front());
     } else {
       shown += printable(character);
     }

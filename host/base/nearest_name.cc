@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "host/base/text.h"
+
 namespace driver_feature::host {
 
 namespace {
@@ -10,11 +12,6 @@ namespace {
 // Distances are counted in tenths of a change.
 constexpr std::size_t kChange = 10;
 constexpr std::size_t kChangeOfCase = 1;
-
-char toLower(char character) {
-  const bool upper = character >= 'A' && character <= 'Z';
-  return upper ? static_cast<char>(character - 'A' + 'a') : character;
-}
 
 std::size_t replacement(char from, char to) {
   if (from == to) return 0;

@@ -100,7 +100,6 @@ std::size_t displayWidth(std::string_view text) {
 }
 
 std::string printable(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
   std::string shown;
   for (const char character : text) {
     const auto code = static_cast<unsigned char>(character);
@@ -111,14 +110,32 @@ std::string printable(std::string_view text) {
     } else if (character == '\r') {
       shown += "\\r";
     } else if (code < 0x20 || code == 0x7F) {
-      shown += "\\x";
-      shown += kDigits[code >> 4U];
-      shown += kDigits[code & 0xFU];
+      shown += escapedByte(character);
     } else {
       shown += character;
     }
   }
   return shown;
+}
+
+std::string escapedByte(char byte) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  const auto code = static_cast<unsigned char>(byte);
+  return {'\\', 'x', kDigits[code >> 4U], kDigits[code & 0xFU]};
+}
+
+std::string inQuotes(std::string_view text) {
+  return "\"" + std::string(text) + "\"";
+}
+
+std::string toLower(std::string text) {
+  for (char& character : text) character = toLower(character);
+  return text;
+}
+
+char toLower(char character) {
+  const bool isCapital = character >= 'A' && character <= 'Z';
+  return isCapital ? static_cast<char>(character - 'A' + 'a') : character;
 }
 
 std::string join(const std::vector<std::string>& texts, const std::string& separator) {

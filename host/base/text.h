@@ -22,6 +22,17 @@ std::size_t displayWidth(std::string_view text);
 // carriage return come out as \n, \t and \r, other control characters as \xNN.
 std::string printable(std::string_view text);
 
+// The byte as \xNN.
+std::string escapedByte(char byte);
+
+// The text between double quotes, for messages.
+std::string inQuotes(std::string_view text);
+
+// The text with small letters in place of the capital ones of ASCII, whatever
+// the locale.
+std::string toLower(std::string text);
+char toLower(char character);
+
 // The texts with `separator` between each two.
 std::string join(const std::vector<std::string>& texts, const std::string& separator);
 

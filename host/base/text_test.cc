@@ -53,6 +53,16 @@ TEST(TextTest, Join_NoneOneAndMore_PutsSeparatorBetween) {
   EXPECT_EQ(join({"A4", "", "A4"}, ", "), "A4, , A4");
 }
 
+TEST(TextTest, EscapedByte_AnyByte_HasTwoSmallDigits) {
+  EXPECT_EQ(escapedByte('\0'), "\\x00");
+  EXPECT_EQ(escapedByte('\xAF'), "\\xaf");
+}
+
+TEST(TextTest, ToLower_Text_ChangesAsciiOnly) {
+  EXPECT_EQ(toLower(std::string("AZaz[@1\xC4")), "azaz[@1\xC4");
+  EXPECT_EQ(inQuotes("a\"b"), "\"a\"b\"");
+}
+
 }  // namespace
 
 }  // namespace driver_feature::host

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "host/base/nearest_name.h"
+#include "host/base/text.h"
 #include "host/description/description_index.h"
 
 namespace driver_feature::host {
@@ -60,15 +61,11 @@ constexpr PropertyEntry kProperties[] = {
     {"FeatureInGroup", Type::kBool},
 };
 
-std::string quoted(const std::string& text) {
-  return "\"" + text + "\"";
-}
-
 Failure refuseName(const std::string& name) {
   const auto nearest = nearestName(name, propertyNames());
-  return refused(
-      "there is no property " + quoted(name) + "; " +
-      (nearest ? "did you mean " + quoted(*nearest) + "?" : "\"help get\" shows how to list them"));
+  return refused("there is no property " + inQuotes(name) + "; " +
+                 (nearest ? "did you mean " + inQuotes(*nearest) + "?"
+                          : "\"help get\" shows how to list them"));
 }
 
 std::string nameOf(CoreFeature& object) {
@@ -91,11 +88,11 @@ template <class Value>
 Result<> store(CoreFeature& object, const std::string& name, const std::optional<Value>& value,
                const std::string& text, const char* kind) {
   if (!value) {
-    return refused(quoted(text) + " is not a value for " + quoted(name) + "; give " + kind);
+    return refused(inQuotes(text) + " is not a value for " + inQuotes(name) + "; give " + kind);
   }
   if (object.setFeatureProperty(name, *value)) return {};
-  return refused("the library refuses this value of " + quoted(name) + " for " +
-                 quoted(nameOf(object)) + "; \"log all\" shows why");
+  return refused("the library refuses this value of " + inQuotes(name) + " for " +
+                 inQuotes(nameOf(object)) + "; \"log all\" shows why");
 }
 
 std::optional<bool> truthOf(const std::string& text) {
@@ -172,7 +169,7 @@ Result<std::string> readProperty(CoreFeature& object, const std::string& name) {
   if (!type) return refuseName(name);
   std::string text;
   if (fetchAs(*type, object, name, text)) return text;
-  return refused(quoted(nameOf(object)) + " does not return property " + quoted(name) +
+  return refused(inQuotes(nameOf(object)) + " does not return property " + inQuotes(name) +
                  "; \"log all\" shows why");
 }
 

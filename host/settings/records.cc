@@ -18,10 +18,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string quoted(const std::string& text) {
-  return "\"" + text + "\"";
-}
-
 // "line 3, column 5" of a byte counted from 1.
 std::string placeOf(const std::string& text, std::size_t byte) {
   const std::string before = text.substr(0, byte > 0 ? byte - 1 : 0);
@@ -64,8 +60,8 @@ class RecordCheck {
     for (const auto& [name, value] : object.items()) {
       if (takesValue(name)) continue;
       const auto nearest = nearestName(name, members_);
-      return refused("there is no member " + quoted(name) + "; " +
-                     (nearest ? "did you mean " + quoted(*nearest) + "?"
+      return refused("there is no member " + inQuotes(name) + "; " +
+                     (nearest ? "did you mean " + inQuotes(*nearest) + "?"
                               : "the members are " + join(members_, ", ")));
     }
     for (const std::string& name : members_) {
@@ -86,13 +82,14 @@ class RecordCheck {
   Result<> readMember(const Json& object, const std::string& name, std::string& text) const {
     const auto found = object.find(name);
     if (found == object.end())
-      return refused("member " + quoted(name) + " is missing; give it a value");
+      return refused("member " + inQuotes(name) + " is missing; give it a value");
     const auto value = textOf(*found);
     if (!value)
-      return refused("the value of " + quoted(name) + " is neither a text nor a number; give one");
+      return refused("the value of " + inQuotes(name) +
+                     " is neither a text nor a number; give one");
     text = *value;
     if (Result<> checked = checkSetting(model_, {name, text}); !checked) {
-      return failureOf(checked, quoted(name));
+      return failureOf(checked, inQuotes(name));
     }
     return {};
   }
@@ -109,7 +106,7 @@ std::string refuseDynamicGroup(const Model& model, const std::string& name) {
     if (group.kind == GroupKind::kDynamic) names.push_back(group.name);
   }
   if (names.empty()) return "the description has no dynamic group; leave the records out";
-  return "there is no dynamic group " + quoted(name) + "; give one of " + join(names, ", ");
+  return "there is no dynamic group " + inQuotes(name) + "; give one of " + join(names, ", ");
 }
 
 Result<> addRecords(CoreFeatureSet& set, const Model& model, const RecordsRequest& request) {

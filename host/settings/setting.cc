@@ -15,10 +15,6 @@ namespace driver_feature::host {
 
 namespace {
 
-std::string quoted(std::string_view text) {
-  return "\"" + std::string(text) + "\"";
-}
-
 // The whole of `text` as a decimal number, with or without a sign.
 template <class Number>
 std::errc readNumber(std::string_view text, Number& number) {
@@ -39,11 +35,11 @@ class Check {
 
   Result<> run() const {
     if (!feature_.hasValue()) {
-      return refused(quoted(setting_.name) + " is a " + feature_.typeName() +
+      return refused(inQuotes(setting_.name) + " is a " + feature_.typeName() +
                      " feature and holds no value; leave it out");
     }
     if (!feature_.isAvailable()) {
-      return refused("feature " + quoted(setting_.name) + " is unavailable; leave it out");
+      return refused("feature " + inQuotes(setting_.name) + " is unavailable; leave it out");
     }
     switch (feature_.kind()) {
       case FeatureKind::kMultiSelect:
@@ -63,7 +59,7 @@ class Check {
     const auto chosen = std::find_if(choices.begin(), choices.end(), [this](const Choice& choice) {
       return choice.name == setting_.value;
     });
-    const std::string feature = "feature " + quoted(setting_.name);
+    const std::string feature = "feature " + inQuotes(setting_.name);
     std::vector<std::string> names;
     for (const Choice& choice : choices) {
       if (choice.available) names.push_back(choice.name);
@@ -73,11 +69,11 @@ class Check {
     if (chosen == choices.end()) {
       const auto nearest = nearestName(setting_.value, names);
       return refused(
-          feature + " has no option " + quoted(setting_.value) + "; " +
-          (nearest ? "did you mean " + quoted(*nearest) + "? (" + remedy + ")" : remedy));
+          feature + " has no option " + inQuotes(setting_.value) + "; " +
+          (nearest ? "did you mean " + inQuotes(*nearest) + "? (" + remedy + ")" : remedy));
     }
     if (chosen->available) return {};
-    return refused("option " + quoted(setting_.value) + " of " + feature + " is unavailable; " +
+    return refused("option " + inQuotes(setting_.value) + " of " + feature + " is unavailable; " +
                    remedy);
   }
 
@@ -114,7 +110,7 @@ class Check {
     }
     const std::string give = "; give a " + kind;
     if (!isNumber) {
-      return refused(quoted(setting_.value) + " is not a " + kind + give +
+      return refused(inQuotes(setting_.value) + " is not a " + kind + give +
                      (range.empty() ? "" : ", " + range + place_));
     }
     using Limits = std::numeric_limits<Number>;
@@ -138,8 +134,8 @@ class Check {
           return std::find(allowed.begin(), allowed.end(), character) == allowed.end();
         });
     if (!allowed.empty() && foreign != characters.end()) {
-      return refused("character " + quoted(*foreign) + " is not allowed; use only " +
-                     quoted(limits_.allowedCharacters) + place_);
+      return refused("character " + inQuotes(*foreign) + " is not allowed; use only " +
+                     inQuotes(limits_.allowedCharacters) + place_);
     }
     const auto length = static_cast<long long>(characters.size());
     if (!limits_.maxTextLength || length <= *limits_.maxTextLength) return {};
@@ -156,10 +152,10 @@ class Check {
 Result<> refuseName(const Model& model, const std::string& name) {
   switch (model.index.groupNamed(name)) {
     case GroupKind::kStatic:
-      return refused(quoted(name) +
+      return refused(inQuotes(name) +
                      " is a static group and holds no value; set its features instead");
     case GroupKind::kDynamic:
-      return refused(quoted(name) +
+      return refused(inQuotes(name) +
                      " is a dynamic group and holds records, not a value; leave it out");
     case GroupKind::kNone:
       break;
@@ -167,8 +163,8 @@ Result<> refuseName(const Model& model, const std::string& name) {
   std::vector<std::string> names;
   for (const auto& [known, feature] : model.features) names.push_back(known);
   const auto nearest = nearestName(name, names);
-  return refused("there is no feature " + quoted(name) + "; " +
-                 (nearest ? "did you mean " + quoted(*nearest) + "?"
+  return refused("there is no feature " + inQuotes(name) + "; " +
+                 (nearest ? "did you mean " + inQuotes(*nearest) + "?"
                           : "\"driver-feature show\" lists the features"));
 }
 

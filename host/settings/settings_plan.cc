@@ -16,10 +16,6 @@ namespace driver_feature::host {
 
 namespace {
 
-std::string quoted(const std::string& text) {
-  return "\"" + text + "\"";
-}
-
 // The present value of the setting's feature; nothing without such a feature.
 std::optional<std::string> currentText(const Model& model, const std::string& name) {
   const auto found = model.features.find(name);
@@ -57,9 +53,9 @@ class FeatureLines {
     for (const auto& [name, goal] : goals_) {
       if (!isMissed(goal)) continue;
       refusals_.push_back(problemAt(
-          goal.line->line, quoted(name) + " does not keep the value, because a routine of "
-                                          "the description changes it when other lines are "
-                                          "made; leave it out"));
+          goal.line->line, inQuotes(name) + " does not keep the value, because a routine of "
+                                            "the description changes it when other lines are "
+                                            "made; leave it out"));
     }
   }
 
@@ -115,7 +111,7 @@ class RecordLines {
           return other.isNone && other.group == record.group;
         });
     if (!stated) return false;
-    refuse(record.line, "a line says that " + quoted(record.group) +
+    refuse(record.line, "a line says that " + inQuotes(record.group) +
                             " has no records; leave that line or the records out");
     return true;
   }
@@ -132,7 +128,7 @@ class RecordLines {
       if (value != values.end()) {
         texts.back() = value->second;
       } else if (!record.isNone && refusals_.size() == before) {
-        refuse(record.line, "member " + quoted(name) + " is missing; give it a value");
+        refuse(record.line, "member " + inQuotes(name) + " is missing; give it a value");
       }
     }
     if (record.isNone || refusals_.size() != before || group.addUnsorted(texts)) return;
@@ -162,14 +158,14 @@ class RecordLines {
   Result<> checkMember(const SettingsRecord& record, const Setting& setting,
                        const std::vector<std::string>& names) const {
     if (record.isNone) {
-      return refused(quoted(record.group) +
+      return refused(inQuotes(record.group) +
                      " has no records here; write settings before the first [GROUP]");
     }
     if (std::find(names.begin(), names.end(), setting.name) == names.end()) {
       const auto nearest = nearestName(setting.name, names);
-      return refused("there is no member " + quoted(setting.name) + " in " + quoted(record.group) +
-                     "; " +
-                     (nearest ? "did you mean " + quoted(*nearest) + "?"
+      return refused("there is no member " + inQuotes(setting.name) + " in " +
+                     inQuotes(record.group) + "; " +
+                     (nearest ? "did you mean " + inQuotes(*nearest) + "?"
                               : "the members are " + join(names, ", ") +
                                     ", and settings come before the first [GROUP]"));
     }

@@ -31,8 +31,7 @@ std::string escapeByte(char byte) {
   for (const Escape& escape : kEscapes) {
     if (escape.character == byte) return {'\\', escape.letter};
   }
-  const auto code = static_cast<unsigned char>(byte);
-  return {'\\', 'x', kDigits[code >> 4U], kDigits[code & 0xFU]};
+  return escapedByte(byte);
 }
 
 // `special` are the characters that have a meaning in this place. A byte-order

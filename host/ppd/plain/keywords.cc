@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "host/base/text.h"
+
 namespace driver_feature::ppd {
 
 namespace {
 
 int lowered(char c) {
-  return static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+  return static_cast<unsigned char>(host::toLower(c));
 }
 
 }  // namespace

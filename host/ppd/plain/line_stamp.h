@@ -9,7 +9,7 @@
 
 namespace driver_feature::ppd {
 
-// Finds changes made by mistake or by hand; it is no protection against those
+// Finds changes made by mistake or by hand; it does not protect against those
 // who look for another text with the same stamp, and who could change the queue's
 // description anyway.
 class LineStamp {

@@ -6,6 +6,7 @@
 #include <set>
 #include <string_view>
 
+#include "host/base/text.h"
 #include "host/ppd/queue/ppd_names.h"
 #include "model/core_feature.h"
 #include "model/core_feature_set.h"
@@ -42,7 +43,7 @@ constexpr std::array<DuplexName, 18> kDuplexNames = {{{"none", "None"},
                                                       {"simplex-tumble", "SimplexTumble"}}};
 
 std::optional<std::string> duplexName(const std::string& text) {
-  const std::string word = smallLetters(text);
+  const std::string word = host::toLower(text);
   const auto* found = std::find_if(kDuplexNames.begin(), kDuplexNames.end(),
                                    [&word](const DuplexName& row) { return row.word == word; });
   if (found == kDuplexNames.end()) return std::nullopt;
@@ -87,7 +88,7 @@ std::optional<std::string> fixedNameOf(const host::Model& model, const std::stri
 // Why a PPD cannot have the choice; empty when it can.
 std::string obstacleOf(const std::optional<std::string>& name) {
   if (!name) return "a PPD has other names for the choices of this option";
-  if (smallLetters(*name) == "custom") return "a PPD has this name for values of the user's own";
+  if (host::toLower(*name) == "custom") return "a PPD has this name for values of the user's own";
   return isChoiceName(*name) ? "" : "a PPD cannot have this name";
 }
 
@@ -104,12 +105,12 @@ std::vector<NamedChoice> namedChoices(const host::Model& model, const std::strin
   std::vector<NamedChoice> choices;
   std::set<std::string> names;  // With small letters.
   for (const host::Choice& choice : feature.choices()) {
-    // What an import calls it when none of the choices stands.
+    // What an import calls it when none of the choices is set.
     if (!choice.visible || choice.name == "not set") continue;
     std::optional<std::string> inPpd = choice.name;
     if (hasFixedNames(name)) inPpd = fixedNameOf(model, name, choice.name);
     std::string obstacle = obstacleOf(inPpd);
-    if (obstacle.empty() && !names.insert(smallLetters(*inPpd)).second) obstacle = kSameNameInPpd;
+    if (obstacle.empty() && !names.insert(host::toLower(*inPpd)).second) obstacle = kSameNameInPpd;
     if (obstacle.empty()) {
       choices.push_back({*inPpd, choice.name});
     } else {

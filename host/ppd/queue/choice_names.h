@@ -12,7 +12,7 @@ namespace driver_feature::ppd {
 
 // Why the second one of two names is left out.
 inline constexpr const char* kSameNameInPpd =
-    "another one has this name, of which a PPD does not tell capital from small letters";
+    "another one has this name, and a PPD does not distinguish capital from small letters";
 
 // A choice of a PPD's option.
 struct NamedChoice {

@@ -129,7 +129,7 @@ void LibcupsQueuePpd::mark(const std::vector<host::Setting>& options) {
   ppdMarkDefaults(ppd_.get());
   cupsMarkOptions(ppd_.get(), count, list);
   cupsFreeOptions(count, list);
-  // Settles which of PageSize and PageRegion stands.
+  // Decides which of PageSize and PageRegion is used.
   emittedText(*ppd_, PPD_ORDER_ANY);
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "host/base/text.h"
 #include "host/ppd/queue/choice_names.h"
 #include "host/ppd/queue/page_sizes.h"
 #include "host/ppd/queue/ppd_names.h"
@@ -36,13 +37,13 @@ class Writer {
   explicit Writer(const host::Model& model) : model_(model) {}
 
   // The page sizes: a PPD must have some. Programs want to know them, and PPDs
-  // have to tell them twice.
+  // have to give them twice.
   void addPageSizes() {
-    names_ = {smallLetters(kPageSize), smallLetters(kPageRegion)};
+    names_ = {host::toLower(kPageSize), host::toLower(kPageRegion)};
     const auto feature = model_.features.find(kPageSize);
     const bool isOffered = feature != model_.features.end() && isPageSizeList(feature->second);
     std::vector<PageSize> sizes = isOffered ? sizesOf(feature->second) : std::vector<PageSize>();
-    // What stands for the user's choice until there is one: that of the description.
+    // The choice until the user makes one: that of the description.
     std::string usual = isOffered ? feature->second.currentChoice().value_or("") : "";
     if (sizes.empty()) sizes = standardPageSizes();
     if (feature == model_.features.end()) usual = sizes.front().name;
@@ -63,7 +64,7 @@ class Writer {
       if (!isPageSizeList(feature)) lose(name, "a PPD has this name for the sizes of sheets");
     } else if (!isOptionName(name, isList)) {
       lose(name, "a PPD cannot have this name");
-    } else if (!names_.insert(smallLetters(name)).second) {
+    } else if (!names_.insert(host::toLower(name)).second) {
       lose(name, kSameNameInPpd);
     } else if (isList) {
       addList(name, feature);
@@ -189,7 +190,7 @@ class Writer {
     open(name, current);
     line("*" + name + " " + current + ": \"\"");
     close(name);
-    // libcups takes a default such as Custom.5 when this stands after the option.
+    // libcups takes a default such as Custom.5 when this comes after the option.
     const bool isInt = feature.kind() == host::FeatureKind::kIntEntry;
     line("*Custom" + name + " True: \"\"");
     line("*ParamCustom" + name + " Value: 1 " + (isInt ? intLimits(limits) : realLimits(limits)));
@@ -206,7 +207,7 @@ class Writer {
            (limits.floatMax ? host::numberText(*limits.floatMax) : "1000000");
   }
 
-  // Marks none of the choices, so that the description's default stands.
+  // Marks none of the choices, so that the description's default is used.
   static constexpr const char* kUnknown = "Unknown";
 
   const host::Model& model_;

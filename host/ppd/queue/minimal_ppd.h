@@ -17,7 +17,7 @@ struct MinimalPpd {
 
 // The PPD, named `name` for users. It has an option for every visible feature
 // that is a list or a number, with the present value as its default; or with
-// "Unknown", so that the description's own stands, when the PPD cannot hold the
+// "Unknown", so that the description's own is used, when the PPD cannot hold the
 // value. The options have no commands: those are the description's.
 //
 // It has page sizes in any case. Those of the feature "PageSize"; without it,

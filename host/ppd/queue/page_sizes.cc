@@ -10,6 +10,7 @@
 #include <system_error>
 #include <utility>
 
+#include "host/base/text.h"
 #include "host/ppd/queue/ppd_names.h"
 #include "model/core_feature.h"
 #include "model/core_feature_set.h"
@@ -27,7 +28,7 @@ constexpr std::string_view kPageSizeKey = "/PageSize";
 // Width and length in points.
 using Extent = std::pair<float, float>;
 
-// Takes what is expected from the text; false when something else stands there.
+// Takes what is expected from the text; false when something else is there.
 bool take(std::string_view& text, std::string_view expected) {
   if (!text.starts_with(expected)) return false;
   text.remove_prefix(expected.size());
@@ -101,7 +102,7 @@ std::optional<Extent> extentInCommand(const std::string& frame, const std::strin
   return std::nullopt;
 }
 
-// Of a name that libcups knows, with or without what stands after a dot.
+// Of a name that libcups knows, with or without what follows a dot.
 std::optional<Extent> extentOfStandardName(const std::string& name) {
   const std::optional<Extent> whole = extentOf(pwgMediaForPPD(name.c_str()));
   return whole ? whole : extentOf(pwgMediaForPPD(name.substr(0, name.find('.')).c_str()));
@@ -138,7 +139,7 @@ std::optional<Extent> extentOfChoice(const host::Model& model, const std::string
 bool isBorderless(const std::string& choice) {
   constexpr std::array<std::string_view, 5> kWords = {"fullbleed", "borderless", "nomargin",
                                                       "zeromargin", ".fb"};
-  const std::string name = smallLetters(choice);
+  const std::string name = host::toLower(choice);
   return std::any_of(kWords.begin(), kWords.end(), [&name](std::string_view word) {
     return name.find(word) != std::string::npos;
   });

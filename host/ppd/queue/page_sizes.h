@@ -1,5 +1,5 @@
 // The sizes of the sheets that a description's feature "PageSize" has choices
-// for, as a PPD tells them.
+// for, as a PPD gives them.
 #ifndef HOST_PPD_QUEUE_PAGE_SIZES_H_
 #define HOST_PPD_QUEUE_PAGE_SIZES_H_
 

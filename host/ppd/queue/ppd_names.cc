@@ -1,5 +1,7 @@
 #include "host/ppd/queue/ppd_names.h"
 
+#include "host/base/text.h"
+
 #include <algorithm>
 #include <string_view>
 
@@ -41,7 +43,7 @@ bool isName(const std::string& name, std::size_t longest) {
 
 bool isChoiceName(const std::string& name) {
   // libcups takes what begins so for a value of the user's own.
-  const bool isValue = name.starts_with('{') || smallLetters(name).starts_with("custom.");
+  const bool isValue = name.starts_with('{') || host::toLower(name).starts_with("custom.");
   return isName(name, kLongestName) && !isValue;
 }
 
@@ -51,13 +53,8 @@ bool isOptionName(const std::string& name, bool isList) {
   const bool hasDot = name.find('.') != std::string::npos;
   return isName(name, longest) && !hasDot && !name.starts_with(kCustom) &&
          !name.starts_with(kDefault) && !name.starts_with(kParamCustom) &&
-         !smallLetters(name).starts_with(kOwn) &&
-         kKeywords.find(" " + smallLetters(name) + " ") == std::string_view::npos;
-}
-
-std::string smallLetters(std::string text) {
-  for (char& c : text) c = static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
-  return text;
+         !host::toLower(name).starts_with(kOwn) &&
+         kKeywords.find(" " + host::toLower(name) + " ") == std::string_view::npos;
 }
 
 }  // namespace driver_feature::ppd

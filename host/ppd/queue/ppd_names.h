@@ -15,10 +15,6 @@ bool isChoiceName(const std::string& name);
 // its own.
 bool isOptionName(const std::string& name, bool isList);
 
-// The text with small letters: libcups takes names that differ in case only for
-// the same.
-std::string smallLetters(std::string text);
-
 }  // namespace driver_feature::ppd
 
 #endif  // HOST_PPD_QUEUE_PPD_NAMES_H_

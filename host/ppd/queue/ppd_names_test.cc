@@ -102,9 +102,5 @@ TEST_F(PpdNamesTest, ChoiceNames_HaveFortyCharacters) {
   EXPECT_FALSE(isChoiceName(std::string(41, 'a')));
 }
 
-TEST_F(PpdNamesTest, SmallLetters_OfAsciiOnly) {
-  EXPECT_EQ(smallLetters("AZaz[@1\xC4"), "azaz[@1\xC4");
-}
-
 }  // namespace
 }  // namespace driver_feature::ppd

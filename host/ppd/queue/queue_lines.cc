@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "host/base/text.h"
 #include "host/ppd/queue/ppd_names.h"
 #include "host/ppd/plain/ppd_statements.h"
 
@@ -38,7 +39,7 @@ host::Result<> addPathLine(const std::string& keyword, const std::string& path,
 // Statements that name other filters or another description. libcups and the
 // scheduler find some of them in any spelling.
 bool isReplaced(std::string_view keyword) {
-  const std::string name = smallLetters(std::string(keyword));
+  const std::string name = host::toLower(std::string(keyword));
   if (name == "cupsfilter" || name == "cupsfilter2") return true;
   // Other names of choices belong to the options, which stay.
   return name.starts_with("driverfeature") && name != "driverfeaturechoice";

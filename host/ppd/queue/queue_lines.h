@@ -1,5 +1,5 @@
-// The lines of a print queue's PPD that tell the filter driver-feature-filter
-// what to do.
+// The lines of a print queue's PPD that say what driver-feature-filter is to
+// do.
 #ifndef HOST_PPD_QUEUE_QUEUE_LINES_H_
 #define HOST_PPD_QUEUE_QUEUE_LINES_H_
 

@@ -22,7 +22,7 @@ CoreFeature* lookUp(Shell& shell, const std::string& name) {
 
 std::string meant(const std::string& name, const std::vector<std::string>& names) {
   if (const auto nearest = host::nearestName(name, names))
-    return "did you mean " + quoted(*nearest) + "?";
+    return "did you mean " + host::inQuotes(*nearest) + "?";
   if (names.empty()) return "the description has none";
   constexpr std::size_t kMostShown = 12;
   return names.size() > kMostShown ? "\"show\" lists them"
@@ -30,10 +30,6 @@ std::string meant(const std::string& name, const std::vector<std::string>& names
 }
 
 }  // namespace
-
-std::string quoted(const std::string& text) {
-  return "\"" + text + "\"";
-}
 
 std::vector<std::string> featureNames(const host::Model& model) {
   std::vector<std::string> names;
@@ -81,7 +77,7 @@ std::vector<std::string> namesWithOptions(const host::Model& model) {
 host::Result<> findObject(Shell& shell, const std::string& name, CoreFeature*& object) {
   CoreFeature* found = lookUp(shell, name);
   if (found == nullptr) {
-    return host::refused("there is no feature or group " + quoted(name) + "; " +
+    return host::refused("there is no feature or group " + host::inQuotes(name) + "; " +
                          meant(name, allNames(shell.model())));
   }
   object = found;
@@ -92,11 +88,11 @@ host::Result<> findFeature(Shell& shell, const std::string& name,
                            IntermediateCoreFeature*& feature) {
   CoreFeature* found = lookUp(shell, name);
   if (found == nullptr || !shell.model().features.contains(name)) {
-    return host::refused("there is no feature " + quoted(name) + "; " +
+    return host::refused("there is no feature " + host::inQuotes(name) + "; " +
                          meant(name, featureNames(shell.model())));
   }
   if (found->getFeatureType() >= kFirstGroupType) {
-    return host::refused("feature " + quoted(name) +
+    return host::refused("feature " + host::inQuotes(name) +
                          " has the type of a group; set its FeatureType to 0 to 5");
   }
   feature = static_cast<IntermediateCoreFeature*>(found);
@@ -109,12 +105,13 @@ host::Result<> findOption(Shell& shell, const std::string& feature, const std::s
   if (host::Result<> done = findFeature(shell, feature, owner); !done) return done;
   const std::vector<std::string> names = optionNames(shell.model(), feature);
   if (names.empty())
-    return host::refused("feature " + quoted(feature) + " has no options; name another feature");
+    return host::refused("feature " + host::inQuotes(feature) +
+                         " has no options; name another feature");
   const host::LogSilence silence;
   CoreOption* found = owner->fetchOptionByName(name);
   if (found == nullptr) {
-    return host::refused("feature " + quoted(feature) + " has no option " + quoted(name) + "; " +
-                         meant(name, names));
+    return host::refused("feature " + host::inQuotes(feature) + " has no option " +
+                         host::inQuotes(name) + "; " + meant(name, names));
   }
   option = static_cast<IntermediateCoreOption*>(found);
   return {};
@@ -126,7 +123,7 @@ host::Result<> findRecords(Shell& shell, const std::string& name,
   // A feature comes before a group of its name, and may call itself one.
   const bool isFeature = shell.model().features.contains(name);
   if (found == nullptr || isFeature || found->getFeatureType() != kDynamicGroupType) {
-    return host::refused("there is no dynamic group " + quoted(name) + "; " +
+    return host::refused("there is no dynamic group " + host::inQuotes(name) + "; " +
                          meant(name, dynamicGroupNames(shell.model())));
   }
   group = static_cast<IntermediateDynamicFeatureGroup*>(found);
@@ -138,7 +135,8 @@ host::Result<> readNumber(const std::string& word, const std::string& what, long
   const char* end = word.data() + word.size();
   const auto result = std::from_chars(word.data(), end, read);
   if (result.ptr != end || result.ec != std::errc() || read < 0) {
-    return host::refused(quoted(word) + " is not " + what + "; give a whole number of 0 or more");
+    return host::refused(host::inQuotes(word) + " is not " + what +
+                         "; give a whole number of 0 or more");
   }
   number = read;
   return {};

@@ -11,8 +11,6 @@
 
 namespace driver_feature::cli {
 
-std::string quoted(const std::string& text);
-
 std::vector<std::string> featureNames(const host::Model& model);
 std::vector<std::string> groupNames(const host::Model& model);
 std::vector<std::string> dynamicGroupNames(const host::Model& model);

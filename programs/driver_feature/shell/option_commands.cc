@@ -25,8 +25,8 @@ host::Result<> checkProperty(const std::string& name) {
     return {};
   }
   const auto nearest = host::nearestName(name, kProperties);
-  return host::refused("options have no property " + quoted(name) + "; " +
-                       (nearest ? "did you mean " + quoted(*nearest) + "?"
+  return host::refused("options have no property " + host::inQuotes(name) + "; " +
+                       (nearest ? "did you mean " + host::inQuotes(*nearest) + "?"
                                 : "give one of " + host::join(kProperties, ", ")));
 }
 
@@ -47,7 +47,7 @@ host::Result<> store(CoreOption& option, const std::string& property, const std:
     return {};
   }
   if (text != "true" && text != "false" && text != "1" && text != "0") {
-    return host::refused(quoted(text) + " is not a value for " + quoted(property) +
+    return host::refused(host::inQuotes(text) + " is not a value for " + host::inQuotes(property) +
                          "; give true or false");
   }
   option.setOptionProperty(property, text == "true" || text == "1");

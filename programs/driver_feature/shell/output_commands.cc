@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/base/text.h"
 #include "host/session/output_form.h"
 #include "programs/driver_feature/shell/captured_output.h"
 #include "programs/driver_feature/shell/names.h"
@@ -55,7 +56,8 @@ host::Result<> runEmit(Shell& shell, const Words& arguments) {
   }
   const auto form = host::formNamed(words[0]);
   if (!form)
-    return host::refused("there is no form " + quoted(words[0]) + "; give ps, pjl or ticket");
+    return host::refused("there is no form " + host::inQuotes(words[0]) +
+                         "; give ps, pjl or ticket");
   std::string output;
   shell.session().features().serialize(output, static_cast<int>(*form), installable, "", "");
   if (words.size() == 1 || words[1] == "-") {
@@ -89,7 +91,8 @@ host::Result<> runLog(Shell& shell, const Words& arguments) {
     return {};
   }
   if (arguments.empty()) return {};
-  return host::refused("there is no detail " + quoted(arguments[0]) + "; give quiet, usual or all");
+  return host::refused("there is no detail " + host::inQuotes(arguments[0]) +
+                       "; give quiet, usual or all");
 }
 
 host::Result<> runHelp(Shell& shell, const Words& arguments) {

@@ -35,7 +35,8 @@ struct Action {
 // No record can be read while the description lacks a template.
 host::Result<> membersOf(Shell& shell, Target& target) {
   const auto view = findDynamicGroup(shell.session().features(), shell.model().index, target.name);
-  if (!view) return host::refused("group " + quoted(target.name) + " has no template; give it one");
+  if (!view)
+    return host::refused("group " + host::inQuotes(target.name) + " has no template; give it one");
   target.members = view->memberNames();
   return {};
 }
@@ -57,8 +58,9 @@ host::Result<> list(Shell& shell, const Target& target, const Words& /*arguments
 
 host::Result<> refuseMember(const Target& target, const std::string& name) {
   const auto nearest = host::nearestName(name, target.members);
-  return host::refused("group " + quoted(target.name) + " has no member " + quoted(name) + "; " +
-                       (nearest ? "did you mean " + quoted(*nearest) + "?"
+  return host::refused("group " + host::inQuotes(target.name) + " has no member " +
+                       host::inQuotes(name) + "; " +
+                       (nearest ? "did you mean " + host::inQuotes(*nearest) + "?"
                                 : "the members are " + host::join(target.members, ", ")));
 }
 
@@ -68,21 +70,23 @@ host::Result<> readValues(Shell& shell, const Target& target, const Words& words
   std::vector<std::string> missing = target.members;
   for (const std::string& word : words) {
     const host::Result<host::Setting> parsed = host::parseSetting(word);
-    if (!parsed) return host::refused(quoted(word) + " is not MEMBER=VALUE; write it so");
+    if (!parsed) return host::refused(host::inQuotes(word) + " is not MEMBER=VALUE; write it so");
     const host::Setting& setting = *parsed;
     const auto member = std::find(missing.begin(), missing.end(), setting.name);
     if (member == missing.end()) {
       const bool twice = std::count(target.members.begin(), target.members.end(), setting.name) > 0;
       if (!twice) return refuseMember(target, setting.name);
-      return host::refused("member " + quoted(setting.name) + " is given twice; give it one value");
+      return host::refused("member " + host::inQuotes(setting.name) +
+                           " is given twice; give it one value");
     }
     missing.erase(member);
     host::Result<> checked = check ? checkSetting(shell.model(), setting) : host::Result<>();
-    if (!checked) return failureOf(checked, quoted(setting.name));
+    if (!checked) return failureOf(checked, host::inQuotes(setting.name));
     values[setting.name] = setting.value;
   }
   if (missing.empty()) return {};
-  return host::refused("member " + quoted(missing.front()) + " is missing; give it a value");
+  return host::refused("member " + host::inQuotes(missing.front()) +
+                       " is missing; give it a value");
 }
 
 host::Result<> add(Shell& shell, const Target& target, const Words& arguments) {
@@ -105,7 +109,7 @@ host::Result<> readIndex(const Target& target, const std::string& word, long& in
   const long count = target.group->fetchNumberOfDynamicEntries();
   if (index < count) return {};
   return host::refused(
-      "there is no record " + word + " in " + quoted(target.name) + "; " +
+      "there is no record " + word + " in " + host::inQuotes(target.name) + "; " +
       (count == 0 ? "it is empty" : "the last one is " + std::to_string(count - 1)));
 }
 
@@ -123,7 +127,7 @@ host::Result<> clear(Shell& /*shell*/, const Target& target, const Words& /*argu
 
 host::Result<> sort(Shell& /*shell*/, const Target& target, const Words& /*arguments*/) {
   if (target.group->sortList()) return {};
-  return host::refused("the records cannot be sorted; give group " + quoted(target.name) +
+  return host::refused("the records cannot be sorted; give group " + host::inQuotes(target.name) +
                        " the attribute \"SortFunctionName\", or see why with \"log all\"");
 }
 
@@ -207,7 +211,7 @@ host::Result<> runRecords(Shell& shell, const Words& arguments) {
   const std::string name = arguments.size() > 1 ? arguments[1] : "list";
   const Action* action = findAction(name);
   if (action == nullptr) {
-    return host::refused("there is no action " + quoted(name) + "; give one of " +
+    return host::refused("there is no action " + host::inQuotes(name) + "; give one of " +
                          host::join(actionNames(), ", "));
   }
   const Words rest(arguments.begin() + std::min<std::ptrdiff_t>(2, std::ssize(arguments)),

@@ -1,5 +1,7 @@
 #include "programs/driver_feature/shell/state_commands.h"
 
+#include "host/base/text.h"
+
 #include "AttributeMap.h"
 
 #include "programs/driver_feature/shell/names.h"
@@ -69,15 +71,16 @@ host::Result<> runDefaults(Shell& shell, const Words& /*arguments*/) {
 host::Result<> runConstrain(Shell& shell, const Words& arguments) {
   const bool hide = arguments.size() == 4;
   if (hide && arguments[3] != "hide") {
-    return host::refused(quoted(arguments[3]) + " is not expected; write \"hide\" or nothing");
+    return host::refused(host::inQuotes(arguments[3]) +
+                         " is not expected; write \"hide\" or nothing");
   }
   Constraint constraint;
   if (host::Result<> done = readConstraint(shell, arguments, constraint); !done) return done;
   const Shell::OptionFlags before = flagsOf(*constraint.object);
   if (!constraint.owner->applyOptionConstraint(constraint.option, constraint.id, hide)) {
-    return host::refused("the library refuses to constrain option " + quoted(constraint.option) +
-                         "; make another option of " + quoted(constraint.feature) +
-                         " available first");
+    return host::refused("the library refuses to constrain option " +
+                         host::inQuotes(constraint.option) + "; make another option of " +
+                         host::inQuotes(constraint.feature) + " available first");
   }
   // Keeps what an earlier constraint has found.
   shell.constrainedOptions().insert({{constraint.feature, constraint.option}, before});
@@ -89,7 +92,7 @@ host::Result<> runRelease(Shell& shell, const Words& arguments) {
   if (host::Result<> done = readConstraint(shell, arguments, constraint); !done) return done;
   if (!constraint.object->removeConstraint(constraint.id)) {
     return host::refused("no constraint " + arguments[2] + " holds option " +
-                         quoted(constraint.option) + "; give the number of one that does");
+                         host::inQuotes(constraint.option) + "; give the number of one that does");
   }
   if (!constraint.object->isConstraintSetEmpty()) return {};
   Shell::OptionFlags flags;

@@ -1,5 +1,6 @@
 #include "programs/driver_feature/shell/value_commands.h"
 
+#include "host/base/text.h"
 #include "host/session/log.h"
 #include "host/session/properties.h"
 #include "host/settings/setting.h"
@@ -19,8 +20,8 @@ constexpr const char* kAll = "all";
 host::Result<> setChecked(Shell& shell, const host::Setting& setting) {
   if (host::Result<> done = checkSetting(shell.model(), setting); !done) return done;
   if (shell.model().features.at(setting.name).setValue(setting.value)) return {};
-  return host::refused("the library refuses the value " + quoted(setting.value) + " of feature " +
-                       quoted(setting.name) + "; \"log all\" shows why");
+  return host::refused("the library refuses the value " + host::inQuotes(setting.value) +
+                       " of feature " + host::inQuotes(setting.name) + "; \"log all\" shows why");
 }
 
 host::Result<> getValue(Shell& shell, const std::string& name) {
@@ -28,11 +29,11 @@ host::Result<> getValue(Shell& shell, const std::string& name) {
   if (host::Result<> done = findObject(shell, name, object); !done) return done;
   const auto feature = shell.model().features.find(name);
   if (feature == shell.model().features.end()) {
-    return host::refused(quoted(name) +
+    return host::refused(host::inQuotes(name) +
                          " is a group and holds no value; name a property, or \"all\" of them");
   }
   if (!feature->second.hasValue()) {
-    return host::refused(quoted(name) + " is a " + feature->second.typeName() +
+    return host::refused(host::inQuotes(name) + " is a " + feature->second.typeName() +
                          " feature and holds no value; name a property, or \"all\" of them");
   }
   shell.answer(currentValueWord(feature->second) + "\n");

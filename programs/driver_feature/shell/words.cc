@@ -140,7 +140,6 @@ UnfinishedLine splitUnfinished(std::string_view line) {
 }
 
 std::string escapeWord(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
   std::string written;
   for (const std::string_view character : host::splitCharacters(text)) {
     const auto code = static_cast<unsigned char>(character.front());
@@ -151,9 +150,7 @@ std::string escapeWord(std::string_view text) {
     } else if (code == 0x1B) {
       written += "\\e";
     } else if (isForeign) {
-      written += "\\x";
-      written += kDigits[code >> 4U];
-      written += kDigits[code & 0xFU];
+      written += host::escapedByte(character.front());
     } else {
       written += host::printable(character);
     }
