@@ -7,7 +7,8 @@ target_compile_options(raw_slot_tests PRIVATE
   $<TARGET_PROPERTY:driver_feature_compile_options,INTERFACE_COMPILE_OPTIONS>)
 target_compile_definitions(raw_slot_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>")
-set_target_properties(raw_slot_tests PROPERTIES ENABLE_EXPORTS ON CXX_VISIBILITY_PRESET default)
+set_target_properties(raw_slot_tests PROPERTIES
+  ENABLE_EXPORTS ON CXX_VISIBILITY_PRESET default UNITY_BUILD ON)
 target_link_libraries(raw_slot_tests PRIVATE
   GTest::gmock GTest::gtest GTest::gtest_main ${CMAKE_DL_LIBS})
 add_dependencies(raw_slot_tests DriverFeature)

@@ -136,4 +136,6 @@ bool Executor<Model>::useGroupControl(const Operation& operation) {
 DRIVER_FEATURE_INSTANTIATE(LibraryModel)
 DRIVER_FEATURE_INSTANTIATE(ReferenceModel)
 
+#undef DRIVER_FEATURE_INSTANTIATE
+
 }  // namespace driver_feature::operations

@@ -221,4 +221,6 @@ void Executor<Model>::noteNumbers(const std::set<long>& numbers) {
 DRIVER_FEATURE_INSTANTIATE(LibraryModel)
 DRIVER_FEATURE_INSTANTIATE(ReferenceModel)
 
+#undef DRIVER_FEATURE_INSTANTIATE
+
 }  // namespace driver_feature::operations

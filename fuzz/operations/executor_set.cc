@@ -140,4 +140,6 @@ void Executor<Model>::serialize(int pdlType, bool includeInstOpt) {
 DRIVER_FEATURE_INSTANTIATE(LibraryModel)
 DRIVER_FEATURE_INSTANTIATE(ReferenceModel)
 
+#undef DRIVER_FEATURE_INSTANTIATE
+
 }  // namespace driver_feature::operations

@@ -47,7 +47,7 @@ class HalfReadableOption : public UnreadableOption {
   }
 };
 
-TEST(DumpDamageTest, OptionThatRefusesReads_ShowsWhatItAnswers) {
+TEST(DumpDamageTest, OptionThatRefusesReads_ShowsWhatItReturns) {
   RecordingHost host;
   ModelBuilder model;
   DriverFeature& media = model.feature("Media", 1);

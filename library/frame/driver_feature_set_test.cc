@@ -51,7 +51,7 @@ TEST_F(FeatureSetTest, Add_NothingOrNoName_IsRefused) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(FeatureSetTest, Features_StandInByteOrderOfTheirNames) {
+TEST_F(FeatureSetTest, Features_AreInByteOrderOfTheirNames) {
   EXPECT_EQ(set_.addFeatureToFeatureList("a", &a_), 1);
   EXPECT_EQ(set_.addFeatureToFeatureList("B", &b_), 1);
   // Groups are not counted.
@@ -75,7 +75,7 @@ TEST_F(FeatureSetTest, Add_SameName_ReplacesTheFirst) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(FeatureSetTest, Groups_StandInOrderOfAddition) {
+TEST_F(FeatureSetTest, Groups_AreInOrderOfAddition) {
   DriverFeatureStaticGroup first(std::string("z"));
   EXPECT_EQ(set_.addStaticGroupToFeatureList(&first), 1);
   EXPECT_EQ(set_.addStaticGroupToFeatureList(&static_), 1);

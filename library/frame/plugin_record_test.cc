@@ -38,7 +38,7 @@ TEST(MasterFeatureListTest, FirstCall_FreshLibrary_MakesAnEmptySet) {
   EXPECT_THAT(host.takeEvents(), IsEmpty());
 }
 
-TEST(MasterFeatureListTest, LaterCalls_AnswerTheSameSet) {
+TEST(MasterFeatureListTest, LaterCalls_ReturnTheSameSet) {
   RecordingHost host;
   void* set = GetMasterFeatureList();
   DriverFeature feature(std::string("Copies"));

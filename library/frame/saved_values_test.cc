@@ -184,7 +184,7 @@ TEST_F(SavedValuesTest, Save_UnreadableValueFirst_WritesZeroOrNothing) {
   EXPECT_EQ(text.text("OriginalTextValue"), "");
 }
 
-TEST_F(SavedValuesTest, SaveAndRestore_ThatThrowInside_EndInSilence) {
+TEST_F(SavedValuesTest, SaveAndRestore_ThatThrowInside_EndWithoutLogging) {
   class Throwing : public DriverFeature {
    public:
     using DriverFeature::DriverFeature;

@@ -81,7 +81,7 @@ class TicketHandlersTest : public ::testing::Test {
   int element_ = 0;
 };
 
-TEST_F(TicketHandlersTest, EitherHandler_NoLoadRoutine_AnswersOneAndDoesNothing) {
+TEST_F(TicketHandlersTest, EitherHandler_NoLoadRoutine_ReturnsOneAndDoesNothing) {
   for (const Handler handler : {InstOptVORNTagHandler, JobTicketVORNTagHandler}) {
     SCOPED_TRACE(handler == InstOptVORNTagHandler ? "installable options" : "job ticket");
     EXPECT_EQ(outputOf(handler), "");
@@ -122,14 +122,14 @@ TEST_F(TicketHandlersTest, JobTicket_AnyResult_RunsTheRoutineInModeZeroAndNotifi
   }
 }
 
-TEST_F(TicketHandlersTest, JobTicket_UpdateCallbackAnswersTrue_ResultIsIgnored) {
+TEST_F(TicketHandlersTest, JobTicket_UpdateCallbackReturnsTrue_ResultIsIgnored) {
   registerLoadRoutine();
   notification().updateCallback = recordFlagAtUpdateAndAgree;
   EXPECT_EQ(outputOf(JobTicketVORNTagHandler), "");
   EXPECT_THAT(host_.takeEvents(), ElementsAre("load 0, flag up", "update, flag down"));
 }
 
-TEST_F(TicketHandlersTest, JobTicket_NoUpdateCallback_AnswersOne) {
+TEST_F(TicketHandlersTest, JobTicket_NoUpdateCallback_ReturnsOne) {
   registerLoadRoutine();
   notification().updateCallback = nullptr;
   EXPECT_EQ(outputOf(JobTicketVORNTagHandler), "");
@@ -179,7 +179,7 @@ TEST_F(TicketHandlersTest, EitherHandler_Afterwards_ChangesNotifyAgain) {
   }
 }
 
-TEST_F(TicketHandlersTest, EitherHandler_RoutineThrows_AnswersZeroAndLowersTheFlag) {
+TEST_F(TicketHandlersTest, EitherHandler_RoutineThrows_ReturnsZeroAndLowersTheFlag) {
   registerLoadRoutine();
   script.throws = true;
   EXPECT_EQ(outputOf(InstOptVORNTagHandler, 0), "");

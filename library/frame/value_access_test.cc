@@ -81,7 +81,7 @@ TEST_F(ValueAccessTest, Set_SameValueAgain_NotifiesNobody) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(ValueAccessTest, Get_StaticGroup_IsAnsweredByTheGroup) {
+TEST_F(ValueAccessTest, Get_StaticGroup_IsPassedToTheGroup) {
   int type = 0;
   EXPECT_EQ(GetFeatureIntValue(staticName_, "FeatureType", &type), 1);
   EXPECT_EQ(type, 6);
@@ -94,7 +94,7 @@ TEST_F(ValueAccessTest, Get_StaticGroup_IsAnsweredByTheGroup) {
                                   "\"Quality.")));
 }
 
-TEST_F(ValueAccessTest, Set_DynamicGroup_IsAnsweredByTheGroup) {
+TEST_F(ValueAccessTest, Set_DynamicGroup_IsPassedToTheGroup) {
   EXPECT_EQ(SetFeatureIntValue(dynamicName_, "RecordInFocus", 4), 1);
   int record = 0;
   EXPECT_EQ(GetFeatureIntValue(dynamicName_, "RecordInFocus", &record), 1);
@@ -102,7 +102,7 @@ TEST_F(ValueAccessTest, Set_DynamicGroup_IsAnsweredByTheGroup) {
   EXPECT_THAT(host_.takeEvents(), ElementsAre(kUpdateCalled));
 }
 
-TEST_F(ValueAccessTest, Set_UnknownProperty_AnswersTheFeaturesRefusalAlone) {
+TEST_F(ValueAccessTest, Set_UnknownProperty_ReturnsOnlyTheFeaturesRefusal) {
   EXPECT_EQ(SetFeatureTextValue(titleName_, "Titel", std::string("Report")), 0);
   EXPECT_THAT(host_.takeEvents(),
               ElementsAre(logLine(3,
@@ -110,7 +110,7 @@ TEST_F(ValueAccessTest, Set_UnknownProperty_AnswersTheFeaturesRefusalAlone) {
                                   "feature property:  \"Titel\" for feature \"Title.")));
 }
 
-TEST_F(ValueAccessTest, AnyFunction_UnknownTarget_LogsTwoLinesAndAnswersZero) {
+TEST_F(ValueAccessTest, AnyFunction_UnknownTarget_LogsTwoLinesAndReturnsZero) {
   const auto expectRefusal = [this] {
     EXPECT_THAT(
         host_.takeEvents(),
@@ -144,7 +144,7 @@ TEST_F(ValueAccessTest, AnyFunction_UnknownTarget_LogsTwoLinesAndAnswersZero) {
   expectRefusal();
 }
 
-TEST_F(ValueAccessTest, AnyFunction_ThatThrowsInside_AnswersZero) {
+TEST_F(ValueAccessTest, AnyFunction_ThatThrowsInside_ReturnsZero) {
   class Throwing : public DriverFeature {
    public:
     using DriverFeature::DriverFeature;
@@ -161,7 +161,7 @@ TEST_F(ValueAccessTest, AnyFunction_ThatThrowsInside_AnswersZero) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(ValueAccessTest, Set_RefusedTypeOfValue_AnswersTheFeaturesTrue) {
+TEST_F(ValueAccessTest, Set_RefusedTypeOfValue_ReturnsTheFeaturesTrue) {
   EXPECT_EQ(SetFeatureTextValue(copiesName_, "CurrentTextValue", std::string("x")), 1);
   EXPECT_THAT(host_.takeEvents(),
               ElementsAre(logLine(3,

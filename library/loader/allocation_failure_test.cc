@@ -37,7 +37,7 @@ TEST_F(AllocationFailureTest, MasterFeatureList_NoMemory_PassesTheFailureOn) {
   EXPECT_NE(GetMasterFeatureList(), nullptr);
 }
 
-TEST_F(AllocationFailureTest, TagHandler_NoMemory_AnswersZeroAndThrowsNothing) {
+TEST_F(AllocationFailureTest, TagHandler_NoMemory_ReturnsZeroAndThrowsNothing) {
   void* element = host_.parse(R"(<Features><Feature FeatureType="UIOnly" Name="A"/></Features>)");
   failingMemory.failAfter(0);
   int result = 1;
@@ -62,7 +62,7 @@ constexpr const char* kDescription = R"(<Features>
   </FeatureDynamicGroup>
 </Features>)";
 
-TEST_F(AllocationFailureTest, TagHandler_AnyAllocationFails_AnswersZeroAndLeavesAUsableSet) {
+TEST_F(AllocationFailureTest, TagHandler_AnyAllocationFails_ReturnsZeroAndLeavesAUsableSet) {
   void* element = host_.parse(kDescription);
   // Each attempt begins without a set. Those of before stay in sight of a check
   // for leaks.

@@ -65,7 +65,7 @@ TEST_F(DynamicGroupTest, Name_Absent_FailsBeforeTheParserIsAsked) {
   EXPECT_EQ(LogMessageBuffer.utf8(), "untouched");
 }
 
-TEST_F(DynamicGroupTest, Attributes_AllPresent_AreTakenAsTextsInSilence) {
+TEST_F(DynamicGroupTest, Attributes_AllPresent_AreTakenAsTextsWithoutLogging) {
   // None of them reads as a flag or a number, which the platform would log.
   DriverFeatureDynamicGroup* built =
       group(R"(PJLCommand="p" PSCommand="s" TESKOAAttributeName="o" TESKJTAttributeName="j"

@@ -145,7 +145,7 @@ TEST_F(FeatureTypesTest, EntryTypes_AttributesOfOtherTypes_AreIgnored) {
   EXPECT_THAT(takeEvents(), IsEmpty());
 }
 
-TEST_F(FeatureTypesTest, IntEntry_Default_BecomesDefaultAndCurrentInSilence) {
+TEST_F(FeatureTypesTest, IntEntry_Default_BecomesDefaultAndCurrentWithoutLogging) {
   for (const int value : {7, 0, -5, 2147483647, -2147483647 - 1}) {
     SCOPED_TRACE(value);
     DriverFeature& built =
@@ -172,7 +172,7 @@ TEST_F(FeatureTypesTest, IntEntry_DefaultAbsentOrUnconvertible_KeepsTheConstruct
   }
 }
 
-TEST_F(FeatureTypesTest, FloatEntry_Attributes_AreStoredNarrowedAndInSilence) {
+TEST_F(FeatureTypesTest, FloatEntry_Attributes_AreStoredNarrowedAndWithoutLogging) {
   DriverFeature& built = feature(
       R"(FeatureType="FloatEntry" FloatMaxValue="10.1" FloatMinValue="-0.1" DefaultValue="2.7")");
   EXPECT_EQ(read<float>(built, "FloatMaxValue"), 10.1F);
@@ -193,7 +193,7 @@ TEST_F(FeatureTypesTest, FloatEntry_NoOrUnconvertibleDefault_KeepsTheConstructor
   EXPECT_THAT(takeEvents(), ElementsAre(conversionLine("DefaultValue", "1,5")));
 }
 
-TEST_F(FeatureTypesTest, TextEntry_Attributes_AreStoredInSilence) {
+TEST_F(FeatureTypesTest, TextEntry_Attributes_AreStoredWithoutLogging) {
   DriverFeature& built = feature(R"(FeatureType="TextEntry" TextValidationCharSet="abc"
                                     MaxTextLength="12" DefaultValue="a longer text than 12")");
   EXPECT_EQ(readText(built, "TextValidationCharSet"), "abc");

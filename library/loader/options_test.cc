@@ -216,7 +216,7 @@ TEST_F(OptionsTest, List_ParserCountsNone_FailsBeforeTheFirstChild) {
                           logLine(1, "CreateFeature() - No options for MultiSelect feature")));
 }
 
-TEST_F(OptionsTest, Default_Found_BecomesDefaultAndCurrentInSilence) {
+TEST_F(OptionsTest, Default_Found_BecomesDefaultAndCurrentWithoutLogging) {
   const std::vector<std::string> names = {"A4", "Letter", "A3"};
   for (int position = 0; position < 3; ++position) {
     const std::string& name = names[static_cast<std::size_t>(position)];

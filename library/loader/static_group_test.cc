@@ -13,7 +13,7 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
-constexpr const char* kTextAttributes[] = {
+constexpr const char* kGroupTexts[] = {
     "PJLCommand",           "PSCommand",
     "TESKOAAttributeName",  "TESKJTAttributeName",
     "TESKAttributeSyntax",  "AddPJLCallbackRoutine",
@@ -70,7 +70,7 @@ TEST_F(StaticGroupTest, Attributes_None_KeepsTheConstructorsValues) {
   EXPECT_EQ(readText(*built, "Name"), "G");
   EXPECT_EQ(built->getFeatureType(), 6);
   EXPECT_FALSE(read<bool>(*built, "FeatureInGroup"));
-  for (const std::string property : kTextAttributes) {
+  for (const std::string property : kGroupTexts) {
     EXPECT_EQ(readText(*built, property), "") << property;
   }
   EXPECT_THAT(staticGroupNames(), ElementsAre("G"));
@@ -80,14 +80,14 @@ TEST_F(StaticGroupTest, Attributes_None_KeepsTheConstructorsValues) {
 TEST_F(StaticGroupTest, Attributes_Texts_SetThePropertiesOfTheirNames) {
   std::string texts;
   std::string empties;
-  for (const std::string name : kTextAttributes) {
+  for (const std::string name : kGroupTexts) {
     texts += name + "=\"text of " + name + "\" ";
     empties += name + "=\"\" ";
   }
   DriverFeatureStaticGroup* built = group(texts, kLeaf);
   DriverFeatureStaticGroup* empty = group(empties, kLeaf);
   ASSERT_TRUE(built != nullptr && empty != nullptr);
-  for (const std::string name : kTextAttributes) {
+  for (const std::string name : kGroupTexts) {
     EXPECT_EQ(readText(*built, name), "text of " + name);
     EXPECT_EQ(readText(*empty, name), "") << name;
   }

@@ -75,7 +75,7 @@ const std::string kNullLoadLine =
 
 using TagHandlerTest = LoaderTest;
 
-TEST_F(TagHandlerTest, Load_NoChildren_AnswersOneAndMakesAnEmptySet) {
+TEST_F(TagHandlerTest, Load_NoChildren_ReturnsOneAndMakesAnEmptySet) {
   EXPECT_EQ(load(""), 1);
   ASSERT_NE(libraryState().masterSet, nullptr);
   EXPECT_THAT(featureNames(), IsEmpty());
@@ -169,7 +169,7 @@ TEST_F(TagHandlerTest, Load_AttributesOfOneChild_NeverReachTheNext) {
   EXPECT_EQ(readText(feature, "CurrentTextValue"), "");
 }
 
-TEST_F(TagHandlerTest, BaseInfo_BothRoutines_AreRegisteredInSilence) {
+TEST_F(TagHandlerTest, BaseInfo_BothRoutines_AreRegisteredWithoutLogging) {
   setDriverFeatureUpdateCallback(nullptr);
   EXPECT_EQ(load(R"(<BaseFeatureInfo DefaultCallbackHandler="RecordUpdate"
                                      LoadVORNCallbackHandler="TagHandlerTestLoad"/>)"),

@@ -95,14 +95,14 @@ void expectNoConstraints(Object& object) {
   EXPECT_TRUE(object.isConstraintSetEmpty());
 }
 
-TEST(CoreDefaultsTest, ObjectWithoutOptions_AnswersInSilence) {
+TEST(CoreDefaultsTest, ObjectWithoutOptions_ReturnsWithoutLogging) {
   RecordingHost host;
   Plain<CoreFeature> feature;
   expectNoOptions(feature);
   EXPECT_THAT(host.takeEvents(), IsEmpty());
 }
 
-TEST(CoreDefaultsTest, FeatureWithoutConstraints_AnswersInSilence) {
+TEST(CoreDefaultsTest, FeatureWithoutConstraints_ReturnsWithoutLogging) {
   RecordingHost host;
   PlainFeature feature;
   expectNoOptions(feature);
@@ -110,7 +110,7 @@ TEST(CoreDefaultsTest, FeatureWithoutConstraints_AnswersInSilence) {
   EXPECT_THAT(host.takeEvents(), IsEmpty());
 }
 
-TEST(CoreDefaultsTest, DynamicGroupWithoutConstraints_AnswersInSilence) {
+TEST(CoreDefaultsTest, DynamicGroupWithoutConstraints_ReturnsWithoutLogging) {
   RecordingHost host;
   PlainDynamicGroup group;
   expectNoOptions(group);

@@ -104,7 +104,7 @@ TEST_F(DamagedRecordsTest, Load_RecordGone_IsRefused) {
   EXPECT_EQ(LogMessageBuffer.utf8(), "untouched");
 }
 
-TEST_F(DamagedRecordsTest, Sort_RecordGone_AnswersFalseWithoutComparing) {
+TEST_F(DamagedRecordsTest, Sort_RecordGone_ReturnsFalseWithoutComparing) {
   setSortRoutine();
   add("2", "b");
   for (const std::size_t gone : {0U, 1U}) {

@@ -64,7 +64,7 @@ TEST_F(ConstraintsTest, ConstraintSet_TakesIdentifiersFromZero) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(ConstraintsTest, Apply_OptionThatIsNotCurrent_DisablesItInSilence) {
+TEST_F(ConstraintsTest, Apply_OptionThatIsNotCurrent_DisablesItWithoutLogging) {
   EXPECT_TRUE(feature_.applyOptionConstraint("B", 7, false));
   EXPECT_FALSE(flag(b_, "Sensitivity"));
   EXPECT_TRUE(flag(b_, "Visibility"));
@@ -115,7 +115,7 @@ TEST_F(ConstraintsTest, Apply_OnlyAvailableOption_ChangesNothing) {
                                   "available!")));
 }
 
-TEST_F(ConstraintsTest, Apply_NegativeIdentifier_ChangesNothingInSilence) {
+TEST_F(ConstraintsTest, Apply_NegativeIdentifier_ChangesNothingWithoutLogging) {
   EXPECT_FALSE(feature_.applyOptionConstraint("B", -1, true));
   EXPECT_FALSE(feature_.applyOptionConstraint("Missing", -1, true));
   EXPECT_TRUE(flag(b_, "Sensitivity"));

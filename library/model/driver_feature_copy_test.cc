@@ -119,7 +119,7 @@ TEST_F(CopyTest, Copy_AllElse_IsAsInANewFeature) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(CopyTest, Copy_ChangeRoutine_StaysBehind) {
+TEST_F(CopyTest, Copy_ChangeRoutine_IsNotCopied) {
   set("AddCallbackRoutine", std::string("RecordChange"));
   notification().creationComplete = true;
   DriverFeature copy(&source_);

@@ -192,7 +192,7 @@ TEST_F(RecordsTest, Add_CopiesAreSilent_WhateverTheyAreSetTo) {
               ElementsAre(kChangeCalled, kChangeCalled, kChangeCalled, kChangeCalled));
 }
 
-TEST_F(RecordsTest, Load_OutOfRange_IsNullInSilence) {
+TEST_F(RecordsTest, Load_OutOfRange_IsNullAndNotLogged) {
   AttributeMap map = values("A4", "1", "", "1");
   group_.addStaticGroupToDynamicGroup(map);
   host_.takeEvents();
@@ -265,7 +265,7 @@ TEST_F(RecordsTest, Duplicate_EqualRecord_IsFoundByteForByte) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(RecordsTest, Duplicate_MapOfAnotherSize_IsNoneInSilence) {
+TEST_F(RecordsTest, Duplicate_MapOfAnotherSize_IsNotADuplicateAndNotLogged) {
   AttributeMap map = values("A4", "1", "", "1");
   group_.addStaticGroupToDynamicGroup(map);
   host_.takeEvents();

@@ -124,7 +124,7 @@ TEST_F(SortTest, Add_SortOff_GoesLastUnsorted) {
   EXPECT_THAT(records(), ElementsAre("0", "1", "2"));
 }
 
-TEST_F(SortTest, Add_NoRoutineNamed_GoesLastInSilence) {
+TEST_F(SortTest, Add_NoRoutineNamed_GoesLastWithoutLogging) {
   group_.setFeatureProperty(std::string("SortFunctionName"), std::string(""));
   add("2");
   add("1");
@@ -150,7 +150,7 @@ TEST_F(SortTest, Add_UnknownRoutine_IsLookedUpAgainAtEachAdd) {
   EXPECT_THAT(records(), ElementsAre("0", "1", "2", "3"));
 }
 
-TEST_F(SortTest, SortList_WithoutRoutine_AnswersByTheNumberOfRecords) {
+TEST_F(SortTest, SortList_WithoutRoutine_ReturnsByTheNumberOfRecords) {
   EXPECT_TRUE(group_.sortList());
   add("2", "", false);
   EXPECT_TRUE(group_.sortList());

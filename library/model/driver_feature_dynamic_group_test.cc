@@ -28,13 +28,15 @@ const std::vector<std::string> kReadableTexts =
 
 // Sets through one of the three ways: the plain setter, and the one with
 // constraint control with and without notification.
-enum class Way { kPlain, kNotifying, kSilent };
-constexpr Way kWays[] = {Way::kPlain, Way::kNotifying, Way::kSilent};
+enum class GroupSetter { kPlain, kNotifying, kSilent };
+constexpr GroupSetter kGroupSetters[] = {GroupSetter::kPlain, GroupSetter::kNotifying,
+                                         GroupSetter::kSilent};
 
 template <class Value>
-bool set(DriverFeatureDynamicGroup& group, Way way, const std::string& name, const Value& value) {
-  if (way == Way::kPlain) return group.setFeatureProperty(name, value);
-  return group.setFeaturePropertyWithConstraintControl(name, value, way == Way::kSilent);
+bool set(DriverFeatureDynamicGroup& group, GroupSetter way, const std::string& name,
+         const Value& value) {
+  if (way == GroupSetter::kPlain) return group.setFeatureProperty(name, value);
+  return group.setFeaturePropertyWithConstraintControl(name, value, way == GroupSetter::kSilent);
 }
 
 class DynamicGroupTest : public ::testing::Test {
@@ -73,7 +75,7 @@ TEST_F(DynamicGroupTest, NewGroup_HasTheDefaults) {
 }
 
 TEST_F(DynamicGroupTest, Text_SettableNames_HaveAPlaceEach) {
-  for (const Way way : kWays) {
+  for (const GroupSetter way : kGroupSetters) {
     for (const std::string& name : kSettableTexts) {
       EXPECT_TRUE(set(group_, way, name, "text of " + name)) << name;
     }
@@ -89,8 +91,8 @@ TEST_F(DynamicGroupTest, Text_SettableNames_HaveAPlaceEach) {
 
 TEST_F(DynamicGroupTest, Text_OtherNames_AreRefusedWithoutALine) {
   for (const std::string& name : namesBut(kSettableTexts)) {
-    EXPECT_FALSE(set(group_, Way::kPlain, name, std::string("stored"))) << name;
-    EXPECT_FALSE(set(group_, Way::kNotifying, name, std::string("stored"))) << name;
+    EXPECT_FALSE(set(group_, GroupSetter::kPlain, name, std::string("stored"))) << name;
+    EXPECT_FALSE(set(group_, GroupSetter::kNotifying, name, std::string("stored"))) << name;
   }
   for (const std::string& name : namesBut(kReadableTexts)) {
     std::string value = "kept";
@@ -101,7 +103,7 @@ TEST_F(DynamicGroupTest, Text_OtherNames_AreRefusedWithoutALine) {
 }
 
 TEST_F(DynamicGroupTest, Int_EveryOtherName_IsLoggedWithTheGroupAlone) {
-  for (const Way way : kWays) {
+  for (const GroupSetter way : kGroupSetters) {
     for (const std::string& name : namesBut({"RecordInFocus"})) {
       SCOPED_TRACE(name);
       EXPECT_FALSE(set(group_, way, name, 1));
@@ -122,7 +124,7 @@ TEST_F(DynamicGroupTest, Int_EveryOtherName_IsLoggedWithTheGroupAlone) {
 }
 
 TEST_F(DynamicGroupTest, Float_EveryName_IsLoggedWithTheGroupAlone) {
-  for (const Way way : kWays) {
+  for (const GroupSetter way : kGroupSetters) {
     for (const std::string& name : namesBut({})) {
       SCOPED_TRACE(name);
       EXPECT_FALSE(set(group_, way, name, 1.0F));
@@ -143,7 +145,7 @@ TEST_F(DynamicGroupTest, Float_EveryName_IsLoggedWithTheGroupAlone) {
 }
 
 TEST_F(DynamicGroupTest, Bool_EveryOtherName_IsLoggedWithTheProperty) {
-  for (const Way way : kWays) {
+  for (const GroupSetter way : kGroupSetters) {
     for (const std::string& name : namesBut({"Sensitivity", "Visibility"})) {
       SCOPED_TRACE(name);
       EXPECT_FALSE(set(group_, way, name, true));
@@ -167,11 +169,12 @@ TEST_F(DynamicGroupTest, Bool_EveryOtherName_IsLoggedWithTheProperty) {
 
 // Every store is reported, changed or not, unless silence is asked for.
 struct WayRow {
-  Way way;
+  GroupSetter way;
   std::vector<std::string> events;
 };
-const WayRow kReports[] = {
-    {Way::kPlain, {kUpdateCalled}}, {Way::kNotifying, {kUpdateCalled}}, {Way::kSilent, {}}};
+const WayRow kReports[] = {{GroupSetter::kPlain, {kUpdateCalled}},
+                           {GroupSetter::kNotifying, {kUpdateCalled}},
+                           {GroupSetter::kSilent, {}}};
 
 TEST_F(DynamicGroupTest, RecordInFocus_EveryWay_IsStoredAndReported) {
   for (const WayRow& row : kReports) {
@@ -201,7 +204,7 @@ TEST_F(DynamicGroupTest, Flags_EveryWay_AreStoredAndReported) {
   }
 }
 
-TEST_F(DynamicGroupTest, NumbersAndFlags_WhileATicketIsLoaded_AreStoredInSilence) {
+TEST_F(DynamicGroupTest, NumbersAndFlags_WhileATicketIsLoaded_AreStoredWithoutLogging) {
   notification().ticketLoading = true;
   EXPECT_TRUE(group_.setFeatureProperty(std::string("RecordInFocus"), 2));
   EXPECT_TRUE(group_.setFeatureProperty(std::string("Visibility"), false));

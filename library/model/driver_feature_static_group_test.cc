@@ -134,7 +134,7 @@ TEST_F(StaticGroupTest, Float_EveryName_IsLoggedAndRefused) {
   }
 }
 
-TEST_F(StaticGroupTest, FeatureType_InRange_IsStoredInSilence) {
+TEST_F(StaticGroupTest, FeatureType_InRange_IsStoredWithoutLogging) {
   for (const int value : {0, 1, 5, 7, 8}) {
     EXPECT_TRUE(group_.setFeatureProperty(std::string("FeatureType"), value));
     EXPECT_EQ(type(), value);
@@ -157,7 +157,7 @@ TEST_F(StaticGroupTest, FeatureType_OutOfRange_IsRefusedAndKept) {
   }
 }
 
-TEST_F(StaticGroupTest, FeatureInGroup_IsStoredInSilence) {
+TEST_F(StaticGroupTest, FeatureInGroup_IsStoredWithoutLogging) {
   EXPECT_TRUE(group_.setFeatureProperty(std::string("FeatureInGroup"), true));
   bool inGroup = false;
   EXPECT_TRUE(group_.getFeatureProperty(std::string("FeatureInGroup"), &inGroup));
@@ -175,7 +175,7 @@ TEST_F(StaticGroupTest, Options_AreNone) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(StaticGroupTest, AddFeature_Any_IsListedInOrderAndTold) {
+TEST_F(StaticGroupTest, AddFeature_Any_IsListedInOrderAndNotified) {
   DriverFeature a(std::string("A"));
   DriverFeatureStaticGroup b(std::string("B"));
   EXPECT_TRUE(group_.addFeatureToGroup(&a));
@@ -198,7 +198,7 @@ TEST_F(StaticGroupTest, AddFeature_Null_IsRefused) {
   EXPECT_EQ(group_.fetchNumberOfFeaturesInGroup(), 0);
 }
 
-TEST_F(StaticGroupTest, AddFeature_RefusesToBeTold_FailsAndStays) {
+TEST_F(StaticGroupTest, AddFeature_RefusesItsGroup_FailsAndStays) {
   ScriptedFeature member(2);
   member.acceptsFlags = false;
   EXPECT_FALSE(group_.addFeatureToGroup(&member));

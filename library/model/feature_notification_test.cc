@@ -37,7 +37,7 @@ class FeatureNotificationTest : public ::testing::Test {
   DriverFeature feature_{std::string("Tray")};
 };
 
-TEST_F(FeatureNotificationTest, CurrentValue_Unchanged_TellsNobody) {
+TEST_F(FeatureNotificationTest, CurrentValue_Unchanged_NotifiesNobody) {
   notification().creationComplete = true;
   set("AddCallbackRoutine", std::string("RecordChange"));
   EXPECT_TRUE(set("CurrentIntValue", 0));
@@ -125,7 +125,7 @@ void recordWatched(const std::string& who) {
   RecordingHost::record(who + " sees " + std::to_string(value));
 }
 
-TEST_F(FeatureNotificationTest, Change_IsStoredBeforeAnybodyIsTold) {
+TEST_F(FeatureNotificationTest, Change_IsStoredBeforeAnybodyIsNotified) {
   watched = &feature_;
   notification().creationComplete = true;
   notification().updateCallback = [] {

@@ -24,13 +24,15 @@ using Events = std::vector<std::string>;
 
 // Sets through one of the three ways: the plain setter, and the one with
 // constraint control with and without notification.
-enum class Way { kPlain, kNotifying, kSilent };
-constexpr Way kWays[] = {Way::kPlain, Way::kNotifying, Way::kSilent};
+enum class FeatureSetter { kPlain, kNotifying, kSilent };
+constexpr FeatureSetter kFeatureSetters[] = {FeatureSetter::kPlain, FeatureSetter::kNotifying,
+                                             FeatureSetter::kSilent};
 
 template <class Value>
-bool set(DriverFeature& feature, Way way, const std::string& name, const Value& value) {
-  if (way == Way::kPlain) return feature.setFeatureProperty(name, value);
-  return feature.setFeaturePropertyWithConstraintControl(name, value, way == Way::kSilent);
+bool set(DriverFeature& feature, FeatureSetter way, const std::string& name, const Value& value) {
+  if (way == FeatureSetter::kPlain) return feature.setFeatureProperty(name, value);
+  return feature.setFeaturePropertyWithConstraintControl(name, value,
+                                                         way == FeatureSetter::kSilent);
 }
 
 // Any type is as good as none.
@@ -84,7 +86,7 @@ TYPED_TEST_SUITE(FeaturePropertiesTest, Kinds);
 
 TYPED_TEST(FeaturePropertiesTest, Set_NameOfTheKind_IsTakenByAFeatureOfItsType) {
   for (const PropertyFacts& facts : this->settable_) {
-    for (const Way way : kWays) {
+    for (const FeatureSetter way : kFeatureSetters) {
       setValueType(this->feature_, facts.needed);
       EXPECT_TRUE(set(this->feature_, way, facts.name, Operation<TypeParam>::value(1)))
           << facts.name;
@@ -92,7 +94,7 @@ TYPED_TEST(FeaturePropertiesTest, Set_NameOfTheKind_IsTakenByAFeatureOfItsType) 
   }
 }
 
-TYPED_TEST(FeaturePropertiesTest, Set_NameThatNobodyHearsOf_TellsNobody) {
+TYPED_TEST(FeaturePropertiesTest, Set_NameOutsideTheNotification_NotifiesNobody) {
   for (const PropertyFacts& facts : toldTo(Told::kNobody, this->settable_)) {
     setValueType(this->feature_, facts.needed);
     this->feature_.setFeatureProperty(std::string(facts.name), Operation<TypeParam>::value(1));
@@ -104,7 +106,7 @@ TYPED_TEST(FeaturePropertiesTest, Set_AnyOtherName_IsLoggedAndRefused) {
   using Op = Operation<TypeParam>;
   for (const std::string& name :
        namesBut(namesOf(factsToSet(&PropertyFacts::feature, Op::kKind)))) {
-    for (const Way way : kWays) {
+    for (const FeatureSetter way : kFeatureSetters) {
       EXPECT_FALSE(set(this->feature_, way, name, Op::value(1))) << name;
       EXPECT_THAT(this->host_.takeEvents(),
                   ElementsAre(logLine(3, std::string("DriverFeature::setFeatureProperty") +
@@ -170,20 +172,30 @@ TYPED_TEST(FeaturePropertiesTest, Get_AnyOtherName_IsLoggedAndKeepsTheOutput) {
 // Under which circumstances a value is stored, and what the host hears then.
 struct Circumstances {
   const char* name;
-  Way way;
+  FeatureSetter way;
   bool ticketLoading;
   bool creationComplete;
   Events ofAChange;
   Events ofAFlag;
 };
 const Circumstances kAllCircumstances[] = {
-    {"plain", Way::kPlain, false, true, {kChangeCalled, kUpdateCalled}, {kUpdateCalled}},
-    {"with control", Way::kNotifying, false, true, {kChangeCalled, kUpdateCalled}, {kUpdateCalled}},
-    {"silent", Way::kSilent, false, true, {kChangeCalled}, {}},
-    {"plain, ticket loading", Way::kPlain, true, true, {kChangeCalled}, {}},
-    {"silent, ticket loading", Way::kSilent, true, true, {kChangeCalled}, {}},
-    {"plain, not yet complete", Way::kPlain, false, false, {kUpdateCalled}, {kUpdateCalled}},
-    {"silent, not yet complete", Way::kSilent, false, false, {}, {}},
+    {"plain", FeatureSetter::kPlain, false, true, {kChangeCalled, kUpdateCalled}, {kUpdateCalled}},
+    {"with control",
+     FeatureSetter::kNotifying,
+     false,
+     true,
+     {kChangeCalled, kUpdateCalled},
+     {kUpdateCalled}},
+    {"silent", FeatureSetter::kSilent, false, true, {kChangeCalled}, {}},
+    {"plain, ticket loading", FeatureSetter::kPlain, true, true, {kChangeCalled}, {}},
+    {"silent, ticket loading", FeatureSetter::kSilent, true, true, {kChangeCalled}, {}},
+    {"plain, not yet complete",
+     FeatureSetter::kPlain,
+     false,
+     false,
+     {kUpdateCalled},
+     {kUpdateCalled}},
+    {"silent, not yet complete", FeatureSetter::kSilent, false, false, {}, {}},
 };
 
 class FeatureCircumstancesTest : public ::testing::TestWithParam<Circumstances> {

@@ -14,7 +14,7 @@
 namespace driver_feature::testing {
 namespace {
 
-constexpr int kMany = 100;
+constexpr int kOptions = 100;
 
 std::string nameOf(int number) {
   return "option " + std::to_string(number);
@@ -34,7 +34,7 @@ class HostOption : public DriverFeatureOption {
 class LongOptionListTest : public ::testing::Test {
  protected:
   LongOptionListTest() {
-    for (int i = 0; i < kMany; ++i) model_.option(list_, nameOf(i));
+    for (int i = 0; i < kOptions; ++i) model_.option(list_, nameOf(i));
   }
 
   int find(const std::string& name) { return list_.fetchOptionIndexByName(name); }
@@ -45,7 +45,7 @@ class LongOptionListTest : public ::testing::Test {
 };
 
 TEST_F(LongOptionListTest, Each_IsFoundByName) {
-  for (int i = 0; i < kMany; ++i) {
+  for (int i = 0; i < kOptions; ++i) {
     EXPECT_EQ(find(nameOf(i)), i);
     EXPECT_EQ(list_.fetchOptionByName(nameOf(i)), list_.fetchOptionByIndex(i));
     EXPECT_EQ(list_.fetchOptionByName(std::string("Name"), nameOf(i)), list_.fetchOptionByIndex(i));
@@ -69,7 +69,7 @@ TEST_F(LongOptionListTest, EarlierOptionGetsTheSameName_IsTheOneThatIsFound) {
 TEST_F(LongOptionListTest, AddedAfterASearch_IsFound) {
   EXPECT_EQ(find("late"), -1);
   model_.option(list_, "late");
-  EXPECT_EQ(find("late"), kMany);
+  EXPECT_EQ(find("late"), kOptions);
 }
 
 TEST_F(LongOptionListTest, OptionOfAHostAmongThem_IsAskedForItsName) {
@@ -77,9 +77,9 @@ TEST_F(LongOptionListTest, OptionOfAHostAmongThem_IsAskedForItsName) {
   HostOption option(std::string("what it holds"));
   list_.addOptionToFeature(&option);
   model_.option(list_, "after it");
-  EXPECT_EQ(find("of the host"), kMany);
+  EXPECT_EQ(find("of the host"), kOptions);
   EXPECT_EQ(find("what it holds"), -1);
-  EXPECT_EQ(find("after it"), kMany + 1);
+  EXPECT_EQ(find("after it"), kOptions + 1);
   EXPECT_EQ(find(nameOf(70)), 70);
 }
 

@@ -43,7 +43,7 @@ TEST(MessagesTest, Composed_Inserts_AreCopiedAsTheyAre) {
 }
 
 // What every class's lines hold of names, and that they pass the buffer.
-TEST(MessagesTest, Names_AnyBytes_StandInTheLineAndTheBuffer) {
+TEST(MessagesTest, Names_AnyBytes_AppearInTheLineAndTheBuffer) {
   RecordingHost host;
   const std::string odd("\"{}%n\0\xFF", 7);
   const auto expectLine = [&](int level, const std::string& line) {

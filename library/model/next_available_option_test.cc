@@ -49,7 +49,7 @@ struct SearchRow {
   int found;
 };
 
-TEST_F(NextAvailableOptionTest, AnyStart_WrapsAroundAndNeverAnswersTheStart) {
+TEST_F(NextAvailableOptionTest, AnyStart_WrapsAroundAndNeverReturnsTheStart) {
   const SearchRow rows[] = {
       {"the next", {true, true, true}, 0, 1},
       {"wraps from the last", {true, true, true}, 2, 0},

@@ -58,7 +58,7 @@ TEST_F(OptionListTest, Options_KeepTheOrderOfAddition) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(OptionListTest, Add_Option_TellsNobodyAndKeepsTheValue) {
+TEST_F(OptionListTest, Add_Option_NotifiesNobodyAndKeepsTheValue) {
   DriverFeatureOption second(std::string("B"));
   setCurrent(1);
   EXPECT_TRUE(feature_.addOptionToFeature(&second));

@@ -61,7 +61,7 @@ TEST_F(ValueStringTest, MultiSelect_OptionName_SelectsIt) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(ValueStringTest, MultiSelect_UnknownOption_IsRefusedInSilence) {
+TEST_F(ValueStringTest, MultiSelect_UnknownOption_IsRefusedWithoutLogging) {
   EXPECT_FALSE(set("Legal"));
   EXPECT_FALSE(set(""));
   EXPECT_EQ(currentInt(), 0);
@@ -76,7 +76,7 @@ TEST_F(ValueStringTest, MultiSelect_UnknownOptionAtPositionMinusOne_IsNoChange) 
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-TEST_F(ValueStringTest, MultiSelect_WithoutCurrentOption_AnswersTrueAndNothing) {
+TEST_F(ValueStringTest, MultiSelect_WithoutCurrentOption_ReturnsTrueAndNothing) {
   feature_.setFeatureProperty(std::string("CurrentIntValue"), 2);
   host_.takeEvents();
   EXPECT_EQ(get(), "left alone");
@@ -86,7 +86,7 @@ TEST_F(ValueStringTest, MultiSelect_WithoutCurrentOption_AnswersTrueAndNothing) 
                                   "option with index out of range for feature \"Tray\".")));
 }
 
-TEST_F(ValueStringTest, MultiSelect_UnreadableOption_AnswersTrueAndNothing) {
+TEST_F(ValueStringTest, MultiSelect_UnreadableOption_ReturnsTrueAndNothing) {
   UnreadableOption unreadable;
   feature_.addOptionToFeature(&unreadable);
   feature_.setFeatureProperty(std::string("CurrentIntValue"), 2);

@@ -55,7 +55,7 @@ TEST_F(VocabularyLookUpTest, OptionProperty_IsLookedUpInTheOptionNames) {
   EXPECT_EQ(lookUp.name, "CLOKey");
 }
 
-TEST_F(VocabularyLookUpTest, Answer_OutsideTheVocabulary_IsAnUnknownName) {
+TEST_F(VocabularyLookUpTest, RoutineResult_OutsideTheVocabulary_IsAnUnknownName) {
   for (const int answer : {-1, -2, INT_MIN, INT_MAX, 45, 46}) {
     lookUp.answer = &answer;
     EXPECT_EQ(findProperty("Name"), std::nullopt) << answer;
@@ -66,7 +66,7 @@ TEST_F(VocabularyLookUpTest, Answer_OutsideTheVocabulary_IsAnUnknownName) {
   }
 }
 
-TEST_F(VocabularyLookUpTest, Answer_WithinTheVocabulary_IsTaken) {
+TEST_F(VocabularyLookUpTest, RoutineResult_WithinTheVocabulary_IsTaken) {
   for (const int answer : {0, 44}) {
     lookUp.answer = &answer;
     EXPECT_EQ(findProperty("whatever"), static_cast<Property>(answer));
@@ -77,7 +77,7 @@ TEST_F(VocabularyLookUpTest, Answer_WithinTheVocabulary_IsTaken) {
   }
 }
 
-TEST_F(VocabularyLookUpTest, Objects_TakeTheAnswerForTheName) {
+TEST_F(VocabularyLookUpTest, Objects_TakeTheResultForTheName) {
   DriverFeature feature(std::string("Tray"));
   DriverFeatureOption option(std::string("A4"));
   const int clo = 6;

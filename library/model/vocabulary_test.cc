@@ -42,7 +42,7 @@ TEST(VocabularyTest, OtherNames_AreUnknown) {
   }
 }
 
-TEST(VocabularyTest, DisplayNames_StandAtTheirCodes) {
+TEST(VocabularyTest, DisplayNames_AreAtTheirCodes) {
   EXPECT_EQ(kFeatureTypeNames.size(), 6U);
   EXPECT_EQ(std::size(kValueTypeNames), 4U);
   EXPECT_STREQ(kFeatureTypeNames[0], "UIOnly");

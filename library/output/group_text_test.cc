@@ -136,7 +136,7 @@ TEST_P(GroupTextTest, GroupWithoutCommand_UnknownRoutine_IsLoggedAndEmpty) {
               ElementsAre(line(2, "Cannot load <> Command callback: NoSuchRoutine")));
 }
 
-TEST_P(GroupTextTest, GroupWithoutCommandOrRoutine_IsEmptyInSilence) {
+TEST_P(GroupTextTest, GroupWithoutCommandOrRoutine_IsEmptyWithoutLogging) {
   DriverFeature& a = numberFeature("A", "a%d");
   DriverFeatureStaticGroup& inner = model_.group("Inner", {}, {&a});
   DriverFeature& b = numberFeature("B", "b%d");
@@ -190,7 +190,7 @@ TEST_P(GroupTextTest, MemberWithoutCommandOrRoutine_IsLoggedAndAddsNothing) {
               ElementsAre(line(4, "Cannot get <> command for feature 1 - will look for callback")));
 }
 
-TEST_P(GroupTextTest, GroupThatContainsItself_EndsInSilence) {
+TEST_P(GroupTextTest, GroupThatContainsItself_EndsWithoutLogging) {
   DriverFeature& a = numberFeature("A", "a%d");
   DriverFeatureStaticGroup& g = group("G", "<%s>", {&a});
   g.addFeatureToGroup(&g);

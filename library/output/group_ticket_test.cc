@@ -144,7 +144,7 @@ TEST_F(GroupTicketTest, UnreadableSyntax_EndsTheGroup) {
               ElementsAre(logLine(3, "createTicketAttributes() - Cannot get feature syntax")));
 }
 
-TEST_F(GroupTicketTest, RefusedGroupNode_EndsTheGroupInSilence) {
+TEST_F(GroupTicketTest, RefusedGroupNode_EndsTheGroupWithoutLogging) {
   DriverFeature& a = number("A", {{"AddVORNCallbackRoutine", "WriteGroupNode"}});
   DriverFeatureStaticGroup& g = model_.group("G", {}, {&a});
   g.setFeatureProperty(std::string("TESKAttributeSyntax"), std::string("\x01"));
@@ -212,7 +212,7 @@ TEST_F(GroupTicketTest, MemberOfUnreadableName_TakesTheNameBeforeIt) {
                         "    </Group>\n"));
 }
 
-TEST_F(GroupTicketTest, GroupThatContainsItself_EndsInSilence) {
+TEST_F(GroupTicketTest, GroupThatContainsItself_EndsWithoutLogging) {
   DriverFeatureStaticGroup& g = model_.group("G", {{"TESKJTAttributeName", "self"}});
   g.addFeatureToGroup(&g);
   EXPECT_EQ(process(g, true, false), inJobTicket("    <Group name=\"group\" syntax=\"\"/>\n"));

@@ -63,7 +63,7 @@ TEST_F(HostInOutputTest, RoutineChangesAFeatureThatIsWritten_TheNextOutputHasIt)
   EXPECT_EQ(write(), "<2nd>()");
 }
 
-TEST_F(HostInOutputTest, RoutineAddsAFeatureBehind_IsWrittenInTheSameOutput) {
+TEST_F(HostInOutputTest, RoutineAddsAFeatureAfter_IsWrittenInTheSameOutput) {
   set(number_, "PSCommand", "");
   set(number_, "AddPSCallbackRoutine", "ChangeTheTextSoFar");
   script.routine = [this](std::string& text) {

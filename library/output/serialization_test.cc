@@ -28,26 +28,26 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 // A set that cannot find its feature at position 1.
-class HoledSet : public DriverFeatureSet {
+class SetWithoutSecond : public DriverFeatureSet {
  public:
   DriverFeature* fetchFeatureByIndex(int index) override {
     return index == 1 ? nullptr : DriverFeatureSet::fetchFeatureByIndex(index);
   }
 };
 
-struct Language {
+struct Output {
   const char* word;
   int type;
   const char* command;
   const char* routine;
 };
 
-constexpr Language kLanguages[] = {
+constexpr Output kOutputs[] = {
     {"PJL", 0, "PJLCommand", "AddPJLCallbackRoutine"},
     {"PS", 1, "PSCommand", "AddPSCallbackRoutine"},
 };
 
-class SerializationTest : public ::testing::TestWithParam<Language> {
+class SerializationTest : public ::testing::TestWithParam<Output> {
  protected:
   static std::string serialize(DriverFeatureSet& set = masterSet()) {
     std::string output = "left over";
@@ -122,7 +122,7 @@ TEST_P(SerializationTest, FeatureThatCannotBeFormatted_IsLeftOut) {
 }
 
 TEST_P(SerializationTest, MissingFeature_IsLoggedAndLeftOut) {
-  HoledSet set;
+  SetWithoutSecond set;
   set.addFeatureToFeatureList("A", &number("A", "[A%d]"));
   set.addFeatureToFeatureList("B", &number("B", "[B%d]"));
   set.addFeatureToFeatureList("C", &number("C", "[C%d]"));
@@ -166,7 +166,7 @@ TEST_P(SerializationTest, DynamicGroup_IsNotWritten) {
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Languages, SerializationTest, ::testing::ValuesIn(kLanguages),
+INSTANTIATE_TEST_SUITE_P(Languages, SerializationTest, ::testing::ValuesIn(kOutputs),
                          [](const auto& instance) { return std::string(instance.param.word); });
 
 class SerializationDifferenceTest : public ::testing::Test {
@@ -181,7 +181,7 @@ class SerializationDifferenceTest : public ::testing::Test {
   ModelBuilder model_;
 };
 
-TEST_F(SerializationDifferenceTest, FeatureInGroup_IsPassedOverInSilenceInPostScriptOnly) {
+TEST_F(SerializationDifferenceTest, FeatureInGroup_IsPassedOverWithoutLoggingInPostScriptOnly) {
   model_.feature("A", 2, {{"PSCommand", "[a]"}, {"PJLCommand", "[a]"}});
   DriverFeature& member = model_.feature("B", 2, {{"PSCommand", "b"}, {"PJLCommand", "b"}});
   model_.group("G", {{"PSCommand", "<%s>"}, {"PJLCommand", "<%s>"}}, {&member});

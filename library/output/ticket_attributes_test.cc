@@ -208,7 +208,7 @@ TEST_F(TicketAttributesTest, Text_TemplateThatDoesNotFit_IsRefusedWithItsText) {
                                   "template \"%s%n\"")));
 }
 
-TEST_F(TicketAttributesTest, GroupSyntax_Readable_IsAnswered) {
+TEST_F(TicketAttributesTest, GroupSyntax_Readable_IsReturned) {
   DriverFeatureStaticGroup group;
   group.setFeatureProperty(std::string("TESKAttributeSyntax"), std::string("collection"));
   std::string syntax;

@@ -172,7 +172,7 @@ TEST_F(TicketSerializationTest, Routine_Unknown_IsLogged) {
           logLine(2, "serialize() - Cannot load VORN Command callback: NoSuchGroupRoutine")));
 }
 
-TEST_F(TicketSerializationTest, FeatureInGroup_IsPassedOverInSilence) {
+TEST_F(TicketSerializationTest, FeatureInGroup_IsPassedOverWithoutLogging) {
   DriverFeature& member = model_.feature("F", 2, {{"TESKJTAttributeName", "f"}});
   model_.group("G", {{"TESKJTAttributeName", "g"}}, {&member});
   EXPECT_EQ(serialize(), ticket("    <Group name=\"g\" syntax=\"\">\n"
@@ -233,13 +233,13 @@ TEST_F(TicketSerializationTest, NestedGroupWithName_IsWrittenThroughItsGroupOnly
 }
 
 TEST_F(TicketSerializationTest, MissingFeature_IsLoggedAndLeftOut) {
-  class HoledSet : public DriverFeatureSet {
+  class SetWithoutFirst : public DriverFeatureSet {
    public:
     DriverFeature* fetchFeatureByIndex(int index) override {
       return index == 0 ? nullptr : DriverFeatureSet::fetchFeatureByIndex(index);
     }
   };
-  HoledSet set;
+  SetWithoutFirst set;
   set.addFeatureToFeatureList("A", &model_.feature("A", 2, {{"TESKJTAttributeName", "a"}}));
   set.addFeatureToFeatureList("B", &model_.feature("B", 2, {{"TESKJTAttributeName", "b"}}));
   EXPECT_EQ(serialize(false, set), ticket(command("b"), ""));

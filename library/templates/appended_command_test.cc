@@ -38,7 +38,7 @@ TEST(AppendedCommandTest, RowsOfSigns_ThatEndWithoutAConversion_AreRefused) {
   }
 }
 
-TEST(AppendedCommandTest, Numbers_StandBehindTheText) {
+TEST(AppendedCommandTest, Numbers_FollowTheText) {
   std::string text = "a";
   EXPECT_TRUE(appendCommand("%%%d;", 12, text));
   EXPECT_TRUE(appendCommand("%.1f", 2.5, text));

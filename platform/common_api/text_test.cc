@@ -8,13 +8,13 @@
 
 namespace {
 
-struct Row {
+struct NumberRow {
   int value;
   int radix;
   const char* text;
 };
 
-constexpr Row kRows[] = {
+constexpr NumberRow kNumbers[] = {
     {0, 10, "0"},
     {7, 10, "7"},
     {-7, 10, "-7"},
@@ -34,7 +34,7 @@ constexpr Row kRows[] = {
 };
 
 TEST(ItoaTest, Itoa_ValueAndRadix_WritesATerminatedText) {
-  for (const Row& row : kRows) {
+  for (const NumberRow& row : kNumbers) {
     char text[40];
     std::memset(text, '#', sizeof text);
     const std::string where = std::to_string(row.value) + " radix " + std::to_string(row.radix);

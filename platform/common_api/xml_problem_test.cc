@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_literals;
 
-struct Row {
+struct ProblemRow {
   std::string document;
   int line;
   int column;
@@ -19,7 +19,7 @@ struct Row {
 
 // A place is the parser's position when it sees the error: at the character
 // that is not allowed there, or after the construct that is wrong as a whole.
-const Row kRows[] = {
+const ProblemRow kProblems[] = {
     {"", 1, 1, "is empty"},
     {" ", 1, 2, "Start tag expected, '<' not found"},
     {"  \n \n", 3, 1, "Start tag expected, '<' not found"},
@@ -51,7 +51,7 @@ const Row kRows[] = {
 };
 
 TEST(XMLProblemTest, ParseText_NotXml_ReportsTheFirstErrorAndWritesNothing) {
-  for (const Row& row : kRows) {
+  for (const ProblemRow& row : kProblems) {
     ::testing::internal::CaptureStderr();
     XMLProblem problem;
     EXPECT_EQ(XMLDocument::parseText(row.document, "test.xml", problem), nullptr) << row.document;

@@ -45,14 +45,14 @@ class OpenedResources {
   xmlExternalEntityLoader before_;
 };
 
-struct Row {
+struct RefusalRow {
   std::string document;
   int line;
   int column;
   std::string text;
 };
 
-void expectRefused(const Row& row) {
+void expectRefused(const RefusalRow& row) {
   const OpenedResources opened;
   ::testing::internal::CaptureStderr();
   XMLProblem problem;
@@ -69,7 +69,7 @@ std::string entityLine(const std::string& name) {
 }
 
 TEST(XMLRefusalTest, ParseText_EntityDeclaration_IsRefusedAtItsEnd) {
-  const Row rows[] = {
+  const RefusalRow rows[] = {
       {"<!DOCTYPE a [\n  <!ENTITY x 'y'>\n]>\n<a>&x;</a>", 2, 17, entityLine("x")},
       {"<!DOCTYPE a [\n<!ENTITY % x 'y'>%x;\n]>\n<a/>", 2, 17, entityLine("x")},
       {"<!DOCTYPE a [\n<!ENTITY x SYSTEM '/etc/passwd'>\n]>\n<a>&x;</a>", 2, 32, entityLine("x")},
@@ -81,7 +81,7 @@ TEST(XMLRefusalTest, ParseText_EntityDeclaration_IsRefusedAtItsEnd) {
       // The error of the element after it is the second one.
       {"<!DOCTYPE a [\n<!ENTITY lt2 'y'>\n]>\n<a></b>", 2, 17, entityLine("lt2")},
   };
-  for (const Row& row : rows) expectRefused(row);
+  for (const RefusalRow& row : rows) expectRefused(row);
 }
 
 TEST(XMLRefusalTest, ParseText_BillionLaughs_IsRefusedAtOnce) {

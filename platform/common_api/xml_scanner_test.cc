@@ -19,13 +19,13 @@ namespace {
 using namespace std::string_literals;
 using ::testing::ElementsAre;
 
-struct Row {
+struct DocumentRow {
   std::string text;
   std::string elements;
 };
 
 TEST(XMLScannerTest, PlainDocument_IsReadAsLibxml2ReadsIt) {
-  const Row rows[] = {
+  const DocumentRow rows[] = {
       {"<a/>", "0 1 a\n"},
       {"<?xml version='1.0' encoding=\"utf-8\" standalone = 'yes' ?>\n<a></a>\n", "0 2 a\n"},
       {"<?xml\nversion\n=\n\"1.0\"?><a />", "0 4 a\n"},
@@ -42,7 +42,7 @@ TEST(XMLScannerTest, PlainDocument_IsReadAsLibxml2ReadsIt) {
       {"<a x='\xC3\xA4\xE2\x82\xAC\xEF\xBF\xBD\xF0\x90\x80\x80\xF4\x8F\xBF\xBF\x7F'/>",
        "0 1 a x=[\xC3\xA4\xE2\x82\xAC\xEF\xBF\xBD\xF0\x90\x80\x80\xF4\x8F\xBF\xBF\x7F]\n"},
   };
-  for (const Row& row : rows) {
+  for (const DocumentRow& row : rows) {
     EXPECT_EQ(scan(row.text), row.elements) << row.text;
     EXPECT_EQ(readCarefully(row.text), row.elements) << row.text;
   }

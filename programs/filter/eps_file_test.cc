@@ -21,12 +21,12 @@ std::string header(std::uint32_t place, std::uint32_t size) {
          number(place + size) + number(4) + "\xff\xff";
 }
 
-struct Outcome {
+struct EpsOutcome {
   std::string text;
   bool isCut = false;
 };
 
-Outcome run(const std::string& file, std::size_t piece) {
+EpsOutcome runEps(const std::string& file, std::size_t piece) {
   MemorySink sink;
   EpsFile eps(sink);
   for (std::size_t at = 0; at < file.size(); at += piece) {
@@ -38,31 +38,31 @@ Outcome run(const std::string& file, std::size_t piece) {
 
 void expect(const std::string& file, const std::string& text, bool isCut = false) {
   for (std::size_t piece = 1; piece <= file.size() + 1; ++piece) {
-    const Outcome outcome = run(file, piece);
+    const EpsOutcome outcome = runEps(file, piece);
     EXPECT_EQ(outcome.text, text) << piece;
     EXPECT_EQ(outcome.isCut, isCut) << piece;
   }
 }
 
-const std::string kDocument = "%!PS-Adobe-3.0 EPSF-3.0\nshowpage\n";
-const auto kSize = static_cast<std::uint32_t>(kDocument.size());
+const std::string kEpsDocument = "%!PS-Adobe-3.0 EPSF-3.0\nshowpage\n";
+const auto kEpsSize = static_cast<std::uint32_t>(kEpsDocument.size());
 
 TEST(EpsFile, HeaderOfNumbers_LeavesThePostScript) {
-  expect(header(30, kSize) + kDocument + "TIFF", kDocument);
-  expect(header(34, kSize) + "TIFF" + kDocument, kDocument);
-  expect(header(30, kSize) + kDocument, kDocument);
+  expect(header(30, kEpsSize) + kEpsDocument + "TIFF", kEpsDocument);
+  expect(header(34, kEpsSize) + "TIFF" + kEpsDocument, kEpsDocument);
+  expect(header(30, kEpsSize) + kEpsDocument, kEpsDocument);
 }
 
-TEST(EpsFile, EndBeforeThePostScriptEnds_IsToldOf) {
-  expect(header(30, kSize + 1) + kDocument, kDocument, true);
-  expect(header(100, kSize) + kDocument, "", true);
+TEST(EpsFile, EndBeforeThePostScriptEnds_IsReported) {
+  expect(header(30, kEpsSize + 1) + kEpsDocument, kEpsDocument, true);
+  expect(header(100, kEpsSize) + kEpsDocument, "", true);
 }
 
 TEST(EpsFile, AnythingElse_PassesAsItIs) {
   for (const std::string& file :
-       {kDocument, std::string("\xC5\xD0\xD3"), std::string("\xC5\xD0\xD3\xC6"),
-        std::string("\xC5\xD0\xD3\xC7 more than a header has"), header(29, kSize) + kDocument,
-        header(30, 0) + kDocument, std::string("%")}) {
+       {kEpsDocument, std::string("\xC5\xD0\xD3"), std::string("\xC5\xD0\xD3\xC6"),
+        std::string("\xC5\xD0\xD3\xC7 more than a header has"), header(29, kEpsSize) + kEpsDocument,
+        header(30, 0) + kEpsDocument, std::string("%")}) {
     expect(file, file);
   }
 }

@@ -123,7 +123,7 @@ TEST(JobStructure, PrologWithoutEnd_IsEndedBeforeTheSetup) {
             "%%Page: 1 1\n%%BeginPageSetup\npage\n");
 }
 
-TEST(JobStructure, CodeBehindTheProlog_BeginsTheSetup) {
+TEST(JobStructure, CodeAfterTheProlog_BeginsTheSetup) {
   EXPECT_EQ(written("%!PS-Adobe-2.0\n%%Pages: 1\n%%EndComments\n%%BeginProlog\n%%EndProlog\n\n"
                     "% a note\n/s 1 def\n%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\n"),
             "<header>%!PS-Adobe-2.0\n%%Pages: 1\n%%EndComments\nexit\n%%BeginProlog\nprolog\n"
@@ -144,7 +144,7 @@ TEST(JobStructure, EncapsulatedPageWithoutPageComments_GetsPageSetupOnce) {
             "showpage\n%%EndSetup\n%%EOF\n");
 }
 
-TEST(JobStructure, JobWithoutStructure_GetsAllBehindItsFirstComments) {
+TEST(JobStructure, JobWithoutStructure_GetsAllAfterItsFirstComments) {
   const std::string all =
       "exit\n%%BeginProlog\nprolog\n%%EndProlog\n%%BeginSetup\ndocument\npage\n%%EndSetup\n";
   EXPECT_EQ(written("%!\n0 0 moveto\nshowpage\n"), "<header>%!\n" + all + "0 0 moveto\nshowpage\n");
@@ -269,7 +269,7 @@ TEST(JobStructure, LanguageInOtherLetters_IsPostScript) {
   EXPECT_EQ(written(exit + "@PJL enter language=pclxl\n" + jobWith("")), "");
 }
 
-TEST(JobStructure, PjlBehindAnyPart_IsTakenOff) {
+TEST(JobStructure, PjlAfterAnyPart_IsTakenOff) {
   const std::string exit = "\x1b%-12345X";
   for (const std::string job :
        {"%!PS\n", "%!PS\ncode\n", "%!PS\n%%EndComments\n%%BeginDefaults\n",
@@ -318,7 +318,7 @@ TEST(JobStructure, TrailerLongerThanAnyIs_Passes) {
             writtenWith("") + exit + "\n" + lines);
 }
 
-TEST(JobStructure, SecondDocumentBehindThePjl_IsToldOf) {
+TEST(JobStructure, SecondDocumentAfterThePjl_IsReported) {
   const std::string exit = "\x1b%-12345X";
   const std::string first = exit + "@PJL\n%!PS\nshowpage\n";
   EXPECT_FALSE(run(first + exit + "@PJL EOJ\n" + exit, 1).hasSecondDocument);

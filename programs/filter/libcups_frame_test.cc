@@ -76,7 +76,7 @@ TEST(LibcupsFrame, EmptyChangeOfLanguage_EndsWhereTheDocumentBegins) {
   expect(frame, frame.begin + "\n@PJL SET A=%!\n%!\n", "%!\n", true);
 }
 
-TEST(LibcupsFrame, ExitServer_StandsInFrontOfAll) {
+TEST(LibcupsFrame, ExitServer_ComesFirst) {
   LibcupsFrame frame = pjlFrame();
   frame.exitServer = "serverdict begin 0 exitserver";
   const std::string front = frame.begin + "\n" + frame.toPostScript;

@@ -46,7 +46,7 @@ std::vector<std::string> cut(const std::string& text, std::size_t piece) {
   return recorder.seen;
 }
 
-TEST(LineCutter, AnyLineEnd_IsToldWithItsLine) {
+TEST(LineCutter, AnyLineEnd_IsGivenWithItsLine) {
   for (std::size_t piece = 1; piece <= 12; ++piece) {
     EXPECT_THAT(cut("a\nb\r\nc", piece), ElementsAre("line[a|\n]", "line[b|\r\n]", "line[c|]"))
         << piece;
@@ -72,7 +72,7 @@ TEST(LineCutter, PassedBytes_AreNoLines) {
   }
 }
 
-TEST(LineCutter, LineFeedBehindBareCr_IsDataWhereLinesEndWithCr) {
+TEST(LineCutter, LineFeedAfterBareCr_IsDataWhereLinesEndWithCr) {
   for (std::size_t piece = 1; piece <= 16; ++piece) {
     EXPECT_THAT(cut("a\rpass 2\r\nbc\r", piece),
                 ElementsAre("line[a|\r]", "line[pass 2|\r]", "bytes[\nb]", "line[c|\r]"))
@@ -93,7 +93,7 @@ TEST(LineCutter, LineOfTheGreatestLength_IsWhole) {
   }
 }
 
-TEST(LineCutter, LongerLine_IsToldAsBeginningAndBytes) {
+TEST(LineCutter, LongerLine_IsGivenAsBeginningAndBytes) {
   const std::string text(kLongestLine + 3, 'x');
   for (const std::size_t piece : {1U, 7U, 1023U, 1024U, 1025U, 4096U}) {
     for (const std::string end : {"\n", "\r\n", "\r"}) {

@@ -13,7 +13,7 @@ std::string written(Message kind, const std::string& text) {
   return testing::internal::GetCapturedStderr();
 }
 
-TEST(Messages, Text_IsOneLineBehindItsWord) {
+TEST(Messages, Text_IsOneLineAfterItsWord) {
   EXPECT_EQ(written(Message::kError, "a\nPAGE: 1 1"), "ERROR: a\\nPAGE: 1 1\n");
   EXPECT_EQ(written(Message::kWarning, ""), "WARNING: \n");
   EXPECT_EQ(written(Message::kDebug, "\xC3\xA4"), "DEBUG: \xC3\xA4\n");

@@ -50,7 +50,7 @@ TEST(PageCount, NoStructure_IsOnePage) {
   EXPECT_FALSE(count("%!PS\n").isStructured);
 }
 
-TEST(PageCount, Comments_TellThePagesWhateverIsPromised) {
+TEST(PageCount, Comments_CountPagesWhateverIsPromised) {
   EXPECT_THAT(count(kHead + kSetup + "%%Page: 1 1\na\n%%Page: 2 2\nb\n%%Trailer\n%%EOF\n").told,
               ElementsAre(1, 2));
   EXPECT_THAT(count(kHead + "%%Page:1 1\na\n").told, ElementsAre(1));

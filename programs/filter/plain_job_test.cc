@@ -95,9 +95,9 @@ TEST_F(PlainJobTest, WrongArgumentsAndNoPpd_AreNotPlain) {
 }
 
 TEST(PlainOptions, Texts_AreCutAsLibcupsCutsThem) {
-  using Pairs = std::vector<std::pair<std::string, std::string>>;
+  using Options = std::vector<std::pair<std::string, std::string>>;
   const auto pairsOf = [](const std::vector<host::Setting>& options) {
-    Pairs pairs;
+    Options pairs;
     for (const host::Setting& option : options) pairs.emplace_back(option.name, option.value);
     return pairs;
   };
@@ -107,7 +107,7 @@ TEST(PlainOptions, Texts_AreCutAsLibcupsCutsThem) {
     ASSERT_TRUE(options) << text;
     EXPECT_EQ(pairsOf(*options), pairsOf(parseOptions(text))) << text;
   }
-  EXPECT_EQ(pairsOf(*plainOptions("b=1 a=2 B=3")), (Pairs{{"a", "2"}, {"b", "3"}}));
+  EXPECT_EQ(pairsOf(*plainOptions("b=1 a=2 B=3")), (Options{{"a", "2"}, {"b", "3"}}));
 }
 
 TEST(PlainOptions, OtherTexts_AreNotPlain) {

@@ -55,7 +55,7 @@ TEST(Sections, EmptySection_AddsNothing) {
   }
 }
 
-TEST(Sections, TextAroundSections_IsDocumentSetupBehindTheRest) {
+TEST(Sections, TextAroundSections_IsDocumentSetupAfterTheRest) {
   std::vector<std::string> unknown;
   const Sections sections = cutSections(
       "before\n%DriverSection DocumentSetup\ndocument\n%EndDriverSection\nafter\n"

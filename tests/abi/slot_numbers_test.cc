@@ -32,9 +32,9 @@ std::ptrdiff_t slotOf(Pointer pointer) {
   } parts{};
   static_assert(sizeof(parts) == sizeof(pointer));
   std::memcpy(&parts, &pointer, sizeof(pointer));
-  constexpr std::ptrdiff_t kWord = sizeof(void*);
-  if (parts.adjustment != 0 || parts.function % kWord != 1) return -1;
-  return parts.function / kWord;
+  constexpr std::ptrdiff_t kSlot = sizeof(void*);
+  if (parts.adjustment != 0 || parts.function % kSlot != 1) return -1;
+  return parts.function / kSlot;
 }
 
 // Compares a slot. The signature selects the overload.

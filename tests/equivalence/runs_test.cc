@@ -103,7 +103,7 @@ TEST_F(PpdEquivalenceTest, EndOfTheProcess_IsFoundWithWhatItSaid) {
   EXPECT_EQ(expectFailure("end (status 3) in compare"), "going\n");
 }
 
-TEST_F(PpdEquivalenceTest, EndWithoutAnAnswer_IsFound) {
+TEST_F(PpdEquivalenceTest, EndWithoutAResult_IsFound) {
   plantRoutine("leaveInOutput");
   expectFailure("end (status 0) in compare");
 }

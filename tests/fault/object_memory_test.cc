@@ -14,7 +14,7 @@ namespace {
 using ::testing::AnyOf;
 
 const std::string kText = "TextInsideOfTheGroup";
-const std::string kLongText = "another text, one that does not fit into a text itself";
+const std::string kNewText = "another text, one that does not fit into a text itself";
 
 struct Operation {
   std::string name;
@@ -31,9 +31,9 @@ class ObjectMemoryTest : public MemoryFaultTest {
     sweep(1, [&](const FailurePlan& plan) {
       set(before);
       ASSERT_EQ(get(), before);
-      const bool done = endsWithoutThrow(plan, [&] { set(kLongText); });
+      const bool done = endsWithoutThrow(plan, [&] { set(kNewText); });
       EXPECT_EQ(done, !memoryHasFailed());
-      EXPECT_EQ(get(), done ? kLongText : before);
+      EXPECT_EQ(get(), done ? kNewText : before);
     });
     set(before);
   }

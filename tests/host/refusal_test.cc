@@ -46,13 +46,13 @@ class RefusalTest : public ProgramTest {
   }
 };
 
-struct Row {
+struct RefusalRow {
   const char* setting;
   const char* reason;
 };
 
 TEST_F(RefusalTest, Emit_RefusedSetting_SaysWhyAndWritesNothing) {
-  constexpr Row kRows[] = {
+  constexpr RefusalRow kRows[] = {
       {"Copies", "there is no value; write NAME=VALUE"},
       {"", "there is no value; write NAME=VALUE"},
       {"=1", "there is no feature name; write NAME=VALUE"},
@@ -126,7 +126,7 @@ TEST_F(RefusalTest, Emit_RefusedSetting_SaysWhyAndWritesNothing) {
        "(o.xml:12)"},
       {"Staples=3", "3 is out of range; give a whole number, at most 2 (o.xml:17)"},
   };
-  for (const Row& row : kRows) {
+  for (const RefusalRow& row : kRows) {
     SCOPED_TRACE(row.setting);
     expectRefused(row.setting, row.reason);
   }

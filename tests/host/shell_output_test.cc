@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr const char* kPostScript = "/Copies 1 def\n(plain) m\n";
+constexpr const char* kShellPostScript = "/Copies 1 def\n(plain) m\n";
 
 class ShellOutputTest : public ShellTest {
  protected:
@@ -28,7 +28,7 @@ constexpr const char* kFirstError =
     "(office.xml:5)\n";
 
 TEST_F(ShellOutputTest, Emit_EveryForm_WritesItsBytes) {
-  EXPECT_EQ(runScript({"emit ps"}), success(kPostScript));
+  EXPECT_EQ(runScript({"emit ps"}), success(kShellPostScript));
   EXPECT_EQ(runScript({"set Copies PJLCommand '%d\\n'", "emit pjl"}), success("1\\n"));
   EXPECT_EQ(
       runScript({"set Copies PSCommand \"\\x00\\xff%d\"", "set Media PSCommand ''", "emit ps"}),
@@ -46,7 +46,7 @@ TEST_F(ShellOutputTest, Emit_EveryForm_WritesItsBytes) {
 
 TEST_F(ShellOutputTest, Emit_ToFile_WritesItWhole) {
   EXPECT_EQ(runScript({"emit ps 'a job.ps'", "emit ticket --inst-opt job.xml"}), success(""));
-  EXPECT_EQ(read("a job.ps"), kPostScript);
+  EXPECT_EQ(read("a job.ps"), kShellPostScript);
   EXPECT_EQ(read("job.xml"),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
             "<JobTicket argument1=\"\" argument2=\"\">\n"
@@ -57,7 +57,7 @@ TEST_F(ShellOutputTest, Emit_ToFile_WritesItWhole) {
 
 TEST_F(ShellOutputTest, Emit_ToStandardOutputByName_WritesThere) {
   EXPECT_EQ(runScript({"emit ps -", "emit ps /dev/stdout", "emit ps /dev/fd/1"}),
-            success(std::string(kPostScript) + kPostScript + kPostScript));
+            success(std::string(kShellPostScript) + kShellPostScript + kShellPostScript));
 }
 
 TEST_F(ShellOutputTest, Emit_Refused_SaysWhyWithItsStatus) {
@@ -93,7 +93,7 @@ TEST_F(ShellOutputTest, Script_RefusedLine_EndsItWithThatStatus) {
 TEST_F(ShellOutputTest, Script_KeepGoing_DoesTheRest) {
   const auto fromScript = [] { dup2(open("script", O_RDONLY), STDIN_FILENO); };
   EXPECT_EQ(runPrepared({"--keep-going"}, fromScript),
-            (RunResult{2, "1\nOff\n" + std::string(kPostScript),
+            (RunResult{2, "1\nOff\n" + std::string(kShellPostScript),
                        kFirstError + std::string("driver-feature: standard input:4: there is no "
                                                  "feature or group \"Nothing\"; give one of "
                                                  "Copies, Duplex, First, Heading, Media, Owner, "
@@ -133,7 +133,7 @@ TEST_F(ShellOutputTest, Script_FullOutput_IsReportedAndEndsIt) {
                     "space left on device\n"));
 }
 
-TEST_F(ShellOutputTest, Routine_ThatPrints_DoesNotGetIntoAnAnswer) {
+TEST_F(ShellOutputTest, Routine_ThatPrints_DoesNotGetIntoAReply) {
   describe("office.xml", {feature("IntEntry", "Copies", "AddCallbackRoutine='printSomething'")});
   EXPECT_EQ(runScript({"set Copies 2", "get Copies"}), (RunResult{0, "2\n",
                                                                   "printed by puts\n"

@@ -12,13 +12,13 @@ namespace fs = std::filesystem;
 
 class UsageTest : public ProgramTest {};
 
-struct Row {
+struct UsageRow {
   std::vector<std::string> arguments;
   const char* errors;
 };
 
 TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
-  const Row kRows[] = {
+  const UsageRow kRows[] = {
       {{},
        "driver-feature: a command is needed: check, show, emit, dump, try, diff, import, queue, "
        "shell; driver-feature --help explains them\n"},
@@ -52,7 +52,7 @@ TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
        "driver-feature: \"--json\" is not expected; driver-feature emit --help explains the "
        "usage\n"},
   };
-  for (const Row& row : kRows) {
+  for (const UsageRow& row : kRows) {
     EXPECT_EQ(run(row.arguments), failure(2, row.errors)) << testing::PrintToString(row.arguments);
   }
 }

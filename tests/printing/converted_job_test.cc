@@ -9,7 +9,6 @@
 
 namespace {
 
-const std::string kExit = "\x1b%-12345X";
 const std::string kPjl =
     "*JCLBegin: \"<1B>%-12345X@PJL JOB<0A>\"\n"
     "*JCLToPSInterpreter: \"@PJL ENTER LANGUAGE = POSTSCRIPT <0A>\"\n"

@@ -7,6 +7,12 @@
 
 #include "host/program_runner.h"
 
+// What every job ends with, and what leaves a printer's language.
+inline const std::string kExit = "\x1b%-12345X";
+
+// What the filter reports of a job of two pages.
+inline const std::string kTwoPages = "PAGE: 1 1\nPAGE: 2 1\n";
+
 class FilterTest : public ProgramTest {
  protected:
   FilterTest();

@@ -19,9 +19,6 @@ namespace {
 
 using testing::HasSubstr;
 
-const std::string kExit = "\x1b%-12345X";
-const std::string kTwoPages = "PAGE: 1 1\nPAGE: 2 1\n";
-
 std::string header(const std::string& copies, const std::string& paper) {
   return kExit + "@PJL\r\n@PJL SET COPIES=" + copies + "\r\n@PJL SET PAPER=" + paper +
          "\r\n@PJL ENTER LANGUAGE=POSTSCRIPT\r\n";

@@ -12,8 +12,6 @@
 
 namespace {
 
-const std::string kExit = "\x1b%-12345X";
-
 // What libcups writes for a section of the PPD with these choices.
 std::string emitted(const std::filesystem::path& file, ppd_section_t section,
                     const std::vector<std::pair<std::string, std::string>>& choices) {

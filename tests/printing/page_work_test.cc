@@ -25,8 +25,6 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-const std::string kExit = "\x1b%-12345X";
-const std::string kTwoPages = "PAGE: 1 1\nPAGE: 2 1\n";
 const std::string kHeader =
     kExit + "@PJL\r\n@PJL SET COPIES=1\r\n@PJL SET PAPER=A4\r\n@PJL ENTER LANGUAGE=POSTSCRIPT\r\n";
 

@@ -32,7 +32,7 @@ class PagePpdTest : public testing::Test {
                                 ("driver-feature-page-ppd-" + std::to_string(::getpid()));
 };
 
-const std::string kSizes =
+const std::string kPageSizes =
     "*OpenUI *PageSize: PickOne\n*OrderDependency: 10 AnySetup *PageSize\n*DefaultPageSize: A5\n"
     "*PageSize A4: \"a4\"\n*PageSize A5: \"a5\"\n*CloseUI: *PageSize\n"
     "*ImageableArea A5: \"10 20 400.5 575\"\n*PaperDimension A4: \"595 842\"\n"
@@ -42,7 +42,7 @@ const std::string kDuplex =
     "*Duplex None: \"one\"\n*Duplex DuplexTumble: \"two\"\n*CloseUI: *Duplex\n";
 
 TEST_F(PagePpdTest, Sheet_IsTheMarkedOneWithItsMargins) {
-  const PpdPointer ppd = read(kSizes + "*LandscapeOrientation: Plus90\n");
+  const PpdPointer ppd = read(kPageSizes + "*LandscapeOrientation: Plus90\n");
   EXPECT_THAT(pagePpd(ppd.get()), HasSubstr("*LandscapeOrientation: Plus90\n"));
   EXPECT_THAT(pagePpd(ppd.get()), HasSubstr("*ImageableArea Sheet: \"10 20 400.5 575\"\n"
                                             "*PaperDimension Sheet: \"420 595\"\n"));
@@ -52,7 +52,7 @@ TEST_F(PagePpdTest, Sheet_IsTheMarkedOneWithItsMargins) {
 }
 
 TEST_F(PagePpdTest, Text_HasNoCommandAndNamesAFilter) {
-  for (const std::string& lines : {std::string(), kSizes + kDuplex}) {
+  for (const std::string& lines : {std::string(), kPageSizes + kDuplex}) {
     PpdPointer ppd = read(lines);
     if (ppdFindOption(ppd.get(), "Duplex") != nullptr) {
       ppdMarkOption(ppd.get(), "Duplex", "DuplexTumble");

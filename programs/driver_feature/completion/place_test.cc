@@ -9,7 +9,7 @@ namespace driver_feature::cli {
 
 namespace {
 
-constexpr ArgumentRow kGeneral[] = {
+constexpr ArgumentRow kPlaceArguments[] = {
     {"-h,--help", "", "Help"}, {"-v,--verbose", "", "Talk"}, {"--library", "PATH", "Library"}};
 constexpr ArgumentRow kCopyRows[] = {{"DESC", "FILE", "First"},
                                      {"TARGET", "FILE", "Second"},
@@ -18,11 +18,11 @@ constexpr ArgumentRow kCopyRows[] = {{"DESC", "FILE", "First"},
 constexpr ArgumentRow kJoinRows[] = {{"FILES", "FILE", "All", kRepeats}};
 constexpr CommandRow kCopy = {"copy", "Copy files", "", kCopyRows, {}, nullptr};
 constexpr CommandRow kJoin = {"join", "Join files", "", kJoinRows, {}, nullptr};
-constexpr const CommandRow* kCommands[] = {&kCopy, &kJoin};
-const ProgramRows kProgram = {"tool", "About", "", kGeneral, kCommands};
+constexpr const CommandRow* kPlaceCommands[] = {&kCopy, &kJoin};
+const ProgramRows kPlaceProgram = {"tool", "About", "", kPlaceArguments, kPlaceCommands};
 
 std::string argumentAt(const std::vector<std::string>& words) {
-  const Place place = findPlace(kProgram, words);
+  const Place place = findPlace(kPlaceProgram, words);
   return place.argument == nullptr ? "" : spellingsOf(*place.argument).back();
 }
 
@@ -73,33 +73,33 @@ TEST(PlaceTest, FindPlace_Words_NamesTheArgument) {
 }
 
 TEST(PlaceTest, FindPlace_OptionWithItsText_SplitsTheWord) {
-  const Place longForm = findPlace(kProgram, {"copy", "--option=A=1"});
+  const Place longForm = findPlace(kPlaceProgram, {"copy", "--option=A=1"});
   EXPECT_EQ(longForm.prefix, "--option=");
   EXPECT_EQ(longForm.word, "A=1");
-  const Place shortForm = findPlace(kProgram, {"copy", "-oA=1"});
+  const Place shortForm = findPlace(kPlaceProgram, {"copy", "-oA=1"});
   EXPECT_EQ(shortForm.prefix, "-o");
   EXPECT_EQ(shortForm.word, "A=1");
-  const Place earlier = findPlace(kProgram, {"copy", "--option=A=1", "b"});
+  const Place earlier = findPlace(kPlaceProgram, {"copy", "--option=A=1", "b"});
   EXPECT_EQ(earlier.prefix, "");
   EXPECT_EQ(earlier.word, "b");
 }
 
 TEST(PlaceTest, FindPlace_TwoWordsAfterAnOption_CountsThem) {
-  EXPECT_EQ(findPlace(kProgram, {"copy", "--pair", "G"}).item, 0);
-  EXPECT_EQ(findPlace(kProgram, {"copy", "--pair", "G", "f"}).item, 1);
-  EXPECT_EQ(findPlace(kProgram, {"copy", "--pair=G", "f"}).item, 1);
-  EXPECT_EQ(findPlace(kProgram, {"copy", "--pair", "G", "f", "x"}).item, 0);
+  EXPECT_EQ(findPlace(kPlaceProgram, {"copy", "--pair", "G"}).item, 0);
+  EXPECT_EQ(findPlace(kPlaceProgram, {"copy", "--pair", "G", "f"}).item, 1);
+  EXPECT_EQ(findPlace(kPlaceProgram, {"copy", "--pair=G", "f"}).item, 1);
+  EXPECT_EQ(findPlace(kPlaceProgram, {"copy", "--pair", "G", "f", "x"}).item, 0);
 }
 
 TEST(PlaceTest, FindPlace_DescriptionOnTheLine_IsKept) {
-  EXPECT_EQ(findPlace(kProgram, {"copy", "a.xml", "-o", "A"}).description, "a.xml");
-  EXPECT_EQ(findPlace(kProgram, {"copy", "-o", "A=1", "a.xml", "b", ""}).description, "a.xml");
-  EXPECT_EQ(findPlace(kProgram, {"copy", "a.xml"}).description, "");
+  EXPECT_EQ(findPlace(kPlaceProgram, {"copy", "a.xml", "-o", "A"}).description, "a.xml");
+  EXPECT_EQ(findPlace(kPlaceProgram, {"copy", "-o", "A=1", "a.xml", "b", ""}).description, "a.xml");
+  EXPECT_EQ(findPlace(kPlaceProgram, {"copy", "a.xml"}).description, "");
 }
 
 TEST(PlaceTest, OptionsAt_Command_ListsItsOwnAndTheGeneralOnes) {
   std::vector<std::string> names;
-  for (const ArgumentRow* option : optionsAt(kProgram, &kCopy)) {
+  for (const ArgumentRow* option : optionsAt(kPlaceProgram, &kCopy)) {
     for (const std::string& spelling : spellingsOf(*option)) names.push_back(spelling);
   }
   EXPECT_EQ(names, (std::vector<std::string>{"-o", "--option", "--pair", "-h", "--help", "-v",

@@ -23,16 +23,17 @@ TEST(RoffTest, RoffParagraphs_IndentedLines_StayAsTheyAre) {
 }
 
 TEST(ManualPageTest, ManualParts_SmallProgram_HoldEveryArgument) {
-  static constexpr ArgumentRow kGeneral[] = {{"-h,--help", "", "Print this help message and exit"},
-                                             {"-v,--verbose", "", "Talk"}};
+  static constexpr ArgumentRow kRootArguments[] = {
+      {"-h,--help", "", "Print this help message and exit"}, {"-v,--verbose", "", "Talk"}};
   static constexpr ArgumentRow kArguments[] = {{"DESC", "FILE", "What to run", kRequired},
                                                {"MORE", "FILE", "More", kRepeats},
                                                {"-t,--to", "FORM", "Where to", kRequired}};
   static const CommandRow kRun = {"run", "Run it", "Exit status: 0.", kArguments, {}, nullptr};
-  static const CommandRow* const kCommands[] = {&kRun};
+  static const CommandRow* const kRunOnly[] = {&kRun};
 
-  const auto parts = manualParts(
-      {"tool", "About", "Examples:\n  tool run x\n\nExit status: 0 well.", kGeneral, kCommands});
+  const auto parts =
+      manualParts({"tool", "About", "Examples:\n  tool run x\n\nExit status: 0 well.",
+                   kRootArguments, kRunOnly});
 
   EXPECT_EQ(parts.size(), 5U);
   EXPECT_EQ(parts.at("SYNOPSIS"),

@@ -12,13 +12,13 @@ namespace {
 constexpr int kDeep = 10000;
 constexpr int kDeepest = 256;  // That the parser takes.
 
-std::string repeat(const std::string& text, int count) {
+std::string repeat(const std::string& text, int times) {
   std::string repeated;
-  for (int i = 0; i < count; ++i) repeated += text;
+  for (int i = 0; i < times; ++i) repeated += text;
   return repeated;
 }
 
-int count(const std::string& text, const std::string& part) {
+int countOf(const std::string& text, const std::string& part) {
   int found = 0;
   for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++found;
   return found;
@@ -101,9 +101,9 @@ TEST_P(NestingTest, StaticGroups_AsDeepAsTheParserTakes_AreWritten) {
   EXPECT_EQ(runWithStack({"emit", "deep.xml", "--to", "pjl"}), success(text));
   const RunResult ticket = runWithStack({"emit", "deep.xml", "--to", "ticket"});
   EXPECT_EQ(ticket.status, 0);
-  EXPECT_EQ(count(ticket.output, "<Group name=\"g\""), groups);
-  EXPECT_EQ(count(ticket.output, "</Group>"), groups);
-  EXPECT_EQ(count(ticket.output, "<Command name=\"copies\""), 1);
+  EXPECT_EQ(countOf(ticket.output, "<Group name=\"g\""), groups);
+  EXPECT_EQ(countOf(ticket.output, "</Group>"), groups);
+  EXPECT_EQ(countOf(ticket.output, "<Command name=\"copies\""), 1);
   EXPECT_EQ(runWithStack({"dump", "deep.xml"}).status, 0);
   EXPECT_EQ(runWithStack({"show", "deep.xml"}).status, 0);
   EXPECT_LT(runWithStack({"check", "deep.xml"}).status, 3);

@@ -1,0 +1,1 @@
+// Makes a target of the headers that others are compiled with.
