@@ -15,12 +15,13 @@ _SLOW_SECONDS = 0.1
 
 # The test programs that a change in a room can affect, its own first.
 _AFFECTED = {
-    "diagnostics": ("diagnostics_tests", "plugin_tests"),
-    "frame": ("frame_tests", "output_tests", "diagnostics_tests", "loader_tests", "plugin_tests", "raw_slot_tests"),
-    "loader": ("loader_tests", "plugin_tests", "raw_slot_tests"),
+    "diagnostics": ("diagnostics_tests", "plugin_tests", "fault_tests"),
+    "frame": ("frame_tests", "output_tests", "diagnostics_tests", "loader_tests", "plugin_tests",
+              "raw_slot_tests", "fault_tests"),
+    "loader": ("loader_tests", "plugin_tests", "raw_slot_tests", "fault_tests"),
     "model": ("model_tests", "loader_tests", "output_tests", "frame_tests", "diagnostics_tests",
-              "raw_slot_tests", "plugin_tests"),
-    "output": ("output_tests", "plugin_tests", "raw_slot_tests"),
+              "raw_slot_tests", "plugin_tests", "fault_tests"),
+    "output": ("output_tests", "plugin_tests", "raw_slot_tests", "fault_tests"),
     "templates": ("templates_tests", "output_tests"),
 }
 

@@ -17,7 +17,7 @@ ROOMS = ("diagnostics", "frame", "loader", "model", "output", "templates")
 # Test programs that hold the library's objects.
 OBJECT_PROGRAMS = tuple(f"{room}_tests" for room in ROOMS)
 # Test programs that load the library from a file.
-PLUGIN_PROGRAMS = ("raw_slot_tests", "plugin_tests")
+PLUGIN_PROGRAMS = ("raw_slot_tests", "plugin_tests", "fault_tests")
 _LIBRARY = "lib/libDriverFeature.so"
 _ARCHIVE = "liblibrary_under_test.a"
 # Comes with the compiler's own packages and takes a quarter of the time.
