@@ -38,10 +38,10 @@ class EqualOrdersTest : public testing::Test {
            << " 1/Text: \"code\"\n*CloseUI: *" << option << "\n";
     }
     file.close();
-    std::string problem;
-    peer_ = Peer::open(path, problem);
+    auto opened = Peer::open(path);
     std::filesystem::remove(path);
-    ASSERT_NE(peer_, nullptr) << problem;
+    ASSERT_TRUE(opened) << opened.error().text;
+    peer_ = std::move(*opened);
   }
 
   bool ordersOnly(const std::string& peer, const std::string& ours) {

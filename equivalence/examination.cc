@@ -46,9 +46,9 @@ class Examination {
  private:
   bool openPeer() {
     enter_("open");
-    std::string problem;
-    peer_ = Peer::open(request_.file, problem);
-    if (!peer_) return fail("refused by libcups", problem);
+    auto peer = Peer::open(request_.file);
+    if (!peer) return fail("refused by libcups", peer.error().text);
+    peer_ = std::move(*peer);
     const PpdFigures figures = peer_->figures();
     record_["options"] = figures.options;
     record_["choices"] = figures.choices;
@@ -106,8 +106,10 @@ class Examination {
     session.routines = request_.routines;
     session.detail = host::LogDetail::kErrors;
     session.report = cli::printError;
-    subject_ = Subject::load(session);
-    return subject_ != nullptr || fail("load", "");
+    auto loaded = Subject::load(session);
+    if (!loaded) return fail("load", loaded.error().text);
+    subject_ = std::move(*loaded);
+    return true;
   }
 
   void compareAll() {
@@ -127,9 +129,8 @@ class Examination {
     peer_->markDefaults();
     peer_->mark(marks);
     peer_->settle();
-    std::string problem;
-    if (!subject_->set(peer_->settings(), problem)) {
-      fail("features", problem + " (" + describe(marks) + ")");
+    if (const auto done = subject_->set(peer_->settings()); !done) {
+      fail("features", done.error().text + " (" + describe(marks) + ")");
       return;
     }
     compare(vector, describe(marks));
@@ -146,20 +147,20 @@ class Examination {
 
   void compareWholeJobs() {
     enter_("whole jobs");
-    std::string problem;
-    const auto jobs = WholeJobs::open({request_.programs, request_.pstops, request_.file,
-                                       description_, request_.library, request_.routines},
-                                      peer_->file(), problem);
-    if (!jobs) {
-      fail("whole job", problem);
+    const auto opened = WholeJobs::open({request_.programs, request_.pstops, request_.file,
+                                         description_, request_.library, request_.routines},
+                                        peer_->file());
+    if (!opened) {
+      fail("whole job", opened.error().text);
       return;
     }
+    WholeJobs& jobs = **opened;
     Random random(digestOfFile(request_.file) ^ ~request_.seed);
     std::string options;
     for (int i = 0; i <= request_.wholeVectors; ++i) {
       std::vector<Difference> differences;
-      if (!jobs->compare(options, differences, problem)) {
-        fail("whole job", problem.append(": ").append(options));
+      if (const auto done = jobs.compare(options, differences); !done) {
+        fail("whole job", done.error().text + ": " + options);
       }
       for (Difference& difference : differences) {
         const auto section =
@@ -171,8 +172,8 @@ class Examination {
       options = jobOptions(*peer_, randomMarks(*peer_, random));
     }
     record_["whole_jobs"] = 2 * (request_.wholeVectors + 1);
-    record_["whole_bytes"] = jobs->bytes();
-    record_["fronts"] = jobs->hasFront() ? 1 : 0;
+    record_["whole_bytes"] = jobs.bytes();
+    record_["fronts"] = jobs.hasFront() ? 1 : 0;
   }
 
   void compare(const std::string& vector, const std::string& marks) {

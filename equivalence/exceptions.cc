@@ -7,13 +7,13 @@ namespace {
 constexpr const char* kSeparator = " | ";
 constexpr std::size_t kSeparatorSize = 3;
 
-std::string complaint(int line, const std::string& text) {
-  return "line " + std::to_string(line) + ": " + text;
+host::Failure refuseLine(int line, const std::string& reason) {
+  return host::refused("line " + std::to_string(line) + ": " + reason);
 }
 
 }  // namespace
 
-std::optional<Exceptions> Exceptions::read(std::istream& input, std::string& problem) {
+host::Result<Exceptions> Exceptions::read(std::istream& input) {
   Exceptions exceptions;
   std::string line;
   for (int number = 1; std::getline(input, line); ++number) {
@@ -23,14 +23,12 @@ std::optional<Exceptions> Exceptions::read(std::istream& input, std::string& pro
         first == std::string::npos ? first : line.find(kSeparator, first + kSeparatorSize);
     if (second == std::string::npos || first == 0 || second == first + kSeparatorSize ||
         second + kSeparatorSize >= line.size()) {
-      problem = complaint(number, "is not of the form CAUSE | PPD | REASON");
-      return std::nullopt;
+      return refuseLine(number, "is not of the form CAUSE | PPD | REASON");
     }
     const std::string ppd = line.substr(first + kSeparatorSize, second - first - kSeparatorSize);
     const Entry entry{line.substr(second + kSeparatorSize)};
     if (!exceptions.entries_.emplace(std::make_pair(line.substr(0, first), ppd), entry).second) {
-      problem = complaint(number, "repeats an earlier line");
-      return std::nullopt;
+      return refuseLine(number, "repeats an earlier line");
     }
   }
   return exceptions;

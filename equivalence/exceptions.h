@@ -4,20 +4,21 @@
 
 #include <istream>
 #include <map>
-#include <optional>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "host/base/result.h"
 
 namespace driver_feature::equivalence {
 
 class Exceptions {
  public:
   // Reads lines "CAUSE | PPD | REASON"; empty lines and those that begin with
-  // "#" are ignored. Nothing when a line is not of that form, has an empty part
-  // or repeats an earlier one; `problem` then names the line and says why.
-  static std::optional<Exceptions> read(std::istream& input, std::string& problem);
+  // "#" are ignored. Fails when a line is not of that form, has an empty part or
+  // repeats an earlier one.
+  static host::Result<Exceptions> read(std::istream& input);
 
   // The reason, or null when it is not listed. Marks the cause as one that has
   // occurred.

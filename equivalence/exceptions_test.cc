@@ -12,20 +12,18 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::optional<Exceptions> read(const std::string& text, std::string& problem) {
+host::Result<Exceptions> read(const std::string& text) {
   std::istringstream input(text);
-  return Exceptions::read(input, problem);
+  return Exceptions::read(input);
 }
 
 std::string problemOf(const std::string& text) {
-  std::string problem = "none";
-  EXPECT_FALSE(read(text, problem)) << text;
-  return problem;
+  const auto exceptions = read(text);
+  return exceptions ? "none" : exceptions.error().text;
 }
 
 TEST(Exceptions, Read_FindsByCauseAndPpd) {
-  std::string problem;
-  auto exceptions = read("# text\n\nimport | a/b c.ppd | why | not\n", problem);
+  auto exceptions = read("# text\n\nimport | a/b c.ppd | why | not\n");
   ASSERT_TRUE(exceptions);
   const std::string* reason = exceptions->find("import", "a/b c.ppd");
   ASSERT_NE(reason, nullptr);
@@ -46,8 +44,7 @@ TEST(Exceptions, Read_BadLine_NamesIt) {
 }
 
 TEST(Exceptions, Idle_AreThoseOfExaminedPpdsThatWereNotFound) {
-  std::string problem;
-  auto exceptions = read("x | a | why\ny | a | why\nx | b | why\n", problem);
+  auto exceptions = read("x | a | why\ny | a | why\nx | b | why\n");
   ASSERT_TRUE(exceptions);
   exceptions->find("x", "a");
   EXPECT_THAT(exceptions->idle({"a"}, false), ElementsAre("y | a"));

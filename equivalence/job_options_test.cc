@@ -22,8 +22,7 @@ std::unique_ptr<Peer> peer() {
                       << option("PageSize", "PickOne") << option("PageRegion", "PickOne")
                       << option("Tray", "PickOne") << option("Staple", "PickMany")
                       << option("OutputOrder", "PickOne") << option("Owner", "PickOne");
-  std::string problem;
-  auto result = Peer::open(file, problem);
+  auto result = Peer::open(file).value();
   std::filesystem::remove(file);
   return result;
 }

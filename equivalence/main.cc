@@ -111,10 +111,10 @@ std::optional<std::vector<Task>> tasksOf(const Arguments& arguments) {
 std::optional<Exceptions> readExceptions(const std::string& path) {
   if (path.empty()) return Exceptions();
   std::ifstream file(path);
-  std::string problem;
-  auto exceptions = file ? Exceptions::read(file, problem) : std::nullopt;
-  if (!exceptions) refuse(path + ": " + (problem.empty() ? "cannot be read" : problem));
-  return exceptions;
+  auto exceptions = file ? Exceptions::read(file) : host::refused("cannot be read");
+  if (exceptions) return std::move(*exceptions);
+  refuse(path + ": " + exceptions.error().text);
+  return std::nullopt;
 }
 
 bool writeFile(const fs::path& path, const std::string& text) {

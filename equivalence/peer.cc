@@ -44,13 +44,12 @@ void countCode(const std::string& code, PpdFigures& figures) {
 
 }  // namespace
 
-std::unique_ptr<Peer> Peer::open(const std::string& path, std::string& problem) {
+host::Result<std::unique_ptr<Peer>> Peer::open(const std::string& path) {
   ppd_file_t* file = ::ppdOpenFile(path.c_str());
   if (file != nullptr) return std::unique_ptr<Peer>(new Peer(file));
   int line = 0;
   const ppd_status_t status = ::ppdLastError(&line);
-  problem = orEmpty(::ppdErrorString(status)) + " in line " + std::to_string(line);
-  return nullptr;
+  return host::refused(orEmpty(::ppdErrorString(status)) + " in line " + std::to_string(line));
 }
 
 Peer::Peer(ppd_file_t* file) : file_(file) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "equivalence/ppd_text.h"
+#include "host/base/result.h"
 
 namespace driver_feature::equivalence {
 
@@ -25,9 +26,8 @@ struct PpdFigures {
 
 class Peer {
  public:
-  // Null when libcups does not open the file; `problem` is then its reason
-  // with the line.
-  static std::unique_ptr<Peer> open(const std::string& path, std::string& problem);
+  // Fails with libcups' reason and the line when libcups does not open the file.
+  static host::Result<std::unique_ptr<Peer>> open(const std::string& path);
 
   ppd_file_t& file() const { return *file_; }
 

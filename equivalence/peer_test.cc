@@ -83,10 +83,10 @@ class PeerTest : public testing::Test {
     const std::string path =
         testing::TempDir() + "peer_test." + std::to_string(::getpid()) + ".ppd";
     std::ofstream(path) << kPpd;
-    std::string problem;
-    peer_ = Peer::open(path, problem);
+    auto opened = Peer::open(path);
     std::filesystem::remove(path);
-    ASSERT_NE(peer_, nullptr) << problem;
+    ASSERT_TRUE(opened) << opened.error().text;
+    peer_ = std::move(*opened);
   }
 
   std::vector<std::string> settings() {

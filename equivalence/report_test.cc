@@ -12,10 +12,7 @@ using Json = nlohmann::json;
 
 Report reportWith(const std::string& exceptions) {
   std::istringstream input(exceptions);
-  std::string problem;
-  auto read = Exceptions::read(input, problem);
-  EXPECT_TRUE(read) << problem;
-  return Report(std::move(*read));
+  return Report(Exceptions::read(input).value());
 }
 
 Json goodRecord(const std::string& ppd) {

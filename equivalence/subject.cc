@@ -1,34 +1,30 @@
 #include "equivalence/subject.h"
 
 #include "host/session/feature_view.h"
-#include "programs/common/console.h"
 
 namespace driver_feature::equivalence {
 
-std::unique_ptr<Subject> Subject::load(const host::SessionRequest& request) {
+host::Result<std::unique_ptr<Subject>> Subject::load(const host::SessionRequest& request) {
   auto session = host::Session::open(request);
-  if (!session) {
-    cli::printProblem(session.error());
-    return nullptr;
-  }
+  if (!session) return failureOf(session);
   (*session)->log().release();
   return std::unique_ptr<Subject>(new Subject(std::move(*session)));
 }
 
-bool Subject::set(const FeatureValues& settings, std::string& problem) const {
+host::Result<> Subject::set(const FeatureValues& settings) const {
   const host::FeatureMap& features = session_->model().features;
   for (const FeatureValue& setting : settings) {
     const auto found = features.find(setting.feature);
     if (found == features.end()) {
-      problem = "there is no feature " + setting.feature + " for the value " + setting.value;
-      return false;
+      return host::refused("there is no feature " + setting.feature + " for the value " +
+                           setting.value);
     }
     if (!found->second.setValue(setting.value)) {
-      problem = "the feature " + setting.feature + " refuses the value " + setting.value;
-      return false;
+      return host::refused("the feature " + setting.feature + " refuses the value " +
+                           setting.value);
     }
   }
-  return true;
+  return {};
 }
 
 std::string Subject::serialized(int form) const {

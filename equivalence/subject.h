@@ -13,14 +13,13 @@ namespace driver_feature::equivalence {
 
 class Subject {
  public:
-  // Loads the description, once per process. Null, after a line on standard
-  // error, when that fails; a description that the library cannot build ends
-  // the process.
-  static std::unique_ptr<Subject> load(const host::SessionRequest& request);
+  // Loads the description, once per process. A description that the library
+  // cannot build ends the process.
+  static host::Result<std::unique_ptr<Subject>> load(const host::SessionRequest& request);
 
-  // Stores all values. Returns false, with a description in `problem`, at the
-  // first one that has no feature or that its feature refuses.
-  bool set(const FeatureValues& settings, std::string& problem) const;
+  // Stores all values. Fails at the first one that has no feature or that its
+  // feature refuses.
+  host::Result<> set(const FeatureValues& settings) const;
 
   void restoreDefaults() const { session_->features().restoreDefaultFeatureValues(); }
 

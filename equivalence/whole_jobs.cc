@@ -10,11 +10,12 @@ namespace driver_feature::equivalence {
 
 namespace {
 
-bool writeFile(const std::string& path, const std::string& bytes) {
+host::Result<> writeFile(const std::string& path, const std::string& bytes) {
   std::ofstream file(path, std::ios::binary);
   file << bytes;
   file.close();
-  return !file.fail();
+  if (file.fail()) return host::refused(path + ": cannot be written");
+  return {};
 }
 
 std::vector<std::string> jobArguments(const std::string& options) {
@@ -27,11 +28,11 @@ std::string lastLine(std::string text) {
   return text.substr(text.rfind('\n') + 1);
 }
 
-bool isDone(const std::string& program, const ProgramOutput& output, std::string& problem) {
-  if (output.status == 0) return true;
-  problem =
-      program + " ends with " + std::to_string(output.status) + ": " + lastLine(output.errors);
-  return false;
+// What the program has written, if it has ended well.
+host::Result<std::string> outputOf(const std::string& program, ProgramOutput output) {
+  if (output.status == 0) return std::move(output.output);
+  return host::refused(program + " ends with " + std::to_string(output.status) + ": " +
+                       lastLine(output.errors));
 }
 
 }  // namespace
@@ -47,8 +48,8 @@ WholeJobs::~WholeJobs() {
   for (const std::string& file : {queue_, document_, converted_}) std::remove(file.c_str());
 }
 
-std::unique_ptr<WholeJobs> WholeJobs::open(const WholeJobRequest& request, const ppd_file_t& ppd,
-                                           std::string& problem) {
+host::Result<std::unique_ptr<WholeJobs>> WholeJobs::open(const WholeJobRequest& request,
+                                                         const ppd_file_t& ppd) {
   std::unique_ptr<WholeJobs> jobs(new WholeJobs(request, ppd));
   std::vector<std::string> arguments;
   if (!request.library.empty()) arguments = {"--library", request.library};
@@ -57,61 +58,56 @@ std::unique_ptr<WholeJobs> WholeJobs::open(const WholeJobRequest& request, const
   }
   arguments.insert(arguments.end(),
                    {"queue", request.description, "--ppd", request.ppd, "--output", jobs->queue_});
-  const ProgramOutput queue = runProgram(request.programs + "/driver-feature", arguments, {});
-  if (!isDone("driver-feature queue", queue, problem)) return nullptr;
-  if (writeFile(jobs->document_, kWholeDocument)) return jobs;
-  problem = jobs->document_ + ": cannot be written";
-  return nullptr;
+  auto queue = outputOf("driver-feature queue",
+                        runProgram(request.programs + "/driver-feature", arguments, {}));
+  if (!queue) return failureOf(queue);
+  auto written = writeFile(jobs->document_, kWholeDocument);
+  if (!written) return failureOf(written);
+  return jobs;
 }
 
-bool WholeJobs::convert(const std::string& ppd, const std::string& options, std::string& job,
-                        std::string& problem) const {
+host::Result<std::string> WholeJobs::convert(const std::string& ppd,
+                                             const std::string& options) const {
   std::vector<std::string> arguments = jobArguments(options);
   arguments.push_back(document_);
-  ProgramOutput output =
-      runProgram(request_.pstops, arguments, {{"PPD", ppd}, {"CONTENT_TYPE", ""}});
-  job = std::move(output.output);
-  return isDone("pstops", output, problem);
+  return outputOf("pstops",
+                  runProgram(request_.pstops, arguments, {{"PPD", ppd}, {"CONTENT_TYPE", ""}}));
 }
 
 // A document that is converted first comes through standard input.
-bool WholeJobs::filter(const std::string& file, const std::string& options, std::string& job,
-                       std::string& problem) const {
+host::Result<std::string> WholeJobs::filter(const std::string& file,
+                                            const std::string& options) const {
   const bool isConverted = file == converted_;
   std::vector<std::string> arguments = jobArguments(options);
   if (!isConverted) arguments.push_back(file);
-  ProgramOutput output =
+  return outputOf(
+      "driver-feature-filter",
       runProgram(request_.programs + "/driver-feature-filter", arguments,
                  {{"PPD", queue_},
                   {"CONTENT_TYPE", isConverted ? "application/pdf" : "application/postscript"},
                   {"DRIVER_FEATURE_LIBRARY", request_.library}},
-                 isConverted ? file : "");
-  job = std::move(output.output);
-  return isDone("driver-feature-filter", output, problem);
+                 isConverted ? file : ""));
 }
 
-bool WholeJobs::compare(const std::string& options, std::vector<Difference>& differences,
-                        std::string& problem) {
-  std::string peer;
-  std::string direct;
-  if (!convert(request_.ppd, options, peer, problem)) return false;
-  if (!filter(document_, options, direct, problem)) return false;
-  direct = withoutPstopsProcedures(std::move(direct));
-  peer = withoutPstopsTexts(std::move(peer), ppd_);
+host::Result<> WholeJobs::compare(const std::string& options,
+                                  std::vector<Difference>& differences) {
+  auto peerJob = convert(request_.ppd, options);
+  if (!peerJob) return failureOf(peerJob);
+  auto directJob = filter(document_, options);
+  if (!directJob) return failureOf(directJob);
+  const std::string direct = withoutPstopsProcedures(std::move(*directJob));
+  const std::string peer = withoutPstopsTexts(std::move(*peerJob), ppd_);
   hasFront_ = !peer.starts_with("%!PS-Adobe-3.0\n%%Title");
   compareText("whole job", peer, direct, differences);
-  std::string input;
-  std::string converted;
-  if (!convert(queue_, options, input, problem)) return false;
-  if (!writeFile(converted_, input)) {
-    problem = converted_ + ": cannot be written";
-    return false;
-  }
-  if (!filter(converted_, options, converted, problem)) return false;
-  compareText("converted job", expectedOfConverted(input, withoutJobPatch(direct, ppd_)), converted,
-              differences);
-  bytes_ += peer.size() + converted.size();
-  return true;
+  auto input = convert(queue_, options);
+  if (!input) return failureOf(input);
+  if (auto written = writeFile(converted_, *input); !written) return written;
+  auto converted = filter(converted_, options);
+  if (!converted) return failureOf(converted);
+  compareText("converted job", expectedOfConverted(*input, withoutJobPatch(direct, ppd_)),
+              *converted, differences);
+  bytes_ += peer.size() + converted->size();
+  return {};
 }
 
 }  // namespace driver_feature::equivalence

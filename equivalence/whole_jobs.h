@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "equivalence/comparison.h"
+#include "host/base/result.h"
 
 namespace driver_feature::equivalence {
 
@@ -26,10 +27,9 @@ struct WholeJobRequest {
 class WholeJobs {
  public:
   // Writes the PPD of a queue, and documents, into files that are named after
-  // the description and removed at the end. Null when the queue cannot be made;
-  // `problem` then says why.
-  static std::unique_ptr<WholeJobs> open(const WholeJobRequest& request, const ppd_file_t& ppd,
-                                         std::string& problem);
+  // the description and removed at the end. Fails when the queue cannot be made.
+  static host::Result<std::unique_ptr<WholeJobs>> open(const WholeJobRequest& request,
+                                                       const ppd_file_t& ppd);
   ~WholeJobs();
   WholeJobs(const WholeJobs&) = delete;
   WholeJobs& operator=(const WholeJobs&) = delete;
@@ -37,20 +37,17 @@ class WholeJobs {
   // Prints with the options, twice: "whole job", the document as it is; and
   // "converted job", the document after pstops has made a job of it with the
   // queue's PPD. The first is compared with the job of pstops for the
-  // printer's PPD, the second with the first. False when a program fails;
-  // `problem` then says why.
-  bool compare(const std::string& options, std::vector<Difference>& differences,
-               std::string& problem);
+  // printer's PPD, the second with the first. Adds the differences, also those
+  // found before a program fails.
+  host::Result<> compare(const std::string& options, std::vector<Difference>& differences);
 
   std::size_t bytes() const { return bytes_; }  // Of all jobs that were compared.
   bool hasFront() const { return hasFront_; }   // The last job began with job-control language.
 
  private:
   WholeJobs(const WholeJobRequest& request, const ppd_file_t& ppd);
-  bool filter(const std::string& file, const std::string& options, std::string& job,
-              std::string& problem) const;
-  bool convert(const std::string& ppd, const std::string& options, std::string& job,
-               std::string& problem) const;
+  host::Result<std::string> filter(const std::string& file, const std::string& options) const;
+  host::Result<std::string> convert(const std::string& ppd, const std::string& options) const;
 
   WholeJobRequest request_;
   const ppd_file_t& ppd_;

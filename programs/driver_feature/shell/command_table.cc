@@ -109,11 +109,9 @@ std::span<const ShellCommand> shellCommands() {
   return kCommands;
 }
 
-host::Result<> findCommand(const std::string& name, const ShellCommand*& command) {
+host::Result<const ShellCommand*> findCommand(const std::string& name) {
   for (const ShellCommand& known : kCommands) {
-    if (name != known.name) continue;
-    command = &known;
-    return {};
+    if (name == known.name) return &known;
   }
   const auto nearest = host::nearestName(name, commandNames());
   return host::refused(

@@ -41,8 +41,8 @@ inline constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 // In the order of the help.
 std::span<const ShellCommand> shellCommands();
 
-// Refused when there is none of that name; `command` is then left alone.
-host::Result<> findCommand(const std::string& name, const ShellCommand*& command);
+// Refused when there is none of that name; never null.
+host::Result<const ShellCommand*> findCommand(const std::string& name);
 
 std::vector<std::string> commandNames();
 

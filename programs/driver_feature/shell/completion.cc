@@ -10,11 +10,12 @@ namespace {
 
 Proposals proposeAll(const Shell& shell, const UnfinishedLine& line) {
   if (line.before.empty()) return {commandNames()};
-  const ShellCommand* command = nullptr;
-  if (!findCommand(line.before.front(), command)) return {};
+  const auto found = findCommand(line.before.front());
+  if (!found) return {};
+  const ShellCommand& command = **found;
   const Words arguments(line.before.begin() + 1, line.before.end());
-  if (command->propose == nullptr || arguments.size() >= command->most) return {};
-  return command->propose(shell, arguments, line.word);
+  if (command.propose == nullptr || arguments.size() >= command.most) return {};
+  return command.propose(shell, arguments, line.word);
 }
 
 }  // namespace

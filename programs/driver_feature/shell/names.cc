@@ -74,18 +74,16 @@ std::vector<std::string> namesWithOptions(const host::Model& model) {
   return names;
 }
 
-host::Result<> findObject(Shell& shell, const std::string& name, CoreFeature*& object) {
+host::Result<CoreFeature*> findObject(Shell& shell, const std::string& name) {
   CoreFeature* found = lookUp(shell, name);
   if (found == nullptr) {
     return host::refused("there is no feature or group " + host::inQuotes(name) + "; " +
                          meant(name, allNames(shell.model())));
   }
-  object = found;
-  return {};
+  return found;
 }
 
-host::Result<> findFeature(Shell& shell, const std::string& name,
-                           IntermediateCoreFeature*& feature) {
+host::Result<IntermediateCoreFeature*> findFeature(Shell& shell, const std::string& name) {
   CoreFeature* found = lookUp(shell, name);
   if (found == nullptr || !shell.model().features.contains(name)) {
     return host::refused("there is no feature " + host::inQuotes(name) + "; " +
@@ -95,30 +93,27 @@ host::Result<> findFeature(Shell& shell, const std::string& name,
     return host::refused("feature " + host::inQuotes(name) +
                          " has the type of a group; set its FeatureType to 0 to 5");
   }
-  feature = static_cast<IntermediateCoreFeature*>(found);
-  return {};
+  return static_cast<IntermediateCoreFeature*>(found);
 }
 
-host::Result<> findOption(Shell& shell, const std::string& feature, const std::string& name,
-                          IntermediateCoreOption*& option) {
-  IntermediateCoreFeature* owner = nullptr;
-  if (host::Result<> done = findFeature(shell, feature, owner); !done) return done;
+host::Result<IntermediateCoreOption*> findOption(Shell& shell, const std::string& feature,
+                                                 const std::string& name) {
+  auto owner = findFeature(shell, feature);
+  if (!owner) return failureOf(owner);
   const std::vector<std::string> names = optionNames(shell.model(), feature);
   if (names.empty())
     return host::refused("feature " + host::inQuotes(feature) +
                          " has no options; name another feature");
   const host::LogSilence silence;
-  CoreOption* found = owner->fetchOptionByName(name);
+  CoreOption* found = (*owner)->fetchOptionByName(name);
   if (found == nullptr) {
     return host::refused("feature " + host::inQuotes(feature) + " has no option " +
                          host::inQuotes(name) + "; " + meant(name, names));
   }
-  option = static_cast<IntermediateCoreOption*>(found);
-  return {};
+  return static_cast<IntermediateCoreOption*>(found);
 }
 
-host::Result<> findRecords(Shell& shell, const std::string& name,
-                           IntermediateDynamicFeatureGroup*& group) {
+host::Result<IntermediateDynamicFeatureGroup*> findRecords(Shell& shell, const std::string& name) {
   CoreFeature* found = lookUp(shell, name);
   // A feature comes before a group of its name, and may call itself one.
   const bool isFeature = shell.model().features.contains(name);
@@ -126,20 +121,18 @@ host::Result<> findRecords(Shell& shell, const std::string& name,
     return host::refused("there is no dynamic group " + host::inQuotes(name) + "; " +
                          meant(name, dynamicGroupNames(shell.model())));
   }
-  group = static_cast<IntermediateDynamicFeatureGroup*>(found);
-  return {};
+  return static_cast<IntermediateDynamicFeatureGroup*>(found);
 }
 
-host::Result<> readNumber(const std::string& word, const std::string& what, long& number) {
-  long read = 0;
+host::Result<long> readNumber(const std::string& word, const std::string& what) {
+  long number = 0;
   const char* end = word.data() + word.size();
-  const auto result = std::from_chars(word.data(), end, read);
-  if (result.ptr != end || result.ec != std::errc() || read < 0) {
+  const auto result = std::from_chars(word.data(), end, number);
+  if (result.ptr != end || result.ec != std::errc() || number < 0) {
     return host::refused(host::inQuotes(word) + " is not " + what +
                          "; give a whole number of 0 or more");
   }
-  number = read;
-  return {};
+  return number;
 }
 
 }  // namespace driver_feature::cli

@@ -21,18 +21,16 @@ std::vector<std::string> optionNames(const host::Model& model, const std::string
 // The features that have options.
 std::vector<std::string> namesWithOptions(const host::Model& model);
 
-// Each refuses an unknown name and does not change its last argument then. What
-// they find lives as long as the process.
-host::Result<> findObject(Shell& shell, const std::string& name, CoreFeature*& object);
-host::Result<> findFeature(Shell& shell, const std::string& name,
-                           IntermediateCoreFeature*& feature);
-host::Result<> findOption(Shell& shell, const std::string& feature, const std::string& name,
-                          IntermediateCoreOption*& option);
-host::Result<> findRecords(Shell& shell, const std::string& name,
-                           IntermediateDynamicFeatureGroup*& group);
+// Each refuses an unknown name. What they find lives as long as the process and is
+// never null.
+host::Result<CoreFeature*> findObject(Shell& shell, const std::string& name);
+host::Result<IntermediateCoreFeature*> findFeature(Shell& shell, const std::string& name);
+host::Result<IntermediateCoreOption*> findOption(Shell& shell, const std::string& feature,
+                                                 const std::string& name);
+host::Result<IntermediateDynamicFeatureGroup*> findRecords(Shell& shell, const std::string& name);
 
-// The whole word as a number of 0 or more.
-host::Result<> readNumber(const std::string& word, const std::string& what, long& number);
+// The whole word as a number of 0 or more; `what` is what a refusal calls it.
+host::Result<long> readNumber(const std::string& word, const std::string& what);
 
 }  // namespace driver_feature::cli
 

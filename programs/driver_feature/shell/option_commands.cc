@@ -57,21 +57,21 @@ host::Result<> store(CoreOption& option, const std::string& property, const std:
 }  // namespace
 
 host::Result<> runOption(Shell& shell, const Words& arguments) {
-  IntermediateCoreOption* option = nullptr;
-  if (host::Result<> done = findOption(shell, arguments[0], arguments[1], option); !done)
-    return done;
+  auto found = findOption(shell, arguments[0], arguments[1]);
+  if (!found) return failureOf(found);
+  IntermediateCoreOption& option = **found;
   if (arguments.size() == 2) {
     std::vector<TableRow> rows;
     rows.reserve(kProperties.size());
     for (const std::string& property : kProperties) {
-      rows.push_back({{property}, {textOf(*option, property)}});
+      rows.push_back({{property}, {textOf(option, property)}});
     }
     shell.answer(layOut(rows, 0));
     return {};
   }
   if (host::Result<> done = checkProperty(arguments[2]); !done) return done;
-  if (arguments.size() == 4) return store(*option, arguments[2], arguments[3]);
-  shell.answer(textOf(*option, arguments[2]) + "\n");
+  if (arguments.size() == 4) return store(option, arguments[2], arguments[3]);
+  shell.answer(textOf(option, arguments[2]) + "\n");
   return {};
 }
 

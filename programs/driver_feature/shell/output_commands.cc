@@ -100,9 +100,10 @@ host::Result<> runHelp(Shell& shell, const Words& arguments) {
     helpAll(shell);
     return {};
   }
-  const ShellCommand* command = nullptr;
-  if (host::Result<> done = findCommand(arguments[0], command); !done) return done;
-  shell.answer(usageOf(*command) + "\n" + command->summary + ".\n" + command->details);
+  auto found = findCommand(arguments[0]);
+  if (!found) return failureOf(found);
+  const ShellCommand& command = **found;
+  shell.answer(usageOf(command) + "\n" + command.summary + ".\n" + command.details);
   return {};
 }
 

@@ -33,12 +33,13 @@ struct Action {
 };
 
 // No record can be read while the description lacks a template.
-host::Result<> membersOf(Shell& shell, Target& target) {
-  const auto view = findDynamicGroup(shell.session().features(), shell.model().index, target.name);
+host::Result<Target> findTarget(Shell& shell, const std::string& name) {
+  auto group = findRecords(shell, name);
+  if (!group) return failureOf(group);
+  const auto view = findDynamicGroup(shell.session().features(), shell.model().index, name);
   if (!view)
-    return host::refused("group " + host::inQuotes(target.name) + " has no template; give it one");
-  target.members = view->memberNames();
-  return {};
+    return host::refused("group " + host::inQuotes(name) + " has no template; give it one");
+  return Target{name, *group, view->memberNames()};
 }
 
 host::Result<> list(Shell& shell, const Target& target, const Words& /*arguments*/) {
@@ -56,7 +57,7 @@ host::Result<> list(Shell& shell, const Target& target, const Words& /*arguments
   return {};
 }
 
-host::Result<> refuseMember(const Target& target, const std::string& name) {
+host::Failure refuseMember(const Target& target, const std::string& name) {
   const auto nearest = host::nearestName(name, target.members);
   return host::refused("group " + host::inQuotes(target.name) + " has no member " +
                        host::inQuotes(name) + "; " +
@@ -65,8 +66,9 @@ host::Result<> refuseMember(const Target& target, const std::string& name) {
 }
 
 // The values of a record, checked like settings when `check` is set.
-host::Result<> readValues(Shell& shell, const Target& target, const Words& words, bool check,
-                          AttributeMap& values) {
+host::Result<AttributeMap> readValues(Shell& shell, const Target& target, const Words& words,
+                                      bool check) {
+  AttributeMap values;
   std::vector<std::string> missing = target.members;
   for (const std::string& word : words) {
     const host::Result<host::Setting> parsed = host::parseSetting(word);
@@ -84,15 +86,15 @@ host::Result<> readValues(Shell& shell, const Target& target, const Words& words
     if (!checked) return failureOf(checked, host::inQuotes(setting.name));
     values[setting.name] = setting.value;
   }
-  if (missing.empty()) return {};
+  if (missing.empty()) return values;
   return host::refused("member " + host::inQuotes(missing.front()) +
                        " is missing; give it a value");
 }
 
 host::Result<> add(Shell& shell, const Target& target, const Words& arguments) {
-  AttributeMap values;
-  if (host::Result<> done = readValues(shell, target, arguments, true, values); !done) return done;
-  if (target.group->addStaticGroupToDynamicGroup(values)) return {};
+  auto values = readValues(shell, target, arguments, true);
+  if (!values) return failureOf(values);
+  if (target.group->addStaticGroupToDynamicGroup(*values)) return {};
   return host::refused("the library refuses the record; \"log all\" shows why");
 }
 
@@ -104,19 +106,20 @@ host::Result<> addFile(Shell& shell, const Target& target, const Words& argument
 }
 
 // The position of an existing record.
-host::Result<> readIndex(const Target& target, const std::string& word, long& index) {
-  if (host::Result<> done = readNumber(word, "the number of a record", index); !done) return done;
+host::Result<unsigned> readIndex(const Target& target, const std::string& word) {
+  auto index = readNumber(word, "the number of a record");
+  if (!index) return failureOf(index);
   const long count = target.group->fetchNumberOfDynamicEntries();
-  if (index < count) return {};
+  if (*index < count) return static_cast<unsigned>(*index);
   return host::refused(
       "there is no record " + word + " in " + host::inQuotes(target.name) + "; " +
       (count == 0 ? "it is empty" : "the last one is " + std::to_string(count - 1)));
 }
 
 host::Result<> remove(Shell& /*shell*/, const Target& target, const Words& arguments) {
-  long index = 0;
-  if (host::Result<> done = readIndex(target, arguments[0], index); !done) return done;
-  if (target.group->removeDynamicEntryByIndex(static_cast<unsigned>(index))) return {};
+  auto index = readIndex(target, arguments[0]);
+  if (!index) return failureOf(index);
+  if (target.group->removeDynamicEntryByIndex(*index)) return {};
   return host::refused("the library refuses to remove the record; \"log all\" shows why");
 }
 
@@ -132,36 +135,35 @@ host::Result<> sort(Shell& /*shell*/, const Target& target, const Words& /*argum
 }
 
 host::Result<> select(Shell& /*shell*/, const Target& target, const Words& arguments) {
-  long index = 0;
-  if (host::Result<> done = readIndex(target, arguments[0], index); !done) return done;
-  if (target.group->addConstraint(index)) return {};
+  auto index = readIndex(target, arguments[0]);
+  if (!index) return failureOf(index);
+  if (target.group->addConstraint(*index)) return {};
   return host::refused("record " + arguments[0] + " is selected already; \"records " + target.name +
                        " list\" shows which are");
 }
 
 // A selection outlives its record, so any index can be taken out.
 host::Result<> deselect(Shell& /*shell*/, const Target& target, const Words& arguments) {
-  long index = 0;
-  if (host::Result<> done = readNumber(arguments[0], "the number of a record", index); !done)
-    return done;
-  if (target.group->removeConstraint(index)) return {};
+  auto index = readNumber(arguments[0], "the number of a record");
+  if (!index) return failureOf(index);
+  if (target.group->removeConstraint(*index)) return {};
   return host::refused("record " + arguments[0] + " is not selected; \"records " + target.name +
                        " list\" shows which are");
 }
 
 host::Result<> load(Shell& /*shell*/, const Target& target, const Words& arguments) {
-  long index = 0;
-  if (host::Result<> done = readIndex(target, arguments[0], index); !done) return done;
-  if (target.group->getDynamicEntryByIndex(static_cast<unsigned>(index)) != nullptr) {
+  auto index = readIndex(target, arguments[0]);
+  if (!index) return failureOf(index);
+  if (target.group->getDynamicEntryByIndex(*index) != nullptr) {
     return {};
   }
   return host::refused("the library cannot load the record; \"log all\" shows why");
 }
 
 host::Result<> has(Shell& shell, const Target& target, const Words& arguments) {
-  AttributeMap values;
-  if (host::Result<> done = readValues(shell, target, arguments, false, values); !done) return done;
-  shell.answer(target.group->detectDuplicateRecord(values) ? "yes\n" : "no\n");
+  auto values = readValues(shell, target, arguments, false);
+  if (!values) return failureOf(values);
+  shell.answer(target.group->detectDuplicateRecord(*values) ? "yes\n" : "no\n");
   return {};
 }
 
@@ -205,9 +207,8 @@ Proposals proposeValues(const Shell& shell, const std::string& group, const std:
 }  // namespace
 
 host::Result<> runRecords(Shell& shell, const Words& arguments) {
-  Target target{arguments[0], nullptr, {}};
-  if (host::Result<> done = findRecords(shell, target.name, target.group); !done) return done;
-  if (host::Result<> done = membersOf(shell, target); !done) return done;
+  auto target = findTarget(shell, arguments[0]);
+  if (!target) return failureOf(target);
   const std::string name = arguments.size() > 1 ? arguments[1] : "list";
   const Action* action = findAction(name);
   if (action == nullptr) {
@@ -221,7 +222,7 @@ host::Result<> runRecords(Shell& shell, const Words& arguments) {
                                                                   : "too many arguments") +
                          "; \"help records\" shows what " + name + " takes");
   }
-  return action->run(shell, target, rest);
+  return action->run(shell, *target, rest);
 }
 
 Proposals proposeRecords(const Shell& shell, const Words& before, const std::string& word) {

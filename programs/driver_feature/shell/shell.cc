@@ -37,17 +37,17 @@ host::Result<> Shell::execute(const std::string& line) {
   Words words;
   if (host::Result<> done = splitWords(line, words); !done) return done;
   if (words.empty()) return {};
-  const ShellCommand* command = nullptr;
-  if (host::Result<> done = findCommand(words.front(), command); !done) return done;
+  auto command = findCommand(words.front());
+  if (!command) return failureOf(command);
   words.erase(words.begin());
-  if (host::Result<> done = checkCount(*command, words.size()); !done) return done;
+  if (host::Result<> done = checkCount(**command, words.size()); !done) return done;
   answer_.clear();
   files_.clear();
   width_ = terminalWidth();
   {
     // Routines of the description may print, which is not part of the answer.
     const host::StandardOutputDiversion diversion;
-    host::Result<> done = command->run(*this, words);
+    host::Result<> done = (*command)->run(*this, words);
     watch_.look();
     if (!done) return done;
   }

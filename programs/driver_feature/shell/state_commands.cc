@@ -11,33 +11,34 @@ namespace driver_feature::cli {
 namespace {
 
 // The named features, or all of them.
-host::Result<> readNames(Shell& shell, const Words& words, AttributeMap& names) {
+host::Result<AttributeMap> readNames(Shell& shell, const Words& words) {
+  AttributeMap names;
   for (const std::string& name : words) {
-    IntermediateCoreFeature* feature = nullptr;
-    if (host::Result<> done = findFeature(shell, name, feature); !done) return done;
+    if (auto feature = findFeature(shell, name); !feature) return failureOf(feature);
     names[name];
   }
-  if (!words.empty()) return {};
+  if (!words.empty()) return names;
   for (const std::string& name : featureNames(shell.model())) names[name];
-  return {};
+  return names;
 }
 
 // What the commands about constraints name.
 struct Constraint {
   std::string feature;
   std::string option;
-  IntermediateCoreFeature* owner = nullptr;
-  IntermediateCoreOption* object = nullptr;
-  long id = 0;
+  IntermediateCoreFeature* owner;
+  IntermediateCoreOption* object;
+  long id;
 };
 
-host::Result<> readConstraint(Shell& shell, const Words& arguments, Constraint& constraint) {
-  constraint.feature = arguments[0];
-  constraint.option = arguments[1];
-  if (host::Result<> done = findFeature(shell, arguments[0], constraint.owner); !done) return done;
-  if (host::Result<> done = findOption(shell, arguments[0], arguments[1], constraint.object); !done)
-    return done;
-  return readNumber(arguments[2], "the number of a constraint", constraint.id);
+host::Result<Constraint> readConstraint(Shell& shell, const Words& arguments) {
+  auto owner = findFeature(shell, arguments[0]);
+  if (!owner) return failureOf(owner);
+  auto option = findOption(shell, arguments[0], arguments[1]);
+  if (!option) return failureOf(option);
+  auto id = readNumber(arguments[2], "the number of a constraint");
+  if (!id) return failureOf(id);
+  return Constraint{arguments[0], arguments[1], *owner, *option, *id};
 }
 
 Shell::OptionFlags flagsOf(IntermediateCoreOption& option) {
@@ -50,16 +51,16 @@ Shell::OptionFlags flagsOf(IntermediateCoreOption& option) {
 }  // namespace
 
 host::Result<> runSave(Shell& shell, const Words& arguments) {
-  AttributeMap names;
-  if (host::Result<> done = readNames(shell, arguments, names); !done) return done;
-  shell.session().save(names);
+  auto names = readNames(shell, arguments);
+  if (!names) return failureOf(names);
+  shell.session().save(*names);
   return {};
 }
 
 host::Result<> runRestore(Shell& shell, const Words& arguments) {
-  AttributeMap names;
-  if (host::Result<> done = readNames(shell, arguments, names); !done) return done;
-  shell.session().restore(names);
+  auto names = readNames(shell, arguments);
+  if (!names) return failureOf(names);
+  shell.session().restore(*names);
   return {};
 }
 
@@ -74,35 +75,35 @@ host::Result<> runConstrain(Shell& shell, const Words& arguments) {
     return host::refused(host::inQuotes(arguments[3]) +
                          " is not expected; write \"hide\" or nothing");
   }
-  Constraint constraint;
-  if (host::Result<> done = readConstraint(shell, arguments, constraint); !done) return done;
-  const Shell::OptionFlags before = flagsOf(*constraint.object);
-  if (!constraint.owner->applyOptionConstraint(constraint.option, constraint.id, hide)) {
+  auto constraint = readConstraint(shell, arguments);
+  if (!constraint) return failureOf(constraint);
+  const Shell::OptionFlags before = flagsOf(*constraint->object);
+  if (!constraint->owner->applyOptionConstraint(constraint->option, constraint->id, hide)) {
     return host::refused("the library refuses to constrain option " +
-                         host::inQuotes(constraint.option) + "; make another option of " +
-                         host::inQuotes(constraint.feature) + " available first");
+                         host::inQuotes(constraint->option) + "; make another option of " +
+                         host::inQuotes(constraint->feature) + " available first");
   }
   // Keeps what an earlier constraint has found.
-  shell.constrainedOptions().insert({{constraint.feature, constraint.option}, before});
+  shell.constrainedOptions().insert({{constraint->feature, constraint->option}, before});
   return {};
 }
 
 host::Result<> runRelease(Shell& shell, const Words& arguments) {
-  Constraint constraint;
-  if (host::Result<> done = readConstraint(shell, arguments, constraint); !done) return done;
-  if (!constraint.object->removeConstraint(constraint.id)) {
+  auto constraint = readConstraint(shell, arguments);
+  if (!constraint) return failureOf(constraint);
+  if (!constraint->object->removeConstraint(constraint->id)) {
     return host::refused("no constraint " + arguments[2] + " holds option " +
-                         host::inQuotes(constraint.option) + "; give the number of one that does");
+                         host::inQuotes(constraint->option) + "; give the number of one that does");
   }
-  if (!constraint.object->isConstraintSetEmpty()) return {};
+  if (!constraint->object->isConstraintSetEmpty()) return {};
   Shell::OptionFlags flags;
-  const auto known = shell.constrainedOptions().find({constraint.feature, constraint.option});
+  const auto known = shell.constrainedOptions().find({constraint->feature, constraint->option});
   if (known != shell.constrainedOptions().end()) {
     flags = known->second;
     shell.constrainedOptions().erase(known);
   }
-  constraint.object->setOptionProperty(std::string("Sensitivity"), flags.available);
-  constraint.object->setOptionProperty(std::string("Visibility"), flags.visible);
+  constraint->object->setOptionProperty(std::string("Sensitivity"), flags.available);
+  constraint->object->setOptionProperty(std::string("Visibility"), flags.visible);
   return {};
 }
 

@@ -25,8 +25,7 @@ host::Result<> setChecked(Shell& shell, const host::Setting& setting) {
 }
 
 host::Result<> getValue(Shell& shell, const std::string& name) {
-  CoreFeature* object = nullptr;
-  if (host::Result<> done = findObject(shell, name, object); !done) return done;
+  if (auto object = findObject(shell, name); !object) return failureOf(object);
   const auto feature = shell.model().features.find(name);
   if (feature == shell.model().features.end()) {
     return host::refused(host::inQuotes(name) +
@@ -56,23 +55,23 @@ void getAll(Shell& shell, CoreFeature& object) {
 
 host::Result<> runSet(Shell& shell, const Words& arguments) {
   if (arguments.size() == 2) return setChecked(shell, {arguments[0], arguments[1]});
-  CoreFeature* object = nullptr;
-  if (host::Result<> done = findObject(shell, arguments[0], object); !done) return done;
+  auto object = findObject(shell, arguments[0]);
+  if (!object) return failureOf(object);
   host::Result<> safe =
       refuseUnsafeProperty(shell.model(), arguments[0], arguments[1], arguments[2]);
   if (!safe) return safe;
-  return host::writeProperty(*object, arguments[1], arguments[2]);
+  return host::writeProperty(**object, arguments[1], arguments[2]);
 }
 
 host::Result<> runGet(Shell& shell, const Words& arguments) {
   if (arguments.size() == 1) return getValue(shell, arguments[0]);
-  CoreFeature* object = nullptr;
-  if (host::Result<> done = findObject(shell, arguments[0], object); !done) return done;
+  auto object = findObject(shell, arguments[0]);
+  if (!object) return failureOf(object);
   if (arguments[1] == kAll) {
-    getAll(shell, *object);
+    getAll(shell, **object);
     return {};
   }
-  auto text = host::readProperty(*object, arguments[1]);
+  auto text = host::readProperty(**object, arguments[1]);
   if (!text) return failureOf(text);
   shell.answer(quoteWord(*text) + "\n");
   return {};
