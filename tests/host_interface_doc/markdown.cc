@@ -41,10 +41,10 @@ std::string readPage(const std::string& name) {
 }
 
 std::vector<std::string> linesOf(const std::string& text) {
-  std::vector<std::string> lines;
+  std::vector<std::string> found;
   std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
+  for (std::string each; std::getline(stream, each);) found.push_back(each);
+  return found;
 }
 
 std::string sectionOf(const std::string& page, const std::string& title) {
