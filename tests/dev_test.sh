@@ -212,8 +212,8 @@ check 'an old package is still there' [ ! -e "$project/build/package/old.deb" ]
 prepareLint() {
   mkdir -p "$project/model" "$project/build/release"
   touch "$project/model/a.cc" "$project/model/a.h" "$project/model/run.sh" "$project/build/made.cc"
-  printf '  "file": "%s",\n' "$project/model/a.cc" "$project/build/made.cc" \
-    >"$project/build/release/compile_commands.json"
+  printf '  "command": "g++ -Winvalid-pch -include /b/cmake_pch.hxx -c",\n  "file": "%s",\n' \
+    "$project/model/a.cc" "$project/build/made.cc" >"$project/build/release/compile_commands.json"
 }
 
 begin Lint_NoHistory_ChecksAllProjectFiles
@@ -222,7 +222,9 @@ dev 0 lint
 expectCount 1 '^clang-format --dry-run -Werror \./model/a\.(cc|h) \./model/a\.(cc|h)$'
 expectLine calls 'shellcheck -x dev .ci/run ./model/run.sh'
 expectCount 1 '^clang-tidy '
-expectLine calls "clang-tidy --quiet -p build/release $project/model/a.cc"
+expectLine calls "clang-tidy --quiet -p build/lint $project/model/a.cc"
+check "clang gets GCC's header" \
+  grep -qxF '  "command": "g++ -Winvalid-pch -c",' "$project/build/lint/compile_commands.json"
 
 for tool in clang-format clang-tidy shellcheck; do
   begin "Lint_FindingsOf_${tool}_Fail"
