@@ -68,8 +68,14 @@ function(debian_package component name section multi_arch dependency summary)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} COMPONENT ${component})
 endfunction()
 
+# Libraries that are loaded when they are needed are in no list of what a file is
+# linked with.
 set(same_library "libdriverfeature1 (= ${PROJECT_VERSION})")
-debian_package(library libdriverfeature1 libs same "${DRIVER_FEATURE_FOREIGN_DEPENDS}"
+set(library_depends libxml2)
+if(foreign)
+  set(library_depends "${DRIVER_FEATURE_FOREIGN_DEPENDS}")
+endif()
+debian_package(library libdriverfeature1 libs same "${library_depends}"
   "feature model and command generator for printer drivers"
   "A plug-in that holds the print settings of a printer driver and turns them"
   "into PostScript, PJL and job tickets. The settings come from an XML"
@@ -84,9 +90,9 @@ debian_package(development libdriverfeature-dev libdevel same "${same_library}"
   "by which CMake and pkg-config find it, and a small host as an example.")
 # Not "foreign": the program loads host routines, and a package that brings some
 # must ask for the program of its own architecture. A package that brings
-# descriptions only may ask for driver-feature:any. libcups is loaded when it is
-# needed, so that no program names it.
-debian_package(tools driver-feature utils allowed "${same_library}, libcups2"
+# descriptions only may ask for driver-feature:any.
+debian_package(tools driver-feature utils allowed
+  "${same_library}, libcups2, libedit2, libxml2"
   "show, check and emit the settings of a printer driver"
   "A program that loads the plug-in libDriverFeature as a driver's host does:"
   "it reads a feature description, shows and changes settings, and writes"

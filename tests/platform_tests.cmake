@@ -8,6 +8,7 @@ add_library(platform_test_library MODULE ${PROJECT_SOURCE_DIR}/platform/test_lib
 target_link_libraries(platform_test_library PRIVATE driver_feature_compile_options)
 add_dependencies(platform_tests platform_test_library)
 target_compile_definitions(platform_tests PRIVATE
+  LIBXML2_FILE_NAME="${LIBXML2_FILE_NAME}"
   PLATFORM_TEST_LIBRARY="$<TARGET_FILE:platform_test_library>"
   PLATFORM_COMMON_API="$<TARGET_FILE:common_api>"
   PLATFORM_XML_PARSER="$<TARGET_FILE:xml_parser>"

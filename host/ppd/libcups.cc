@@ -9,30 +9,17 @@
 #include <cups/cups.h>
 #include <cups/file.h>
 #include <cups/ppd.h>
-#include <dlfcn.h>
 
-#include <stdexcept>
-#include <string>
+#include "host/base/late_library.h"
 
 namespace {
 
 // Of the library's interface that its headers describe.
-constexpr const char* kLibrary = "libcups.so.2";
+constexpr driver_feature::host::LateLibrary kLibrary("libcups.so.2", "libcups2");
 
-[[noreturn]] void refuse() {
-  const char* reason = ::dlerror();
-  throw std::runtime_error(
-      "libcups cannot be loaded: " + std::string(reason != nullptr ? reason : "unknown error") +
-      "; install the package libcups2");
-}
-
-// Throws std::runtime_error when the library is not there or is another one.
 template <class Function>
 Function* loaded(const char* name) {
-  static void* const library = ::dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
-  void* function = library != nullptr ? ::dlsym(library, name) : nullptr;
-  if (function == nullptr) refuse();
-  return reinterpret_cast<Function*>(function);
+  return kLibrary.function<Function>(name);
 }
 
 }  // namespace

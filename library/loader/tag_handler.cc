@@ -18,7 +18,7 @@
 
 #include "Symbols.h"
 
-// Of libxml2; the host's ticket library brings it along.
+// libxml2's name. The host's ticket library brings it along.
 extern "C" int isolat1ToUTF8(unsigned char* out, int* outlen, const unsigned char* in, int* inlen);
 
 namespace driver_feature {

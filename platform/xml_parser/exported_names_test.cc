@@ -23,7 +23,7 @@ TEST(XmlParserExportsTest, Operations_AreDynamicSymbolsOfTheLibrary) {
               IsEmpty());
 }
 
-// isolat1ToUTF8 is libxml2's and is found through the library's needs.
+// The name is libxml2's; libCommonAPI has the function.
 TEST(XmlParserExportsTest, Isolat1ToUtf8_IsFoundThroughTheLibrary) {
   void* library = dlopen(PLATFORM_XML_PARSER, RTLD_NOW | RTLD_NOLOAD);
   ASSERT_NE(library, nullptr);

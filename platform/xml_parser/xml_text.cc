@@ -1,11 +1,7 @@
 #include "xml_text.h"
 
-#include <libxml/entities.h>
-#include <libxml/tree.h>
-
 #include <algorithm>
-#include <memory>
-#include <new>
+#include <string_view>
 
 namespace driver_feature {
 
@@ -100,20 +96,35 @@ bool isPlain(const std::string& text) {
   });
 }
 
-// libxml2 escapes these as in text between elements, where a reader leaves tabs
-// and line ends alone.
+// What a reader would take for markup, and the blanks that it would replace.
+std::string_view referenceTo(char c) {
+  switch (c) {
+    case '<':
+      return "&lt;";
+    case '>':
+      return "&gt;";
+    case '&':
+      return "&amp;";
+    case '"':
+      return "&quot;";
+    case '\t':
+      return "&#9;";
+    case '\n':
+      return "&#10;";
+    case '\r':
+      return "&#13;";
+    default:
+      return {};
+  }
+}
+
 void appendEscaped(const std::string& utf8, std::string& output) {
-  const auto* bytes = reinterpret_cast<const xmlChar*>(utf8.c_str());
-  const std::unique_ptr<xmlChar, void (*)(void*)> escaped(xmlEncodeSpecialChars(nullptr, bytes),
-                                                          xmlFree);
-  if (!escaped) throw std::bad_alloc();
-  for (const xmlChar* at = escaped.get(); *at != '\0'; ++at) {
-    if (*at == '\t') {
-      output += "&#9;";
-    } else if (*at == '\n') {
-      output += "&#10;";
+  for (const char c : utf8) {
+    const std::string_view reference = referenceTo(c);
+    if (reference.empty()) {
+      output += c;
     } else {
-      output += static_cast<char>(*at);
+      output += reference;
     }
   }
 }

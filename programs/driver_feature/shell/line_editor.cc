@@ -10,6 +10,7 @@
 #include <new>
 
 #include "programs/driver_feature/shell/history.h"
+#include "programs/driver_feature/shell/libedit.h"
 #include "programs/driver_feature/shell/tab_key.h"
 #include "programs/driver_feature/shell/wide_text.h"
 
@@ -31,7 +32,7 @@ void ignoreInterrupt(int /*signal*/) {}
 
 LineEditor* ownerOf(EditLine* editor) {
   void* owner = nullptr;
-  el_wget(editor, EL_CLIENTDATA, &owner);
+  libedit().get(editor, EL_CLIENTDATA, &owner);
   return static_cast<LineEditor*>(owner);
 }
 
@@ -56,7 +57,7 @@ const char* keysOf(int signal) {
 }
 
 std::string lineToCursor(EditLine* editor) {
-  const LineInfoW* line = el_wline(editor);
+  const LineInfoW* line = libedit().line(editor);
   return toBytes({line->buffer, static_cast<std::size_t>(line->cursor - line->buffer)});
 }
 
@@ -69,23 +70,23 @@ LineEditor::LineEditor(const Shell& shell) : shell_(shell), historyFile_(history
   ::sigaction(SIGINT, &action, nullptr);
   // The encoding of the terminal.
   std::setlocale(LC_CTYPE, "");
-  editor_ = el_init("driver-feature", stdin, stderr, stderr);
+  editor_ = libedit().init("driver-feature", stdin, stderr, stderr);
   if (editor_ == nullptr) throw std::bad_alloc();
-  history_ = history_winit();
+  history_ = libedit().beginHistory();
   HistEventW event;
-  history_w(history_, &event, H_SETSIZE, kLongestHistory);
-  el_wset(editor_, EL_CLIENTDATA, this);
-  el_wset(editor_, EL_PROMPT, &prompt);
-  el_wset(editor_, EL_GETCFN, &LineEditor::onRead);
-  el_wset(editor_, EL_HIST, history_w, history_);
+  libedit().history(history_, &event, H_SETSIZE, kLongestHistory);
+  libedit().set(editor_, EL_CLIENTDATA, this);
+  libedit().set(editor_, EL_PROMPT, &prompt);
+  libedit().set(editor_, EL_GETCFN, &LineEditor::onRead);
+  libedit().set(editor_, EL_HIST, libedit().history, history_);
   bindKeys();
   if (historyFile_.empty()) return;
   for (const std::string& line : readHistory(historyFile_, kLongestHistory)) remember(line);
 }
 
 LineEditor::~LineEditor() {
-  el_end(editor_);
-  history_wend(history_);
+  libedit().end(editor_);
+  libedit().endHistory(history_);
   if (historyFile_.empty() || !makeHistoryFile(historyFile_)) return;
   // Another shell may have added lines of its own meanwhile.
   appendHistory(historyFile_, added_, kLongestHistory);
@@ -94,18 +95,18 @@ LineEditor::~LineEditor() {
 // Keys as most shells have them. A user's own settings come later, except for the
 // two keys that this program cannot do without.
 void LineEditor::bindKeys() {
-  el_wset(editor_, EL_EDITOR, L"emacs");
+  libedit().set(editor_, EL_EDITOR, L"emacs");
   const auto bind = [this](const wchar_t* key, const wchar_t* function) {
-    el_wset(editor_, EL_BIND, key, function, nullptr);
+    libedit().set(editor_, EL_BIND, key, function, nullptr);
   };
   bind(L"^R", L"em-inc-search-prev");
   bind(L"^U", L"vi-kill-line-prev");
   bind(L"^W", L"ed-delete-prev-word");
   bind(L"\\e[1;5D", L"ed-prev-word");
   bind(L"\\e[1;5C", L"em-next-word");
-  el_source(editor_, nullptr);
-  el_wset(editor_, EL_ADDFN, L"propose", L"Complete the word", &LineEditor::onTab);
-  el_wset(editor_, EL_ADDFN, L"end-or-delete", L"Delete, or end", &LineEditor::onEndOfInput);
+  libedit().readSettings(editor_, nullptr);
+  libedit().set(editor_, EL_ADDFN, L"propose", L"Complete the word", &LineEditor::onTab);
+  libedit().set(editor_, EL_ADDFN, L"end-or-delete", L"Delete, or end", &LineEditor::onEndOfInput);
   bind(L"^I", L"propose");
   bind(L"^D", L"end-or-delete");
 }
@@ -118,10 +119,10 @@ bool LineEditor::read(std::string& line) {
     signals_ = std::make_unique<TerminalSignals>();
     // Before the prompt: what is typed as soon as it is there must not be shown
     // by the terminal, too.
-    el_wset(editor_, EL_PREP_TERM, 1);
+    libedit().set(editor_, EL_PREP_TERM, 1);
     int length = 0;
-    text = el_wgets(editor_, &length);
-    el_wset(editor_, EL_PREP_TERM, 0);
+    text = libedit().readLine(editor_, &length);
+    libedit().set(editor_, EL_PREP_TERM, 0);
     signals_.reset();
   } while (dropped_);
   if (text == nullptr) {
@@ -170,21 +171,21 @@ void LineEditor::react(int signal) {
     return;
   }
   if (signal == SIGWINCH) {
-    el_resize(editor_);
+    libedit().resize(editor_);
     std::fputc('\r', stderr);
   } else {
-    el_wset(editor_, EL_PREP_TERM, 0);
+    libedit().set(editor_, EL_PREP_TERM, 0);
     signals_->passOn(signal);
-    el_wset(editor_, EL_PREP_TERM, 1);
+    libedit().set(editor_, EL_PREP_TERM, 1);
   }
-  el_wset(editor_, EL_REFRESH);
+  libedit().set(editor_, EL_REFRESH);
 }
 
 unsigned char LineEditor::onEndOfInput(EditLine* editor, int /*key*/) {
-  const LineInfoW* line = el_wline(editor);
+  const LineInfoW* line = libedit().line(editor);
   if (line->cursor < line->lastchar) {
-    el_cursor(editor, 1);
-    el_deletestr(editor, 1);
+    libedit().moveCursor(editor, 1);
+    libedit().deleteBefore(editor, 1);
     return CC_REFRESH;
   }
   return line->buffer == line->lastchar ? CC_EOF : CC_ERROR;
@@ -219,13 +220,13 @@ bool LineEditor::replaceBeforeCursor(const std::string& before, const std::strin
   const std::wstring text = toWide(after);
   std::size_t same = 0;
   while (same < old.size() && same < text.size() && old[same] == text[same]) ++same;
-  const LineInfoW* line = el_wline(editor_);
+  const LineInfoW* line = libedit().line(editor_);
   if (same == old.size() && line->cursor == line->lastchar) {
-    el_wpush(editor_, text.c_str() + same);
+    libedit().type(editor_, text.c_str() + same);
     return true;
   }
-  el_deletestr(editor_, static_cast<int>(old.size() - same));
-  el_winsertstr(editor_, text.c_str() + same);
+  libedit().deleteBefore(editor_, static_cast<int>(old.size() - same));
+  libedit().insertText(editor_, text.c_str() + same);
   return false;
 }
 
@@ -234,7 +235,7 @@ void LineEditor::show(const std::vector<std::string>& choices) {
   if (choices.size() <= kManyChoices || wantsAll(choices.size())) {
     std::fputs(layOutChoices(choices, terminalColumns()).c_str(), stderr);
   }
-  el_wset(editor_, EL_REFRESH);
+  libedit().set(editor_, EL_REFRESH);
 }
 
 bool LineEditor::wantsAll(std::size_t count) {
@@ -247,7 +248,7 @@ bool LineEditor::wantsAll(std::size_t count) {
 
 void LineEditor::remember(const std::string& line) {
   HistEventW event;
-  history_w(history_, &event, H_ENTER, toWide(line).c_str());
+  libedit().history(history_, &event, H_ENTER, toWide(line).c_str());
   last_ = line;
 }
 
