@@ -1,11 +1,14 @@
 #include "XMLDocument.h"
 
+#include <sys/mman.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -19,6 +22,25 @@ namespace {
 constexpr std::size_t kHighestSize = std::size_t{64} * 1024 * 1024;
 constexpr const char* kTooLarge = "is larger than 64 MiB";
 
+struct Free {
+  void operator()(char* bytes) const { std::free(bytes); }
+};
+using Bytes = std::unique_ptr<char[], Free>;
+
+// For a long text the kernel is asked for large pages: the usual small ones take
+// longer to be mapped and cleared than to be read into.
+Bytes allocate(std::size_t size) {
+  constexpr std::size_t kLargePage = std::size_t{2} * 1024 * 1024;
+  const bool isLong = size >= kLargePage / 2;
+  const std::size_t whole = (size + kLargePage - 1) / kLargePage * kLargePage;
+  Bytes bytes(
+      static_cast<char*>(isLong ? std::aligned_alloc(kLargePage, whole) : std::malloc(size)));
+  if (!bytes) throw std::bad_alloc();
+  // Where there are none, small pages do.
+  if (isLong) madvise(bytes.get(), whole, MADV_HUGEPAGE);
+  return bytes;
+}
+
 // A text of a document, which the pages of a file are read into once. A NUL
 // character follows it.
 class Text {
@@ -31,7 +53,7 @@ class Text {
   }
 
   void grow(std::size_t capacity) {
-    auto bytes = std::make_unique_for_overwrite<char[]>(capacity + 1);
+    Bytes bytes = allocate(capacity + 1);
     if (size_ > 0) std::memcpy(bytes.get(), bytes_.get(), size_);
     bytes_ = std::move(bytes);
     capacity_ = capacity;
@@ -49,7 +71,7 @@ class Text {
   std::string_view view() const { return {bytes_.get(), size_}; }
 
  private:
-  std::unique_ptr<char[]> bytes_;
+  Bytes bytes_;
   std::size_t size_ = 0;
   std::size_t capacity_ = 0;
 };
