@@ -1,12 +1,14 @@
 #include "model/driver_feature.h"
 
 #include <cmath>
+#include <new>
 #include <string_view>
 
 #include "model/driver_feature_properties.h"
 #include "model/messages.h"
 #include "model/own_names.h"
 #include "model/text_conversion.h"
+#include "templates/command_template.h"
 
 #include "Symbols.h"
 
@@ -88,6 +90,7 @@ bool DriverFeature::storeByRule(const Row& row, const Value& value, bool suppres
   if constexpr (std::is_same_v<Value, std::string>) {
     if (row.rule == Rule::kRoutine) return storeChangeRoutine(value);
     if (row.rule == Rule::kValueString) return storeValueString(value, suppressUpdate);
+    if (row.rule == Rule::kTemplate) return storeTemplate(row, value);
   }
   if constexpr (std::is_same_v<Value, int>) {
     if (row.rule == Rule::kFeatureType) return storeFeatureType(value);
@@ -146,6 +149,20 @@ bool DriverFeature::storeChangeRoutine(const std::string& routineName) {
                 "DriverFeature::setFeatureProperty(string):  Failed to load custom feature "
                 "callback:  {}",
                 routineName);
+  }
+  return true;
+}
+
+// When there is no memory, the template of before stays, and nothing that has been
+// read of another one.
+bool DriverFeature::storeTemplate(const Row& row, const std::string& value) {
+  const std::size_t plain = numberOfPlain(row.property);
+  kept_.setText(plain, driver_feature::readPlainTemplate(value));
+  try {
+    driver_feature::storeValue(*this, row, value);
+  } catch (const std::bad_alloc&) {
+    kept_.setText(plain, {});
+    throw;
   }
   return true;
 }

@@ -101,6 +101,11 @@ class DriverFeature : public IntermediateCoreFeature {
     return kept_.text(static_cast<std::size_t>(property));
   }
 
+  // The command template of that property as readPlainTemplate() returns it.
+  std::string_view plainTemplate(driver_feature::Property property) const {
+    return kept_.text(numberOfPlain(property));
+  }
+
   // The "ValueString", if it can be read and no log line is written for it.
   std::optional<std::string> findQuietValueString() const;
 
@@ -134,8 +139,14 @@ class DriverFeature : public IntermediateCoreFeature {
   bool storeValueType(int value);
   bool refuseValue(driver_feature::Property property, int value);
   bool storeChangeRoutine(const std::string& routineName);
+  bool storeTemplate(const Row& row, const std::string& value);
   bool storeValueString(const std::string& text, bool suppressUpdate);
   bool fetchValueString(std::string& text);
+
+  // The number under which the store has what was read of a template.
+  static constexpr std::size_t numberOfPlain(driver_feature::Property property) {
+    return driver_feature::kPropertyCount + static_cast<std::size_t>(property);
+  }
 
   std::string_view ownName() const { return text(driver_feature::Property::kName); }
   bool isMultiSelect() const { return type_ == driver_feature::kMultiSelect; }

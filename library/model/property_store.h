@@ -62,8 +62,10 @@ class PropertyStore {
   // Sizes are in groups of seven bits, the lowest first. All but the last have
   // the eighth bit.
   static std::size_t takeSize(const char*& at) {
-    std::size_t size = 0;
-    for (unsigned shift = 0;; shift += 7) {
+    std::size_t size = static_cast<unsigned char>(*at++);
+    if (size < 0x80U) return size;  // Nearly always.
+    size &= 0x7FU;
+    for (unsigned shift = 7;; shift += 7) {
       const auto group = static_cast<unsigned char>(*at++);
       size |= static_cast<std::size_t>(group & 0x7FU) << shift;
       if (group < 0x80U) return size;

@@ -49,6 +49,7 @@ enum class Rule : unsigned char {
   kValueType,    // Checked.
   kValueString,  // The current value, of any type, as text.
   kHideEmpty,    // Read as absent while it is empty.
+  kTemplate,     // A command template: kept as it is, and read.
 };
 
 // A value that is kept in the object's store.

@@ -100,5 +100,34 @@ TEST_F(OutputAllocationFailureTest, Ticket_AnyAllocationFails_IsPassedOnAndLeave
   EXPECT_GE(failures, 3);
 }
 
+// What was read of the template before must not be written instead of the new one.
+TEST(TemplateAllocationFailureTest, AnyAllocationFails_TheTextIsThatOfTheTemplateThatIsKept) {
+  RecordingHost host;
+  ModelBuilder model;
+  DriverFeature& feature = model.feature("a list", 1, {{kCommand, "the first template: %s;"}});
+  model.option(feature, "A4", {{kCommand, "a4"}});
+  const std::string name = kCommand;
+  const std::string later = "the second template, which is longer: %s;";
+  std::string kept(100, ' ');
+  std::string output(200, ' ');
+  const auto expectKeptIsWritten = [&] {
+    feature.getFeatureProperty(name, kept);
+    masterSet().serialize(output, 1, false, nullptr, nullptr);
+    EXPECT_EQ(output, kept.substr(0, kept.size() - 3) + "a4;");
+  };
+  const long failures = failEachAllocation([&] {
+    try {
+      feature.setFeatureProperty(name, later);
+      EXPECT_FALSE(failingMemory.hasFailed()) << "the failure has been swallowed";
+    } catch (const std::bad_alloc&) {
+      expectKeptIsWritten();
+      EXPECT_EQ(kept, "the first template: %s;");
+    }
+  });
+  expectKeptIsWritten();
+  EXPECT_EQ(kept, later);
+  EXPECT_GE(failures, 2);
+}
+
 }  // namespace
 }  // namespace driver_feature::testing

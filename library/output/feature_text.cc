@@ -77,11 +77,18 @@ bool FeatureText::runRoutine(const std::string& name, std::string& text) const {
 }
 
 bool FeatureText::append(CoreFeature& feature, std::string& output) {
-  const std::string_view command = findCommand(feature);
-  if (command.empty()) return false;
   // Most features are lists of the library's own.
   const DriverFeature* known = asKnown(feature);
   const DriverFeatureOption* option = known != nullptr ? known->ownCurrentOption() : nullptr;
+  if (option != nullptr) {
+    const std::string_view plain = known->plainTemplate(dialect_.commandProperty);
+    if (!plain.empty()) {
+      appendPlainCommand(plain, option->text(dialect_.optionCommandProperty), output);
+      return true;
+    }
+  }
+  const std::string_view command = findCommand(feature);
+  if (command.empty()) return false;
   if (option != nullptr) {
     appendFormatted(command, option->text(dialect_.optionCommandProperty), output);
   } else {

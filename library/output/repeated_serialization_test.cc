@@ -46,6 +46,52 @@ TEST_F(RepeatedSerializationTest, SameText_HoldsTheCurrentValuesOnly) {
   }
 }
 
+TEST_F(RepeatedSerializationTest, TemplateChanges_TheNextTextIsOfTheNewOne) {
+  DriverFeature& feature = model_.feature("a", 1, {{"PSCommand", "first %s;"}});
+  DriverFeatureOption& option = model_.option(feature, "A", {{"PSCommand", "a4"}});
+  struct {
+    const char* commandTemplate;
+    const char* written;
+  } const rows[] = {{"first %s;", "first a4;"},
+                    {"2nd %%%s %%;", "2nd %a4 %;"},
+                    {"no value", "no value"},
+                    {"%4s|", "  a4|"},
+                    {"%d", ""},
+                    {"%s", "a4"},
+                    {"", ""},
+                    {"last %s", "last a4"}};
+  std::string output;
+  for (const auto& row : rows) {
+    feature.setFeatureProperty(std::string("PSCommand"), std::string(row.commandTemplate));
+    write(output);
+    EXPECT_EQ(output, row.written) << row.commandTemplate;
+  }
+  option.setOptionProperty(std::string("PSCommand"), std::string("a3"));
+  write(output);
+  EXPECT_EQ(output, "last a3");
+}
+
+TEST_F(RepeatedSerializationTest, PlainTemplate_RoutineIsNotRun) {
+  DriverFeature& feature =
+      model_.feature("a", 1, {{"PSCommand", "%s;"}, {"AddPSCallbackRoutine", "ThrowInBetween"}});
+  model_.option(feature, "A", {{"PSCommand", "a4"}});
+  std::string output;
+  EXPECT_NO_THROW(write(output));
+  EXPECT_EQ(output, "a4;");
+}
+
+TEST_F(RepeatedSerializationTest, TemplatesOfBothLanguages_DoNotMix) {
+  DriverFeature& feature =
+      model_.feature("a", 1, {{"PSCommand", "ps %s;"}, {"PJLCommand", "pjl %s;"}});
+  model_.option(feature, "A", {{"PSCommand", "a4"}, {"PJLCommand", "A4"}});
+  feature.setFeatureProperty(std::string("PJLCommand"), std::string("other %s;"));
+  std::string output;
+  write(output);
+  EXPECT_EQ(output, "ps a4;");
+  masterSet().serialize(output, 0, false, nullptr, nullptr);
+  EXPECT_EQ(output, "other A4;");
+}
+
 TEST_F(RepeatedSerializationTest, OtherTexts_KeepWhatWasWrittenIntoThem) {
   DriverFeature& feature = model_.feature("a", 2, {{"PSCommand", "a number: %020d;"}});
   std::string first;

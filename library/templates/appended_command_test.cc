@@ -59,5 +59,45 @@ TEST(AppendedCommandTest, NullText_IsEmpty) {
   EXPECT_EQ(text, "a<>");
 }
 
+TEST(PlainTemplateTest, OneText_IsWrittenAsFromTheTemplateItself) {
+  struct {
+    const char* commandTemplate;
+    const char* expected;  // For the value "v".
+  } const rows[] = {
+      {"%s", "v"},
+      {"a %s b", "a v b"},
+      {"%%%s", "%v"},
+      {"%s%%", "v%"},
+      {"a%%b%sc%%%%d", "a%bvc%%d"},
+      {"%%%%%s\n", "%%v\n"},
+      {"%%s%s", "%sv"},
+      {"%ss", "vs"},
+  };
+  for (const auto& row : rows) {
+    const std::string plain = readPlainTemplate(row.commandTemplate);
+    ASSERT_NE(plain, "") << row.commandTemplate;
+    std::string text = "before ";
+    appendPlainCommand(plain, "v", text);
+    EXPECT_EQ(text, std::string("before ") + row.expected);
+  }
+}
+
+TEST(PlainTemplateTest, AnyText_IsNeitherReadNorCut) {
+  const std::string value("%s%%\0%", 6);
+  std::string text;
+  appendPlainCommand(readPlainTemplate(std::string_view("a\0%s", 4)), value, text);
+  EXPECT_EQ(text, std::string("a\0", 2) + value);
+  text = "b";
+  appendPlainCommand(readPlainTemplate("%s"), {}, text);
+  EXPECT_EQ(text, "b");
+}
+
+TEST(PlainTemplateTest, OtherTemplates_AreNot) {
+  for (const char* other :
+       {"", "text", "%%", "%", "%5s", "%-s", "%.1s", "%d", "%f", "%s%s", "%s%", "%ls", "%n"}) {
+    EXPECT_EQ(readPlainTemplate(other), "") << other;
+  }
+}
+
 }  // namespace
 }  // namespace driver_feature

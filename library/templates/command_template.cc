@@ -1,6 +1,7 @@
 #include "templates/command_template.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <type_traits>
 #include <utility>
@@ -62,9 +63,10 @@ char* copyTo(char* to, const char* from, std::size_t size) {
 }
 
 // Writes a text in a template that lays out nothing, which nearly every one does:
-// it has no other conversion than one "%s". The end of what was written; null
-// for another template. There must be room for the template and the text.
-char* writePlain(std::string_view commandTemplate, std::string_view text, char* to) {
+// it has no other conversion than one "%s". The end of what was written, with
+// `place` at the text if there is a conversion; null for another template. There
+// must be room for the template and the text.
+char* writePlain(std::string_view commandTemplate, std::string_view text, char* to, char*& place) {
   bool converted = false;
   const char* at = commandTemplate.data();
   const char* const end = at + commandTemplate.size();
@@ -79,6 +81,7 @@ char* writePlain(std::string_view commandTemplate, std::string_view text, char* 
     if (signs % 2 == 0) continue;
     if (converted || at == end || *at != 's') return nullptr;
     converted = true;
+    place = to;
     to = copyTo(to, text.data(), text.size());
     ++at;
   }
@@ -90,7 +93,8 @@ bool appendPlain(std::string_view commandTemplate, std::string_view text, std::s
   const std::size_t before = output.size();
   output.resize(before + commandTemplate.size() + text.size());
   char* const begin = output.data();
-  const char* const end = writePlain(commandTemplate, text, begin + before);
+  char* place = nullptr;
+  const char* const end = writePlain(commandTemplate, text, begin + before, place);
   output.resize(end != nullptr ? lengthOf(begin, end) : before);
   return end != nullptr;
 }
@@ -138,6 +142,27 @@ bool appendCommand(std::string_view commandTemplate, int value, std::string& out
 
 bool appendCommand(std::string_view commandTemplate, double value, std::string& output) {
   return append(commandTemplate, value, output);
+}
+
+// The place of the value in the literal text, and that text.
+std::string readPlainTemplate(std::string_view commandTemplate) {
+  std::string read(sizeof(std::uint32_t) + commandTemplate.size(), '\0');
+  char* const literal = read.data() + sizeof(std::uint32_t);
+  char* place = nullptr;
+  const char* const end = writePlain(commandTemplate, {}, literal, place);
+  if (end == nullptr || place == nullptr) return {};
+  const auto before = static_cast<std::uint32_t>(place - literal);
+  std::memcpy(read.data(), &before, sizeof before);
+  read.resize(lengthOf(read.data(), end));
+  return read;
+}
+
+void appendPlainCommand(std::string_view plainTemplate, std::string_view value,
+                        std::string& output) {
+  std::uint32_t before = 0;
+  std::memcpy(&before, plainTemplate.data(), sizeof before);
+  plainTemplate.remove_prefix(sizeof before);
+  output.append(plainTemplate.substr(0, before)).append(value).append(plainTemplate.substr(before));
 }
 
 }  // namespace driver_feature

@@ -32,6 +32,13 @@ bool appendCommand(std::string_view commandTemplate, std::string_view value, std
 bool appendCommand(std::string_view commandTemplate, int value, std::string& output);
 bool appendCommand(std::string_view commandTemplate, double value, std::string& output);
 
+// Nearly every template has no other conversion than one "%s". Such a one can be
+// read once, when it is set: the result is for appendPlainCommand(). Empty for
+// other templates.
+std::string readPlainTemplate(std::string_view commandTemplate);
+void appendPlainCommand(std::string_view plainTemplate, std::string_view value,
+                        std::string& output);
+
 }  // namespace driver_feature
 
 #endif  // TEMPLATES_COMMAND_TEMPLATE_H_
