@@ -18,8 +18,10 @@ import tempfile
 
 import callgrind
 import fresh_process
+import job_counts
 
 HIGHEST_GROWTH = 1.05
+WITHOUT_FILE = "./dev corpus --sample 1 fetches the printer's PPD file"
 OPERATIONS = (
     "load/1000",
     "build/1000",
@@ -52,7 +54,8 @@ OPERATIONS = (
 )
 # Processes that load this many lists of this many choices and end.
 FRESH_LOADS = ((300, 40), (1000, 5))
-ROWS = OPERATIONS + tuple(f"fresh load/{lists}x{choices}" for lists, choices in FRESH_LOADS)
+ROWS = (OPERATIONS + tuple(f"fresh load/{lists}x{choices}" for lists, choices in FRESH_LOADS)
+        + job_counts.ROWS)
 NOT_COMPARABLE = 77
 
 
@@ -67,7 +70,7 @@ def count(build):
     with tempfile.TemporaryDirectory() as models:
         subprocess.run([build / "bin" / "write_models", models, "1000"], check=True)
         counts = callgrind.count(build / "bin" / "library_counting", OPERATIONS, models)
-    return counts | fresh_process.count_loads(build, FRESH_LOADS)
+    return counts | fresh_process.count_loads(build, FRESH_LOADS) | job_counts.count(build)
 
 
 def read_baseline(path):
@@ -87,6 +90,9 @@ def read_baseline(path):
 def write_baseline(path, depends, counts):
     lines = ["# Instructions of one run of each operation, kept by check_instructions.py."]
     lines += [f"{key}: {value}" for key, value in depends.items()]
+    missing = [operation for operation in ROWS if operation not in counts]
+    if missing:
+        raise SystemExit(f"not measured: {', '.join(missing)}; {WITHOUT_FILE}")
     lines += [f"{operation}: {counts[operation]:.0f}" for operation in ROWS]
     path.write_text("\n".join(lines) + "\n", encoding="ascii")
 
@@ -98,6 +104,9 @@ def compare(baseline, counts):
         if operation not in baseline:
             good = False
             print(f"{operation:40}is not in the baseline; --update writes a new one")
+            continue
+        if operation not in counts:
+            print(f"{operation:40}is not measured: {WITHOUT_FILE}")
             continue
         ratio = counts[operation] / baseline[operation]
         verdict = "" if ratio <= HIGHEST_GROWTH else "  GROWN by more than 5 %"

@@ -1,17 +1,20 @@
 #!/usr/bin/env python3
 """Measures the library beside its peer, libcups, and prints tables.
 
-usage: compare.py BUILD-FOLDER [--rounds N] [--min-time SECONDS] [--real FOLDER]
+usage: compare.py BUILD-FOLDER [--rounds N] [--min-time SECONDS] [--real FOLDER] [--update]
 
 The models are generated again, the texts of both are compared before anything
 is timed, and all figures of the table come from this one run: rounds of the
 two programs in turn, of which the table shows medians (of processor time, and
 of the rounds' ratios), and one count of instructions each under callgrind. The
-last table has what was reached beside what is wanted; a limit that is missed by
-more than the spread of the rounds makes the run fail.
+first table has what was reached beside what is wanted; a limit that is missed by
+more than the spread of the rounds makes the run fail. --update writes the tables
+into docs/performance.md as well.
 """
 
 import argparse
+import contextlib
+import io
 import json
 import math
 import os
@@ -23,6 +26,7 @@ import subprocess
 import tempfile
 
 import callgrind
+import document
 import fresh_process
 import whole_life
 from limits import Limits
@@ -66,14 +70,14 @@ def require_equal_texts(library, peer, models):
             raise SystemExit(f"the texts of {size} features differ: nothing is measured")
 
 
-def add_real_models(folder, models):
-    """Puts the pairs of NAME.ppd and NAME.xml of a folder among the models.
-    Returns their names."""
-    names = sorted(path.stem for path in folder.glob("*.ppd"))
-    for number, name in enumerate(names):
-        for kind in ("ppd", "xml"):
-            shutil.copy(folder / f"{name}.{kind}", models / f"real_{kind}_{number}")
-    return names
+def add_real_models(program, printers, models):
+    """Puts the PPD files and what is imported of them among the models. Returns
+    their names."""
+    for number, ppd in enumerate(printers):
+        shutil.copy(ppd, models / f"real_ppd_{number}")
+        subprocess.run([program, "import", ppd, "--output", models / f"real_xml_{number}"],
+                       check=True, stderr=subprocess.DEVNULL)
+    return [ppd.stem for ppd in printers]
 
 
 def require_equal_real_texts(library, peer, models, names):
@@ -196,21 +200,24 @@ def print_all(ours, counts):
             f"size to the power {power:.2f}")) + " |")
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("build", type=pathlib.Path)
-    parser.add_argument("--real", type=pathlib.Path, metavar="FOLDER",
-                        help="measure real printers, too: NAME.ppd with its imported NAME.xml")
-    parser.add_argument("--rounds", type=int, default=5)
-    parser.add_argument("--min-time", type=float, default=0.05)
-    options = parser.parse_args()
+def captured(function, *arguments):
+    """What the function prints, and returns."""
+    output = io.StringIO()
+    with contextlib.redirect_stdout(output):
+        result = function(*arguments)
+    return output.getvalue().strip("\n"), result
+
+
+def measure_warm(options, limits):
+    """The tables of operations in processes that have done them before, by title."""
     programs = options.build / "bin"
     library, peer = programs / "library_timing", programs / "peer_timing"
     with tempfile.TemporaryDirectory() as folder:
         models = pathlib.Path(folder)
         run(programs / "write_models", models, str(models))
         require_equal_texts(library, peer, models)
-        names = add_real_models(options.real, models) if options.real else []
+        names = add_real_models(programs / "driver-feature", whole_life.printers_of(options.real),
+                                models)
         require_equal_real_texts(library, peer, models, names)
         ours, theirs = Rounds(), Rounds()
         for _ in range(options.rounds):
@@ -219,23 +226,47 @@ def main():
         our_counts = callgrind.count(programs / "library_counting", list(ours.times[0]), models)
         their_counts = callgrind.count(programs / "peer_counting", list(theirs.times[0]), models)
         memory = run(programs / "memory_report", models, "10000").decode()
-    print_pairs(ours, theirs, our_counts, their_counts)
-    print()
-    print_all(ours, our_counts)
-    if names:
-        print()
-        print_real(ours, theirs, our_counts, their_counts, names)
-    print(f"\nMemory:\n\n{memory}")
-    limits = Limits()
     add_pairs(limits, ours, theirs, our_counts, their_counts)
     limits.add_growth(our_counts)
     limits.add_hand_written(our_counts)
     limits.add_memory(memory)
-    fresh_process.measure(options.build, 4 * options.rounds, limits)
-    print()
-    whole_life.measure(options.build, options.real, 4 * options.rounds, limits)
-    print()
-    if missed := limits.print_table():
+    counts = (ours, theirs, our_counts, their_counts)
+    tables = {"Warm: the library beside its peer": captured(print_pairs, *counts)[0]}
+    if names:
+        tables["Warm: descriptions of real printers"] = captured(print_real, *counts, names)[0]
+    tables["Warm: all operations"] = captured(print_all, ours, our_counts)[0]
+    tables["Memory of a model of 10,000 features"] = f"```\n{memory.strip()}\n```"
+    return tables
+
+
+def measure(options):
+    """All tables by title, and the number of limits that are missed."""
+    limits = Limits()
+    rounds = 4 * options.rounds
+    warm = measure_warm(options, limits)
+    fresh, _ = captured(fresh_process.measure, options.build, rounds, limits)
+    lives, _ = captured(whole_life.measure, options.build, options.real, rounds, limits)
+    reached, missed = captured(limits.print_table)
+    return {"Wanted and reached": reached, "Loads in fresh processes": fresh,
+            "Whole lives of processes": lives, **warm}, missed
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("build", type=pathlib.Path)
+    parser.add_argument("--real", type=pathlib.Path, metavar="FOLDER",
+                        help="PPD files of the real printers to measure")
+    parser.add_argument("--rounds", type=int, default=5)
+    parser.add_argument("--min-time", type=float, default=0.05)
+    parser.add_argument("--update", action="store_true",
+                        help="write the tables into docs/performance.md, too")
+    options = parser.parse_args()
+    tables, missed = measure(options)
+    text = document.text_of(tables, options.build)
+    print(text)
+    if options.update:
+        document.update(document.PERFORMANCE, text)
+    if missed:
         raise SystemExit(f"{missed} limits are missed")
 
 

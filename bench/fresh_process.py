@@ -37,13 +37,16 @@ def time_once(command):
     return 1000 * (usage.ru_utime + usage.ru_stime)
 
 
-def count_once(command, folder):
-    """Instructions from the start of the process to its end."""
+def count_once(command, folder, environment=None, status=0):
+    """Instructions from the start of the process to its end, which is to have that
+    exit status."""
+    command = [str(word) for word in command]
     result = subprocess.run(
         ["valgrind", "--tool=callgrind", f"--callgrind-out-file={folder}/out", *command],
-        env=callgrind.environment_for(command[0]), capture_output=True, text=True)
+        env=callgrind.environment_for(command[0]) | (environment or {}), capture_output=True,
+        text=True)
     found = re.search(r"Collected : (\d+)", result.stderr)
-    if result.returncode != 0 or not found:
+    if result.returncode != status or not found:
         raise SystemExit(f"callgrind failed:\n{result.stderr}")
     return int(found.group(1))
 

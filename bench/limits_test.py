@@ -3,8 +3,12 @@
 
 import contextlib
 import io
+import pathlib
+import tempfile
 import unittest
 
+import document as page
+import whole_life
 from limits import Limits
 
 
@@ -51,6 +55,33 @@ class LimitsTest(unittest.TestCase):
                                  "write PostScript by hand/1000": 100,
                                  "serialize ticket/1000": 499, "write ticket by hand/1000": 100})
         self.assertEqual(table_of(limits)[0], 1)
+
+    def test_whole_lives_are_limited_by_the_lower_end_of_their_ratios(self):
+        limits = Limits()
+        for name, ours in (("kept", [1.0, 1.3, 1.3]), ("missed", [1.3, 1.3, 1.3])):
+            sides = whole_life.Run(["a"]), whole_life.Run(["b"])
+            sides[0].times, sides[1].times = ours, [2.0, 2.0, 2.0]
+            with contextlib.redirect_stdout(io.StringIO()):
+                whole_life.print_pair(name, *sides, 0.6, 0, None, limits)
+        self.assertEqual(table_of(limits), (1, ["| kept: time | 0.65 | 0.6 |  |",
+                                                "| missed: time | 0.65 | 0.6 | missed |"]))
+
+
+class DocumentTest(unittest.TestCase):
+    def test_tables_replace_what_follows_the_mark(self):
+        with tempfile.TemporaryDirectory() as folder:
+            document = pathlib.Path(folder) / "page.md"
+            document.write_text(f"Head.\n\n{page.MARK}\n\nOld.\n")
+            page.update(document, "New.\n")
+            self.assertEqual(document.read_text(), f"Head.\n\n{page.MARK}\n\nNew.\n")
+
+    def test_document_without_the_mark_is_left_alone(self):
+        with tempfile.TemporaryDirectory() as folder:
+            document = pathlib.Path(folder) / "page.md"
+            document.write_text("Head.\n")
+            with self.assertRaises(SystemExit):
+                page.update(document, "New.\n")
+            self.assertEqual(document.read_text(), "Head.\n")
 
 
 if __name__ == "__main__":

@@ -7,7 +7,8 @@ what is wanted and reached.
 usage: whole_life.py BUILD-FOLDER [--real FOLDER] [--rounds N]
 
 FOLDER has PPD files of printers (NAME.ppd), each of which gets two rows: a job of
-one small page and one of 60 MB. The times are processor time of user and system,
+one small page and one of 60 MB. Without it, two printers of ./dev corpus get them,
+if that has fetched their files. The times are processor time of user and system,
 from a process's start to its end. Rounds run both sides in turn; the table shows
 medians and the middle half of the rounds. Each job's output goes to a file.
 """
@@ -22,6 +23,9 @@ import tempfile
 from limits import WANTED_GROWTH, Limits
 
 PSTOPS = pathlib.Path("/usr/lib/cups/filter/pstops")
+CORPUS = pathlib.Path(__file__).resolve().parent.parent / "build" / "corpus" / "ppds"
+PRINTERS = tuple(CORPUS / "openprinting-ppds" / name for name in (
+    "Ricoh/PS/Ricoh-Pro_C7200S_Light_PS.ppd", "Kyocera/en/Kyocera_Mita_KM-4230_en.ppd"))
 JOB = ("1", "jane", "title", "1", "")
 WANTED_JOB = 0.6
 WANTED_START = 2
@@ -109,9 +113,15 @@ def make_queue(program, ppd, folder):
     return queue
 
 
+def printers_of(folder):
+    if folder is not None:
+        return sorted(folder.glob("*.ppd"))
+    return [ppd for ppd in PRINTERS if ppd.exists()]
+
+
 def measure_jobs(programs, real, rounds, folder, limits):
     write_documents(folder)
-    for ppd in sorted(real.glob("*.ppd")):
+    for ppd in printers_of(real):
         queue = make_queue(programs / "driver-feature", ppd, folder)
         for name, document, count in (("a small page", "page.ps", rounds),
                                       ("60 MB", "large.ps", max(rounds // 5, 3))):
@@ -174,7 +184,7 @@ def measure(build, real, rounds, limits):
     print("|" + "---|" * 5)
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
-        if real is not None and PSTOPS.exists():
+        if PSTOPS.exists():
             measure_jobs(programs, real, rounds, folder, limits)
         measure_starts(programs, rounds, folder, limits)
         measure_commands(programs, max(rounds // 5, 3), folder, limits)
