@@ -91,8 +91,8 @@ void assignAll(const NamedRow& row, const Value& value, Object& object) {
 
 // Whether the attribute is present.
 template <class Read, class Store, class Object>
-bool applyAttribute(const NamedRow& row, const AttributeMap& attributes, Object& object) {
-  Read value{};
+bool applyAttribute(const NamedRow& row, const AttributeMap& attributes, Read& value,
+                    Object& object) {
   if (!readAttribute(attributes, row.attribute, value)) return false;
   if constexpr (std::is_same_v<Read, Store>) {
     assignAll(row, value, object);
@@ -102,10 +102,19 @@ bool applyAttribute(const NamedRow& row, const AttributeMap& attributes, Object&
   return true;
 }
 
+template <class Read, class Store, class Object>
+bool applyAttribute(const NamedRow& row, const AttributeMap& attributes, Object& object) {
+  Read value{};
+  return applyAttribute<Read, Store>(row, attributes, value, object);
+}
+
+// Texts are read into `text`.
 template <class Object>
-bool applyRow(const NamedRow& row, const AttributeMap& attributes, Object& object) {
+bool applyRow(const NamedRow& row, const AttributeMap& attributes, std::string& text,
+              Object& object) {
   if (row.kind == AttributeKind::kText) {
-    return applyAttribute<std::string, std::string>(row, attributes, object);
+    text.clear();
+    return applyAttribute<std::string, std::string>(row, attributes, text, object);
   }
   if (row.kind == AttributeKind::kBool) {
     return applyAttribute<bool, bool>(row, attributes, object);
@@ -119,19 +128,19 @@ bool applyRow(const NamedRow& row, const AttributeMap& attributes, Object& objec
 
 // Sets the properties of the attributes that are present, in the order of the
 // rows. `left` counts the attributes that were not found yet: the search stops
-// when it is 0.
+// when it is 0. `text` is room for the texts, which many objects can share.
 template <class Object>
-void applyAttributes(const NamedRows& rows, const AttributeMap& attributes, Object& object,
-                     long& left) {
+void applyAttributes(const NamedRows& rows, const AttributeMap& attributes, std::string& text,
+                     Object& object, long& left) {
   for (const NamedRow& row : rows) {
     if (left == 0) return;
-    if (applyRow(row, attributes, object)) --left;
+    if (applyRow(row, attributes, text, object)) --left;
   }
 }
 
 template <const auto& kTable, class Object>
-void applyAttributes(const AttributeMap& attributes, Object& object, long left) {
-  applyAttributes(namedRows<kTable>(), attributes, object, left);
+void applyAttributes(const AttributeMap& attributes, std::string& text, Object& object, long left) {
+  applyAttributes(namedRows<kTable>(), attributes, text, object, left);
 }
 
 }  // namespace driver_feature

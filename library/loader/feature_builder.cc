@@ -98,9 +98,10 @@ bool addOptions(void* element, DriverFeature& feature, const std::string& featur
   }
   // Every child is an option, whatever its tag.
   ChildElements child(element);
+  std::string text;
   for (int i = 0; i < count; ++i, child.next()) {
     child.read();
-    DriverFeatureOption* option = CreateFeatureOption(child.attributes());
+    DriverFeatureOption* option = CreateFeatureOption(child.attributes(), text);
     if (option == nullptr) {
       logFixed(Level::kError, "CreateFeature() - Could not create MultiSelect feature option");
       return false;
@@ -153,14 +154,14 @@ bool setDefaultOption(const AttributeMap& attributes, DriverFeature& feature,
 
 }  // namespace
 
-DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes) {
-  std::string name;
-  if (!readAttribute(attributes, "Name", name)) {
+DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes, std::string& text) {
+  text.clear();
+  if (!readAttribute(attributes, "Name", text)) {
     logFixed(Level::kError, "CreateFeatureOption() - No name defined for option");
     return nullptr;
   }
-  auto* option = new DriverFeatureOption(name);
-  applyAttributes<kOptionAttributes>(attributes, *option, attributes.size() - 1);
+  auto* option = new DriverFeatureOption(text);
+  applyAttributes<kOptionAttributes>(attributes, text, *option, attributes.size() - 1);
   return option;
 }
 
@@ -188,9 +189,10 @@ DriverFeature* CreateFeature(void* element, const AttributeMap& attributes) {
   }
   assign(*feature, "FeatureType", *type);
   long left = attributes.size() - 2;
-  applyAttributes(namedRows<kFeatureAttributes>(), attributes, *feature, left);
+  std::string text;
+  applyAttributes(namedRows<kFeatureAttributes>(), attributes, text, *feature, left);
   if (const auto typeAttributes = kTypes[static_cast<std::size_t>(*type)].attributes) {
-    applyAttributes(typeAttributes(), attributes, *feature, left);
+    applyAttributes(typeAttributes(), attributes, text, *feature, left);
   }
   if (*type == kMultiSelect) {
     if (!addOptions(element, *feature, name)) return nullptr;

@@ -2,6 +2,8 @@
 #ifndef LOADER_FEATURE_BUILDER_H_
 #define LOADER_FEATURE_BUILDER_H_
 
+#include <string>
+
 class AttributeMap;
 class DriverFeature;
 class DriverFeatureOption;
@@ -9,8 +11,9 @@ class DriverFeatureOption;
 namespace driver_feature {
 
 // A new option from the attributes of its element; null, after a level 1
-// line, when it has no name.
-DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes);
+// line, when it has no name. `text` is room for what is read, which the options
+// of a list share.
+DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes, std::string& text);
 
 // A new feature from a "Feature" element and its attributes, filed in the
 // master set under its name. Null, after a level 1 line, when the feature

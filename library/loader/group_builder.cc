@@ -126,7 +126,8 @@ DriverFeatureStaticGroup* CreateStaticFeatureGroup(void* element, const Attribut
     logFixed(Level::kError, "CreateStaticFeatureGroup() - Cannot create feature group object");
     return nullptr;
   }
-  applyAttributes<kStaticGroupAttributes>(attributes, *group, attributes.size() - 1);
+  std::string text;
+  applyAttributes<kStaticGroupAttributes>(attributes, text, *group, attributes.size() - 1);
   const int count = pParserInstance->childCount(element);
   if (count == 0) {
     logFixed(Level::kError, "CreateStaticFeatureGroup() - No features for feature group");
@@ -158,7 +159,8 @@ DriverFeatureDynamicGroup* CreateDynamicFeatureGroup(void* element,
     logFixed(Level::kError, "CreateDynamicFeatureGroup() - Cannot create feature group object");
     return nullptr;
   }
-  applyAttributes<kDynamicGroupAttributes>(attributes, *group, attributes.size() - 1);
+  std::string text;
+  applyAttributes<kDynamicGroupAttributes>(attributes, text, *group, attributes.size() - 1);
   if (pParserInstance->childCount(element) != 1) {
     logFixed(Level::kError,
              "CreateDynamicFeatureGroup() - Wrong number of subnodes for dynamic group");

@@ -23,7 +23,8 @@ class OptionsTest : public LoaderTest {
  protected:
   static DriverFeatureOption& option(AttributeMap attributes) {
     attributes["Name"] = "o";
-    DriverFeatureOption* built = CreateFeatureOption(attributes);
+    std::string text;
+    DriverFeatureOption* built = CreateFeatureOption(attributes, text);
     EXPECT_NE(built, nullptr);
     return *built;
   }
@@ -61,7 +62,8 @@ TEST_F(OptionsTest, Option_NoName_FailsBeforeAnythingElseIsRead) {
   AttributeMap attributes;
   attributes["Sensitivity"] = "does not convert";
   attributes["name"] = "o";
-  EXPECT_EQ(CreateFeatureOption(attributes), nullptr);
+  std::string text;
+  EXPECT_EQ(CreateFeatureOption(attributes, text), nullptr);
   EXPECT_THAT(takeEvents(),
               ElementsAre(logLine(1, "CreateFeatureOption() - No name defined for option")));
 }
@@ -69,7 +71,8 @@ TEST_F(OptionsTest, Option_NoName_FailsBeforeAnythingElseIsRead) {
 TEST_F(OptionsTest, Option_EmptyName_IsAName) {
   AttributeMap attributes;
   attributes["Name"] = "";
-  DriverFeatureOption* built = CreateFeatureOption(attributes);
+  std::string text;
+  DriverFeatureOption* built = CreateFeatureOption(attributes, text);
   ASSERT_NE(built, nullptr);
   EXPECT_EQ(readText(*built, "Name"), "");
 }

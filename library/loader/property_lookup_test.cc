@@ -122,7 +122,8 @@ TEST_F(PropertyLookupTest, Option_EveryAttribute_IsSetInOrder) {
                     "TESKCommand", "PSCommand", "PJLCommand", "Sensitivity"},
                    "1");
   lookups.noted = true;
-  ASSERT_NE(CreateFeatureOption(attributes), nullptr);
+  std::string text;
+  ASSERT_NE(CreateFeatureOption(attributes, text), nullptr);
   EXPECT_THAT(lookups.names, ElementsAre("Sensitivity", "PJLCommand", "PSCommand", "TESKCommand",
                                          "TESKTicketCommand", "SNMPValue", "CLOKey"));
 }
