@@ -36,6 +36,7 @@ foreach(program host_unit_tests host_shell_tests host_program_tests)
     DriverFeature host_test_no_plugin host_test_other_plugin host_test_routines)
 endforeach()
 target_compile_definitions(host_program_tests PRIVATE
+  EDIT_FILE_NAME="${EDIT_FILE_NAME}" LIBXML2_FILE_NAME="${LIBXML2_FILE_NAME}"
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
   DRIVER_FEATURE_PROGRAM_VERSION="${PROJECT_VERSION}")
 add_dependencies(host_program_tests driver-feature)

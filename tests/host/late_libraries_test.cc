@@ -1,0 +1,68 @@
+// Libraries that the program loads when it needs them: here they are files that
+// are no libraries.
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+#include "host/program_runner.h"
+
+namespace {
+
+class LateLibrariesTest : public ProgramTest {
+ protected:
+  LateLibrariesTest() {
+    std::filesystem::create_directory(libraries());
+    for (const std::string name : {LIBXML2_FILE_NAME, EDIT_FILE_NAME, "libcups.so.2"}) {
+      write("libraries/" + name, "");
+    }
+    describe("plain.xml", {feature("IntEntry", "Copies", "DefaultValue=\"1\"")});
+    write("encoded.xml", "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n" + read("plain.xml"));
+  }
+
+  void SetUp() override {
+    if (sizeof(void*) == 4) GTEST_SKIP() << "the run path of 32-bit test programs comes first";
+  }
+
+  std::filesystem::path libraries() const { return folder() / "libraries"; }
+
+  RunResult runWithout(const std::vector<std::string>& arguments) const {
+    return run(arguments,
+               [this] { ::setenv("LD_LIBRARY_PATH", libraries().c_str(), /*overwrite=*/1); });
+  }
+
+  // What is reported when the file is tried.
+  RunResult missing(const std::string& library, const std::string& file,
+                    const std::string& package) const {
+    return failure(1, "driver-feature: " + library +
+                          " cannot be loaded: " + (libraries() / file).string() +
+                          ": file too short; install the package " + package + "\n");
+  }
+};
+
+TEST_F(LateLibrariesTest, Run_NothingNeedsThem_WorksWithoutThem) {
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--version"},
+                                                    {"show", "plain.xml"},
+                                                    {"emit", "plain.xml", "--to", "ps"}}) {
+    EXPECT_EQ(runWithout(arguments), run(arguments)) << arguments.front();
+    EXPECT_EQ(run(arguments).status, 0) << arguments.front();
+  }
+}
+
+TEST_F(LateLibrariesTest, Show_NotPlainXml_NamesThePackage) {
+  EXPECT_EQ(run({"show", "encoded.xml"}).status, 0);
+  EXPECT_EQ(runWithout({"show", "encoded.xml"}), missing("libxml2", LIBXML2_FILE_NAME, "libxml2"));
+}
+
+TEST_F(LateLibrariesTest, Check_SchemaIsNeeded_NamesThePackage) {
+  EXPECT_EQ(run({"check", "plain.xml"}).status, 0);
+  EXPECT_EQ(runWithout({"check", "plain.xml"}), missing("libxml2", LIBXML2_FILE_NAME, "libxml2"));
+}
+
+TEST_F(LateLibrariesTest, Import_PpdIsRead_NamesThePackage) {
+  write("printer.ppd", "*PPD-Adobe: \"4.3\"\n");
+  EXPECT_EQ(runWithout({"import", "printer.ppd", "--output", "printer.xml"}),
+            missing("libcups.so.2", "libcups.so.2", "libcups2"));
+}
+
+}  // namespace
