@@ -34,6 +34,28 @@ constexpr std::array<CodePointRange, 10> kDoubleWidth = {{
     {0x20000, 0x3FFFD},
 }};
 
+// Control characters, blanks, hyphens and joiners that show nothing, marks of
+// direction, private characters, and those that are not characters.
+constexpr std::array<CodePointRange, 17> kInvisible = {{
+    {0x0080, 0x00A0},
+    {0x00AD, 0x00AD},
+    {0x034F, 0x034F},
+    {0x061C, 0x061C},
+    {0x115F, 0x1160},
+    {0x17B4, 0x17B5},
+    {0x180B, 0x180F},
+    {0x2000, 0x200F},
+    {0x2028, 0x202F},
+    {0x205F, 0x206F},
+    {0x3164, 0x3164},
+    {0xE000, 0xF8FF},
+    {0xFDD0, 0xFDEF},
+    {0xFEFF, 0xFEFF},
+    {0xFFA0, 0xFFA0},
+    {0xFFF0, 0xFFFB},
+    {0xE0000, 0x10FFFF},
+}};
+
 template <std::size_t kCount>
 bool contains(const std::array<CodePointRange, kCount>& ranges, std::uint32_t codePoint) {
   return std::any_of(ranges.begin(), ranges.end(), [codePoint](const CodePointRange& range) {
@@ -78,6 +100,16 @@ std::string_view firstCharacter(std::string_view text) {
   return continued && isValid(bytes) ? bytes : text.substr(0, 1);
 }
 
+// "U+" and at least four digits.
+std::string codePointName(std::uint32_t codePoint) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string name;
+  for (int count = 0; codePoint > 0 || count < 4; ++count, codePoint >>= 4U) {
+    name.insert(name.begin(), kDigits[codePoint & 0xFU]);
+  }
+  return "U+" + name;
+}
+
 }  // namespace
 
 std::vector<std::string_view> splitCharacters(std::string_view text) {
@@ -114,6 +146,15 @@ std::string printable(std::string_view text) {
     } else {
       shown += character;
     }
+  }
+  return shown;
+}
+
+std::string spellOutInvisible(std::string_view text) {
+  std::string shown;
+  for (const std::string_view character : splitCharacters(text)) {
+    const bool isSeen = character.size() == 1 || !contains(kInvisible, decode(character));
+    shown += isSeen ? std::string(character) : codePointName(decode(character));
   }
   return shown;
 }

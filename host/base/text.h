@@ -22,6 +22,11 @@ std::size_t displayWidth(std::string_view text);
 // carriage return come out as \n, \t and \r, other control characters as \xNN.
 std::string printable(std::string_view text);
 
+// The text with U+XXXX in place of each character beyond ASCII that cannot be
+// seen or is not defined by Unicode: blanks other than the ordinary one, marks
+// of direction, private characters. Japanese and Chinese blanks stay.
+std::string spellOutInvisible(std::string_view text);
+
 // The byte as \xNN.
 std::string escapedByte(char byte);
 

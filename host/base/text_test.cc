@@ -47,6 +47,23 @@ TEST(TextTest, Printable_ControlCharacters_AreSpelledOut) {
   EXPECT_EQ(printable("gr\xC3\xBC\xC3\x9F \\n"), "gr\xC3\xBC\xC3\x9F \\n");
 }
 
+TEST(TextTest, SpellOutInvisible_WhatCannotBeSeen_IsNamed) {
+  EXPECT_EQ(spellOutInvisible("a\xEF\x9C\x9B%"), "aU+F71B%");  // Private.
+  EXPECT_EQ(spellOutInvisible("A\xC2\xA0"
+                              "4"),
+            "AU+00A04");  // A blank that does not break.
+  EXPECT_EQ(spellOutInvisible("\xE2\x80\x8B\xE2\x80\xAE"), "U+200BU+202E");
+  EXPECT_EQ(spellOutInvisible("\xF4\x8F\xBF\xBF"), "U+10FFFF");
+  EXPECT_EQ(spellOutInvisible("\xC2\x80\xC2\x9F"), "U+0080U+009F");
+}
+
+TEST(TextTest, SpellOutInvisible_WhatIsSeenOrAscii_StaysAsItIs) {
+  for (const std::string text : {"a b\n\x1B\x7F", "gr\xC3\xBC\xC3\x9F", "\xE7\xB4\x99\xE3\x80\x80",
+                                 "\xF0\x9F\x96\xA8", "\xE9\x80", "\xC2\xA1"}) {
+    EXPECT_EQ(spellOutInvisible(text), text);
+  }
+}
+
 TEST(TextTest, Join_NoneOneAndMore_PutsSeparatorBetween) {
   EXPECT_EQ(join({}, ", "), "");
   EXPECT_EQ(join({"A4"}, ", "), "A4");

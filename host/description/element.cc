@@ -6,7 +6,6 @@
 #include "XMLDocument.h"
 #include "XMLParser.h"
 
-#include "host/description/start_tags.h"
 #include "host/description/xml_element.h"
 
 namespace driver_feature::host {
@@ -70,15 +69,21 @@ class TreeBuilder {
     static const StartTag kUnknown;
     const StartTag& tag = element.number < tags_.size() ? tags_[element.number] : kUnknown;
     element.position = tag.position;
+    element.texts = tag.texts;
     if (element.position.line == 0) element.position = {XMLDocument::lineOf(handle), 1};
     AttributeMap map;
     pParserInstance->attributes(handle, map);
     for (long i = 0; i < map.size(); ++i) {
       Attribute attribute;
       map.fetchAttributeValueByIndex(i, attribute.name, attribute.value);
+      attribute.position = element.position;
       const auto place = tag.attributes.find(attribute.name);
-      attribute.position = place != tag.attributes.end() ? place->second : element.position;
-      element.attributes.push_back(attribute);
+      if (place != tag.attributes.end()) {
+        attribute.position = place->second.name;
+        attribute.valuePosition = place->second.value;
+        attribute.source = place->second.source;
+      }
+      element.attributes.push_back(std::move(attribute));
     }
   }
 

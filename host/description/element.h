@@ -12,6 +12,7 @@
 #include "host/base/position.h"
 #include "host/description/document.h"
 #include "host/description/feature_kind.h"
+#include "host/description/start_tags.h"
 
 namespace driver_feature::host {
 
@@ -29,7 +30,9 @@ enum class Role : unsigned char {
 struct Attribute {
   std::string name;
   std::string value;
-  Position position;
+  Position position;       // Of the name.
+  Position valuePosition;  // Of what is between the quotation marks.
+  std::string source;      // The value as it is written, references unresolved.
 };
 
 struct Element {
@@ -39,6 +42,7 @@ struct Element {
   bool inTemplate = false;          // A dynamic group's template, or inside one.
   Position position;
   std::vector<Attribute> attributes;
+  std::vector<TextPlace> texts;  // Between its tags, outside of its children.
   std::vector<std::unique_ptr<Element>> children;
   const Element* parent = nullptr;
   std::size_t number = 0;  // In the document, from 0, in the order of the start tags.

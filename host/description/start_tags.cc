@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <utility>
 
 namespace driver_feature::host {
 
@@ -32,9 +33,14 @@ class Scanner {
     return take(std::min(rest_.find_first_of(ends), rest_.size()));
   }
 
+  // Up to `end`, or to the end of the text.
+  std::string_view takeUntil(std::string_view end) {
+    return take(std::min(rest_.find(end), rest_.size()));
+  }
+
   void skipPast(std::string_view end) {
-    const std::size_t found = rest_.find(end);
-    take(found == std::string_view::npos ? rest_.size() : found + end.size());
+    takeUntil(end);
+    take(end.size());
   }
 
   void skipBlanks() { take(std::min(rest_.find_first_not_of(" \t\r\n"), rest_.size())); }
@@ -52,9 +58,12 @@ class Scanner {
   Position position_{1, 1};
 };
 
-void skipQuoted(Scanner& scanner) {
+// Past the closing quotation mark. Returns what is between the two.
+std::string_view takeQuoted(Scanner& scanner) {
   const std::string_view quote = scanner.take(1);
-  scanner.skipPast(quote);
+  const std::string_view inside = scanner.takeUntilOneOf(quote);
+  scanner.take(1);
+  return inside;
 }
 
 // A document type may hold comments, quoted texts and, between brackets,
@@ -69,7 +78,7 @@ void skipDocumentType(Scanner& scanner) {
     } else if (scanner.startsWith("<?")) {
       scanner.skipPast("?>");
     } else if (scanner.front() == '"' || scanner.front() == '\'') {
-      skipQuoted(scanner);
+      takeQuoted(scanner);
     } else {
       const char mark = scanner.take(1).front();
       if (mark == '<' || mark == '[') ++depth;
@@ -79,47 +88,86 @@ void skipDocumentType(Scanner& scanner) {
   }
 }
 
-StartTag takeStartTag(Scanner& scanner) {
-  StartTag tag;
-  tag.position = scanner.position();
-  scanner.takeUntilOneOf(" \t\r\n/>");
-  while (!scanner.atEnd()) {
-    scanner.skipBlanks();
-    if (scanner.atEnd() || scanner.front() == '>' || scanner.front() == '/') break;
-    const Position place = scanner.position();
-    const std::string name(scanner.takeUntilOneOf(" \t\r\n="));
-    tag.attributes.emplace(name, place);
-    scanner.takeUntilOneOf("\"'");
-    if (!scanner.atEnd()) skipQuoted(scanner);
+void takeAttribute(Scanner& scanner, StartTag& tag) {
+  AttributePlace place;
+  place.name = scanner.position();
+  const std::string name(scanner.takeUntilOneOf(" \t\r\n="));
+  scanner.takeUntilOneOf("\"'");
+  if (!scanner.atEnd()) {
+    place.value = scanner.position();
+    ++place.value.column;
+    place.source = takeQuoted(scanner);
   }
-  return tag;
+  tag.attributes.emplace(name, place);
 }
 
-struct Markup {
-  std::string_view begin;
-  std::string_view end;
-};
+// Reads a document's tags one after another.
+class TagReader {
+ public:
+  explicit TagReader(std::string_view text) : scanner_(text) {}
 
-// Constructs that may hold a "<" that does not begin a tag, and tags other than
-// start tags.
-constexpr std::array<Markup, 4> kPassedOver = {{
-    {"<!--", "-->"},
-    {"<![CDATA[", "]]>"},
-    {"<?", "?>"},
-    {"</", ">"},
-}};
+  std::vector<StartTag> read() {
+    while (!scanner_.atEnd()) {
+      takeText("<");
+      if (scanner_.atEnd()) break;
+      if (!takeMarkup()) takeStartTag();
+    }
+    return std::move(tags_);
+  }
 
-bool skipMarkup(Scanner& scanner) {
-  for (const Markup& markup : kPassedOver) {
-    if (!scanner.startsWith(markup.begin)) continue;
-    scanner.take(markup.begin.size());
-    scanner.skipPast(markup.end);
+ private:
+  // Notes the text up to `end`, unless it is blanks alone.
+  void takeText(std::string_view end) {
+    scanner_.skipBlanks();
+    const Position position = scanner_.position();
+    std::string_view text = scanner_.takeUntil(end);
+    text = text.substr(0, text.find_last_not_of(" \t\r\n") + 1);  // 0 for blanks alone.
+    if (text.empty() || open_.empty()) return;
+    tags_[open_.back()].texts.push_back({position, std::string(text)});
+  }
+
+  // What may hold a "<" that does not begin a tag, and tags other than start
+  // tags.
+  bool takeMarkup() {
+    if (scanner_.startsWith("</")) {
+      scanner_.skipPast(">");
+      if (!open_.empty()) open_.pop_back();
+    } else if (scanner_.startsWith("<![CDATA[")) {
+      scanner_.skipPast("[CDATA[");
+      takeText("]]>");
+      scanner_.skipPast("]]>");
+    } else if (scanner_.startsWith("<!--")) {
+      scanner_.take(4);
+      scanner_.skipPast("-->");
+    } else if (scanner_.startsWith("<?")) {
+      scanner_.skipPast("?>");
+    } else if (scanner_.startsWith("<!")) {
+      skipDocumentType(scanner_);
+    } else {
+      return false;
+    }
     return true;
   }
-  if (!scanner.startsWith("<!")) return false;
-  skipDocumentType(scanner);
-  return true;
-}
+
+  void takeStartTag() {
+    StartTag tag;
+    tag.position = scanner_.position();
+    scanner_.takeUntilOneOf(" \t\r\n/>");
+    while (!scanner_.atEnd()) {
+      scanner_.skipBlanks();
+      if (scanner_.atEnd() || scanner_.front() == '>' || scanner_.front() == '/') break;
+      takeAttribute(scanner_, tag);
+    }
+    const bool isEmpty = scanner_.startsWith("/");
+    scanner_.skipPast(">");
+    if (!isEmpty) open_.push_back(tags_.size());
+    tags_.push_back(std::move(tag));
+  }
+
+  Scanner scanner_;
+  std::vector<StartTag> tags_;
+  std::vector<std::size_t> open_;  // The tags whose elements have not ended.
+};
 
 std::string convertToUtf8(const std::string& bytes, const char* encoding) {
   iconv_t converter = iconv_open("UTF-8", encoding);
@@ -146,14 +194,7 @@ std::string convertToUtf8(const std::string& bytes, const char* encoding) {
 }  // namespace
 
 std::vector<StartTag> findStartTags(std::string_view utf8) {
-  std::vector<StartTag> tags;
-  Scanner scanner(utf8);
-  while (!scanner.atEnd()) {
-    scanner.takeUntilOneOf("<");
-    if (scanner.atEnd()) break;
-    if (!skipMarkup(scanner)) tags.push_back(takeStartTag(scanner));
-  }
-  return tags;
+  return TagReader(utf8).read();
 }
 
 std::string decodeText(const std::string& bytes, const std::string& encoding) {

@@ -11,9 +11,22 @@
 
 namespace driver_feature::host {
 
+struct AttributePlace {
+  Position name;
+  Position value;      // Of the first character after the quotation mark.
+  std::string source;  // What is written between the quotation marks.
+};
+
+// Text that is more than blanks, without those around it.
+struct TextPlace {
+  Position position;
+  std::string text;  // As it is written, references unresolved.
+};
+
 struct StartTag {
-  Position position;                           // Of the "<".
-  std::map<std::string, Position> attributes;  // Of the names, by name with prefix.
+  Position position;                                 // Of the "<".
+  std::map<std::string, AttributePlace> attributes;  // By name with prefix.
+  std::vector<TextPlace> texts;                      // In the element, outside of those in it.
 };
 
 // The start tags of a well-formed document without entity declarations, in
