@@ -70,6 +70,7 @@ class TreeBuilder {
     const StartTag& tag = element.number < tags_.size() ? tags_[element.number] : kUnknown;
     element.position = tag.position;
     element.texts = tag.texts;
+    element.isInNamespace = tag.isInNamespace;
     if (element.position.line == 0) element.position = {XMLDocument::lineOf(handle), 1};
     AttributeMap map;
     pParserInstance->attributes(handle, map);

@@ -40,6 +40,7 @@ struct Element {
   Role role = Role::kOther;
   std::optional<FeatureKind> kind;  // Of features whose type is known.
   bool inTemplate = false;          // A dynamic group's template, or inside one.
+  bool isInNamespace = false;       // Which the loader does not look at.
   Position position;
   std::vector<Attribute> attributes;
   std::vector<TextPlace> texts;  // Between its tags, outside of its children.

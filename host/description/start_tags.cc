@@ -123,7 +123,7 @@ class TagReader {
     std::string_view text = scanner_.takeUntil(end);
     text = text.substr(0, text.find_last_not_of(" \t\r\n") + 1);  // 0 for blanks alone.
     if (text.empty() || open_.empty()) return;
-    tags_[open_.back()].texts.push_back({position, std::string(text)});
+    tags_[open_.back().tag].texts.push_back({position, std::string(text)});
   }
 
   // What may hold a "<" that does not begin a tag, and tags other than start
@@ -152,21 +152,37 @@ class TagReader {
   void takeStartTag() {
     StartTag tag;
     tag.position = scanner_.position();
-    scanner_.takeUntilOneOf(" \t\r\n/>");
+    scanner_.take(1);
+    tag.name = scanner_.takeUntilOneOf(" \t\r\n/>");
     while (!scanner_.atEnd()) {
       scanner_.skipBlanks();
       if (scanner_.atEnd() || scanner_.front() == '>' || scanner_.front() == '/') break;
       takeAttribute(scanner_, tag);
     }
+    const bool hasDefault = hasDefaultNamespace(tag);
+    tag.isInNamespace = hasDefault || tag.name.find(':') != std::string::npos;
     const bool isEmpty = scanner_.startsWith("/");
     scanner_.skipPast(">");
-    if (!isEmpty) open_.push_back(tags_.size());
+    if (!isEmpty) open_.push_back({tags_.size(), hasDefault});
     tags_.push_back(std::move(tag));
   }
 
+  // Of the element, and of those without a prefix in it.
+  bool hasDefaultNamespace(const StartTag& tag) const {
+    const auto declared = tag.attributes.find("xmlns");
+    if (declared != tag.attributes.end()) return !declared->second.source.empty();
+    return !open_.empty() && open_.back().hasDefaultNamespace;
+  }
+
+  // An element whose end tag has not been read.
+  struct OpenElement {
+    std::size_t tag = 0;
+    bool hasDefaultNamespace = false;
+  };
+
   Scanner scanner_;
   std::vector<StartTag> tags_;
-  std::vector<std::size_t> open_;  // The tags whose elements have not ended.
+  std::vector<OpenElement> open_;
 };
 
 std::string convertToUtf8(const std::string& bytes, const char* encoding) {

@@ -25,6 +25,8 @@ struct TextPlace {
 
 struct StartTag {
   Position position;                                 // Of the "<".
+  std::string name;                                  // With prefix.
+  bool isInNamespace = false;                        // By its prefix, or by a default namespace.
   std::map<std::string, AttributePlace> attributes;  // By name with prefix.
   std::vector<TextPlace> texts;                      // In the element, outside of those in it.
 };

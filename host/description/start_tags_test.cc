@@ -37,6 +37,16 @@ TEST(StartTags, FindStartTags_Texts_BelongToTheInnermostElementThatIsOpen) {
             (std::vector<std::string>{"2:2 one", "3:6 two", "4:19 five", "4:3 three &lt; 4"}));
 }
 
+TEST(StartTags, FindStartTags_Namespaces_AreThoseOfPrefixesAndDefaults) {
+  std::string found;
+  for (const StartTag& tag :
+       findStartTags("<A><B xmlns='u'><C/><D xmlns=''><E/></D><p:F xmlns:p='p'><G/>"
+                     "<p:H xmlns=''><I/></p:H></p:F></B><J/></A>")) {
+    found += tag.name + (tag.isInNamespace ? "+" : "-");
+  }
+  EXPECT_EQ(found, "A-B+C+D-E-p:F+G+p:H+I-J-");
+}
+
 TEST(StartTags, FindStartTags_CommentsAndBlanks_AreNotTexts) {
   EXPECT_EQ(textsOf("<A> <!-- a <B> --> <?p <C> ?>\n<![CDATA[ \n ]]></A>"),
             std::vector<std::string>{});

@@ -45,8 +45,8 @@ bool isByteEscape(std::string_view character) {
 
 Piece takePiece(std::string_view& source, bool escapes) {
   Piece piece;
-  const std::size_t end = source.find(';');
-  if (source.starts_with('&') && end != std::string_view::npos) {
+  const std::size_t end = source.starts_with('&') ? source.find(';') : std::string_view::npos;
+  if (end != std::string_view::npos) {
     piece = {source.substr(0, end + 1), sizeOfReference(source.substr(1, end - 1), escapes)};
   } else if (source.starts_with("\r\n")) {
     piece = {source.substr(0, 2), 1};  // One blank.
