@@ -11,7 +11,7 @@ namespace driver_feature::check {
 namespace {
 
 bool isRead(const host::Element& element) {
-  return element.role != host::Role::kOther && element.role != host::Role::kDescription;
+  return element.role != host::Role::kOther;
 }
 
 // A prefix marks an attribute of another program.
@@ -39,8 +39,20 @@ std::vector<std::string> linesAbout(const host::Element& element,
       "where the feature is not a text valued feature."};
 }
 
+// It has an effect on the element, but only with some parsers.
+void reportInnerEscapes(const host::Element& element, const host::Attribute& attribute,
+                        Findings& findings) {
+  findings.push_back(
+      {Code::kMisplacedAttribute,
+       attribute.position,
+       "attribute \"ByteEscapes\" of " + placeOf(element) + " is not read by every host",
+       "move it to <FeatureDescription>",
+       {}});
+}
+
 void reportUnread(const host::Element& element, const host::Attribute& attribute,
                   Findings& findings) {
+  if (attribute.name == "ByteEscapes") return reportInnerEscapes(element, attribute, findings);
   const std::string owners = ownersOf(attribute.name);
   if (!owners.empty()) {
     findings.push_back({Code::kMisplacedAttribute, attribute.position,
@@ -62,6 +74,8 @@ const char* wantedForm(ValueForm form) {
       return "give true, false, 1 or 0";
     case ValueForm::kInt:
       return "give a whole number from -2147483648 to 2147483647, without blanks";
+    case ValueForm::kYesNo:
+      return "give yes or no";
     default:
       return "give a decimal number with a point, without blanks";
   }
@@ -75,6 +89,8 @@ bool converts(const host::Element& element, const AttributeRule& rule, std::stri
       return intOf(element, rule.name, &log).has_value();
     case ValueForm::kFloat:
       return doubleOf(element, rule.name, &log).has_value();
+    case ValueForm::kYesNo:
+      return element.text(rule.name) == "yes" || element.text(rule.name) == "no";
     default:
       return true;
   }
@@ -102,12 +118,11 @@ void checkValues(const host::Element& description, Findings& findings) {
       const bool unclear = element.role == host::Role::kFeature && !element.kind;
       if (rule == nullptr || converts(element, *rule, log)) continue;
       if (unclear && rule->form != ValueForm::kBool) continue;
-      findings.push_back({Code::kNotConvertible,
-                          attribute.position,
+      findings.push_back({Code::kNotConvertible, attribute.position,
                           "\"" + attribute.value + "\" is not a value for \"" + attribute.name +
                               "\" of " + describeElement(element),
                           wantedForm(rule->form),
-                          {log}});
+                          log.empty() ? std::vector<std::string>() : std::vector{log}});
     }
   });
 }

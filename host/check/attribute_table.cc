@@ -21,6 +21,8 @@ constexpr unsigned kFloat = bit(host::FeatureKind::kFloatEntry);
 using Form = ValueForm;
 
 constexpr AttributeRule kRules[] = {
+    {"ByteEscapes", host::Role::kDescription, Form::kYesNo},
+
     {"DefaultCallbackHandler", host::Role::kBaseInfo},
     {"LoadVORNCallbackHandler", host::Role::kBaseInfo},
 
@@ -89,6 +91,8 @@ bool isFor(const AttributeRule& rule, const host::Element& element) {
 
 std::vector<std::string> ownerWords(const AttributeRule& rule) {
   switch (rule.role) {
+    case host::Role::kDescription:
+      return {"FeatureDescription"};
     case host::Role::kBaseInfo:
       return {"BaseFeatureInfo"};
     case host::Role::kOption:

@@ -10,7 +10,7 @@
 
 namespace driver_feature::check {
 
-enum class ValueForm : unsigned char { kText, kBool, kInt, kFloat };
+enum class ValueForm : unsigned char { kText, kBool, kInt, kFloat, kYesNo };
 
 // One attribute of one kind of element. An attribute whose form depends on
 // the type of feature has one row for each form.

@@ -1,7 +1,6 @@
 #include "host/check/check.h"
 
 #include "host/check/rules.h"
-#include "host/check/schema.h"
 #include "host/check/trial_load.h"
 #include "host/check/verdict.h"
 #include "host/description/document.h"
@@ -45,7 +44,6 @@ host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& 
   if (!load) return failureOf(load);
   report.load = std::move(*load);
   compareVerdicts(*report.load, description.position, report.findings);
-  checkSchema(document->text(), description, report.findings);
   sortByPosition(report.findings);
   return report;
 }

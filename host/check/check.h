@@ -1,4 +1,4 @@
-// Checks one description by all rules, the schema and the library.
+// Checks one description by all rules and the library.
 #ifndef HOST_CHECK_CHECK_H_
 #define HOST_CHECK_CHECK_H_
 

@@ -48,9 +48,11 @@ constexpr CodeRow kCodes[] = {
      "Only the first FeatureDescription of a document is read."},
     {Code::kStrayText, kError, "DF111",
      "There is text between elements. The library reads elements and attributes only."},
-    {Code::kSchema, kError, "DF199",
-     "The schema of feature descriptions does not allow this, and no other rule has reported the "
-     "place."},
+    {Code::kNamespace, kWarning, "DF112",
+     "An element of the description is in a namespace. The library looks at names without their "
+     "prefixes only; editors with the schema, and hosts with parsers of their own, may not find "
+     "the element."},
+    // DF199 reported what only the schema objected to.
 
     // Attributes.
     {Code::kMissingAttribute, kError, "DF201",
@@ -67,14 +69,16 @@ constexpr CodeRow kCodes[] = {
     // Values.
     {Code::kNotConvertible, kError, "DF301",
      "The text is not a value of the attribute's type: true, false, 1 or 0; a decimal 32-bit "
-     "number; a decimal number with a point. The library leaves the setting as it is without the "
+     "number; a decimal number with a point; yes or no. The library leaves the setting as it is "
+     "without the "
      "attribute."},
     {Code::kUnknownDefault, kError, "DF302",
      "DefaultValue does not name an option of the feature. The library takes the first option."},
     {Code::kNoDefault, kWarning, "DF303",
      "A MultiSelect feature has no DefaultValue. The library takes the first option."},
     {Code::kDefaultOutOfRange, kError, "DF304",
-     "DefaultValue is below the minimum or above the maximum. The library does not check this."},
+     "DefaultValue, or 0 without one, is below the minimum or above the maximum. The library does "
+     "not check this."},
     {Code::kDefaultTooLong, kError, "DF305",
      "DefaultValue has more characters than MaxTextLength allows. The library does not check "
      "this."},
@@ -93,6 +97,15 @@ constexpr CodeRow kCodes[] = {
      "PostScript string or token that the value is written into."},
     {Code::kFloatTooLarge, kError, "DF311",
      "The number is beyond the range of single-precision numbers, in which the library keeps it."},
+    {Code::kUnavailableDefault, kWarning, "DF312",
+     "The default is an option with Sensitivity=\"false\", which users cannot choose. It is "
+     "written until they choose another."},
+    {Code::kCharacterRange, kWarning, "DF313",
+     "TextValidationCharSet lists the allowed characters one after the other. It has no ranges: "
+     "0-9 allows the characters 0, - and 9."},
+    {Code::kDoubledReference, kWarning, "DF314",
+     "The value holds a character reference as text, because its & is written as a reference: "
+     "&amp;lt; means the four characters &lt; and not <."},
 
     // Names.
     {Code::kRepeatedFeature, kError, "DF401",
@@ -105,6 +118,14 @@ constexpr CodeRow kCodes[] = {
     {Code::kEmptyName, kError, "DF404",
      "The name is empty. The library does not list such a feature, and such a group or option "
      "cannot be found by its name."},
+    {Code::kBlankAroundName, kWarning, "DF405",
+     "The name begins or ends with a blank, which belongs to it: A4 with a blank is not A4. Lists "
+     "and settings files hide the difference."},
+    {Code::kEqualsInName, kWarning, "DF406",
+     "The feature's name or key holds an equals sign, at which the arguments and files of settings "
+     "are split into name and value. They cannot set the feature."},
+    {Code::kRepeatedKey, kWarning, "DF407",
+     "Two features, or two options of a feature, have the same CLOKey. It finds only one of them."},
 
     // Commands.
     {Code::kBadTemplate, kError, "DF501",
@@ -131,6 +152,39 @@ constexpr CodeRow kCodes[] = {
     {Code::kCommandWithoutValue, kError, "DF508",
      "A feature without a value (UIOnly, MVCList) has a command. The library cannot format it and "
      "writes nothing."},
+    {Code::kUnreadByteEscape, kError, "DF509",
+     "A command holds a character from U+F701 to U+F7FF, which means a byte with "
+     "ByteEscapes=\"yes\" only. Without it, the three bytes of the character are written."},
+    {Code::kUnbalanced, kWarning, "DF510",
+     "In the whole PostScript output, a bracket or string is opened and not closed, closed and not "
+     "opened, or closed by the bracket of another kind; lists and dictionaries that a procedure "
+     "opens must end in it. The job ends with an error, or its pages become part of a string."},
+    {Code::kOpenComment, kWarning, "DF511",
+     "A PostScript command ends within a comment, which goes on to the next line end and swallows "
+     "what is written after it. The library adds no line ends."},
+    {Code::kJoinedTokens, kWarning, "DF512",
+     "One PostScript command ends with a name or number and the next begins with one. They are "
+     "read as a single one, because the library writes nothing between them."},
+    {Code::kOpenPjlString, kError, "DF513",
+     "A PJL line has a quotation mark without its partner. Printers refuse or skip the line."},
+    {Code::kNoPjlPrefix, kWarning, "DF514",
+     "A line of PJL does not begin with @PJL, in capitals. Printers skip it, or take it for the "
+     "first line of the document."},
+    {Code::kAfterEnterLanguage, kError, "DF515",
+     "A PJL line is written after ENTER LANGUAGE, which ends PJL. The printer takes the line for a "
+     "part of the document."},
+    {Code::kLateUniversalExit, kWarning, "DF516",
+     "The universal exit is written after lines of PJL. It ends the job, and with it the settings "
+     "of these lines."},
+    {Code::kSinglePerCent, kWarning, "DF517",
+     "A structure comment of PostScript is written with one per cent sign. In command templates "
+     "%% means one sign; in commands of options each sign is written."},
+    {Code::kEmptyPjlValue, kWarning, "DF518",
+     "The default text is empty, and the PJL command is written with an empty value. Many printers "
+     "refuse that."},
+    {Code::kNegativeUnsigned, kWarning, "DF519",
+     "The value can be negative, and its conversion (u, x, X or o) has no sign: -1 is written as "
+     "4294967295."},
 
     // Reach of the output.
     {Code::kTemplateOutput, kWarning, "DF601",
@@ -157,6 +211,9 @@ constexpr CodeRow kCodes[] = {
      "other kind."},
     {Code::kDynamicGroupOutput, kWarning, "DF609",
      "Dynamic groups are not written; only a host's routine could read the attribute."},
+    {Code::kNoWritingMember, kWarning, "DF610",
+     "A static group has a command, but none of its members writes anything to this output. The "
+     "command is written around nothing."},
 
     // Tickets.
     {Code::kNoTicketCommand, kWarning, "DF701",
@@ -171,6 +228,9 @@ constexpr CodeRow kCodes[] = {
     {Code::kTicketWithoutValue, kError, "DF704",
      "A feature without a value (UIOnly, MVCList) has a ticket name. The library leaves it out of "
      "the ticket."},
+    {Code::kRepeatedTicketName, kWarning, "DF705",
+     "Two nodes of a ticket's section, or of a group, have the same name. Readers of the ticket "
+     "may take either."},
 
     // Routines.
     {Code::kNoUpdateRoutine, kError, "DF801",

@@ -19,10 +19,27 @@ std::vector<std::string> optionNames(const host::Element& feature) {
   return names;
 }
 
+// Reports a default that users cannot choose, unless the whole feature is
+// waiting for something to make it available.
+void checkAvailability(const host::Element& feature, const std::string& name, Findings& findings) {
+  const auto option = std::find_if(feature.children.begin(), feature.children.end(),
+                                   [&name](const auto& child) { return child->name() == name; });
+  if (boolOf(**option, "Sensitivity") != false || boolOf(feature, "Sensitivity") == false) return;
+  findings.push_back({Code::kUnavailableDefault,
+                      feature.positionOf("DefaultValue"),
+                      "the default \"" + name + "\" of " + describeElement(feature) +
+                          " is unavailable, by Sensitivity of its option",
+                      "choose another default, or make the option available",
+                      {}});
+}
+
 void checkDefaultOption(const host::Element& feature, Findings& findings) {
   const std::vector<std::string> names = optionNames(feature);
   if (names.empty()) return;
   const host::Attribute* value = feature.find("DefaultValue");
+  const bool isKnown =
+      value != nullptr && std::find(names.begin(), names.end(), value->value) != names.end();
+  checkAvailability(feature, isKnown ? value->value : names.front(), findings);
   if (value == nullptr) {
     findings.push_back(
         {Code::kNoDefault,
@@ -33,7 +50,7 @@ void checkDefaultOption(const host::Element& feature, Findings& findings) {
          {"CreateFeature() - No default value for feature \"" + feature.name() + "\", using 0."}});
     return;
   }
-  if (std::find(names.begin(), names.end(), value->value) != names.end()) return;
+  if (isKnown) return;
   findings.push_back({Code::kUnknownDefault,
                       value->position,
                       "\"" + value->value + "\" is not an option of " + describeElement(feature) +
@@ -48,6 +65,17 @@ struct RangeNames {
   const char* lowest;
   const char* highest;
 };
+
+void reportImpliedDefault(const host::Element& feature, const char* limit, bool below,
+                          Findings& findings) {
+  findings.push_back({Code::kDefaultOutOfRange,
+                      feature.positionOf(limit),
+                      describeElement(feature) + " has no default, and 0, which is taken, is " +
+                          (below ? "below its minimum " : "above its maximum ") +
+                          feature.text(limit),
+                      "give DefaultValue",
+                      {}});
+}
 
 template <class Number>
 void checkRange(const host::Element& feature, const RangeNames& names,
@@ -67,10 +95,16 @@ void checkRange(const host::Element& feature, const RangeNames& names,
          {}});
     return;
   }
-  const bool below = value && lowest && *value < *lowest;
-  const bool above = value && highest && *value > *highest;
+  // Without the attribute the library takes 0. One that does not convert is
+  // reported as such.
+  const bool isAbsent = feature.find("DefaultValue") == nullptr;
+  if (!value && !isAbsent) return;
+  const Number taken = value.value_or(0);
+  const bool below = lowest && taken < *lowest;
+  const bool above = highest && taken > *highest;
   if (!below && !above) return;
   const char* limit = below ? names.lowest : names.highest;
+  if (isAbsent) return reportImpliedDefault(feature, limit, below, findings);
   findings.push_back(
       {Code::kDefaultOutOfRange,
        feature.positionOf("DefaultValue"),

@@ -1,8 +1,10 @@
-// Names that are empty or given twice.
+// Names and keys that are empty, given twice, or hard to give.
 
 #include <map>
+#include <string_view>
 
 #include "host/check/rules.h"
+#include "host/description/value_source.h"
 
 namespace driver_feature::check {
 
@@ -68,6 +70,72 @@ void checkOptions(const host::Element& feature, Findings& findings) {
   }
 }
 
+bool isNamed(const host::Element& element) {
+  return element.role == host::Role::kFeature || element.role == host::Role::kOption ||
+         element.role == host::Role::kStaticGroup || element.role == host::Role::kDynamicGroup;
+}
+
+void checkEmptiness(const host::Element& element, const host::Attribute& name, Findings& findings) {
+  if (!name.value.empty()) return;
+  findings.push_back({Code::kEmptyName,
+                      name.position,
+                      "the name of this element <" + element.tag + "> is empty",
+                      "name it",
+                      {}});
+}
+
+void checkBlanks(const host::Element& element, const host::Attribute& name, Findings& findings) {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  const std::string& text = name.value;
+  const bool atBegin = text.find_first_not_of(kBlanks) != 0;
+  const bool atEnd = text.find_last_not_of(kBlanks) != text.size() - 1;
+  if (text.empty() || (!atBegin && !atEnd)) return;
+  findings.push_back({Code::kBlankAroundName,
+                      placeIn(name, atBegin ? 0 : text.find_last_not_of(kBlanks) + 1),
+                      "the name of " + describeElement(element) + (atBegin ? " begins" : " ends") +
+                          " with a blank",
+                      "remove the blank",
+                      {}});
+}
+
+// Settings give a feature's name or key before an equals sign.
+void checkEquals(const host::Element& feature, const char* attribute, Findings& findings) {
+  const host::Attribute* name = feature.find(attribute);
+  if (name == nullptr || name->value.find('=') == std::string::npos) return;
+  findings.push_back({Code::kEqualsInName,
+                      placeIn(*name, name->value.find('=')),
+                      std::string(attribute) + " of " + describeElement(feature) +
+                          " holds \"=\", at which settings are split into name and value",
+                      "use another character",
+                      {}});
+}
+
+void checkKey(const host::Element& element, Owners& owners, Findings& findings) {
+  if (!element.has("CLOKey")) return;
+  const auto [owner, isNew] = owners.emplace(element.text("CLOKey"), &element);
+  if (isNew) return;
+  findings.push_back({Code::kRepeatedKey,
+                      element.positionOf("CLOKey"),
+                      "CLOKey of " + describeElement(element) + " is that of " +
+                          describeElement(*owner->second) + " in " + lineOf(*owner->second) +
+                          ", too",
+                      "give each a key of its own",
+                      {}});
+}
+
+// Records are set by their members' names, so keys in templates are not used.
+void checkKeys(const host::Element& description, Findings& findings) {
+  Owners features;
+  forEachElement(description, [&](const host::Element& element) {
+    if (element.role != host::Role::kFeature) return;
+    if (!element.inTemplate) checkKey(element, features, findings);
+    Owners options;
+    for (const auto& option : element.children) {
+      if (option->role == host::Role::kOption) checkKey(*option, options, findings);
+    }
+  });
+}
+
 }  // namespace
 
 void checkNames(const host::Element& description, Findings& findings) {
@@ -76,17 +144,16 @@ void checkNames(const host::Element& description, Findings& findings) {
   checkGroups(description, owners, findings);
   forEachElement(description, [&findings](const host::Element& element) {
     if (element.role == host::Role::kFeature) checkOptions(element, findings);
+    if (element.role == host::Role::kFeature) {
+      checkEquals(element, "Name", findings);
+      checkEquals(element, "CLOKey", findings);
+    }
     const host::Attribute* name = element.find("Name");
-    const bool named = element.role != host::Role::kOther &&
-                       element.role != host::Role::kBaseInfo &&
-                       element.role != host::Role::kDescription;
-    if (!named || name == nullptr || !name->value.empty()) return;
-    findings.push_back({Code::kEmptyName,
-                        name->position,
-                        "the name of this element <" + element.tag + "> is empty",
-                        "name it",
-                        {}});
+    if (!isNamed(element) || name == nullptr) return;
+    checkEmptiness(element, *name, findings);
+    checkBlanks(element, *name, findings);
   });
+  checkKeys(description, findings);
 }
 
 }  // namespace driver_feature::check

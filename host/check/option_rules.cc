@@ -57,21 +57,39 @@ void checkUse(const host::Element& feature, const OptionOutput& output, Findings
                       {}});
 }
 
-// Each option that lacks what the feature's template takes from it. A template
-// of the conversion alone leaves everything to the options, and one of them may
+// The options that do not have an attribute.
+std::vector<const host::Element*> optionsWithout(const host::Element& feature,
+                                                 const char* attribute) {
+  std::vector<const host::Element*> options;
+  for (const auto& option : feature.children) {
+    if (!option->has(attribute)) options.push_back(option.get());
+  }
+  return options;
+}
+
+// "option "x" of feature "A" has no PSCommand, like 2 more of the feature's options".
+std::string lackOf(const char* attribute, const std::vector<const host::Element*>& options) {
+  std::string text = describeElement(*options.front()) + " has no " + attribute;
+  if (options.size() > 1) {
+    text += ", like " + std::to_string(options.size() - 1) + " more of the feature's options";
+  }
+  return text;
+}
+
+// Options that lack what the feature's template takes from them. A template of
+// the conversion alone leaves everything to the options, and one of them may
 // write nothing on purpose.
 void checkTemplateOptions(const host::Element& feature, const char* command, Findings& findings) {
   if (feature.text(command) == "%s") return;
   if (readTemplate(feature.text(command)).conversion.empty()) return;
-  for (const auto& option : feature.children) {
-    if (option->has(command)) continue;
-    findings.push_back({Code::kMissingOptionCommand,
-                        option->positionOf(command),
-                        describeElement(*option) + " has no " + command +
-                            "; the feature's command is written with nothing in its place",
-                        std::string("give the option a ") + command,
-                        {}});
-  }
+  const auto options = optionsWithout(feature, command);
+  if (options.empty()) return;
+  findings.push_back(
+      {Code::kMissingOptionCommand,
+       options.front()->positionOf(command),
+       lackOf(command, options) + "; the feature's command is written with nothing in its place",
+       std::string("give the option a ") + command,
+       {}});
 }
 
 void checkTicketOptions(const host::Element& feature, Findings& findings) {
@@ -79,16 +97,14 @@ void checkTicketOptions(const host::Element& feature, Findings& findings) {
       std::any_of(std::begin(kTicketNameAttributes), std::end(kTicketNameAttributes),
                   [&feature](const char* name) { return feature.has(name); });
   if (!inTicket) return;
-  for (const auto& option : feature.children) {
-    if (option->has("TESKCommand")) continue;
-    findings.push_back(
-        {Code::kNoTicketCommand,
-         option->positionOf("TESKCommand"),
-         describeElement(*option) + " has no TESKCommand; with it the feature is left out of the "
-                                    "ticket",
-         "give the option a TESKCommand",
-         {"createTicketNodeAttributes() - Empty feature option command - skipping"}});
-  }
+  const auto options = optionsWithout(feature, "TESKCommand");
+  if (options.empty()) return;
+  findings.push_back(
+      {Code::kNoTicketCommand,
+       options.front()->positionOf("TESKCommand"),
+       lackOf("TESKCommand", options) + "; with it the feature is left out of the ticket",
+       "give the option a TESKCommand",
+       {"createTicketNodeAttributes() - Empty feature option command - skipping"}});
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "Log.h"
 
 #include "host/base/nearest_name.h"
+#include "host/base/text.h"
 #include "host/session/log.h"
 
 namespace driver_feature::check {
@@ -14,9 +15,10 @@ using Rule = void (*)(const host::Element& description, Findings& findings);
 
 // checkLoad() comes first: its findings keep the order of the load.
 constexpr Rule kRules[] = {
-    &checkLoad,     &checkStructure, &checkAttributes,  &checkValues,      &checkDefaults,
-    &checkTexts,    &checkNames,     &checkTemplates,   &checkPjl,         &checkOptionCommands,
-    &checkRoutines, &checkReach,     &checkTicketReach, &checkTicketNames,
+    &checkLoad,  &checkStructure,   &checkAttributes,     &checkValues,    &checkDefaults,
+    &checkTexts, &checkCharacters,  &checkNames,          &checkTemplates, &checkPostScript,
+    &checkPjl,   &checkPjlLines,    &checkOptionCommands, &checkRoutines,  &checkMembers,
+    &checkReach, &checkTicketReach, &checkTicketNames,
 };
 
 // Keeps the last log line while it lives.
@@ -53,6 +55,10 @@ std::optional<Value> convert(const host::Element& element, const std::string& at
 Findings applyRules(const host::Element& description) {
   Findings findings;
   for (const Rule rule : kRules) rule(description, findings);
+  for (Finding& finding : findings) {
+    finding.sentence = host::spellOutInvisible(finding.sentence);
+    finding.remedy = host::spellOutInvisible(finding.remedy);
+  }
   return findings;
 }
 

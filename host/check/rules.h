@@ -3,6 +3,11 @@
 #ifndef HOST_CHECK_RULES_H_
 #define HOST_CHECK_RULES_H_
 
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "host/check/findings.h"
 #include "host/description/element.h"
 
@@ -18,11 +23,15 @@ void checkAttributes(const host::Element& description, Findings& findings);
 void checkValues(const host::Element& description, Findings& findings);
 void checkDefaults(const host::Element& description, Findings& findings);
 void checkTexts(const host::Element& description, Findings& findings);
+void checkCharacters(const host::Element& description, Findings& findings);
 void checkNames(const host::Element& description, Findings& findings);
 void checkTemplates(const host::Element& description, Findings& findings);
+void checkPostScript(const host::Element& description, Findings& findings);
+void checkPjlLines(const host::Element& description, Findings& findings);
 void checkPjl(const host::Element& description, Findings& findings);
 void checkOptionCommands(const host::Element& description, Findings& findings);
 void checkRoutines(const host::Element& description, Findings& findings);
+void checkMembers(const host::Element& description, Findings& findings);
 void checkReach(const host::Element& description, Findings& findings);
 void checkTicketReach(const host::Element& description, Findings& findings);
 void checkTicketNames(const host::Element& description, Findings& findings);
@@ -42,6 +51,13 @@ std::optional<double> doubleOf(const host::Element& element, const std::string& 
 // The names of an element that would take it into a ticket.
 inline constexpr const char* kTicketNameAttributes[] = {
     "TESKJTAttributeName", "TESKOAAttributeName", "InstOptAttributeName", "NonVORNAttributeName"};
+
+// The name by which a static group and its members go into the ticket: that of
+// the outermost group. Null when that group has none.
+const char* ticketNameKindOf(const host::Element& group);
+
+// The byte that a character from U+F701 to U+F7FF would mean with byte escapes.
+std::optional<char> unreadByteEscape(std::string_view character);
 
 // "give X", with the name that was most likely meant when there is one.
 std::string didYouMean(const std::string& wanted, const std::vector<std::string>& names,

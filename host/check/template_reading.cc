@@ -9,11 +9,13 @@ TemplateReading readTemplate(const std::string& text) {
   TemplateReading reading;
   std::string_view rest = text;
   for (std::size_t mark = rest.find('%'); mark != std::string_view::npos; mark = rest.find('%')) {
+    const std::size_t place = text.size() - rest.size() + mark;
     rest.remove_prefix(mark + 1);
     if (rest.starts_with('%')) {
       rest.remove_prefix(1);
       continue;
     }
+    reading.place = place;
     if (rest.empty()) {
       reading.fault = "it ends with a lone per cent sign";
       return reading;

@@ -2,6 +2,7 @@
 #ifndef HOST_CHECK_TEMPLATE_READING_H_
 #define HOST_CHECK_TEMPLATE_READING_H_
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -12,6 +13,7 @@ namespace driver_feature::check {
 struct TemplateReading {
   std::string fault;       // Why it can never be formatted; empty when it can.
   std::string conversion;  // The conversion as written in the template; empty without one.
+  std::size_t place = 0;   // Of the per cent sign of the fault, or else of the conversion.
   bool endsWithConversion = false;
 };
 

@@ -2,9 +2,11 @@
 // they are given.
 
 #include <optional>
+#include <string_view>
 
 #include "host/check/rules.h"
 #include "host/check/template_reading.h"
+#include "host/description/value_source.h"
 
 namespace driver_feature::check {
 
@@ -40,6 +42,22 @@ std::string refusalLine(const host::Element& element, const CommandRow& row,
   return "createTicketPDLAttributes() - Cannot format value with command template \"" + text + "\"";
 }
 
+// A value that can be negative, and a conversion that has no sign.
+void checkSign(const host::Element& feature, const host::Attribute& command,
+               const TemplateReading& reading, Findings& findings) {
+  if (std::string_view("uxXo").find(reading.conversion.back()) == std::string_view::npos) return;
+  const bool isNegative = intOf(feature, "IntMinValue").value_or(0) < 0 ||
+                          intOf(feature, "DefaultValue").value_or(0) < 0;
+  if (!isNegative) return;
+  findings.push_back({Code::kNegativeUnsigned,
+                      placeIn(command, reading.place),
+                      command.name + " of " + describeElement(feature) +
+                          " writes negative values " + "with \"" + reading.conversion +
+                          "\", which has no sign",
+                      "use %d, or allow no negative values",
+                      {}});
+}
+
 void checkTemplate(const host::Element& element, const CommandRow& row, Argument argument,
                    Findings& findings) {
   const host::Attribute& command = *element.find(row.attribute);
@@ -47,14 +65,14 @@ void checkTemplate(const host::Element& element, const CommandRow& row, Argument
   const std::string owner = std::string(row.attribute) + " of " + describeElement(element);
   if (!reading.fault.empty()) {
     findings.push_back({Code::kBadTemplate,
-                        command.position,
+                        placeIn(command, reading.place),
                         owner + " can never be written: " + reading.fault,
                         "write one conversion for the value, and %% for a per cent sign",
                         {refusalLine(element, row, command.value)}});
   } else if (!fits(command.value, argument)) {
     findings.push_back(
         {Code::kWrongConversion,
-         command.position,
+         placeIn(command, reading.place),
          owner + " can never be written: \"" + reading.conversion + "\" does not fit its value",
          std::string("use a conversion for ") + wordsOf(argument),
          {refusalLine(element, row, command.value)}});
@@ -66,6 +84,8 @@ void checkTemplate(const host::Element& element, const CommandRow& row, Argument
          owner + " does not write " + (isGroup ? "the text of its members" : "its value"),
          std::string("put a conversion for ") + wordsOf(argument) + " into it",
          {}});
+  } else if (argument == Argument::kInt) {
+    checkSign(element, command, reading, findings);
   }
 }
 

@@ -6,6 +6,7 @@
 
 #include "host/base/text.h"
 #include "host/check/rules.h"
+#include "host/description/value_source.h"
 #include "host/settings/value_place.h"
 
 namespace driver_feature::check {
@@ -43,15 +44,48 @@ void checkDefaultCharacters(const host::Element& feature, Findings& findings) {
   const std::string set = feature.text(kSet);
   if (set.empty()) return;
   const auto allowed = host::splitCharacters(set);
-  const std::string value = feature.text("DefaultValue");
+  const host::Attribute* attribute = feature.find("DefaultValue");
+  if (attribute == nullptr) return;
+  const std::string& value = attribute->value;
   for (const std::string_view character : host::splitCharacters(value)) {
     if (std::find(allowed.begin(), allowed.end(), character) != allowed.end()) continue;
+    const auto offset = static_cast<std::size_t>(character.data() - value.data());
     findings.push_back({Code::kDefaultCharacters,
-                        feature.positionOf("DefaultValue"),
+                        placeIn(*attribute, offset),
                         "the default of " + describeElement(feature) + " holds \"" +
                             host::printable(character) +
                             "\", which is not in TextValidationCharSet",
                         "remove the character or add it to the set",
+                        {}});
+    return;
+  }
+}
+
+// Whether the two are the ends of a range of digits or letters that has more
+// characters, of which the set does not hold one.
+bool isRange(char first, char last, const std::string& set) {
+  const auto isDigit = [](char letter) { return letter >= '0' && letter <= '9'; };
+  const auto isSmall = [](char letter) { return letter >= 'a' && letter <= 'z'; };
+  const auto isCapital = [](char letter) { return letter >= 'A' && letter <= 'Z'; };
+  const bool areAlike = (isDigit(first) && isDigit(last)) || (isSmall(first) && isSmall(last)) ||
+                        (isCapital(first) && isCapital(last));
+  for (char inner = first; areAlike && ++inner < last;) {
+    if (set.find(inner) == std::string::npos) return true;
+  }
+  return false;
+}
+
+void checkRanges(const host::Element& feature, Findings& findings) {
+  const host::Attribute* attribute = feature.find(kSet);
+  if (attribute == nullptr) return;
+  const std::string& set = attribute->value;
+  for (std::size_t i = 0; i + 2 < set.size(); ++i) {
+    if (set[i + 1] != '-' || !isRange(set[i], set[i + 2], set)) continue;
+    findings.push_back({Code::kCharacterRange,
+                        placeIn(*attribute, i),
+                        "TextValidationCharSet of " + describeElement(feature) + " takes \"" +
+                            set.substr(i, 3) + "\" as three characters, not as a range",
+                        "list all characters of the range",
                         {}});
     return;
   }
@@ -97,23 +131,27 @@ const char* harmIn(host::ValuePlace place) {
 }
 
 void checkHarm(const host::Element& feature, const std::string& set, Findings& findings) {
-  const auto report = [&](const std::string& words) {
+  const auto report = [&](const std::string& words, std::size_t offset) {
     findings.push_back({Code::kHarmfulCharacterSet,
-                        feature.positionOf(kSet),
+                        placeIn(*feature.find(kSet), offset),
                         "TextValidationCharSet of " + describeElement(feature) + " allows " + words,
                         "remove it from the set",
                         {}});
   };
-  if (std::any_of(set.begin(), set.end(), host::isControlCharacter)) {
-    report("a control character, which can end the command");
+  const auto control = std::find_if(set.begin(), set.end(), host::isControlCharacter);
+  if (control != set.end()) {
+    report("a control character, which can end the command",
+           static_cast<std::size_t>(control - set.begin()));
   }
   for (const CommandRow& row : kCommands) {
     const auto text = findText(feature, row);
     if (!text || harmIn(text->place) == nullptr) continue;
-    const bool harms = std::any_of(set.begin(), set.end(), [&text](char character) {
+    const auto harm = std::find_if(set.begin(), set.end(), [&text](char character) {
       return !host::isControlCharacter(character) && findUnsafeByte(text->place, {&character, 1});
     });
-    if (harms) report(harmIn(text->place));
+    if (harm != set.end()) {
+      report(harmIn(text->place), static_cast<std::size_t>(harm - set.begin()));
+    }
   }
 }
 
@@ -139,6 +177,7 @@ void checkTexts(const host::Element& description, Findings& findings) {
     if (!element.isKind(host::FeatureKind::kTextEntry)) return;
     checkLength(element, findings);
     checkDefaultCharacters(element, findings);
+    checkRanges(element, findings);
     checkCharacterSet(element, findings);
   });
 }

@@ -13,15 +13,6 @@ constexpr const char* kJobTicket = "TESKJTAttributeName";
 constexpr const char* kOutputAttribute = "TESKOAAttributeName";
 constexpr const char* kRoutine = "AddVORNCallbackRoutine";
 
-// The name by which a static group and its members go into the ticket: that
-// of the outermost group. Null when that group has none.
-const char* nameKindOf(const host::Element& group) {
-  const host::Element* outer = &group;
-  while (outer->isMember()) outer = outer->parent;
-  if (outer->has(kJobTicket)) return kJobTicket;
-  return outer->has(kOutputAttribute) ? kOutputAttribute : nullptr;
-}
-
 const char* firstTicketName(const host::Element& element) {
   const auto* found =
       std::find_if(std::begin(kTicketNameAttributes), std::end(kTicketNameAttributes),
@@ -98,7 +89,7 @@ bool isReached(const host::Element& group, const char* kind) {
 
 void checkMember(const host::Element& member, Findings& findings) {
   const host::Element& group = *member.parent;
-  const char* kind = nameKindOf(group);
+  const char* kind = ticketNameKindOf(group);
   if (isReached(group, kind)) return checkNamedMember(member, kind, findings);
   const char* name = firstTicketName(member);
   // A routine of the group may read what it likes, and a group's own routine
@@ -116,6 +107,13 @@ void checkMember(const host::Element& member, Findings& findings) {
 }
 
 }  // namespace
+
+const char* ticketNameKindOf(const host::Element& group) {
+  const host::Element* outer = &group;
+  while (outer->isMember()) outer = outer->parent;
+  if (outer->has(kJobTicket)) return kJobTicket;
+  return outer->has(kOutputAttribute) ? kOutputAttribute : nullptr;
+}
 
 void checkTicketReach(const host::Element& description, Findings& findings) {
   forEachElement(description, [&findings](const host::Element& element) {

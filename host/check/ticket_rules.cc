@@ -1,6 +1,8 @@
 // The names and syntaxes that go into a ticket.
 
 #include <algorithm>
+#include <map>
+#include <utility>
 
 #include "host/base/text.h"
 #include "host/check/rules.h"
@@ -58,13 +60,51 @@ void checkElement(const host::Element& element, Findings& findings) {
   }
 }
 
+// The attribute by whose name the element is in the ticket; null when it is not.
+const char* usedName(const host::Element& element) {
+  if (element.isMember()) {
+    const char* kind = ticketNameKindOf(*element.parent);
+    const bool isUsed = kind != nullptr && element.parent->has(kind) && element.has(kind);
+    return isUsed ? kind : nullptr;
+  }
+  const auto* found =
+      std::find_if(std::begin(kTicketNameAttributes), std::end(kTicketNameAttributes),
+                   [&element](const char* name) { return element.has(name); });
+  return found != std::end(kTicketNameAttributes) ? *found : nullptr;
+}
+
+// The nodes of one section, or of one group, by their names.
+using Nodes = std::map<std::string, const host::Element*>;
+using Place = std::pair<const host::Element*, bool>;  // The group, and which of the two sections.
+
+void checkRepeated(const host::Element& element, std::map<Place, Nodes>& places,
+                   Findings& findings) {
+  const char* attribute = usedName(element);
+  if (attribute == nullptr) return;
+  const bool isSecond = attribute == std::string("TESKOAAttributeName");
+  const Place place = {element.parent, isSecond && !element.isMember()};
+  const auto [owner, isNew] = places[place].emplace(element.text(attribute), &element);
+  if (isNew) return;
+  findings.push_back({Code::kRepeatedTicketName,
+                      element.positionOf(attribute),
+                      "the ticket name \"" + element.text(attribute) + "\" of " +
+                          describeElement(element) + " is that of " +
+                          describeElement(*owner->second) + " in line " +
+                          std::to_string(owner->second->position.line) + ", too",
+                      "give each a name of its own",
+                      {}});
+}
+
 }  // namespace
 
 void checkTicketNames(const host::Element& description, Findings& findings) {
-  forEachElement(description, [&findings](const host::Element& element) {
+  std::map<Place, Nodes> places;
+  forEachElement(description, [&](const host::Element& element) {
     const bool isNamed =
         element.role == host::Role::kFeature || element.role == host::Role::kStaticGroup;
-    if (isNamed && !element.inTemplate) checkElement(element, findings);
+    if (!isNamed || element.inTemplate) return;
+    checkElement(element, findings);
+    checkRepeated(element, places, findings);
   });
 }
 

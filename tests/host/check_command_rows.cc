@@ -11,23 +11,23 @@ const std::vector<CheckRow>& commandRows() {
         "<Feature FeatureType='IntEntry' Name='D' PSCommand='%4097d x'/>",
         "<FeatureStaticGroup Name='G' PSCommand='%*s'><Feature FeatureType='UIOnly' Name='E'/>"
         "</FeatureStaticGroup>"},
-       "@:3:42: error: PSCommand of feature \"A\" can never be written: it ends with a lone per "
+       "@:3:56: error: PSCommand of feature \"A\" can never be written: it ends with a lone per "
        "cent sign; write one conversion for the value, and %% for a per cent sign [DF501]\n"
        "    log: createTicketPDLAttributes() - Cannot format value with command template "
        "\"100%\"\n"
-       "@:4:42: error: PSCommand of feature \"B\" can never be written: it holds a second "
+       "@:4:59: error: PSCommand of feature \"B\" can never be written: it holds a second "
        "conversion; write one conversion for the value, and %% for a per cent sign [DF501]\n"
        "    log: createTicketPDLAttributes() - Cannot format value with command template "
        "\"%d of %d\"\n"
-       "@:5:42: error: PSCommand of feature \"C\" can never be written: \"%n\" is not a "
+       "@:5:53: error: PSCommand of feature \"C\" can never be written: \"%n\" is not a "
        "conversion; write one conversion for the value, and %% for a per cent sign [DF501]\n"
        "    log: createTicketPDLAttributes() - Cannot format value with command template \"%n\"\n"
-       "@:6:42: error: PSCommand of feature \"D\" can never be written: \"%4097d x\" does "
+       "@:6:53: error: PSCommand of feature \"D\" can never be written: \"%4097d x\" does "
        "not begin a conversion, or begins one with a width or precision above 4096; write one "
        "conversion for the value, and %% for a per cent sign [DF501]\n"
        "    log: createTicketPDLAttributes() - Cannot format value with command template "
        "\"%4097d x\"\n"
-       "@:7:30: error: PSCommand of static group \"G\" can never be written: \"%*\" is not a "
+       "@:7:41: error: PSCommand of static group \"G\" can never be written: \"%*\" is not a "
        "conversion; write one conversion for the value, and %% for a per cent sign [DF501]\n"
        "    log: processPSStaticGroup() - Cannot format text with command template \"%*s\"\n"},
       {"conversions that do not fit",
@@ -37,25 +37,25 @@ const std::vector<CheckRow>& commandRows() {
         "<Feature FeatureType='UIOnly' Name='C'/></FeatureStaticGroup>",
         "<Feature FeatureType='FloatEntry' Name='D' PSCommand='%s'/>",
         "<Feature FeatureType='TextEntry' Name='E' PSCommand='%x' TextValidationCharSet='a'/>"},
-       "@:3:42: error: PSCommand of feature \"A\" can never be written: \"%5.1f\" does not fit its "
+       "@:3:53: error: PSCommand of feature \"A\" can never be written: \"%5.1f\" does not fit its "
        "value; use a conversion for a whole number (d, i, u, x, X, o or c) [DF502]\n"
        "    log: createTicketPDLAttributes() - Cannot format value with command template "
        "\"%5.1f\"\n"
-       "@:4:44: error: PSCommand of feature \"B\" can never be written: \"%d\" does not fit its "
+       "@:4:55: error: PSCommand of feature \"B\" can never be written: \"%d\" does not fit its "
        "value; use a conversion for a decimal number (f, F, e, E, g, G, a or A) [DF502]\n"
        "    log: createTicketPDLAttributes() - Cannot format value with command template \"%d\"\n"
-       "@:5:30: error: PJLCommand of static group \"G\" can never be written: \"%d\" does not fit "
+       "@:5:42: error: PJLCommand of static group \"G\" can never be written: \"%d\" does not fit "
        "its value; use a conversion for a text (s) [DF502]\n"
        "    log: processPJLStaticGroup() - Cannot format text with command template \"%d\\n\"\n"
-       "@:6:44: error: PSCommand of feature \"D\" can never be written: \"%s\" does not fit its "
+       "@:6:55: error: PSCommand of feature \"D\" can never be written: \"%s\" does not fit its "
        "value; use a conversion for a decimal number (f, F, e, E, g, G, a or A) [DF502]\n"
        "    log: createTicketPDLAttributes() - Cannot format value with command template \"%s\"\n"
-       "@:7:43: error: PSCommand of feature \"E\" can never be written: \"%x\" does not fit its "
+       "@:7:54: error: PSCommand of feature \"E\" can never be written: \"%x\" does not fit its "
        "value; use a conversion for a text (s) [DF502]\n"
        "    log: createTicketPDLAttributes() - Cannot format value with command template "
        "\"%x\"\n"},
       {"templates without a conversion",
-       {"<Feature FeatureType='IntEntry' Name='A' PSCommand='100%% copies'/>",
+       {"<Feature FeatureType='IntEntry' Name='A' PSCommand='100%% copies&#10;'/>",
         "<FeatureStaticGroup Name='G' PSCommand='begin'>"
         "<Feature FeatureType='UIOnly' Name='B'/></FeatureStaticGroup>"},
        "@:3:42: warning: PSCommand of feature \"A\" does not write its value; put a conversion for "
@@ -67,9 +67,11 @@ const std::vector<CheckRow>& commandRows() {
         "<Feature FeatureType='MultiSelect' Name='B' DefaultValue='x' PJLCommand='@PJL SET %s'>",
         "<Option Name='x' PJLCommand='B=1&#10;'/><Option Name='y' PJLCommand='B=2'/></Feature>",
         "<FeatureStaticGroup Name='G' PJLCommand='%s'>",
-        "<Feature FeatureType='IntEntry' Name='C' PJLCommand='C=%d'/></FeatureStaticGroup>",
+        "<Feature FeatureType='IntEntry' Name='C' PJLCommand='@PJL SET "
+        "C=%d'/></FeatureStaticGroup>",
         "<FeatureStaticGroup Name='H' PJLCommand='%s&#13;&#10;'>",
-        "<Feature FeatureType='IntEntry' Name='D' PJLCommand='D=%d'/></FeatureStaticGroup>"},
+        "<Feature FeatureType='IntEntry' Name='D' PJLCommand='@PJL SET "
+        "D=%d'/></FeatureStaticGroup>"},
        "@:3:42: warning: PJLCommand of feature \"A\" does not end its line; end it with "
        "&#13;&#10; [DF504]\n"
        "@:5:58: warning: PJLCommand of option \"y\" of feature \"B\" does not end its line; end it "
@@ -80,9 +82,9 @@ const std::vector<CheckRow>& commandRows() {
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x' PJLCommand='A=%s&#9;&#10;'>",
         "<Option Name='x' PJLCommand='~\xC3\xA4'/></Feature>",
         "<Feature FeatureType='IntEntry' Name='B' PJLCommand='\x7F%d&#10;'/>"},
-       "@:4:18: error: PJLCommand of option \"x\" of feature \"A\" holds \"\xC3\xA4\", which PJL "
+       "@:4:31: error: PJLCommand of option \"x\" of feature \"A\" holds \"\xC3\xA4\", which PJL "
        "cannot carry; use ASCII characters only [DF505]\n"
-       "@:5:42: error: PJLCommand of feature \"B\" holds \"\\x7f\", which PJL cannot carry; use "
+       "@:5:54: error: PJLCommand of feature \"B\" holds \"\\x7f\", which PJL cannot carry; use "
        "ASCII characters only [DF505]\n"},
       {"the end of a job, which is written after it, and its PostScript, which is not",
        {"<Feature FeatureType='MultiSelect' Name='JCLEnd' DefaultValue='True'>",
@@ -108,10 +110,10 @@ const std::vector<CheckRow>& commandRows() {
         "</Feature>",
         "<Feature FeatureType='MultiSelect' Name='B' DefaultValue='y' PSCommand='%s'>",
         "<Option Name='x' PSCommand='a'/><Option Name='y'/></Feature>"},
-       "@:4:33: warning: option \"y\" of feature \"A\" has no PSCommand; the feature's command is "
-       "written with nothing in its place; give the option a PSCommand [DF507]\n"
-       "@:4:68: warning: option \"z\" of feature \"A\" has no PSCommand; the feature's command is "
-       "written with nothing in its place; give the option a PSCommand [DF507]\n"},
+       "@:4:33: warning: option \"y\" of feature \"A\" has no PSCommand, like 1 more of the "
+       "feature's options; "
+       "the feature's command is written with nothing in its place; give the option a PSCommand "
+       "[DF507]\n"},
       {"commands of features without a value",
        {"<Feature FeatureType='UIOnly' Name='A' PSCommand='a'/>"},
        "@:3:40: error: PSCommand of feature \"A\" is never written, because UIOnly features have "

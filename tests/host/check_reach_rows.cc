@@ -59,7 +59,7 @@ const std::vector<CheckRow>& reachRows() {
        "@:6:97: warning: AddVORNCallbackRoutine of feature \"C\" is never called, because "
        "NonVORNAttributeName comes first; remove one of the two [DF606]\n"},
       {"members whose group is not written",
-       {"<FeatureStaticGroup Name='G' PJLCommand='%s'>",
+       {"<FeatureStaticGroup Name='G' AddPJLCallbackRoutine='writeBytes'>",
         "<Feature FeatureType='IntEntry' Name='A' PSCommand='%d'/>",
         "<Feature FeatureType='IntEntry' Name='B' TESKOAAttributeName='b' "
         "TESKAttributeSyntax='integer'/></FeatureStaticGroup>",
@@ -78,6 +78,44 @@ const std::vector<CheckRow>& reachRows() {
        "\"G\" has no ticket name; give the group TESKJTAttributeName [DF604]\n"
        "@:7:30: warning: TESKJTAttributeName of static group \"I\" is never used, because its "
        "group goes by TESKOAAttributeName; remove it [DF608]\n"},
+      {"groups whose members write nothing, to one output or in a nested group",
+       {"<FeatureStaticGroup Name='G' PSCommand='&lt;&lt; %s >>' PJLCommand='%s'>",
+        "<Feature FeatureType='IntEntry' Name='A' PJLCommand='@PJL SET A=%d&#10;'/>",
+        "<FeatureStaticGroup Name='H' PSCommand='[ %s ]'>",
+        "<Feature FeatureType='IntEntry' Name='B' TESKJTAttributeName='b' "
+        "TESKAttributeSyntax='integer'/></FeatureStaticGroup></FeatureStaticGroup>",
+        "<FeatureStaticGroup Name='I' PSCommand='%s'>",
+        "<Feature FeatureType='UIOnly' Name='C' AddPSCallbackRoutine='writeBytes'/>"
+        "</FeatureStaticGroup>"},
+       "@:5:30: warning: PSCommand of static group \"H\" is written around nothing, because no "
+       "member has one; give a member PSCommand, or remove it from the group [DF610]\n"
+       "@:6:42: error: TESKJTAttributeName of feature \"B\" is never written, because static group "
+       "\"H\" has no ticket name; give the group TESKJTAttributeName [DF604]\n"},
+      {"ticket names given twice, in a section and in a group",
+       {"<Feature FeatureType='IntEntry' Name='A' TESKJTAttributeName='n' "
+        "TESKAttributeSyntax='integer'/>",
+        "<Feature FeatureType='IntEntry' Name='B' NonVORNAttributeName='n' "
+        "TESKAttributeSyntax='integer'/>",
+        "<Feature FeatureType='IntEntry' Name='C' TESKOAAttributeName='n' "
+        "TESKAttributeSyntax='integer'/>",
+        "<FeatureStaticGroup Name='G' TESKOAAttributeName='g' TESKAttributeSyntax='c'>",
+        "<Feature FeatureType='IntEntry' Name='D' TESKOAAttributeName='n' "
+        "TESKAttributeSyntax='integer'/>",
+        "<Feature FeatureType='IntEntry' Name='E' TESKOAAttributeName='n' "
+        "TESKAttributeSyntax='integer'/>",
+        "</FeatureStaticGroup>",
+        "<FeatureStaticGroup Name='H' TESKOAAttributeName='g' TESKAttributeSyntax='c'>",
+        "<Feature FeatureType='IntEntry' Name='F' TESKOAAttributeName='n' "
+        "TESKAttributeSyntax='integer'/></FeatureStaticGroup>"},
+       "@:4:42: warning: the ticket name \"n\" of feature \"B\" is that of feature \"A\" in line "
+       "3, "
+       "too; give each a name of its own [DF705]\n"
+       "@:8:42: warning: the ticket name \"n\" of feature \"E\" is that of feature \"D\" in line "
+       "7, "
+       "too; give each a name of its own [DF705]\n"
+       "@:10:30: warning: the ticket name \"g\" of static group \"H\" is that of static group "
+       "\"G\" "
+       "in line 6, too; give each a name of its own [DF705]\n"},
       {"group that writes nothing",
        {"<FeatureStaticGroup Name='G'><Feature FeatureType='UIOnly' Name='A'/>"
         "</FeatureStaticGroup>"},
@@ -91,12 +129,16 @@ const std::vector<CheckRow>& reachRows() {
         "<Feature FeatureType='IntEntry' Name='B' TESKOAAttributeName='b' "
         "TESKAttributeSyntax='integer'/>",
         "<Feature FeatureType='UIOnly' Name='C' AddVORNCallbackRoutine='writeBytes'/>",
+        "<Feature FeatureType='IntEntry' Name='D' TESKJTAttributeName='d' "
+        "TESKAttributeSyntax='integer' AddVORNCallbackRoutine='writeBytes'/>",
         "</FeatureStaticGroup>"},
        "@:5:1: warning: feature \"B\" is left out of the ticket, because it has no "
        "TESKJTAttributeName; give it TESKJTAttributeName, as its group has [DF607]\n"
        "    log: processVORNStaticGroup() - Cannot get feature attribute for feature 1\n"
        "@:5:42: warning: TESKOAAttributeName of feature \"B\" is never used, because its group "
-       "goes by TESKJTAttributeName; remove it [DF608]\n"},
+       "goes by TESKJTAttributeName; remove it [DF608]\n"
+       "@:7:96: warning: AddVORNCallbackRoutine of feature \"D\" is never called, because "
+       "TESKJTAttributeName comes first; remove one of the two [DF606]\n"},
       {"several ticket names",
        {"<Feature FeatureType='IntEntry' Name='A' TESKOAAttributeName='a' TESKJTAttributeName='a' "
         "InstOptAttributeName='a' TESKAttributeSyntax='integer'/>",
@@ -109,9 +151,16 @@ const std::vector<CheckRow>& reachRows() {
       {"option without a ticket command",
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='y' TESKJTAttributeName='a' "
         "TESKAttributeSyntax='keyword'>",
-        "<Option Name='x' TESKCommand='x'/><Option Name='y'/></Feature>"},
+        "<Option Name='x' TESKCommand='x'/><Option Name='y'/></Feature>",
+        "<Feature FeatureType='MultiSelect' Name='B' DefaultValue='x' TESKJTAttributeName='b' "
+        "TESKAttributeSyntax='keyword'>",
+        "<Option Name='x'/><Option Name='y'/><Option Name='z'/></Feature>"},
        "@:4:35: warning: option \"y\" of feature \"A\" has no TESKCommand; with it the feature is "
        "left out of the ticket; give the option a TESKCommand [DF701]\n"
+       "    log: createTicketNodeAttributes() - Empty feature option command - skipping\n"
+       "@:6:1: warning: option \"x\" of feature \"B\" has no TESKCommand, like 2 more of the "
+       "feature's options; "
+       "with it the feature is left out of the ticket; give the option a TESKCommand [DF701]\n"
        "    log: createTicketNodeAttributes() - Empty feature option command - skipping\n"},
       {"ticket name without a syntax",
        {"<Feature FeatureType='IntEntry' Name='A' TESKJTAttributeName='a'/>"},

@@ -17,6 +17,8 @@ struct CheckRow {
 const std::vector<CheckRow>& structureRows();
 const std::vector<CheckRow>& valueRows();
 const std::vector<CheckRow>& commandRows();
+const std::vector<CheckRow>& postScriptRows();
+const std::vector<CheckRow>& pjlRows();
 const std::vector<CheckRow>& reachRows();
 const std::vector<CheckRow>& routineRows();
 

@@ -12,7 +12,8 @@ const std::vector<CheckRow>& structureRows() {
        "@: note: the library does not load the description (exit status 1)\n"
        "    log: FeatureXMLTagHandler() - Invalid element tag \"Feture\".\n"},
       {"element unknown in a group",
-       {"<FeatureStaticGroup Name='G' PSCommand='%s'>", " <Option/>", "</FeatureStaticGroup>"},
+       {"<FeatureStaticGroup Name='G' AddPSCallbackRoutine='writeBytes'>", " <Option/>",
+        "</FeatureStaticGroup>"},
        "@:4:2: error: element <Option> is not allowed in a static group; use one of Feature, "
        "FeatureStaticGroup [DF101]\n"
        "    log: CreateStaticFeatureGroup() - Invalid node tag \"Option\".\n"
@@ -51,7 +52,7 @@ const std::vector<CheckRow>& structureRows() {
        "@: note: the library does not load the description (exit status 1)\n"
        "    log: CreateDynamicFeatureGroup() - Wrong number of subnodes for dynamic group\n"},
       {"list without options",
-       {"<FeatureStaticGroup Name='G' PSCommand='%s'>",
+       {"<FeatureStaticGroup Name='G' AddPSCallbackRoutine='writeBytes'>",
         "<Feature FeatureType='MultiSelect' Name='A'/></FeatureStaticGroup>"},
        "@:4:1: error: feature \"A\" has no options; add an <Option> for each choice [DF104]\n"
        "    log: CreateFeature() - No options for MultiSelect feature\n"
@@ -92,16 +93,42 @@ const std::vector<CheckRow>& structureRows() {
       {"text that nobody reads, beside other faults; comments and blanks are none",
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>a<!-- b -->",
         "<Option Name='x' Zzz=''><![CDATA[text that goes on and on]]></Option></Feature>"},
-       "@:3:1: error: the text \"a\" inside feature \"A\" is not read; remove it, or put it "
+       "@:3:62: error: the text \"a\" inside feature \"A\" is not read; remove it, or put it "
        "into a comment [DF111]\n"
-       "@:4:1: error: the text \"text that goes on an...\" inside option \"x\" of feature "
-       "\"A\" is not read; remove it, or put it into a comment [DF111]\n"
        "@:4:18: error: there is no attribute \"Zzz\" of option \"x\" of feature \"A\"; remove it "
-       "[DF203]\n"},
+       "[DF203]\n"
+       "@:4:34: error: the text \"text that goes on an...\" inside option \"x\" of feature "
+       "\"A\" is not read; remove it, or put it into a comment [DF111]\n"},
+      {"text on a line of its own, far from the start tag; each is reported where it is",
+       {"<Feature FeatureType='IntEntry'", "Name='A'>", "", "  stray", "</Feature> and more"},
+       "@:6:3: error: the text \"stray\" inside feature \"A\" is not read; remove it, or put it "
+       "into a comment [DF111]\n"
+       "@:7:12: error: the text \"and more\" inside element <FeatureDescription> is not read; "
+       "remove it, or put it into a comment [DF111]\n"},
+      {"byte escapes that an inner element asks for",
+       {"<Feature FeatureType='IntEntry' Name='A' ByteEscapes='yes'/>"},
+       "@:3:42: error: attribute \"ByteEscapes\" of feature \"A\" (IntEntry) is not read by every "
+       "host; move it to <FeatureDescription> [DF204]\n"},
+      {"options of another name, as many as there are",
+       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>",
+        "<Choice Name='x'/><Choice Name='y'/>", "<Choise Name='z'/><Choice Name='w'/></Feature>"},
+       "@:4:1: warning: element <Choice> is read as an option of feature \"A\", as are 2 more of "
+       "that name; name it <Option>, or move it out of the feature [DF106]\n"
+       "@:5:1: warning: element <Choise> is read as an option of feature \"A\"; name it <Option>, "
+       "or move it out of the feature [DF106]\n"},
+      {"characters that cannot be seen, in names",
+       {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='A&#xA0;4'>",
+        "<Option Name='A 4'/></Feature>"},
+       "@:3:45: error: \"AU+00A04\" is not an option of feature \"A\"; its first option \"A 4\" is "
+       "taken; choose one of A 4 [DF302]\n"
+       "    log: CreateFeature() - Cannot find default option \"A\xC2\xA0"
+       "4\" for feature \"A\", "
+       "using 0.\n"},
       {"attributes that are required, missing in the order of the load",
        {"<BaseFeatureInfo/>", "<Feature/>",
         "<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x'>", "<Option/></Feature>",
-        "<FeatureStaticGroup PSCommand='%s'><Feature FeatureType='UIOnly' Name='B'/>"
+        "<FeatureStaticGroup AddPSCallbackRoutine='writeBytes'><Feature FeatureType='UIOnly' "
+        "Name='B'/>"
         "</FeatureStaticGroup>",
         "<FeatureDynamicGroup SortFunctionName='testUpdate'><FeatureStaticGroup Name='T'>"
         "<Feature FeatureType='UIOnly' Name='C'/></FeatureStaticGroup></FeatureDynamicGroup>"},
@@ -126,7 +153,8 @@ const std::vector<CheckRow>& structureRows() {
        "    log: FeatureXMLTagHandler() - No Default Callback Handler element\n"},
       {"feature type misspelt in a nested group",
        {"<FeatureStaticGroup Name='G' PSCommand='%s'><FeatureStaticGroup Name='H' PSCommand='%s'>",
-        "<Feature Name='A' FeatureType='Multiselect'/></FeatureStaticGroup></FeatureStaticGroup>"},
+        "<Feature Name='A' FeatureType='Multiselect' PSCommand='%s'/></FeatureStaticGroup>"
+        "</FeatureStaticGroup>"},
        "@:4:19: error: \"Multiselect\" is not a feature type; did you mean \"MultiSelect\"? "
        "[DF202]\n"
        "    log: CreateFeature() - Invalid feature type \"Multiselect\" for feature \"A\".\n"
@@ -149,7 +177,8 @@ const std::vector<CheckRow>& structureRows() {
        {"<Feature FeatureType='FloatEntry' Name='A' IntMinValue='1' Encrypted='true'/>",
         "<Feature FeatureType='UIOnly' Name='B' DefaultValue='1'/>",
         "<FeatureStaticGroup Name='G' PSCommand='%s' SortFunctionName='testUpdate'>"
-        "<Feature FeatureType='UIOnly' Name='C'/></FeatureStaticGroup>"},
+        "<Feature FeatureType='UIOnly' Name='C' AddPSCallbackRoutine='writeBytes'/>"
+        "</FeatureStaticGroup>"},
        "@:3:44: error: attribute \"IntMinValue\" has no effect on feature \"A\" (FloatEntry); "
        "remove it; it belongs to IntEntry features [DF204]\n"
        "@:3:60: error: attribute \"Encrypted\" has no effect on feature \"A\" (FloatEntry); remove "
