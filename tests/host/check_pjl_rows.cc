@@ -42,6 +42,13 @@ const std::vector<CheckRow>& pjlRows() {
        "@:5:74: error: PJLCommand of option \"y\" of feature \"B\" has a quotation mark without "
        "its "
        "partner; close the string with &quot; [DF513]\n"},
+      {"line of an option that its group finishes",
+       {"<FeatureStaticGroup Name='G' PJLCommand='%s&quot;&#10;'>",
+        "<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x' "
+        "PJLCommand='@PJL SET A=&quot;%s'>",
+        "<Option Name='x' PJLCommand='X'/><Option Name='y' PJLCommand='Y'/></Feature>",
+        "</FeatureStaticGroup>"},
+       ""},
       {"lines that are meant as PJL and do not begin with @PJL",
        {"<Feature FeatureType='IntEntry' Name='A' PJLCommand='@PLJ SET A=%d&#10;'/>",
         "<Feature FeatureType='IntEntry' Name='B' PJLCommand='@pjl SET B=%d&#10;'/>",

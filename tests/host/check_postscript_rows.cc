@@ -46,7 +46,7 @@ const std::vector<CheckRow>& postScriptRows() {
         "<Feature FeatureType='IntEntry' Name='B' PSCommand='%d] '/></FeatureStaticGroup>",
         "<Feature FeatureType='IntEntry' Name='C' PSCommand='[ /A %d /ANN pdfmark mark (a(b)\\)) "
         "&lt;0> &lt;~&lt;&lt;(~> &lt;&lt;/A&lt;&lt;/B[]>>>> ] pop [{ } stopped "
-        "cleartomark&#10;'/>"},
+        "cleartomark [ { cleartomark } ]&#10;'/>"},
        ""},
       {"option that differs from the others; the first is enough",
        {"<Feature FeatureType='MultiSelect' Name='A' DefaultValue='x' "
@@ -85,6 +85,11 @@ const std::vector<CheckRow>& postScriptRows() {
         "<Feature FeatureType='IntEntry' Name='D' PSCommand='%%%%BeginData: %d&#10;&lt;&lt; ('/>",
         "<Feature FeatureType='IntEntry' Name='E' PSCommand='] ) %d def&#10;'/>"},
        ""},
+      {"data end with their command",
+       {"<Feature FeatureType='IntEntry' Name='A' PSCommand='%d currentfile pop ((&#10;'/>",
+        "<Feature FeatureType='IntEntry' Name='B' PSCommand='/B [ %d&#10;'/>"},
+       "@:4:56: warning: \"[\" in PSCommand of feature \"B\" is not closed; close it with \"]\" "
+       "[DF510]\n"},
       {"brackets in a procedure",
        {"<Feature FeatureType='IntEntry' Name='A' PSCommand='/A { &lt;&lt; %d } def&#10;'/>",
         "<Feature FeatureType='IntEntry' Name='B' PSCommand='/B { %d ] } def&#10;'/>",
