@@ -9,7 +9,6 @@
 #include <dlfcn.h>
 #include <libxml/SAX2.h>
 #include <libxml/parser.h>
-#include <libxml/relaxng.h>
 #include <libxml/tree.h>
 #include <libxml/xmlerror.h>
 
@@ -179,57 +178,6 @@ xmlNode* xmlNewDocNode(xmlDoc* document, xmlNs* space, const xmlChar* name,
 xmlAttr* xmlNewProp(xmlNode* node, const xmlChar* name, const xmlChar* value) {
   static const auto call = loaded<decltype(xmlNewProp)>("xmlNewProp");
   return call(node, name, value);
-}
-
-// Schemas.
-
-void xmlRelaxNGFree(xmlRelaxNG* schema) {
-  static const auto call = loaded<decltype(xmlRelaxNGFree)>("xmlRelaxNGFree");
-  call(schema);
-}
-
-void xmlRelaxNGFreeParserCtxt(xmlRelaxNGParserCtxt* parser) {
-  static const auto call = loaded<decltype(xmlRelaxNGFreeParserCtxt)>("xmlRelaxNGFreeParserCtxt");
-  call(parser);
-}
-
-void xmlRelaxNGFreeValidCtxt(xmlRelaxNGValidCtxt* validator) {
-  static const auto call = loaded<decltype(xmlRelaxNGFreeValidCtxt)>("xmlRelaxNGFreeValidCtxt");
-  call(validator);
-}
-
-xmlRelaxNGParserCtxt* xmlRelaxNGNewMemParserCtxt(const char* text, int size) {
-  static const auto call =
-      loaded<decltype(xmlRelaxNGNewMemParserCtxt)>("xmlRelaxNGNewMemParserCtxt");
-  return call(text, size);
-}
-
-xmlRelaxNGValidCtxt* xmlRelaxNGNewValidCtxt(xmlRelaxNG* schema) {
-  static const auto call = loaded<decltype(xmlRelaxNGNewValidCtxt)>("xmlRelaxNGNewValidCtxt");
-  return call(schema);
-}
-
-xmlRelaxNG* xmlRelaxNGParse(xmlRelaxNGParserCtxt* parser) {
-  static const auto call = loaded<decltype(xmlRelaxNGParse)>("xmlRelaxNGParse");
-  return call(parser);
-}
-
-void xmlRelaxNGSetParserErrors(xmlRelaxNGParserCtxt* parser, xmlRelaxNGValidityErrorFunc onError,
-                               xmlRelaxNGValidityWarningFunc onWarning, void* context) {
-  static const auto call = loaded<decltype(xmlRelaxNGSetParserErrors)>("xmlRelaxNGSetParserErrors");
-  call(parser, onError, onWarning, context);
-}
-
-void xmlRelaxNGSetValidStructuredErrors(xmlRelaxNGValidCtxt* validator,
-                                        xmlStructuredErrorFunc onError, void* context) {
-  static const auto call =
-      loaded<decltype(xmlRelaxNGSetValidStructuredErrors)>("xmlRelaxNGSetValidStructuredErrors");
-  call(validator, onError, context);
-}
-
-int xmlRelaxNGValidateDoc(xmlRelaxNGValidCtxt* validator, xmlDoc* document) {
-  static const auto call = loaded<decltype(xmlRelaxNGValidateDoc)>("xmlRelaxNGValidateDoc");
-  return call(validator, document);
 }
 
 }  // extern "C"
