@@ -259,13 +259,23 @@ constexpr CodeRow kCodes[] = {
      "The rules found a reason to refuse the description, but the library loaded it."},
     {Code::kOtherReason, kError, "DF903",
      "The library refused the description for a different reason than the rules give."},
+
+    // Comments that allow a code.
+    {Code::kUselessAllowance, kWarning, "DF911",
+     "A comment allows a code that is not reported for the next element. The fault may have been "
+     "mended, or the comment is in the wrong place."},
+    {Code::kAllowanceWithoutReason, kWarning, "DF912",
+     "A comment allows a code without a reason. It is followed all the same."},
+    {Code::kUnreadAllowance, kWarning, "DF913",
+     "A comment begins as one that allows a code, but what follows is not understood, so that it "
+     "allows nothing."},
 };
 
 consteval bool isComplete() {
   for (std::size_t i = 0; i < std::size(kCodes); ++i) {
     if (static_cast<std::size_t>(kCodes[i].code) != i) return false;
   }
-  return std::size(kCodes) == static_cast<std::size_t>(Code::kOtherReason) + 1;
+  return std::size(kCodes) == static_cast<std::size_t>(Code::kUnreadAllowance) + 1;
 }
 static_assert(isComplete());
 

@@ -2,6 +2,8 @@
 #ifndef HOST_CHECK_FINDINGS_H_
 #define HOST_CHECK_FINDINGS_H_
 
+#include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -98,6 +100,9 @@ enum class Code : unsigned char {
   kLoadRefused,
   kLoadAccepted,
   kOtherReason,
+  kUselessAllowance,
+  kAllowanceWithoutReason,
+  kUnreadAllowance,
 };
 
 struct CodeRow {
@@ -113,13 +118,23 @@ const CodeRow& rowOf(Code code);
 // Null when no code has that name. Case does not matter.
 const CodeRow* findCode(const std::string& name);
 
+// A change of the file's text, in bytes of the text as UTF-8.
+struct TextEdit {
+  std::size_t offset = 0;
+  std::size_t length = 0;  // Of what is replaced.
+  std::string text;
+
+  bool operator==(const TextEdit&) const = default;
+};
+
 struct Finding {
   Code code = Code::kUnreadable;
   host::Position position;
   std::string sentence;
   std::string remedy;
-  std::vector<std::string> log;  // The lines that the library logs for it, in their order.
-  bool refused = false;          // Whether the library ends the load there.
+  std::vector<std::string> log;      // The lines that the library logs for it, in their order.
+  bool refused = false;              // Whether the library ends the load there.
+  std::optional<TextEdit> fix = {};  // What surely mends it; nothing when that is not sure.
 };
 
 // A finding of the library's own: the load ends there with these lines.
