@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 
 #include "host/base/text.h"
 
@@ -38,6 +39,13 @@ std::size_t distance(const std::string& from, const std::string& to) {
   return rows[from.size() % 3][to.size()];
 }
 
+std::string digitsOf(const std::string& text) {
+  std::string digits;
+  std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
+               [](char character) { return character >= '0' && character <= '9'; });
+  return digits;
+}
+
 }  // namespace
 
 std::optional<std::string> nearestName(const std::string& wanted,
@@ -55,6 +63,21 @@ std::optional<std::string> nearestName(const std::string& wanted,
     nearest = name;
   }
   return nearest;
+}
+
+std::optional<std::string> surelyMeant(const std::string& wanted,
+                                       const std::vector<std::string>& names) {
+  constexpr std::size_t kShortest = 4;
+  if (wanted.size() < kShortest) return std::nullopt;
+  std::optional<std::string> meant;
+  for (const std::string& name : names) {
+    const std::size_t lengths =
+        std::max(name.size(), wanted.size()) - std::min(name.size(), wanted.size());
+    if (lengths > 1 || name == meant || distance(wanted, name) > kChange) continue;
+    if (meant || digitsOf(name) != digitsOf(wanted)) return std::nullopt;
+    meant = name;
+  }
+  return meant;
 }
 
 }  // namespace driver_feature::host

@@ -16,6 +16,12 @@ namespace driver_feature::host {
 std::optional<std::string> nearestName(const std::string& wanted,
                                        const std::vector<std::string>& names);
 
+// The name that was surely meant: the only one that is one change away, when
+// that change leaves all digits as they are and the wanted name has at least
+// four characters. Short names and numbers are too easily another one's.
+std::optional<std::string> surelyMeant(const std::string& wanted,
+                                       const std::vector<std::string>& names);
+
 }  // namespace driver_feature::host
 
 #endif  // HOST_BASE_NEAREST_NAME_H_

@@ -49,6 +49,20 @@ TEST(NearestNameTest, NearestName_OnlyCaseDiffers_BeatsAnotherLetter) {
   EXPECT_EQ(nearestName("trayA", {"trayB", "TrayA"}), "TrayA");
 }
 
+TEST(NearestNameTest, SurelyMeant_OneChangeFromOneName_IsThatName) {
+  EXPECT_EQ(surelyMeant("IntMinValu", {"IntMinValue", "IntMaxValue"}), "IntMinValue");
+  EXPECT_EQ(surelyMeant("defaultvalue", {"DefaultValue"}), "DefaultValue");
+  EXPECT_EQ(surelyMeant("Naem", {"Name", "Name"}), "Name");
+}
+
+TEST(NearestNameTest, SurelyMeant_AnythingElse_IsNotSure) {
+  EXPECT_EQ(surelyMeant("TrayA", {"TrayB", "TrayC"}), std::nullopt);  // Two.
+  EXPECT_EQ(surelyMeant("Tray0", {"Tray1"}), std::nullopt);           // A number.
+  EXPECT_EQ(surelyMeant("Off", {"Of"}), std::nullopt);                // Too short.
+  EXPECT_EQ(surelyMeant("IntMnVale", {"IntMinValue"}), std::nullopt);
+  EXPECT_EQ(surelyMeant("Copies", {}), std::nullopt);
+}
+
 TEST(NearestNameTest, NearestName_NoNames_ReturnsNothing) {
   EXPECT_EQ(nearestName("Copies", {}), std::nullopt);
 }

@@ -188,4 +188,11 @@ std::string join(const std::vector<std::string>& texts, const std::string& separ
   return joined;
 }
 
+std::string listed(const std::vector<std::string>& names) {
+  constexpr std::size_t kShown = 10;
+  if (names.size() <= kShown) return join(names, ", ");
+  return join({names.begin(), names.begin() + kShown}, ", ") + " and " +
+         std::to_string(names.size() - kShown) + " more";
+}
+
 }  // namespace driver_feature::host

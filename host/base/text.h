@@ -41,6 +41,10 @@ char toLower(char character);
 // The texts with `separator` between each two.
 std::string join(const std::vector<std::string>& texts, const std::string& separator);
 
+// "A4, A3, A5": what there is to choose from, for messages. Of more than ten
+// names the first ten, and how many more there are.
+std::string listed(const std::vector<std::string>& names);
+
 }  // namespace driver_feature::host
 
 #endif  // HOST_BASE_TEXT_H_

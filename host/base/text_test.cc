@@ -70,6 +70,14 @@ TEST(TextTest, Join_NoneOneAndMore_PutsSeparatorBetween) {
   EXPECT_EQ(join({"A4", "", "A4"}, ", "), "A4, , A4");
 }
 
+TEST(TextTest, Listed_UpToTenNames_AreAllThereAndMoreAreCounted) {
+  std::vector<std::string> names = {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"};
+  EXPECT_EQ(listed(names), "a, b, c, d, e, f, g, h, i, j");
+  names.insert(names.end(), {"k", "l"});
+  EXPECT_EQ(listed(names), "a, b, c, d, e, f, g, h, i, j and 2 more");
+  EXPECT_EQ(listed({}), "");
+}
+
 TEST(TextTest, EscapedByte_AnyByte_HasTwoSmallDigits) {
   EXPECT_EQ(escapedByte('\0'), "\\x00");
   EXPECT_EQ(escapedByte('\xAF'), "\\xaf");

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "host/description/start_tags.h"
+#include "host/description/xml_fault.h"
 #include "host/description/xml_element.h"
 
 namespace driver_feature::host {
@@ -22,9 +23,18 @@ Failure unreadable(const std::string& path, const std::string& reason) {
                          "give the path of a readable feature description", "", path});
 }
 
-Result<std::string> readBytes(const std::string& path) {
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rbe"),
-                                                             &std::fclose);
+// Standard input stays open.
+using File = std::unique_ptr<std::FILE, void (*)(std::FILE*)>;
+
+File openFile(const std::string& path) {
+  if (path == kStandardInput) return {stdin, [](std::FILE*) {}};
+  return {std::fopen(path.c_str(), "rbe"), [](std::FILE* file) { std::fclose(file); }};
+}
+
+}  // namespace
+
+Result<std::string> Document::readText(const std::string& path) {
+  const File file = openFile(path);
   if (!file) return unreadable(path, std::string("cannot be opened: ") + std::strerror(errno));
   struct stat status {};
   if (fstat(fileno(file.get()), &status) == 0 && S_ISDIR(status.st_mode)) {
@@ -40,12 +50,14 @@ Result<std::string> readBytes(const std::string& path) {
   return unreadable(path, std::string("cannot be read: ") + std::strerror(errno));
 }
 
-}  // namespace
-
 Result<Document> Document::read(const std::string& path) {
-  Result<std::string> text = readBytes(path);
+  Result<std::string> text = readText(path);
   if (!text) return failureOf(text);
-  Document document(path, std::move(*text));
+  return ofText(path, std::move(*text));
+}
+
+Result<Document> Document::ofText(const std::string& path, std::string text) {
+  Document document(path, std::move(text));
   if (Result<> parsed = document.parse(); !parsed) return failureOf(parsed);
   return document;
 }
@@ -54,12 +66,10 @@ Result<> Document::parse() {
   XMLProblem problem;
   document_ = XMLDocument::parseText(text_, path_, problem);
   if (!document_) {
-    return Failure(Problem{Problem::Kind::kMalformed,
-                           problem.text,
-                           "correct the XML there",
-                           "",
-                           path_,
-                           {problem.line, problem.column}});
+    XmlFault fault = xmlFault(problem.text, {problem.line, problem.column},
+                              decodeText(text_, declaredEncoding(text_)));
+    return Failure(Problem{Problem::Kind::kMalformed, std::move(fault.text),
+                           std::move(fault.remedy), "", path_, fault.position});
   }
   if (findDescriptions()) return {};
   const auto tags = findStartTags(decodeText(text_, declaredEncoding(text_)));

@@ -11,12 +11,22 @@
 
 namespace driver_feature::host {
 
+// The path that means standard input.
+inline constexpr const char* kStandardInput = "-";
+
 class Document {
  public:
-  // Reads the file, whatever kind of file it is, and finds its feature
-  // description: the root element, or the first child of the root that is named
-  // FeatureDescription. Problems: kUnreadable; kMalformed at the place in the
-  // XML; kNoDescription at the root.
+  // Reads the file, whatever kind of file it is; "-" is standard input. Problem:
+  // kUnreadable.
+  static Result<std::string> readText(const std::string& path);
+
+  // Finds the feature description in a text that has been read from `path`: the
+  // root element, or the first child of the root that is named
+  // FeatureDescription. Problems: kMalformed at the place in the XML;
+  // kNoDescription at the root.
+  static Result<Document> ofText(const std::string& path, std::string text);
+
+  // Both.
   static Result<Document> read(const std::string& path);
 
   const std::string& path() const { return path_; }

@@ -68,7 +68,8 @@ TEST_F(DocumentTest, Read_NotXml_IsMalformedAtItsPlace) {
   ASSERT_FALSE(document);
   EXPECT_EQ(document.error().kind, Problem::Kind::kMalformed);
   EXPECT_EQ(document.error().position.line, 2);
-  EXPECT_EQ(document.error().remedy, "correct the XML there");
+  EXPECT_EQ(document.error().text, "</B> ends an element while <A> of line 1 is still open");
+  EXPECT_EQ(document.error().remedy, "write </A> before it, or correct one of the names");
 }
 
 TEST_F(DocumentTest, Read_WhatIsNoReadableFile_IsUnreadable) {

@@ -115,6 +115,9 @@ class TagReader {
     return std::move(tags_);
   }
 
+  // Those of the part that was read.
+  std::vector<XmlComment> takeComments() { return std::move(comments_); }
+
  private:
   // Notes the text up to `end`, unless it is blanks alone.
   void takeText(std::string_view end) {
@@ -131,14 +134,15 @@ class TagReader {
   bool takeMarkup() {
     if (scanner_.startsWith("</")) {
       scanner_.skipPast(">");
-      if (!open_.empty()) open_.pop_back();
+      if (open_.empty()) return true;
+      end(open_.back());
+      open_.pop_back();
     } else if (scanner_.startsWith("<![CDATA[")) {
       scanner_.skipPast("[CDATA[");
       takeText("]]>");
       scanner_.skipPast("]]>");
     } else if (scanner_.startsWith("<!--")) {
-      scanner_.take(4);
-      scanner_.skipPast("-->");
+      takeComment();
     } else if (scanner_.startsWith("<?")) {
       scanner_.skipPast("?>");
     } else if (scanner_.startsWith("<!")) {
@@ -147,6 +151,13 @@ class TagReader {
       return false;
     }
     return true;
+  }
+
+  void takeComment() {
+    const Position position = scanner_.position();
+    scanner_.take(4);
+    comments_.push_back({position, std::string(scanner_.takeUntil("-->")), {}, {}});
+    scanner_.take(3);
   }
 
   void takeStartTag() {
@@ -161,9 +172,14 @@ class TagReader {
     }
     const bool hasDefault = hasDefaultNamespace(tag);
     tag.isInNamespace = hasDefault || tag.name.find(':') != std::string::npos;
+    const OpenElement element{tags_.size(), hasDefault, commentsWithElement_, comments_.size()};
+    for (std::size_t i = element.firstComment; i < element.commentsEnd; ++i) {
+      comments_[i].element = tag.position;
+    }
+    commentsWithElement_ = element.commentsEnd;
     const bool isEmpty = scanner_.startsWith("/");
     scanner_.skipPast(">");
-    if (!isEmpty) open_.push_back({tags_.size(), hasDefault});
+    isEmpty ? end(element) : open_.push_back(element);
     tags_.push_back(std::move(tag));
   }
 
@@ -174,15 +190,26 @@ class TagReader {
     return !open_.empty() && open_.back().hasDefaultNamespace;
   }
 
-  // An element whose end tag has not been read.
+  // An element whose end tag has not been read, and the comments in front of it.
   struct OpenElement {
     std::size_t tag = 0;
     bool hasDefaultNamespace = false;
+    std::size_t firstComment = 0;
+    std::size_t commentsEnd = 0;
   };
+
+  // The element ends here.
+  void end(const OpenElement& element) {
+    for (std::size_t i = element.firstComment; i < element.commentsEnd; ++i) {
+      comments_[i].elementEnd = scanner_.position();
+    }
+  }
 
   Scanner scanner_;
   std::vector<StartTag> tags_;
   std::vector<OpenElement> open_;
+  std::vector<XmlComment> comments_;
+  std::size_t commentsWithElement_ = 0;
 };
 
 std::string convertToUtf8(const std::string& bytes, const char* encoding) {
@@ -211,6 +238,12 @@ std::string convertToUtf8(const std::string& bytes, const char* encoding) {
 
 std::vector<StartTag> findStartTags(std::string_view utf8) {
   return TagReader(utf8).read();
+}
+
+std::vector<XmlComment> findComments(std::string_view utf8) {
+  TagReader reader(utf8);
+  reader.read();
+  return reader.takeComments();
 }
 
 std::string decodeText(const std::string& bytes, const std::string& encoding) {

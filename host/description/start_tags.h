@@ -36,6 +36,17 @@ struct StartTag {
 // failure.
 std::vector<StartTag> findStartTags(std::string_view utf8);
 
+// A comment, and the element that follows it.
+struct XmlComment {
+  Position position;    // Of the "<".
+  std::string text;     // Between "<!--" and "-->".
+  Position element;     // Where the next element begins; line 0 without one.
+  Position elementEnd;  // Just after its end tag.
+};
+
+// The comments outside of the document type, with the same reservations.
+std::vector<XmlComment> findComments(std::string_view utf8);
+
 // `bytes` as UTF-8 without a byte order mark. `encoding` is the name that the
 // document's declaration gives, or empty. A text that does not convert comes
 // back as it is.

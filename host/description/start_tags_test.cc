@@ -60,5 +60,35 @@ TEST(StartTags, FindStartTags_NotWellFormed_GivesFewerTags) {
   EXPECT_EQ(textsOf("x</A>y<A>z"), std::vector<std::string>{"1:10 z"});
 }
 
+TEST(StartTags, FindComments_EachComment_HasTheElementAfterIt) {
+  const auto comments = findComments(
+      "<?xml version='1.0'?><!DOCTYPE a [<!-- no -->]>\n"
+      "<!-- one --><a>\n"
+      "  <!-- two --> <!-- three -->\n"
+      "  <b x='<!-- no -->'><c/></b><d/>\n"
+      "  <![CDATA[<!-- no -->]]> <!-- four --><e\n/>\n"
+      "</a><!-- five -->\n");
+  ASSERT_EQ(comments.size(), 5U);
+  EXPECT_EQ(comments[0].text, " one ");
+  EXPECT_EQ(comments[0].position, (Position{2, 1}));
+  EXPECT_EQ(comments[0].element, (Position{2, 13}));
+  EXPECT_EQ(comments[0].elementEnd, (Position{7, 5}));
+  for (const std::size_t i : {1U, 2U}) {
+    EXPECT_EQ(comments[i].element, (Position{4, 3})) << i;
+    EXPECT_EQ(comments[i].elementEnd, (Position{4, 30})) << i;
+  }
+  EXPECT_EQ(comments[2].position, (Position{3, 16}));
+  EXPECT_EQ(comments[3].element, (Position{5, 40}));
+  EXPECT_EQ(comments[3].elementEnd, (Position{6, 3}));
+  EXPECT_EQ(comments[4].text, " five ");
+  EXPECT_EQ(comments[4].element.line, 0);
+}
+
+TEST(StartTags, FindComments_CommentWithoutAnEnd_TakesTheRest) {
+  const auto comments = findComments("<a><!-- x");
+  ASSERT_EQ(comments.size(), 1U);
+  EXPECT_EQ(comments[0].text, " x");
+}
+
 }  // namespace
 }  // namespace driver_feature::host

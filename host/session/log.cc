@@ -96,6 +96,7 @@ void LogPrinter::handle(int level, const char* /*category*/, const char* text, s
 }
 
 void LogPrinter::take(int level, std::string_view text) {
+  if (watcher_) watcher_(level, text);
   // An error ends the load, and the lines before it may explain it.
   if (level <= 1) {
     reportHeld();

@@ -56,6 +56,11 @@ class LogPrinter {
   // Where lines are reported from now on.
   void setReport(LineSink report) { report_ = std::move(report); }
 
+  // From now on every line is passed on here, too, whether it is reported or
+  // not. An empty one ends that.
+  using Watcher = std::function<void(int level, std::string_view text)>;
+  void watch(Watcher watcher) { watcher_ = std::move(watcher); }
+
   // Sends log lines to the current printer, or to the platform's own handler
   // when there is none.
   static void takeOver();
@@ -71,6 +76,7 @@ class LogPrinter {
 
   LogDetail detail_;
   LineSink report_;
+  Watcher watcher_;
   bool holding_ = false;
   std::string lastError_;
   std::vector<std::string> held_;

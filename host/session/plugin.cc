@@ -7,6 +7,8 @@
 
 #include "model/core_feature_set.h"
 
+#include "host/session/routine_look_up.h"
+
 namespace driver_feature::host {
 
 namespace {
@@ -105,7 +107,7 @@ Result<> Plugin::bind() {
 }
 
 Result<> loadRoutines(const std::string& path) {
-  if (::dlopen(asPath(path).c_str(), RTLD_NOW | RTLD_GLOBAL) != nullptr) return {};
+  if (openRoutines(asPath(path)) != nullptr) return {};
   return notLoaded("the library of routines cannot be loaded: " + loaderError() +
                    "; check the path given with --callbacks");
 }

@@ -6,6 +6,7 @@
 #include "host/session/host_routines.h"
 #include "host/session/load_watch.h"
 #include "host/session/missing_routine.h"
+#include "host/session/routine_calls.h"
 
 namespace driver_feature::host {
 
@@ -61,9 +62,17 @@ Result<> Session::load(const SessionRequest& request) {
     if (Result<> loaded = loadRoutines(routines); !loaded) return loaded;
   }
   plugin_->setUpdateCallback(&DriverFeatureHostUpdate);
+  if (Problems wrong = noteRoutines(); !wrong.empty()) return failureOfAll(std::move(wrong));
   if (buildFeatures(request)) return {};
-  return fail(Problem::Kind::kNotLoaded,
-              request.description + ": the description could not be loaded");
+  const std::string thrown = describeThrow(routineRecord());
+  return fail(Problem::Kind::kNotLoaded, request.description +
+                                             ": the description could not be loaded" +
+                                             (thrown.empty() ? "" : ": " + thrown));
+}
+
+Problems Session::noteRoutines() const {
+  const LogSilence silence;  // The library will read the same attributes.
+  return noteRoutineCalls(document_.description(), document_.path());
 }
 
 bool Session::buildFeatures(const SessionRequest& request) {

@@ -73,6 +73,7 @@ class Session {
       : log_(request.detail, request.report), document_(std::move(document)) {}
   Result<> load(const SessionRequest& request);
   void takeLoadedSettings(const SessionRequest& request) const;
+  Problems noteRoutines() const;
   bool buildFeatures(const SessionRequest& request);
   std::string remedy(const SessionRequest& request) const;
 

@@ -6,4 +6,9 @@
 // loaded globally; null if none has that name.
 extern "C" void* FetchSymbol(const char* name);
 
+// For host programs and tests of the development edition only: from now on
+// FetchSymbol() returns what `handler` makes of each name and the address that
+// was found, which is not null. A null handler restores the address itself.
+void SetSymbolHandler(void* (*handler)(const char* name, void* address));
+
 #endif  // PLATFORM_COMMON_API_SYMBOLS_H_

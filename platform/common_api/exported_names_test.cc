@@ -40,6 +40,7 @@ TEST(CommonApiExportsTest, Operations_AreDynamicSymbolsOfTheLibrary) {
                                         "_ZNK13UnicodeString4utf8B5cxx11Ev",
                                         "ParseAttributeList_LowLevel",
                                         "FetchSymbol",
+                                        "_Z16SetSymbolHandlerPFPvPKcS_E",
                                         "itoa",
                                         "pParserInstance"}),
               IsEmpty());

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "Text.h"
 
 // Routines of this program, which is the host process here. The test program
@@ -30,6 +32,25 @@ TEST(FetchSymbolTest, Fetch_RoutineOfALibrary_ReturnsItsAddress) {
 TEST(FetchSymbolTest, Fetch_UnknownName_ReturnsNull) {
   EXPECT_EQ(FetchSymbol("PlatformTestRoutin"), nullptr);
   EXPECT_EQ(FetchSymbol("platformtestroutine"), nullptr);
+}
+
+TEST(FetchSymbolTest, Fetch_Handler_MakesTheResultOfWhatIsFoundUntilItIsTakenBack) {
+  static std::string asked;
+  static void* found = nullptr;
+  static int replacement = 0;
+  asked.clear();
+  SetSymbolHandler([](const char* name, void* address) -> void* {
+    asked += std::string(name) + ";";
+    found = address;
+    return &replacement;
+  });
+  EXPECT_EQ(FetchSymbol("PlatformTestRoutine"), &replacement);
+  EXPECT_EQ(found, reinterpret_cast<void*>(&PlatformTestRoutine));
+  EXPECT_EQ(FetchSymbol("PlatformTestRoutin"), nullptr);
+  EXPECT_EQ(FetchSymbol(nullptr), nullptr);
+  EXPECT_EQ(asked, "PlatformTestRoutine;");
+  SetSymbolHandler(nullptr);
+  EXPECT_EQ(FetchSymbol("PlatformTestRoutine"), reinterpret_cast<void*>(&PlatformTestRoutine));
 }
 
 TEST(FetchSymbolTest, Fetch_NoName_ReturnsNull) {

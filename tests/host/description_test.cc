@@ -35,20 +35,23 @@ TEST_F(DescriptionTest, Show_NotXml_NamesLineAndColumn) {
   write("office.xml", "Name=Office\n");
   EXPECT_EQ(show("office.xml"),
             failure(2,
-                    "driver-feature: office.xml:1:1: error: Start tag expected, '<' not found; "
-                    "correct the XML there\n"));
+                    "driver-feature: office.xml:1:1: error: there is no element; give a file that "
+                    "is XML\n"));
   write("cut.xml", "<FeatureDescription>\n  <Feature>\n  </Featur>\n</FeatureDescription>\n");
-  EXPECT_EQ(show("cut.xml"),
-            failure(2,
-                    "driver-feature: cut.xml:3:12: error: Opening and ending tag mismatch: "
-                    "Feature line 2 and Featur; correct the XML there\n"));
+  EXPECT_EQ(
+      show("cut.xml"),
+      failure(2,
+              "driver-feature: cut.xml:3:12: error: </Featur> ends an element while <Feature> of "
+              "line 2 is still open; write </Feature> before it, or correct one of the "
+              "names\n"));
 }
 
 TEST_F(DescriptionTest, Show_EmptyFile_NamesLineAndColumn) {
   write("office.xml", "");
-  EXPECT_EQ(show("office.xml"), failure(2,
-                                        "driver-feature: office.xml:1:1: error: is empty; correct "
-                                        "the XML there\n"));
+  EXPECT_EQ(show("office.xml"),
+            failure(2,
+                    "driver-feature: office.xml:1:1: error: the file is empty; give "
+                    "a file that is XML\n"));
 }
 
 TEST_F(DescriptionTest, Show_ElementIsMissing_NamesTheRootsLine) {
@@ -213,7 +216,10 @@ TEST_F(DescriptionTest, Callbacks_RoutineEndsTheProcess_SaysWhatWasLoaded) {
   describe("office.xml", {"<BaseFeatureInfo DefaultCallbackHandler='endProcess'/>",
                           "<Feature FeatureType='IntEntry' Name='A' Visibility='true'/>"});
   EXPECT_EQ(run({"show", "office.xml", "--callbacks", ROUTINES_LIBRARY}),
-            failure(7, "driver-feature: office.xml: the description could not be loaded\n"));
+            failure(1,
+                    "driver-feature: office.xml: the description could not be loaded\n"
+                    "driver-feature: the routine \"endProcess\" of the description ended the "
+                    "process with exit status 7; let it return\n"));
 }
 
 TEST_F(DescriptionTest, Callbacks_RoutineEndsTheProcessLater_LosesNoLogLine) {
@@ -221,9 +227,11 @@ TEST_F(DescriptionTest, Callbacks_RoutineEndsTheProcessLater_LosesNoLogLine) {
                           "<Feature FeatureType='IntEntry' Name='B'"
                           " AddCallbackRoutine='endProcess'/>"});
   EXPECT_EQ(run({"show", "office.xml", "--callbacks", ROUTINES_LIBRARY, "-o", "B=1"}),
-            failure(7,
+            failure(1,
                     "driver-feature: misuse: DriverFeature::setFeatureProperty(string):  Failed to "
-                    "load custom feature callback:  gone\n"));
+                    "load custom feature callback:  gone\n"
+                    "driver-feature: the routine \"endProcess\" of the description ended the "
+                    "process with exit status 7; let it return\n"));
 }
 
 }  // namespace
