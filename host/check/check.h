@@ -13,6 +13,10 @@ namespace driver_feature::check {
 // has loaded by now. Problem: no child process can be made for the load.
 host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin);
 
+// The same for a text that has been read from `path`.
+host::Result<FileReport> checkText(const std::string& path, std::string text,
+                                   const host::Plugin& plugin);
+
 }  // namespace driver_feature::check
 
 #endif  // HOST_CHECK_CHECK_H_

@@ -250,6 +250,12 @@ constexpr CodeRow kCodes[] = {
      "added."},
     {Code::kNeverSorted, kWarning, "DF806",
      "A dynamic group has no sort routine. Records keep the order in which they are added."},
+    {Code::kNotARoutine, kError, "DF807",
+     "The name of a routine is that of a variable, or of a function of a library that has no "
+     "routines for descriptions, such as printf. Calling it would crash."},
+    {Code::kFailingRoutine, kError, "DF808",
+     "The check has written the outputs with all defaults, and a routine has crashed, ended the "
+     "process, thrown an exception or not returned within ten seconds."},
 
     // The library's own result.
     {Code::kLoadRefused, kError, "DF901",

@@ -55,7 +55,7 @@ void checkDefaultOption(const host::Element& feature, Findings& findings) {
                       value->position,
                       "\"" + value->value + "\" is not an option of " + describeElement(feature) +
                           "; its first option \"" + names.front() + "\" is taken",
-                      didYouMean(value->value, names, "choose one of " + host::join(names, ", ")),
+                      didYouMean(value->value, names, "choose one of " + host::listed(names)),
                       {"CreateFeature() - Cannot find default option \"" + value->value +
                        "\" for feature \"" + feature.name() + "\", using 0."}});
 }

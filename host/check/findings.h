@@ -97,6 +97,8 @@ enum class Code : unsigned char {
   kNoOutputRoutine,
   kNoSortRoutine,
   kNeverSorted,
+  kNotARoutine,
+  kFailingRoutine,
   kLoadRefused,
   kLoadAccepted,
   kOtherReason,

@@ -81,7 +81,7 @@ class LoadWalk {
       findings_.push_back(
           refusal(Code::kNoUpdateRoutine, element.positionOf(kUpdate),
                   "there is no routine \"" + element.text(kUpdate) + "\" for the update callback",
-                  "correct the name or give the library that has the routine with --callbacks",
+                  missingRoutineRemedy(element.text(kUpdate)),
                   {"FeatureXMLTagHandler() - Null Default Callback Handler pointer"}));
     }
     if (element.find(kLoad) == nullptr || FetchSymbol(element.text(kLoad).c_str()) != nullptr) {
@@ -91,7 +91,7 @@ class LoadWalk {
         {Code::kNoLoadRoutine,
          element.positionOf(kLoad),
          "there is no routine \"" + element.text(kLoad) + "\" that loads ticket data",
-         "correct the name or give the library that has the routine with --callbacks",
+         missingRoutineRemedy(element.text(kLoad)),
          {"FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer"}});
   }
 

@@ -3,6 +3,8 @@
 #include <nlohmann/json.hpp>
 
 #include "host/base/text.h"
+#include "host/check/excerpt.h"
+#include "host/description/source_text.h"
 
 namespace driver_feature::check {
 
@@ -10,9 +12,19 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-const char* wordOf(Severity severity) {
-  return severity == Severity::kError ? "error" : "warning";
-}
+// What goes around the parts of a text on a terminal.
+struct Paint {
+  const char* place = "";
+  const char* error = "";
+  const char* warning = "";
+  const char* caret = "";
+  const char* code = "";
+  const char* end = "";
+};
+
+constexpr Paint kPlain;
+constexpr Paint kColours = {"\x1b[1m",    "\x1b[1;31m", "\x1b[1;35m",
+                            "\x1b[1;32m", "\x1b[2m",    "\x1b[0m"};
 
 std::string placeText(const std::string& file, host::Position position) {
   std::string text = host::printable(file);
@@ -20,11 +32,16 @@ std::string placeText(const std::string& file, host::Position position) {
   return text + ":" + std::to_string(position.line) + ":" + std::to_string(position.column);
 }
 
-std::string findingText(const std::string& file, const Finding& finding) {
+std::string findingText(const FileReport& report, const host::SourceText& source,
+                        const Finding& finding, const Paint& paint) {
   const CodeRow& row = rowOf(finding.code);
-  std::string text = placeText(file, finding.position) + ": " + wordOf(row.severity) + ": " +
-                     host::printable(finding.sentence) + "; " + host::printable(finding.remedy) +
-                     " [" + row.name + "]\n";
+  const bool isError = row.severity == Severity::kError;
+  std::string text = paint.place + placeText(report.file, finding.position) + ": " + paint.end +
+                     (isError ? paint.error : paint.warning) + wordOf(row.severity) + ": " +
+                     paint.end + host::printable(finding.sentence) + "; " +
+                     host::printable(finding.remedy) + " " + paint.code + "[" + row.name + "]" +
+                     paint.end + "\n";
+  text += excerptOf(source, finding.position, std::string(paint.caret) + "^" + paint.end);
   for (const std::string& line : finding.log) text += "    log: " + host::printable(line) + "\n";
   return text;
 }
@@ -45,6 +62,17 @@ Totals totalsOf(const std::vector<FileReport>& reports) {
     totals.warnings += countOf(report.findings, Severity::kWarning);
   }
   return totals;
+}
+
+std::string totalsText(const std::vector<FileReport>& reports) {
+  const Totals totals = totalsOf(reports);
+  std::string text = counted(static_cast<long>(reports.size()), "file") +
+                     " checked: " + counted(totals.errors, "error") + ", " +
+                     counted(totals.warnings, "warning");
+  if (totals.errors + totals.warnings > 0) {
+    text += "; --explain CODE says what the code of a finding means";
+  }
+  return text + "\n";
 }
 
 // What the library logs about a description that it does not load, or about any
@@ -92,19 +120,23 @@ Json fileJson(const FileReport& report) {
 
 }  // namespace
 
-std::string reportText(const std::vector<FileReport>& reports, host::LogDetail detail) {
+const char* wordOf(Severity severity) {
+  return severity == Severity::kError ? "error" : "warning";
+}
+
+std::string reportText(const std::vector<FileReport>& reports, const TextStyle& style) {
+  const Paint& paint = style.colour ? kColours : kPlain;
   std::string text;
   for (const FileReport& report : reports) {
+    const host::SourceText source(report.source);
     for (const Finding& finding : report.findings) {
       const bool isError = rowOf(finding.code).severity == Severity::kError;
-      if (isError || detail != host::LogDetail::kErrors) text += findingText(report.file, finding);
+      if (!isError && style.detail == host::LogDetail::kErrors) continue;
+      text += findingText(report, source, finding, paint);
     }
-    text += loadText(report, detail);
+    text += loadText(report, style.detail);
   }
-  const Totals totals = totalsOf(reports);
-  return text + counted(static_cast<long>(reports.size()), "file") +
-         " checked: " + counted(totals.errors, "error") + ", " +
-         counted(totals.warnings, "warning") + "\n";
+  return text + totalsText(reports);
 }
 
 std::string reportJson(const std::vector<FileReport>& reports) {

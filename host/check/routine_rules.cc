@@ -66,7 +66,7 @@ void checkRoutine(const host::Element& element, const RoutineRow& row, Findings&
                       element.positionOf(row.attribute),
                       "there is no routine \"" + name + "\" for " + row.attribute + " of " +
                           describeElement(element),
-                      "correct the name or give the library that has the routine with --callbacks",
+                      missingRoutineRemedy(name),
                       {line + name}});
 }
 

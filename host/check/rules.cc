@@ -15,10 +15,10 @@ using Rule = void (*)(const host::Element& description, Findings& findings);
 
 // checkLoad() comes first: its findings keep the order of the load.
 constexpr Rule kRules[] = {
-    &checkLoad,  &checkStructure,   &checkAttributes,     &checkValues,    &checkDefaults,
-    &checkTexts, &checkCharacters,  &checkNames,          &checkTemplates, &checkPostScript,
-    &checkPjl,   &checkPjlLines,    &checkOptionCommands, &checkRoutines,  &checkMembers,
-    &checkReach, &checkTicketReach, &checkTicketNames,
+    &checkLoad,  &checkStructure,   &checkAttributes,     &checkValues,       &checkDefaults,
+    &checkTexts, &checkCharacters,  &checkNames,          &checkTemplates,    &checkPostScript,
+    &checkPjl,   &checkPjlLines,    &checkOptionCommands, &checkRoutines,     &checkMembers,
+    &checkReach, &checkTicketReach, &checkTicketNames,    &checkRoutineKinds,
 };
 
 // Keeps the last log line while it lives.

@@ -3,6 +3,7 @@
 #ifndef HOST_CHECK_RULES_H_
 #define HOST_CHECK_RULES_H_
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,6 +36,18 @@ void checkMembers(const host::Element& description, Findings& findings);
 void checkReach(const host::Element& description, Findings& findings);
 void checkTicketReach(const host::Element& description, Findings& findings);
 void checkTicketNames(const host::Element& description, Findings& findings);
+
+// Names of routines that stand for something else.
+void checkRoutineKinds(const host::Element& description, Findings& findings);
+
+// What to do about a routine that does not exist: the name that was most likely
+// meant, or what is missing in its source.
+std::string missingRoutineRemedy(const std::string& name);
+
+// Calls `visit` for each attribute of the description that names a routine.
+void forEachRoutineName(const host::Element& description,
+                        const std::function<void(const host::Element& element,
+                                                 const host::Attribute& attribute)>& visit);
 
 // All of them. Routines are looked up in the process, with the log turned off.
 Findings applyRules(const host::Element& description);

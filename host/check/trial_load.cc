@@ -10,6 +10,7 @@
 #include "host/base/child_process.h"
 #include "host/base/descriptor.h"
 #include "host/session/host_routines.h"
+#include "host/session/routine_calls.h"
 
 namespace driver_feature::check {
 
@@ -38,6 +39,7 @@ int load(const host::Plugin& plugin, void* description, int pipe) {
   target = pipe;
   SetLogHandler(&sendLine, &target);
   plugin.setUpdateCallback(&DriverFeatureHostUpdate);
+  host::noteRoutineCalls(description, "");
   const bool built = plugin.handOver(description) == 1;
   if (built) plugin.completeCreation();
   // No function that the library has registered with atexit() runs.
@@ -67,6 +69,7 @@ std::vector<LoadLine> splitLines(std::string_view bytes) {
 }  // namespace
 
 host::Result<LoadReport> loadInChild(const host::Plugin& plugin, void* description) {
+  const host::SharedRoutineRecord record;
   host::Result<host::ChildProcess> child = host::ChildProcess::start(
       host::ChildStreams::kDropped, [&](int pipe) { return load(plugin, description, pipe); });
   if (!child) return failureOf(child);
@@ -75,6 +78,9 @@ host::Result<LoadReport> loadInChild(const host::Plugin& plugin, void* descripti
   const int status = child->wait();
   report.loaded = WIFEXITED(status) && WEXITSTATUS(status) == kLoadedStatus;
   report.end = report.loaded ? "loaded" : host::describeEnd(status);
+  if (report.loaded) return report;
+  report.routine = describeThrow(*record);
+  if (report.routine.empty()) report.routine = describeRoutineEnd(*record, status);
   return report;
 }
 

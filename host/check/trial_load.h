@@ -22,6 +22,7 @@ struct LoadReport {
   bool loaded = false;
   std::string end;              // How the process ended: "exit status 1", "signal 11".
   std::vector<LoadLine> lines;  // All log lines of the load.
+  std::string routine = {};     // What a routine has done to end the process; empty if none has.
 };
 
 // Loads the description in a child of this process and waits for its end.

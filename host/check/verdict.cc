@@ -29,6 +29,15 @@ void compareVerdicts(const LoadReport& report, host::Position description, Findi
   const std::vector<std::string> reasons = reasonsOf(report);
   if (refused == findings.end()) {
     if (report.loaded) return;
+    if (!report.routine.empty()) {
+      // It ends with what to do.
+      const std::size_t remedy = report.routine.rfind("; ");
+      findings.push_back(
+          {Code::kLoadRefused, description,
+           "the library did not load the description, because " + report.routine.substr(0, remedy),
+           report.routine.substr(remedy + 2), reasons});
+      return;
+    }
     findings.push_back({Code::kLoadRefused, description,
                         "the library did not load the description (" + report.end + ")",
                         "check whether one of its routines ends the process", reasons});

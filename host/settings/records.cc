@@ -62,7 +62,7 @@ class RecordCheck {
       const auto nearest = nearestName(name, members_);
       return refused("there is no member " + inQuotes(name) + "; " +
                      (nearest ? "did you mean " + inQuotes(*nearest) + "?"
-                              : "the members are " + join(members_, ", ")));
+                              : "the members are " + listed(members_)));
     }
     for (const std::string& name : members_) {
       record.emplace_back();
@@ -106,7 +106,7 @@ std::string refuseDynamicGroup(const Model& model, const std::string& name) {
     if (group.kind == GroupKind::kDynamic) names.push_back(group.name);
   }
   if (names.empty()) return "the description has no dynamic group; leave the records out";
-  return "there is no dynamic group " + inQuotes(name) + "; give one of " + join(names, ", ");
+  return "there is no dynamic group " + inQuotes(name) + "; give one of " + listed(names);
 }
 
 Result<> addRecords(CoreFeatureSet& set, const Model& model, const RecordsRequest& request) {

@@ -64,8 +64,8 @@ class Check {
     for (const Choice& choice : choices) {
       if (choice.available) names.push_back(choice.name);
     }
-    const std::string remedy = names.empty() ? "leave it out, since none is available"
-                                             : "choose one of " + join(names, ", ");
+    const std::string remedy =
+        names.empty() ? "leave it out, since none is available" : "choose one of " + listed(names);
     if (chosen == choices.end()) {
       const auto nearest = nearestName(setting_.value, names);
       return refused(

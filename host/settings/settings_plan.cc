@@ -166,7 +166,7 @@ class RecordLines {
       return refused("there is no member " + inQuotes(setting.name) + " in " +
                      inQuotes(record.group) + "; " +
                      (nearest ? "did you mean " + inQuotes(*nearest) + "?"
-                              : "the members are " + join(names, ", ") +
+                              : "the members are " + listed(names) +
                                     ", and settings come before the first [GROUP]"));
     }
     // The template has the value, so the library has accepted it before.

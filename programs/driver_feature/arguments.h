@@ -68,6 +68,8 @@ struct CommandRow {
   // Does the work and returns the program's exit status. `general` holds the
   // values of the general options.
   host::Result<int> (*run)(const Arguments& arguments, const host::SessionRequest& general);
+  // Whether it runs routines of a description, which can end the process.
+  bool runsRoutines = false;
 
   std::vector<const ArgumentRow*> arguments() const;
 };

@@ -6,10 +6,12 @@
 
 #include "host/base/output_file.h"
 #include "host/base/text.h"
+#include "host/session/routine_calls.h"
 #include "host/settings/setting.h"
 #include "programs/common/console.h"
 #include "programs/driver_feature/commands/commands.h"
 #include "programs/driver_feature/completion/candidates.h"
+#include "programs/driver_feature/run_caught.h"
 #include "programs/driver_feature/version.h"
 
 namespace driver_feature::cli {
@@ -68,6 +70,18 @@ host::Result<int> print(const std::string& text) {
   return host::writeToStandardOutput(text).map([] { return kSuccess; });
 }
 
+// Routines of others are kept away from this process, which says what they did.
+host::Result<int> runCommand(const CommandRow& command, const Arguments& arguments,
+                             const host::SessionRequest& general) {
+  if (!command.runsRoutines || general.routines.empty()) return command.run(arguments, general);
+  return host::runWithRoutines([&] {
+    return runCaught([&] {
+      const host::Result<int> status = command.run(arguments, general);
+      return status ? *status : report(status.error());
+    });
+  });
+}
+
 host::Result<int> run(int argc, const char* const* argv) {
   if (argc > 1 && std::string(argv[1]) == "__complete") {
     return print(completionText(complete(programRows(), {argv + 2, argv + argc})));
@@ -81,7 +95,7 @@ host::Result<int> run(int argc, const char* const* argv) {
     if (!versions) return failureOf(versions);
     return print(*versions);
   }
-  if (line->command != nullptr) return line->command->run(line->arguments, general);
+  if (line->command != nullptr) return runCommand(*line->command, line->arguments, general);
   std::vector<std::string> names;
   names.reserve(kCommands.size());
   for (const CommandRow* command : kCommands) names.emplace_back(command->name);

@@ -42,4 +42,8 @@ host::Result<std::string> versionText(const std::string& library) {
   return text;
 }
 
+std::string programVersion() {
+  return DRIVER_FEATURE_VERSION;
+}
+
 }  // namespace driver_feature::cli

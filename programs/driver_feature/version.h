@@ -14,6 +14,9 @@ namespace driver_feature::cli {
 // asked for that library; the problem is then Plugin::load()'s.
 host::Result<std::string> versionText(const std::string& library);
 
+// The program's version alone.
+std::string programVersion();
+
 }  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_VERSION_H_

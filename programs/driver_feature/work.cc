@@ -1,6 +1,7 @@
 #include "programs/driver_feature/work.h"
 
 #include "host/base/standard_streams.h"
+#include "host/session/routine_calls.h"
 #include "programs/common/console.h"
 
 namespace driver_feature::cli {
@@ -14,6 +15,9 @@ host::Result<int> workOnDescription(const host::SessionRequest& request,
     if (!session) return failureOf(session);
     outputs = outputsToSave(**session, changes);
     if (host::Result<> done = work(**session, outputs); !done) return failureOf(done);
+    // The library lets some exceptions end where it calls a routine.
+    const std::string thrown = describeThrow(host::routineRecord());
+    if (!thrown.empty()) return fail(host::Problem::Kind::kNotWritten, thrown);
   }
   return writeAllOutputs(outputs).map([] { return kSuccess; });
 }

@@ -79,11 +79,43 @@ const std::vector<CheckRow>& routineRows() {
       {"routine that ends the process while the description is loaded",
        {"<BaseFeatureInfo DefaultCallbackHandler='endProcess'/>",
         "<Feature FeatureType='IntEntry' Name='A' Visibility='false'/>"},
-       "@:1:1: error: the library did not load the description (exit status 7); check whether one "
-       "of its routines ends the process [DF901]\n"
+       "@:1:1: error: the library did not load the description, because the routine "
+       "\"endProcess\" of the description ended the process with exit status 7; let it return "
+       "[DF901]\n"
        "@:3:1: warning: this BaseFeatureInfo replaces the callbacks of line 2; remove one of them "
        "[DF109]\n"
        "@: note: the library does not load the description (exit status 7)\n"},
+      {"names of functions and variables that are not routines",
+       {"<Feature FeatureType='IntEntry' Name='A' AddPSCallbackRoutine='printf'/>",
+        "<FeatureStaticGroup Name='G' AddVORNCallbackRoutine='routineCounter'>"
+        "<Feature FeatureType='UIOnly' Name='B'/></FeatureStaticGroup>"},
+       "@:3:42: error: \"printf\", the AddPSCallbackRoutine of feature \"A\", is a function of "
+       "libc.so.6, not a routine for a description; name a function of a library given with "
+       "--callbacks [DF807]\n"
+       "@:4:30: error: \"routineCounter\", the AddVORNCallbackRoutine of static group \"G\", is a "
+       "variable of libhost_test_routines.so, not a routine; name a function of a library given "
+       "with --callbacks [DF807]\n"},
+      {"routines that do not return, and one that was meant",
+       {"<Feature FeatureType='IntEntry' Name='A' AddPSCallbackRoutine='crashInOutput'/>",
+        "<Feature FeatureType='IntEntry' Name='B' AddPJLCallbackRoutine='exitInOutput'/>",
+        "<Feature FeatureType='IntEntry' Name='C' AddVORNCallbackRoutine='throwInOutput'/>",
+        "<Feature FeatureType='IntEntry' Name='D' AddCallbackRoutine='forbidDuplx'/>",
+        "<Feature FeatureType='IntEntry' Name='E' AddCallbackRoutine='writeOwner'/>"},
+       "@:3:42: error: when the output was tried, the routine \"crashInOutput\" of the description "
+       "crashed (signal 11, Segmentation fault); correct it [DF808]\n"
+       "@:4:42: error: when the output was tried, the routine \"exitInOutput\" of the description "
+       "ended the process with exit status 0; let it return [DF808]\n"
+       "@:5:42: error: when the output was tried, the routine \"throwInOutput\" of the description "
+       "threw an exception: no paper; catch it in the routine [DF808]\n"
+       "@:6:42: error: there is no routine \"forbidDuplx\" for AddCallbackRoutine of feature "
+       "\"D\"; did you mean \"forbidDuplex\"? [DF803]\n"
+       "    log: DriverFeature::setFeatureProperty(string):  Failed to load custom feature "
+       "callback:  forbidDuplx\n"
+       "@:7:42: error: there is no routine \"writeOwner\" for AddCallbackRoutine of feature "
+       "\"E\"; declare the C++ function writeOwner as extern \"C\", so that it has this name "
+       "[DF803]\n"
+       "    log: DriverFeature::setFeatureProperty(string):  Failed to load custom feature "
+       "callback:  writeOwner\n"},
   };
   return kRows;
 }

@@ -198,9 +198,11 @@ TEST_F(EmitTest, Emit_RoutineThrows_EndsWithOneAndWritesNothing) {
   };
   const Row kRows[] = {
       {"throwNumber",
-       "driver-feature: a routine of the description threw an exception that is not derived from "
-       "std::exception; fix the routine\n"},
-      {"throwException", "driver-feature: no paper\n"},
+       "driver-feature: the routine \"throwNumber\" of the description threw an exception that is "
+       "not derived from std::exception; catch it in the routine\n"},
+      {"throwException",
+       "driver-feature: the routine \"throwException\" of the description threw an exception: no "
+       "paper; catch it in the routine\n"},
   };
   write("job.ps", "old");
   for (const Row& row : kRows) {

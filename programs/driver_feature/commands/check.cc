@@ -1,37 +1,59 @@
 // "check": all faults of feature descriptions.
 
-#include "host/check/check.h"
-
 #include <algorithm>
 #include <array>
 
 #include "host/base/output_file.h"
-#include "host/base/standard_streams.h"
+#include "host/check/report.h"
+#include "host/description/document.h"
+#include "programs/common/colour.h"
 #include "programs/common/console.h"
+#include "programs/driver_feature/commands/check_run.h"
 #include "programs/driver_feature/commands/commands.h"
+#include "programs/driver_feature/commands/fix.h"
+#include "programs/driver_feature/commands/watch.h"
 
 namespace driver_feature::cli {
 
 namespace {
 
 constexpr const char* kFooter =
-    "Reports every fault with its place, a remedy and a code; --explain shows what a\n"
-    "code means. Routines are searched for in the program and in the libraries given\n"
-    "with --callbacks.\n"
+    "Reports every fault with its place, the line, a remedy and a code; --explain\n"
+    "shows what a code means. \"-\" is standard input. Routines are searched for in the\n"
+    "program and in the libraries given with --callbacks.\n"
+    "\n"
+    "--fix shows as a diff what surely mends a fault: names that are one letter away\n"
+    "from the only one that fits, and missing line ends. --fix --write makes these\n"
+    "changes, in all files or in none. --watch checks again each time a file is saved.\n"
+    "\n"
+    "A comment allows a code in the element after it and all that is inside:\n"
+    "  <!-- driver-feature: allow DF303: the first tray is always there -->\n"
     "\n"
     "Examples:\n"
     "  driver-feature check office.xml --callbacks liboffice_routines.so\n"
-    "  driver-feature check *.xml --strict --json\n"
+    "  driver-feature check *.xml --strict --format github\n"
+    "  driver-feature check office.xml --select DF3,DF501 --ignore DF303\n"
     "  driver-feature check --explain DF501\n"
     "\n"
-    "Exit status: 0 nothing is wrong, 1 errors (with --strict also warnings), 2 wrong\n"
-    "usage or a file that is not a feature description.";
+    "Exit status: 0 nothing is wrong, 1 errors (with --strict also warnings; with --fix\n"
+    "also changes to make), 2 wrong usage or a file that is not a feature description.";
 
 constexpr std::array kRows = {
     ArgumentRow{"DESC", "FILE", "The feature descriptions, XML files", kRepeats},
-    ArgumentRow{"--json", "", "Print a JSON document"},
+    ArgumentRow{"--format", "FORMAT", "Print text, json, sarif or github; otherwise text"},
+    ArgumentRow{"--json", "", "The same as --format json", kOptional, "--format"},
+    ArgumentRow{"--color", "WHEN",
+                "Use colours always or never; otherwise (auto) on a terminal, unless NO_COLOR is "
+                "set"},
+    ArgumentRow{"--select", "CODE,...", "Report these codes, or those that begin so, only",
+                kRepeats},
+    ArgumentRow{"--ignore", "CODE,...", "Do not report these codes, or those that begin so",
+                kRepeats},
     ArgumentRow{"--strict", "", "Treat warnings as errors"},
     ArgumentRow{"--explain", "CODE", "Explain a code of a finding, or all of them"},
+    ArgumentRow{"--fix", "", "Show what surely mends faults, as a diff", kOptional, "--json"},
+    ArgumentRow{"--write", "", "With --fix: make these changes"},
+    ArgumentRow{"--watch", "", "Check again when a file changes, until Ctrl-C", kOptional, "--fix"},
 };
 
 host::Result<int> print(const std::string& text, int status) {
@@ -45,47 +67,58 @@ host::Result<int> explain(const std::string& code) {
   return host::refused("there is no code \"" + code + "\"; --explain all lists the codes");
 }
 
-int statusOf(const std::vector<check::FileReport>& reports, bool strict) {
-  const bool unusable = std::any_of(reports.begin(), reports.end(),
-                                    [](const check::FileReport& report) { return !report.usable; });
-  if (unusable) return kUnusable;
-  const bool failed =
-      std::any_of(reports.begin(), reports.end(), [strict](const check::FileReport& report) {
-        return countOf(report.findings, check::Severity::kError) > 0 ||
-               (strict && !report.findings.empty());
-      });
-  return failed ? kFailure : kSuccess;
+host::Result<> refuseUsage(const Arguments& arguments) {
+  const auto& files = arguments.texts("DESC");
+  if (files.empty()) {
+    return host::refused(
+        "a feature description is needed; driver-feature check --help explains the usage");
+  }
+  if (std::count(files.begin(), files.end(), host::kStandardInput) > 1) {
+    return host::refused("standard input (\"-\") is given twice; give it once");
+  }
+  if (arguments.has("--write") && !arguments.has("--fix")) {
+    return host::refused("--write is for --fix; give both");
+  }
+  const bool needsFiles = arguments.has("--write") || arguments.has("--watch");
+  if (needsFiles && std::count(files.begin(), files.end(), host::kStandardInput) > 0) {
+    return host::refused(std::string(arguments.has("--watch") ? "--watch" : "--write") +
+                         " needs files; standard input (\"-\") is none");
+  }
+  return {};
 }
 
-host::Result<std::vector<check::FileReport>> checkAll(const std::vector<std::string>& files,
-                                                      const host::SessionRequest& general) {
-  // What a library prints while it is loaded must not get into the report.
-  const host::StandardOutputDiversion diversion;
-  host::Result<host::Plugin> plugin = host::Plugin::load(general.library);
-  if (!plugin) return failureOf(plugin);
-  for (const std::string& routines : general.routines) {
-    if (host::Result<> loaded = host::loadRoutines(routines); !loaded) return failureOf(loaded);
+// What every report of this line has in common.
+host::Result<CheckRequest> requestOf(const Arguments& arguments,
+                                     const host::SessionRequest& general) {
+  if (host::Result<> used = refuseUsage(arguments); !used) return failureOf(used);
+  CheckRequest request;
+  request.files = arguments.texts("DESC");
+  request.general = general;
+  request.strict = arguments.has("--strict");
+  const std::string format = arguments.has("--json") ? "json" : arguments.text("--format", "text");
+  const auto known = reportFormNamed(format);
+  if (!known) {
+    return host::refused("--format: there is no format \"" + format +
+                         "\"; give text, json, sarif or github");
   }
-  std::vector<check::FileReport> reports;
-  for (const std::string& file : files) {
-    auto report = check::checkFile(file, *plugin);
-    if (!report) return failureOf(report);
-    reports.push_back(std::move(*report));
-  }
-  return reports;
+  request.form = *known;
+  auto colour = wantsColour(arguments.text("--color", "auto"));
+  if (!colour) return failureOf(colour);
+  request.colour = *colour;
+  auto selection = check::Selection::read(arguments.texts("--select"), arguments.texts("--ignore"));
+  if (!selection) return failureOf(selection);
+  request.selection = std::move(*selection);
+  return request;
 }
 
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   if (arguments.has("--explain")) return explain(arguments.text("--explain"));
-  if (!arguments.has("DESC")) {
-    return host::refused(
-        "a feature description is needed; driver-feature check --help explains the usage");
-  }
-  auto reports = checkAll(arguments.texts("DESC"), general);
-  if (!reports) return failureOf(reports);
-  return print(
-      arguments.has("--json") ? reportJson(*reports) : reportText(*reports, general.detail),
-      statusOf(*reports, arguments.has("--strict")));
+  const auto request = requestOf(arguments, general);
+  if (!request) return host::Failure(request.error());
+  if (arguments.has("--watch"))
+    return watchFiles(request->files, [&] { return checkOnce(*request); });
+  if (arguments.has("--fix")) return fixFiles(*request, arguments.has("--write"));
+  return checkOnce(*request);
 }
 
 }  // namespace

@@ -48,6 +48,6 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
 }  // namespace
 
 const CommandRow kDumpCommand = {
-    "dump", "Print the library's whole model", kFooter, kRows, kChangeRows, &run};
+    "dump", "Print the library's whole model", kFooter, kRows, kChangeRows, &run, true};
 
 }  // namespace driver_feature::cli

@@ -7,6 +7,7 @@
 #include "host/session/output_form.h"
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
+#include "programs/driver_feature/unformatted.h"
 #include "programs/driver_feature/work.h"
 
 namespace driver_feature::cli {
@@ -97,20 +98,22 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
   return workOnDescription(
       sessionOf(arguments, general), changesOf(arguments),
       [&](host::Session& session, std::vector<host::OutputText>& outputs) -> host::Result<> {
+        UnformattedCommands unformatted(session);
         for (const FormRequest& form : *forms) {
+          unformatted.begin(form.form);
           outputs.push_back({form.file.empty() ? arguments.text("--output") : form.file, ""});
           session.features().serialize(outputs.back().bytes, static_cast<int>(form.form),
                                        arguments.has("--inst-opt"),
                                        arguments.text("--ticket-argument1").c_str(),
                                        arguments.text("--ticket-argument2").c_str());
         }
-        return {};
+        return unformatted.result();
       });
 }
 
 }  // namespace
 
 const CommandRow kEmitCommand = {
-    "emit", "Write printer-ready output of the features", kFooter, kRows, kChangeRows, &run};
+    "emit", "Write printer-ready output of the features", kFooter, kRows, kChangeRows, &run, true};
 
 }  // namespace driver_feature::cli

@@ -155,7 +155,7 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
 
 }  // namespace
 
-const CommandRow kQueueCommand = {"queue", "Write the PPD of a print queue", kFooter, kRows, {},
-                                  &run};
+const CommandRow kQueueCommand = {
+    "queue", "Write the PPD of a print queue", kFooter, kRows, {}, &run, true};
 
 }  // namespace driver_feature::cli

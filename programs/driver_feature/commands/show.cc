@@ -58,6 +58,7 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
 }  // namespace
 
 const CommandRow kShowCommand = {
-    "show", "Show the features with their values and choices", kFooter, kRows, kChangeRows, &run};
+    "show", "Show the features with their values and choices", kFooter, kRows, kChangeRows, &run,
+    true};
 
 }  // namespace driver_feature::cli

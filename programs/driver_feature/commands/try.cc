@@ -94,6 +94,7 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
 const CommandRow kTryCommand = {
     "try",       "Save all values, make the changes, restore the values, and show each step",
     kFooter,     kRows,
-    kChangeRows, &run};
+    kChangeRows, &run,
+    true};
 
 }  // namespace driver_feature::cli

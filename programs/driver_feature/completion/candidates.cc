@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <initializer_list>
 #include <map>
 
 #include "host/description/element.h"
@@ -55,6 +56,8 @@ void addForms(Composer& composer) {
 // a line must not run routines of a description.
 void forEachNamed(const Composer& composer, host::Role role,
                   const std::function<void(const host::Element&)>& visit) {
+  // Standard input is not there to be read yet.
+  if (composer.place().description == host::kStandardInput) return;
   const host::Result<host::Document> document = host::Document::read(composer.place().description);
   if (!document) return;
   forEachElement(*elementsOf(*document).description, [&](const host::Element& element) {
@@ -93,6 +96,18 @@ void addDynamicGroups(Composer& composer) {
   addNamed(composer, host::Role::kDynamicGroup, "dynamic group");
 }
 
+void addAll(Composer& composer, std::initializer_list<const char*> words) {
+  for (const char* word : words) composer.add(word);
+}
+
+void addFormats(Composer& composer) {
+  addAll(composer, {"text", "json", "sarif", "github"});
+}
+
+void addTimes(Composer& composer) {
+  addAll(composer, {"auto", "always", "never"});
+}
+
 using AddKind = void (*)(Composer&);
 
 // What completes each kind of word.
@@ -100,7 +115,8 @@ const std::map<std::string, AddKind>& kinds() {
   static const std::map<std::string, AddKind> kKinds = {
       {"FILE", &addFileNames},    {"PATH", &addFileNames},      {"LIB.so", &addFileNames},
       {"FORM[=FILE]", &addForms}, {"NAME=VALUE", &addSettings}, {"GROUP", &addDynamicGroups},
-      {"TEXT", &addNothing},      {"CODE", &addNothing},        {"DIR", &addFileNames}};
+      {"TEXT", &addNothing},      {"CODE", &addNothing},        {"DIR", &addFileNames},
+      {"FORMAT", &addFormats},    {"WHEN", &addTimes},          {"CODE,...", &addNothing}};
   return kKinds;
 }
 

@@ -62,7 +62,7 @@ host::Failure refuseMember(const Target& target, const std::string& name) {
   return host::refused("group " + host::inQuotes(target.name) + " has no member " +
                        host::inQuotes(name) + "; " +
                        (nearest ? "did you mean " + host::inQuotes(*nearest) + "?"
-                                : "the members are " + host::join(target.members, ", ")));
+                                : "the members are " + host::listed(target.members)));
 }
 
 // The values of a record, checked like settings when `check` is set.

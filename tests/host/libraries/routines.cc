@@ -1,7 +1,9 @@
 // Routines that the descriptions of the tests name.
 
 #include <dlfcn.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -78,4 +80,34 @@ EXPORTED void writeBytes(DriverFeatureSet* /*set*/, std::string& output) {
   output += std::string("\0\x80\xFF\r\n\x1A", 6);
 }
 
+// Output routines that do what none should do.
+EXPORTED void crashInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  std::raise(SIGSEGV);
+}
+
+EXPORTED void exitInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  std::exit(0);
+}
+
+EXPORTED void leaveInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  ::_exit(0);
+}
+
+EXPORTED void throwInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  throw std::runtime_error("no paper");
+}
+
+EXPORTED void throwNumberInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  throw 7;
+}
+
+// A variable, not a routine.
+EXPORTED int routineCounter = 0;
+
 }  // extern "C"
+
+// An output routine without extern "C": nobody finds it by its name.
+EXPORTED void writeOwner(DriverFeatureSet* /*set*/, std::string& output);
+void writeOwner(DriverFeatureSet* /*set*/, std::string& output) {
+  output += "owner";
+}

@@ -1,0 +1,29 @@
+#include "programs/common/colour.h"
+
+#include <unistd.h>
+
+#include <cstdlib>
+#include <string_view>
+
+namespace driver_feature::cli {
+
+namespace {
+
+std::string_view environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+}  // namespace
+
+host::Result<bool> wantsColour(const std::string& when) {
+  if (when == "always") return true;
+  if (when == "never") return false;
+  if (when != "auto") {
+    return host::refused("--color: \"" + when + "\" is not a time; give auto, always or never");
+  }
+  return ::isatty(STDOUT_FILENO) == 1 && environment("NO_COLOR").empty() &&
+         environment("TERM") != "dumb";
+}
+
+}  // namespace driver_feature::cli

@@ -1,0 +1,18 @@
+// Whether to print in colour.
+#ifndef PROGRAMS_COMMON_COLOUR_H_
+#define PROGRAMS_COMMON_COLOUR_H_
+
+#include <string>
+
+#include "host/base/result.h"
+
+namespace driver_feature::cli {
+
+// "always", "never", or "auto": if standard output is a terminal that knows
+// colours and the environment does not ask for none (NO_COLOR). Refused for
+// other words.
+host::Result<bool> wantsColour(const std::string& when);
+
+}  // namespace driver_feature::cli
+
+#endif  // PROGRAMS_COMMON_COLOUR_H_

@@ -1,0 +1,178 @@
+// "check --fix" and "check --watch".
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <thread>
+
+#include "host/program_runner.h"
+
+namespace {
+
+const std::string kFaulty =
+    "<FeatureDescription>\n"
+    "  <BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdat'\n"
+    "                   LoadVORNCallbackHandler='DriverFeatureHostLoad'/>\n"
+    "  <Feature FeatureType=\"IntEnty\" Name='Copies' IntMinValu = '1' Visibility='TRUE'\n"
+    "           PJLCommand='@PJL SET COPIES=%d'/>\n"
+    "  <Feature FeatureType='MultiSelect' Name='Tray' DefaultValue='Uper'>\n"
+    "    <Option Name='Upper'/><Option Name='A&amp;B'/>\n"
+    "  </Feature>\n"
+    "</FeatureDescription>";
+
+const std::string kMended =
+    "<FeatureDescription>\n"
+    "  <BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'\n"
+    "                   LoadVORNCallbackHandler='DriverFeatureHostLoad'/>\n"
+    "  <Feature FeatureType=\"IntEntry\" Name='Copies' IntMinValue = '1' Visibility='true'\n"
+    "           PJLCommand='@PJL SET COPIES=%d&#13;&#10;'/>\n"
+    "  <Feature FeatureType='MultiSelect' Name='Tray' DefaultValue='Upper'>\n"
+    "    <Option Name='Upper'/><Option Name='A&amp;B'/>\n"
+    "  </Feature>\n"
+    "</FeatureDescription>";
+
+class CheckFixTest : public ProgramTest {
+ protected:
+  CheckFixTest() { write("d.xml", kFaulty); }
+};
+
+TEST_F(CheckFixTest, Fix_SureFaults_AreADiff) {
+  EXPECT_EQ(run({"check", "d.xml", "--fix"}),
+            (RunResult{1,
+                       "--- d.xml\n"
+                       "+++ d.xml\n"
+                       "@@ -1,9 +1,9 @@\n"
+                       " <FeatureDescription>\n"
+                       "-  <BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdat'\n"
+                       "+  <BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'\n"
+                       "                    LoadVORNCallbackHandler='DriverFeatureHostLoad'/>\n"
+                       "-  <Feature FeatureType=\"IntEnty\" Name='Copies' IntMinValu = '1' "
+                       "Visibility='TRUE'\n"
+                       "-           PJLCommand='@PJL SET COPIES=%d'/>\n"
+                       "-  <Feature FeatureType='MultiSelect' Name='Tray' DefaultValue='Uper'>\n"
+                       "+  <Feature FeatureType=\"IntEntry\" Name='Copies' IntMinValue = '1' "
+                       "Visibility='true'\n"
+                       "+           PJLCommand='@PJL SET COPIES=%d&#13;&#10;'/>\n"
+                       "+  <Feature FeatureType='MultiSelect' Name='Tray' DefaultValue='Upper'>\n"
+                       "     <Option Name='Upper'/><Option Name='A&amp;B'/>\n"
+                       "   </Feature>\n"
+                       " </FeatureDescription>\n"
+                       "\\ No newline at end of file\n",
+                       "driver-feature: 6 findings in 1 file would be mended; --fix --write does "
+                       "it\n"}));
+  EXPECT_EQ(read("d.xml"), kFaulty);
+}
+
+TEST_F(CheckFixTest, Fix_Diff_IsWhatPatchMakesTheMendedFileOf) {
+  write("d.diff", run({"check", "d.xml", "--fix"}).output);
+  ASSERT_EQ(runIn(folder(), "/usr/bin/patch", {"-s", "-p0", "-i", "d.diff"}).status, 0);
+  EXPECT_EQ(read("d.xml"), kMended);
+}
+
+TEST_F(CheckFixTest, Fix_Write_MendsTheFileKeepsItsModeAndReportsTheRest) {
+  write("marked.xml", "\xEF\xBB\xBF" + kFaulty);
+  ASSERT_EQ(::chmod((folder() / "d.xml").c_str(), 0640), 0);
+  EXPECT_EQ(run({"check", "d.xml", "marked.xml", "--fix", "--write"}),
+            (RunResult{0, "2 files checked: 0 errors, 0 warnings\n",
+                       "driver-feature: 12 findings mended in 2 files\n"}));
+  EXPECT_EQ(read("d.xml"), kMended);
+  EXPECT_EQ(read("marked.xml"), "\xEF\xBB\xBF" + kMended);
+  struct stat status {};
+  ASSERT_EQ(::stat((folder() / "d.xml").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777U, 0640U);
+  EXPECT_EQ(run({"check", "d.xml", "--fix"}),
+            (RunResult{0, "",
+                       "driver-feature: there is nothing to mend surely; check without --fix shows "
+                       "all findings\n"}));
+}
+
+TEST_F(CheckFixTest, Fix_OneFileCannotBeWritten_LeavesAllAsTheyAre) {
+  write("e.xml", kFaulty);
+  std::filesystem::create_symlink("e.xml", folder() / "same.xml");
+  EXPECT_EQ(run({"check", "d.xml", "e.xml", "same.xml", "--fix", "--write"}),
+            failure(1,
+                    "driver-feature: same.xml: is given for two outputs; give each its own "
+                    "file\n"));
+  EXPECT_EQ(read("d.xml"), kFaulty);
+  EXPECT_EQ(read("e.xml"), kFaulty);
+}
+
+TEST_F(CheckFixTest, Fix_Selection_MendsOnlyThat) {
+  run({"check", "d.xml", "--fix", "--write", "--select", "DF302"});
+  std::string expected = kFaulty;
+  expected.replace(expected.find("'Uper'"), 6, "'Upper'");
+  EXPECT_EQ(read("d.xml"), expected);
+}
+
+TEST_F(CheckFixTest, Fix_WhatIsNotSure_IsLeft) {
+  const std::string text =
+      "<FeatureDescription>\n"
+      "<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'/>\n"
+      "<Feature FeatureType='MultiSelect' Name='Tray' DefaultValue='Tray3' PJLCommand='@PJL %s'>\n"
+      "<Option Name='Tray1' PJLCommand='1&#10;'/><Option Name='Tray2' PJLCommand='2'/></Feature>\n"
+      "<Feature FeatureType='IntEntry' Name='A' IntMinValue='1' IntMinValu='2'/>\n"
+      "</FeatureDescription>\n";
+  write("d.xml", text);
+  run({"check", "d.xml", "--fix", "--write", "--ignore", "DF504"});
+  EXPECT_EQ(read("d.xml"), text);
+}
+
+TEST_F(CheckFixTest, Fix_OtherEncoding_IsLeftWithAReason) {
+  const std::string text = "<?xml version='1.0' encoding='ISO-8859-1'?>\n<!-- \xE4 -->" + kFaulty;
+  write("d.xml", text);
+  EXPECT_EQ(
+      run({"check", "d.xml", "--fix"}).errors,
+      "driver-feature: d.xml: is not UTF-8 and is left as it is; save it as UTF-8 to mend it\n"
+      "driver-feature: there is nothing to mend surely; check without --fix shows all "
+      "findings\n");
+}
+
+// Waits until the file has so many lines that end a report; 10 seconds at most.
+bool hasReports(const std::function<std::string()>& readOutput, int count) {
+  for (int i = 0; i < 500; ++i) {
+    const std::string output = readOutput();
+    int found = 0;
+    for (std::size_t at = 0; (at = output.find("1 file checked: ", at)) != std::string::npos;
+         ++at) {
+      ++found;
+    }
+    if (found >= count) return true;
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  return false;
+}
+
+TEST_F(CheckFixTest, Watch_FileIsSavedInPlaceAndByRenaming_ChecksAgainUntilInterrupted) {
+  write("watched.txt", "");
+  const pid_t child = ::fork();
+  ASSERT_NE(child, -1);
+  if (child == 0) {
+    const bool ready =
+        ::chdir(folder().c_str()) == 0 && std::freopen("watched.txt", "w", stdout) != nullptr;
+    if (ready) {
+      ::execl(DRIVER_FEATURE_PROGRAM, "driver-feature", "check", "d.xml", "--watch", "--format",
+              "text", nullptr);
+    }
+    ::_exit(127);
+  }
+  const auto output = [this] { return read("watched.txt"); };
+  EXPECT_TRUE(hasReports(output, 1)) << output();
+  write("d.xml", kMended);
+  EXPECT_TRUE(hasReports(output, 2)) << output();
+  EXPECT_TRUE(output().ends_with("1 file checked: 0 errors, 0 warnings\n"));
+  write("other.xml", kFaulty);
+  write("new.xml", kFaulty);
+  std::filesystem::rename(folder() / "new.xml", folder() / "d.xml");
+  EXPECT_TRUE(hasReports(output, 3)) << output();
+  EXPECT_FALSE(output().ends_with("1 file checked: 0 errors, 0 warnings\n"));
+  ::kill(child, SIGINT);
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
+}
+
+}  // namespace
