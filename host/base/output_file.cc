@@ -72,8 +72,8 @@ fs::path followLinks(fs::path path) {
 // One output on its way to its file.
 class Delivery {
  public:
-  Delivery(const std::string& path, std::string_view bytes)
-      : path_(path.empty() ? "-" : path), bytes_(bytes) {}
+  Delivery(const std::string& path, std::string_view bytes, bool isPrivate)
+      : path_(path.empty() ? "-" : path), bytes_(bytes), isPrivate_(isPrivate) {}
 
   // Finds out where the output goes.
   Result<> locate() {
@@ -112,7 +112,8 @@ class Delivery {
     if (!file_->isOpen()) {
       return problemOf(path_, "a temporary file beside it cannot be created");
     }
-    const bool prepared = old_ ? file_->takeOver(*old_) : file_->setMode(modeOfNewFile());
+    bool prepared = old_ ? file_->takeOver(*old_) : file_->setMode(modeOfNewFile());
+    if (isPrivate_) prepared = prepared && file_->setMode(0600);
     if (prepared && file_->write(bytes_)) return {};
     return problemOf(path_, "cannot be written");
   }
@@ -149,6 +150,7 @@ class Delivery {
 
   std::string path_;
   std::string_view bytes_;
+  bool isPrivate_;
   fs::path target_;  // Of a file; empty for anything else.
   fs::path folder_;  // Of the file, once prepared.
   std::optional<struct stat> old_;
@@ -199,7 +201,7 @@ Result<> writeToStandardOutput(std::string_view bytes) {
 Result<> writeToFile(const std::string& path, std::string_view bytes) {
   SignalDelay delay;
   std::vector<Delivery> deliveries;
-  deliveries.emplace_back(path, bytes);
+  deliveries.emplace_back(path, bytes, false);
   return deliverAll(std::move(deliveries), delay);
 }
 
@@ -207,7 +209,8 @@ Result<> writeAllOutputs(const std::vector<OutputText>& outputs) {
   SignalDelay delay;
   std::vector<Delivery> deliveries;
   deliveries.reserve(outputs.size());
-  for (const OutputText& output : outputs) deliveries.emplace_back(output.path, output.bytes);
+  for (const OutputText& output : outputs)
+    deliveries.emplace_back(output.path, output.bytes, output.isPrivate);
   return deliverAll(std::move(deliveries), delay);
 }
 

@@ -29,6 +29,7 @@ Result<> writeToFile(const std::string& path, std::string_view bytes);
 struct OutputText {
   std::string path;  // Empty or "-" for standard output.
   std::string bytes;
+  bool isPrivate = false;  // Whether only its owner may read and write the file.
 };
 
 // Writes the outputs as writeToFile() does. No file gets its new content

@@ -36,6 +36,26 @@ float FeatureView::currentFloat() const {
   return value;
 }
 
+bool FeatureView::isAtDefault() const {
+  std::string text;
+  int number = 0;
+  float decimal = 0;
+  switch (kind()) {
+    case FeatureKind::kMultiSelect:
+    case FeatureKind::kIntEntry:
+      feature_->getFeatureProperty(std::string("DefaultIntValue"), &number);
+      return number == currentInt();
+    case FeatureKind::kFloatEntry:
+      feature_->getFeatureProperty(std::string("DefaultFloatValue"), &decimal);
+      return decimal == currentFloat();
+    case FeatureKind::kTextEntry:
+      feature_->getFeatureProperty(std::string("DefaultTextValue"), text);
+      return text == currentText();
+    default:
+      return true;
+  }
+}
+
 std::string FeatureView::currentText() const {
   std::string value;
   feature_->getFeatureProperty(std::string("CurrentTextValue"), value);

@@ -36,6 +36,9 @@ class FeatureView {
   bool isVisible() const { return flag("Visibility"); }
   bool isEncrypted() const { return flag("Encrypted"); }
 
+  // Whether the current value is the default one; true without a value.
+  bool isAtDefault() const;
+
   int currentInt() const;
   float currentFloat() const;
   std::string currentText() const;

@@ -1,5 +1,6 @@
 #include "host/settings/changes.h"
 
+#include "host/settings/command_line_key.h"
 #include "host/settings/setting.h"
 #include "host/settings/settings_file.h"
 
@@ -7,44 +8,61 @@ namespace driver_feature::host {
 
 namespace {
 
-Result<> loadAll(const Session& session, const std::vector<std::string>& files) {
-  for (const std::string& file : files) {
-    Result<> loaded = loadSettings(session.features(), session.model(), file);
-    if (!loaded) return loaded;
-  }
-  return {};
+// Adds the problem of a failure, and those that come with it.
+void collect(Result<>&& result, Problems& problems) {
+  if (result) return;
+  Problems more = std::move(result.error().more);
+  result.error().more.clear();
+  problems.push_back(std::move(result.error()));
+  for (Problem& problem : more) problems.push_back(std::move(problem));
 }
 
-Result<> setAll(const Model& model, const std::vector<std::string>& settings) {
+// A setting as messages repeat it.
+std::string shownSetting(const Model& model, const std::string& text) {
+  const Result<Setting> setting = parseSetting(text);
+  if (!setting) return text;
+  const auto feature = model.features.find(withoutKeys(model, *setting).name);
+  const bool isSecret = feature != model.features.end() && feature->second.isEncrypted();
+  return isSecret ? setting->name + "=" + kMask : text;
+}
+
+void setAll(const Model& model, const std::vector<std::string>& settings, Problems& problems) {
   for (const std::string& text : settings) {
-    Result<> set = parseSetting(text).and_then(
-        [&model](const Setting& setting) { return applySetting(model, setting); });
-    if (!set) return failureOf(set, "-o " + text);
+    Result<> set = parseSetting(text).and_then([&model](const Setting& setting) {
+      return applySetting(model, withoutKeys(model, setting));
+    });
+    if (!set) collect(failureOf(set, "-o " + shownSetting(model, text)), problems);
   }
-  return {};
 }
 
-Result<> addAll(const Session& session, const std::vector<RecordsRequest>& requests) {
+void addAll(const Session& session, const std::vector<RecordsRequest>& requests,
+            Problems& problems) {
   for (const RecordsRequest& request : requests) {
     Result<> added = addRecords(session.features(), session.model(), request);
-    if (!added) return failureOf(added, "--records " + request.group + " " + request.file);
+    const bool hasPlace = !added && !added.error().file.empty();
+    if (!added && !hasPlace) {
+      added.error().text.insert(0, "--records " + request.group + " " + request.file + ": ");
+    }
+    collect(std::move(added), problems);
   }
-  return {};
 }
 
 }  // namespace
 
 Result<> makeChanges(Session& session, const Changes& changes) {
   if (changes.allowControlCharacters) session.allowControlCharacters();
-  Result<> made = loadAll(session, changes.files)
-                      .and_then([&] { return setAll(session.model(), changes.settings); })
-                      .and_then([&] { return addAll(session, changes.records); });
-  if (made) {
-    session.log().release();
-  } else {
-    session.log().discard();
+  Problems problems;
+  for (const std::string& file : changes.files) {
+    collect(loadSettings(session.features(), session.model(), file), problems);
   }
-  return made;
+  setAll(session.model(), changes.settings, problems);
+  addAll(session, changes.records, problems);
+  if (problems.empty()) {
+    session.log().release();
+    return {};
+  }
+  session.log().discard();
+  return failureOfAll(std::move(problems));
 }
 
 Result<std::unique_ptr<Session>> openChanged(const SessionRequest& request,
@@ -58,7 +76,9 @@ Result<std::unique_ptr<Session>> openChanged(const SessionRequest& request,
 
 std::vector<OutputText> outputsToSave(const Session& session, const Changes& changes) {
   if (changes.saveFile.empty()) return {};
-  return {{changes.saveFile, composeSettings(session.features(), session.model())}};
+  const auto secrets = changes.saveSecrets ? Secrets::kSaved : Secrets::kLeftOut;
+  return {{changes.saveFile, composeSavedSettings(session.features(), session.model(), secrets),
+           changes.saveSecrets}};
 }
 
 }  // namespace driver_feature::host

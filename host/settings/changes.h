@@ -14,17 +14,18 @@
 namespace driver_feature::host {
 
 struct Changes {
-  std::vector<std::string> settings;    // NAME=VALUE, made in this order.
+  std::vector<std::string> settings;    // NAME=VALUE, made in this order; keys stand for names.
   std::vector<RecordsRequest> records;  // Made after the settings.
   std::vector<std::string> files = {};  // Settings files, set before all else.
   std::string saveFile = {};            // Receives the settings afterwards; empty for none.
   bool allowControlCharacters = false;  // Even if they can end the command.
+  bool saveSecrets = false;             // Save the values of encrypted features, too.
 };
 
 // Makes the changes and releases the log lines that they and the load have
-// caused. At the first change that is refused the log lines are dropped; the
-// changes before it have been made. A settings file has a problem for each of
-// its refused lines.
+// caused. If any change is refused, the log lines are dropped and the others have
+// been made; there is a problem for each refused one: for a line of a settings
+// file, for a setting, and for a member of a record.
 Result<> makeChanges(Session& session, const Changes& changes);
 
 // Opens the session and makes the changes.

@@ -52,10 +52,12 @@ TEST_F(ChangesTest, MakeChanges_AllAccepted_ReleasesTheLogLinesAtOnce) {
   EXPECT_THAT(reports_, ElementsAre(kLoadLine));
 }
 
-TEST_F(ChangesTest, MakeChanges_OneRefused_IsTheOnlyProblemAndDropsTheLog) {
+TEST_F(ChangesTest, MakeChanges_SomeRefused_AreAllReportedAndTheLogIsDropped) {
   ASSERT_TRUE(session_);
-  EXPECT_EQ(problemText(makeChanges(*session_, {{"Copies=2", "Copies=x", "Copies=y"}, {}})),
-            "-o Copies=x: \"x\" is not a whole number; give a whole number");
+  const auto made = makeChanges(*session_, {{"Copies=2", "Copies=x", "Copies=y"}, {}});
+  EXPECT_EQ(problemText(made),
+            "-o Copies=x: \"x\" is not a whole number; give a whole number\n"
+            "-o Copies=y: \"y\" is not a whole number; give a whole number");
   session_.reset();
   EXPECT_THAT(reports_, IsEmpty());
 }

@@ -1,8 +1,7 @@
 #include "host/settings/records.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
+#include <utility>
 #include <vector>
 
 #include <nlohmann/json.hpp>
@@ -11,6 +10,7 @@
 #include "host/base/nearest_name.h"
 #include "host/base/text.h"
 #include "host/session/group_view.h"
+#include "host/settings/json_places.h"
 
 namespace driver_feature::host {
 
@@ -18,22 +18,25 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// "line 3, column 5" of a byte counted from 1.
-std::string placeOf(const std::string& text, std::size_t byte) {
+// The place of a byte counted from 1.
+Position placeOf(const std::string& text, std::size_t byte) {
   const std::string before = text.substr(0, byte > 0 ? byte - 1 : 0);
   const auto line = 1 + std::count(before.begin(), before.end(), '\n');
   const std::size_t lineStart = before.rfind('\n') + 1;  // 0 on the first line.
-  return "line " + std::to_string(line) + ", column " +
-         std::to_string(before.size() - lineStart + 1);
+  return {static_cast<int>(line), static_cast<int>(before.size() - lineStart + 1)};
 }
 
-Result<Json> parse(const std::string& text) {
+Problem problemIn(const std::string& file, Position position, std::string text) {
+  return {Problem::Kind::kRefused, std::move(text), "", "", file, position};
+}
+
+Result<Json> parse(const std::string& file, const std::string& text) {
   Json json;
   try {
     json = Json::parse(text);
   } catch (const Json::parse_error& error) {
-    return refused("the file is not JSON at " + placeOf(text, error.byte) +
-                   "; correct it there or just before");
+    return Failure(problemIn(file, placeOf(text, error.byte),
+                             "the file is not JSON; correct it there or just before"));
   } catch (const Json::out_of_range&) {
     return refused("the file holds a number that is too large for any feature; give a smaller one");
   }
@@ -51,51 +54,77 @@ std::optional<std::string> textOf(const Json& value) {
 // One group with the names of the members that have a value.
 class RecordCheck {
  public:
-  RecordCheck(const Model& model, const std::vector<std::string>& members)
-      : model_(model), members_(members) {}
+  RecordCheck(const Model& model, const std::vector<std::string>& members, std::string file)
+      : model_(model), members_(members), file_(std::move(file)) {}
 
-  // The values of a record in the order of the members.
-  Result<> read(const Json& object, Record& record) const {
-    if (!object.is_object()) return refused("it is not an object; write {\"NAME\": VALUE, ...}");
+  // Reads the values of a record in the order of the members, and notes what is
+  // wrong with it. Records are counted from 0, as the library does.
+  void read(const Json& object, const JsonPlace& place, std::vector<Record>& records) {
+    place_ = &place;
+    start_ = "record " + std::to_string(records.size()) + ": ";
+    records.emplace_back();
+    if (!object.is_object()) {
+      return refuse(place.line, "it is not an object; write {\"NAME\": VALUE, ...}");
+    }
     for (const auto& [name, value] : object.items()) {
-      if (takesValue(name)) continue;
-      const auto nearest = nearestName(name, members_);
-      return refused("there is no member " + inQuotes(name) + "; " +
-                     (nearest ? "did you mean " + inQuotes(*nearest) + "?"
-                              : "the members are " + listed(members_)));
+      if (!takesValue(name)) refuseName(name);
     }
     for (const std::string& name : members_) {
-      record.emplace_back();
-      if (!takesValue(name)) continue;
-      if (Result<> done = readMember(object, name, record.back()); !done) return done;
+      records.back().emplace_back();
+      if (takesValue(name)) readMember(object, name, records.back().back());
     }
-    return {};
+  }
+
+  // In the order of their lines.
+  Problems problems() {
+    std::ranges::stable_sort(problems_, {}, &Problem::position);
+    return std::move(problems_);
   }
 
  private:
+  void refuse(int line, const std::string& reason) {
+    problems_.push_back(problemIn(file_, {line, 0}, start_ + reason));
+  }
+
+  int lineOf(const std::string& name) const {
+    const auto line = place_->members.find(name);
+    return line != place_->members.end() ? line->second : place_->line;
+  }
+
+  void refuseName(const std::string& name) {
+    const auto nearest = nearestName(name, members_);
+    refuse(lineOf(name), "there is no member " + inQuotes(name) + "; " +
+                             (nearest ? "did you mean " + inQuotes(*nearest) + "?"
+                                      : "the members are " + listed(members_)));
+  }
+
   // A nested group is one of the members, and has no value.
   bool takesValue(const std::string& name) const {
     const bool isMember = std::find(members_.begin(), members_.end(), name) != members_.end();
     return isMember && model_.features.contains(name);
   }
 
-  Result<> readMember(const Json& object, const std::string& name, std::string& text) const {
+  void readMember(const Json& object, const std::string& name, std::string& text) {
     const auto found = object.find(name);
-    if (found == object.end())
-      return refused("member " + inQuotes(name) + " is missing; give it a value");
-    const auto value = textOf(*found);
-    if (!value)
-      return refused("the value of " + inQuotes(name) +
-                     " is neither a text nor a number; give one");
-    text = *value;
-    if (Result<> checked = checkSetting(model_, {name, text}); !checked) {
-      return failureOf(checked, inQuotes(name));
+    if (found == object.end()) {
+      return refuse(place_->line, "member " + inQuotes(name) + " is missing; give it a value");
     }
-    return {};
+    const auto value = textOf(*found);
+    if (!value) {
+      return refuse(lineOf(name),
+                    "the value of " + inQuotes(name) + " is neither a text nor a number; give one");
+    }
+    text = *value;
+    const Result<> checked = checkSetting(model_, {name, text});
+    if (!checked) refuse(lineOf(name), inQuotes(name) + ": " + checked.error().text);
   }
 
   const Model& model_;
   const std::vector<std::string>& members_;
+  std::string file_;
+  const JsonPlace* place_ = nullptr;
+  std::string start_;
+  Problems problems_;
 };
 
 }  // namespace
@@ -114,21 +143,22 @@ Result<> addRecords(CoreFeatureSet& set, const Model& model, const RecordsReques
   if (!group) return refused(refuseDynamicGroup(model, request.group));
   const Result<std::string> text = readFile(request.file);
   if (!text) return refused("the file " + text.error().text + "; give a JSON file");
-  Result<Json> json = parse(*text);
-  if (!json) return failureOf(json);
+  const Result<Json> json = parse(request.file, *text);
+  if (!json) return Failure(json.error());
   const std::vector<std::string> members = group->memberNames();
-  const RecordCheck check(model, members);
+  const std::vector<JsonPlace> places = jsonPlaces(*text);
+  RecordCheck check(model, members, request.file);
   std::vector<Record> records;
-  for (const Json& object : *json) {
-    records.emplace_back();
-    if (Result<> read = check.read(object, records.back()); !read) {
-      return failureOf(read, "record " + std::to_string(records.size()));
-    }
+  for (const Json& object : *json) check.read(object, places.at(records.size()), records);
+  if (Problems problems = check.problems(); !problems.empty()) {
+    return failureOfAll(std::move(problems));
   }
   for (std::size_t i = 0; i < records.size(); ++i) {
     if (group->add(records[i])) continue;
-    return refused("record " + std::to_string(i + 1) +
-                   ": the feature library refuses it; run again with --verbose to see why");
+    return Failure(problemIn(request.file, {places[i].line, 0},
+                             "record " + std::to_string(i) +
+                                 ": the feature library refuses it; run again with --verbose to "
+                                 "see why"));
   }
   return {};
 }

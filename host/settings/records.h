@@ -22,7 +22,8 @@ struct RecordsRequest {
 // member is checked, and then adds the records in the order of the file; the
 // description's sort routine may put them into another. When anything is
 // refused, no record is added, unless the library refuses one that has passed
-// the checks.
+// the checks; there is a problem for each refused member, with the line of the
+// file. Records are counted from 0.
 Result<> addRecords(CoreFeatureSet& set, const Model& model, const RecordsRequest& request);
 
 // Why records for a name that is not a dynamic group's are refused.

@@ -15,6 +15,9 @@ struct Setting {
   std::string value;
 };
 
+// What is shown in place of the value of a feature that is marked "Encrypted".
+inline constexpr const char* kMask = "****";
+
 // Splits NAME=VALUE at the first equals sign. Refused without one and with an
 // empty name.
 Result<Setting> parseSetting(const std::string& text);

@@ -6,6 +6,7 @@
 
 #include "host/base/child_process.h"
 #include "host/base/input_file.h"
+#include "host/base/text.h"
 #include "host/session/group_view.h"
 #include "host/settings/settings_plan.h"
 #include "host/settings/settings_text.h"
@@ -18,6 +19,32 @@ constexpr const char* kHeading =
     "# Settings of driver-feature.\n"
     "# NAME=VALUE sets a feature. \"[GROUP]\" begins a record of a dynamic group.\n"
     "# In values: \\\\ backslash, \\s blank at an end, \\t tab, \\n line end, \\xNN byte.\n";
+
+// Whether a dynamic group's template holds the feature, at any depth.
+bool isInTemplate(const Model& model, const std::string& feature) {
+  const std::vector<std::string> around = model.index.groupsAround(feature);
+  const auto& groups = model.index.groups();
+  return std::any_of(groups.begin(), groups.end(), [&](const GroupEntry& group) {
+    if (group.kind != GroupKind::kDynamic) return false;
+    const std::string shape = model.index.templateOf(group.name);
+    return std::find(around.begin(), around.end(), shape) != around.end();
+  });
+}
+
+std::string notSaved(const std::string& what) {
+  return "# " + what + " not saved, being marked Encrypted; --save-secrets saves it.\n";
+}
+
+// The first member of the group that is marked "Encrypted"; empty without one.
+std::string secretMember(CoreFeatureSet& set, const Model& model, const std::string& name) {
+  const auto group = findDynamicGroup(set, model.index, name);
+  if (!group) return "";
+  for (const std::string& member : group->memberNames()) {
+    const auto feature = model.features.find(member);
+    if (feature != model.features.end() && feature->second.isEncrypted()) return member;
+  }
+  return "";
+}
 
 std::string recordLines(CoreFeatureSet& set, const Model& model, const std::string& name) {
   const auto group = findDynamicGroup(set, model.index, name);
@@ -96,6 +123,26 @@ std::string composeSettings(CoreFeatureSet& set, const Model& model) {
   }
   for (const GroupEntry& group : model.index.groups()) {
     if (group.kind == GroupKind::kDynamic) text += recordLines(set, model, group.name);
+  }
+  return text;
+}
+
+std::string composeSavedSettings(CoreFeatureSet& set, const Model& model, Secrets secrets) {
+  const bool hides = secrets == Secrets::kLeftOut;
+  std::string text = kHeading;
+  for (const auto& [name, feature] : model.features) {
+    const auto value = settingText(feature);
+    const bool isConstant = !feature.isVisible() && feature.isAtDefault();
+    if (!value || isConstant || isInTemplate(model, name)) continue;
+    text += hides && feature.isEncrypted() ? notSaved(printable(name) + " is")
+                                           : settingLine({name, *value});
+  }
+  for (const GroupEntry& group : model.index.groups()) {
+    if (group.kind != GroupKind::kDynamic) continue;
+    const std::string lines = recordLines(set, model, group.name);
+    const bool isSecret = hides && lines != "\n" + noRecordsLine(group.name) &&
+                          !secretMember(set, model, group.name).empty();
+    text += isSecret ? "\n" + notSaved("The records of " + printable(group.name) + " are") : lines;
   }
   return text;
 }

@@ -16,6 +16,13 @@ namespace driver_feature::host {
 // all records. Loading it gives the same values and records.
 std::string composeSettings(CoreFeatureSet& set, const Model& model);
 
+// The same without what nobody sets: hidden features with their default values,
+// and members of templates, which are only the shape of records. Values of
+// features that are marked "Encrypted" can be left out, with a comment that says
+// so; a record that has one is then left out as a whole, since it would lack it.
+enum class Secrets { kSaved, kLeftOut };
+std::string composeSavedSettings(CoreFeatureSet& set, const Model& model, Secrets secrets);
+
 // Sets the values of a settings file, and makes its records the only ones of
 // the groups that it names. The lines are checked as settings of the command
 // line are, but a value that the feature has already is never refused, and a

@@ -16,14 +16,19 @@ std::string_view environment(const char* name) {
 
 }  // namespace
 
+bool terminalWantsColour() {
+  const std::string_view terminal = environment("TERM");
+  return ::isatty(STDOUT_FILENO) == 1 && environment("NO_COLOR").empty() && !terminal.empty() &&
+         terminal != "dumb";
+}
+
 host::Result<bool> wantsColour(const std::string& when) {
   if (when == "always") return true;
   if (when == "never") return false;
   if (when != "auto") {
     return host::refused("--color: \"" + when + "\" is not a time; give auto, always or never");
   }
-  return ::isatty(STDOUT_FILENO) == 1 && environment("NO_COLOR").empty() &&
-         environment("TERM") != "dumb";
+  return terminalWantsColour();
 }
 
 }  // namespace driver_feature::cli

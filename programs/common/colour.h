@@ -8,9 +8,12 @@
 
 namespace driver_feature::cli {
 
-// "always", "never", or "auto": if standard output is a terminal that knows
-// colours and the environment does not ask for none (NO_COLOR). Refused for
-// other words.
+// Whether standard output is a terminal that knows colours, and the environment
+// does not ask for none (NO_COLOR).
+bool terminalWantsColour();
+
+// "always", "never", or "auto": as terminalWantsColour() says. Refused for other
+// words.
 host::Result<bool> wantsColour(const std::string& when);
 
 }  // namespace driver_feature::cli

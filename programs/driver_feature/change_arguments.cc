@@ -11,6 +11,7 @@ host::Changes changesOf(const Arguments& arguments) {
     changes.records.push_back({records[i], records[i + 1]});
   }
   changes.saveFile = arguments.text("--save");
+  changes.saveSecrets = arguments.has("--save-secrets");
   changes.allowControlCharacters = arguments.has("--allow-control-characters");
   return changes;
 }

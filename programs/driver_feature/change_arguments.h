@@ -23,6 +23,9 @@ inline constexpr std::array kChangeRows = {
                 "Add the records of a JSON file to a dynamic group; may be repeated", kRepeats},
     ArgumentRow{"--save", "FILE",
                 "Write the values and records after the changes to a settings file"},
+    ArgumentRow{"--save-secrets", "",
+                "With --save: write the values of features marked Encrypted, too, into a file that "
+                "only its owner can read"},
     kAllowanceRow};
 
 // What these rows ask for.

@@ -53,6 +53,7 @@ constexpr std::array kCommands = {
     &kImportCommand,  //
     &kQueueCommand,   //
     &kShellCommand,   //
+    &kHelpCommand,    //
 };
 
 host::SessionRequest generalOf(const Arguments& arguments) {

@@ -6,7 +6,7 @@
 
 #include "host/base/text.h"
 #include "host/ppd/plain/keywords.h"
-#include "programs/filter/feature_key.h"
+#include "host/settings/command_line_key.h"
 #include "programs/filter/job_settings.h"
 #include "programs/filter/libcups_options.h"
 #include "programs/filter/media_rule.h"
@@ -98,9 +98,9 @@ bool JobSettings::asksFor(const std::string& name) const {
 }
 
 bool JobSettings::sortByKey(const host::Setting& option) {
-  const auto feature = featureWithKey(model_, option.name);
+  const auto feature = host::featureWithKey(model_, option.name);
   if (!feature) return false;
-  const auto value = valueWithKey(model_, *feature, option.value);
+  const auto value = host::valueWithKey(model_, *feature, option.value);
   // A value that the feature does not know is then libcups' affair.
   if (!value && ppd_ != nullptr && isKnownToLibcups(option.name)) {
     const bool isStrict = option.name == "media" || option.name == "sides";

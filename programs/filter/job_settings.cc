@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "host/settings/settings_file.h"
-#include "programs/filter/feature_key.h"
+#include "host/settings/command_line_key.h"
 #include "programs/filter/messages.h"
 
 namespace driver_feature::filter {
@@ -61,7 +61,7 @@ bool JobSettings::settlePages() {
 
 std::string JobSettings::copiesFeature() const {
   std::string name = "Copies";
-  if (!model_.features.contains(name)) name = featureWithKey(model_, "copies").value_or("");
+  if (!model_.features.contains(name)) name = host::featureWithKey(model_, "copies").value_or("");
   const auto feature = model_.features.find(name);
   const bool isCount =
       feature != model_.features.end() && feature->second.kind() == host::FeatureKind::kIntEntry;
@@ -94,7 +94,7 @@ void JobSettings::markAll() {
 // A feature that is named after something that every job has gets it, unless
 // its value is refused or an option asks for another one.
 void JobSettings::addDefault(const std::string& key, const std::string& value) {
-  const auto feature = featureWithKey(model_, key);
+  const auto feature = host::featureWithKey(model_, key);
   if (feature && !isAsked(*feature)) wishes_.push_back({"", {*feature, value}, ""});
 }
 

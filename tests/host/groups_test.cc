@@ -31,7 +31,7 @@ class GroupsTest : public ProgramTest {
   RunResult refusedRecords(const std::string& json) const {
     write("records.json", json);
     RunResult result = run({"show", "office.xml", "--records", "Exceptions", "records.json"});
-    const std::string prefix = "driver-feature: --records Exceptions records.json: ";
+    const std::string prefix = "driver-feature: ";
     if (result.errors.starts_with(prefix)) result.errors.erase(0, prefix.size());
     return result;
   }
@@ -110,24 +110,58 @@ TEST_F(GroupsTest, ShowJson_GroupsAndRecords_AreAnArray) {
 TEST_F(GroupsTest, Records_ThatDoNotFit_AreRefusedWithTheReason) {
   const std::pair<const char*, const char*> rows[] = {
       {R"([{"Page": 0, "Media": "Plain"}])",
-       "record 1: \"Page\": 0 is out of range; give a whole number, at least 1 (office.xml:11)\n"},
+       "records.json:1: record 0: \"Page\": 0 is out of range; give a whole number, at least 1 "
+       "(office.xml:11)\n"},
       {R"([{"Page": 1, "Media": "Plain"}, {"Page": 1, "Media": "Soft"}])",
-       "record 2: \"Media\": feature \"Media\" has no option \"Soft\"; choose one of Plain, "
+       "records.json:1: record 1: \"Media\": feature \"Media\" has no option \"Soft\"; choose one "
+       "of Plain, "
        "Heavy\n"},
-      {R"([{"Page": 1}])", "record 1: member \"Media\" is missing; give it a value\n"},
+      {R"([{"Page": 1}])",
+       "records.json:1: record 0: member \"Media\" is missing; give it a value\n"},
       {R"([{"Page": 1, "Media": "Plain", "Medi": 1}])",
-       "record 1: there is no member \"Medi\"; did you mean \"Media\"?\n"},
+       "records.json:1: record 0: there is no member \"Medi\"; did you mean \"Media\"?\n"},
       {R"([{"Page": 1, "Media": "Plain", "Something": 1}])",
-       "record 1: there is no member \"Something\"; the members are Page, Media\n"},
+       "records.json:1: record 0: there is no member \"Something\"; the members are Page, Media\n"},
       {R"([{"Page": null, "Media": "Plain"}])",
-       "record 1: the value of \"Page\" is neither a text nor a number; give one\n"},
-      {"[3]", "record 1: it is not an object; write {\"NAME\": VALUE, ...}\n"},
-      {"{}", "the file is not an array; write [ {\"NAME\": VALUE, ...}, ... ]\n"},
-      {"[\n {]", "the file is not JSON at line 2, column 3; correct it there or just before\n"},
+       "records.json:1: record 0: the value of \"Page\" is neither a text nor a number; give "
+       "one\n"},
+      {"[3]", "records.json:1: record 0: it is not an object; write {\"NAME\": VALUE, ...}\n"},
+      {"{}",
+       "--records Exceptions records.json: the file is not an array; write [ {\"NAME\": VALUE, "
+       "...}, ... ]\n"},
+      {"[\n {]", "records.json:2:3: the file is not JSON; correct it there or just before\n"},
       {R"([{"Page": 1e400, "Media": "Plain"}])",
-       "the file holds a number that is too large for any feature; give a smaller one\n"},
+       "--records Exceptions records.json: the file holds a number that is too large for any "
+       "feature; give a smaller one\n"},
   };
   for (const auto& [json, reason] : rows) EXPECT_EQ(refusedRecords(json), failure(2, reason));
+}
+
+TEST_F(GroupsTest, Records_SeveralFaults_AreAllReportedAtTheirLines) {
+  write("records.json",
+        "[\n  {\"Page\": 0,\n   \"Media\": \"So\\\"[{ft\"},\n  {\"Page\": 1, \"Media\": "
+        "\"Plain\"}, 7,\n"
+        "  {\"Medi\\u0061\":\n     \"Plain\", \"Pagee\": {\"Page\": [1]}}\n]\n");
+  EXPECT_EQ(
+      run({"show", "office.xml", "-o", "Copies=0", "-o", "Nope=1", "-o", "Staple=1", "--records",
+           "Exceptions", "records.json", "--records", "Gone", "records.json"}),
+      failure(2,
+              "driver-feature: -o Copies=0: 0 is out of range; give a whole number, at least "
+              "1 (office.xml:3)\n"
+              "driver-feature: -o Nope=1: there is no feature \"Nope\"; \"driver-feature "
+              "show\" lists the features\n"
+              "driver-feature: records.json:2: record 0: \"Page\": 0 is out of range; give a "
+              "whole number, at least 1 (office.xml:11)\n"
+              "driver-feature: records.json:3: record 0: \"Media\": feature \"Media\" has no "
+              "option \"So\"[{ft\"; choose one of Plain, Heavy\n"
+              "driver-feature: records.json:4: record 2: it is not an object; write "
+              "{\"NAME\": VALUE, ...}\n"
+              "driver-feature: records.json:5: record 3: member \"Page\" is missing; give it a "
+              "value\n"
+              "driver-feature: records.json:6: record 3: there is no member \"Pagee\"; did you "
+              "mean \"Page\"?\n"
+              "driver-feature: --records Gone records.json: there is no dynamic group "
+              "\"Gone\"; give one of Exceptions\n"));
 }
 
 TEST_F(GroupsTest, Records_ForNoDynamicGroup_AreRefused) {

@@ -152,11 +152,13 @@ TEST_F(RefusalTest, Emit_ExistingFile_IsUntouched) {
   EXPECT_EQ(fileNames(), (std::vector<std::string>{"job.ps", "o.xml"}));
 }
 
-TEST_F(RefusalTest, Emit_SeveralRefused_NamesTheFirst) {
-  EXPECT_EQ(emit({"Free=x", "Copies=0"}),
+TEST_F(RefusalTest, Emit_SeveralRefused_NamesAll) {
+  EXPECT_EQ(emit({"Free=x", "Scale=2", "Copies=0"}),
             failure(2,
                     "driver-feature: -o Free=x: \"x\" is not a whole number; give a whole "
-                    "number\n"));
+                    "number\n"
+                    "driver-feature: -o Copies=0: 0 is out of range; give a whole number, from 1 "
+                    "to 999 (o.xml:3)\n"));
 }
 
 TEST_F(RefusalTest, Emit_LoadAndEarlierSettingsHaveLogged_StillIsOneLine) {

@@ -55,13 +55,10 @@ TEST_F(SettingsFileTest, Save_EveryKind_HoldsValuesAndRecords) {
             success("( #\"\\\n)b5\n"));
   const std::string saved = std::string(kHeading) +
                             "Copies=1\n"
-                            "Level=0\n"
                             "Locked=5\n"
                             "Owner=\\s#\"\\\\\\n\n"
                             "PageSize=B 5\n"
                             "Scale=0.1234567\n"
-                            "Shift=0.1234567\n"
-                            "Title=\n"
                             "Wrong=7\n"
                             "\n[Jobs]\nTitle=\\sb\\s\nShift=0.25\n"
                             "\n[Jobs]\nTitle=\nShift=3\n"
@@ -78,8 +75,8 @@ TEST_F(SettingsFileTest, Settings_HandWritten_TakesBlanksCommentsAndTwoGroups) {
                        "Owner = \\x41\\x0a \\t\n"
                        "[Logs]\n Level=-3\n[ Jobs ]\nShift=1\nTitle=#1\n[Logs]\nLevel=2"),
             std::string(kHeading) +
-                "Copies=7\nLevel=0\nLocked=5\nOwner=A\\n \\t\nPageSize=A4\nScale=1\n"
-                "Shift=0.1234567\nTitle=\nWrong=7\n"
+                "Copies=7\nLocked=5\nOwner=A\\n \\t\nPageSize=A4\nScale=1\n"
+                "Wrong=7\n"
                 "\n[Jobs]\nTitle=#1\nShift=1\n"
                 "\n[Logs]\nLevel=-3\n\n[Logs]\nLevel=2\n");
 }

@@ -53,7 +53,7 @@ constexpr const char* kTable =
     "Copies    IntEntry     2       available            at least 1\n"
     "Overlays  MVCList      -       unavailable\n"
     "PageSize  MultiSelect  Letter  available            A4, Letter, Legal (unavailable)\n"
-    "Pin       TextEntry    \"01\"    available            at most 4 characters, only \"012\", "
+    "Pin       TextEntry    ****    available            at most 4 characters, only \"012\", "
     "encrypted\n"
     "Scale     FloatEntry   0.1     available            from 0.1 to 4\n"
     "Zoom      IntEntry     0       unavailable, hidden  at most 5\n";
@@ -74,7 +74,7 @@ TEST_F(ShowTest, Show_NarrowTerminal_ContinuesTheLastColumn) {
             "Overlays  MVCList      -       unavailable\n"
             "PageSize  MultiSelect  Letter  available            A4, Letter,\n"
             "                                                    Legal (unavailable)\n"
-            "Pin       TextEntry    \"01\"    available            at most 4 characters,\n"
+            "Pin       TextEntry    ****    available            at most 4 characters,\n"
             "                                                    only \"012\", encrypted\n"
             "Scale     FloatEntry   0.1     available            from 0.1 to 4\n"
             "Zoom      IntEntry     0       unavailable, hidden  at most 5\n");
@@ -104,7 +104,7 @@ TEST_F(ShowTest, ShowJson_EveryType_HoldsTypedValues) {
          {"name": "A4", "available": true, "visible": true},
          {"name": "Letter", "available": true, "visible": true},
          {"name": "Legal", "available": false, "visible": true}]},
-      {"name": "Pin", "type": "TextEntry", "value": "01", "available": true, "visible": true,
+      {"name": "Pin", "type": "TextEntry", "value": "****", "available": true, "visible": true,
        "encrypted": true, "line": 5, "limits": {"maximumLength": 4, "characters": "012"}},
       {"name": "Scale", "type": "FloatEntry", "value": 0.1, "available": true, "visible": true,
        "encrypted": false, "line": 4, "limits": {"minimum": 0.1, "maximum": 4.0}},

@@ -21,11 +21,11 @@ TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
   const UsageRow kRows[] = {
       {{},
        "driver-feature: a command is needed: check, show, emit, dump, try, diff, import, queue, "
-       "shell; driver-feature --help explains them\n"},
+       "shell, help; driver-feature --help explains them\n"},
       {{"shwo"}, "driver-feature: there is no command \"shwo\"; did you mean \"show\"?\n"},
       {{"print", "a.xml"},
        "driver-feature: there is no command \"print\"; give one of check, show, emit, dump, try, "
-       "diff, import, queue, shell\n"},
+       "diff, import, queue, shell, help\n"},
       {{"--frob"},
        "driver-feature: \"--frob\" is not expected; driver-feature --help explains the usage\n"},
       {{"show"},

@@ -116,9 +116,8 @@ TEST_F(ValueSafetyTest, EveryCommand_SettingsFile_IsRefusedUnlessAllowed) {
 
 TEST_F(ValueSafetyTest, Records_UnsafeMember_IsRefusedUnlessAllowed) {
   Texts arguments = {"show", "o.xml", "--records", "Logs", "bad.json"};
-  EXPECT_EQ(
-      run(arguments),
-      failure(2, "driver-feature: --records Logs bad.json: record 2: \"Line\": " + lineReason()));
+  EXPECT_EQ(run(arguments),
+            failure(2, "driver-feature: bad.json:1: record 1: \"Line\": " + lineReason()));
   arguments.emplace_back(kAllow);
   EXPECT_EQ(run(arguments).status, 0);
 }
@@ -142,7 +141,7 @@ TEST_F(ValueSafetyTest, Shell_EveryWayIn_IsRefusedUnlessAllowed) {
   for (int line = 1; line <= 6; ++line) refused += at + std::to_string(line) + ": " + jobReason();
   refused += at + "7: " + reason("Code", "0x0A", "in a PJL line", 5) + at +
              "9: \"Line\": " + lineReason() + at +
-             "10: bad.json: record 2: \"Line\": " + lineReason();
+             "10: bad.json:1: record 1: \"Line\": " + lineReason();
   const RunResult result = run({"-q", "shell", "o.xml", "--keep-going"}, openScript);
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.errors.substr(0, refused.size()), refused);

@@ -15,6 +15,7 @@ extern const CommandRow kDiffCommand;
 extern const CommandRow kImportCommand;
 extern const CommandRow kQueueCommand;
 extern const CommandRow kShellCommand;
+extern const CommandRow kHelpCommand;
 
 }  // namespace driver_feature::cli
 

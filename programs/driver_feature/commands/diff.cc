@@ -1,10 +1,7 @@
 // "diff": two settings files, compared by what they change.
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <map>
 #include <optional>
 #include <vector>
@@ -17,6 +14,7 @@
 #include "host/session/output_form.h"
 #include "host/settings/settings_file.h"
 #include "host/settings/settings_text.h"
+#include "programs/common/colour.h"
 #include "programs/common/console.h"
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
@@ -78,7 +76,7 @@ Texts take(const host::SessionRequest& request, const std::string& file,
     return {};
   }
   CoreFeatureSet& features = (*session)->features();
-  Texts texts = {composeSettings(features, (*session)->model())};
+  Texts texts = {withMasks((*session)->model(), composeSettings(features, (*session)->model()))};
   for (const Section& output : kOutputs) texts.push_back(outputOf(features, output.form));
   return texts;
 }
@@ -112,13 +110,6 @@ Texts settingLines(const std::string& text) {
 
 bool hasChange(const std::vector<host::DiffLine>& lines) {
   return std::ranges::any_of(lines, [](const host::DiffLine& line) { return line.mark != ' '; });
-}
-
-bool isColoured() {
-  const char* refused = std::getenv("NO_COLOR");
-  const char* terminal = std::getenv("TERM");
-  return ::isatty(STDOUT_FILENO) != 0 && (refused == nullptr || *refused == '\0') &&
-         terminal != nullptr && std::string(terminal) != "dumb";
 }
 
 std::string composeLine(const host::DiffLine& line, bool coloured) {
@@ -217,7 +208,7 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
   if (!*second) return kUnusable;
   const Comparison comparison(request, **first, **second);
   host::Result<> written = host::writeToStandardOutput(
-      arguments.has("--json") ? comparison.json() : comparison.text(isColoured()));
+      arguments.has("--json") ? comparison.json() : comparison.text(terminalWantsColour()));
   // 1 says that there is a difference.
   if (!written) return host::refused(written.error().text);
   return comparison.isDifferent() ? kDifferent : kSame;

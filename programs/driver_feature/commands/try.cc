@@ -9,6 +9,7 @@
 
 #include "host/base/output_file.h"
 #include "host/base/standard_streams.h"
+#include "host/settings/settings_file.h"
 #include "programs/common/console.h"
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
@@ -31,11 +32,22 @@ constexpr const char* kFooter =
 
 constexpr std::array kRows = {kDescriptionRow};
 
-using Values = std::map<std::string, std::string>;
+// A value and how it is shown.
+struct Value {
+  std::string text;
+  std::string shown;
+
+  bool operator==(const Value& other) const { return text == other.text; }
+};
+
+using Values = std::map<std::string, Value>;
 
 Values valuesOf(const host::Model& model) {
   Values values;
-  for (const auto& [name, feature] : model.features) values[name] = valueText(feature);
+  for (const auto& [name, feature] : model.features) {
+    const std::string text = settingText(feature).value_or("");
+    values[name] = {text, valueText(feature)};
+  }
   return values;
 }
 
@@ -51,7 +63,7 @@ bool compare(const Values& before, const Values& changed, const Values& after, s
   bool restored = true;
   for (const auto& [name, value] : before) {
     if (value == changed.at(name) && value == after.at(name)) continue;
-    rows.push_back({{name, value, changed.at(name)}, {after.at(name)}});
+    rows.push_back({{name, value.shown, changed.at(name).shown}, {after.at(name).shown}});
     restored = restored && value == after.at(name);
   }
   text = rows.size() > 1 ? layOut(rows, 0) : "The settings change nothing.\n";

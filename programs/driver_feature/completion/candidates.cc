@@ -120,6 +120,13 @@ const std::map<std::string, AddKind>& kinds() {
   return kKinds;
 }
 
+// The only kind that needs the program's rows.
+const std::vector<std::string> kCommandKind = {"COMMAND"};
+
+void addCommands(const ProgramRows& program, Composer& composer) {
+  for (const CommandRow* command : program.commands) composer.add(command->name, command->summary);
+}
+
 void addArgument(Composer& composer) {
   const ArgumentRow& argument = *composer.place().argument;
   if (argument.name == std::string("NAME")) return addNames(composer);
@@ -149,19 +156,20 @@ bool isPlain(const std::string& text) {
 Completion complete(const ProgramRows& program, const std::vector<std::string>& words) {
   const Place place = findPlace(program, words);
   Composer composer(place);
-  if (place.argument != nullptr) {
+  if (place.argument != nullptr && kindsOf(*place.argument) == kCommandKind) {
+    addCommands(program, composer);
+  } else if (place.argument != nullptr) {
     addArgument(composer);
   } else if (!place.optionsEnded && place.word.starts_with('-')) {
     addOptions(program, composer);
   } else if (place.command == nullptr) {
-    for (const CommandRow* command : program.commands) {
-      composer.add(command->name, command->summary);
-    }
+    addCommands(program, composer);
   }
   return composer.take();
 }
 
 bool hasKnownKinds(const ArgumentRow& argument) {
+  if (kindsOf(argument) == kCommandKind) return true;
   return std::ranges::all_of(kindsOf(argument),
                              [](const std::string& kind) { return kinds().contains(kind); });
 }

@@ -95,10 +95,12 @@ void EventWatch::look() {
   for (const auto& [what, value] : now) {
     const auto before = state_.find(what);
     if (before != state_.end() && before->second == value) continue;
-    std::string change = what + ": ";
-    change += before != state_.end() ? before->second : "absent";
-    change += " -> " + value;
-    report_(EventKind::kChange, change);
+    const std::string old = before != state_.end() ? before->second : "absent";
+    const auto feature = session_.model().features.find(what);
+    const bool isSecret =
+        feature != session_.model().features.end() && feature->second.isEncrypted();
+    report_(EventKind::kChange, isSecret ? what + ": another value, which is not shown"
+                                         : what + ": " + old + " -> " + value);
   }
   state_ = std::move(now);
 }

@@ -25,8 +25,7 @@ std::string meant(const std::string& name, const std::vector<std::string>& names
     return "did you mean " + host::inQuotes(*nearest) + "?";
   if (names.empty()) return "the description has none";
   constexpr std::size_t kMostShown = 12;
-  return names.size() > kMostShown ? "\"show\" lists them"
-                                   : "give one of " + host::listed(names);
+  return names.size() > kMostShown ? "\"show\" lists them" : "give one of " + host::listed(names);
 }
 
 }  // namespace

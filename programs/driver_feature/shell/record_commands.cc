@@ -10,6 +10,7 @@
 #include "host/settings/records.h"
 #include "host/settings/setting.h"
 #include "programs/driver_feature/shell/names.h"
+#include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/table.h"
 
 namespace driver_feature::cli {
@@ -48,7 +49,7 @@ host::Result<> list(Shell& shell, const Target& target, const Words& /*arguments
   std::vector<TableRow> rows = {{{"RECORD"}, {}}};
   rows.front().cells.insert(rows.front().cells.end(), target.members.begin(), target.members.end());
   long index = 0;
-  for (const host::Record& record : view->records()) {
+  for (const host::Record& record : shownRecords(shell.model(), target.members, view->records())) {
     rows.push_back({{std::to_string(index) + (selected.contains(index) ? "*" : "")}, {}});
     rows.back().cells.insert(rows.back().cells.end(), record.begin(), record.end());
     ++index;
@@ -101,8 +102,16 @@ host::Result<> add(Shell& shell, const Target& target, const Words& arguments) {
 host::Result<> addFile(Shell& shell, const Target& target, const Words& arguments) {
   host::Result<> added =
       addRecords(shell.session().features(), shell.model(), {target.name, arguments[0]});
-  if (!added) return failureOf(added, arguments[0]);
-  return {};
+  if (added) return {};
+  if (added.error().more.empty()) {
+    if (added.error().file.empty()) return failureOf(added, arguments[0]);
+    return host::refused(describe(added.error()));
+  }
+  shell.transcript().note(describe(added.error()));
+  for (const host::Problem& problem : added.error().more) {
+    shell.transcript().note(describe(problem));
+  }
+  return host::refused(arguments[0] + ": nothing was added; correct the lines above");
 }
 
 // The position of an existing record.

@@ -6,7 +6,8 @@
 namespace driver_feature::cli {
 
 host::Result<> runWrite(Shell& shell, const Words& arguments) {
-  shell.answerTo(arguments[0], composeSettings(shell.session().features(), shell.model()));
+  shell.answerTo(arguments[0], composeSavedSettings(shell.session().features(), shell.model(),
+                                                    host::Secrets::kLeftOut));
   return {};
 }
 

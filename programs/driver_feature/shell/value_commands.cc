@@ -6,6 +6,7 @@
 #include "host/settings/setting.h"
 #include "host/settings/value_safety.h"
 #include "programs/driver_feature/shell/names.h"
+#include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/show/show.h"
 #include "programs/driver_feature/show/show_details.h"
 #include "programs/driver_feature/table.h"
@@ -35,7 +36,8 @@ host::Result<> getValue(Shell& shell, const std::string& name) {
     return host::refused(host::inQuotes(name) + " is a " + feature->second.typeName() +
                          " feature and holds no value; name a property, or \"all\" of them");
   }
-  shell.answer(currentValueWord(feature->second) + "\n");
+  shell.answer((isMasked(feature->second) ? host::kMask : currentValueWord(feature->second)) +
+               "\n");
   return {};
 }
 
@@ -45,7 +47,7 @@ void getAll(Shell& shell, CoreFeature& object) {
   std::vector<TableRow> rows;
   for (const std::string& property : host::propertyNames()) {
     if (const auto text = host::readProperty(object, property)) {
-      rows.push_back({{property}, {quoteWord(*text)}});
+      rows.push_back({{property}, {quoteWord(shownProperty(object, property, *text))}});
     }
   }
   shell.answer(layOut(rows, 0));
@@ -73,7 +75,7 @@ host::Result<> runGet(Shell& shell, const Words& arguments) {
   }
   auto text = host::readProperty(**object, arguments[1]);
   if (!text) return failureOf(text);
-  shell.answer(quoteWord(*text) + "\n");
+  shell.answer(quoteWord(shownProperty(*object, arguments[1], *text)) + "\n");
   return {};
 }
 

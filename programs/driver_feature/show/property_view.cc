@@ -9,6 +9,7 @@
 #include "host/session/log.h"
 #include "host/session/properties.h"
 #include "programs/driver_feature/show/limits_view.h"
+#include "programs/driver_feature/show/secrets.h"
 
 namespace driver_feature::cli {
 
@@ -38,7 +39,7 @@ std::optional<Json> valueOf(CoreFeature& object, const host::PropertyEntry& prop
       if (object.getFeatureProperty(name, &flag)) return flag;
       break;
     case host::PropertyType::kText:
-      if (object.getFeatureProperty(name, text)) return text;
+      if (object.getFeatureProperty(name, text)) return shownProperty(object, name, text);
       break;
   }
   return std::nullopt;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "programs/driver_feature/show/limits_view.h"
+#include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/show/show_groups.h"
 #include "programs/driver_feature/table.h"
 
@@ -37,6 +38,7 @@ std::vector<std::string> choicesAndLimits(const host::FeatureView& feature,
 }
 
 Json valueJson(const host::FeatureView& feature) {
+  if (isMasked(feature)) return host::kMask;
   switch (feature.kind()) {
     case host::FeatureKind::kMultiSelect: {
       const auto choice = feature.currentChoice();
@@ -65,6 +67,7 @@ Json choicesJson(const std::vector<host::Choice>& choices) {
 }  // namespace
 
 std::string valueText(const host::FeatureView& feature) {
+  if (isMasked(feature)) return host::kMask;
   switch (feature.kind()) {
     case host::FeatureKind::kMultiSelect:
       return feature.currentChoice().value_or("(none)");

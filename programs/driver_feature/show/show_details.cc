@@ -9,6 +9,7 @@
 #include "host/session/group_view.h"
 #include "programs/driver_feature/show/limits_view.h"
 #include "programs/driver_feature/show/property_view.h"
+#include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/table.h"
 
 namespace driver_feature::cli {
@@ -67,7 +68,7 @@ Json describeGroup(const host::Model& model, CoreFeatureSet& set, const host::Gr
   json["members"] = membersOf(model, set, entry);
   if (const auto group = findDynamicGroup(set, model.index, entry.name); dynamic && group) {
     json["template"] = model.index.templateOf(entry.name);
-    json["records"] = group->records();
+    json["records"] = shownRecords(model, group->memberNames(), group->records());
   }
   return json;
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/session/group_view.h"
+#include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/table.h"
 
 namespace driver_feature::cli {
@@ -29,8 +30,9 @@ std::vector<GroupSummary> summariesOf(const host::Model& model, CoreFeatureSet& 
     if (entry.kind == host::GroupKind::kDynamic) {
       const auto group = findDynamicGroup(set, model.index, entry.name);
       if (!group) continue;
-      summaries.push_back(
-          {entry.name, "dynamic", entry.outer, entry.line, group->memberNames(), group->records()});
+      const std::vector<std::string> members = group->memberNames();
+      summaries.push_back({entry.name, "dynamic", entry.outer, entry.line, members,
+                           shownRecords(model, members, group->records())});
     } else if (const auto group = host::findStaticGroup(set, entry.name)) {
       summaries.push_back({entry.name,
                            group->isTemplate() ? "template" : "static",
