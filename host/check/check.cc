@@ -40,7 +40,7 @@ bool holds(const Findings& findings, Code code) {
 }
 
 host::Result<FileReport> checkDocument(FileReport report, const host::Document& document,
-                                       const host::Plugin& plugin) {
+                                       const host::Plugin& plugin, Trial trial) {
   const host::DescriptionElements elements = elementsOf(document);
   const host::Element& description = *elements.description;
   if (elements.second) report.findings.push_back(secondDescription(*elements.second));
@@ -50,7 +50,8 @@ host::Result<FileReport> checkDocument(FileReport report, const host::Document& 
   report.load = std::move(*load);
   compareVerdicts(*report.load, description.position, report.findings);
   // A name that is not a routine's would only crash.
-  if (report.load->loaded && !holds(report.findings, Code::kNotARoutine)) {
+  const bool tries = trial == Trial::kLoadAndOutputs && report.load->loaded;
+  if (tries && !holds(report.findings, Code::kNotARoutine)) {
     host::Result<> tried = tryOutputs(plugin, document.description(), description, report.findings);
     if (!tried) return failureOf(tried);
   }
@@ -62,9 +63,10 @@ host::Result<FileReport> checkDocument(FileReport report, const host::Document& 
 
 }  // namespace
 
-host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin) {
+host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin,
+                                   Trial trial) {
   host::Result<std::string> text = host::Document::readText(path);
-  if (text) return checkText(path, std::move(*text), plugin);
+  if (text) return checkText(path, std::move(*text), plugin, trial);
   FileReport report;
   report.file = path;
   report.findings.push_back(findingOf(text.error()));
@@ -72,7 +74,7 @@ host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& 
 }
 
 host::Result<FileReport> checkText(const std::string& path, std::string text,
-                                   const host::Plugin& plugin) {
+                                   const host::Plugin& plugin, Trial trial) {
   FileReport report;
   report.file = path;
   report.source = host::decodeText(text, host::declaredEncoding(text));
@@ -80,7 +82,7 @@ host::Result<FileReport> checkText(const std::string& path, std::string text,
   report.isUtf8 = text == report.mark + report.source;
   const host::Result<host::Document> document = host::Document::ofText(path, std::move(text));
   report.usable = document.has_value();
-  if (report.usable) return checkDocument(std::move(report), *document, plugin);
+  if (report.usable) return checkDocument(std::move(report), *document, plugin, trial);
   report.findings.push_back(findingOf(document.error()));
   return report;
 }

@@ -9,13 +9,18 @@
 
 namespace driver_feature::check {
 
+// Whether output routines are tried: a real output is written in a child process.
+enum class Trial : unsigned char { kLoad, kLoadAndOutputs };
+
 // Checks a file. Routines that it names are looked up among what the process
 // has loaded by now. Problem: no child process can be made for the load.
-host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin);
+host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin,
+                                   Trial trial = Trial::kLoadAndOutputs);
 
 // The same for a text that has been read from `path`.
 host::Result<FileReport> checkText(const std::string& path, std::string text,
-                                   const host::Plugin& plugin);
+                                   const host::Plugin& plugin,
+                                   Trial trial = Trial::kLoadAndOutputs);
 
 }  // namespace driver_feature::check
 

@@ -131,6 +131,19 @@ TEST_F(SecretsTest, Try_SecretValue_ShowsThatItHasChanged) {
                                                                "Pin   ****    ****     ****\n"));
 }
 
+TEST_F(SecretsTest, Diff_SecretValues_AreSeenToDifferAndNotShown) {
+  write("a.conf", "Pin=4711\n[Jobs]\nCode=secret\n");
+  write("b.conf", "Pin=4712\n[Jobs]\nCode=secret\n[Jobs]\nCode=\n");
+  const RunResult result = run({"diff", "office.xml", "a.conf", "b.conf"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.output.substr(0, result.output.find("--- a.conf (ps)")),
+            "--- a.conf (settings)\n+++ b.conf (settings)\n"
+            "-Pin=**** (1)\n+Pin=**** (2)\n+[Jobs]\n+Code=\n");
+  const RunResult json = run({"diff", "office.xml", "a.conf", "/dev/null", "--json"});
+  EXPECT_NE(json.output.find("**** (2)"), std::string::npos) << json.output;
+  EXPECT_EQ(json.output.find("secret"), std::string::npos) << json.output;
+}
+
 TEST_F(SecretsTest, Help_Command_IsThatOfTheOption) {
   EXPECT_EQ(run({"help"}), run({"--help"}));
   EXPECT_EQ(run({"help", "emit"}), run({"emit", "--help"}));

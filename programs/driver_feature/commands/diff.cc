@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <vector>
@@ -18,6 +19,7 @@
 #include "programs/common/console.h"
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
+#include "programs/driver_feature/show/secrets.h"
 
 namespace driver_feature::cli {
 
@@ -26,7 +28,8 @@ namespace {
 constexpr const char* kFooter =
     "Shows how the values, the records and the three outputs differ. Control\n"
     "characters are shown as \\r, \\t or \\xNN, and a backslash as \\\\. An empty\n"
-    "file, such as /dev/null, means the defaults.\n"
+    "file, such as /dev/null, means the defaults. Of features marked Encrypted the\n"
+    "settings show only whether the values differ; the outputs hold them.\n"
     "\n"
     "Examples:\n"
     "  driver-feature diff office.xml draft.conf final.conf\n"
@@ -54,6 +57,8 @@ constexpr Section kOutputs[] = {{"ps", host::OutputForm::kPostScript},
                                 {"pjl", host::OutputForm::kPjl},
                                 {"ticket", host::OutputForm::kTicket}};
 
+constexpr std::ptrdiff_t kFirstName = 1 + std::ssize(kOutputs);  // Of those texts.
+
 struct DiffRequest {
   std::string first;  // Settings files.
   std::string second;
@@ -63,7 +68,8 @@ struct DiffRequest {
 constexpr int kSame = 0;
 constexpr int kDifferent = 1;
 
-// The settings and the outputs. Empty after a problem, which is printed.
+// The settings, the outputs, and the names of the features whose values are not
+// shown. Empty after a problem, which is printed.
 Texts take(const host::SessionRequest& request, const std::string& file,
            bool allowControlCharacters) {
   const host::StandardOutputDiversion diversion;
@@ -76,8 +82,11 @@ Texts take(const host::SessionRequest& request, const std::string& file,
     return {};
   }
   CoreFeatureSet& features = (*session)->features();
-  Texts texts = {withMasks((*session)->model(), composeSettings(features, (*session)->model()))};
+  Texts texts = {composeSettings(features, (*session)->model())};
   for (const Section& output : kOutputs) texts.push_back(outputOf(features, output.form));
+  for (const auto& [name, feature] : (*session)->model().features) {
+    if (feature.isEncrypted()) texts.push_back(name);
+  }
   return texts;
 }
 
@@ -198,14 +207,16 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
   const DiffRequest request{arguments.text("FIRST"), arguments.text("SECOND"),
                             arguments.has("--allow-control-characters")};
   host::SessionRequest session = sessionOf(arguments, general);
-  const auto first = takeInChild(session, request.first, request.allowControlCharacters);
+  auto first = takeInChild(session, request.first, request.allowControlCharacters);
   if (!first) return tl::unexpected(first.error());
   if (!*first) return kUnusable;
   // What the description causes has been reported once.
   if (session.detail == host::LogDetail::kUsual) session.detail = host::LogDetail::kErrors;
-  const auto second = takeInChild(session, request.second, request.allowControlCharacters);
+  auto second = takeInChild(session, request.second, request.allowControlCharacters);
   if (!second) return tl::unexpected(second.error());
   if (!*second) return kUnusable;
+  maskSettings({std::next((*first)->begin(), kFirstName), (*first)->end()}, (**first)[0],
+               (**second)[0]);
   const Comparison comparison(request, **first, **second);
   host::Result<> written = host::writeToStandardOutput(
       arguments.has("--json") ? comparison.json() : comparison.text(terminalWantsColour()));

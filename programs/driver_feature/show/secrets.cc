@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <string_view>
 
 namespace driver_feature::cli {
@@ -11,6 +12,62 @@ namespace {
 constexpr std::array<std::string_view, 5> kValues = {"ValueString", "CurrentTextValue",
                                                      "DefaultTextValue", "OriginalTextValue",
                                                      "DeferredTextValue"};
+
+// The masks of the values of each feature, in the order in which they are seen.
+class Masks {
+ public:
+  explicit Masks(const std::vector<std::string>& names) {
+    for (const std::string& name : names) values_[name + "="];
+  }
+
+  void note(const std::string& text) {
+    forEachLine(text, [this](const std::string& line) {
+      if (auto* values = valuesOf(line); values != nullptr && numberOf(*values, line) == 0) {
+        values->push_back(line);
+      }
+    });
+  }
+
+  std::string masked(const std::string& text) {
+    std::string result;
+    forEachLine(text, [&](const std::string& line) {
+      const auto* values = valuesOf(line);
+      const std::string start = line.substr(0, line.find('=') + 1);
+      if (values == nullptr || line == start + "\n") {
+        result += line;
+        return;
+      }
+      const std::string number = " (" + std::to_string(numberOf(*values, line)) + ")";
+      result += start + host::kMask + (values->size() > 1 ? number : "") + "\n";
+    });
+    return result;
+  }
+
+ private:
+  using Lines = std::vector<std::string>;
+
+  template <class Visit>
+  static void forEachLine(const std::string& text, const Visit& visit) {
+    for (std::size_t start = 0; start < text.size();) {
+      const std::size_t end = std::min(text.find('\n', start), text.size() - 1) + 1;
+      visit(text.substr(start, end - start));
+      start = end;
+    }
+  }
+
+  // Counted from 1; 0 for a line that is not among them.
+  static std::size_t numberOf(const Lines& lines, const std::string& line) {
+    const auto found = std::find(lines.begin(), lines.end(), line);
+    return found == lines.end() ? 0 : static_cast<std::size_t>(found - lines.begin()) + 1;
+  }
+
+  Lines* valuesOf(const std::string& line) {
+    const auto found = values_.find(line.substr(0, line.find('=') + 1));
+    return found != values_.end() ? &found->second : nullptr;
+  }
+
+  std::map<std::string, Lines> values_;
+};
 
 }  // namespace
 
@@ -38,6 +95,14 @@ std::vector<host::Record> shownRecords(const host::Model& model,
     }
   }
   return records;
+}
+
+void maskSettings(const std::vector<std::string>& names, std::string& first, std::string& second) {
+  Masks masks(names);
+  masks.note(first);
+  masks.note(second);
+  first = masks.masked(first);
+  second = masks.masked(second);
 }
 
 }  // namespace driver_feature::cli

@@ -25,6 +25,11 @@ std::vector<host::Record> shownRecords(const host::Model& model,
                                        const std::vector<std::string>& members,
                                        std::vector<host::Record> records);
 
+// Puts masks in place of the values of the named features in two settings texts.
+// Masks of different values of a feature have different numbers, so that the
+// texts still differ there.
+void maskSettings(const std::vector<std::string>& names, std::string& first, std::string& second);
+
 }  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_SHOW_SECRETS_H_

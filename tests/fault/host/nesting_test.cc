@@ -56,8 +56,8 @@ class NestingTest : public ProgramTest, public testing::WithParamInterface<Stack
   void expectRefusal(const std::string& description, const std::string& place) const {
     write("deep.xml", description);
     const std::string reason = "elements are nested deeper than 256";
-    const RunResult expected = failure(2, "driver-feature: deep.xml:" + place +
-                                              ": error: " + reason + "; correct the XML there\n");
+    const RunResult expected = failure(
+        2, "driver-feature: deep.xml:" + place + ": error: " + reason + "; nest them less deep\n");
     for (const char* form : {"ps", "pjl", "ticket"}) {
       EXPECT_EQ(runWithStack({"emit", "deep.xml", "--to", form}), expected);
     }
