@@ -26,8 +26,9 @@ host::Result<std::vector<std::string>> beginningsOf(const std::vector<std::strin
             return beginsSo(row, beginnings.back());
           });
       if (!known) {
-        return host::refused(option + ": no code begins with \"" + code +
-                             "\"; --explain all lists the codes");
+        std::string reason = option;
+        reason.append(": no code begins with \"").append(code);
+        return host::refused(reason.append("\"; --explain all lists the codes"));
       }
       begin = end + 1;
     }

@@ -47,7 +47,7 @@ int write(const host::Plugin& plugin, void* handle, host::OutputForm form) {
 // What a routine has done, with what to do after a semicolon; empty if none has
 // done anything wrong.
 std::string faultOf(const host::RoutineRecord& record, int status) {
-  const std::string thrown = describeThrow(record);
+  std::string thrown = describeThrow(record);
   if (!thrown.empty()) return thrown;
   if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM && record.running.front() != '\0') {
     return "the routine \"" + std::string(record.running.data()) +

@@ -66,7 +66,7 @@ TEST_P(GoldenTest, Emit_ShippedDescription_WritesTheGoldenFile) {
 TEST_P(SavedSettingsTest, Emit_SavedSettings_WriteTheGoldenFileAgain) {
   const auto& [description, settings, form] = GetParam();
   std::vector<std::string> saving = commandLine(description, settings, form);
-  saving.insert(saving.end(), {"--save", "saved.conf"});
+  saving.insert(saving.end(), {"--save", "saved.conf", "--save-secrets"});
   const std::string golden = readGolden(description + "." + settings + "." + form);
   ASSERT_EQ(run(saving), success(golden));
   std::vector<std::string> loading = commandLine(description, "default", form);

@@ -17,8 +17,8 @@ namespace {
 
 constexpr const char* kFooter =
     "Examples:\n"
-    "  driver-feature help\n"
     "  driver-feature help emit\n"
+    "  driver-feature help check\n"
     "\n"
     "Exit status: 0 success, 2 there is no such command.";
 

@@ -156,14 +156,15 @@ bool isPlain(const std::string& text) {
 Completion complete(const ProgramRows& program, const std::vector<std::string>& words) {
   const Place place = findPlace(program, words);
   Composer composer(place);
-  if (place.argument != nullptr && kindsOf(*place.argument) == kCommandKind) {
+  const bool wantsOption = !place.optionsEnded && place.word.starts_with('-');
+  const bool wantsCommand = place.argument != nullptr ? kindsOf(*place.argument) == kCommandKind
+                                                      : place.command == nullptr && !wantsOption;
+  if (wantsCommand) {
     addCommands(program, composer);
   } else if (place.argument != nullptr) {
     addArgument(composer);
-  } else if (!place.optionsEnded && place.word.starts_with('-')) {
+  } else if (wantsOption) {
     addOptions(program, composer);
-  } else if (place.command == nullptr) {
-    addCommands(program, composer);
   }
   return composer.take();
 }

@@ -99,8 +99,10 @@ void EventWatch::look() {
     const auto feature = session_.model().features.find(what);
     const bool isSecret =
         feature != session_.model().features.end() && feature->second.isEncrypted();
-    report_(EventKind::kChange, isSecret ? what + ": another value, which is not shown"
-                                         : what + ": " + old + " -> " + value);
+    std::string change = what + ": ";
+    change += isSecret ? "another value, which is not shown" : old;
+    if (!isSecret) change += " -> " + value;
+    report_(EventKind::kChange, change);
   }
   state_ = std::move(now);
 }
