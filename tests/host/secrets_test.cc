@@ -55,7 +55,7 @@ TEST_F(SecretsTest, Option_Keys_StandForNamesUnlessThereIsTheName) {
       "the features\n");
 }
 
-const std::string kHeading =
+const std::string kSettingsHeading =
     "# Settings of driver-feature.\n"
     "# NAME=VALUE sets a feature. \"[GROUP]\" begins a record of a dynamic group.\n"
     "# In values: \\\\ backslash, \\s blank at an end, \\t tab, \\n line end, \\xNN byte.\n";
@@ -66,7 +66,7 @@ TEST_F(SecretsTest, Save_HiddenConstantsTemplatesAndSecrets_AreLeftOut) {
                 .status,
             0);
   EXPECT_EQ(read("a.conf"),
-            kHeading +
+            kSettingsHeading +
                 "Copies=0\nMark=x\nPageSize=A4\n"
                 "# Pin is not saved, being marked Encrypted; --save-secrets saves it.\n"
                 "\n# The records of Jobs are not saved, being marked Encrypted; --save-secrets "
@@ -82,7 +82,7 @@ TEST_F(SecretsTest, SaveSecrets_File_HoldsThemAndOnlyItsOwnerCanReadIt) {
                    "jobs.json", "--save", file, "--save-secrets"}),
               success(""));
     EXPECT_EQ(modeOf(file), 0600U);
-    EXPECT_EQ(read(file), kHeading +
+    EXPECT_EQ(read(file), kSettingsHeading +
                               "Copies=0\nPageSize=A4\nPin=1234\n"
                               "\n[Jobs]\nCode=secret\n");
   }

@@ -75,7 +75,7 @@ host::Result<> runGet(Shell& shell, const Words& arguments) {
   }
   auto text = host::readProperty(**object, arguments[1]);
   if (!text) return failureOf(text);
-  shell.answer(quoteWord(shownProperty(*object, arguments[1], *text)) + "\n");
+  shell.answer(quoteWord(shownProperty(**object, arguments[1], *text)) + "\n");
   return {};
 }
 
