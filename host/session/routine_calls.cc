@@ -140,6 +140,7 @@ void forEachNamed(void* element, const Visit& visit) {
     if (!attributes.loadMapVariable(attribute.name, name, nullptr) || name.empty()) continue;
     visit(element, attribute, name);
   }
+  if (tagOf(element) == "Feature") return;  // Options name no routines.
   forEachChild(element, [&visit](void* child) { forEachNamed(child, visit); });
 }
 
