@@ -1,7 +1,7 @@
 // Looking features and groups up in the set.
 
-#include <deque>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,6 +10,7 @@
 #include "model/driver_feature_dynamic_group.h"
 #include "frame/driver_feature_set.h"
 #include "model/driver_feature_static_group.h"
+#include "support/model_builder.h"
 #include "support/recording_host.h"
 
 namespace driver_feature::testing {
@@ -66,19 +67,31 @@ TEST_F(FindInSetTest, FindByName_Absent_IsLogged) {
 
 // Of many groups an index is kept, which a new name of any of them ends.
 TEST_F(FindInSetTest, FindByName_RenamedGroupAmongMany_IsFoundBeforeLaterOnesOfItsName) {
-  struct Group final : DriverFeatureStaticGroup {
-    using DriverFeatureStaticGroup::DriverFeatureStaticGroup;
-  };
-  std::deque<Group> groups;
+  Objects<DriverFeatureStaticGroup> objects;
+  std::vector<DriverFeatureStaticGroup*> groups;
   for (int i = 0; i < 40; ++i) {
-    set_.addStaticGroupToFeatureList(&groups.emplace_back("G" + std::to_string(i)));
+    groups.push_back(&objects.emplace_back("G" + std::to_string(i)));
+    set_.addStaticGroupToFeatureList(groups.back());
   }
   // The index is made when names are looked for again.
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(find("G30"), &groups[30]);
-  EXPECT_TRUE(groups[5].setFeatureProperty(std::string("Name"), std::string("G30")));
-  EXPECT_EQ(find("G30"), &groups[5]);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(find("G30"), groups[30]);
+  EXPECT_TRUE(groups[5]->setFeatureProperty(std::string("Name"), std::string("G30")));
+  EXPECT_EQ(find("G30"), groups[5]);
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
   EXPECT_EQ(find("G5"), nullptr);
+}
+
+// A group of a host's class is asked for its name, and with it all the others.
+TEST_F(FindInSetTest, FindByName_GroupOfAHostsClass_FindsBothKinds) {
+  struct HostsGroup final : DriverFeatureStaticGroup {
+    using DriverFeatureStaticGroup::DriverFeatureStaticGroup;
+  };
+  HostsGroup hosts(std::string("Host's"));
+  set_.addStaticGroupToFeatureList(&hosts);
+  set_.addDynamicGroupToFeatureList(&dynamic_);
+  EXPECT_EQ(find("Host's"), &hosts);
+  EXPECT_EQ(find("Dynamic"), &dynamic_);
+  EXPECT_THAT(host_.takeEvents(), IsEmpty());
 }
 
 TEST_F(FindInSetTest, FindByName_UsesTheNameOfFiling) {

@@ -185,13 +185,32 @@ TEST_F(SortTest, SortList_WithoutSwap_KeepsWhatTheRoutineLeavesInTheMaps) {
   comparison = [&calls](AttributeMap& first, AttributeMap& second) {
     calls.push_back(textOf(first) + '|' + textOf(second));
     first["Left"] = "behind";
+    second["Also"] = "left";
     return calls.size() == 2 ? 1 : 0;
   };
   EXPECT_TRUE(group_.sortList());
   // Cleared by the swap after the second call only.
-  EXPECT_THAT(calls,
-              ElementsAre("Mark=,Page=1|Mark=,Page=2", "Left=behind,Mark=,Page=2|Mark=,Page=3",
-                          "Mark=,Page=1|Mark=,Page=3"));
+  EXPECT_THAT(calls, ElementsAre("Mark=,Page=1|Mark=,Page=2",
+                                 "Left=behind,Mark=,Page=2|Also=left,Mark=,Page=3",
+                                 "Mark=,Page=1|Mark=,Page=3"));
+}
+
+// The value is read anew, with its log line, and is empty.
+TEST_F(SortTest, SortList_ListWithoutCurrentOption_IsInTheMaps) {
+  mark_.setFeatureProperty(std::string("FeatureType"), 1);
+  mark_.setFeatureProperty(std::string("CurrentIntValue"), 5);
+  add("1");
+  add("2", "", false);
+  host_.takeEvents();
+  std::vector<std::string> calls;
+  noteCalls(calls);
+  EXPECT_TRUE(group_.sortList());
+  EXPECT_THAT(calls, ElementsAre("Mark=,Page=1|Mark=,Page=2"));
+  const std::string line = logLine(
+      2,
+      "DriverFeature::fetchOptionByIndex() - Attempt to fetch feature option with index out of "
+      "range for feature \"Mark\".");
+  EXPECT_THAT(host_.takeEvents(), ElementsAre(line, line));
 }
 
 TEST_F(SortTest, SortList_RoutineThatAlwaysSwaps_Ends) {

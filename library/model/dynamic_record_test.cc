@@ -2,6 +2,9 @@
 
 #include "model/dynamic_record.h"
 
+#include <malloc.h>
+
+#include <cstddef>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -91,6 +94,28 @@ TEST_F(DynamicRecordTest, ManyMembers_TheFirstOfANameIsFound) {
               &record.members()[static_cast<std::size_t>(i)]);
   }
   EXPECT_EQ(record.find("member"), nullptr);
+}
+
+// Where the allocator tells how much is in use.
+TEST_F(DynamicRecordTest, RemovedRecords_GiveTheirMemoryBack) {
+  DriverFeature& text = model_.feature("Text", 3);
+  DriverFeatureStaticGroup& shape = model_.group("shape", {}, {&text});
+  DriverFeatureDynamicGroup& group = model_.dynamicGroup("records");
+  group.addDefaultStaticGroupTemplate(&shape);
+  AttributeMap values;
+  values["Text"] = std::string(1000, 'x');
+  const auto addAll = [&] {
+    for (int i = 0; i < 100; ++i) group.addStaticGroupToDynamicGroup(values);
+  };
+  const auto used = [] { return mallinfo2().uordblks; };
+  const std::size_t empty = used();
+  addAll();
+  if (used() == empty) GTEST_SKIP() << "the allocator keeps no account";
+  while (group.fetchNumberOfDynamicEntries() > 0) group.removeDynamicEntryByIndex(0);
+  EXPECT_LT(used(), empty + 10000);
+  addAll();
+  group.removeAllDynamicEntries();
+  EXPECT_LT(used(), empty + 10000);
 }
 
 // Records whose template changes the group while one of them is loaded.
