@@ -78,10 +78,10 @@ Record DynamicGroupView::templateValues() const {
 void DynamicGroupView::setTemplateValues(const Record& values) const {
   std::size_t i = 0;
   forEachMember(*shapeGroup_, [&](CoreFeature& member) {
-    // A template holds features, since groups have no value for a record.
-    auto& feature = static_cast<IntermediateCoreFeature&>(member);
+    // Groups in a template have no value for a record.
     if (member.getFeatureType() < kStaticGroup) {
-      feature.setFeaturePropertyWithConstraintControl(std::string("ValueString"), values[i], true);
+      static_cast<IntermediateCoreFeature&>(member).setFeaturePropertyWithConstraintControl(
+          std::string("ValueString"), values[i], true);
     }
     ++i;
   });

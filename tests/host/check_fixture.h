@@ -14,6 +14,8 @@ inline constexpr const char* kBaseInfo =
 
 class CheckTest : public ProgramTest {
  protected:
+  CheckTest() { letCrashesEndPrograms(); }
+
   // Without the lines of the file and without the hint at the end, which
   // check_report_test.cc compares.
   RunResult check(const std::vector<std::string>& arguments) const {

@@ -18,12 +18,12 @@ const std::vector<CheckRow>& reachRows() {
        "[DF601]\n"},
       {"ticket routines of a template's groups, with and without a ticket name",
        {"<FeatureDynamicGroup Name='D'>",
-        "<FeatureStaticGroup Name='T' AddVORNCallbackRoutine='writeBytes'>",
-        "<FeatureStaticGroup Name='U' AddVORNCallbackRoutine='writeBytes'>",
+        "<FeatureStaticGroup Name='T' AddVORNCallbackRoutine='writeNodes'>",
+        "<FeatureStaticGroup Name='U' AddVORNCallbackRoutine='writeNodes'>",
         "<Feature FeatureType='IntEntry' Name='A'/></FeatureStaticGroup>",
         "<FeatureStaticGroup Name='V' TESKJTAttributeName='v' TESKAttributeSyntax='c' "
-        "AddVORNCallbackRoutine='writeBytes'>",
-        "<Feature FeatureType='IntEntry' Name='B' AddVORNCallbackRoutine='writeBytes'/>",
+        "AddVORNCallbackRoutine='writeNodes'>",
+        "<Feature FeatureType='IntEntry' Name='B' AddVORNCallbackRoutine='writeNodes'/>",
         "</FeatureStaticGroup></FeatureStaticGroup></FeatureDynamicGroup>"},
        "@:3:1: warning: dynamic group \"D\" does not name a sort routine; its records keep the "
        "order in which they are added; name a comparing routine in SortFunctionName if their order "
@@ -49,9 +49,9 @@ const std::vector<CheckRow>& reachRows() {
         "<Feature FeatureType='IntEntry' Name='B' PSCommand='%d' "
         "AddPSCallbackRoutine='writeBytes'/>",
         "<Feature FeatureType='IntEntry' Name='C' NonVORNAttributeName='c' "
-        "TESKAttributeSyntax='integer' AddVORNCallbackRoutine='writeBytes'/>",
+        "TESKAttributeSyntax='integer' AddVORNCallbackRoutine='writeNodes'/>",
         "<Feature FeatureType='IntEntry' Name='D' InstOptAttributeName='d' "
-        "TESKAttributeSyntax='integer' AddVORNCallbackRoutine='writeBytes'/>"},
+        "TESKAttributeSyntax='integer' AddVORNCallbackRoutine='writeNodes'/>"},
        "@:3:46: warning: AddPJLCallbackRoutine of static group \"G\" is called for members without "
        "PJLCommand, and what it writes is dropped; remove it or PJLCommand [DF603]\n"
        "@:5:57: warning: AddPSCallbackRoutine of feature \"B\" is never called, because PSCommand "
@@ -69,7 +69,7 @@ const std::vector<CheckRow>& reachRows() {
         "<Feature FeatureType='IntEntry' Name='C' TESKOAAttributeName='c' "
         "TESKAttributeSyntax='integer'/></FeatureStaticGroup></FeatureStaticGroup>",
         "<FeatureStaticGroup Name='J' AddPSCallbackRoutine='writeBytes' "
-        "AddVORNCallbackRoutine='writeBytes'><Feature FeatureType='IntEntry' Name='D' "
+        "AddVORNCallbackRoutine='writeNodes'><Feature FeatureType='IntEntry' Name='D' "
         "PSCommand='%d' TESKJTAttributeName='d' TESKAttributeSyntax='integer'/>"
         "</FeatureStaticGroup>"},
        "@:4:42: error: PSCommand of feature \"A\" is never written, because static group \"G\" has "
@@ -128,9 +128,9 @@ const std::vector<CheckRow>& reachRows() {
         "TESKAttributeSyntax='integer'/>",
         "<Feature FeatureType='IntEntry' Name='B' TESKOAAttributeName='b' "
         "TESKAttributeSyntax='integer'/>",
-        "<Feature FeatureType='UIOnly' Name='C' AddVORNCallbackRoutine='writeBytes'/>",
+        "<Feature FeatureType='UIOnly' Name='C' AddVORNCallbackRoutine='writeNodes'/>",
         "<Feature FeatureType='IntEntry' Name='D' TESKJTAttributeName='d' "
-        "TESKAttributeSyntax='integer' AddVORNCallbackRoutine='writeBytes'/>",
+        "TESKAttributeSyntax='integer' AddVORNCallbackRoutine='writeNodes'/>",
         "</FeatureStaticGroup>"},
        "@:5:1: warning: feature \"B\" is left out of the ticket, because it has no "
        "TESKJTAttributeName; give it TESKJTAttributeName, as its group has [DF607]\n"

@@ -86,10 +86,10 @@ const std::vector<CheckRow>& routineRows() {
        "[DF109]\n"
        "@: note: the library does not load the description (exit status 7)\n"},
       {"names of functions and variables that are not routines",
-       {"<Feature FeatureType='IntEntry' Name='A' AddPSCallbackRoutine='printf'/>",
+       {"<Feature FeatureType='IntEntry' Name='A' AddPSCallbackRoutine='getppid'/>",
         "<FeatureStaticGroup Name='G' AddVORNCallbackRoutine='routineCounter'>"
         "<Feature FeatureType='UIOnly' Name='B'/></FeatureStaticGroup>"},
-       "@:3:42: error: \"printf\", the AddPSCallbackRoutine of feature \"A\", is a function of "
+       "@:3:42: error: \"getppid\", the AddPSCallbackRoutine of feature \"A\", is a function of "
        "libc.so.6, not a routine for a description; name a function of a library given with "
        "--callbacks [DF807]\n"
        "@:4:30: error: \"routineCounter\", the AddVORNCallbackRoutine of static group \"G\", is a "

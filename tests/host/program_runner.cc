@@ -86,6 +86,12 @@ RunResult ProgramTest::runIn(const fs::path& folder, const std::string& program,
   return result;
 }
 
+void ProgramTest::letCrashesEndPrograms() {
+  const char* options = std::getenv("ASAN_OPTIONS");
+  const std::string all = std::string(options != nullptr ? options : "") + ":handle_segv=0";
+  ::setenv("ASAN_OPTIONS", all.c_str(), /*overwrite=*/1);
+}
+
 void ProgramTest::write(const std::string& name, const std::string& content) const {
   std::ofstream file(folder_ / name, std::ios::binary);
   file << content;

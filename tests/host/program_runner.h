@@ -37,6 +37,10 @@ class ProgramTest : public testing::Test {
                          const std::vector<std::string>& arguments,
                          const std::function<void()>& prepare = {});
 
+  // From now on programs that crash end by the signal, also where checks of
+  // addresses would catch it.
+  static void letCrashesEndPrograms();
+
   void write(const std::string& name, const std::string& content) const;
   // Wraps the elements in a FeatureDescription that begins in line 1; each
   // element of `lines` has a line of its own, the first one line 2.

@@ -75,6 +75,9 @@ EXPORTED bool printAndAgree() {
   return true;
 }
 
+// Ticket routine: adds nothing.
+EXPORTED void writeNodes(DriverFeatureSet* /*set*/, void* /*writer*/, void* /*node*/) {}
+
 // PostScript output routine: bytes that no text function could carry.
 EXPORTED void writeBytes(DriverFeatureSet* /*set*/, std::string& output) {
   output += std::string("\0\x80\xFF\r\n\x1A", 6);
