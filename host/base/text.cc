@@ -165,6 +165,25 @@ std::string escapedByte(char byte) {
   return {'\\', 'x', kDigits[code >> 4U], kDigits[code & 0xFU]};
 }
 
+std::string percentEncoded(char byte) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  const auto code = static_cast<unsigned char>(byte);
+  return {'%', kDigits[code >> 4U], kDigits[code & 0xFU]};
+}
+
+std::string counted(long count, const std::string& one) {
+  return counted(count, one, one + "s");
+}
+
+std::string counted(long count, const std::string& one, const std::string& several) {
+  return std::to_string(count) + " " + (count == 1 ? one : several);
+}
+
+std::string_view trimmed(std::string_view text, std::string_view blanks) {
+  text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+  return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
 std::string inQuotes(std::string_view text) {
   return "\"" + std::string(text) + "\"";
 }

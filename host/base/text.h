@@ -30,6 +30,16 @@ std::string spellOutInvisible(std::string_view text);
 // The byte as \xNN.
 std::string escapedByte(char byte);
 
+// The byte as %NN, with capital digits, as URIs and workflow commands have it.
+std::string percentEncoded(char byte);
+
+// "1 file", "2 files": `several` is for words that take more than an "s".
+std::string counted(long count, const std::string& one);
+std::string counted(long count, const std::string& one, const std::string& several);
+
+// The text without the characters of `blanks` at its ends.
+std::string_view trimmed(std::string_view text, std::string_view blanks);
+
 // The text between double quotes, for messages.
 std::string inQuotes(std::string_view text);
 

@@ -83,6 +83,25 @@ TEST(TextTest, EscapedByte_AnyByte_HasTwoSmallDigits) {
   EXPECT_EQ(escapedByte('\xAF'), "\\xaf");
 }
 
+TEST(TextTest, PercentEncoded_AnyByte_HasTwoCapitalDigits) {
+  EXPECT_EQ(percentEncoded('\n'), "%0A");
+  EXPECT_EQ(percentEncoded('\xAF'), "%AF");
+}
+
+TEST(TextTest, Counted_OneNoneAndMore_TakesTheWord) {
+  EXPECT_EQ(counted(1, "file"), "1 file");
+  EXPECT_EQ(counted(0, "file"), "0 files");
+  EXPECT_EQ(counted(1, "part of it", "parts of it"), "1 part of it");
+  EXPECT_EQ(counted(2, "part of it", "parts of it"), "2 parts of it");
+}
+
+TEST(TextTest, Trimmed_Blanks_AreTakenFromBothEndsOnly) {
+  EXPECT_EQ(trimmed(" \ta b\t ", " \t"), "a b");
+  EXPECT_EQ(trimmed("\na\n", " \t"), "\na\n");
+  EXPECT_EQ(trimmed(" \t", " \t"), "");
+  EXPECT_EQ(trimmed("", " "), "");
+}
+
 TEST(TextTest, ToLower_Text_ChangesAsciiOnly) {
   EXPECT_EQ(toLower(std::string("AZaz[@1\xC4")), "azaz[@1\xC4");
   EXPECT_EQ(inQuotes("a\"b"), "\"a\"b\"");

@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view kStart = "driver-feature:";
 constexpr std::string_view kVerb = "allow";
+constexpr std::string_view kBlanks = " \t\r\n";
 constexpr const char* kForm = "write <!-- driver-feature: allow DF303: REASON -->";
 
 // One code that a comment allows.
@@ -23,10 +24,7 @@ struct Allowance {
 };
 
 std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const std::size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
-  text.remove_prefix(begin);
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+  return host::trimmed(text, kBlanks);
 }
 
 // Reads what follows "driver-feature:" and adds its codes, or says what is wrong.
@@ -34,8 +32,7 @@ std::optional<std::string> readCodes(const host::XmlComment& comment, std::strin
                                      std::vector<Allowance>& allowances) {
   const bool allows =
       text.starts_with(kVerb) &&
-      (text.size() == kVerb.size() ||
-       std::string_view(" \t\r\n").find(text[kVerb.size()]) != std::string_view::npos);
+      (text.size() == kVerb.size() || kBlanks.find(text[kVerb.size()]) != std::string_view::npos);
   if (!allows) return "this comment does not say \"allow\"";
   text.remove_prefix(kVerb.size());
   const std::size_t colon = text.find(':');

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "host/base/text.h"
+
 namespace driver_feature::check {
 
 namespace {
@@ -9,15 +11,10 @@ namespace {
 // The characters that would end a message, as %NN; in a property the
 // separators of properties, too.
 std::string escaped(const std::string& text, std::string_view special) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string result;
   for (const char character : text) {
-    if (special.find(character) == std::string_view::npos) {
-      result += character;
-      continue;
-    }
-    const auto byte = static_cast<unsigned char>(character);
-    result += {'%', kDigits[byte >> 4U], kDigits[byte & 0xFU]};
+    const bool isSpecial = special.find(character) != std::string_view::npos;
+    result += isSpecial ? host::percentEncoded(character) : std::string(1, character);
   }
   return result;
 }

@@ -46,10 +46,6 @@ std::string findingText(const FileReport& report, const host::SourceText& source
   return text;
 }
 
-std::string counted(long count, const std::string& word) {
-  return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
-}
-
 struct Totals {
   long errors = 0;
   long warnings = 0;
@@ -66,9 +62,9 @@ Totals totalsOf(const std::vector<FileReport>& reports) {
 
 std::string totalsText(const std::vector<FileReport>& reports) {
   const Totals totals = totalsOf(reports);
-  std::string text = counted(static_cast<long>(reports.size()), "file") +
-                     " checked: " + counted(totals.errors, "error") + ", " +
-                     counted(totals.warnings, "warning");
+  std::string text = host::counted(static_cast<long>(reports.size()), "file") +
+                     " checked: " + host::counted(totals.errors, "error") + ", " +
+                     host::counted(totals.warnings, "warning");
   if (totals.errors + totals.warnings > 0) {
     text += "; --explain CODE says what the code of a finding means";
   }

@@ -5,6 +5,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/base/text.h"
 namespace driver_feature::check {
 
 namespace {
@@ -15,15 +16,10 @@ using Json = nlohmann::ordered_json;
 std::string uriOf(const std::string& path) {
   constexpr std::string_view kPlain =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string uri = path.starts_with('/') ? "file://" : "";
   for (const char character : path) {
-    if (kPlain.find(character) != std::string_view::npos) {
-      uri += character;
-      continue;
-    }
-    const auto byte = static_cast<unsigned char>(character);
-    uri += {'%', kDigits[byte >> 4U], kDigits[byte & 0xFU]};
+    const bool isPlain = kPlain.find(character) != std::string_view::npos;
+    uri += isPlain ? std::string(1, character) : host::percentEncoded(character);
   }
   return uri;
 }

@@ -22,9 +22,7 @@ constexpr Escape kEscapes[] = {
 };
 
 std::string_view trim(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+  return trimmed(text, kBlanks);
 }
 
 std::string escapeByte(char byte) {

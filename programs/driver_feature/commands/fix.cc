@@ -8,6 +8,7 @@
 #include "host/base/line_diff.h"
 #include "host/base/output_file.h"
 #include "host/base/standard_streams.h"
+#include "host/base/text.h"
 #include "host/check/check.h"
 #include "host/check/fixes.h"
 #include "programs/common/console.h"
@@ -48,10 +49,6 @@ std::string diffOf(const MendedFile& file) {
     }
   }
   return text;
-}
-
-std::string counted(long count, const std::string& word) {
-  return std::to_string(count) + " " + word + (count == 1 ? "" : "s");
 }
 
 // A change is sure only if it leaves less to report.
@@ -100,8 +97,8 @@ host::Result<int> printDiffs(const std::vector<MendedFile>& mended) {
       printError("there is nothing to mend surely; check without --fix shows all findings");
       return kSuccess;
     }
-    printError(counted(fixes, "finding") + " in " +
-               counted(static_cast<long>(mended.size()), "file") +
+    printError(host::counted(fixes, "finding") + " in " +
+               host::counted(static_cast<long>(mended.size()), "file") +
                " would be mended; --fix --write does it");
     return kFailure;
   });
@@ -122,8 +119,8 @@ host::Result<int> fixFiles(const CheckRequest& request, bool write) {
     fixes += file.fixes;
   }
   if (host::Result<> written = writeAllOutputs(outputs); !written) return failureOf(written);
-  printError(counted(fixes, "finding") + " mended in " +
-             counted(static_cast<long>(mended->size()), "file"));
+  printError(host::counted(fixes, "finding") + " mended in " +
+             host::counted(static_cast<long>(mended->size()), "file"));
   return checkOnce(request);
 }
 

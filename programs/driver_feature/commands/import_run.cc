@@ -89,14 +89,14 @@ class Run {
       failed += number;
       causes.push_back(cause + " (" + std::to_string(number) + ")");
     }
-    printError(counted(imported_, "PPD file", "PPD files") + " imported, with " +
-               counted(features_, "feature", "features") + " and " +
-               counted(options_, "option", "options"));
+    printError(host::counted(imported_, "PPD file", "PPD files") + " imported, with " +
+               host::counted(features_, "feature", "features") + " and " +
+               host::counted(options_, "option", "options"));
     const std::string lost = countText(losses_);
     const char* hint = style_.detail == host::LogDetail::kAll ? "" : kHint;
     if (!lost.empty()) printError("not carried over in all: " + lost + hint);
     if (failed > 0)
-      printError(counted(failed, "failure", "failures") + ": " + host::join(causes, ", "));
+      printError(host::counted(failed, "failure", "failures") + ": " + host::join(causes, ", "));
   }
 
   const ImportPlan& plan_;

@@ -24,10 +24,6 @@ constexpr KindRow kKinds[] = {{ppd::LossKind::kOption, "part of an option", "par
 
 }  // namespace
 
-std::string counted(long number, const std::string& one, const std::string& several) {
-  return std::to_string(number) + " " + (number == 1 ? one : several);
-}
-
 LossCounts countsOf(const ppd::Losses& losses) {
   LossCounts counts;
   for (const KindRow& row : kKinds) counts[row.kind] = losses.count(row.kind);
@@ -39,7 +35,7 @@ std::string countText(const LossCounts& counts) {
   for (const KindRow& row : kKinds) {
     const auto loss = counts.find(row.kind);
     if (loss == counts.end() || loss->second == 0) continue;
-    texts.push_back(counted(loss->second, row.one, row.several));
+    texts.push_back(host::counted(loss->second, row.one, row.several));
   }
   return host::join(texts, ", ");
 }
@@ -51,7 +47,7 @@ std::vector<std::string> summaryOf(const ppd::Losses& losses, const std::string&
   std::string rest;
   if (lines.size() > kNamed) {
     const auto more = static_cast<long>(lines.size() - kNamed);
-    rest = counted(more, "more part of an option", "more parts of options");
+    rest = host::counted(more, "more part of an option", "more parts of options");
     lines.resize(kNamed);
   }
   const std::string others = countText(counts);

@@ -27,9 +27,6 @@ std::vector<std::string> summaryOf(const ppd::Losses& losses, const std::string&
 // nearly every PPD file holds, are not counted.
 bool losesChoices(const ppd::Losses& losses);
 
-// "1 file", "2 files".
-std::string counted(long number, const std::string& one, const std::string& several);
-
 }  // namespace driver_feature::cli
 
 #endif  // PROGRAMS_DRIVER_FEATURE_COMMANDS_LOSS_REPORT_H_
