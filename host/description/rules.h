@@ -1,0 +1,57 @@
+// What a description forbids: the rules that stand beside the features.
+#ifndef HOST_DESCRIPTION_RULES_H_
+#define HOST_DESCRIPTION_RULES_H_
+
+#include <string>
+#include <vector>
+
+#include "host/base/position.h"
+
+namespace driver_feature::host {
+
+// Where a part of a description was read: in the description's own file or in
+// a file beside it.
+struct SourcePlace {
+  std::string file;
+  Position position;
+};
+
+// One condition of a rule on the current value of a feature.
+struct Condition {
+  enum class Kind : unsigned char {
+    kIs,     // The feature's choice is one of `choices`.
+    kIsNot,  // The feature's choice is none of `choices`.
+    kAbove,  // The feature's number is greater than `number`.
+    kBelow,  // The feature's number is less than `number`.
+  };
+
+  std::string feature;
+  Kind kind = Kind::kIs;
+  std::vector<std::string> choices;
+  double number = 0;
+  SourcePlace place = {};
+};
+
+// Conditions that must never all hold at the same time.
+struct Rule {
+  std::string id;    // Unique among the rules.
+  std::string text;  // For people, in the description's own language; may be empty.
+  std::vector<Condition> conditions;
+  SourcePlace place = {};
+};
+
+// A feature whose value says what the printer has: a person tells it once, and
+// no rule changes it.
+struct HardwareFeature {
+  std::string name;
+  SourcePlace place = {};
+};
+
+struct Rules {
+  std::vector<Rule> rules;  // In the order of the description.
+  std::vector<HardwareFeature> hardware;
+};
+
+}  // namespace driver_feature::host
+
+#endif  // HOST_DESCRIPTION_RULES_H_
