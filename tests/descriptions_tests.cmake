@@ -30,6 +30,12 @@ endforeach()
 add_test(NAME demo
   COMMAND ${PROJECT_SOURCE_DIR}/descriptions/demo.sh ${PROJECT_BINARY_DIR})
 
+foreach(printer label_printer office_laser)
+  add_test(NAME descriptions_cases_${printer}
+    COMMAND driver-feature test --callbacks $<TARGET_FILE:office_routines>
+            ${PROJECT_SOURCE_DIR}/descriptions/cases/${printer})
+endforeach()
+
 add_test(NAME descriptions_check
   COMMAND driver-feature check --strict --callbacks $<TARGET_FILE:office_routines>
           ${PROJECT_SOURCE_DIR}/descriptions/label_printer.xml

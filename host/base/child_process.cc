@@ -172,14 +172,17 @@ std::string describeEnd(int status) {
 }
 
 Result<std::vector<std::string>> runInChild(ChildStreams streams,
-                                            const std::function<std::vector<std::string>()>& work) {
+                                            const std::function<std::vector<std::string>()>& work,
+                                            const DescribeEnd& describe) {
   Result<ChildProcess> child =
       ChildProcess::start(streams, [&work](int pipe) { return writeTexts(pipe, work); });
   if (!child) return failureOf(child);
   const std::string output = readAll(child->pipe());
   const int status = child->wait();
   if (auto texts = unpack(output)) return std::move(*texts);
-  std::string reason = "the process ends with " + describeEnd(status);
+  std::string reason = describe ? describe(status) : "";
+  if (!reason.empty()) return fail(Problem::Kind::kNotLoaded, std::move(reason));
+  reason = "the process ends with " + describeEnd(status);
   if (output.starts_with(kThrown)) reason = output.substr(1);
   return fail(Problem::Kind::kNotLoaded, std::move(reason));
 }

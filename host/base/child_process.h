@@ -43,6 +43,8 @@ class ChildProcess {
   // The end of the pipe to read from. It belongs to this object.
   int pipe() const { return pipe_; }
 
+  pid_t id() const { return child_; }  // -1 once it has been waited for.
+
   // Kills the child, or its group. Does nothing once it has been waited for.
   void kill() const;
 
@@ -70,9 +72,12 @@ std::string describeEnd(int status);
 // Runs `work` in a copy of this process and returns its texts. Whatever it
 // does to the features, which the library keeps once per process, stays in the
 // copy. Problem: kNotLoaded when the copy cannot be made, throws, or ends before
-// `work` has returned; the text says which.
+// `work` has returned; the text says which, unless `describe` returns another one
+// for the status of the copy, as waitpid() gives it.
+using DescribeEnd = std::function<std::string(int status)>;
 Result<std::vector<std::string>> runInChild(ChildStreams streams,
-                                            const std::function<std::vector<std::string>()>& work);
+                                            const std::function<std::vector<std::string>()>& work,
+                                            const DescribeEnd& describe = {});
 
 }  // namespace driver_feature::host
 

@@ -13,8 +13,6 @@
 #include "Symbols.h"
 #include "XMLDocument.h"
 
-#include "host/base/child_process.h"
-#include "host/base/descriptor.h"
 #include "host/base/text.h"
 #include "host/description/xml_element.h"
 #include "host/session/routine_look_up.h"
@@ -177,6 +175,10 @@ const RoutineRecord& routineRecord() {
   return *currentRecord;
 }
 
+void clearRoutineRecord() {
+  *currentRecord = RoutineRecord();
+}
+
 Problems noteRoutineCalls(void* description, const std::string& file) {
   Problems problems;
   routineUses().clear();
@@ -220,26 +222,6 @@ std::string describeThrow(const RoutineRecord& record) {
   return "the routine " + inQuotes(name) + " of the description threw an exception" +
          (text.empty() ? " that is not derived from std::exception" : ": " + text) +
          "; catch it in the routine";
-}
-
-Result<int> runWithRoutines(const std::function<int()>& work) {
-  constexpr std::string_view kReturned = "returned";
-  const SharedRoutineRecord record;
-  auto child = ChildProcess::start(ChildStreams::kShared, [&](int pipe) {
-    const int result = work();
-    writeAll(pipe, kReturned);
-    return result;
-  });
-  if (!child) return failureOf(child);
-  const bool hasReturned = readAll(child->pipe()) == kReturned;
-  const int status = child->wait();
-  if (hasReturned) return WEXITSTATUS(status);
-  const std::string reason = describeRoutineEnd(*record, status);
-  if (!reason.empty()) return fail(Problem::Kind::kNotLoaded, reason);
-  if (WIFEXITED(status)) return WEXITSTATUS(status);
-  return fail(Problem::Kind::kNotLoaded, "the process ended with " + describeEnd(status) +
-                                             ", and no routine was running; one that has run may "
-                                             "have damaged its memory");
 }
 
 }  // namespace driver_feature::host

@@ -4,7 +4,6 @@
 #define HOST_SESSION_ROUTINE_CALLS_H_
 
 #include <array>
-#include <functional>
 #include <string>
 
 #include "host/base/result.h"
@@ -38,6 +37,10 @@ class SharedRoutineRecord {
 // The present record.
 const RoutineRecord& routineRecord();
 
+// Forgets what the present record holds, once it has been reported or when
+// other work begins.
+void clearRoutineRecord();
+
 // From now on the routines that the feature-description element names are noted
 // while they run; those of the program itself are not, since they return. Returns
 // a problem (kNotLoaded) for each name that stands for something else than a
@@ -52,11 +55,6 @@ std::string describeRoutineEnd(const RoutineRecord& record, int status);
 // "the routine "x" threw an exception: TEXT; catch it in the routine". Empty when
 // none has.
 std::string describeThrow(const RoutineRecord& record);
-
-// Runs `work` in a copy of this process, whose status it returns; with the end
-// that a routine has brought about, kNotLoaded and its name. An end by exit()
-// without a routine is the copy's status: whoever called it has said why.
-Result<int> runWithRoutines(const std::function<int()>& work);
 
 }  // namespace driver_feature::host
 

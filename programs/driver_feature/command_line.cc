@@ -6,7 +6,7 @@
 
 #include "host/base/output_file.h"
 #include "host/base/text.h"
-#include "host/session/routine_calls.h"
+#include "host/session/routine_runs.h"
 #include "host/settings/setting.h"
 #include "programs/common/console.h"
 #include "programs/driver_feature/commands/commands.h"
@@ -50,6 +50,8 @@ constexpr std::array kCommands = {
     &kDumpCommand,    //
     &kTryCommand,     //
     &kDiffCommand,    //
+    &kTestCommand,    //
+    &kNewCommand,     //
     &kImportCommand,  //
     &kQueueCommand,   //
     &kShellCommand,   //

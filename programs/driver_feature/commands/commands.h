@@ -12,6 +12,8 @@ extern const CommandRow kEmitCommand;
 extern const CommandRow kDumpCommand;
 extern const CommandRow kTryCommand;
 extern const CommandRow kDiffCommand;
+extern const CommandRow kNewCommand;
+extern const CommandRow kTestCommand;
 extern const CommandRow kImportCommand;
 extern const CommandRow kQueueCommand;
 extern const CommandRow kShellCommand;

@@ -1,6 +1,5 @@
 // "diff": two settings files, compared by what they change.
 
-#include <algorithm>
 #include <array>
 #include <iterator>
 #include <map>
@@ -19,6 +18,7 @@
 #include "programs/common/console.h"
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
+#include "programs/driver_feature/diff_text.h"
 #include "programs/driver_feature/show/secrets.h"
 
 namespace driver_feature::cli {
@@ -117,17 +117,6 @@ Texts settingLines(const std::string& text) {
   return lines;
 }
 
-bool hasChange(const std::vector<host::DiffLine>& lines) {
-  return std::ranges::any_of(lines, [](const host::DiffLine& line) { return line.mark != ' '; });
-}
-
-std::string composeLine(const host::DiffLine& line, bool coloured) {
-  const std::string text = line.mark + line.text;
-  const char* colour = line.mark == '-' ? "31" : line.mark == '+' ? "32" : "36";
-  if (!coloured || line.mark == ' ') return text + "\n";
-  return "\033[" + std::string(colour) + "m" + text + "\033[0m\n";
-}
-
 class Comparison {
  public:
   Comparison(const DiffRequest& request, const Texts& first, const Texts& second)
@@ -135,9 +124,8 @@ class Comparison {
     // Settings are independent of each other: no context lines.
     add("settings", settingLines(first[0]), settingLines(second[0]), 0);
     for (std::size_t i = 0; i < std::size(kOutputs); ++i) {
-      constexpr std::size_t kContext = 3;
       add(kOutputs[i].name, host::visibleLines(first[i + 1]), host::visibleLines(second[i + 1]),
-          kContext);
+          kDiffContext);
     }
   }
 
@@ -146,9 +134,8 @@ class Comparison {
   std::string text(bool coloured) const {
     std::string text;
     for (const Part& part : parts_) {
-      text += composeLine({'-', "-- " + request_.first + " (" + part.name + ")"}, coloured);
-      text += composeLine({'+', "++ " + request_.second + " (" + part.name + ")"}, coloured);
-      for (const host::DiffLine& line : part.lines) text += composeLine(line, coloured);
+      text += composeDiff(request_.first + " (" + part.name + ")",
+                          request_.second + " (" + part.name + ")", part.lines, coloured);
     }
     return text;
   }

@@ -2,12 +2,13 @@
 
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/session/output_form.h"
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
-#include "programs/driver_feature/unformatted.h"
+#include "programs/driver_feature/outputs.h"
 #include "programs/driver_feature/work.h"
 
 namespace driver_feature::cli {
@@ -95,19 +96,23 @@ host::Result<std::vector<FormRequest>> formsOf(const Arguments& arguments) {
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   auto forms = formsOf(arguments);
   if (!forms) return failureOf(forms);
+  std::vector<OutputRequest> requests;
+  for (const FormRequest& form : *forms) {
+    requests.push_back({form.form, arguments.has("--inst-opt"),
+                        arguments.text("--ticket-argument1"),
+                        arguments.text("--ticket-argument2")});
+  }
   return workOnDescription(
       sessionOf(arguments, general), changesOf(arguments),
       [&](host::Session& session, std::vector<host::OutputText>& outputs) -> host::Result<> {
-        UnformattedCommands unformatted(session);
-        for (const FormRequest& form : *forms) {
-          unformatted.begin(form.form);
-          outputs.push_back({form.file.empty() ? arguments.text("--output") : form.file, ""});
-          session.features().serialize(outputs.back().bytes, static_cast<int>(form.form),
-                                       arguments.has("--inst-opt"),
-                                       arguments.text("--ticket-argument1").c_str(),
-                                       arguments.text("--ticket-argument2").c_str());
+        auto texts = composeOutputs(session, requests);
+        if (!texts) return failureOf(texts);
+        for (std::size_t i = 0; i < texts->size(); ++i) {
+          const std::string& file = (*forms)[i].file;
+          outputs.push_back(
+              {file.empty() ? arguments.text("--output") : file, std::move((*texts)[i])});
         }
-        return unformatted.result();
+        return {};
       });
 }
 
