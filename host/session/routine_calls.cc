@@ -224,4 +224,10 @@ std::string describeThrow(const RoutineRecord& record) {
          "; catch it in the routine";
 }
 
+Result<> successOfRoutines() {
+  const std::string thrown = describeThrow(routineRecord());
+  if (thrown.empty()) return {};
+  return fail(Problem::Kind::kNotWritten, thrown);
+}
+
 }  // namespace driver_feature::host

@@ -56,6 +56,11 @@ std::string describeRoutineEnd(const RoutineRecord& record, int status);
 // none has.
 std::string describeThrow(const RoutineRecord& record);
 
+// That as a problem (kNotWritten), for the present record. To be asked after work
+// in which routines may have run: the feature library lets some exceptions end
+// where it calls a routine.
+Result<> successOfRoutines();
+
 }  // namespace driver_feature::host
 
 #endif  // HOST_SESSION_ROUTINE_CALLS_H_

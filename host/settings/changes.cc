@@ -1,5 +1,6 @@
 #include "host/settings/changes.h"
 
+#include "host/session/routine_calls.h"
 #include "host/settings/command_line_key.h"
 #include "host/settings/setting.h"
 #include "host/settings/settings_file.h"
@@ -57,6 +58,7 @@ Result<> makeChanges(Session& session, const Changes& changes) {
   }
   setAll(session.model(), changes.settings, problems);
   addAll(session, changes.records, problems);
+  collect(successOfRoutines(), problems);
   if (problems.empty()) {
     session.log().release();
     return {};

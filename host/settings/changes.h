@@ -25,7 +25,8 @@ struct Changes {
 // Makes the changes and releases the log lines that they and the load have
 // caused. If any change is refused, the log lines are dropped and the others have
 // been made; there is a problem for each refused one: for a line of a settings
-// file, for a setting, and for a member of a record.
+// file, for a setting, and for a member of a record. A routine that has thrown
+// is a problem, too.
 Result<> makeChanges(Session& session, const Changes& changes);
 
 // Opens the session and makes the changes.

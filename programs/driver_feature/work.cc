@@ -15,9 +15,7 @@ host::Result<int> workOnDescription(const host::SessionRequest& request,
     if (!session) return failureOf(session);
     outputs = outputsToSave(**session, changes);
     if (host::Result<> done = work(**session, outputs); !done) return failureOf(done);
-    // The library lets some exceptions end where it calls a routine.
-    const std::string thrown = describeThrow(host::routineRecord());
-    if (!thrown.empty()) return fail(host::Problem::Kind::kNotWritten, thrown);
+    if (host::Result<> ran = host::successOfRoutines(); !ran) return failureOf(ran);
   }
   return writeAllOutputs(outputs).map([] { return kSuccess; });
 }

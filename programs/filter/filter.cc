@@ -11,6 +11,8 @@
 
 #include "host/base/standard_streams.h"
 #include "host/session/output_form.h"
+#include "host/session/routine_calls.h"
+#include "host/session/routine_runs.h"
 #include "host/session/session.h"
 #include "programs/common/console.h"
 #include "programs/filter/cancellation.h"
@@ -81,7 +83,10 @@ std::optional<JobTexts> textsFor(FilterArguments& arguments, const Queue& queue,
   auto texts = composeTexts(session, ppd, arguments, settings.takesCopies());
   arguments.copies = settings.copiesMade(arguments.copies);
   settings.markAll();
-  return texts;
+  const host::Result<> ran = host::successOfRoutines();
+  if (ran) return texts;
+  writeMessage(Message::kError, ran.error().text);
+  return std::nullopt;
 }
 
 // Where a document was converted first, the filters before this one have made
@@ -93,15 +98,9 @@ void dropCopiesMade(FilterArguments& arguments) {
   if (arguments.isConverted) arguments.copies = 1;
 }
 
-}  // namespace
-
-int runJob(FilterArguments arguments, ppd::QueuePpd* ppd) {
-  dropCopiesMade(arguments);
-  const auto queue = readQueue(ppd, [](const char* name) { return std::getenv(name); });
-  if (!queue) return failWith(queue.error());
-  writeMessage(Message::kDebug, "the description is " + queue->description);
+int printJob(FilterArguments& arguments, const Queue& queue, ppd::QueuePpd* ppd) {
   PageWork pages(arguments, ppd);
-  auto texts = textsFor(arguments, *queue, ppd, pages);
+  auto texts = textsFor(arguments, queue, ppd, pages);
   if (!texts) return cli::kFailure;
   if (const auto started = pages.start(arguments, *texts); !started) {
     return failWith(started.error());
@@ -111,21 +110,42 @@ int runJob(FilterArguments arguments, ppd::QueuePpd* ppd) {
   return printed ? cli::kSuccess : failWith(printed.error());
 }
 
-int runGuarded(const std::function<int()>& run) {
-  host::prepareStandardStreams();
-  cli::startMessagesWith("ERROR: ");
+void reportThrown(const char* what) {
+  const std::string thrown = describeThrow(host::routineRecord());
+  writeMessage(Message::kError, thrown.empty() ? what : thrown);
+}
+
+int runCaught(const std::function<int()>& run) {
   try {
     return run();
   } catch (const std::bad_alloc&) {
     cli::printLackOfMemory();
   } catch (const std::exception& error) {
-    writeMessage(Message::kError, error.what());
+    reportThrown(error.what());
   } catch (...) {
-    writeMessage(Message::kError,
-                 "a routine of the description threw an exception that is not derived from "
-                 "std::exception; fix the routine");
+    reportThrown("an exception that is not derived from std::exception has ended the work");
   }
   return cli::kFailure;
+}
+
+}  // namespace
+
+int runJob(FilterArguments arguments, ppd::QueuePpd* ppd) {
+  dropCopiesMade(arguments);
+  const auto queue = readQueue(ppd, [](const char* name) { return std::getenv(name); });
+  if (!queue) return failWith(queue.error());
+  writeMessage(Message::kDebug, "the description is " + queue->description);
+  if (queue->routines.empty()) return printJob(arguments, *queue, ppd);
+  // Routines of others are kept away from this process, which says what they did.
+  const host::Result<int> status = host::runWithRoutines(
+      [&] { return runCaught([&] { return printJob(arguments, *queue, ppd); }); });
+  return status ? *status : failWith(status.error());
+}
+
+int runGuarded(const std::function<int()>& run) {
+  host::prepareStandardStreams();
+  cli::startMessagesWith("ERROR: ");
+  return runCaught(run);
 }
 
 bool prepareCancellation() {

@@ -82,6 +82,100 @@ TEST_F(RoutineFaultsTest, ShowAndTry_ChangeRoutineDoesNotReturn_IsNamed) {
   }
 }
 
+// One that the library has let end where it called the routine.
+TEST_F(RoutineFaultsTest, AllCommands_SwallowedException_IsReportedAndNothingIsWritten) {
+  write("d.xml",
+        "<FeatureDescription>\n"
+        "<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'/>\n"
+        "<Feature FeatureType='IntEntry' Name='A' AddCallbackRoutine='setOther'/>\n"
+        "<Feature FeatureType='IntEntry' Name='B' AddCallbackRoutine='throwException'/>\n"
+        "</FeatureDescription>\n");
+  const std::string error =
+      "driver-feature: the routine \"throwException\" of the description threw an exception: no "
+      "paper; catch it in the routine\n";
+  for (const std::vector<std::string>& command :
+       std::vector<std::vector<std::string>>{{"emit", "--to", "ps"}, {"show"}, {"try"}, {"dump"}}) {
+    std::vector<std::string> arguments = command;
+    arguments.insert(arguments.begin() + 1, {"-q", "d.xml", "--callbacks", ROUTINES_LIBRARY});
+    arguments.insert(arguments.end(), {"-o", "A=1", "--save", "saved.conf"});
+    EXPECT_EQ(run(arguments), failure(1, error)) << command.front();
+    EXPECT_EQ(fileNames(), std::vector<std::string>{"d.xml"});
+  }
+}
+
+TEST_F(RoutineFaultsTest, Emit_SwallowedExceptionInOutput_IsReportedAndNothingIsWritten) {
+  write("d.xml",
+        "<FeatureDescription>\n"
+        "<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'/>\n"
+        "<Feature FeatureType='IntEntry' Name='A' AddPSCallbackRoutine='setOtherInOutput'/>\n"
+        "<Feature FeatureType='IntEntry' Name='B' AddCallbackRoutine='throwException'/>\n"
+        "</FeatureDescription>\n");
+  EXPECT_EQ(run({"emit", "d.xml", "-q", "--to", "ps=job.ps", "--callbacks", ROUTINES_LIBRARY}),
+            failure(1,
+                    "driver-feature: the routine \"throwException\" of the description threw an "
+                    "exception: no paper; catch it in the routine\n"));
+  EXPECT_EQ(fileNames(), std::vector<std::string>{"d.xml"});
+}
+
+TEST_F(RoutineFaultsTest, Try_RoutineThrowsWhileRestoring_IsNamed) {
+  EXPECT_EQ(runWith("AddCallbackRoutine='throwWhenRestored'", {"try", "-o", "A=1"}),
+            failure(1,
+                    "driver-feature: the routine \"throwWhenRestored\" of the description threw an "
+                    "exception: no paper; catch it in the routine\n"));
+}
+
+TEST_F(RoutineFaultsTest, Shell_RoutineDoesNotReturn_IsNamed) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"crash", "crashed (signal 11, Segmentation fault); correct it"},
+      {"abortProcess", "crashed (signal 6, Aborted); correct it"},
+      {"endProcess", "ended the process with exit status 7; let it return"},
+  };
+  for (const auto& [routine, fault] : rows) {
+    write("script", "get A\nset A 1\nget A\n");
+    write("d.xml",
+          "<FeatureDescription>\n"
+          "<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'/>\n"
+          "<Feature FeatureType='IntEntry' Name='A' AddCallbackRoutine='" +
+              routine + "'/>\n</FeatureDescription>\n");
+    EXPECT_EQ(run({"shell", "d.xml", "--quiet", "--callbacks", ROUTINES_LIBRARY},
+                  [] { static_cast<void>(freopen("script", "r", stdin)); }),
+              (RunResult{1, "0\n",
+                         "driver-feature: the routine \"" + routine + "\" of the description " +
+                             fault + "\n"}));
+  }
+}
+
+TEST_F(RoutineFaultsTest, Shell_RoutineThrows_RefusesTheLine) {
+  write("script", "set A 1\nget A\nset B 1\nget B\n");
+  write("d.xml",
+        "<FeatureDescription>\n"
+        "<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'/>\n"
+        "<Feature FeatureType='IntEntry' Name='A' AddCallbackRoutine='throwNumber'/>\n"
+        "<Feature FeatureType='IntEntry' Name='B' AddCallbackRoutine='throwException'/>\n"
+        "</FeatureDescription>\n");
+  const RunResult result =
+      run({"shell", "d.xml", "--quiet", "--keep-going", "--callbacks", ROUTINES_LIBRARY},
+          [] { static_cast<void>(freopen("script", "r", stdin)); });
+  EXPECT_EQ(result,
+            (RunResult{1, "1\n1\n",
+                       "  changed A: 0 -> 1\n"
+                       "driver-feature: standard input:1: the routine \"throwNumber\" of the "
+                       "description threw an exception that is not derived from std::exception; "
+                       "catch it in the routine\n"
+                       "  changed B: 0 -> 1\n"
+                       "driver-feature: standard input:3: the routine \"throwException\" of the "
+                       "description threw an exception: no paper; catch it in the routine\n"}));
+}
+
+TEST_F(RoutineFaultsTest, Diff_RoutineDoesNotReturn_IsNamed) {
+  write("a.conf", "A=1\n");
+  EXPECT_EQ(runWith("AddPSCallbackRoutine='crashInOutput'", {"diff", "/dev/null", "a.conf"}),
+            failure(2,
+                    "driver-feature: /dev/null: the values and outputs could not be made: the "
+                    "routine \"crashInOutput\" of the description crashed (signal 11, Segmentation "
+                    "fault); correct it\n"));
+}
+
 TEST_F(RoutineFaultsTest, Emit_RoutineReturns_ItsStatusAndOutputAreTheCommands) {
   EXPECT_EQ(runWith("AddPSCallbackRoutine='writeBytes'", {"emit", "--to", "ps"}),
             success(std::string("\0\x80\xFF\r\n\x1A", 6)));

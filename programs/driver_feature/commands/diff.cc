@@ -8,10 +8,11 @@
 
 #include <nlohmann/json.hpp>
 
-#include "host/base/child_process.h"
 #include "host/base/line_diff.h"
 #include "host/base/standard_streams.h"
 #include "host/session/output_form.h"
+#include "host/session/routine_calls.h"
+#include "host/session/routine_runs.h"
 #include "host/settings/settings_file.h"
 #include "host/settings/settings_text.h"
 #include "programs/common/colour.h"
@@ -95,8 +96,7 @@ Texts take(const host::SessionRequest& request, const std::string& file,
 host::Result<std::optional<Texts>> takeInChild(const host::SessionRequest& request,
                                                const std::string& file,
                                                bool allowControlCharacters) {
-  auto texts = runInChild(host::ChildStreams::kShared,
-                          [&] { return take(request, file, allowControlCharacters); });
+  auto texts = host::takeFromRoutines([&] { return take(request, file, allowControlCharacters); });
   if (!texts) {
     return host::refused(file +
                          ": the values and outputs could not be made: " + texts.error().text);
@@ -194,6 +194,7 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
   const DiffRequest request{arguments.text("FIRST"), arguments.text("SECOND"),
                             arguments.has("--allow-control-characters")};
   host::SessionRequest session = sessionOf(arguments, general);
+  const host::SharedRoutineRecord record;
   auto first = takeInChild(session, request.first, request.allowControlCharacters);
   if (!first) return tl::unexpected(first.error());
   if (!*first) return kUnusable;

@@ -116,6 +116,6 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
 }  // namespace
 
 const CommandRow kShellCommand = {
-    "shell", "Work on a description line by line, or by a script", kFooter, kRows, {}, &run};
+    "shell", "Work on a description line by line, or by a script", kFooter, kRows, {}, &run, true};
 
 }  // namespace driver_feature::cli

@@ -9,6 +9,7 @@
 
 #include "host/base/output_file.h"
 #include "host/base/standard_streams.h"
+#include "host/session/routine_calls.h"
 #include "host/settings/settings_file.h"
 #include "programs/common/console.h"
 #include "programs/driver_feature/change_arguments.h"
@@ -87,6 +88,7 @@ host::Result<Trial> tryChanges(const host::SessionRequest& request, const host::
   const Values changed = valuesOf(session.model());
   Trial trial{outputsToSave(session, changes)};
   session.restore(names);
+  if (host::Result<> ran = host::successOfRoutines(); !ran) return failureOf(ran);
   trial.outputs.emplace_back();
   trial.restored = compare(before, changed, valuesOf(session.model()), trial.outputs.back().bytes);
   return trial;

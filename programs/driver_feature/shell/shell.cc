@@ -1,6 +1,7 @@
 #include "programs/driver_feature/shell/shell.h"
 
 #include "host/base/standard_streams.h"
+#include "host/session/routine_calls.h"
 #include "programs/common/console.h"
 #include "programs/driver_feature/shell/command_table.h"
 #include "programs/driver_feature/shell/words.h"
@@ -44,14 +45,24 @@ host::Result<> Shell::execute(const std::string& line) {
   answer_.clear();
   files_.clear();
   width_ = terminalWidth();
-  {
-    // Routines of the description may print, which is not part of the answer.
-    const host::StandardOutputDiversion diversion;
-    host::Result<> done = (*command)->run(*this, words);
-    watch_.look();
-    if (!done) return done;
-  }
+  if (host::Result<> done = run(**command, words); !done) return done;
   return writeAnswers();
+}
+
+// A routine that throws refuses the line and not the whole work.
+host::Result<> Shell::run(const ShellCommand& command, const std::vector<std::string>& words) {
+  // Routines of the description may print, which is not part of the answer.
+  const host::StandardOutputDiversion diversion;
+  host::clearRoutineRecord();
+  host::Result<> done;
+  try {
+    done = command.run(*this, words);
+  } catch (...) {
+    if (host::successOfRoutines()) throw;
+  }
+  watch_.look();
+  if (host::Result<> ran = host::successOfRoutines(); !ran) return ran;
+  return done;
 }
 
 host::Result<> Shell::writeAnswers() const {

@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "host/base/result.h"
 #include "host/session/session.h"
@@ -14,6 +15,8 @@
 #include "programs/driver_feature/shell/transcript.h"
 
 namespace driver_feature::cli {
+
+struct ShellCommand;
 
 class Shell {
  public:
@@ -52,6 +55,7 @@ class Shell {
   ConstrainedOptions& constrainedOptions() { return constrained_; }
 
  private:
+  host::Result<> run(const ShellCommand& command, const std::vector<std::string>& words);
   host::Result<> writeAnswers() const;
 
   host::Session& session_;

@@ -69,6 +69,36 @@ EXPORTED void throwException() {
   throw std::runtime_error("no paper");
 }
 
+// Change routine: sets the feature "B" through what the library exports to C, which
+// lets no exception out.
+EXPORTED void setOther() {
+  void* library = dlopen(DRIVER_FEATURE_LIBRARY, RTLD_NOW | RTLD_NOLOAD);
+  auto* set = reinterpret_cast<int (*)(std::string&, const char*, int)>(
+      dlsym(library, "SetFeatureIntValue"));
+  std::string target = "B";
+  set(target, "CurrentIntValue", 7);
+}
+
+// Output routine that does the same.
+EXPORTED void setOtherInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  setOther();
+}
+
+// Change routine that throws once the values are restored.
+EXPORTED void throwWhenRestored() {
+  static int calls = 0;
+  if (++calls > 1) throw std::runtime_error("no paper");
+}
+
+// Change routines that do not return.
+EXPORTED void crash() {
+  std::raise(SIGSEGV);
+}
+
+EXPORTED void abortProcess() {
+  std::abort();
+}
+
 // Update callback that prints.
 EXPORTED bool printAndAgree() {
   printSomething();
