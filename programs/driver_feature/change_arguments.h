@@ -15,6 +15,10 @@ inline constexpr ArgumentRow kDescriptionRow = {"DESC", "FILE",
 inline constexpr ArgumentRow kAllowanceRow = {
     "--allow-control-characters", "", "Accept values that can end the printer command around them"};
 
+inline constexpr ArgumentRow kShowSecretsRow = {
+    "--show-secrets", "",
+    "Show values of features marked Encrypted, which otherwise are shown as ****"};
+
 inline constexpr std::array kChangeRows = {
     ArgumentRow{"--settings", "FILE", "Load a settings file before any -o is set; may be repeated",
                 kRepeats},

@@ -36,6 +36,7 @@ std::vector<std::string> commandLine(const std::string& description, const std::
   std::vector<std::string> line = {"--callbacks", ROUTINES_LIBRARY};
   const bool isDump = form == "dump";
   line.insert(line.end(), {isDump ? "dump" : "emit", folder + description + ".xml"});
+  if (isDump) line.emplace_back("--show-secrets");
   if (!isDump) line.insert(line.end(), {"--to", form});
   if (settings == "default") return line;
   if (!isDump) line.emplace_back("--inst-opt");

@@ -30,7 +30,7 @@ for description in office_laser label_printer; do
       "${program[@]}" emit "../../descriptions/$description.xml" --to "$form" \
         "${ticketArguments[@]}" "${arguments[@]}" --output "$description.$settings.$form"
     done
-    "${program[@]}" dump "../../descriptions/$description.xml" "${arguments[@]}" \
+    "${program[@]}" dump --show-secrets "../../descriptions/$description.xml" "${arguments[@]}" \
       >"$description.$settings.dump"
   done
 done

@@ -92,7 +92,7 @@ TEST_F(SecretsTest, SaveSecrets_File_HoldsThemAndOnlyItsOwnerCanReadIt) {
 TEST_F(SecretsTest, Shown_SecretValues_AreMaskedEverywhere) {
   write("script",
         "set Pin 4711\nget Pin\nget Pin CurrentTextValue\nget Pin all\nshow\nshow Pin\n"
-        "records Jobs list\n");
+        "records Jobs list\ndump\n");
   const auto openScript = [] { static_cast<void>(freopen("script", "r", stdin)); };
   std::string all;
   for (const std::vector<std::string>& command :
@@ -102,6 +102,7 @@ TEST_F(SecretsTest, Shown_SecretValues_AreMaskedEverywhere) {
                                              {"show", "office.xml", "Pin", "--json"},
                                              {"show", "office.xml", "Jobs"},
                                              {"show", "office.xml", "Jobs", "--json"},
+                                             {"dump", "office.xml"},
                                              {"try", "office.xml"}}) {
     std::vector<std::string> arguments = command;
     arguments.insert(arguments.end(), {"-o", "Pin=4711", "--records", "Jobs", "jobs.json"});
@@ -134,14 +135,66 @@ TEST_F(SecretsTest, Try_SecretValue_ShowsThatItHasChanged) {
 TEST_F(SecretsTest, Diff_SecretValues_AreSeenToDifferAndNotShown) {
   write("a.conf", "Pin=4711\n[Jobs]\nCode=secret\n");
   write("b.conf", "Pin=4712\n[Jobs]\nCode=secret\n[Jobs]\nCode=\n");
-  const RunResult result = run({"diff", "office.xml", "a.conf", "b.conf"});
-  EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(result.output.substr(0, result.output.find("--- a.conf (ps)")),
-            "--- a.conf (settings)\n+++ b.conf (settings)\n"
-            "-Pin=**** (1)\n+Pin=**** (2)\n+[Jobs]\n+Code=\n");
+  EXPECT_EQ(run({"diff", "office.xml", "a.conf", "b.conf"}),
+            (RunResult{1,
+                       "--- a.conf (settings)\n+++ b.conf (settings)\n"
+                       "-Pin=**** (1)\n+Pin=**** (2)\n+[Jobs]\n+Code=\n"
+                       "--- a.conf (ps)\n+++ b.conf (ps)\n@@ -1,3 +1,3 @@\n 0\n a4\n"
+                       "-(**** (1))\n+(**** (2))\n",
+                       ""}));
   const RunResult json = run({"diff", "office.xml", "a.conf", "/dev/null", "--json"});
   EXPECT_NE(json.output.find("**** (2)"), std::string::npos) << json.output;
   EXPECT_EQ(json.output.find("secret"), std::string::npos) << json.output;
+  EXPECT_EQ(json.output.find("4711"), std::string::npos) << json.output;
+  EXPECT_EQ(json.output.find("0000"), std::string::npos) << json.output;
+  const RunResult shown = run({"diff", "office.xml", "a.conf", "b.conf", "--show-secrets"});
+  EXPECT_NE(shown.output.find("-Pin=4711\n+Pin=4712\n"), std::string::npos) << shown.output;
+  EXPECT_NE(shown.output.find("-(4711)\n+(4712)\n"), std::string::npos) << shown.output;
+}
+
+TEST_F(SecretsTest, Diff_SecretThatEndsLikeAnEmptyOne_IsMasked) {
+  describe("forms.xml", {feature("TextEntry", "Pin", "Encrypted='true'")});
+  write("a.conf", "Pin=abc=\n");
+  EXPECT_EQ(run({"diff", "forms.xml", "/dev/null", "a.conf"}),
+            (RunResult{1, "--- /dev/null (settings)\n+++ a.conf (settings)\n-Pin=\n+Pin=****\n",
+                       ""}));
+}
+
+// In the forms in which commands and tickets spell it.
+TEST_F(SecretsTest, Diff_SpelledSecrets_AreMasked) {
+  describe("forms.xml",
+           {feature("TextEntry", "Pin",
+                    "Encrypted='true' PSCommand='%s|\\(\\)a&amp;&lt;|282961263c|282961263C&#10;'"
+                    " TESKJTAttributeName='pin' TESKAttributeSyntax='text'")});
+  write("a.conf", "Pin=()a&<\n");
+  const RunResult result =
+      run({"diff", "forms.xml", "/dev/null", "a.conf", "--allow-control-characters"});
+  EXPECT_EQ(result.output,
+            "--- /dev/null (settings)\n+++ a.conf (settings)\n-Pin=\n+Pin=****\n"
+            "--- /dev/null (ps)\n+++ a.conf (ps)\n@@ -1,1 +1,1 @@\n"
+            "-|****|****|****\n+****|****|****|****\n"
+            "--- /dev/null (ticket)\n+++ a.conf (ticket)\n@@ -1,5 +1,7 @@\n"
+            " <?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+            " <JobTicket argument1=\"\" argument2=\"\">\n"
+            "-  <JobTicketAttributes/>\n"
+            "+  <JobTicketAttributes>\n"
+            "+    <Command name=\"pin\" syntax=\"text\" value=\"****\"/>\n"
+            "+  </JobTicketAttributes>\n"
+            "   <OutputAttributes/>\n </JobTicket>\n");
+}
+
+TEST_F(SecretsTest, Dump_SecretValue_IsMaskedUnlessAskedFor) {
+  const std::string begin = "\"Pin\" (TextEntry/enabled/visible)Text:";
+  const RunResult masked = run({"dump", "office.xml", "-o", "Pin=4711"});
+  EXPECT_NE(masked.output.find(begin + "**** (not in a group)"), std::string::npos)
+      << masked.output;
+  EXPECT_EQ(masked.output.find("4711"), std::string::npos) << masked.output;
+  const RunResult shown = run({"dump", "office.xml", "-o", "Pin=4711", "--show-secrets"});
+  EXPECT_NE(shown.output.find(begin + "4711 (not in a group)"), std::string::npos) << shown.output;
+  // An empty value is shown as it is.
+  const RunResult empty = run({"dump", "office.xml", "-o", "Pin="});
+  EXPECT_EQ(empty.output, run({"dump", "office.xml", "-o", "Pin=", "--show-secrets"}).output);
+  EXPECT_NE(empty.output.find(begin + " (not in a group)"), std::string::npos) << empty.output;
 }
 
 TEST_F(SecretsTest, Help_Command_IsThatOfTheOption) {

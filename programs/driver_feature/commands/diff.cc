@@ -20,6 +20,7 @@
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
 #include "programs/driver_feature/diff_text.h"
+#include "programs/driver_feature/show/secret_outputs.h"
 #include "programs/driver_feature/show/secrets.h"
 
 namespace driver_feature::cli {
@@ -29,8 +30,9 @@ namespace {
 constexpr const char* kFooter =
     "Shows how the values, the records and the three outputs differ. Control\n"
     "characters are shown as \\r, \\t or \\xNN, and a backslash as \\\\. An empty\n"
-    "file, such as /dev/null, means the defaults. Of features marked Encrypted the\n"
-    "settings show only whether the values differ; the outputs hold them.\n"
+    "file, such as /dev/null, means the defaults. Values of features marked Encrypted\n"
+    "are shown as ****, with numbers when they differ. A routine that writes such a\n"
+    "value in a form of its own shows it.\n"
     "\n"
     "Examples:\n"
     "  driver-feature diff office.xml draft.conf final.conf\n"
@@ -43,6 +45,7 @@ constexpr std::array kRows = {
     ArgumentRow{"FIRST", "FILE", "A settings file", kRequired},
     ArgumentRow{"SECOND", "FILE", "The settings file to compare it with", kRequired},
     kAllowanceRow,
+    kShowSecretsRow,
     ArgumentRow{"--json", "", "Print a JSON document"},
 };
 
@@ -190,6 +193,17 @@ class Comparison {
   std::vector<Part> parts_;
 };
 
+void maskSecrets(Texts& first, Texts& second) {
+  const Texts names(std::next(first.begin(), kFirstName), first.end());
+  if (names.empty()) return;
+  const SecretOutputs secrets(names, {first[0], second[0]});
+  for (std::size_t i = 0; i < std::size(kOutputs); ++i) {
+    first[i + 1] = secrets.masked(first[i + 1]);
+    second[i + 1] = secrets.masked(second[i + 1]);
+  }
+  maskSettings(names, first[0], second[0]);
+}
+
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   const DiffRequest request{arguments.text("FIRST"), arguments.text("SECOND"),
                             arguments.has("--allow-control-characters")};
@@ -203,8 +217,7 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
   auto second = takeInChild(session, request.second, request.allowControlCharacters);
   if (!second) return tl::unexpected(second.error());
   if (!*second) return kUnusable;
-  maskSettings({std::next((*first)->begin(), kFirstName), (*first)->end()}, (**first)[0],
-               (**second)[0]);
+  if (!arguments.has("--show-secrets")) maskSecrets(**first, **second);
   const Comparison comparison(request, **first, **second);
   host::Result<> written = host::writeToStandardOutput(
       arguments.has("--json") ? comparison.json() : comparison.text(terminalWantsColour()));

@@ -6,10 +6,12 @@
 #include <iostream>
 #include <utility>
 
+#include "host/base/output_file.h"
 #include "host/base/standard_streams.h"
 #include "programs/common/console.h"
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
+#include "programs/driver_feature/show/dump_text.h"
 
 namespace driver_feature::cli {
 
@@ -23,7 +25,7 @@ constexpr const char* kFooter =
     "Exit status: 0 success, 1 the description could not be loaded or the listing\n"
     "not written, 2 wrong usage, an unusable file or a refused setting.";
 
-constexpr std::array kRows = {kDescriptionRow};
+constexpr std::array kRows = {kDescriptionRow, kShowSecretsRow};
 
 host::Result<std::unique_ptr<host::Session>> open(const host::SessionRequest& request,
                                                   const host::Changes& changes) {
@@ -37,6 +39,11 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
   if (!session) return failureOf(session);
   host::Result<> saved = writeAllOutputs(outputsToSave(**session, changes));
   if (!saved) return failureOf(saved);
+  if (!arguments.has("--show-secrets") && hasSecrets((*session)->model())) {
+    auto text = maskedDump(**session);
+    if (!text) return failureOf(text);
+    return host::writeToStandardOutput(*text).map([] { return kSuccess; });
+  }
   // The library prints through the C++ stream that this program shares.
   errno = 0;
   (*session)->features().dumpFeatureListValues();

@@ -4,6 +4,8 @@
 #include <functional>
 #include <initializer_list>
 #include <map>
+#include <set>
+#include <utility>
 
 #include "host/description/element.h"
 #include "host/session/output_form.h"
@@ -51,17 +53,24 @@ void addForms(Composer& composer) {
   for (const std::string& form : host::formNames()) composer.add(before + form);
 }
 
-// Calls `visit` for the elements of the description that the line names; for
-// none when it cannot be read. Reads it without the feature library: completing
-// a line must not run routines of a description.
-void forEachNamed(const Composer& composer, host::Role role,
-                  const std::function<void(const host::Element&)>& visit) {
+// Calls `work` with the description that the line names, unless it cannot be read.
+// Reads it without the feature library: completing a line must not run routines of
+// a description.
+void withDescription(const Composer& composer,
+                     const std::function<void(const host::Element&)>& work) {
   // Standard input is not there to be read yet.
   if (composer.place().description == host::kStandardInput) return;
   const host::Result<host::Document> document = host::Document::read(composer.place().description);
-  if (!document) return;
-  forEachElement(*elementsOf(*document).description, [&](const host::Element& element) {
-    if (element.role == role) visit(element);
+  if (document) work(*elementsOf(*document).description);
+}
+
+// Calls `visit` for the elements of that description with the role.
+void forEachNamed(const Composer& composer, host::Role role,
+                  const std::function<void(const host::Element&)>& visit) {
+  withDescription(composer, [&](const host::Element& description) {
+    forEachElement(description, [&](const host::Element& element) {
+      if (element.role == role) visit(element);
+    });
   });
 }
 
@@ -70,16 +79,54 @@ void addNamed(Composer& composer, host::Role role, const char* meaning) {
                [&](const host::Element& element) { composer.add(element.name(), meaning); });
 }
 
+using Elements = std::vector<const host::Element*>;
+using NamedElement = std::pair<std::string, const host::Element*>;
+
+// What stands for each of the elements on a command line: names, and keys that are
+// not the name of another one; of several with a key, the first has it.
+std::vector<NamedElement> wordsFor(const Elements& elements) {
+  std::vector<NamedElement> words;
+  std::set<std::string> taken = {""};
+  for (const host::Element* element : elements) taken.insert(element->name());
+  for (const host::Element* element : elements) {
+    words.emplace_back(element->name(), element);
+    const std::string key = element->text("CLOKey");
+    if (taken.insert(key).second) words.emplace_back(key, element);
+  }
+  return words;
+}
+
+Elements optionsOf(const host::Element& feature) {
+  Elements options;
+  for (const auto& child : feature.children) {
+    if (child->role == host::Role::kOption) options.push_back(child.get());
+  }
+  return options;
+}
+
+void addValues(Composer& composer, const NamedElement& feature) {
+  const std::string start = feature.first + "=";
+  if (!composer.place().word.starts_with(start)) return;
+  for (const auto& [option, element] : wordsFor(optionsOf(*feature.second))) {
+    composer.add(start + option);
+  }
+}
+
 void addSettings(Composer& composer) {
-  const std::string& word = composer.place().word;
-  const bool valueBegun = word.find('=') != std::string::npos;
-  forEachNamed(composer, host::Role::kFeature, [&](const host::Element& feature) {
-    if (!feature.kind || !holdsValue(*feature.kind)) return;
-    const std::string start = feature.name() + "=";
-    if (!valueBegun) composer.add(start, wordOf(*feature.kind));
-    if (!valueBegun || !word.starts_with(start)) return;
-    for (const auto& option : feature.children) {
-      if (option->role == host::Role::kOption) composer.add(start + option->name());
+  const bool valueBegun = composer.place().word.find('=') != std::string::npos;
+  withDescription(composer, [&](const host::Element& description) {
+    Elements features;
+    forEachElement(description, [&](const host::Element& element) {
+      if (element.role == host::Role::kFeature) features.push_back(&element);
+    });
+    for (const NamedElement& feature : wordsFor(features)) {
+      const auto& kind = feature.second->kind;
+      if (!kind || !holdsValue(*kind)) continue;
+      if (valueBegun) {
+        addValues(composer, feature);
+      } else {
+        composer.add(feature.first + "=", wordOf(*kind));
+      }
     }
   });
 }

@@ -63,6 +63,21 @@ TEST_F(CandidatesTest, Complete_ValueOfAFeature_IsOneOfItsOptions) {
   EXPECT_EQ(textsFor({"show", file_, "-o", "Tra="}), Texts{});
 }
 
+TEST_F(CandidatesTest, Complete_Keys_StandBesideNames) {
+  std::ofstream(file_) << R"(<FeatureDescription>
+  <Feature FeatureType="MultiSelect" Name="PageSize" CLOKey="media">
+    <Option Name="A4" CLOKey="iso"/><Option Name="iso"/><Option Name="Letter" CLOKey="na"/></Feature>
+  <Feature FeatureType="IntEntry" Name="Copies" CLOKey="PageSize"/>
+  <Feature FeatureType="IntEntry" Name="Again" CLOKey="media"/>
+  <Feature FeatureType="UIOnly" Name="Title" CLOKey="title"/>
+</FeatureDescription>)";
+  EXPECT_EQ(textsFor({"show", file_, "-o", ""}),
+            (Texts{"PageSize=", "media=", "Copies=", "Again="}));
+  EXPECT_EQ(textsFor({"show", file_, "-o", "media="}),
+            (Texts{"media=A4", "media=iso", "media=Letter", "media=na"}));
+  EXPECT_EQ(textsFor({"show", file_, "-o", "PageSize=n"}), Texts{"PageSize=na"});
+}
+
 TEST_F(CandidatesTest, Complete_NamesToShow_AreFeaturesAndGroups) {
   EXPECT_EQ(textsFor({"show", file_, "T"}),
             (Texts{"Tray", "Total", "Title", "TextIn", "TiltIn", "Texts"}));

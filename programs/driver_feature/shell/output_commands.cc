@@ -5,8 +5,8 @@
 
 #include "host/base/text.h"
 #include "host/session/output_form.h"
-#include "programs/driver_feature/shell/captured_output.h"
 #include "programs/driver_feature/shell/names.h"
+#include "programs/driver_feature/show/dump_text.h"
 #include "programs/driver_feature/table.h"
 
 namespace driver_feature::cli {
@@ -69,15 +69,10 @@ host::Result<> runEmit(Shell& shell, const Words& arguments) {
 }
 
 host::Result<> runDump(Shell& shell, const Words& /*arguments*/) {
-  CapturedOutput captured;
-  shell.session().features().dumpFeatureListValues();
-  std::string text;
-  if (captured.end(text)) {
-    shell.answer(text);
-    return {};
-  }
-  return fail(host::Problem::Kind::kNotWritten,
-              "the listing cannot be kept; free some space for temporary files");
+  auto text = maskedDump(shell.session());
+  if (!text) return failureOf(text);
+  shell.answer(*text);
+  return {};
 }
 
 host::Result<> runLog(Shell& shell, const Words& arguments) {

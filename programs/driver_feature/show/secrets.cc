@@ -22,9 +22,9 @@ class Masks {
 
   void note(const std::string& text) {
     forEachLine(text, [this](const std::string& line) {
-      if (auto* values = valuesOf(line); values != nullptr && numberOf(*values, line) == 0) {
-        values->push_back(line);
-      }
+      auto* values = valuesOf(line);
+      if (values == nullptr || isEmptyValue(line) || numberOf(*values, line) != 0) return;
+      values->push_back(line);
     });
   }
 
@@ -33,7 +33,7 @@ class Masks {
     forEachLine(text, [&](const std::string& line) {
       const auto* values = valuesOf(line);
       const std::string start = line.substr(0, line.find('=') + 1);
-      if (values == nullptr || line == start + "\n") {
+      if (values == nullptr || isEmptyValue(line)) {
         result += line;
         return;
       }
@@ -54,6 +54,8 @@ class Masks {
       start = end;
     }
   }
+
+  static bool isEmptyValue(const std::string& line) { return line.substr(line.find('=') + 1) == "\n"; }
 
   // Counted from 1; 0 for a line that is not among them.
   static std::size_t numberOf(const Lines& lines, const std::string& line) {
