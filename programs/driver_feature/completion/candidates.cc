@@ -5,7 +5,6 @@
 #include <initializer_list>
 #include <map>
 #include <set>
-#include <utility>
 
 #include "host/description/element.h"
 #include "host/session/output_form.h"
@@ -20,9 +19,11 @@ class Composer {
   explicit Composer(const Place& place) : place_(place) {}
 
   // Adds a candidate for the argument's own text, when that may become it.
-  void add(const std::string& text, const std::string& meaning = "") {
-    if (!text.starts_with(place_.word)) return;
+  // Returns whether it may.
+  bool add(const std::string& text, const std::string& meaning = "") {
+    if (!text.starts_with(place_.word)) return false;
     completion_.candidates.push_back({place_.prefix + text, meaning});
+    return true;
   }
 
   void addFiles(const std::string& inner = "") {
@@ -80,18 +81,26 @@ void addNamed(Composer& composer, host::Role role, const char* meaning) {
 }
 
 using Elements = std::vector<const host::Element*>;
-using NamedElement = std::pair<std::string, const host::Element*>;
 
-// What stands for each of the elements on a command line: names, and keys that are
-// not the name of another one; of several with a key, the first has it.
-std::vector<NamedElement> wordsFor(const Elements& elements) {
-  std::vector<NamedElement> words;
+// What stands for an element on a command line.
+struct Words {
+  const host::Element* element;
+  std::string name;
+  std::string key = {};  // Empty without one.
+};
+
+// Those of the elements. A key that is the name of another one means that one, and
+// of several with the same key, the first has it.
+std::vector<Words> wordsFor(const Elements& elements) {
+  std::vector<Words> words;
   std::set<std::string> taken = {""};
-  for (const host::Element* element : elements) taken.insert(element->name());
   for (const host::Element* element : elements) {
-    words.emplace_back(element->name(), element);
-    const std::string key = element->text("CLOKey");
-    if (taken.insert(key).second) words.emplace_back(key, element);
+    words.push_back({element, element->name()});
+    taken.insert(element->name());
+  }
+  for (Words& word : words) {
+    const std::string key = word.element->text("CLOKey");
+    if (taken.insert(key).second) word.key = key;
   }
   return words;
 }
@@ -104,30 +113,43 @@ Elements optionsOf(const host::Element& feature) {
   return options;
 }
 
-void addValues(Composer& composer, const NamedElement& feature) {
-  const std::string start = feature.first + "=";
-  if (!composer.place().word.starts_with(start)) return;
-  for (const auto& [option, element] : wordsFor(optionsOf(*feature.second))) {
-    composer.add(start + option);
+// Options by their names where the feature is named, and by their keys where it has
+// been given by its key; by the other ones when what is typed begins only those.
+void addValues(Composer& composer, const host::Element& feature, const std::string& start,
+               bool byKey) {
+  const std::vector<Words> options = wordsFor(optionsOf(feature));
+  bool isAdded = false;
+  for (const bool wantsKeys : {byKey, !byKey}) {
+    if (isAdded) return;
+    for (const Words& option : options) {
+      const bool isKey = wantsKeys && !option.key.empty();
+      isAdded = composer.add(start + (isKey ? option.key : option.name)) || isAdded;
+    }
+  }
+}
+
+void addSetting(Composer& composer, const Words& feature) {
+  const std::string& word = composer.place().word;
+  const auto& kind = feature.element->kind;
+  if (!kind || !holdsValue(*kind)) return;
+  for (const bool isKey : {false, true}) {
+    if (isKey && feature.key.empty()) continue;
+    const std::string start = (isKey ? feature.key : feature.name) + "=";
+    if (word.find('=') == std::string::npos) {
+      composer.add(start, wordOf(*kind));
+    } else if (word.starts_with(start)) {
+      addValues(composer, *feature.element, start, isKey);
+    }
   }
 }
 
 void addSettings(Composer& composer) {
-  const bool valueBegun = composer.place().word.find('=') != std::string::npos;
   withDescription(composer, [&](const host::Element& description) {
     Elements features;
     forEachElement(description, [&](const host::Element& element) {
       if (element.role == host::Role::kFeature) features.push_back(&element);
     });
-    for (const NamedElement& feature : wordsFor(features)) {
-      const auto& kind = feature.second->kind;
-      if (!kind || !holdsValue(*kind)) continue;
-      if (valueBegun) {
-        addValues(composer, feature);
-      } else {
-        composer.add(feature.first + "=", wordOf(*kind));
-      }
-    }
+    for (const Words& feature : wordsFor(features)) addSetting(composer, feature);
   });
 }
 

@@ -74,7 +74,10 @@ TEST_F(CandidatesTest, Complete_Keys_StandBesideNames) {
   EXPECT_EQ(textsFor({"show", file_, "-o", ""}),
             (Texts{"PageSize=", "media=", "Copies=", "Again="}));
   EXPECT_EQ(textsFor({"show", file_, "-o", "media="}),
-            (Texts{"media=A4", "media=iso", "media=Letter", "media=na"}));
+            (Texts{"media=A4", "media=iso", "media=na"}));
+  EXPECT_EQ(textsFor({"show", file_, "-o", "media=L"}), Texts{"media=Letter"});
+  EXPECT_EQ(textsFor({"show", file_, "-o", "PageSize="}),
+            (Texts{"PageSize=A4", "PageSize=iso", "PageSize=Letter"}));
   EXPECT_EQ(textsFor({"show", file_, "-o", "PageSize=n"}), Texts{"PageSize=na"});
 }
 
