@@ -120,6 +120,7 @@ calls 'python3 -B bench/check_instructions.py build/release bench/instruction_ba
   instructions --update
 calls 'python3 -B -u tests/mutation/mutate.py --sample 12 library/model/messages.cc' \
   mutate --sample 12 library/model/messages.cc
+calls 'python3 -B -u tests/mutation/rules.py' mutate --rules
 
 begin Mutate_Changed_StartsFromTheBase
 act git 'case "$*" in "rev-parse --verify --quiet main^{commit}") echo abc ;; esac'

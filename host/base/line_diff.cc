@@ -1,7 +1,7 @@
 #include "host/base/line_diff.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <unordered_set>
 
 #include "host/base/text.h"
 
@@ -24,49 +24,129 @@ std::string visible(std::string_view text) {
   return shown;
 }
 
-// The lengths of the longest common subsequences of all pairs of ends of two
-// lists.
-class Lengths {
- public:
-  Lengths(const std::vector<std::string>& first, const std::vector<std::string>& second)
-      : columns_(second.size() + 1), cells_((first.size() + 1) * columns_) {
-    for (std::size_t i = first.size(); i-- > 0;) {
-      for (std::size_t j = second.size(); j-- > 0;) {
-        cells_[i * columns_ + j] =
-            first[i] == second[j] ? at(i + 1, j + 1) + 1 : std::max(at(i + 1, j), at(i, j + 1));
-      }
-    }
-  }
+using Lines = std::vector<std::string>;
 
-  std::uint32_t at(std::size_t i, std::size_t j) const { return cells_[i * columns_ + j]; }
-
- private:
-  std::size_t columns_;
-  std::vector<std::uint32_t> cells_;
+// A line of the first list and the line of the second that it becomes.
+struct Match {
+  std::size_t first = 0;
+  std::size_t second = 0;
 };
 
-// The two lists have neither a first nor a last line in common.
-void appendMiddle(const std::vector<std::string>& first, const std::vector<std::string>& second,
-                  std::vector<DiffLine>& lines) {
-  constexpr std::uint64_t kMostCells = 16U << 20U;
-  std::size_t i = 0;
-  std::size_t j = 0;
-  const std::uint64_t cells = static_cast<std::uint64_t>(first.size() + 1) * (second.size() + 1);
-  if (cells <= kMostCells) {
-    const Lengths lengths(first, second);
-    while (i < first.size() && j < second.size()) {
-      if (first[i] == second[j]) {
-        lines.push_back({' ', first[i++]});
-        ++j;
-      } else if (lengths.at(i + 1, j) >= lengths.at(i, j + 1)) {
-        lines.push_back({'-', first[i++]});
-      } else {
-        lines.push_back({'+', second[j++]});
-      }
+// Lines that both lists have, with their numbers there. All others are changes, and
+// what texts have changed throughout is quickly found in this way.
+struct CommonLines {
+  std::vector<std::size_t> numbers;
+  std::vector<const std::string*> lines;
+
+  CommonLines(const Lines& all, const Lines& others) {
+    const std::unordered_set<std::string_view> known(others.begin(), others.end());
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      if (!known.contains(all[i])) continue;
+      numbers.push_back(i);
+      lines.push_back(&all[i]);
     }
   }
-  while (i < first.size()) lines.push_back({'-', first[i++]});
-  while (j < second.size()) lines.push_back({'+', second[j++]});
+};
+
+// The shortest way from one list to another, as E. W. Myers finds it: for each
+// number of changes, how far each difference of positions can be followed.
+class ShortestEdit {
+ public:
+  ShortestEdit(const CommonLines& first, const CommonLines& second)
+      : first_(first),
+        second_(second),
+        last_(static_cast<long>(first.lines.size())),
+        otherLast_(static_cast<long>(second.lines.size())) {}
+
+  // The lines that stay, in their order; none when there are too many changes.
+  std::vector<Match> matches() {
+    constexpr long kMostChanges = 2048;
+    for (long changes = 0; changes <= kMostChanges; ++changes) {
+      if (isReachedWith(changes)) return followBack(changes);
+    }
+    return {};
+  }
+
+ private:
+  // The farthest position in the first list by the difference of both positions,
+  // which is from -changes to changes.
+  long farthest(long changes, long difference) const {
+    const std::vector<long>& row = rows_[static_cast<std::size_t>(changes)];
+    return row[static_cast<std::size_t>(difference + changes)];
+  }
+
+  // Whether a line of the second list has been added last; otherwise one of the
+  // first was taken out.
+  bool isAddition(long changes, long difference) const {
+    if (difference == -changes) return true;
+    return difference != changes &&
+           farthest(changes - 1, difference - 1) < farthest(changes - 1, difference + 1);
+  }
+
+  long startOf(long changes, long difference) const {
+    if (changes == 0) return 0;
+    return isAddition(changes, difference) ? farthest(changes - 1, difference + 1)
+                                           : farthest(changes - 1, difference - 1) + 1;
+  }
+
+  bool isReachedWith(long changes) {
+    rows_.emplace_back(static_cast<std::size_t>(2 * changes + 1));
+    for (long difference = -changes; difference <= changes; difference += 2) {
+      long at = startOf(changes, difference);
+      while (isSame(at, at - difference)) ++at;
+      rows_.back()[static_cast<std::size_t>(difference + changes)] = at;
+      if (difference == last_ - otherLast_ && at >= last_) return true;
+    }
+    return false;
+  }
+
+  bool isSame(long first, long second) const {
+    return first < last_ && second < otherLast_ &&
+           *first_.lines[static_cast<std::size_t>(first)] ==
+               *second_.lines[static_cast<std::size_t>(second)];
+  }
+
+  std::vector<Match> followBack(long changes) const {
+    std::vector<Match> matches;
+    long at = last_;
+    long difference = last_ - otherLast_;
+    for (; changes >= 0; --changes) {
+      const long start = startOf(changes, difference);
+      while (at > start) {
+        --at;
+        matches.push_back({first_.numbers[static_cast<std::size_t>(at)],
+                           second_.numbers[static_cast<std::size_t>(at - difference)]});
+      }
+      if (changes == 0) break;
+      const bool added = isAddition(changes, difference);
+      difference += added ? 1 : -1;
+      at -= added ? 0 : 1;
+    }
+    std::reverse(matches.begin(), matches.end());
+    return matches;
+  }
+
+  const CommonLines& first_;
+  const CommonLines& second_;
+  long last_;
+  long otherLast_;
+  std::vector<std::vector<long>> rows_;  // By the number of changes.
+};
+
+void appendMiddle(const Lines& first, const Lines& second, std::vector<DiffLine>& lines) {
+  const CommonLines common(first, second);
+  const CommonLines otherCommon(second, first);
+  std::vector<Match> matches = ShortestEdit(common, otherCommon).matches();
+  matches.push_back({first.size(), second.size()});
+  std::size_t i = 0;
+  std::size_t j = 0;
+  for (const Match& match : matches) {
+    while (i < match.first) lines.push_back({'-', first[i++]});
+    while (j < match.second) lines.push_back({'+', second[j++]});
+    if (i == first.size() && j == second.size()) return;
+    lines.push_back({' ', first[i++]});
+    ++j;
+  }
 }
 
 std::string rangeText(std::size_t before, std::size_t count) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace driver_feature::host {
 
 namespace {
@@ -19,6 +21,62 @@ TEST(LineDiffTest, DiffLines_Changes_KeepWhatIsCommon) {
             (Lines{{' ', "a"}, {'-', "b"}, {' ', "c"}, {'+', "x"}, {' ', "d"}}));
   EXPECT_EQ(diffLines({}, {"a"}), (Lines{{'+', "a"}}));
   EXPECT_EQ(diffLines({"a", "a"}, {"a"}), (Lines{{' ', "a"}, {'-', "a"}}));
+}
+
+// The most lines that two lists have in common, in order.
+std::size_t commonCount(const std::vector<std::string>& first, std::size_t i,
+                        const std::vector<std::string>& second, std::size_t j) {
+  if (i == first.size() || j == second.size()) return 0;
+  if (first[i] == second[j]) return 1 + commonCount(first, i + 1, second, j + 1);
+  return std::max(commonCount(first, i + 1, second, j), commonCount(first, i, second, j + 1));
+}
+
+TEST(LineDiffTest, DiffLines_AllSmallTexts_GiveBothTextsAndTheFewestChanges) {
+  // Each number is a text of up to five lines out of three.
+  const auto textOf = [](unsigned number) {
+    std::vector<std::string> lines;
+    for (; number > 0; number /= 4) {
+      if (number % 4 > 0) lines.emplace_back(1, static_cast<char>('a' + number % 4));
+    }
+    return lines;
+  };
+  for (unsigned left = 0; left < 1024; left += 11) {
+    for (unsigned right = 0; right < 1024; right += 7) {
+      const std::vector<std::string> first = textOf(left);
+      const std::vector<std::string> second = textOf(right);
+      std::vector<std::string> before;
+      std::vector<std::string> after;
+      std::size_t common = 0;
+      for (const DiffLine& line : diffLines(first, second)) {
+        if (line.mark != '+') before.push_back(line.text);
+        if (line.mark != '-') after.push_back(line.text);
+        common += line.mark == ' ' ? 1 : 0;
+      }
+      ASSERT_EQ(before, first) << left << ' ' << right;
+      ASSERT_EQ(after, second) << left << ' ' << right;
+      ASSERT_EQ(common, commonCount(first, 0, second, 0)) << left << ' ' << right;
+    }
+  }
+}
+
+TEST(LineDiffTest, DiffLines_LargeTexts_ShowTheChangesOnly) {
+  std::vector<std::string> first;
+  for (int i = 0; i < 20000; ++i) first.push_back(std::to_string(i));
+  std::vector<std::string> second = first;
+  second.front() = "x";
+  second[10000] = "5";  // A line that both have.
+  second.back() = "y";
+  const Lines lines = diffLines(first, second);
+  EXPECT_EQ(lines.size(), 20003U);
+  EXPECT_EQ((Lines{lines[10001], lines[10002], lines[10003]}),
+            (Lines{{'-', "10000"}, {'+', "5"}, {' ', "10001"}}));
+  // Too many moved lines are reported as one replacement.
+  const std::vector<std::string> turned(first.rbegin(), first.rend());
+  EXPECT_EQ(diffLines(first, turned).size(), 40000U);
+  // Lines that only one of them has do not count.
+  for (std::string& line : second) line += "x";
+  second.push_back("19999");
+  EXPECT_EQ(diffLines(first, second).back(), (DiffLine{' ', "19999"}));
 }
 
 TEST(LineDiffTest, WithContext_DistantChanges_AreTwoParts) {
