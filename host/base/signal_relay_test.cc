@@ -15,17 +15,28 @@ namespace driver_feature::host {
 
 namespace {
 
-// A process with a relay and a copy that prepares, says that it is ready, and does
-// `work`. Its status is the copy's, or 99 when a signal has ended the copy and not it.
-ChildProcess startRelaying(
-    const std::function<int()>& work, const std::function<void()>& prepare = [] {}) {
+constexpr int kSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+
+// What the processes of a test do.
+struct Parts {
+  std::function<void()> begin = [] {};    // Before there is a copy.
+  std::function<void()> prepare = [] {};  // In the copy, before it says that it is ready.
+  std::function<int()> work;              // In the copy, afterwards.
+};
+
+// A process with a relay and a copy. Its status is the copy's, or 99 when a signal
+// has ended the copy and not it.
+ChildProcess startRelaying(const Parts& parts) {
   auto process = ChildProcess::start(ChildStreams::kShared, [&](int ready) {
+    // Whoever runs the tests may ignore some.
+    for (const int signal : kSignals) std::signal(signal, SIG_DFL);
+    parts.begin();
     SignalRelay relay;
     auto copy = ChildProcess::start(ChildStreams::kShared, [&](int) {
       relay.leave();
-      prepare();
+      parts.prepare();
       writeAll(ready, "r");
-      return work();
+      return parts.work();
     });
     relay.begin(copy->id());
     const int status = copy->wait();
@@ -37,13 +48,15 @@ ChildProcess startRelaying(
   return std::move(*process);
 }
 
-int waitForever() {
-  while (true) ::pause();
+// Until a signal comes; bounded in case none does.
+int waitLong() {
+  ::sleep(30);
+  return 98;
 }
 
 TEST(SignalRelayTest, Signal_EndsTheCopy_EndsThisProcessToo) {
-  for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
-    ChildProcess process = startRelaying(&waitForever);
+  for (const int signal : kSignals) {
+    ChildProcess process = startRelaying({.work = &waitLong});
     ::kill(process.id(), signal);
     const int status = process.wait();
     ASSERT_TRUE(WIFSIGNALED(status)) << signal;
@@ -52,8 +65,8 @@ TEST(SignalRelayTest, Signal_EndsTheCopy_EndsThisProcessToo) {
 }
 
 TEST(SignalRelayTest, Signal_CopyCatchesIt_ItsStatusCounts) {
-  ChildProcess process =
-      startRelaying(&waitForever, [] { std::signal(SIGTERM, [](int) { ::_exit(3); }); });
+  ChildProcess process = startRelaying(
+      {.prepare = [] { std::signal(SIGTERM, [](int) { ::_exit(3); }); }, .work = &waitLong});
   ::kill(process.id(), SIGTERM);
   const int status = process.wait();
   ASSERT_TRUE(WIFEXITED(status));
@@ -61,14 +74,12 @@ TEST(SignalRelayTest, Signal_CopyCatchesIt_ItsStatusCounts) {
 }
 
 TEST(SignalRelayTest, Signal_ThatIsIgnored_StaysIgnored) {
-  const auto before = std::signal(SIGHUP, SIG_IGN);
-  ChildProcess process = startRelaying([] {
-    ::usleep(20000);
-    return 5;
-  });
+  ChildProcess process =
+      startRelaying({.begin = [] { std::signal(SIGHUP, SIG_IGN); },
+                     .prepare = [] { std::signal(SIGHUP, [](int) { ::_exit(3); }); },
+                     .work = [] { return ::usleep(20000) == 0 ? 5 : 4; }});
   ::kill(process.id(), SIGHUP);
   const int status = process.wait();
-  std::signal(SIGHUP, before);
   ASSERT_TRUE(WIFEXITED(status));
   EXPECT_EQ(WEXITSTATUS(status), 5);
 }
