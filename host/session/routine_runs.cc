@@ -43,7 +43,6 @@ Result<int> runWithRoutines(const std::function<int()>& work) {
 
 Result<std::vector<std::string>> takeFromRoutines(
     const std::function<std::vector<std::string>()>& work) {
-  clearRoutineRecord();
   auto texts = runInChild(ChildStreams::kShared, work, [](int status) {
     const std::string thrown = describeThrow(routineRecord());
     return thrown.empty() ? describeRoutineEnd(routineRecord(), status) : thrown;

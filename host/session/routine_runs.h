@@ -19,8 +19,8 @@ namespace driver_feature::host {
 Result<int> runWithRoutines(const std::function<int()>& work);
 
 // runInChild() for such work. The problem names the routine that has ended the
-// copy or has thrown, also where the feature library lets the exception end.
-// There must be a SharedRoutineRecord.
+// copy or has thrown, also where the feature library lets the exception end; the
+// record is clear afterwards. There must be a SharedRoutineRecord.
 Result<std::vector<std::string>> takeFromRoutines(
     const std::function<std::vector<std::string>()>& work);
 
