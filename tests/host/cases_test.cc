@@ -74,6 +74,8 @@ TEST_F(CasesTest, Test_OutputsDiffer_ShowsHowAndEndsWithOne) {
   EXPECT_EQ(read("cases/plain.pjl"), "@PJL SET COPIES=1\r\n");
   EXPECT_FALSE(fs::exists(folder() / "cases/plain.log"));
   EXPECT_EQ(test(), success("ok    plain\n1 case: as expected\n"));
+  write("cases/plain.ps", "2 copies\n");
+  EXPECT_EQ(test().output.substr(0, 24), "FAIL  plain: ps differs\n");
 }
 
 TEST_F(CasesTest, Test_RefusedSettings_AreMessagesWithoutPlacesInTheDescription) {
