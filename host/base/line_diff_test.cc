@@ -75,8 +75,9 @@ TEST(LineDiffTest, DiffLines_LargeTexts_ShowTheChangesOnly) {
   EXPECT_EQ(diffLines(first, turned).size(), 40000U);
   // Lines that only one of them has do not count.
   for (std::string& line : second) line += "x";
-  second.push_back("19999");
-  EXPECT_EQ(diffLines(first, second).back(), (DiffLine{' ', "19999"}));
+  second.insert(second.end(), {"19998", "z"});
+  const Lines replaced = diffLines(first, second);
+  EXPECT_EQ(std::ranges::count(replaced, DiffLine{' ', "19998"}), 1);
 }
 
 TEST(LineDiffTest, WithContext_DistantChanges_AreTwoParts) {

@@ -155,9 +155,16 @@ TEST_F(SecretsTest, Diff_SecretValues_AreSeenToDifferAndNotShown) {
 TEST_F(SecretsTest, Diff_SecretThatEndsLikeAnEmptyOne_IsMasked) {
   describe("forms.xml", {feature("TextEntry", "Pin", "Encrypted='true'")});
   write("a.conf", "Pin=abc=\n");
-  EXPECT_EQ(run({"diff", "forms.xml", "/dev/null", "a.conf"}),
-            (RunResult{1, "--- /dev/null (settings)\n+++ a.conf (settings)\n-Pin=\n+Pin=****\n",
-                       ""}));
+  EXPECT_EQ(
+      run({"diff", "forms.xml", "/dev/null", "a.conf"}),
+      (RunResult{1, "--- /dev/null (settings)\n+++ a.conf (settings)\n-Pin=\n+Pin=****\n", ""}));
+}
+
+TEST_F(SecretsTest, Diff_SecretThatBeginsAnother_IsNotTakenForIt) {
+  write("a.conf", "Pin=47\n");
+  write("b.conf", "Pin=4711\n");
+  const RunResult result = run({"diff", "office.xml", "a.conf", "b.conf"});
+  EXPECT_NE(result.output.find("-(**** (1))\n+(**** (2))\n"), std::string::npos) << result.output;
 }
 
 // In the forms in which commands and tickets spell it.
