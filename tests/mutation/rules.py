@@ -11,6 +11,7 @@ import os
 import pathlib
 import re
 import shutil
+import signal
 import subprocess
 import sys
 
@@ -86,6 +87,11 @@ def build():
     return base / "bin"
 
 
+def heed_interrupts():
+    """A test presses Ctrl-C, which is ignored in the background of some shells."""
+    signal.signal(signal.SIGINT, signal.SIG_DFL)
+
+
 def passes(programs, code):
     environment = {**os.environ, "GTEST_FAIL_FAST": "1", "GTEST_BRIEF": "1"}
     environment.pop(_VARIABLE, None)
@@ -94,7 +100,7 @@ def passes(programs, code):
     return all(
         subprocess.run([programs / program, f"--gtest_filter={tests}"], env=environment,
                        timeout=300, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                       check=False).returncode == 0
+                       preexec_fn=heed_interrupts, check=False).returncode == 0
         for program, tests in _TESTS.items())
 
 
