@@ -6,6 +6,11 @@
 
 #include <map>
 #include <string>
+#include <string_view>
+
+namespace driver_feature {
+class AttributeFiller;
+}
 
 class AttributeMap {
  public:
@@ -36,6 +41,10 @@ class AttributeMap {
   std::string& operator[](const std::string& name);
 
  private:
+  friend class driver_feature::AttributeFiller;  // Of the parser.
+  void recallNames();
+  std::string* find(std::string_view name);
+
   std::map<std::string, std::string> entries_;
 };
 

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <iterator>
 #include <optional>
+#include <string_view>
 #include <system_error>
 
 #include "Log.h"
@@ -14,22 +15,44 @@ namespace {
 
 using Entries = std::map<std::string, std::string>;
 
+constexpr std::size_t kFew = 8;
+
+// What the map held that was cleared last in this thread. Null before, and while the
+// thread ends: a host may still use maps then.
+constinit thread_local Entries* lastCleared = nullptr;
+
+struct LastCleared {
+  LastCleared() { lastCleared = &entries; }
+  ~LastCleared() { lastCleared = nullptr; }
+  Entries entries;
+};
+
+// Does so once for each thread.
+Entries* keepLastCleared() {
+  thread_local const LastCleared kept;
+  return lastCleared;
+}
+
 // Whether two names are the same. Those of attributes often begin alike, and
 // differ in length or in the last character.
-bool isSame(const std::string& name, const std::string& other) {
+template <class Name>
+bool isSame(const std::string& name, const Name& other) {
   return name.size() == other.size() && (name.empty() || name.back() == other.back()) &&
          name == other;
 }
 
 // The entry of that name, or the end. An element has a few attributes: one after
 // another they are compared faster than in the order of a tree.
-template <class Map>
-auto findEntry(Map& entries, const std::string& name) {
-  constexpr std::size_t kFew = 8;
-  if (entries.size() > kFew) return entries.find(name);
+template <class Map, class Name>
+auto findAmongFew(Map& entries, const Name& name) {
   auto entry = entries.begin();
   while (entry != entries.end() && !isSame(entry->first, name)) ++entry;
   return entry;
+}
+
+template <class Map>
+auto findEntry(Map& entries, const std::string& name) {
+  return entries.size() <= kFew ? findAmongFew(entries, name) : entries.find(name);
 }
 
 // Converts the whole of `text`; nothing when it does not convert.
@@ -98,8 +121,18 @@ bool load(const Entries& entries, const std::string& name, Value& value, const V
 
 AttributeMap::AttributeMap() = default;
 
+// Few entries are kept for recallNames(), in place of earlier ones.
 void AttributeMap::clear() {
+  if (entries_.size() <= kFew) {
+    Entries* kept = lastCleared != nullptr ? lastCleared : keepLastCleared();
+    if (kept != nullptr) kept->swap(entries_);
+  }
   entries_.clear();
+}
+
+// Gives an empty map what the map held that was cleared last.
+void AttributeMap::recallNames() {
+  if (lastCleared != nullptr) lastCleared->swap(entries_);
 }
 
 long AttributeMap::size() const {
@@ -139,6 +172,12 @@ bool AttributeMap::fetchAttributeValueByIndex(const long& index, std::string& na
   name = entry->first;
   value = entry->second;
   return true;
+}
+
+// The text under `name`, or null. Meant for few entries.
+std::string* AttributeMap::find(std::string_view name) {
+  const auto found = findAmongFew(entries_, name);
+  return found != entries_.end() ? &found->second : nullptr;
 }
 
 std::string& AttributeMap::operator[](const std::string& name) {

@@ -18,7 +18,7 @@ inline std::string elementsOf(const Element* element, int depth) {
     text += std::to_string(depth) + ' ' + std::to_string(element->line) + ' ';
     text += nameAt(element->tag);
     for (AttributeReader attribute(*element); attribute.read();) {
-      text.append(" " + attribute.name() + "=[").append(attribute.value()) += ']';
+      text.append(" ").append(attribute.name()).append("=[").append(attribute.value()) += ']';
     }
     text += '\n' + elementsOf(element->firstChild, depth + 1);
   }

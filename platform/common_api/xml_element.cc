@@ -1,7 +1,5 @@
 #include "xml_element.h"
 
-#include <cstring>
-
 #include "xml_characters.h"
 
 namespace driver_feature {
@@ -30,9 +28,9 @@ AttributeReader::AttributeReader(const Element& element) : next_(endOfName(eleme
 bool AttributeReader::read() {
   next_ = skipBlanks(next_);
   if (*next_ == '>' || *next_ == '/') return false;
-  const char* end = endOfName(next_);
-  name_.assign(next_, end);
-  const char* quote = skipBlanks(skipBlanks(end) + 1);  // After the sign "=".
+  name_ = nameAt(next_);
+  const char* sign = skipBlanks(name_.data() + name_.size());  // "=".
+  const char* quote = skipBlanks(sign + 1);
   value_ = quote + 1;
   next_ = value_.data() + value_.size() + 1;
   return true;

@@ -9,7 +9,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -54,13 +53,13 @@ class AttributeReader {
   // Moves to the next attribute; false after the last one.
   bool read();
 
-  const std::string& name() const { return name_; }
-
+  // Both are valid as long as the document's text.
+  std::string_view name() const { return name_; }
   std::string_view value() const { return value_; }
 
  private:
   const char* next_;
-  std::string name_;
+  std::string_view name_;
   std::string_view value_;
 };
 

@@ -1,10 +1,52 @@
 #include "XMLParser.h"
 
 #include <string_view>
+#include <utility>
 
 #include "AttributeMap.h"
 #include "byte_escapes.h"
 #include "xml_element.h"
+
+namespace driver_feature {
+
+// Reads the attributes of elements into maps.
+class AttributeFiller {
+ public:
+  static void fill(const Element& element, AttributeMap& map) {
+    if (map.size() == 0 && fillRecalled(element, map)) return;
+    for (AttributeReader attribute(element); attribute.read();) {
+      setValue(element, attribute, map[std::string(attribute.name())]);
+    }
+  }
+
+ private:
+  // Most elements have attributes of the same names as the one before, which take
+  // no new memory then. False if these names are others.
+  static bool fillRecalled(const Element& element, AttributeMap& map) {
+    AttributeMap recalled;
+    recalled.recallNames();
+    long count = 0;
+    for (AttributeReader attribute(element); attribute.read(); ++count) {
+      std::string* value = recalled.find(attribute.name());
+      if (value == nullptr) return false;
+      setValue(element, attribute, *value);
+    }
+    if (count != recalled.size()) return false;
+    map = std::move(recalled);
+    return true;
+  }
+
+  static void setValue(const Element& element, const AttributeReader& attribute,
+                       std::string& value) {
+    if (element.escaped) {
+      value = unescapeBytes(attribute.value());
+    } else {
+      value = attribute.value();
+    }
+  }
+};
+
+}  // namespace driver_feature
 
 namespace {
 
@@ -39,16 +81,7 @@ class DocumentParser final : public XMLParser {
   }
 
   void attributes(void* element, AttributeMap& map) override {
-    if (element == nullptr) return;
-    driver_feature::AttributeReader attribute(elementOf(element));
-    while (attribute.read()) {
-      std::string& value = map[attribute.name()];
-      if (elementOf(element).escaped) {
-        value = driver_feature::unescapeBytes(attribute.value());
-      } else {
-        value = attribute.value();
-      }
-    }
+    if (element != nullptr) driver_feature::AttributeFiller::fill(elementOf(element), map);
   }
 };
 

@@ -7,6 +7,7 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -42,9 +43,7 @@ std::vector<std::string> childTags(void* element) {
   return tags;
 }
 
-std::vector<std::pair<std::string, std::string>> attributesOf(void* element) {
-  AttributeMap map;
-  pParserInstance->attributes(element, map);
+std::vector<std::pair<std::string, std::string>> entriesOf(const AttributeMap& map) {
   std::vector<std::pair<std::string, std::string>> entries;
   std::string name;
   std::string value;
@@ -52,6 +51,27 @@ std::vector<std::pair<std::string, std::string>> attributesOf(void* element) {
     entries.emplace_back(name, value);
   }
   return entries;
+}
+
+std::vector<std::pair<std::string, std::string>> attributesOf(void* element) {
+  AttributeMap map;
+  pParserInstance->attributes(element, map);
+  return entriesOf(map);
+}
+
+// The attributes of each child, read into one map that is cleared between them.
+std::vector<std::vector<std::pair<std::string, std::string>>> attributesOfChildren(
+    const std::string& children) {
+  const auto document = parse("<All>" + children + "</All>");
+  std::vector<std::vector<std::pair<std::string, std::string>>> attributes;
+  AttributeMap map;
+  for (void* child = pParserInstance->firstChild(document->root()); child != nullptr;
+       child = pParserInstance->nextSibling(child)) {
+    pParserInstance->attributes(child, map);
+    attributes.push_back(entriesOf(map));
+    map.clear();
+  }
+  return attributes;
 }
 
 TEST(XMLParserTest, TagName_Element_ReplacesTheText) {
@@ -93,6 +113,75 @@ TEST(XMLParserTest, Attributes_Element_AreAddedToTheMap) {
 }
 
 // By both readers: a document type is not plain.
+TEST(XMLParserTest, Attributes_MapIsCleared_NothingOfAnEarlierElementIsLeft) {
+  EXPECT_THAT(attributesOfChildren("<a Name='one' Text='1'/>"  // The same names,
+                                   "<a Text='2' Name='two'/>"  // in another order,
+                                   "<a Name='three'/>"         // fewer, others, and more.
+                                   "<a Key='four'/>"
+                                   "<a Key='five' Name='5' Text=''/>"
+                                   "<a/>"
+                                   "<a Name='seven'/>"),
+              ElementsAre(ElementsAre(Pair("Name", "one"), Pair("Text", "1")),
+                          ElementsAre(Pair("Name", "two"), Pair("Text", "2")),
+                          ElementsAre(Pair("Name", "three")), ElementsAre(Pair("Key", "four")),
+                          ElementsAre(Pair("Key", "five"), Pair("Name", "5"), Pair("Text", "")),
+                          IsEmpty(), ElementsAre(Pair("Name", "seven"))));
+}
+
+TEST(XMLParserTest, Attributes_ByteEscapesInAReusedMap_AreResolved) {
+  EXPECT_THAT(
+      attributesOfChildren("<a ByteEscapes='yes' Name='&#xF71B;E'/><a ByteEscapes='no' Name='b'/>"),
+      ElementsAre(ElementsAre(Pair("ByteEscapes", "yes"), Pair("Name",
+                                                               "\x1B"
+                                                               "E")),
+                  ElementsAre(Pair("ByteEscapes", "no"), Pair("Name", "b"))));
+}
+
+TEST(XMLParserTest, Attributes_MapWithEntries_KeepsThem) {
+  const auto document = parse("<Feature Name='A'/>");
+  AttributeMap cleared;
+  cleared["Name"] = "of before";
+  cleared.clear();
+  AttributeMap map;
+  map["Kept"] = "1";
+  pParserInstance->attributes(document->root(), map);
+  EXPECT_THAT(entriesOf(map), ElementsAre(Pair("Kept", "1"), Pair("Name", "A")));
+}
+
+TEST(XMLParserTest, Attributes_NamesOfTheClearedMap_TakeItsMemory) {
+  const auto document = parse("<Feature A='1' B='2' C='3'/>");
+  AttributeMap map;
+  pParserInstance->attributes(document->root(), map);
+  const std::vector<std::string*> before = {&map["A"], &map["B"], &map["C"]};
+  map.clear();
+  AttributeMap other;
+  pParserInstance->attributes(document->root(), other);
+  EXPECT_THAT(before, ElementsAre(&other["A"], &other["B"], &other["C"]));
+  EXPECT_EQ(map.size(), 0);
+}
+
+// A map that outlives what its thread keeps for the next one.
+TEST(XMLParserTest, Attributes_ThreadEnds_MapsCanBeClearedAndFilled) {
+  struct Late {
+    AttributeMap map;
+    std::vector<std::pair<std::string, std::string>>* seen = nullptr;
+    ~Late() {
+      map.clear();
+      const auto document = parse("<a Name='late'/>");
+      pParserInstance->attributes(document->root(), map);
+      *seen = entriesOf(map);
+      map.clear();
+    }
+  };
+  std::vector<std::pair<std::string, std::string>> seen;
+  std::thread([&seen] {
+    thread_local Late late;
+    late.seen = &seen;
+    attributesOfChildren("<a Name='early'/>");
+  }).join();
+  EXPECT_THAT(seen, ElementsAre(Pair("Name", "late")));
+}
+
 TEST(XMLParserTest, Attributes_References_AreResolved) {
   for (const std::string head : {"", "<!DOCTYPE a>"}) {
     const auto document = parse(
