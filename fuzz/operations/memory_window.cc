@@ -7,6 +7,7 @@
 #include <string>
 #include <unordered_set>
 
+#include "AttributeMap.h"
 #include "Log.h"
 
 namespace {
@@ -78,6 +79,8 @@ MemoryWindow::MemoryWindow() {
 }
 
 MemoryWindow::~MemoryWindow() {
+  // The platform keeps what the map held that was cleared last.
+  AttributeMap().clear();
   open = false;
   for (void* place : made) std::free(place);
   made.clear();

@@ -1,4 +1,5 @@
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,6 +13,7 @@
 namespace driver_feature::testing {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 class DumpTest : public ::testing::Test {
@@ -181,6 +183,25 @@ TEST_F(DumpTest, StaticGroups_AreShownInListOrderWithTheirMembers) {
             "\nPJL Callback: pjl()\nPS Callback: ps()\nVORN Callback: vorn()\n\tZ inner\n\tA"
             "\nStatic Feature Group:Shape:Dynamic Group Template Contains 0 Features\n\n");
   EXPECT_THAT(host_.takeEvents(), IsEmpty());
+}
+
+TEST_F(DumpTest, StaticGroup_IsAskedForTheMembersThatItHas) {
+  class Asked : public DriverFeatureStaticGroup {
+   public:
+    CoreFeature* fetchFeatureInGroupByIndex(unsigned index) override {
+      indices.push_back(index);
+      return DriverFeatureStaticGroup::fetchFeatureInGroupByIndex(index);
+    }
+    std::vector<unsigned> indices;
+  };
+  Asked group;
+  DriverFeature a(std::string("A"));
+  DriverFeature b(std::string("B"));
+  group.addFeatureToGroup(&a);
+  group.addFeatureToGroup(&b);
+  masterSet().addStaticGroupToFeatureList(&group);
+  dump();
+  EXPECT_THAT(group.indices, ElementsAre(0, 1));
 }
 
 TEST_F(DumpTest, MissingMember_IsPassedOver) {

@@ -161,6 +161,19 @@ TEST_F(PropertyLookupTest, DynamicGroup_EveryAttribute_IsSetInOrder) {
 constexpr const char* kList = R"(<Feature FeatureType="MultiSelect" Name="A" DefaultValue="o">
                                  <Option Name="o"/></Feature>)";
 
+TEST_F(PropertyLookupTest, FindGroup_OneOfMany_AsksForItsPropertyOnce) {
+  constexpr int kGroups = 40;
+  std::vector<DriverFeatureStaticGroup> groups(kGroups);
+  for (int i = 0; i < kGroups; ++i) {
+    auto& group = groups[static_cast<std::size_t>(i)];
+    group.setFeatureProperty(std::string("Name"), "group " + std::to_string(i));
+    masterSet().addStaticGroupToFeatureList(&group);
+  }
+  lookups.noted = true;
+  EXPECT_EQ(masterSet().FindFeatureInFeatureList(std::string("group 39")), &groups.back());
+  EXPECT_THAT(lookups.names, ElementsAre("Name"));
+}
+
 TEST_F(PropertyLookupTest, List_DefaultValueRefused_Fails) {
   refuse("DefaultIntValue");
   EXPECT_EQ(buildFeature(kList), nullptr);

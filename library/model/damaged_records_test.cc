@@ -1,6 +1,5 @@
 // Records that are gone, and values that cannot be read or compared.
 
-#include <deque>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -8,6 +7,7 @@
 
 #include "model/driver_feature.h"
 #include "model/driver_feature_dynamic_group.h"
+#include "model/record_list.h"
 #include "support/private_member.h"
 #include "support/recording_host.h"
 #include "support/scripted_feature.h"
@@ -18,7 +18,7 @@
 namespace driver_feature::testing {
 
 struct Records {
-  using Type = std::deque<DynamicRecord*> DriverFeatureDynamicGroup::*;
+  using Type = RecordList DriverFeatureDynamicGroup::*;
   friend Type openMember(Records);
 };
 template struct PrivateMember<Records, &DriverFeatureDynamicGroup::records_>;
@@ -86,7 +86,7 @@ class DamagedRecordsTest : public ::testing::Test {
     ASSERT_TRUE(group_.addStaticGroupToDynamicGroupWithSort(map, true));
   }
 
-  std::deque<DynamicRecord*>& records() { return group_.*openMember(Records{}); }
+  RecordList& records() { return group_.*openMember(Records{}); }
 
   RecordingHost host_;
   DriverFeature first_{std::string("First")};

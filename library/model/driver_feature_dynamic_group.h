@@ -7,7 +7,6 @@
 #ifndef MODEL_DRIVER_FEATURE_DYNAMIC_GROUP_H_
 #define MODEL_DRIVER_FEATURE_DYNAMIC_GROUP_H_
 
-#include <deque>
 #include <memory>
 #include <set>
 #include <string>
@@ -16,8 +15,9 @@
 
 #include "model/core_feature_group.h"
 #include "model/driver_feature_static_group.h"
-#include "model/property_store.h"
 #include "model/dynamic_record.h"
+#include "model/property_store.h"
+#include "model/record_list.h"
 
 // This class makes the records and frees those that are removed: no pointer to
 // one is ever handed out. The template belongs to its maker.
@@ -104,8 +104,7 @@ class DriverFeatureDynamicGroup : public IntermediateDynamicFeatureGroup {
   DriverFeatureStaticGroup* template_ = nullptr;
   driver_feature::PropertyStore kept_;
   SortRoutine sortRoutine_ = nullptr;  // Looked up when it is first needed.
-  // The ends are where records are mostly added and removed.
-  std::deque<DynamicRecord*> records_;
+  driver_feature::RecordList records_;
   std::set<long> selectedEntries_;
 };
 

@@ -26,8 +26,8 @@ bool DriverFeatureDynamicGroup::addStaticGroupToDynamicGroupWithSort(AttributeMa
                                                                      bool sort) {
   std::unique_ptr<DynamicRecord> record = createRecord(values);
   if (record == nullptr) return false;
-  records_.push_back(nullptr);
-  records_.back() = record.release();
+  records_.grow();
+  records_[records_.size() - 1] = record.release();
   if (sort && !text(Property::kSortFunctionName).empty()) {
     loadSortRoutine();
     if (sortRoutine_ != nullptr) sortList();
@@ -98,6 +98,7 @@ void DriverFeatureDynamicGroup::loadSortRoutine() {
 // earlier records have left there.
 bool DriverFeatureDynamicGroup::sortList() {
   if (sortRoutine_ == nullptr) return records_.size() < 2;
+  records_.closeHoles();
   AttributeMap first;
   AttributeMap second;
   bool swapped = true;
@@ -185,15 +186,15 @@ bool DriverFeatureDynamicGroup::loadRecordMember(const DynamicRecordMember& memb
 bool DriverFeatureDynamicGroup::removeDynamicEntryByIndex(unsigned index) {
   if (index >= records_.size()) return false;
   DynamicRecord* const record = records_[index];
-  records_.erase(records_.begin() + static_cast<std::ptrdiff_t>(index));
+  records_.erase(index);
   DynamicRecord::release(record);
   driver_feature::callUpdateCallback();
   return true;
 }
 
 bool DriverFeatureDynamicGroup::removeAllDynamicEntries() {
-  const bool hadRecords = !records_.empty();
-  for (DynamicRecord* record : records_) DynamicRecord::release(record);
+  const bool hadRecords = records_.size() > 0;
+  for (std::size_t i = 0; i < records_.size(); ++i) DynamicRecord::release(records_[i]);
   records_.clear();
   recordInFocus_ = -1;
   if (hadRecords) driver_feature::callUpdateCallback();
@@ -203,6 +204,7 @@ bool DriverFeatureDynamicGroup::removeAllDynamicEntries() {
 bool DriverFeatureDynamicGroup::detectDuplicateRecord(AttributeMap& values) {
   if (template_ == nullptr) return false;
   if (values.size() != template_->fetchNumberOfFeaturesInGroup()) return false;
+  records_.closeHoles();
   // NOLINTNEXTLINE(modernize-loop-convert): a line of the log may make the host change the records.
   for (std::size_t i = 0; i < records_.size(); ++i) {
     const HeldRecord record(records_[i]);

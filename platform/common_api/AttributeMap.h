@@ -6,7 +6,6 @@
 
 #include <map>
 #include <string>
-#include <string_view>
 
 namespace driver_feature {
 class AttributeFiller;
@@ -43,7 +42,6 @@ class AttributeMap {
  private:
   friend class driver_feature::AttributeFiller;  // Of the parser.
   void recallNames();
-  std::string* find(std::string_view name);
 
   std::map<std::string, std::string> entries_;
 };

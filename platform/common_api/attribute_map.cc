@@ -10,12 +10,18 @@
 #include <system_error>
 
 #include "Log.h"
+#include "few_entries.h"
 
 namespace {
 
+using driver_feature::findAmongFew;
+using driver_feature::kFew;
 using Entries = std::map<std::string, std::string>;
 
-constexpr std::size_t kFew = 8;
+template <class Map>
+auto findEntry(Map& entries, const std::string& name) {
+  return entries.size() <= kFew ? findAmongFew(entries, name) : entries.find(name);
+}
 
 // What the map held that was cleared last in this thread. Null before, and while the
 // thread ends: a host may still use maps then.
@@ -31,28 +37,6 @@ struct LastCleared {
 Entries* keepLastCleared() {
   thread_local const LastCleared kept;
   return lastCleared;
-}
-
-// Whether two names are the same. Those of attributes often begin alike, and
-// differ in length or in the last character.
-template <class Name>
-bool isSame(const std::string& name, const Name& other) {
-  return name.size() == other.size() && (name.empty() || name.back() == other.back()) &&
-         name == other;
-}
-
-// The entry of that name, or the end. An element has a few attributes: one after
-// another they are compared faster than in the order of a tree.
-template <class Map, class Name>
-auto findAmongFew(Map& entries, const Name& name) {
-  auto entry = entries.begin();
-  while (entry != entries.end() && !isSame(entry->first, name)) ++entry;
-  return entry;
-}
-
-template <class Map>
-auto findEntry(Map& entries, const std::string& name) {
-  return entries.size() <= kFew ? findAmongFew(entries, name) : entries.find(name);
 }
 
 // Converts the whole of `text`; nothing when it does not convert.
@@ -172,12 +156,6 @@ bool AttributeMap::fetchAttributeValueByIndex(const long& index, std::string& na
   name = entry->first;
   value = entry->second;
   return true;
-}
-
-// The text under `name`, or null. Meant for few entries.
-std::string* AttributeMap::find(std::string_view name) {
-  const auto found = findAmongFew(entries_, name);
-  return found != entries_.end() ? &found->second : nullptr;
 }
 
 std::string& AttributeMap::operator[](const std::string& name) {

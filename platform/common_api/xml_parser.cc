@@ -5,6 +5,7 @@
 
 #include "AttributeMap.h"
 #include "byte_escapes.h"
+#include "few_entries.h"
 #include "xml_element.h"
 
 namespace driver_feature {
@@ -27,9 +28,9 @@ class AttributeFiller {
     recalled.recallNames();
     long count = 0;
     for (AttributeReader attribute(element); attribute.read(); ++count) {
-      std::string* value = recalled.find(attribute.name());
-      if (value == nullptr) return false;
-      setValue(element, attribute, *value);
+      const auto entry = findAmongFew(recalled.entries_, attribute.name());
+      if (entry == recalled.entries_.end()) return false;
+      setValue(element, attribute, entry->second);
     }
     if (count != recalled.size()) return false;
     map = std::move(recalled);
