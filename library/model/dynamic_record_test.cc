@@ -108,14 +108,16 @@ TEST_F(DynamicRecordTest, RemovedRecords_GiveTheirMemoryBack) {
     for (int i = 0; i < 100; ++i) group.addStaticGroupToDynamicGroup(values);
   };
   const auto used = [] { return mallinfo2().uordblks; };
+  // Of the 100,000 bytes the allocator keeps some at hand, which it counts as used.
+  constexpr std::size_t kKept = 20000;
   const std::size_t empty = used();
   addAll();
   if (used() == empty) GTEST_SKIP() << "the allocator keeps no account";
   while (group.fetchNumberOfDynamicEntries() > 0) group.removeDynamicEntryByIndex(0);
-  EXPECT_LT(used(), empty + 10000);
+  EXPECT_LT(used(), empty + kKept);
   addAll();
   group.removeAllDynamicEntries();
-  EXPECT_LT(used(), empty + 10000);
+  EXPECT_LT(used(), empty + kKept);
 }
 
 // Records whose template changes the group while one of them is loaded.
