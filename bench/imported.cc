@@ -45,7 +45,7 @@ std::vector<Choice> choicesOf(DriverFeatureSet& set) {
   return choices;
 }
 
-Step loading(int number) {
+Step realLoading(int number) {
   auto document = std::make_shared<std::unique_ptr<XMLDocument>>();
   return {.run =
               [document, path = modelPath("real_xml", number)] {
@@ -68,7 +68,7 @@ Step changing(int number) {
   }};
 }
 
-Step writing(int number) {
+Step realWriting(int number) {
   DriverFeatureSet& set = useModel("real_xml", number);
   return {.run =
               [&set, output = std::string()]() mutable {
@@ -84,9 +84,9 @@ Step writing(int number) {
 void addImported(Operations& operations) {
   const std::vector<int> models = realModels();
   if (models.empty()) return;
-  operations.push_back({"load of a real printer", models, loading});
+  operations.push_back({"load of a real printer", models, realLoading});
   operations.push_back({"change choice of a real printer", models, changing});
-  operations.push_back({"serialize a real printer", models, writing});
+  operations.push_back({"serialize a real printer", models, realWriting});
 }
 
 }  // namespace driver_feature::bench

@@ -66,6 +66,18 @@ TEST_F(LongOptionListTest, EarlierOptionGetsTheSameName_IsTheOneThatIsFound) {
   EXPECT_EQ(find(nameOf(70)), 3);
 }
 
+TEST_F(LongOptionListTest, AnotherPropertyChanges_OptionIsFoundByItsNewTextOnly) {
+  const auto findCommand = [this](const std::string& command) {
+    return list_.fetchOptionIndexByName("PJLCommand", command);
+  };
+  list_.fetchOptionByIndex(70)->setOptionProperty(std::string("PJLCommand"), std::string("before"));
+  EXPECT_EQ(findCommand("before"), 70);
+  EXPECT_EQ(findCommand("before"), 70);
+  list_.fetchOptionByIndex(70)->setOptionProperty(std::string("PJLCommand"), std::string("after"));
+  EXPECT_EQ(findCommand("after"), 70);
+  EXPECT_EQ(findCommand("before"), -1);
+}
+
 TEST_F(LongOptionListTest, AddedAfterASearch_IsFound) {
   EXPECT_EQ(find("late"), -1);
   model_.option(list_, "late");

@@ -26,15 +26,11 @@ void RecordList::grow() {
 
 void RecordList::erase(std::size_t position) noexcept {
   const std::size_t slot = findSlot(position);
-  --size_;
-  if (slot + 1 == slots_.size()) {
-    slots_.pop_back();  // No other slot counts the last one.
-  } else {
-    slots_[slot].isHole = true;
-    for (std::size_t number = slot + 1; number <= slots_.size(); number += countedBy(number)) {
-      --slots_[number - 1].count;
-    }
+  slots_[slot].isHole = true;
+  for (std::size_t number = slot + 1; number <= slots_.size(); number += countedBy(number)) {
+    --slots_[number - 1].count;
   }
+  --size_;
   // Rarely: what it takes is little for each of the removals since the last time.
   if (slots_.size() > 2 * size_) closeHoles();
 }
@@ -58,9 +54,8 @@ std::size_t RecordList::findSlot(std::size_t position) const {
 void RecordList::closeHoles() noexcept {
   if (!hasHoles()) return;
   std::erase_if(slots_, [](const Slot& slot) { return slot.isHole; });
-  for (std::size_t i = 0; i < slots_.size(); ++i) {
-    slots_[i].count = static_cast<std::uint32_t>(countedBy(i + 1));
-  }
+  std::uint32_t number = 0;
+  for (Slot& slot : slots_) slot.count = static_cast<std::uint32_t>(countedBy(++number));
   slots_.shrink_to_fit();  // As far as there is memory for it.
 }
 

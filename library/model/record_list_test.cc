@@ -1,5 +1,7 @@
 #include "model/record_list.h"
 
+#include <malloc.h>
+
 #include <cstddef>
 #include <vector>
 
@@ -71,6 +73,14 @@ TEST_F(RecordListTest, Grow_AfterRemovals_IsTheLastRecord) {
   EXPECT_THAT(numbers(), ElementsAre(0, 2, 3, 4, 6, 7, 8));
 }
 
+TEST_F(RecordListTest, Erase_LastOne_TheOthersStay) {
+  append(0, 4);
+  list_.erase(3);
+  EXPECT_THAT(numbers(), ElementsAre(0, 1, 2));
+  append(7);
+  EXPECT_THAT(numbers(), ElementsAre(0, 1, 2, 7));
+}
+
 TEST_F(RecordListTest, Erase_All_TheListCanBeFilledAgain) {
   append(0, 5);
   for (int i = 0; i < 5; ++i) list_.erase(list_.size() / 2);
@@ -96,6 +106,23 @@ TEST_F(RecordListTest, CloseHoles_KeepsTheRecordsAndLaterChanges) {
   list_.erase(4);
   append(9);
   EXPECT_THAT(numbers(), ElementsAre(0, 2, 3, 6, 8, 9));
+}
+
+// Where the allocator tells how much is in use.
+TEST_F(RecordListTest, Erase_ManyTimes_GivesTheMemoryBack) {
+  constexpr int kMany = 10000;
+  constexpr std::size_t kKept = 20000;  // By the allocator, which counts it as used.
+  const auto used = [] { return mallinfo2().uordblks; };
+  const std::size_t before = used();
+  for (int i = 0; i < kMany; ++i) list_.grow();
+  if (used() == before) GTEST_SKIP() << "the allocator keeps no account";
+  for (int i = 0; i < kMany; ++i) list_.erase(0);
+  EXPECT_LT(used(), before + kKept);
+  for (int i = 0; i < kMany; ++i) {
+    list_.grow();
+    list_.erase(0);
+  }
+  EXPECT_LT(used(), before + kKept);
 }
 
 // Every position of lists of every length, with holes at changing places.

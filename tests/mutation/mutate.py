@@ -6,6 +6,7 @@ what it is for.
 import argparse
 import collections
 import concurrent.futures
+import dataclasses
 import pathlib
 import queue
 import random
@@ -26,7 +27,9 @@ sys.path.append(str(_ROOT / "tests/support"))
 from paragraphs import ListError, read_paragraphs  # noqa: E402
 
 _EXPLANATIONS = _ROOT / "tests/mutation/survivors.txt"
+_EQUIVALENT = _ROOT / "tests/mutation/equivalent.txt"
 _UNREACHABLE = _ROOT / "tests/mutation/unreachable.txt"
+# Of those that change what the library does.
 _LEAST_PERCENTAGE = 97
 # Fewer mutations say nothing about a percentage.
 _LEAST_FOR_PERCENTAGE = 100
@@ -123,50 +126,67 @@ def try_all(workspace, mutations, texts, jobs):
     return progress.outcomes
 
 
+# A survivor that changes nothing but the cost.
+SAME = "same"
+
+
+def verdict_of(mutation, outcome, reasons):
+    if outcome.verdict == SURVIVED and key_of(mutation) in reasons.equivalent:
+        return SAME
+    return outcome.verdict
+
+
 def percentage(counts):
     tried = counts[KILLED] + counts[SURVIVED]
     return 100 * counts[KILLED] / tried if tried else 100.0
 
 
-def table_of(outcomes):
-    """Killed, survived and invalid per room and per kind, as lines."""
+def table_of(outcomes, reasons):
+    """The verdicts per room and per kind, as lines."""
     lines = []
     for title, group in (("room", lambda each: each.path.split("/")[1]),
                          ("kind", lambda each: each.kind)):
         rows = collections.defaultdict(collections.Counter)
         for mutation, outcome in outcomes:
-            rows[group(mutation)][outcome.verdict] += 1
-            rows["all"][outcome.verdict] += 1
-        lines.append(f"{title:28} killed  survived  invalid        %")
+            verdict = verdict_of(mutation, outcome, reasons)
+            rows[group(mutation)][verdict] += 1
+            rows["all"][verdict] += 1
+        lines.append(f"{title:28} killed  survived  equivalent  invalid        %")
         for name in [*sorted(set(rows) - {"all"}), "all"]:
             counts = rows[name]
             lines.append(f"{name:28} {counts[KILLED]:6}  {counts[SURVIVED]:8}  "
-                         f"{counts[INVALID]:7}  {percentage(counts):7.1f}")
+                         f"{counts[SAME]:10}  {counts[INVALID]:7}  {percentage(counts):7.1f}")
         lines.append("")
     return lines
 
 
 def report(outcomes, reasons):
-    """The report as lines, and the number of unexplained survivors."""
-    lines = table_of(outcomes)
-    unexplained = 0
+    """The report as lines."""
+    lines = table_of(outcomes, reasons)
     for mutation, outcome in sorted(outcomes, key=lambda each: (each[0].path, each[0].start)):
-        reason = reasons.get(key_of(mutation))
+        reason = reasons.of(mutation)
         if outcome.verdict == SURVIVED:
-            unexplained += reason is None
             lines += [describe(mutation), f"  {reason or 'NOT EXPLAINED'}"]
         elif outcome.verdict == KILLED and reason is not None:
             lines += [describe(mutation), f"  was killed, and is listed as a survivor: {reason}"]
-    return lines, unexplained
+    return lines
 
 
-def judge(outcomes, unexplained):
+def judge(outcomes, reasons):
     """What is wrong, as texts."""
     faults = []
-    counts = collections.Counter(outcome.verdict for _, outcome in outcomes)
+    counts = collections.Counter(verdict_of(*each, reasons) for each in outcomes)
+    unexplained = sum(outcome.verdict == SURVIVED and reasons.of(mutation) is None
+                      for mutation, outcome in outcomes)
     if unexplained:
         faults.append(f"{unexplained} survivors are not explained: write a test that kills them, "
-                      f"or a reason into {_EXPLANATIONS.relative_to(_ROOT)}")
+                      f"or a reason into {_EXPLANATIONS.relative_to(_ROOT)} or, if they change "
+                      f"nothing, into {_EQUIVALENT.relative_to(_ROOT)}")
+    wrong = sum(outcome.verdict == KILLED and key_of(mutation) in reasons.equivalent
+                for mutation, outcome in outcomes)
+    if wrong:
+        faults.append(f"{wrong} that {_EQUIVALENT.relative_to(_ROOT)} lists were killed: take "
+                      "their paragraphs out")
     tried = counts[KILLED] + counts[SURVIVED]
     if tried >= _LEAST_FOR_PERCENTAGE and percentage(counts) < _LEAST_PERCENTAGE:
         faults.append(f"{percentage(counts):.1f} % are killed, less than {_LEAST_PERCENTAGE} %")
@@ -195,15 +215,31 @@ def read_unreachable(everything, texts):
     return reasons
 
 
-def read_reasons(everything, texts):
-    """The committed reasons, each of which fits a mutation."""
-    reasons = read_paragraphs(_EXPLANATIONS, ("file", "line", "becomes", "reason"))
+@dataclasses.dataclass(frozen=True)
+class Reasons:
+    """Why mutations survive, by their keys."""
+    survivors: dict
+    equivalent: dict
+
+    def of(self, mutation):
+        key = key_of(mutation)
+        return self.equivalent.get(key, self.survivors.get(key))
+
+
+def read_list(path, everything):
+    """The reasons of a committed list, each of which fits a mutation."""
+    reasons = read_paragraphs(path, ("file", "line", "becomes", "reason"))
     stale = set(reasons) - {key_of(each) for each in everything}
     if stale:
-        path, before, after = sorted(stale)[0]
-        raise ListError(f"{_EXPLANATIONS.relative_to(_ROOT)}: no mutation of {path} makes\n"
+        source, before, after = sorted(stale)[0]
+        raise ListError(f"{path.relative_to(_ROOT)}: no mutation of {source} makes\n"
                         f"  - {before}\n  + {after}\nany more; take the paragraph out")
-    return read_unreachable(everything, texts) | reasons
+    return reasons
+
+
+def read_reasons(everything, texts):
+    survivors = read_unreachable(everything, texts) | read_list(_EXPLANATIONS, everything)
+    return Reasons(survivors, read_list(_EQUIVALENT, everything))
 
 
 def changed_lines(base):
@@ -255,10 +291,11 @@ def main():
     workspace.prepare()
     outcomes = try_all(workspace, mutations, texts, arguments.jobs)
     # Reasons may have been added in the meantime.
-    lines, unexplained = report(outcomes, read_reasons(everything, texts))
+    reasons = read_reasons(everything, texts)
+    lines = report(outcomes, reasons)
     (folder / "report.txt").write_text("\n".join(lines) + "\n")
     print("\n" + "\n".join(lines))
-    faults = judge(outcomes, unexplained)
+    faults = judge(outcomes, reasons)
     if faults:
         sys.exit("\n".join(f"mutate: {fault}" for fault in faults))
 
