@@ -22,15 +22,15 @@ add_test(NAME locale_outputs
 set_tests_properties(locale_outputs PROPERTIES FIXTURES_REQUIRED locales LABELS once TIMEOUT 300
   ENVIRONMENT ASAN_OPTIONS=detect_leaks=0)
 
-# The unit tests of what reads and writes numbers and names. `./dev test-locales`
-# runs all tests in each locale.
-foreach(locale de_DE.UTF-8 tr_TR.UTF-8)
-  foreach(program diagnostics frame loader model output templates platform host_unit filter_unit
-          filter_program)
-    add_test(NAME locale_${locale}_${program}
-      COMMAND ${BASH_PROGRAM} ${locale_folder}/in_locale.sh ${PROJECT_BINARY_DIR} ${locale}
-              $<TARGET_FILE:${program}_tests> --gtest_brief=1)
-    set_tests_properties(locale_${locale}_${program} PROPERTIES
-      FIXTURES_REQUIRED locales LABELS once)
-  endforeach()
+# The unit tests of what reads and writes numbers and names. Numbers in Turkish are
+# as in German, with a comma and grouped digits. `./dev test-locales` runs all tests
+# in each locale.
+set(locale tr_TR.UTF-8)
+foreach(program diagnostics frame loader model output templates platform host_unit filter_unit
+        filter_program)
+  add_test(NAME locale_${locale}_${program}
+    COMMAND ${BASH_PROGRAM} ${locale_folder}/in_locale.sh ${PROJECT_BINARY_DIR} ${locale}
+            $<TARGET_FILE:${program}_tests> --gtest_brief=1)
+  set_tests_properties(locale_${locale}_${program} PROPERTIES
+    FIXTURES_REQUIRED locales LABELS once)
 endforeach()
