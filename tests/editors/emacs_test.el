@@ -1,0 +1,28 @@
+;;; Prints the lines that Emacs marks as faults in XML files, one for each file:
+;;; its name, and the lines.
+
+(require 'nxml-mode)
+(require 'rng-valid)
+(require 'rng-loc)
+
+(defun marked-lines ()
+  "The lines on which marks of faults begin."
+  (sort
+   (delete-dups
+    (mapcar (lambda (mark) (line-number-at-pos (overlay-start mark)))
+            (seq-filter (lambda (mark) (eq (overlay-get mark 'category) 'rng-error))
+                        (overlays-in (point-min) (point-max)))))
+   #'<))
+
+;; Arguments: a file of locating rules, and XML files.
+(let ((rules (pop command-line-args-left)))
+  (setq rng-schema-locating-files (list (expand-file-name rules)))
+  (dolist (file command-line-args-left)
+    (with-current-buffer (find-file-noselect file)
+      (nxml-mode)
+      (rng-validate-mode 1)
+      (unless rng-current-schema-file-name (error "%s: no schema is found" file))
+      (while (rng-do-some-validation))
+      (princ (format "%s:%s\n" (file-name-nondirectory file)
+                     (mapconcat (lambda (line) (format " %d" line)) (marked-lines) "")))))
+  (kill-emacs 0))

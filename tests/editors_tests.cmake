@@ -1,0 +1,14 @@
+# Tests of what editors need: the grammar, and the language server with editors
+# that are not ours.
+
+find_program(EMACS emacs REQUIRED)
+find_program(RNC2RNG rnc2rng REQUIRED)
+
+add_test(NAME grammar
+  COMMAND python3 ${CMAKE_CURRENT_LIST_DIR}/description_docs/grammar_test.py
+          ${PROJECT_SOURCE_DIR}/descriptions ${PROJECT_SOURCE_DIR}/docs/description-format.md
+          ${RNC2RNG})
+add_test(NAME emacs
+  COMMAND ${CMAKE_CURRENT_LIST_DIR}/editors/emacs_test.sh ${EMACS}
+          ${PROJECT_SOURCE_DIR}/descriptions)
+set_property(TEST grammar emacs PROPERTY LABELS once)
