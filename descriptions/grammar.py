@@ -19,6 +19,10 @@ RNG = "{http://relaxng.org/ns/structure/1.0}"
 SENTENCE = "{http://relaxng.org/ns/compatibility/annotations/1.0}documentation"
 COLUMNS = 88
 
+# The types of values in the document, and what the grammar calls them.
+FORMS = {"bool": "Boolean", "int": "Integer", "float": "Decimal", "template": "Template",
+         "routine": "Routine", "option name": "OptionName"}
+
 
 def tag(node):
     """The name of an element of the grammar; empty for a comment."""
@@ -148,12 +152,13 @@ class Compact:
 
 
 class Sentences:
-    """The sentences on elements, on types of features and on attributes by
-    their element or type."""
+    """The sentences on elements, on types of features, on forms of values, and
+    on attributes by their element or type."""
 
     def __init__(self, root):
         self.defines = {define.get("name"): define for define in root.findall(RNG + "define")}
         self.elements, self.types, self.attributes = {}, {}, {}
+        self.forms = {form: self.required(self.defines[name]) for form, name in FORMS.items()}
         for define in self.defines.values():
             for element in define.findall(RNG + "element"):
                 if element.get("name") is not None:
@@ -202,6 +207,8 @@ class Tables:
             return self.sentences.elements.get(name)
         if head[0] == "`FeatureType`":
             return self.sentences.types.get(name)
+        if head[:2] == ["Type", "Text"]:
+            return self.sentences.forms.get(cells[0])
         if head[:2] != ["Attribute", "Type"]:
             return None
         attributes = self.sentences.attributes
@@ -232,7 +239,7 @@ class Tables:
         sentence = self.sentence_for(head, place, cells)
         if sentence is None:
             return line
-        cells[1 if head[0] == "`FeatureType`" else len(head) - 1] = sentence
+        cells[1 if head[0] in ("`FeatureType`", "Type") else len(head) - 1] = sentence
         return "| " + " | ".join(cells) + " |"
 
 

@@ -55,6 +55,7 @@ constexpr std::array kCommands = {
     &kImportCommand,  //
     &kQueueCommand,   //
     &kShellCommand,   //
+    &kLspCommand,     //
     &kHelpCommand,    //
 };
 

@@ -119,8 +119,8 @@ expectHolds "driver-feature:$own" usr/bin/driver-feature{,-filter} \
   usr/lib/cups/filter/driver-feature-filter \
   "usr/lib/$(triplet "$own")/driver-feature"/lib{office,ppd}_routines.so \
   usr/share/driver-feature/{label_printer,office_laser}.xml \
-  usr/share/driver-feature/feature_description.rng \
-  usr/share/driver-feature/feature_description.rnc usr/share/driver-feature/schemas.xml usr/share/man/man1/driver-feature.1.gz \
+  usr/share/driver-feature/{feature_description.rnc,feature_description.rng,schemas.xml} \
+  usr/share/man/man1/driver-feature.1.gz \
   usr/share/man/man8/driver-feature-filter.8.gz \
   usr/share/bash-completion/completions/driver-feature.bash \
   usr/share/zsh/vendor-completions/_driver-feature

@@ -1,0 +1,62 @@
+#include "host/editor/definition.h"
+
+#include <string>
+
+#include "host/editor/grammar.h"
+
+namespace driver_feature::editor {
+
+namespace {
+
+using Kind = MarkupPlace::Kind;
+
+Definition definitionOf(const MarkupElement& element, Range from) {
+  const MarkupAttribute* name = element.find("Name");
+  const bool isNamed = name != nullptr && name->value;
+  return {from, element.whole, isNamed ? *name->value : element.nameRange};
+}
+
+std::optional<Definition> optionOf(const Markup& markup, const MarkupPlace& place) {
+  for (const MarkupElement* option : markup.childrenOf(*place.element)) {
+    const MarkupAttribute* name = option->find("Name");
+    if (name == nullptr || name->text != place.attribute->text) continue;
+    return definitionOf(*option, place.word);
+  }
+  return std::nullopt;
+}
+
+std::optional<Definition> featureNamed(const Markup& markup, const std::string& name, Range from) {
+  std::optional<Definition> found;
+  for (const MarkupElement& element : markup.elements()) {
+    if (element.tag != "Feature" || element.text("Name") != name || name.empty()) continue;
+    found = definitionOf(element, from);
+  }
+  return found;
+}
+
+bool isOptionName(const Markup& markup, const MarkupPlace& place) {
+  const GrammarElement* grammar = Grammar::get().find(markup, *place.element);
+  if (grammar == nullptr) return false;
+  const GrammarAttribute* attribute =
+      findAttribute(*grammar, *place.element, place.attribute->name);
+  return attribute != nullptr && attribute->form == "OptionName";
+}
+
+}  // namespace
+
+std::optional<Definition> definitionAt(const Markup& markup, std::size_t offset) {
+  const MarkupPlace place = markup.placeAt(offset);
+  if (place.element == nullptr) return std::nullopt;
+  const MarkupElement& element = *place.element;
+  if (place.kind == Kind::kEndName) {
+    return Definition{place.word, element.whole, element.nameRange};
+  }
+  const bool isName = place.kind == Kind::kValue && place.attribute->name == "Name";
+  if (element.tag == "Feature" && (isName || place.kind == Kind::kTagName)) {
+    return featureNamed(markup, element.text("Name"), place.word);
+  }
+  if (place.kind == Kind::kValue && isOptionName(markup, place)) return optionOf(markup, place);
+  return std::nullopt;
+}
+
+}  // namespace driver_feature::editor
