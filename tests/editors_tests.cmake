@@ -12,3 +12,12 @@ add_test(NAME emacs
   COMMAND ${CMAKE_CURRENT_LIST_DIR}/editors/emacs_test.sh ${EMACS}
           ${PROJECT_SOURCE_DIR}/descriptions)
 set_property(TEST grammar emacs PROPERTY LABELS once)
+
+driver_feature_test(editor_tests
+  GLOB host/editor/*_test.cc programs/driver_feature/lsp/*_test.cc
+  LINK driver_feature_program)
+target_link_libraries(editor_tests PRIVATE nlohmann_json::nlohmann_json)
+target_compile_definitions(editor_tests PRIVATE
+  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
+  ROUTINES_LIBRARY="$<TARGET_FILE:host_test_routines>")
+add_dependencies(editor_tests DriverFeature host_test_routines)

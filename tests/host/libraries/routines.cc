@@ -122,6 +122,10 @@ EXPORTED void exitInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
   std::exit(0);
 }
 
+EXPORTED void hangInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
+  while (true) ::pause();
+}
+
 EXPORTED void leaveInOutput(DriverFeatureSet* /*set*/, std::string& /*output*/) {
   ::_exit(0);
 }
