@@ -2,6 +2,7 @@
 # that are not ours.
 
 find_program(EMACS emacs REQUIRED)
+find_program(NEOVIM nvim REQUIRED)
 find_program(RNC2RNG rnc2rng REQUIRED)
 
 add_test(NAME grammar
@@ -21,3 +22,8 @@ target_compile_definitions(editor_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
   ROUTINES_LIBRARY="$<TARGET_FILE:host_test_routines>")
 add_dependencies(editor_tests DriverFeature host_test_routines)
+
+add_test(NAME neovim
+  COMMAND ${CMAKE_CURRENT_LIST_DIR}/editors/neovim_test.sh ${NEOVIM}
+          $<TARGET_FILE:driver-feature> $<TARGET_FILE:office_routines>)
+set_tests_properties(neovim PROPERTIES TIMEOUT 60)
