@@ -11,7 +11,7 @@ add_test(NAME grammar
           ${RNC2RNG})
 add_test(NAME emacs
   COMMAND ${CMAKE_CURRENT_LIST_DIR}/editors/emacs_test.sh ${EMACS}
-          ${PROJECT_SOURCE_DIR}/descriptions)
+          ${PROJECT_SOURCE_DIR}/descriptions ${PROJECT_SOURCE_DIR}/docs/editors.md)
 set_property(TEST grammar emacs PROPERTY LABELS once)
 
 driver_feature_test(editor_tests
@@ -25,5 +25,6 @@ add_dependencies(editor_tests DriverFeature host_test_routines)
 
 add_test(NAME neovim
   COMMAND ${CMAKE_CURRENT_LIST_DIR}/editors/neovim_test.sh ${NEOVIM}
-          $<TARGET_FILE:driver-feature> $<TARGET_FILE:office_routines>)
+          $<TARGET_FILE:driver-feature> $<TARGET_FILE:office_routines>
+          ${PROJECT_SOURCE_DIR}/docs/editors.md)
 set_tests_properties(neovim PROPERTIES TIMEOUT 60)

@@ -1,5 +1,5 @@
--- Works on a description in Neovim with the language server, and prints what comes
--- of it. The command of the server is in the variable "server".
+-- Works on a description in Neovim with the language server, which the settings of
+-- the document have started, and prints what comes of it.
 
 local function say(...) io.stdout:write(string.format(...), '\n') end
 
@@ -59,8 +59,7 @@ local function showDefinition(pattern, characters)
       vim.fn.expand('<cword>'))
 end
 
-local id = vim.lsp.start_client({ name = 'driver-feature', cmd = server })
-vim.lsp.buf_attach_client(0, id)
+local id = DriverFeature
 waitFor('findings', function() return #vim.diagnostic.get(0) > 0 end)
 showDiagnostics('findings')
 

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Proves that Neovim and the language server understand each other: findings at
-# their places, an action that mends one, explanations, completion, the outline
-# and jumps.
+# Proves that Neovim, with the settings of the document, and the language server
+# understand each other: findings at their places, an action that mends one,
+# explanations, completion, the outline and jumps.
 #
-# usage: neovim_test.sh NEOVIM DRIVER_FEATURE ROUTINES
+# usage: neovim_test.sh NEOVIM DRIVER_FEATURE ROUTINES DOCUMENT
 set -eu
 
 neovim=$1
@@ -14,11 +14,19 @@ folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
 export HOME=$folder XDG_STATE_HOME=$folder XDG_CACHE_HOME=$folder XDG_DATA_HOME=$folder
 
+# shellcheck source=tests/description_docs/console.sh
+. "$tools/../description_docs/console.sh"
+mkdir "$folder/blocks" "$folder/bin"
+list=$(listBlocks "$(realpath "$4")" "$folder/blocks")
+block=$(awk '$4 == "neovim" { print $1 }' <<<"$list")
+sed "s|callbacks = {}|callbacks = { '$routines' }|" "$folder/blocks/$block" >"$folder/init.lua"
+ln -s -- "$program" "$folder/bin/driver-feature"
+export PATH=$folder/bin:$PATH
+
 cp -- "$tools/typed.xml" "$folder"
 cd "$folder"
 # In UTF-8 whatever the declaration says: what comes from an editor always is.
-LC_ALL=C.UTF-8 timeout 20 "$neovim" --headless -u NONE -i NONE --cmd 'set encoding=utf-8' \
-  --cmd "lua server = { '$program', '--callbacks', '$routines', 'lsp' }" typed.xml \
+LC_ALL=C.UTF-8 timeout 20 "$neovim" --headless -u init.lua -i NONE typed.xml \
   -c "luafile $tools/neovim_test.lua" >said 2>messages || {
   cat said messages
   exit 1

@@ -21,8 +21,9 @@ constexpr const char* kFooter =
     "and in those that the editor names in its initializationOptions:\n"
     "  {\"callbacks\": [\"/usr/local/lib/liboffice_routines.so\"]}\n"
     "\n"
-    "Example:\n"
-    "  driver-feature lsp --callbacks liboffice_routines.so </dev/null || true\n"
+    "Examples:\n"
+    "  driver-feature lsp\n"
+    "  driver-feature lsp --callbacks liboffice_routines.so\n"
     "\n"
     "Exit status: 0 the editor has ended the server, 1 it has gone without saying so, or\n"
     "cannot be written to, 2 what comes from it is not the protocol.";

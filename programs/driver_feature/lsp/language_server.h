@@ -28,10 +28,14 @@ class LanguageServer {
   // Takes a message. Whatever is wrong with it, the client gets an error in reply.
   void take(const std::string& message);
 
-  // Whether the client has said goodbye, or has gone away: then the status of the
-  // program is 0 only if it has asked for the end before.
+  // Whether the client has told the server to end; and the exit status then, which
+  // is 0 only if it has asked for the end before.
   bool hasEnded() const { return hasEnded_; }
   int status() const { return isShutDown_ ? 0 : 1; }
+
+  // The exit status when the client has gone without a word: a failure unless it has
+  // not begun, or has asked for the end.
+  int statusOfSilence() const { return isInitialized_ ? status() : 0; }
 
   // A text that has to be checked: it has been opened, changed or saved since.
   struct Wanted {

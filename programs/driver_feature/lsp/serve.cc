@@ -32,7 +32,7 @@ class Service {
       if (events.input) {
         host::Result<bool> more = readMessages();
         if (!more) return failureOf(more);
-        if (!*more) break;
+        if (!*more && !server_.hasEnded()) return server_.statusOfSilence();
       } else if (check_) {
         followCheck(events.check);
       } else {

@@ -179,8 +179,16 @@ TEST_F(ServeTest, Serve_ChangesWhileACheckRuns_PublishTheLastText) {
   EXPECT_EQ(last, "");
 }
 
+TEST_F(ServeTest, Serve_ClientThatNeverBegins_EndsWithZero) {
+  start();
+  closeClient();
+  EXPECT_EQ(end(), "0");
+}
+
 TEST_F(ServeTest, Serve_ClientThatGoes_EndsWithOne) {
   start();
+  send("initialize", Json::object(), 1);
+  receive();
   closeClient();
   EXPECT_EQ(end(), "1");
 }
