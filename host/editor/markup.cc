@@ -119,59 +119,64 @@ std::string_view Markup::contentOf(const MarkupElement& element) const {
   return element.endName ? inside.substr(0, inside.rfind('<')) : inside;
 }
 
+// The last one that begins before the place; null without one.
+const MarkupElement* Markup::elementBefore(std::size_t offset) const {
+  const auto next = std::upper_bound(elements_.begin(), elements_.end(), offset,
+                                     [](std::size_t wanted, const MarkupElement& element) {
+                                       return wanted <= element.startTag.begin;
+                                     });
+  return next != elements_.begin() ? &*std::prev(next) : nullptr;
+}
+
 const MarkupElement* Markup::innermostAt(std::size_t offset) const {
-  auto next = std::upper_bound(elements_.begin(), elements_.end(), offset,
-                               [](std::size_t wanted, const MarkupElement& element) {
-                                 return wanted <= element.startTag.begin;
-                               });
-  if (next == elements_.begin()) return nullptr;
-  const MarkupElement* element = &*std::prev(next);
   const auto isAround = [&](const MarkupElement& candidate) {
     if (!candidate.isOpened) return false;
     // The text may end before the element does.
     const bool isUnended = !candidate.endName && candidate.whole.end == text_.size();
     return isUnended || offset < candidate.whole.end;
   };
+  const MarkupElement* element = elementBefore(offset);
   while (element != nullptr && !isAround(*element)) element = parentOf(*element);
   return element;
 }
 
-MarkupPlace Markup::placeAt(std::size_t offset) const {
-  using Kind = MarkupPlace::Kind;
-  for (const Range& opaque : opaque_) {
-    if (isIn(opaque, offset)) return {};
-  }
+std::optional<MarkupPlace> Markup::placeInEndTag(std::size_t offset) const {
   for (const auto& [tag, number] : endTags_) {
-    if (offset < tag.begin + 2 || offset > tag.end) continue;
     const std::size_t end = std::min(text_.find_first_of(" \t\r\n>", tag.begin), tag.end);
-    if (offset > end) continue;
+    if (offset < tag.begin + 2 || offset > end) continue;
     const MarkupElement* owner = number == MarkupElement::kNone ? nullptr : &elements_[number];
-    return {Kind::kEndName, owner, nullptr, {tag.begin + 2, end}};
+    return MarkupPlace{MarkupPlace::Kind::kEndName, owner, nullptr, {tag.begin + 2, end}};
   }
-  const auto next = std::upper_bound(elements_.begin(), elements_.end(), offset,
-                                     [](std::size_t wanted, const MarkupElement& element) {
-                                       return wanted <= element.startTag.begin;
-                                     });
-  if (next != elements_.begin()) {
-    const MarkupElement& element = *std::prev(next);
-    const bool isInTag =
-        element.isClosed ? offset < element.startTag.end : offset <= element.startTag.end;
-    if (isInTag && element.nameRange.touches(offset)) {
-      return {Kind::kTagName, &element, nullptr, element.nameRange};
+  return std::nullopt;
+}
+
+std::optional<MarkupPlace> Markup::placeInStartTag(std::size_t offset) const {
+  using Kind = MarkupPlace::Kind;
+  const MarkupElement* element = elementBefore(offset);
+  if (element == nullptr) return std::nullopt;
+  const Range tag = element->startTag;
+  if (element->isClosed ? offset >= tag.end : offset > tag.end) return std::nullopt;
+  if (element->nameRange.touches(offset)) {
+    return MarkupPlace{Kind::kTagName, element, nullptr, element->nameRange};
+  }
+  for (const MarkupAttribute& attribute : element->attributes) {
+    if (attribute.nameRange.touches(offset)) {
+      return MarkupPlace{Kind::kName, element, &attribute, attribute.nameRange};
     }
-    if (isInTag) {
-      for (const MarkupAttribute& attribute : element.attributes) {
-        if (attribute.nameRange.touches(offset)) {
-          return {Kind::kName, &element, &attribute, attribute.nameRange};
-        }
-        if (attribute.value && attribute.value->touches(offset)) {
-          return {Kind::kValue, &element, &attribute, *attribute.value};
-        }
-      }
-      return {Kind::kInTag, &element, nullptr, {offset, offset}};
+    if (attribute.value && attribute.value->touches(offset)) {
+      return MarkupPlace{Kind::kValue, element, &attribute, *attribute.value};
     }
   }
-  return {Kind::kContent, innermostAt(offset), nullptr, {offset, offset}};
+  return MarkupPlace{Kind::kInTag, element, nullptr, {offset, offset}};
+}
+
+MarkupPlace Markup::placeAt(std::size_t offset) const {
+  const bool isOpaque = std::any_of(opaque_.begin(), opaque_.end(),
+                                    [offset](const Range& range) { return isIn(range, offset); });
+  if (isOpaque) return {};
+  if (const auto place = placeInEndTag(offset)) return *place;
+  if (const auto place = placeInStartTag(offset)) return *place;
+  return {MarkupPlace::Kind::kContent, innermostAt(offset), nullptr, {offset, offset}};
 }
 
 }  // namespace driver_feature::editor

@@ -81,7 +81,10 @@ class Markup {
 
  private:
   friend class MarkupReader;
+  const MarkupElement* elementBefore(std::size_t offset) const;
   const MarkupElement* innermostAt(std::size_t offset) const;
+  std::optional<MarkupPlace> placeInStartTag(std::size_t offset) const;
+  std::optional<MarkupPlace> placeInEndTag(std::size_t offset) const;
 
   std::string text_;
   std::vector<MarkupElement> elements_;

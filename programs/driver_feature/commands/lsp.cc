@@ -22,7 +22,6 @@ constexpr const char* kFooter =
     "  {\"callbacks\": [\"/usr/local/lib/liboffice_routines.so\"]}\n"
     "\n"
     "Examples:\n"
-    "  driver-feature lsp\n"
     "  driver-feature lsp --callbacks liboffice_routines.so\n"
     "\n"
     "Exit status: 0 the editor has ended the server, 1 it has gone without saying so, or\n"
