@@ -15,14 +15,32 @@ long unitsOf(char firstByte) {
   return static_cast<unsigned char>(firstByte) >= 0xF0U ? 2 : 1;
 }
 
+constexpr std::size_t kBlock = 256;
+
+long countUnits(std::string_view text) {
+  long units = 0;
+  for (const char byte : text) {
+    if (!continuesCharacter(byte)) units += unitsOf(byte);
+  }
+  return units;
+}
+
 }  // namespace
 
-TextLines::TextLines(std::string_view utf8) : text_(utf8), starts_{0} {
+TextLines::TextLines(std::string_view utf8) : text_(utf8), starts_{0}, units_{0} {
   for (std::size_t at = text_.find_first_of("\r\n"); at != std::string_view::npos;
        at = text_.find_first_of("\r\n", at)) {
     at += text_.substr(at).starts_with("\r\n") ? 2 : 1;
     starts_.push_back(at);
   }
+  for (std::size_t at = 0; at < text_.size(); at += kBlock) {
+    units_.push_back(units_.back() + countUnits(text_.substr(at, kBlock)));
+  }
+}
+
+long TextLines::unitsBefore(std::size_t offset) const {
+  const std::size_t block = offset / kBlock;
+  return units_[block] + countUnits(text_.substr(block * kBlock, offset - block * kBlock));
 }
 
 std::size_t TextLines::endOf(std::size_t line) const {
@@ -40,11 +58,7 @@ EditorPlace TextLines::placeOf(std::size_t offset) const {
   while (offset < text_.size() && offset > starts_[line] && continuesCharacter(text_[offset])) {
     --offset;
   }
-  EditorPlace place{static_cast<long>(line), 0};
-  for (std::size_t i = starts_[line]; i < offset; ++i) {
-    if (!continuesCharacter(text_[i])) place.character += unitsOf(text_[i]);
-  }
-  return place;
+  return {static_cast<long>(line), unitsBefore(offset) - unitsBefore(starts_[line])};
 }
 
 std::size_t TextLines::offsetOf(EditorPlace place) const {

@@ -30,9 +30,11 @@ class TextLines {
 
  private:
   std::size_t endOf(std::size_t line) const;  // Without the line end.
+  long unitsBefore(std::size_t offset) const;
 
   std::string_view text_;
   std::vector<std::size_t> starts_;
+  std::vector<long> units_;  // Before each block of the text: a line may be very long.
 };
 
 }  // namespace driver_feature::editor

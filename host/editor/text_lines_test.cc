@@ -41,6 +41,16 @@ TEST(TextLines, PlaceOf_AfterTheText_IsItsEnd) {
   EXPECT_EQ(TextLines("").placeOf(1), (EditorPlace{0, 0}));
 }
 
+TEST(TextLines, PlaceOf_LongLine_CountsAllOfIt) {
+  std::string text = "\n";
+  for (int i = 0; i < 500; ++i) text += kPrinter;
+  const TextLines lines(text);
+  for (std::size_t i = 0; i < 500; ++i) {
+    EXPECT_EQ(lines.placeOf(1 + 8 * i + 7), (EditorPlace{1, static_cast<long>(5 * i + 4)})) << i;
+  }
+  EXPECT_EQ(lines.placeOf(text.size()), (EditorPlace{1, 2500}));
+}
+
 TEST(TextLines, OffsetOf_CharactersOfSeveralBytes_CountsUnitsOfUtf16) {
   const TextLines lines(kPrinter);
   EXPECT_EQ(lines.offsetOf({0, 2}), 3U);

@@ -111,18 +111,21 @@ std::size_t offsetOf(const OpenText& text, const Json& position) {
       {position.at("line").get<long>(), position.at("character").get<long>()});
 }
 
+Json diagnosticOf(const OpenText& text, const MarkedFinding& marked) {
+  const check::CodeRow& row = rowOf(marked.finding.code);
+  std::string message = marked.finding.sentence;
+  if (!marked.finding.remedy.empty()) message += "; " + marked.finding.remedy;
+  return {{"range", toJson(text, marked.range)},
+          {"severity", row.severity == check::Severity::kError ? kError : kWarning},
+          {"code", row.name},
+          {"source", "driver-feature"},
+          {"message", message}};
+}
+
 Json diagnosticsOf(const OpenText& text) {
   Json diagnostics = Json::array();
   for (const MarkedFinding& marked : text.findings()) {
-    const check::CodeRow& row = rowOf(marked.finding.code);
-    std::string message = marked.finding.sentence;
-    if (!marked.finding.remedy.empty()) message += "; " + marked.finding.remedy;
-    diagnostics.push_back(
-        {{"range", toJson(text, marked.range)},
-         {"severity", row.severity == check::Severity::kError ? kError : kWarning},
-         {"code", row.name},
-         {"source", "driver-feature"},
-         {"message", message}});
+    diagnostics.push_back(diagnosticOf(text, marked));
   }
   return diagnostics;
 }

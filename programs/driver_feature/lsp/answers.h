@@ -19,7 +19,8 @@ using Json = nlohmann::json;
 Json toJson(const OpenText& text, editor::Range range);
 std::size_t offsetOf(const OpenText& text, const Json& position);
 
-// The diagnostics of its findings.
+// The diagnostic of a finding; those of all of them.
+Json diagnosticOf(const OpenText& text, const MarkedFinding& marked);
 Json diagnosticsOf(const OpenText& text);
 
 Json hoverOf(const OpenText& text, std::size_t offset);

@@ -63,21 +63,20 @@ Json actionOf(const std::string& title, const char* kind, const std::string& uri
 Json codeActionsOf(const OpenText& text, const std::string& uri, editor::Range range,
                    const std::vector<std::string>& only) {
   Json actions = Json::array();
-  const Json diagnostics = diagnosticsOf(text);
-  const auto& findings = text.findings();
-  for (std::size_t i = 0; i < findings.size() && isAskedFor(kQuickFix, only); ++i) {
-    const editor::Range place = findings[i].range;
-    const bool isThere = place.begin <= range.end && range.begin <= place.end;
-    if (!isThere || !findings[i].finding.fix) continue;
-    const check::TextEdit& fix = *findings[i].finding.fix;
+  const bool fixes = isAskedFor(kQuickFix, only);
+  for (const MarkedFinding& marked : text.findings()) {
+    const bool isThere = marked.range.begin <= range.end && range.begin <= marked.range.end;
+    if (!fixes || !isThere || !marked.finding.fix) continue;
+    const check::TextEdit& fix = *marked.finding.fix;
     Json action = actionOf(titleOf(text, fix), kQuickFix, uri, Json::array({editOf(text, fix)}));
-    action["diagnostics"] = Json::array({diagnostics[i]});
+    action["diagnostics"] = Json::array({diagnosticOf(text, marked)});
     action["isPreferred"] = true;
     actions.push_back(std::move(action));
   }
+  if (!isAskedFor(kFixAll, only)) return actions;
   long count = 0;
   Json edits = allEdits(text, count);
-  if (count == 0 || !isAskedFor(kFixAll, only)) return actions;
+  if (count == 0) return actions;
   actions.push_back(actionOf("Mend " + host::counted(count, "fault") + " of the description",
                              kFixAll, uri, std::move(edits)));
   return actions;

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <csignal>
 #include <optional>
 #include <string>
 
@@ -31,6 +32,7 @@ class ServeTest : public testing::Test {
     client_ = ends[0];
     auto server = host::ChildProcess::start(host::ChildStreams::kDropped, [&](int pipe) {
       ::close(ends[0]);
+      std::signal(SIGPIPE, SIG_IGN);  // As the program does.
       host::SessionRequest general;
       general.library = DRIVER_FEATURE_LIBRARY;
       general.routines = routines;
@@ -201,6 +203,13 @@ TEST_F(ServeTest, Serve_ClientThatGoesAfterShutdown_EndsWithZero) {
   receive();
   closeClient();
   EXPECT_EQ(end(), "0");
+}
+
+TEST_F(ServeTest, Serve_ClientThatDoesNotRead_EndsWithAProblem) {
+  start();
+  ::shutdown(client_, SHUT_RD);
+  send("initialize", Json::object(), 1);
+  EXPECT_EQ(end(), "99 the client does not read any more");
 }
 
 TEST_F(ServeTest, Serve_NotTheProtocol_EndsWithAProblem) {
