@@ -14,6 +14,7 @@
 #include "programs/driver_feature/lsp/framing.h"
 #include "programs/driver_feature/lsp/language_server.h"
 #include "programs/driver_feature/lsp/text_check.h"
+#include "programs/driver_feature/lsp/uri.h"
 
 namespace driver_feature::cli {
 
@@ -86,7 +87,7 @@ class Service {
     for (const std::string& library : server_.routineLibraries()) {
       request.routines.push_back(library);
     }
-    auto check = TextCheck::start(wanted->uri, wanted->text, request);
+    auto check = TextCheck::start(pathOf(wanted->uri), wanted->text, request);
     if (!check) {
       server_.takeReport(wanted->uri, failureOf(check));
       return;
