@@ -146,7 +146,7 @@ void importPickOne(ImportState& state, ppd_option_t& option) {
     }
     options.push_back({choice->choice, std::move(text)});
   }
-  if (marked == nullptr || canLoseMark(state.ppd, option)) options.push_back({kNotSet, ""});
+  if (canBeUnset(state.ppd, option)) options.push_back({kNotSet, ""});
   addFeature(state, option, entry,
              listFeature(option.section, option.keyword,
                          marked != nullptr ? marked->choice : kNotSet, options));
@@ -155,7 +155,7 @@ void importPickOne(ImportState& state, ppd_option_t& option) {
 void importPickMany(ImportState& state, ppd_option_t& option) {
   SectionEntry entry = entryOf(state.ppd, option);
   for (const ppd_choice_t* choice : usableChoices(state, option)) {
-    const std::string name = std::string(option.keyword) + "." + choice->choice;
+    const std::string name = choiceFeatureName(option, *choice);
     if (!state.take(name)) {
       state.losses.note(LossKind::kOption, "choice " + titleOf(option, *choice) + ": its name \"" +
                                                name + "\" is in use");
@@ -191,6 +191,14 @@ void importOption(ImportState& state, ppd_option_t& option) {
 }
 
 }  // namespace
+
+bool canBeUnset(ppd_file_t& ppd, const ppd_option_t& option) {
+  return markedChoice(option) == nullptr || canLoseMark(ppd, option);
+}
+
+std::string choiceFeatureName(const ppd_option_t& option, const ppd_choice_t& choice) {
+  return std::string(option.keyword) + "." + choice.choice;
+}
 
 void importOptions(ImportState& state) {
   for (ppd_option_t* option : optionsOf(state.ppd)) importOption(state, *option);
