@@ -38,16 +38,12 @@ float FeatureView::currentFloat() const {
 
 bool FeatureView::isAtDefault() const {
   std::string text;
-  int number = 0;
-  float decimal = 0;
   switch (kind()) {
     case FeatureKind::kMultiSelect:
     case FeatureKind::kIntEntry:
-      feature_->getFeatureProperty(std::string("DefaultIntValue"), &number);
-      return number == currentInt();
+      return defaultInt() == currentInt();
     case FeatureKind::kFloatEntry:
-      feature_->getFeatureProperty(std::string("DefaultFloatValue"), &decimal);
-      return decimal == currentFloat();
+      return defaultFloat() == currentFloat();
     case FeatureKind::kTextEntry:
       feature_->getFeatureProperty(std::string("DefaultTextValue"), text);
       return text == currentText();
@@ -62,10 +58,30 @@ std::string FeatureView::currentText() const {
   return value;
 }
 
+int FeatureView::defaultInt() const {
+  int value = 0;
+  feature_->getFeatureProperty(std::string("DefaultIntValue"), &value);
+  return value;
+}
+
+float FeatureView::defaultFloat() const {
+  float value = 0;
+  feature_->getFeatureProperty(std::string("DefaultFloatValue"), &value);
+  return value;
+}
+
 std::optional<std::string> FeatureView::currentChoice() const {
   if (kind() != FeatureKind::kMultiSelect) return std::nullopt;
-  // A routine may have stored any position; the library logs a look-up outside.
-  const int position = currentInt();
+  return nameAt(currentInt());
+}
+
+std::optional<std::string> FeatureView::defaultChoice() const {
+  if (kind() != FeatureKind::kMultiSelect) return std::nullopt;
+  return nameAt(defaultInt());
+}
+
+// A routine may have stored any position; the library logs a look-up outside.
+std::optional<std::string> FeatureView::nameAt(int position) const {
   if (position < 0 || position >= feature_->fetchNumberOfOptions()) return std::nullopt;
   return choiceAt(position).name;
 }
@@ -77,6 +93,14 @@ std::vector<Choice> FeatureView::choices() const {
   const int count = feature_->fetchNumberOfOptions();
   for (int position = 0; position < count; ++position) choices.push_back(choiceAt(position));
   return choices;
+}
+
+// The library makes options of one class only, of which the interface is the
+// first and only base.
+IntermediateCoreOption* FeatureView::option(int position) const {
+  const int count = kind() == FeatureKind::kMultiSelect ? feature_->fetchNumberOfOptions() : 0;
+  if (position < 0 || position >= count) return nullptr;
+  return static_cast<IntermediateCoreOption*>(feature_->fetchOptionByIndex(position));
 }
 
 std::string FeatureView::command(const std::string& property) const {

@@ -46,8 +46,16 @@ class FeatureView {
   // is none.
   std::optional<std::string> currentChoice() const;
 
+  // The same of the default values.
+  int defaultInt() const;
+  float defaultFloat() const;
+  std::optional<std::string> defaultChoice() const;
+
   // All options, in their order; none unless this is a "MultiSelect" feature.
   std::vector<Choice> choices() const;
+
+  // The option at a position of choices(); null if there is none.
+  IntermediateCoreOption* option(int position) const;
 
   // The template of "PJLCommand" or "PSCommand"; empty without one.
   std::string command(const std::string& property) const;
@@ -58,6 +66,7 @@ class FeatureView {
  private:
   bool flag(const std::string& property) const;
   Choice choiceAt(int position) const;
+  std::optional<std::string> nameAt(int position) const;
 
   IntermediateCoreFeature* feature_;
 };

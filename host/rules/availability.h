@@ -1,0 +1,67 @@
+// Choices that nothing can allow with the present hardware, and how the model
+// is told of them.
+#ifndef HOST_RULES_AVAILABILITY_H_
+#define HOST_RULES_AVAILABILITY_H_
+
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/rules/resolver.h"
+#include "host/session/model.h"
+
+namespace driver_feature::rules {
+
+// A choice that no values of the other features allow, and the rules that
+// forbid it together.
+struct ImpossibleChoice {
+  int feature = 0;
+  int value = 0;
+  std::vector<int> rules;
+
+  bool operator==(const ImpossibleChoice&) const = default;
+};
+
+// In the order of the features and of their choices. The features that say
+// what hardware there is keep all choices: a person must be able to tell. Each
+// choice may take so many steps; one that takes more counts as possible.
+std::vector<ImpossibleChoice> findImpossible(Resolver& resolver, const Tables& tables,
+                                             long stepLimit);
+
+// The number by which the model knows a rule among the constraints of an option.
+constexpr long constraintOf(int rule) {
+  return 1'000'000'000L + rule;
+}
+
+// Takes options out of a model, through its constraints, and gives them back.
+// An option that its author made unavailable stays so, and so does one that
+// another constraint holds back.
+class OptionConstraints {
+ public:
+  // Notes which options are unavailable by themselves.
+  OptionConstraints(const host::Model& model, const Tables& tables);
+
+  // Takes out these choices, and gives back all others that it had taken out.
+  void apply(const std::vector<ImpossibleChoice>& impossible);
+
+  // Whether the option would be available if it were not taken out.
+  bool isAvailableOtherwise(int feature, int position) const;
+
+ private:
+  using Place = std::pair<int, int>;  // A feature, and the position of its option.
+
+  IntermediateCoreOption* optionAt(const Place& place) const;
+  void takeOut(const Place& place, int rule);
+  void giveBack(const Place& place, int rule);
+
+  const host::Model* model_;
+  const Tables* tables_;
+  std::set<Place> offByThemselves_;
+  std::map<Place, int> takenOut_;  // With the rule.
+};
+
+}  // namespace driver_feature::rules
+
+#endif  // HOST_RULES_AVAILABILITY_H_
