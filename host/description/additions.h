@@ -3,6 +3,7 @@
 #ifndef HOST_DESCRIPTION_ADDITIONS_H_
 #define HOST_DESCRIPTION_ADDITIONS_H_
 
+#include <string>
 #include <vector>
 
 #include "host/base/result.h"
@@ -14,20 +15,35 @@
 
 namespace driver_feature::host {
 
+// The parts, which can be read one without the other.
+enum AdditionPart : unsigned {
+  kRulesPart = 1,
+  kTextsPart = 2,
+  kPresetsPart = 4,
+  kMediaPart = 8,
+  kAllParts = 15,
+};
+
 struct Additions {
   Rules rules;
-  std::vector<TextsOfLanguage> texts;  // In the order of the description.
-  std::vector<Preset> presets;
+  std::vector<TextsOfLanguage> texts;  // In the order of the description, then by file name.
+  std::vector<Preset> presets;         // The same.
   MediaSizes media;
-  // Parts that could not be read, and were left out.
+  // What could not be read, and was left out. A rule is left out as a whole: with
+  // a condition less it would forbid more.
   Problems problems = {};
 };
 
 // Reads what the document has beside its features, and the files beside
 // NAME.xml: NAME.rules.xml, NAME.LANGUAGE.po for each language, and the settings
-// files NAME.presets/PRESET.settings. A part that cannot be read is left out and
-// becomes one of the problems.
-Additions readAdditions(const Document& document);
+// files NAME.presets/PRESET.settings. Of standard input, the document alone. A
+// part that cannot be read is left out and becomes one of the problems. Places
+// have lines, and also columns while the document has its text.
+Additions readAdditions(const Document& document, unsigned parts = kAllParts);
+
+// The path of a file beside a description: "office.rules.xml" of "office.xml" and
+// ".rules.xml".
+std::string besideName(const std::string& description, const std::string& ending);
 
 }  // namespace driver_feature::host
 

@@ -62,15 +62,21 @@ Result<Document> Document::ofText(const std::string& path, std::string text) {
   return document;
 }
 
-Result<> Document::parse() {
+Result<std::unique_ptr<XMLDocument>> Document::parseTree(const std::string& path,
+                                                         const std::string& text) {
   XMLProblem problem;
-  document_ = XMLDocument::parseText(text_, path_, problem);
-  if (!document_) {
-    XmlFault fault = xmlFault(problem.text, {problem.line, problem.column},
-                              decodeText(text_, declaredEncoding(text_)));
-    return Failure(Problem{Problem::Kind::kMalformed, std::move(fault.text),
-                           std::move(fault.remedy), "", path_, fault.position});
-  }
+  auto tree = XMLDocument::parseText(text, path, problem);
+  if (tree) return tree;
+  XmlFault fault = xmlFault(problem.text, {problem.line, problem.column},
+                            decodeText(text, declaredEncoding(text)));
+  return Failure(Problem{Problem::Kind::kMalformed, std::move(fault.text), std::move(fault.remedy),
+                         "", path, fault.position});
+}
+
+Result<> Document::parse() {
+  auto tree = parseTree(path_, text_);
+  if (!tree) return failureOf(tree);
+  document_ = std::move(*tree);
   if (findDescriptions()) return {};
   const auto tags = findStartTags(decodeText(text_, declaredEncoding(text_)));
   const Position position = tags.empty() ? Position{} : tags.front().position;

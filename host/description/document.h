@@ -20,6 +20,11 @@ class Document {
   // kUnreadable.
   static Result<std::string> readText(const std::string& path);
 
+  // The tree of an XML text that has been read from `path`. Problem: kMalformed at
+  // the place in the XML.
+  static Result<std::unique_ptr<XMLDocument>> parseTree(const std::string& path,
+                                                        const std::string& text);
+
   // Finds the feature description in a text that has been read from `path`: the
   // root element, or the first child of the root that is named
   // FeatureDescription. Problems: kMalformed at the place in the XML;

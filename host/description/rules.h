@@ -10,7 +10,7 @@
 namespace driver_feature::host {
 
 // Where a part of a description was read: in the description's own file or in
-// a file beside it.
+// a file beside it. Columns are known while the document has its text.
 struct SourcePlace {
   std::string file;
   Position position;
@@ -29,18 +29,19 @@ struct Condition {
   Kind kind = Kind::kIs;
   std::vector<std::string> choices;
   double number = 0;
-  SourcePlace place = {};
+  SourcePlace place = {};                      // Of the feature's name.
+  std::vector<Position> choicePositions = {};  // Of the choices, in the same file.
 };
 
 // Conditions that must never all hold at the same time.
 struct Rule {
-  std::string id;    // Unique among the rules.
+  std::string id;    // Names it; `check` reports one that occurs twice.
   std::string text;  // For people, in the description's own language; may be empty.
   std::vector<Condition> conditions;
   SourcePlace place = {};
 };
 
-// A feature whose value says what the printer has: a person tells it once, and
+// A feature whose value says what the printer has: a person sets it once, and
 // no rule changes it.
 struct HardwareFeature {
   std::string name;

@@ -44,6 +44,19 @@ Session::~Session() {
   setLoadTarget({});
 }
 
+const Additions& Session::additions(unsigned parts) const {
+  const unsigned missing = parts & ~partsRead_;
+  if (missing == 0) return additions_;
+  partsRead_ |= missing;
+  Additions read = readAdditions(document_, missing);
+  if ((missing & kRulesPart) != 0) additions_.rules = std::move(read.rules);
+  if ((missing & kTextsPart) != 0) additions_.texts = std::move(read.texts);
+  if ((missing & kPresetsPart) != 0) additions_.presets = std::move(read.presets);
+  if ((missing & kMediaPart) != 0) additions_.media = std::move(read.media);
+  for (Problem& problem : read.problems) additions_.problems.push_back(std::move(problem));
+  return additions_;
+}
+
 void Session::takeLoadedSettings(const SessionRequest& request) const {
   LoadTarget target{{}, request.report};
   if (request.loadSetting) {

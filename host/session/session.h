@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/base/result.h"
+#include "host/description/additions.h"
 #include "host/description/document.h"
 #include "host/session/log.h"
 #include "host/session/model.h"
@@ -61,6 +62,10 @@ class Session {
   CoreFeatureSet& features() const { return plugin_->features(); }
   void* description() const { return document_.description(); }  // The feature-description element.
 
+  // What the description has beside its features. The parts that are asked for are
+  // read at the first call that names them; the others may be there or not.
+  const Additions& additions(unsigned parts = kAllParts) const;
+
   // Registers the routine that the library calls after a change.
   void setUpdateCallback(bool (*callback)()) const { plugin_->setUpdateCallback(callback); }
 
@@ -81,6 +86,8 @@ class Session {
   Document document_;
   std::optional<Plugin> plugin_;
   std::unique_ptr<Model> model_;
+  mutable Additions additions_;
+  mutable unsigned partsRead_ = 0;  // Of the additions.
 };
 
 }  // namespace driver_feature::host

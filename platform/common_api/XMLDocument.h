@@ -21,6 +21,12 @@ struct XMLProblem {
   std::string text;
 };
 
+// Text in an element.
+struct XMLContent {
+  std::string text;
+  int line = 0;  // On which it begins.
+};
+
 class XMLDocument {
  public:
   // Read a document; null and a filled `problem` when that fails. The text may
@@ -47,6 +53,12 @@ class XMLDocument {
   // The line, counted from 1, on which the start tag of `element` begins, or 0
   // for null.
   static int lineOf(void* element);
+
+  // The text in `element` before its first child, references resolved and
+  // comments left out. Empty for null. The line is too small by the line ends
+  // inside of the start tag's values, which are not kept; in a text that is not
+  // plain, by all those of the start tag.
+  static XMLContent contentOf(void* element);
 
  private:
   struct Tree;

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <utility>
 
+#include "xml_content.h"
 #include "xml_element.h"
 #include "xml_plain_text.h"
 #include "xml_reader.h"
@@ -194,4 +195,9 @@ void* XMLDocument::root() const {
 
 int XMLDocument::lineOf(void* element) {
   return element != nullptr ? static_cast<driver_feature::Element*>(element)->line : 0;
+}
+
+XMLContent XMLDocument::contentOf(void* element) {
+  if (element == nullptr) return {};
+  return driver_feature::contentOf(*static_cast<driver_feature::Element*>(element));
 }

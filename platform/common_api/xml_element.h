@@ -57,6 +57,9 @@ class AttributeReader {
   std::string_view name() const { return name_; }
   std::string_view value() const { return value_; }
 
+  // After the last attribute: the end of the tag, ">" or "/>".
+  const char* end() const { return next_; }
+
  private:
   const char* next_;
   std::string_view name_;

@@ -26,7 +26,7 @@ XmlText valueOf(const xmlAttr& attribute) {
 }
 
 void appendEscaped(std::string_view value, std::string& text) {
-  constexpr std::string_view kEscaped = "&<\"\t\n\r";
+  constexpr std::string_view kEscaped = "&<>\"\t\n\r";
   for (const char c : value) {
     if (kEscaped.find(c) == std::string_view::npos) {
       text += c;
@@ -46,6 +46,14 @@ void appendAttribute(const xmlAttr& attribute, std::string& text) {
   text += '"';
 }
 
+// The text before the first child.
+void appendContent(const xmlNode& element, std::string& text) {
+  for (const xmlNode* child = element.children; child != nullptr; child = child->next) {
+    if (child->type == XML_ELEMENT_NODE) return;
+    appendEscaped(textOf(child->content), text);
+  }
+}
+
 // The reader limits how deep elements are nested.
 void appendElement(const xmlNode& element, PlainText& plain) {
   plain.lines.push_back(notedLine(element));
@@ -56,6 +64,7 @@ void appendElement(const xmlNode& element, PlainText& plain) {
     appendAttribute(*attribute, plain.text);
   }
   plain.text += '>';
+  appendContent(element, plain.text);
   for (const xmlNode* child = element.children; child != nullptr; child = child->next) {
     if (child->type == XML_ELEMENT_NODE) appendElement(*child, plain);
   }

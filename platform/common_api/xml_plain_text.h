@@ -14,7 +14,7 @@ struct PlainText {
   std::vector<int> lines;  // Of the elements, in the order of their start tags.
 };
 
-// The elements and their attributes. The tag of an element is written without
+// The elements, their attributes and the text before their first child. The tag of an element is written without
 // its namespace prefix, the name of an attribute with it; declarations of
 // namespaces are not written.
 PlainText plainTextOf(const xmlDoc& tree);

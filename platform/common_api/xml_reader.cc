@@ -140,17 +140,25 @@ void onStartElement(void* context, const xmlChar* name, const xmlChar* prefix, c
   if (parser->nodeNr > kHighestDepth) refuse(context, "elements are nested deeper than 256");
 }
 
+void onText(void* context, const xmlChar* text, int length) {
+  const xmlNode* node = parserOf(context)->node;
+  const bool isFirst =
+      node != nullptr && (node->last == nullptr || node->last->type == XML_TEXT_NODE);
+  if (isFirst) xmlSAX2Characters(context, text, length);
+}
+
 void setHandlers(xmlSAXHandler& handlers) {
   handlers.serror = onError;
   handlers.entityDecl = onEntity;
   handlers.unparsedEntityDecl = onUnparsedEntity;
   handlers.attributeDecl = onAttributeDeclaration;
   handlers.startElementNs = onStartElement;
-  // Elements and attributes are all that can be asked for: no memory is spent
-  // on the rest, of which every line end and indent would be a node.
-  handlers.characters = nullptr;
-  handlers.ignorableWhitespace = nullptr;
-  handlers.cdataBlock = nullptr;
+  // Elements, their attributes and the text before their first child are all that
+  // can be asked for: no memory is spent on the rest, of which every line end and
+  // indent would be a node.
+  handlers.characters = onText;
+  handlers.ignorableWhitespace = onText;
+  handlers.cdataBlock = onText;
   handlers.comment = nullptr;
   handlers.processingInstruction = nullptr;
 }

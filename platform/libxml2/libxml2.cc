@@ -98,6 +98,11 @@ void xmlSAX2AttributeDecl(void* parser, const xmlChar* element, const xmlChar* n
   call(parser, element, name, type, kind, value, choices);
 }
 
+void xmlSAX2Characters(void* parser, const xmlChar* text, int length) {
+  static const auto call = loaded<decltype(xmlSAX2Characters)>("xmlSAX2Characters");
+  call(parser, text, length);
+}
+
 int xmlSAX2GetColumnNumber(void* parser) {
   static const auto call = loaded<decltype(xmlSAX2GetColumnNumber)>("xmlSAX2GetColumnNumber");
   return call(parser);

@@ -1,0 +1,135 @@
+#include "host/description/additions.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string_view>
+
+#include "host/base/input_file.h"
+#include "host/description/addition_reader.h"
+#include "host/description/po_file.h"
+#include "host/description/xml_element.h"
+
+namespace driver_feature::host {
+
+namespace {
+
+using Path = std::filesystem::path;
+
+constexpr std::string_view kRulesEnding = ".rules.xml";
+constexpr std::string_view kPoEnding = ".po";
+constexpr std::string_view kSettingsEnding = ".settings";
+
+// How an element beside the description is read.
+struct PartRow {
+  const char* tag;
+  AdditionPart part;
+  void (AdditionReader::*read)(void* element);
+};
+
+constexpr PartRow kPartRows[] = {
+    {"FeatureRules", kRulesPart, &AdditionReader::readRules},
+    {"FeatureTexts", kTextsPart, &AdditionReader::readTexts},
+    {"FeaturePresets", kPresetsPart, &AdditionReader::readPresets},
+    {"FeatureMedia", kMediaPart, &AdditionReader::readMedia},
+};
+
+void readElements(const Document& document, unsigned parts, Additions& additions) {
+  if (document.root() == document.description()) return;
+  const ElementPlaces places(document.root(), document.text());
+  AdditionReader reader(document.path(), places, additions);
+  forEachChild(document.root(), [&](void* child) {
+    const std::string tag = tagOf(child);
+    for (const PartRow& row : kPartRows) {
+      if ((parts & row.part) != 0 && tag == row.tag) (reader.*row.read)(child);
+    }
+  });
+}
+
+bool exists(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::exists(path, ignored);
+}
+
+// With a remedy, and the cause that all unreadable files have.
+void note(Problem problem, const char* remedy, Additions& additions) {
+  if (problem.remedy.empty()) problem.remedy = remedy;
+  problem.cause = kUnreadableCause;
+  additions.problems.push_back(std::move(problem));
+}
+
+void readRulesFile(const std::string& path, bool withColumns, Additions& additions) {
+  if (!exists(path)) return;
+  const auto text = readFile(path);
+  if (!text) return note(text.error(), "make it readable, or remove it", additions);
+  const auto tree = Document::parseTree(path, *text);
+  if (!tree) return note(tree.error(), "", additions);
+  void* root = (*tree)->root();
+  const ElementPlaces places(root, withColumns ? *text : "");
+  AdditionReader reader(path, places, additions);
+  if (tagOf(root) == "FeatureRules") return reader.readRules(root);
+  reader.refuse(root, kUnknownElementCause, "the root of this file is <" + tagOf(root) + ">",
+                "name it <FeatureRules>");
+}
+
+// The files of a folder whose names begin and end so, in the order of their
+// names.
+std::vector<Path> filesOf(const Path& folder, const std::string& begin, std::string_view end) {
+  std::vector<Path> files;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), last; !error && entry != last;
+       entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    const bool fits =
+        name.size() > begin.size() + end.size() && name.starts_with(begin) && name.ends_with(end);
+    if (fits) files.push_back(entry->path());
+  }
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+void readPoFiles(const std::string& description, Additions& additions) {
+  const Path stem = besideName(description, ".");
+  const Path folder = stem.parent_path();
+  const std::string begin = stem.filename().string();
+  for (const Path& file : filesOf(folder.empty() ? "." : folder, begin, kPoEnding)) {
+    const std::string name = file.filename().string();
+    const std::string language =
+        name.substr(begin.size(), name.size() - begin.size() - kPoEnding.size());
+    PoTexts read = readPoFile((folder / name).string(), language);
+    additions.texts.push_back(std::move(read.texts));
+    additions.problems.insert(additions.problems.end(), read.problems.begin(), read.problems.end());
+  }
+}
+
+void readPresetFiles(const std::string& description, Additions& additions) {
+  for (const Path& file : filesOf(besideName(description, ".presets"), "", kSettingsEnding)) {
+    const auto text = readFile(file.string());
+    if (!text) {
+      note(text.error(), "make it readable, or remove it", additions);
+      continue;
+    }
+    additions.presets.push_back(
+        {file.stem().string(), "", *text, {file.string(), {}}, {file.string(), {1, 0}}});
+  }
+}
+
+}  // namespace
+
+std::string besideName(const std::string& description, const std::string& ending) {
+  return Path(description).replace_extension().string() + ending;
+}
+
+Additions readAdditions(const Document& document, unsigned parts) {
+  Additions additions;
+  readElements(document, parts, additions);
+  const std::string& path = document.path();
+  if (path == kStandardInput) return additions;
+  if ((parts & kRulesPart) != 0) {
+    readRulesFile(besideName(path, std::string(kRulesEnding)), !document.text().empty(), additions);
+  }
+  if ((parts & kTextsPart) != 0) readPoFiles(path, additions);
+  if ((parts & kPresetsPart) != 0) readPresetFiles(path, additions);
+  return additions;
+}
+
+}  // namespace driver_feature::host
