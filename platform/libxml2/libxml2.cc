@@ -164,8 +164,9 @@ void xmlFreeDoc(xmlDoc* document) {
   call(document);
 }
 
-xmlNode* xmlNewChild(xmlNode* parent, xmlNs* space, const xmlChar* name, const xmlChar* content) {
-  static const auto call = loaded<decltype(xmlNewChild)>("xmlNewChild");
+xmlNode* xmlNewTextChild(xmlNode* parent, xmlNs* space, const xmlChar* name,
+                         const xmlChar* content) {
+  static const auto call = loaded<decltype(xmlNewTextChild)>("xmlNewTextChild");
   return call(parent, space, name, content);
 }
 

@@ -17,15 +17,11 @@ class SectionsTest : public PpdTest {
 
 TEST_F(SectionsTest, Import_WhatIsNotCarriedOver_IsNamed) {
   EXPECT_EQ(errors_,
-            "driver-feature: sections.ppd: not carried over: 2 constraints, 2 texts for users, 6 "
-            "other keywords; --verbose names each\n");
+            "driver-feature: sections.ppd: not carried over: 4 other keywords; "
+            "--verbose names each\n");
   EXPECT_EQ(run({"import", "sections.ppd", "--output", "sections.xml", "--verbose"}).errors,
-            "driver-feature: sections.ppd: not carried over: constraint *Duplex Both *Finish\n"
-            "driver-feature: sections.ppd: not carried over: constraint *Finish Staple *Duplex "
-            "Both\n"
-            "driver-feature: sections.ppd: not carried over: texts for users: *JCLQuality (2)\n"
             "driver-feature: sections.ppd: not carried over: keywords: *FormatVersion, "
-            "*LanguageVersion, *LanguageEncoding, *Manufacturer, *ModelName, *NickName\n");
+            "*Manufacturer, *ModelName, *NickName\n");
 }
 
 TEST_F(SectionsTest, PostScript_Defaults_EverySectionInItsOrder) {
@@ -124,13 +120,34 @@ TEST_F(SectionsTest, PostScript_PickMany_HasAFeatureForEachChoice) {
 
 TEST_F(SectionsTest, Show_JobEnd_IsAFeatureThatIsNotWritten) {
   const std::string xml = read("sections.xml");
-  EXPECT_THAT(
-      xml, testing::HasSubstr("  <Feature FeatureType=\"MultiSelect\" Name=\"JCLEnd\" "
-                              "DefaultValue=\"True\">\n"
-                              "    <Option Name=\"True\" PJLCommand=\"\xEF\x9C\x9B%-12345X@PJL EOJ "
-                              "&#10;\xEF\x9C\x9B%-12345X\"/>\n"
-                              "  </Feature>\n"
-                              "</FeatureDescription>\n"));
+  EXPECT_THAT(xml, testing::HasSubstr(
+                       "    <Feature FeatureType=\"MultiSelect\" Name=\"JCLEnd\" "
+                       "DefaultValue=\"True\">\n"
+                       "      <Option Name=\"True\" PJLCommand=\"\xEF\x9C\x9B%-12345X@PJL EOJ "
+                       "&#10;\xEF\x9C\x9B%-12345X\"/>\n"
+                       "    </Feature>\n"
+                       "  </FeatureDescription>\n"));
+}
+
+// Option by option: the two choices that are made together by default are never
+// to be.
+TEST_F(SectionsTest, Import_ConstraintsAndTexts_StandBesideTheFeatures) {
+  EXPECT_THAT(read("sections.xml"),
+              testing::EndsWith("  <FeatureRules>\n"
+                                "    <Never Id=\"Duplex-Finish.Punch\">\n"
+                                "      <When Feature=\"Duplex\" Is=\"Both\"/>\n"
+                                "      <When Feature=\"Finish.Punch\" Is=\"True\"/>\n"
+                                "    </Never>\n"
+                                "    <Never Id=\"Duplex-Finish.Staple\">\n"
+                                "      <When Feature=\"Duplex\" Is=\"Both\"/>\n"
+                                "      <When Feature=\"Finish.Staple\" Is=\"True\"/>\n"
+                                "    </Never>\n"
+                                "  </FeatureRules>\n"
+                                "  <FeatureTexts Language=\"en\">\n"
+                                "    <Text For=\"JCLQuality\">Quality</Text>\n"
+                                "    <Text For=\"JCLQuality.Fine\">Very fine</Text>\n"
+                                "  </FeatureTexts>\n"
+                                "</DriverConfiguration>\n"));
 }
 
 TEST_F(SectionsTest, Check_Description_HasNoErrors) {

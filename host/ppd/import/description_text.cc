@@ -30,7 +30,8 @@ bool fill(xmlNode* node, const ImportedElement& element) {
     checked(xmlNewProp(node, xmlText(name), xmlText(text)));
   }
   for (const ImportedElement& child : element.children) {
-    xmlNode* childNode = checked(xmlNewChild(node, nullptr, xmlText(child.tag), nullptr));
+    const xmlChar* content = child.content.empty() ? nullptr : xmlText(child.content);
+    xmlNode* childNode = checked(xmlNewTextChild(node, nullptr, xmlText(child.tag), content));
     escaped = fill(childNode, child) || escaped;
   }
   return escaped;

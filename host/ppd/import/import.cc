@@ -3,11 +3,16 @@
 #include <array>
 #include <utility>
 
+#include "host/ppd/import/additions_elements.h"
 #include "host/ppd/import/custom_import.h"
 #include "host/ppd/import/description_text.h"
 #include "host/ppd/import/import_state.h"
+#include "host/ppd/import/imported_names.h"
 #include "host/ppd/import/keyword_losses.h"
+#include "host/ppd/import/media_import.h"
 #include "host/ppd/import/option_import.h"
+#include "host/ppd/import/rules.h"
+#include "host/ppd/import/text_import.h"
 #include "host/ppd/ppd_file.h"
 
 namespace driver_feature::ppd {
@@ -86,14 +91,8 @@ void reserveNames(ImportState& state) {
   for (const SectionRow& row : kSections) state.take(std::string("Section.") + row.name);
 }
 
-}  // namespace
-
-host::Result<ImportedDescription> importPpd(const std::string& path) {
-  host::Result<PpdPointer> read = readPpd(path);
-  if (!read) return host::failureOf(read);
-  const PpdPointer ppd = std::move(*read);
-  ImportState state(*ppd);
-  state.customPlaces = customPlacesOf(*ppd);
+ImportedElement descriptionOf(ImportState& state) {
+  state.customPlaces = customPlacesOf(state.ppd);
   reserveNames(state);
   importOptions(state);
   ImportedElement root{"FeatureDescription", {}, {}};
@@ -106,10 +105,39 @@ host::Result<ImportedDescription> importPpd(const std::string& path) {
     if (!group.children.empty()) root.children.push_back(std::move(group));
   }
   for (ImportedElement& feature : state.unwritten) root.children.push_back(std::move(feature));
-  addFixedText(state, "JCLEnd", ppd->jcl_end, false, root.children);
+  addFixedText(state, "JCLEnd", state.ppd.jcl_end, false, root.children);
+  return root;
+}
+
+// The description and what stands beside it, under a common root.
+ImportedElement documentOf(ImportState& state, const std::string& path) {
+  ImportedElement document{"DriverConfiguration", {}, {}};
+  document.children.push_back(descriptionOf(state));
+  const ImportedNames names(document.children.front());
+  const host::Rules rules = importedRules(rulesOf(state.ppd, state.losses), names, state.losses);
+  if (!rules.rules.empty() || !rules.hardware.empty()) {
+    document.children.push_back(rulesElement(rules));
+  }
+  if (auto media = mediaElement(state.ppd, names, state.losses)) {
+    document.children.push_back(std::move(*media));
+  }
+  for (const auto& texts : textsOf(state.ppd, ppdBytes(path), names, state.losses)) {
+    document.children.push_back(textsElement(texts));
+  }
+  return document;
+}
+
+}  // namespace
+
+host::Result<ImportedDescription> importPpd(const std::string& path) {
+  host::Result<PpdPointer> read = readPpd(path);
+  if (!read) return host::failureOf(read);
+  const PpdPointer ppd = std::move(*read);
+  ImportState state(*ppd);
+  const ImportedElement document = documentOf(state, path);
   noteKeywords(*ppd, state.losses);
-  ImportedDescription description{descriptionText(root), std::move(state.losses), 0, 0};
-  count(root, description);
+  ImportedDescription description{descriptionText(document), std::move(state.losses), 0, 0};
+  count(document.children.front(), description);
   return description;
 }
 

@@ -12,6 +12,7 @@ struct ImportedElement {
   std::string tag;
   std::vector<std::pair<std::string, std::string>> attributes;  // Values of any bytes.
   std::vector<ImportedElement> children;
+  std::string content = {};  // Of an element without children; UTF-8.
 };
 
 }  // namespace driver_feature::ppd
