@@ -43,3 +43,9 @@ target_compile_definitions(host_program_tests PRIVATE
   DRIVER_FEATURE_PROGRAM="$<TARGET_FILE:driver-feature>"
   DRIVER_FEATURE_PROGRAM_VERSION="${PROJECT_VERSION}")
 add_dependencies(host_program_tests driver-feature)
+
+# What rules allow and forbid. The rooms above test that programs obey them.
+driver_feature_test(host_rules_tests GLOB host/rules/*_test.cc LINK host_rules)
+target_compile_definitions(host_rules_tests PRIVATE
+  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>")
+add_dependencies(host_rules_tests DriverFeature)
