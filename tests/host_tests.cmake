@@ -44,8 +44,11 @@ target_compile_definitions(host_program_tests PRIVATE
   DRIVER_FEATURE_PROGRAM_VERSION="${PROJECT_VERSION}")
 add_dependencies(host_program_tests driver-feature)
 
-# What rules allow and forbid. The rooms above test that programs obey them.
-driver_feature_test(host_rules_tests GLOB host/rules/*_test.cc LINK host_rules)
+# What rules allow and forbid, judged by another solver, too.
+find_program(Z3_PROGRAM z3 REQUIRED)
+add_library(rule_judges STATIC support/smt_judge.cc)
+target_link_libraries(rule_judges PUBLIC test_support host_rules)
+driver_feature_test(host_rules_tests GLOB host/rules/*_test.cc LINK rule_judges host_rules)
 target_compile_definitions(host_rules_tests PRIVATE
-  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>")
+  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>" Z3_PROGRAM="${Z3_PROGRAM}")
 add_dependencies(host_rules_tests DriverFeature)
