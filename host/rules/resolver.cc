@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace driver_feature::rules {
 
@@ -38,6 +39,16 @@ Resolution Resolver::isAllowed(const Wish& wish, long stepLimit) {
   std::vector<int> ranks(ranks_.size(), 0);
   ranks[at(wish.feature)] = 1;
   return find({.wishes = {wish}, .stepLimit = stepLimit}, ranks, false);
+}
+
+bool Resolver::wouldRefuse(const Wish& wish) {
+  const Trial trial(*state_, wish);
+  if (state_->held().empty()) return false;
+  int& rank = ranks_[at(wish.feature)];
+  const int before = std::exchange(rank, 1);
+  const bool refuses = !refusing().empty();
+  rank = before;
+  return refuses;
 }
 
 std::vector<int> Resolver::refusing() {

@@ -60,6 +60,9 @@ class Resolver {
   // hardware. kFits also stands for kMended here, and `moves` is empty.
   Resolution isAllowed(const Wish& wish, long stepLimit);
 
+  // Whether a rule would refuse the wish, if nothing else changed.
+  bool wouldRefuse(const Wish& wish);
+
   // The rules that hold now and are not to be borne: those of the defaults of
   // which a person has set no feature are left out. In ascending order.
   std::vector<int> refusing();

@@ -52,7 +52,7 @@ void Rulebook::set(const Assignment& assignment) {
 bool Rulebook::wouldConflict(const Assignment& assignment) {
   readModel();
   const std::optional<Wish> wish = wishOf(assignment);
-  return wish && state_.wouldConflict(wish->feature, wish->value);
+  return wish && resolver_.wouldRefuse(*wish);
 }
 
 Plan Rulebook::plan(const std::vector<Assignment>& wishes, Keep keep, long stepLimit) {

@@ -50,7 +50,8 @@ class Rulebook {
   // Stores a value, for a book without a model. Ignores what it does not know.
   void set(const Assignment& assignment);
 
-  // Whether a rule that mentions the feature would hold with this value.
+  // Whether a rule would refuse the value if nothing else changed: whether
+  // plan() has more to say than that it fits.
   bool wouldConflict(const Assignment& assignment);
 
   // What has to change for the wishes. A wish that no rule can speak of is

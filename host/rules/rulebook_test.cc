@@ -267,6 +267,14 @@ TEST(Rulebook, Plan_WishThatNoRuleCanSpeakOf_Fits) {
   EXPECT_EQ(book.plan({{"Copies", "many"}}).kind, Kind::kFits);
 }
 
+TEST(Rulebook, WouldConflict_RuleOfTheDefaults_IsOneForItsOwnFeaturesOnly) {
+  Book book({"a: Duplex=None Staple=Off"});
+  EXPECT_FALSE(book.wouldConflict({"Media", "Film"}));
+  EXPECT_TRUE(book.wouldConflict({"Duplex", "None"}));
+  EXPECT_FALSE(book.wouldConflict({"Duplex", "Long"}));
+  EXPECT_THAT(book.refusing(), IsEmpty());
+}
+
 TEST(Rulebook, WouldConflict_Numbers_AreComparedWithTheirThresholds) {
   Book book({"a: Media=Plain Copies>10"});
   EXPECT_TRUE(book.wouldConflict({"Copies", "11"}));

@@ -1,7 +1,5 @@
 #include "host/rules/state.h"
 
-#include <algorithm>
-
 namespace driver_feature::rules {
 
 State::State(const Tables& tables)
@@ -71,14 +69,12 @@ void State::setNumber(int feature, double number) {
   set(feature, tables_->cells(feature).cellOf(number));
 }
 
-bool State::wouldConflict(int feature, int value) {
+bool State::wouldHold(int feature, int value) {
   const int before = this->value(feature);
   set(feature, value);
-  const bool conflicts = std::any_of(held_.begin(), held_.end(), [&](int rule) {
-    return std::ranges::binary_search(tables_->featuresOf(rule), feature);
-  });
+  const bool holds = !held_.empty();
   set(feature, before);
-  return conflicts;
+  return holds;
 }
 
 }  // namespace driver_feature::rules

@@ -27,8 +27,8 @@ class State {
   // The rules all of whose conditions are true, in no order.
   const std::vector<int>& held() const { return held_; }
 
-  // Whether a rule that mentions the feature would hold with this value.
-  bool wouldConflict(int feature, int value);
+  // Whether any rule would hold with this value.
+  bool wouldHold(int feature, int value);
 
   // From now on the rule never holds, until it is heeded again. Calls nest.
   void ignore(int rule) { changeMisses(rule, 1); }

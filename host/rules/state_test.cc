@@ -58,20 +58,13 @@ TEST(State, Ignore_RuleThatHolds_IsGoneUntilItIsHeeded) {
   EXPECT_THAT(state.held(), ElementsAre(0));
 }
 
-TEST(State, WouldConflict_RuleOfTheFeature_IsFoundAndNothingChanges) {
+TEST(State, WouldHold_Choice_IsTriedAndNothingChanges) {
   const Tables tables(rulesOf({"a: Media=Film Duplex=None"}), threeFeatures());
   State state(tables);
-  EXPECT_TRUE(state.wouldConflict(0, 1));
-  EXPECT_FALSE(state.wouldConflict(1, 1));
+  EXPECT_TRUE(state.wouldHold(0, 1));
+  EXPECT_FALSE(state.wouldHold(1, 1));
   EXPECT_EQ(state.value(0), 0);
   EXPECT_THAT(state.held(), IsEmpty());
-}
-
-TEST(State, WouldConflict_RuleOfOtherFeaturesHolds_IsNotItsConflict) {
-  const Tables tables(rulesOf({"a: Media=Plain Copies<2"}), threeFeatures());
-  State state(tables);
-  EXPECT_FALSE(state.wouldConflict(1, 1));
-  EXPECT_TRUE(state.wouldConflict(0, 0));
 }
 
 TEST(State, Work_OfAChange_IsThatOfTheRulesOfTheFeature) {

@@ -20,6 +20,7 @@ void setTo(State& state, const Wish& wish);
 class Trial {
  public:
   explicit Trial(State& state) : state_(state) {}
+  Trial(State& state, const Wish& wish) : state_(state) { take(wish); }
   ~Trial();
   Trial(const Trial&) = delete;
   Trial& operator=(const Trial&) = delete;
