@@ -44,11 +44,13 @@ target_compile_definitions(host_program_tests PRIVATE
   DRIVER_FEATURE_PROGRAM_VERSION="${PROJECT_VERSION}")
 add_dependencies(host_program_tests driver-feature)
 
-# What rules allow and forbid, judged by another solver, too.
+# What rules allow and forbid, judged by other solvers, too.
 find_program(Z3_PROGRAM z3 REQUIRED)
+find_program(MINISAT_PROGRAM minisat REQUIRED)
 add_library(rule_judges STATIC support/smt_judge.cc)
 target_link_libraries(rule_judges PUBLIC test_support host_rules)
 driver_feature_test(host_rules_tests GLOB host/rules/*_test.cc LINK rule_judges host_rules)
 target_compile_definitions(host_rules_tests PRIVATE
-  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>" Z3_PROGRAM="${Z3_PROGRAM}")
+  DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>" Z3_PROGRAM="${Z3_PROGRAM}"
+  MINISAT_PROGRAM="${MINISAT_PROGRAM}")
 add_dependencies(host_rules_tests DriverFeature)

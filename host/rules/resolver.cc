@@ -42,13 +42,27 @@ Resolution Resolver::isAllowed(const Wish& wish, long stepLimit) {
 }
 
 bool Resolver::wouldRefuse(const Wish& wish) {
-  const Trial trial(*state_, wish);
-  if (state_->held().empty()) return false;
-  int& rank = ranks_[at(wish.feature)];
-  const int before = std::exchange(rank, 1);
-  const bool refuses = !refusing().empty();
-  rank = before;
+  const std::vector<int> borne = bearDefaultsWith(wish.feature);
+  Trial trial(*state_, wish);
+  const bool refuses = !state_->held().empty();
+  heed(borne);
   return refuses;
+}
+
+std::vector<bool> Resolver::wouldRefuse(int feature) {
+  const std::vector<int> borne = bearDefaultsWith(feature);
+  std::vector<bool> refuses = state_->wouldHold(feature);
+  heed(borne);
+  return refuses;
+}
+
+// As if a person had set the feature as well.
+std::vector<int> Resolver::bearDefaultsWith(int feature) {
+  int& rank = ranks_[at(feature)];
+  const int before = std::exchange(rank, 1);
+  std::vector<int> borne = bearDefaults(ranks_);
+  rank = before;
+  return borne;
 }
 
 std::vector<int> Resolver::refusing() {

@@ -63,6 +63,9 @@ class Resolver {
   // Whether a rule would refuse the wish, if nothing else changed.
   bool wouldRefuse(const Wish& wish);
 
+  // The same for each choice of a feature that has choices.
+  std::vector<bool> wouldRefuse(int feature);
+
   // The rules that hold now and are not to be borne: those of the defaults of
   // which a person has set no feature are left out. In ascending order.
   std::vector<int> refusing();
@@ -72,6 +75,7 @@ class Resolver {
   Resolution find(const Question& question, const std::vector<int>& ranks, bool namesHardware);
   Resolution solve(long stepLimit, bool namesHardware);
   std::vector<int> bearDefaults(const std::vector<int>& ranks);
+  std::vector<int> bearDefaultsWith(int feature);
   void heed(const std::vector<int>& rules);
   Search::Outcome least(int hardware);
   void preferDefaults();

@@ -55,6 +55,18 @@ bool Rulebook::wouldConflict(const Assignment& assignment) {
   return wish && resolver_.wouldRefuse(*wish);
 }
 
+std::vector<std::string> Rulebook::conflictingChoices(const std::string& feature) {
+  readModel();
+  const std::optional<int> found = tables_.find(feature);
+  if (!found || tables_.isNumber(*found)) return {};
+  std::vector<std::string> names;
+  const std::vector<bool> refused = resolver_.wouldRefuse(*found);
+  for (std::size_t value = 0; value < refused.size(); ++value) {
+    if (refused[value]) names.push_back(tables_.domain(*found).choices[value].name);
+  }
+  return names;
+}
+
 Plan Rulebook::plan(const std::vector<Assignment>& wishes, Keep keep, long stepLimit) {
   readModel();
   Question question{.wishes = {}, .keepsAll = keep == Keep::kAll, .stepLimit = stepLimit};

@@ -54,6 +54,10 @@ class Rulebook {
   // plan() has more to say than that it fits.
   bool wouldConflict(const Assignment& assignment);
 
+  // The choices of the feature for which wouldConflict() is true, in their
+  // order; none for a feature without choices.
+  std::vector<std::string> conflictingChoices(const std::string& feature);
+
   // What has to change for the wishes. A wish that no rule can speak of is
   // always fulfilled.
   Plan plan(const std::vector<Assignment>& wishes, Keep keep = Keep::kAll,

@@ -77,4 +77,17 @@ bool State::wouldHold(int feature, int value) {
   return holds;
 }
 
+std::vector<bool> State::wouldHold(int feature) {
+  std::vector<bool> holds;
+  const int before = value(feature);
+  leave(feature, before);
+  for (int value = 0; value + 1 < tables_->valueCount(feature); ++value) {
+    enter(feature, value);
+    holds.push_back(!held_.empty());
+    leave(feature, value);
+  }
+  enter(feature, before);
+  return holds;
+}
+
 }  // namespace driver_feature::rules

@@ -30,6 +30,9 @@ class State {
   // Whether any rule would hold with this value.
   bool wouldHold(int feature, int value);
 
+  // The same for each choice of a feature that has choices, at less cost.
+  std::vector<bool> wouldHold(int feature);
+
   // From now on the rule never holds, until it is heeded again. Calls nest.
   void ignore(int rule) { changeMisses(rule, 1); }
   void heed(int rule) { changeMisses(rule, -1); }

@@ -67,6 +67,18 @@ TEST(State, WouldHold_Choice_IsTriedAndNothingChanges) {
   EXPECT_THAT(state.held(), IsEmpty());
 }
 
+TEST(State, WouldHold_AllChoices_HasTheVerdictOfEach) {
+  const Tables tables(
+      rulesOf({"a: Media=Film Duplex=None", "b: Media=Card Duplex=Long"}),
+      {choicesOf("Media", {"Plain", "Film", "Card"}), choicesOf("Duplex", {"None", "Long"})});
+  State state(tables);
+  EXPECT_THAT(state.wouldHold(0), ElementsAre(false, true, false));
+  state.set(1, 1);
+  EXPECT_THAT(state.wouldHold(0), ElementsAre(false, false, true));
+  EXPECT_EQ(state.value(0), 0);
+  EXPECT_THAT(state.held(), IsEmpty());
+}
+
 TEST(State, Work_OfAChange_IsThatOfTheRulesOfTheFeature) {
   std::vector<std::string> texts(1000, "a: Media=Film Copies>5");
   texts.emplace_back("b: Duplex=Long Copies>5");
