@@ -65,7 +65,7 @@ bool OptionConstraints::isAvailableOtherwise(int feature, int position) const {
   if (option == nullptr) return false;
   if (isSensitive(*option)) return true;
   const auto found = takenOut_.find(place);
-  if (found == takenOut_.end() || offByThemselves_.count(place) != 0) return false;
+  if (found == takenOut_.end() || offByThemselves_.contains(place)) return false;
   // Whether the rule's constraint is the only one can be seen without it only.
   const long id = constraintOf(found->second);
   option->removeConstraint(id);
@@ -92,7 +92,7 @@ void OptionConstraints::giveBack(const Place& place, int rule) {
   IntermediateCoreOption* option = optionAt(place);
   if (option == nullptr) return;
   option->removeConstraint(constraintOf(rule));
-  if (!option->isConstraintSetEmpty() || offByThemselves_.count(place) != 0) return;
+  if (!option->isConstraintSetEmpty() || offByThemselves_.contains(place)) return;
   option->setOptionProperty(kSensitivity, true);
 }
 

@@ -29,7 +29,7 @@ std::set<std::string> templatesOf(const host::DescriptionIndex& index) {
 
 bool isInAny(const std::vector<std::string>& groups, const std::set<std::string>& templates) {
   return std::any_of(groups.begin(), groups.end(),
-                     [&](const std::string& group) { return templates.count(group) != 0; });
+                     [&](const std::string& group) { return templates.contains(group); });
 }
 
 void addChoices(const host::FeatureView& view, Domain& domain) {

@@ -1,6 +1,7 @@
 #include "host/rules/explain.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "host/description/description_index.h"
 
@@ -45,6 +46,7 @@ struct Part {
 
 std::vector<Part> partsOf(const host::Rule& rule, const std::vector<Assignment>& values) {
   std::vector<Part> parts;
+  parts.reserve(std::max(values.size(), rule.conditions.size()));
   for (const Assignment& value : values) {
     parts.push_back({value.feature, value.feature + "=" + value.value});
   }
@@ -57,10 +59,9 @@ std::vector<Part> partsOf(const host::Rule& rule, const std::vector<Assignment>&
 
 // The newest wish that the rule speaks of becomes the subject.
 void putNewestFirst(std::vector<Part>& parts, const std::vector<Assignment>& wishes) {
-  for (auto wish = wishes.rbegin(); wish != wishes.rend(); ++wish) {
-    const auto found = std::find_if(parts.begin(), parts.end(), [&](const Part& part) {
-      return part.feature == wish->feature;
-    });
+  for (const Assignment& wish : wishes | std::views::reverse) {
+    const auto found = std::find_if(parts.begin(), parts.end(),
+                                    [&](const Part& part) { return part.feature == wish.feature; });
     if (found == parts.end()) continue;
     std::rotate(parts.begin(), found, found + 1);
     return;
@@ -78,6 +79,7 @@ std::string changeWords(const Change& change) {
 
 std::string hardwareWords(const std::vector<Change>& hardware) {
   std::vector<std::string> parts;
+  parts.reserve(hardware.size());
   for (const Change& change : hardware) parts.push_back(change.feature + "=" + change.to);
   return "possible with " + enumerated(parts, "and");
 }

@@ -138,9 +138,10 @@ void Rulebook::readFeature(int feature, const host::FeatureView& view) {
     return state_.setNumber(feature, static_cast<double>(view.currentFloat()));
   }
   state_.set(feature, tables_.valueOf(feature, view.currentChoice().value_or("")));
-  std::vector<char> isTarget;
-  for (int position = 0; position < static_cast<int>(domain.choices.size()); ++position) {
-    isTarget.push_back(constraints_->isAvailableOtherwise(feature, position) ? 1 : 0);
+  std::vector<char> isTarget(domain.choices.size(), 0);
+  for (std::size_t position = 0; position < isTarget.size(); ++position) {
+    const bool is = constraints_->isAvailableOtherwise(feature, static_cast<int>(position));
+    isTarget[position] = is ? 1 : 0;
   }
   tables_.setTargets(feature, isTarget);
 }

@@ -161,11 +161,11 @@ void Search::addNumbers(int rule, int feature) {
 }
 
 bool Search::falsifies(int rule, int feature, int value) {
-  for (const ConditionRow& row : tables_->conditions(rule)) {
-    ++work_;
-    if (row.feature == feature && !tables_->isTrue(row, value)) return true;
-  }
-  return false;
+  const auto rows = tables_->conditions(rule);
+  work_ += static_cast<long>(rows.size());
+  return std::ranges::any_of(rows, [&](const ConditionRow& row) {
+    return row.feature == feature && !tables_->isTrue(row, value);
+  });
 }
 
 void Search::spend(int feature, int amount) {
