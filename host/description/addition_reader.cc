@@ -258,7 +258,7 @@ void AdditionReader::readPreset(void* element) {
 }
 
 void AdditionReader::readMedia(void* element) {
-  if (!readAttributes(element, {"Feature"}, {"Feature"})) return;
+  if (!readAttributes(element, {"Feature", "Default"}, {"Feature"})) return;
   MediaSizes& media = additions_.media;
   const std::string feature = text("Feature");
   if (!media.feature.empty() && media.feature != feature) {
@@ -269,6 +269,7 @@ void AdditionReader::readMedia(void* element) {
   }
   if (media.feature.empty()) media.place = placeOf(element, "Feature");
   media.feature = feature;
+  if (has("Default")) media.usual = text("Default");
   forEachChild(element, [&](void* child) {
     if (tagOf(child) != "Size") return refuseChild(child, element, {"Size"});
     readSize(child);

@@ -24,6 +24,9 @@ struct MediaSize {
 // The feature that chooses the page size, and its sizes.
 struct MediaSizes {
   std::string feature;  // Empty when the description has none.
+  // The option whose size counts while the feature has none of the sizes
+  // selected, because the printer takes that of the tray; may be empty.
+  std::string usual;
   std::vector<MediaSize> sizes;
   SourcePlace place = {};
 };

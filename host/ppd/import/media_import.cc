@@ -83,6 +83,12 @@ std::optional<ImportedElement> mediaElement(ppd_file_t& ppd, const ImportedNames
   const ppd_option_t* feature = ppdFindOption(&ppd, kPageSize);
   ImportedElement media{"FeatureMedia", {}, {}};
   if (feature != nullptr) media.attributes.emplace_back("Feature", feature->keyword);
+  // Of the mark on the option itself nothing may be left.
+  const ppd_size_t* usual = ppdPageSize(&ppd, nullptr);
+  if (usual != nullptr) {
+    const auto option = options.find(host::toLower(std::string(usual->name)));
+    if (option != options.end()) media.attributes.emplace_back("Default", option->second);
+  }
   for (int i = 0; i < ppd.num_sizes; ++i) {
     const ppd_size_t& size = ppd.sizes[i];
     const auto option = options.find(host::toLower(std::string(size.name)));

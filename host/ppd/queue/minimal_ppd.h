@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/description/additions.h"
 #include "host/settings/setting.h"
 
 namespace driver_feature::ppd {
@@ -24,14 +25,18 @@ struct MinimalPpd {
 // or when the size of none of its choices is known, standard ones, which then
 // only say to filters that convert documents how large a page is.
 //
+// What stands beside the features comes with them: rules as constraints, hardware
+// as the group InstallableOptions, texts in all languages, and the sizes and
+// margins of sheets.
+//
 // Where a choice has another name than in the description, because a PPD gives
 // it one, a line such as
 //
 //   *DriverFeatureChoice: "Duplex DuplexNoTumble LongEdge"
 //
 // says which of the description's options it is.
-MinimalPpd minimalPpd(const host::Model& model, const std::string& name,
-                      const std::vector<std::string>& queueLines);
+MinimalPpd minimalPpd(const host::Model& model, const host::Additions& additions,
+                      const std::string& name, const std::vector<std::string>& queueLines);
 
 }  // namespace driver_feature::ppd
 

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "host/base/text.h"
+#include "host/ppd/points.h"
 #include "host/ppd/queue/ppd_names.h"
 #include "model/core_feature.h"
 #include "model/core_feature_set.h"
@@ -148,12 +149,37 @@ bool isBorderless(const std::string& choice) {
 PageSize pageSize(const std::string& name, const Extent& extent) {
   const float shorter = std::min(extent.first, extent.second);
   const float margin = isBorderless(name) ? 0 : std::min(kUsualMargin, std::floor(shorter / 8));
-  return {name, extent.first, extent.second, margin};
+  return {name,   extent.first,          extent.second,         margin,
+          margin, extent.first - margin, extent.second - margin};
+}
+
+// Whether a name that says a size says another one.
+bool saysOther(const std::string& name, const Extent& extent) {
+  const auto said = extentInName(name);
+  return said && (std::fabs(said->first - extent.first) >= 1 ||
+                  std::fabs(said->second - extent.second) >= 1);
+}
+
+std::optional<PageSize> describedSize(const host::MediaSize& size) {
+  const auto extent = possible({pointsOf(size.width), pointsOf(size.height)});
+  if (!extent || saysOther(size.option, *extent)) return std::nullopt;
+  const auto [width, length] = *extent;
+  return PageSize{size.option,
+                  width,
+                  length,
+                  std::clamp(pointsOf(size.left), 0.0F, width),
+                  std::clamp(pointsOf(size.bottom), 0.0F, length),
+                  std::clamp(farEdge(width, size.right), 0.0F, width),
+                  std::clamp(farEdge(length, size.top), 0.0F, length)};
 }
 
 }  // namespace
 
-std::optional<PageSize> pageSizeOf(const host::Model& model, const std::string& choice) {
+std::optional<PageSize> pageSizeOf(const host::Model& model, const host::MediaSize* described,
+                                   const std::string& choice) {
+  if (described != nullptr) {
+    if (auto size = describedSize(*described)) return size;
+  }
   const std::optional<Extent> extent = extentOfChoice(model, choice);
   if (!extent) return std::nullopt;
   return pageSize(choice, *extent);

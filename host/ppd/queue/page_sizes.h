@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "host/description/media_sizes.h"
 #include "host/settings/setting.h"
 
 namespace driver_feature::ppd {
@@ -16,15 +17,21 @@ struct PageSize {
   std::string name;
   float width = 0;
   float length = 0;
-  float margin = 0;  // That cannot be printed on, the same on each side.
+  // The edges of the part that can be printed on, from the sheet's lower left
+  // corner.
+  float left = 0;
+  float bottom = 0;
+  float right = 0;
+  float top = 0;
 };
 
 // The size of a choice of the feature "PageSize"; nothing when it is not known.
-// It is that of a name such as w612h792; or that of the choice's PostScript
-// command, which holds "/PageSize [WIDTH LENGTH]" or nothing but the two
-// numbers; or that of a standard name: the choice's name in tickets or its
-// own, such as A4, 4x6in or A4.Fullbleed.
-std::optional<PageSize> pageSizeOf(const host::Model& model, const std::string& choice);
+// It is the one described, which may be null. Without it, it is that of a name such as w612h792; or
+// that of the choice's PostScript command, which holds "/PageSize [WIDTH LENGTH]" or nothing but
+// the two numbers; or that of a standard name: the choice's name in tickets or its own, such as A4,
+// 4x6in or A4.Fullbleed.
+std::optional<PageSize> pageSizeOf(const host::Model& model, const host::MediaSize* described,
+                                   const std::string& choice);
 
 // Those of a PPD whose description has none.
 std::vector<PageSize> standardPageSizes();

@@ -108,9 +108,14 @@ host::Result<std::string> composeMade(const Arguments& arguments, const host::Se
                                       std::vector<std::string> lines) {
   const std::string stem = fs::path(arguments.text("DESC")).stem();
   const std::string name = arguments.text("--name", stem);
-  ppd::MinimalPpd ppd = ppd::minimalPpd(session.model(), name, lines);
+  const host::Additions& additions =
+      session.additions(host::kRulesPart | host::kTextsPart | host::kMediaPart);
+  for (const host::Problem& problem : additions.problems) {
+    printError("not in the PPD: " + host::describe(problem));
+  }
+  ppd::MinimalPpd ppd = ppd::minimalPpd(session.model(), additions, name, lines);
   addStamp(ppd.text, lines);
-  ppd = ppd::minimalPpd(session.model(), name, lines);
+  ppd = ppd::minimalPpd(session.model(), additions, name, lines);
   if (const auto unusable = ppd::readBack(ppd.text, lines, nullptr)) {
     return refusePpd(arguments, *unusable, {});
   }

@@ -1,0 +1,66 @@
+// The options of a PPD that is made of a description.
+#ifndef HOST_PPD_QUEUE_MADE_OPTIONS_H_
+#define HOST_PPD_QUEUE_MADE_OPTIONS_H_
+
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "host/description/additions.h"
+#include "host/ppd/queue/made_constraints.h"
+#include "host/ppd/queue/made_texts.h"
+#include "host/ppd/queue/page_sizes.h"
+#include "host/settings/setting.h"
+
+namespace driver_feature::ppd {
+
+class MadeOptionWriter {
+ public:
+  // All of them must outlive it.
+  MadeOptionWriter(const host::Model& model, const host::Additions& additions,
+                   std::vector<std::string>& losses);
+
+  // Writes the options of all features, and those of hardware as a group.
+  void addAll();
+
+  // The statements written so far.
+  const std::string& text() const { return text_; }
+
+  const MadeTexts& texts() const { return texts_; }
+  const MadeOptions& options() const { return options_; }
+
+ private:
+  void addPageSizes();
+  void addRegionRule(const host::FeatureView* size);
+  void add(const std::string& name, const host::FeatureView& feature);
+  void addList(const std::string& name, const host::FeatureView& feature);
+  void addNumber(const std::string& name, const host::FeatureView& feature);
+  void lose(const std::string& what, const std::string& reason);
+  std::string recordsOf(const std::string& feature) const;
+  std::vector<PageSize> sizesOf(const host::FeatureView& feature);
+  void writePageSizes(const std::vector<PageSize>& sizes, const std::string& usual);
+  void writeList(const std::string& name, const std::vector<NamedChoice>& choices,
+                 const std::string& current, const std::string& textsOf);
+  void open(const std::string& name, const std::string& value, const std::string& textOf);
+
+  template <class... Texts>
+  void line(const Texts&... texts) {
+    ((text_ += texts), ...) += '\n';
+  }
+
+  const host::Model& model_;
+  std::vector<std::string>& losses_;
+  MadeTexts texts_;
+  MadeOptions options_;
+  std::string text_;
+  std::set<std::string> names_;  // Of features, with small letters.
+  std::string usualSize_;
+  std::unordered_map<std::string, host::MediaSize> media_;  // By the options' names.
+  std::unordered_set<std::string> hardware_;                // Names of features.
+};
+
+}  // namespace driver_feature::ppd
+
+#endif  // HOST_PPD_QUEUE_MADE_OPTIONS_H_
