@@ -17,7 +17,7 @@ TEST(PointsTest, Millimetres_AreAsShortAsPossible) {
   EXPECT_EQ(textOfLength(72), "25.4");
   EXPECT_EQ(textOfLength(0), "0");
   EXPECT_EQ(textOfLength(595), "209.90278");
-  EXPECT_EQ(textOfLength(-7.5F), "-2.645833");
+  EXPECT_EQ(textOfLength(-7.5F), "-2.6458333");
 }
 
 TEST(PointsTest, Millimetres_OfAnyLength_GiveItBack) {
@@ -33,8 +33,8 @@ TEST(PointsTest, FarEdge_OfAMargin_IsExact) {
   const std::string margin =
       millimetresText(static_cast<double>(length) - edge,
                       [length, edge](double read) { return farEdge(length, read) == edge; });
-  EXPECT_EQ(margin, "6.35004");
-  EXPECT_EQ(farEdge(length, 6.35004), edge);
+  EXPECT_EQ(margin, "6.35002");
+  EXPECT_EQ(farEdge(length, 6.35002), edge);
 }
 
 }  // namespace

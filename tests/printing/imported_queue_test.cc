@@ -149,9 +149,9 @@ TEST_F(ImportedQueueTest, SizeThatLibcupsTranslates_IsRefusedByItsOwnName) {
                             "ERROR: option media: 20 is out of range; give a decimal number, from "
                             "100 to 1000 (" +
                                 xml +
-                                ":39)\nERROR: option media: 3000 is out of range; give a decimal "
+                                ":40)\nERROR: option media: 3000 is out of range; give a decimal "
                                 "number, from 100 to 2000 (" +
-                                xml + ":40)\n"));
+                                xml + ":41)\n"));
   set("DRIVER_FEATURE_REFUSED_VALUE", "default");
   const RunResult printed = withoutDebug(filter(option));
   EXPECT_EQ(printed.output,

@@ -21,9 +21,10 @@ Translation translationOf(std::string_view keyword, std::string_view statement) 
   Translation translation{tagOfLocale(keyword.substr(0, dot)), "", "", ""};
   if (translation.language.empty()) return {};
   statement.remove_prefix(keyword.size() + 1);
-  const std::string_view head = statement.substr(0, statement.find(':'));
-  const std::size_t slash = head.find('/');
-  if (slash == std::string_view::npos) return {};
+  const std::size_t colon = statement.find(':');
+  const std::size_t slash = statement.find('/');
+  if (colon == std::string_view::npos || slash > colon) return {};
+  const std::string_view head = statement.substr(0, colon);
   translation.keyword = keyword.substr(dot + 1);
   translation.spec = host::trimmed(head.substr(0, slash), kBlanks);
   translation.text = decodedValue(head.substr(slash + 1));

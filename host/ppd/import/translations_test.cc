@@ -21,18 +21,19 @@ TEST(TranslationsTest, Statements_OfAnyLanguage_AreFound) {
   EXPECT_THAT(translationTexts("*PPD-Adobe: \"4.3\"\r\n"
                                "*de.Translation PageSize/Gr<C3B6>\xC3\x9F"
                                "e<3A>: \"\"\r\n"
-                               "*PageSize A4/x: \"*fr.PageSize A4/no: \"\"\n"
+                               "*PageSize A4/x: \"code\n*fr.PageSize A4/no: x\n\"\n"
                                "*zh_cn.PageSize  A4 /a/b: \"\"\n"
-                               "*de.CustomPageSize True/Frei\n"),
+                               "*de.CustomPageSize True/Frei: \"\"\n"),
               ElementsAre("de|Translation|PageSize|Gr\xC3\xB6\xC3\x9F"
                           "e:",
-                          "zh-CN|PageSize|A4|a/b", "de|CustomPageSize|True|Frei\n"));
+                          "zh-CN|PageSize|A4|a/b", "de|CustomPageSize|True|Frei"));
 }
 
 TEST(TranslationsTest, OtherStatements_AreNone) {
-  EXPECT_THAT(translationTexts("*De.PageSize A4/x: \"\"\n*deu.PageSize A4/x: \"\"\n"
-                               "*de.PageSize A4: \"x/y\"\n*de.PageSize A4/: \"\"\n"
-                               "*%de.PageSize A4/x: \"\"\n*d1.PageSize A4/x: \"\"\n*de.\n*"),
+  EXPECT_THAT(translationTexts(
+                  "*De.PageSize A4/x: \"\"\n*deu.PageSize A4/x: \"\"\n"
+                  "*de.PageSize A4: \"x/y\"\n*de.PageSize A4/: \"\"\n"
+                  "*%de.PageSize A4/x: \"\"\n*d1.PageSize A4/x: \"\"\n*de.PageSize A4/x\n*de.\n*"),
               ElementsAre());
 }
 

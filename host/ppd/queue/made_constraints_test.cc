@@ -20,7 +20,7 @@ class MadeConstraintsTest : public testing::Test {
   // The PPD has another name for a choice of Duplex.
   MadeOptions options_ = {
       {"Duplex", {{"None", "Simplex"}, {"DuplexTumble", "Short"}, {"DuplexNoTumble", "Long"}}},
-      {"Film", {{"Off", "Off"}, {"A", "A"}, {"B", "B"}}},
+      {"Film", {{"Off", "Off"}, {"A", "A"}, {"B", "B"}, {"C", "C"}}},
       {"Lid", {{"Up", "Up"}, {"Down", "Down"}}},
       {"PageSize", {{"A4", "A4"}, {"A5", "A5"}}}};
   std::vector<std::string> losses_;
@@ -37,7 +37,10 @@ TEST_F(MadeConstraintsTest, AnyButThoseThatSayOff_NeedsNoChoice) {
   EXPECT_EQ(linesOf({{"Film", Kind::kIsNot, {"Off"}}, {"Duplex", Kind::kIsNot, {"Simplex"}}}),
             "*UIConstraints: *Film *Duplex\n");
   EXPECT_EQ(linesOf({{"Film", Kind::kIsNot, {"A"}}, {"Lid", Kind::kIs, {"Up", "Down"}}}),
-            "*UIConstraints: *Film Off *Lid\n*UIConstraints: *Film B *Lid\n");
+            "*UIConstraints: *Film Off *Lid\n*UIConstraints: *Film B *Lid\n"
+            "*UIConstraints: *Film C *Lid\n");
+  EXPECT_EQ(linesOf({{"Film", Kind::kIs, {"C", "B", "A"}}, {"Lid", Kind::kIs, {"Up"}}}),
+            "*UIConstraints: *Film *Lid Up\n");
   EXPECT_EQ(linesOf({{"Film", Kind::kIs, {"A"}}, {"PageSize", Kind::kIs, {"A4", "A5"}}}),
             "*UIConstraints: *Film A *PageSize A4\n*UIConstraints: *Film A *PageSize A5\n");
 }
@@ -61,7 +64,8 @@ TEST_F(MadeConstraintsTest, MoreConditions_AreOneStatement) {
 
 TEST_F(MadeConstraintsTest, ConditionThatNeverHolds_HasNoStatement) {
   EXPECT_EQ(linesOf({{"Film", Kind::kIs, {"Custom"}}, {"Lid", Kind::kIs, {"Up"}}}), "");
-  EXPECT_EQ(linesOf({{"Film", Kind::kIsNot, {"Off", "A", "B"}}, {"Lid", Kind::kIs, {"Up"}}}), "");
+  EXPECT_EQ(linesOf({{"Film", Kind::kIsNot, {"Off", "A", "B", "C"}}, {"Lid", Kind::kIs, {"Up"}}}),
+            "");
   EXPECT_THAT(losses_, IsEmpty());
 }
 
