@@ -27,6 +27,14 @@ add_executable(queue_media printing/queue_media_main.cc)
 target_link_libraries(queue_media PRIVATE driver_feature_compile_options Cups::Cups)
 target_compile_options(queue_media PRIVATE -Wno-deprecated-declarations)
 
+# What libcups finds in the PPDs of queues, beside those of the printers.
+add_executable(queue_rules printing/queue_rules_main.cc)
+target_link_libraries(queue_rules PRIVATE driver_feature_compile_options Cups::Cups)
+target_compile_options(queue_rules PRIVATE -Wno-deprecated-declarations)
+add_test(NAME queue_rules
+  COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/printing/queue_rules_test.sh
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
+
 add_test(NAME queue_ppds_conform
   COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/printing/cupstestppd_test.sh
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Imports PPDs of the corpus, writes the PPDs of their queues and looks at
 # these: cupstestppd must find nothing in those made of the descriptions, and
-# nothing further in the others; and libcups must write the same of them as of
-# the printers' PPDs, for all choices of trays, manual feed and page size.
+# nothing further in the others; libcups must write the same of the others as of
+# the printers' PPDs, for all choices of trays, manual feed and page size; and it
+# must find the same conflicts and texts in those made of the descriptions.
 #
 # usage: queue_ppds.sh BUILD [COUNT]
 #
@@ -44,6 +45,7 @@ examine() {
   furtherFailures "$ppd" "$queue" | sed "s|^|$1: with --ppd: |"
   failuresOf "$made" | sed "s|^|$1: without: |"
   printf '%s\t%s\n' "$ppd" "$queue" >>"$folder/pairs.$$"
+  printf '%s\t%s\n' "$ppd" "$made" >>"$folder/made_pairs.$$"
 }
 
 # names: the PPDs, those of the sample first.
@@ -76,9 +78,11 @@ report=$corpus/queue_ppds.txt
 cat "$folder"/part.*.found | sort >"$report"
 failed=$(wc -l <"$report")
 cat "$folder"/pairs.* | "$build/bin/queue_media" >"$folder/media" || failed=$((failed + 1))
-cat "$folder/media" >>"$report"
+cat "$folder"/made_pairs.* | "$build/bin/queue_rules" >"$folder/rules" || failed=$((failed + 1))
+cat "$folder/media" "$folder/rules" >>"$report"
 say "$(wc -l <"$folder/names") PPDs, $(cat "$folder"/passing.* | wc -l) of which pass cupstestppd themselves"
 say "cupstestppd and the commands: $(grep -c ': with' "$report" || :) findings"
 say "media: $(tail -n 1 "$folder/media")"
+say "conflicts and texts: $(tail -n 1 "$folder/rules")"
 say "the report is $report"
 exit $((failed > 0))
