@@ -93,7 +93,8 @@ void reportAllowances(const std::vector<Allowance>& allowances, Findings& findin
 
 }  // namespace
 
-std::vector<AllowedFinding> takeAllowed(std::string_view utf8, Findings& findings) {
+std::vector<AllowedFinding> takeAllowed(std::string_view utf8, Findings& findings,
+                                        const std::string& file) {
   Findings about;
   std::vector<Allowance> allowances = readAll(utf8, about);
   std::vector<AllowedFinding> allowed;
@@ -101,7 +102,7 @@ std::vector<AllowedFinding> takeAllowed(std::string_view utf8, Findings& finding
   for (Finding& finding : findings) {
     Allowance* by = nullptr;
     for (Allowance& allowance : allowances) {
-      if (!covers(allowance, finding)) continue;
+      if (finding.file != file || !covers(allowance, finding)) continue;
       allowance.used = true;
       by = &allowance;
     }
@@ -113,7 +114,10 @@ std::vector<AllowedFinding> takeAllowed(std::string_view utf8, Findings& finding
   }
   findings = std::move(left);
   reportAllowances(allowances, about);
-  for (Finding& finding : about) findings.push_back(std::move(finding));
+  for (Finding& finding : about) {
+    finding.file = file;
+    findings.push_back(std::move(finding));
+  }
   return allowed;
 }
 

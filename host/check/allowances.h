@@ -23,8 +23,9 @@ struct AllowedFinding {
 
 // Takes the findings that comments of the text allow out of `findings` and
 // returns them. Adds a finding for each comment that allows nothing, gives no
-// reason or cannot be understood.
-std::vector<AllowedFinding> takeAllowed(std::string_view utf8, Findings& findings);
+// reason or cannot be understood. `file` is the text's file as findings name it.
+std::vector<AllowedFinding> takeAllowed(std::string_view utf8, Findings& findings,
+                                        const std::string& file = "");
 
 }  // namespace driver_feature::check
 

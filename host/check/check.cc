@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/base/input_file.h"
+#include "host/check/addition_rules.h"
 #include "host/check/allowances.h"
 #include "host/check/fixes.h"
 #include "host/check/rules.h"
@@ -10,6 +12,7 @@
 #include "host/check/verdict.h"
 #include "host/description/document.h"
 #include "host/description/element.h"
+#include "host/description/source_text.h"
 #include "host/description/start_tags.h"
 #include "host/session/routine_look_up.h"
 
@@ -39,8 +42,61 @@ bool holds(const Findings& findings, Code code) {
                      [code](const Finding& finding) { return finding.code == code; });
 }
 
+// The texts of the files beside the description that the findings name.
+void readBeside(FileReport& report) {
+  for (const Finding& finding : report.findings) {
+    if (finding.file.empty() || report.beside.contains(finding.file)) continue;
+    const auto text = host::readFile(finding.file);
+    report.beside[finding.file] =
+        text ? host::decodeText(*text, host::declaredEncoding(*text)) : std::string();
+  }
+}
+
+// A place of a line alone is moved to its first character.
+void placeInLines(FileReport& report) {
+  std::map<std::string, host::SourceText> sources;
+  for (Finding& finding : report.findings) {
+    if (finding.position.line == 0 || finding.position.column > 0) continue;
+    const std::string& text = finding.file.empty() ? report.source : report.beside[finding.file];
+    const auto source = sources.try_emplace(finding.file, text).first;
+    const std::string_view line = source->second.line(finding.position.line).value_or("");
+    const std::size_t blanks = line.find_first_not_of(" \t");
+    finding.position.column = blanks != std::string_view::npos ? static_cast<int>(blanks) + 1 : 1;
+  }
+}
+
+// What the description has beside its features. `triesValues`: whether it can be
+// loaded again.
+void checkBeside(FileReport& report, const host::Document& document,
+                 const host::Element& description, const host::Plugin& plugin, bool triesValues,
+                 const std::string& language) {
+  const host::Additions additions = readAdditions(document);
+  const bool needsValues = !additions.rules.rules.empty() || !additions.presets.empty();
+  std::optional<ValueTrial> trial;
+  if (triesValues && needsValues) {
+    trial = tryValues(plugin, document, additions.presets);
+  }
+  const FeatureTable features(description);
+  for (Finding& finding : applyAdditionRules({document, additions, features, trial, language})) {
+    report.findings.push_back(std::move(finding));
+  }
+  readBeside(report);
+  placeInLines(report);
+}
+
+void takeAllAllowed(FileReport& report) {
+  report.allowed = takeAllowed(report.source, report.findings);
+  for (const auto& [file, text] : report.beside) {
+    if (!file.ends_with(".xml")) continue;
+    for (AllowedFinding& allowed : takeAllowed(text, report.findings, file)) {
+      report.allowed.push_back(std::move(allowed));
+    }
+  }
+}
+
 host::Result<FileReport> checkDocument(FileReport report, const host::Document& document,
-                                       const host::Plugin& plugin, Trial trial) {
+                                       const host::Plugin& plugin, Trial trial,
+                                       const std::string& language) {
   const host::DescriptionElements elements = elementsOf(document);
   const host::Element& description = *elements.description;
   if (elements.second) report.findings.push_back(secondDescription(*elements.second));
@@ -55,7 +111,9 @@ host::Result<FileReport> checkDocument(FileReport report, const host::Document& 
     host::Result<> tried = tryOutputs(plugin, document.description(), description, report.findings);
     if (!tried) return failureOf(tried);
   }
-  report.allowed = takeAllowed(report.source, report.findings);
+  const bool triesValues = report.load->loaded && !holds(report.findings, Code::kNotARoutine);
+  checkBeside(report, document, description, plugin, triesValues, language);
+  takeAllAllowed(report);
   sortByPosition(report.findings);
   addFixes(report.source, description, host::routineNames(), report.findings);
   return report;
@@ -63,10 +121,10 @@ host::Result<FileReport> checkDocument(FileReport report, const host::Document& 
 
 }  // namespace
 
-host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin,
-                                   Trial trial) {
+host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin, Trial trial,
+                                   const std::string& language) {
   host::Result<std::string> text = host::Document::readText(path);
-  if (text) return checkText(path, std::move(*text), plugin, trial);
+  if (text) return checkText(path, std::move(*text), plugin, trial, language);
   FileReport report;
   report.file = path;
   report.findings.push_back(findingOf(text.error()));
@@ -74,7 +132,8 @@ host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& 
 }
 
 host::Result<FileReport> checkText(const std::string& path, std::string text,
-                                   const host::Plugin& plugin, Trial trial) {
+                                   const host::Plugin& plugin, Trial trial,
+                                   const std::string& language) {
   FileReport report;
   report.file = path;
   report.source = host::decodeText(text, host::declaredEncoding(text));
@@ -82,7 +141,7 @@ host::Result<FileReport> checkText(const std::string& path, std::string text,
   report.isUtf8 = text == report.mark + report.source;
   const host::Result<host::Document> document = host::Document::ofText(path, std::move(text));
   report.usable = document.has_value();
-  if (report.usable) return checkDocument(std::move(report), *document, plugin, trial);
+  if (report.usable) return checkDocument(std::move(report), *document, plugin, trial, language);
   report.findings.push_back(findingOf(document.error()));
   return report;
 }

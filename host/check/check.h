@@ -12,15 +12,17 @@ namespace driver_feature::check {
 // Whether output routines are tried: a real output is written in a child process.
 enum class Trial : unsigned char { kLoad, kLoadAndOutputs };
 
-// Checks a file. Routines that it names are looked up among what the process
-// has loaded by now. Problem: no child process can be made for the load.
+// Checks a file, and the files beside it. Routines that it names are looked up
+// among what the process has loaded by now. Texts in `language` are to be
+// complete, unless it is empty. Problem: no child process can be made for the load.
 host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin,
-                                   Trial trial = Trial::kLoadAndOutputs);
+                                   Trial trial = Trial::kLoadAndOutputs,
+                                   const std::string& language = "");
 
 // The same for a text that has been read from `path`.
 host::Result<FileReport> checkText(const std::string& path, std::string text,
-                                   const host::Plugin& plugin,
-                                   Trial trial = Trial::kLoadAndOutputs);
+                                   const host::Plugin& plugin, Trial trial = Trial::kLoadAndOutputs,
+                                   const std::string& language = "");
 
 }  // namespace driver_feature::check
 

@@ -232,6 +232,79 @@ constexpr CodeRow kCodes[] = {
      "Two nodes of a ticket's section, or of a group, have the same name. Readers of the ticket "
      "may take either."},
 
+    // What a description has beside its features.
+    {Code::kAdditionElement, kError, "DF711",
+     "Rules, texts, presets or media sizes hold an element that does not belong there. It is not "
+     "read; a rule that holds one is left out."},
+    {Code::kAdditionAttribute, kError, "DF712",
+     "An element of rules, texts, presets or media sizes has an attribute that it does not know."},
+    {Code::kIncompleteAddition, kError, "DF713",
+     "An element of rules, texts, presets or media sizes lacks an attribute that it needs, and is "
+     "left out."},
+    {Code::kNoNumber, kError, "DF714",
+     "A limit of a condition or a length of a media size is not a decimal number."},
+    {Code::kUnreadableBeside, kError, "DF715",
+     "A file beside the description cannot be read: rules, translations or a preset. It is left "
+     "out."},
+
+    // Rules of what a description forbids.
+    {Code::kConditionForm, kError, "DF721",
+     "A condition of a rule must say one thing about its feature: Is, IsNot, Above, Below, or "
+     "elements <Is> or <IsNot>. The rule is left out."},
+    {Code::kNoCondition, kError, "DF722",
+     "A rule without a condition would forbid everything. It is left out."},
+    {Code::kUnknownRuleFeature, kError, "DF723",
+     "A rule or the list of hardware names a feature that does not exist."},
+    {Code::kUnknownRuleOption, kError, "DF724",
+     "A condition of a rule names an option that its feature does not have."},
+    {Code::kUnfitCondition, kError, "DF725",
+     "A condition does not fit the type of its feature. Is and IsNot are for \"MultiSelect\", "
+     "Above "
+     "and Below for \"IntEntry\" and \"FloatEntry\"; other types cannot be in rules."},
+    {Code::kRuleOnTemplate, kError, "DF726",
+     "A rule names a member of a template. Its values are those of records, which rules do not "
+     "see."},
+    {Code::kRepeatedRule, kError, "DF727", "Two rules have the same Id."},
+    {Code::kRuleAlways, kError, "DF728",
+     "The conditions of a rule hold for every value, so that it forbids everything."},
+    {Code::kRuleNever, kWarning, "DF729",
+     "The conditions of a rule never hold together, so that it forbids nothing."},
+    {Code::kDefaultsBreakRule, kError, "DF730",
+     "A rule forbids the default values. It is not applied until one of its features is set."},
+    {Code::kRepeatedHardware, kWarning, "DF731", "A feature is listed twice as hardware."},
+    {Code::kImpossibleChoice, kWarning, "DF732",
+     "A rule forbids an option whatever the other features are set to, so that nobody can choose "
+     "it."},
+
+    // Texts for people.
+    {Code::kTextForNothing, kError, "DF741",
+     "A text is for a feature, group, option, rule or preset that does not exist."},
+    {Code::kRepeatedText, kWarning, "DF742",
+     "A language has two texts for the same thing. The first one counts."},
+    {Code::kEmptyText, kWarning, "DF743", "A text is empty, and does not count."},
+    {Code::kMissingTexts, kWarning, "DF744", "A language lacks texts that another one has."},
+    {Code::kIncompleteLanguage, kError, "DF745",
+     "The language that --language names lacks texts for features that people see, their options, "
+     "rules or presets."},
+
+    // Presets.
+    {Code::kRepeatedPreset, kError, "DF751",
+     "Two presets have the same name. The first one counts; those of files come after those of "
+     "the description."},
+    {Code::kPresetSetting, kError, "DF752",
+     "A line of a preset is refused, as it would be in a settings file, so that the preset cannot "
+     "be used."},
+    {Code::kPresetBreaksRule, kError, "DF753",
+     "A rule forbids what a preset sets together with the default values of the other features."},
+
+    // Sizes of media.
+    {Code::kUnknownMedia, kError, "DF761",
+     "Media sizes are for a feature or an option that does not exist, for one that is not a "
+     "\"MultiSelect\", or for a second feature."},
+    {Code::kImpossibleSize, kError, "DF762",
+     "A width or height of a medium is not above zero, or its margins leave nothing to print on."},
+    {Code::kRepeatedSize, kError, "DF763", "An option has two sizes."},
+
     // Routines.
     {Code::kNoUpdateRoutine, kError, "DF801",
      "DefaultCallbackHandler does not name a routine of the program or of a library given with "

@@ -1,6 +1,7 @@
 #include "host/check/findings.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace driver_feature::check {
 
@@ -11,7 +12,7 @@ Finding refusal(Code code, host::Position position, const std::string& sentence,
 
 void sortByPosition(Findings& findings) {
   std::stable_sort(findings.begin(), findings.end(), [](const Finding& left, const Finding& right) {
-    return left.position < right.position;
+    return std::tie(left.file, left.position) < std::tie(right.file, right.position);
   });
 }
 

@@ -91,6 +91,34 @@ enum class Code : unsigned char {
   kTicketNameCharacters,
   kTicketWithoutValue,
   kRepeatedTicketName,
+  kAdditionElement,
+  kAdditionAttribute,
+  kIncompleteAddition,
+  kNoNumber,
+  kUnreadableBeside,
+  kConditionForm,
+  kNoCondition,
+  kUnknownRuleFeature,
+  kUnknownRuleOption,
+  kUnfitCondition,
+  kRuleOnTemplate,
+  kRepeatedRule,
+  kRuleAlways,
+  kRuleNever,
+  kDefaultsBreakRule,
+  kRepeatedHardware,
+  kImpossibleChoice,
+  kTextForNothing,
+  kRepeatedText,
+  kEmptyText,
+  kMissingTexts,
+  kIncompleteLanguage,
+  kRepeatedPreset,
+  kPresetSetting,
+  kPresetBreaksRule,
+  kUnknownMedia,
+  kImpossibleSize,
+  kRepeatedSize,
   kNoUpdateRoutine,
   kNoLoadRoutine,
   kNoChangeRoutine,
@@ -137,6 +165,7 @@ struct Finding {
   std::vector<std::string> log;      // The lines that the library logs for it, in their order.
   bool refused = false;              // Whether the library ends the load there.
   std::optional<TextEdit> fix = {};  // What surely mends it; nothing when that is not sure.
+  std::string file = {};             // Beside the description; empty for its own.
 };
 
 // A finding of the library's own: the load ends there with these lines.
@@ -145,7 +174,8 @@ Finding refusal(Code code, host::Position position, const std::string& sentence,
 
 using Findings = std::vector<Finding>;
 
-// By position; findings at the same place keep their order.
+// By position, those of files beside the description after its own; findings at the same place keep
+// their order.
 void sortByPosition(Findings& findings);
 
 long countOf(const Findings& findings, Severity severity);

@@ -149,6 +149,7 @@ void addFixes(std::string_view utf8, const host::Element& description,
   if (findings.empty()) return;
   const AttributeFinder finder(utf8, description);
   for (Finding& finding : findings) {
+    if (!finding.file.empty()) continue;
     if (const auto text = finder.at(finding.position)) {
       finding.fix = fixOf(finding.code, *text, routines);
     }

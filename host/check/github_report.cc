@@ -43,7 +43,7 @@ std::string lineOf(const std::string& file, const Finding& finding) {
 std::string reportGithub(const std::vector<FileReport>& reports) {
   std::string text;
   for (const FileReport& report : reports) {
-    for (const Finding& finding : report.findings) text += lineOf(report.file, finding);
+    for (const Finding& finding : report.findings) text += lineOf(fileOf(report, finding), finding);
   }
   return text;
 }

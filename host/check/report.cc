@@ -36,12 +36,16 @@ std::string findingText(const FileReport& report, const host::SourceText& source
                         const Finding& finding, const Paint& paint) {
   const CodeRow& row = rowOf(finding.code);
   const bool isError = row.severity == Severity::kError;
-  std::string text = paint.place + placeText(report.file, finding.position) + ": " + paint.end +
-                     (isError ? paint.error : paint.warning) + wordOf(row.severity) + ": " +
-                     paint.end + host::printable(finding.sentence) + "; " +
+  std::string text = paint.place + placeText(fileOf(report, finding), finding.position) + ": " +
+                     paint.end + (isError ? paint.error : paint.warning) + wordOf(row.severity) +
+                     ": " + paint.end + host::printable(finding.sentence) + "; " +
                      host::printable(finding.remedy) + " " + paint.code + "[" + row.name + "]" +
                      paint.end + "\n";
-  text += excerptOf(source, finding.position, std::string(paint.caret) + "^" + paint.end);
+  const std::string caret = std::string(paint.caret) + "^" + paint.end;
+  const auto other = report.beside.find(finding.file);
+  text += other == report.beside.end()
+              ? excerptOf(source, finding.position, caret)
+              : excerptOf(host::SourceText(other->second), finding.position, caret);
   for (const std::string& line : finding.log) text += "    log: " + host::printable(line) + "\n";
   return text;
 }
@@ -98,13 +102,15 @@ Json loadJson(const LoadReport& load) {
 
 Json findingJson(const Finding& finding) {
   const CodeRow& row = rowOf(finding.code);
-  return {{"line", finding.position.line},
-          {"column", finding.position.column},
-          {"severity", wordOf(row.severity)},
-          {"code", row.name},
-          {"message", finding.sentence},
-          {"remedy", finding.remedy},
-          {"log", finding.log}};
+  Json json = {{"line", finding.position.line},
+               {"column", finding.position.column},
+               {"severity", wordOf(row.severity)},
+               {"code", row.name},
+               {"message", finding.sentence},
+               {"remedy", finding.remedy},
+               {"log", finding.log}};
+  if (!finding.file.empty()) json["file"] = finding.file;
+  return json;
 }
 
 Json fileJson(const FileReport& report) {
@@ -115,6 +121,10 @@ Json fileJson(const FileReport& report) {
 }
 
 }  // namespace
+
+const std::string& fileOf(const FileReport& report, const Finding& finding) {
+  return finding.file.empty() ? report.file : finding.file;
+}
 
 const char* wordOf(Severity severity) {
   return severity == Severity::kError ? "error" : "warning";

@@ -2,6 +2,7 @@
 #ifndef HOST_CHECK_REPORT_H_
 #define HOST_CHECK_REPORT_H_
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,14 +17,18 @@ namespace driver_feature::check {
 // All that is known about one file.
 struct FileReport {
   std::string file;
-  bool usable = false;                  // Whether there was a description to check.
-  std::optional<LoadReport> load;       // The library's result; nothing when unusable.
-  Findings findings;                    // In the order of their places.
-  std::vector<AllowedFinding> allowed;  // Those that comments of the file allow.
-  std::string source;                   // The text as UTF-8; empty when it cannot be read.
-  std::string mark;                     // The file's byte order mark; may be empty.
-  bool isUtf8 = false;                  // Whether the file is `mark` and `source`, byte for byte.
+  bool usable = false;                        // Whether there was a description to check.
+  std::optional<LoadReport> load;             // The library's result; nothing when unusable.
+  Findings findings;                          // In the order of their places.
+  std::vector<AllowedFinding> allowed;        // Those that comments of the file allow.
+  std::string source;                         // The text as UTF-8; empty when it cannot be read.
+  std::map<std::string, std::string> beside;  // The texts of other files that findings name.
+  std::string mark;                           // The file's byte order mark; may be empty.
+  bool isUtf8 = false;  // Whether the file is `mark` and `source`, byte for byte.
 };
+
+// The file that a finding is about.
+const std::string& fileOf(const FileReport& report, const Finding& finding);
 
 // How a text for people looks.
 struct TextStyle {

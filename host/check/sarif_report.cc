@@ -48,10 +48,10 @@ Json resultsJson(const std::vector<FileReport>& reports) {
   Json results = Json::array();
   for (const FileReport& report : reports) {
     for (const Finding& finding : report.findings) {
-      results.push_back(resultJson(report.file, finding));
+      results.push_back(resultJson(fileOf(report, finding), finding));
     }
     for (const AllowedFinding& allowed : report.allowed) {
-      Json result = resultJson(report.file, allowed.finding);
+      Json result = resultJson(fileOf(report, allowed.finding), allowed.finding);
       Json suppression = {{"kind", "inSource"}};
       if (!allowed.reason.empty()) suppression["justification"] = allowed.reason;
       result["suppressions"] = Json::array({suppression});

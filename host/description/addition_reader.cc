@@ -68,8 +68,9 @@ bool AdditionReader::readAttributes(void* element, Names known, Names required) 
     // Attributes of other namespaces are free everywhere.
     if (isKnown(name) || name.find(':') != std::string::npos || name == "xmlns") continue;
     const std::vector<std::string> names(known.begin(), known.end());
+    const char* one = names.size() > 1 ? "one of " : "";
     const std::string remedy =
-        names.empty() ? "remove it" : "use one of " + listed(names) + ", or remove it";
+        names.empty() ? "remove it" : "use " + (one + listed(names)) + ", or remove it";
     additions_.problems.push_back(
         {Problem::Kind::kMalformed, tagged(element) + " has no attribute " + inQuotes(name),
          meant(name, names, remedy), kUnknownAttributeCause, file_, places_.of(element, name)});

@@ -153,14 +153,21 @@ Result<> loadSettings(CoreFeatureSet& set, const Model& model, const std::string
     bytes.error().remedy = "give a settings file";
     return failureOf(bytes);
   }
-  SettingsText text = parseSettings(*bytes);
-  Problems refusals = text.refusals;
-  const Problems more = findOrder(set, model, text);
+  Result<> loaded = loadSettingsText(set, model, *bytes);
+  if (loaded) return loaded;
+  loaded.error().file = file;
+  for (Problem& refusal : loaded.error().more) refusal.file = file;
+  return loaded;
+}
+
+Result<> loadSettingsText(CoreFeatureSet& set, const Model& model, std::string_view text) {
+  SettingsText lines = parseSettings(text);
+  Problems refusals = lines.refusals;
+  const Problems more = findOrder(set, model, lines);
   refusals.insert(refusals.end(), more.begin(), more.end());
-  if (refusals.empty()) refusals = applyLines(set, model, text);
+  if (refusals.empty()) refusals = applyLines(set, model, lines);
   if (refusals.empty()) return {};
   std::ranges::stable_sort(refusals, {}, &Problem::position);
-  for (Problem& refusal : refusals) refusal.file = file;
   return failureOfAll(std::move(refusals));
 }
 

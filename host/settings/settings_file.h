@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/settings/setting.h"
@@ -32,6 +33,9 @@ std::string composeSavedSettings(CoreFeatureSet& set, const Model& model, Secret
 // lines, no value, record or other state has changed, and no notification was
 // sent: the lines are tried in a copy of the process first.
 Result<> loadSettings(CoreFeatureSet& set, const Model& model, const std::string& file);
+
+// The same with the text of a settings file. The problems name no file.
+Result<> loadSettingsText(CoreFeatureSet& set, const Model& model, std::string_view text);
 
 // A feature's current value as a setting writes it. Nothing when it has none.
 std::optional<std::string> settingText(const FeatureView& feature);

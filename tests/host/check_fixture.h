@@ -29,10 +29,15 @@ class CheckTest : public ProgramTest {
     return result;
   }
 
-  void describeRow(const std::vector<std::string>& elements) const {
+  void describeRow(const std::vector<std::string>& elements,
+                   const std::vector<std::string>& additions = {}) const {
     std::vector<std::string> lines = {kBaseInfo};
     lines.insert(lines.end(), elements.begin(), elements.end());
     describe("d.xml", lines);
+    if (additions.empty()) return;
+    std::string text = "<Driver>\n" + read("d.xml");
+    for (const std::string& line : additions) text += line + "\n";
+    write("d.xml", text + "</Driver>\n");
   }
 };
 

@@ -12,8 +12,9 @@ namespace {
 
 std::vector<const CheckRow*> allRows() {
   std::vector<const CheckRow*> rows;
-  for (const auto* table : {&structureRows(), &valueRows(), &commandRows(), &postScriptRows(),
-                            &pjlRows(), &reachRows(), &routineRows()}) {
+  for (const auto* table :
+       {&structureRows(), &valueRows(), &commandRows(), &postScriptRows(), &pjlRows(), &reachRows(),
+        &routineRows(), &combinationRows(), &translationRows()}) {
     for (const CheckRow& row : *table) rows.push_back(&row);
   }
   return rows;
@@ -34,7 +35,7 @@ std::string counted(long count, const std::string& word) {
 TEST_F(CheckTest, Check_EveryRow_SaysAllOfItAndNothingElse) {
   for (const CheckRow* row : allRows()) {
     SCOPED_TRACE(row->name);
-    describeRow(row->elements);
+    describeRow(row->elements, row->additions);
     std::string expected = std::regex_replace(row->expected, std::regex("@:"), "d.xml:");
     const long errors = countOf(expected, ": error: ");
     const long warnings = countOf(expected, ": warning: ");
@@ -55,9 +56,11 @@ TEST_F(CheckTest, Rows_Together_ProduceEveryCode) {
   // place or none, of a second description and of a namespace are produced
   // below, like those of the universal exit, which needs byte escapes; those of a
   // library that disagrees in host/check/verdict_test.cc; those of comments in
-  // tests/host/check_comment_test.cc.
-  std::set<std::string> produced = {"DF001", "DF002", "DF003", "DF107", "DF108", "DF110", "DF112",
-                                    "DF516", "DF902", "DF903", "DF911", "DF912", "DF913"};
+  // tests/host/check_comment_test.cc; those of files beside the description and of
+  // one language in tests/host/check_beside_test.cc.
+  std::set<std::string> produced = {"DF001", "DF002", "DF003", "DF107", "DF108",
+                                    "DF110", "DF112", "DF516", "DF715", "DF745",
+                                    "DF902", "DF903", "DF911", "DF912", "DF913"};
   const std::regex mark("\\[(DF[0-9]{3})\\]\n");
   for (const CheckRow* row : allRows()) {
     for (std::sregex_iterator at(row->expected.begin(), row->expected.end(), mark), end; at != end;
@@ -66,7 +69,7 @@ TEST_F(CheckTest, Rows_Together_ProduceEveryCode) {
     }
   }
   EXPECT_EQ(produced, listed);
-  EXPECT_EQ(listed.size(), 88U);
+  EXPECT_EQ(listed.size(), 116U);
 }
 
 // The lines that a finding foretells, and what the library says when the
@@ -77,7 +80,8 @@ TEST_F(CheckTest, Check_LogLinesOfFindings_AreTheLibrarysOwn) {
   for (const CheckRow* row : allRows()) {
     SCOPED_TRACE(row->name);
     if (row->expected.find("@: note: ") != std::string::npos) continue;
-    describeRow(row->elements);
+    if (row->expected.find("    log: ") == std::string::npos) continue;
+    describeRow(row->elements, row->additions);
     std::string said;
     for (const char* form : {"ps", "pjl", "ticket"}) {
       said += run({"-v", "emit", "d.xml", "--to", form, "--callbacks", ROUTINES_LIBRARY}).errors;

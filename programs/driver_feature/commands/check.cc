@@ -26,6 +26,9 @@ constexpr const char* kFooter =
     "from the only one that fits, and missing line ends. --fix --write makes these\n"
     "changes, in all files or in none. --watch checks again each time a file is saved.\n"
     "\n"
+    "Rules, texts, presets and media sizes, in the file or beside it, are checked as\n"
+    "well; findings in a file beside name that file.\n"
+    "\n"
     "A comment allows a code in the element after it and all that is inside:\n"
     "  <!-- driver-feature: allow DF303: the first tray is always there -->\n"
     "\n"
@@ -49,6 +52,8 @@ constexpr std::array kRows = {
                 kRepeats},
     ArgumentRow{"--ignore", "CODE,...", "Do not report these codes, or those that begin so",
                 kRepeats},
+    ArgumentRow{"--language", "LANGUAGE",
+                "Report the texts that this language lacks, such as de, as an error"},
     ArgumentRow{"--strict", "", "Treat warnings as errors"},
     ArgumentRow{"--explain", "CODE", "Explain a code of a finding, or all of them"},
     ArgumentRow{"--fix", "", "Show what surely mends faults, as a diff", kOptional, "--json"},
@@ -94,6 +99,7 @@ host::Result<CheckRequest> requestOf(const Arguments& arguments,
   CheckRequest request;
   request.files = arguments.texts("DESC");
   request.general = general;
+  request.language = arguments.text("--language");
   request.strict = arguments.has("--strict");
   const std::string format = arguments.has("--json") ? "json" : arguments.text("--format", "text");
   const auto known = reportFormNamed(format);

@@ -79,7 +79,7 @@ host::Result<std::vector<check::FileReport>> checkAll(const CheckRequest& reques
   if (!plugin) return host::Failure(plugin.error());
   std::vector<check::FileReport> reports;
   for (const std::string& file : request.files) {
-    auto report = check::checkFile(file, *plugin);
+    auto report = check::checkFile(file, *plugin, check::Trial::kLoadAndOutputs, request.language);
     if (!report) return failureOf(report);
     if (file == host::kStandardInput) report->file = "standard input";
     request.selection.apply(report->findings);

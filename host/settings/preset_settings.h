@@ -1,0 +1,34 @@
+// Presets of a description as settings of a session.
+#ifndef HOST_SETTINGS_PRESET_SETTINGS_H_
+#define HOST_SETTINGS_PRESET_SETTINGS_H_
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/base/result.h"
+#include "host/description/additions.h"
+#include "host/session/model.h"
+#include "host/settings/setting.h"
+#include "model/core_feature_set.h"
+
+namespace driver_feature::host {
+
+// The preset of that name. Refused, with the nearest name, when there is none.
+Result<const Preset*> findPreset(const std::vector<Preset>& presets, const std::string& name);
+
+// Sets what the preset sets, as loadSettings() does with a file: all of it, or
+// nothing and a problem for each refused line, with the preset's file and line.
+Result<> applyPreset(CoreFeatureSet& set, const Model& model, const Preset& preset);
+
+// The same in a copy of the process. Returns the values that the features then
+// have.
+Result<std::vector<Setting>> tryPreset(CoreFeatureSet& set, const Model& model,
+                                       const Preset& preset);
+
+// The values of all features that have one, as settings write them.
+std::vector<Setting> currentSettings(const Model& model);
+
+}  // namespace driver_feature::host
+
+#endif  // HOST_SETTINGS_PRESET_SETTINGS_H_
