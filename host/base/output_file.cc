@@ -205,7 +205,24 @@ Result<> writeToFile(const std::string& path, std::string_view bytes) {
   return deliverAll(std::move(deliveries), delay);
 }
 
+namespace {
+
+Result<> makeFolderOf(const std::string& path) {
+  const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+  std::error_code error;
+  std::filesystem::create_directory(folder, error);
+  if (!error || folder.empty()) return {};
+  return Failure(Problem{Problem::Kind::kNotWritten,
+                         "the folder cannot be made: " + error.message(), "", "", folder.string()});
+}
+
+}  // namespace
+
 Result<> writeAllOutputs(const std::vector<OutputText>& outputs) {
+  for (const OutputText& output : outputs) {
+    if (!output.makesFolder) continue;
+    if (Result<> made = makeFolderOf(output.path); !made) return made;
+  }
   SignalDelay delay;
   std::vector<Delivery> deliveries;
   deliveries.reserve(outputs.size());

@@ -29,7 +29,8 @@ Result<> writeToFile(const std::string& path, std::string_view bytes);
 struct OutputText {
   std::string path;  // Empty or "-" for standard output.
   std::string bytes;
-  bool isPrivate = false;  // Whether only its owner may read and write the file.
+  bool isPrivate = false;    // Whether only its owner may read and write the file.
+  bool makesFolder = false;  // Whether to make the file's folder if there is none.
 };
 
 // Writes the outputs as writeToFile() does. No file gets its new content

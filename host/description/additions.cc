@@ -87,15 +87,27 @@ std::vector<Path> filesOf(const Path& folder, const std::string& begin, std::str
   return files;
 }
 
-void readPoFiles(const std::string& description, Additions& additions) {
+struct PoFile {
+  std::string path;
+  std::string language;
+};
+
+std::vector<PoFile> poFilesOf(const std::string& description) {
   const Path stem = besideName(description, ".");
   const Path folder = stem.parent_path();
   const std::string begin = stem.filename().string();
+  std::vector<PoFile> files;
   for (const Path& file : filesOf(folder.empty() ? "." : folder, begin, kPoEnding)) {
     const std::string name = file.filename().string();
-    const std::string language =
-        name.substr(begin.size(), name.size() - begin.size() - kPoEnding.size());
-    PoTexts read = readPoFile((folder / name).string(), language);
+    files.push_back({(folder / name).string(),
+                     name.substr(begin.size(), name.size() - begin.size() - kPoEnding.size())});
+  }
+  return files;
+}
+
+void readPoFiles(const std::string& description, Additions& additions) {
+  for (const PoFile& file : poFilesOf(description)) {
+    PoTexts read = readPoFile(file.path, file.language);
     additions.texts.push_back(std::move(read.texts));
     additions.problems.insert(additions.problems.end(), read.problems.begin(), read.problems.end());
   }
@@ -114,6 +126,25 @@ void readPresetFiles(const std::string& description, Additions& additions) {
 }
 
 }  // namespace
+
+std::vector<std::string> languagesOf(const Document& document) {
+  std::vector<std::string> languages;
+  const auto add = [&languages](const std::string& language) {
+    const bool isNew = std::find(languages.begin(), languages.end(), language) == languages.end();
+    if (isNew && !language.empty()) languages.push_back(language);
+  };
+  if (document.root() != document.description()) {
+    forEachChild(document.root(), [&add](void* child) {
+      if (tagOf(child) != "FeatureTexts") return;
+      AttributeMap attributes;
+      pParserInstance->attributes(child, attributes);
+      add(attributes["Language"]);
+    });
+  }
+  if (document.path() == kStandardInput) return languages;
+  for (const PoFile& file : poFilesOf(document.path())) add(file.language);
+  return languages;
+}
 
 std::string besideName(const std::string& description, const std::string& ending) {
   return Path(description).replace_extension().string() + ending;

@@ -41,6 +41,10 @@ struct Additions {
 // have lines, and also columns while the document has its text.
 Additions readAdditions(const Document& document, unsigned parts = kAllParts);
 
+// The languages that the document's texts and the files beside it are in, each
+// once, without reading the texts.
+std::vector<std::string> languagesOf(const Document& document);
+
 // The path of a file beside a description: "office.rules.xml" of "office.xml" and
 // ".rules.xml".
 std::string besideName(const std::string& description, const std::string& ending);

@@ -36,6 +36,23 @@ float FeatureView::currentFloat() const {
   return value;
 }
 
+std::string FeatureView::displayText() const {
+  std::string text;
+  feature_->getFeatureProperty(std::string("DisplayText"), text);
+  return text;
+}
+
+std::string FeatureView::displayTextOf(const std::string& option) const {
+  std::string text;
+  const int count = kind() == FeatureKind::kMultiSelect ? feature_->fetchNumberOfOptions() : 0;
+  for (int position = 0; position < count; ++position) {
+    if (choiceAt(position).name != option) continue;
+    feature_->fetchOptionByIndex(position)->getOptionProperty(std::string("DisplayText"), text);
+    break;
+  }
+  return text;
+}
+
 bool FeatureView::isAtDefault() const {
   std::string text;
   switch (kind()) {

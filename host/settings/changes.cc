@@ -2,6 +2,7 @@
 
 #include "host/session/routine_calls.h"
 #include "host/settings/command_line_key.h"
+#include "host/settings/preset_settings.h"
 #include "host/settings/setting.h"
 #include "host/settings/settings_file.h"
 
@@ -36,6 +37,22 @@ void setAll(const Model& model, const std::vector<std::string>& settings, Proble
   }
 }
 
+void applyPresets(const Session& session, const std::vector<std::string>& names,
+                  Problems& problems) {
+  if (names.empty()) return;
+  const Additions& additions = session.additions(kPresetsPart);
+  for (const std::string& name : names) {
+    Result<const Preset*> preset = findPreset(additions.presets, name);
+    if (preset) {
+      collect(applyPreset(session.features(), session.model(), **preset), problems);
+      continue;
+    }
+    collect(failureOf(preset, "--preset " + name), problems);
+    // It may be one of those that could not be read.
+    for (const Problem& unread : additions.problems) problems.push_back(unread);
+  }
+}
+
 void addAll(const Session& session, const std::vector<RecordsRequest>& requests,
             Problems& problems) {
   for (const RecordsRequest& request : requests) {
@@ -53,11 +70,16 @@ void addAll(const Session& session, const std::vector<RecordsRequest>& requests,
 Result<> makeChanges(Session& session, const Changes& changes) {
   if (changes.allowControlCharacters) session.allowControlCharacters();
   Problems problems;
+  applyPresets(session, changes.presets, problems);
   for (const std::string& file : changes.files) {
     collect(loadSettings(session.features(), session.model(), file), problems);
   }
   setAll(session.model(), changes.settings, problems);
   addAll(session, changes.records, problems);
+  if (!changes.savePreset.empty()) {
+    Result<> named = checkPresetName(session, changes.savePreset);
+    if (!named) collect(failureOf(named, "--save-preset " + changes.savePreset), problems);
+  }
   collect(successOfRoutines(), problems);
   if (problems.empty()) {
     session.log().release();
@@ -77,10 +99,19 @@ Result<std::unique_ptr<Session>> openChanged(const SessionRequest& request,
 }
 
 std::vector<OutputText> outputsToSave(const Session& session, const Changes& changes) {
-  if (changes.saveFile.empty()) return {};
-  const auto secrets = changes.saveSecrets ? Secrets::kSaved : Secrets::kLeftOut;
-  return {{changes.saveFile, composeSavedSettings(session.features(), session.model(), secrets),
-           changes.saveSecrets}};
+  std::vector<OutputText> outputs;
+  if (!changes.saveFile.empty()) {
+    const auto secrets = changes.saveSecrets ? Secrets::kSaved : Secrets::kLeftOut;
+    outputs.push_back({changes.saveFile,
+                       composeSavedSettings(session.features(), session.model(), secrets),
+                       changes.saveSecrets});
+  }
+  if (!changes.savePreset.empty()) {
+    outputs.push_back({presetFile(session.model().file, changes.savePreset),
+                       composePreset(session.features(), session.model()), /*isPrivate=*/false,
+                       /*makesFolder=*/true});
+  }
+  return outputs;
 }
 
 }  // namespace driver_feature::host

@@ -14,25 +14,27 @@
 namespace driver_feature::host {
 
 struct Changes {
-  std::vector<std::string> settings;    // NAME=VALUE, made in this order; keys stand for names.
-  std::vector<RecordsRequest> records;  // Made after the settings.
-  std::vector<std::string> files = {};  // Settings files, set before all else.
-  std::string saveFile = {};            // Receives the settings afterwards; empty for none.
-  bool allowControlCharacters = false;  // Even if they can end the command.
-  bool saveSecrets = false;             // Save the values of encrypted features, too.
+  std::vector<std::string> settings;      // NAME=VALUE, made in this order; keys stand for names.
+  std::vector<RecordsRequest> records;    // Made after the settings.
+  std::vector<std::string> files = {};    // Settings files, set before these.
+  std::vector<std::string> presets = {};  // Of the description, set before all else.
+  std::string saveFile = {};              // Receives the settings afterwards; empty for none.
+  std::string savePreset = {};            // The name of a preset to make of them; empty for none.
+  bool allowControlCharacters = false;    // Even if they can end the command.
+  bool saveSecrets = false;               // Save the values of encrypted features, too.
 };
 
 // Makes the changes and releases the log lines that they and the load have
 // caused. If any change is refused, the log lines are dropped and the others have
-// been made; there is a problem for each refused one: for a line of a settings
-// file, for a setting, and for a member of a record. A routine that has thrown
-// is a problem, too.
+// been made; there is a problem for each refused one: for a line of a preset or a
+// settings file, for a setting, for a member of a record, and for a preset that
+// cannot be saved under its name. A routine that has thrown is a problem, too.
 Result<> makeChanges(Session& session, const Changes& changes);
 
 // Opens the session and makes the changes.
 Result<std::unique_ptr<Session>> openChanged(const SessionRequest& request, const Changes& changes);
 
-// The settings file that the changes ask for; empty when they ask for none.
+// The settings file and the preset that the changes ask for.
 std::vector<OutputText> outputsToSave(const Session& session, const Changes& changes);
 
 }  // namespace driver_feature::host

@@ -29,6 +29,31 @@ Result<const Preset*> findPreset(const std::vector<Preset>& presets, const std::
                                   : "; give one of " + listed(namesOf(presets))));
 }
 
+std::string presetFile(const std::string& description, const std::string& name) {
+  return besideName(description, ".presets/") + name + ".settings";
+}
+
+Result<> checkPresetName(const Session& session, const std::string& name) {
+  const std::string& description = session.model().file;
+  if (description == kStandardInput) {
+    return refused(
+        "a preset is written beside the description, and this one is standard input; give a file");
+  }
+  const bool isPlain = printable(name) == name && name.find('/') == std::string::npos &&
+                       name.find('\\') == std::string::npos && !name.starts_with('.');
+  if (!isPlain || name.empty()) {
+    return refused(inQuotes(name) +
+                   " cannot be a file's name; leave out slashes and control characters, and do "
+                   "not begin with a dot");
+  }
+  for (const Preset& preset : session.additions(kPresetsPart).presets) {
+    if (preset.name != name || preset.place.file != description) continue;
+    return refused("the description has a preset of this name in line " +
+                   std::to_string(preset.place.position.line) + "; give another name");
+  }
+  return {};
+}
+
 Result<> applyPreset(CoreFeatureSet& set, const Model& model, const Preset& preset) {
   Result<> applied = loadSettingsText(set, model, preset.settings);
   if (applied) return applied;

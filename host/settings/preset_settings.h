@@ -8,7 +8,7 @@
 
 #include "host/base/result.h"
 #include "host/description/additions.h"
-#include "host/session/model.h"
+#include "host/session/session.h"
 #include "host/settings/setting.h"
 #include "model/core_feature_set.h"
 
@@ -16,6 +16,14 @@ namespace driver_feature::host {
 
 // The preset of that name. Refused, with the nearest name, when there is none.
 Result<const Preset*> findPreset(const std::vector<Preset>& presets, const std::string& name);
+
+// The file beside a description that holds the preset of that name.
+std::string presetFile(const std::string& description, const std::string& name);
+
+// Whether a preset can be saved under this name. Refused are names that are not
+// file names, those of presets in the description itself, and any for a
+// description of standard input.
+Result<> checkPresetName(const Session& session, const std::string& name);
 
 // Sets what the preset sets, as loadSettings() does with a file: all of it, or
 // nothing and a problem for each refused line, with the preset's file and line.

@@ -20,6 +20,9 @@ constexpr const char* kHeading =
     "# NAME=VALUE sets a feature. \"[GROUP]\" begins a record of a dynamic group.\n"
     "# In values: \\\\ backslash, \\s blank at an end, \\t tab, \\n line end, \\xNN byte.\n";
 
+constexpr const char* kPresetHeading =
+    "# A preset of driver-feature: what differs from the default values.\n";
+
 // Whether a dynamic group's template holds the feature, at any depth.
 bool isInTemplate(const Model& model, const std::string& feature) {
   const std::vector<std::string> around = model.index.groupsAround(feature);
@@ -31,8 +34,13 @@ bool isInTemplate(const Model& model, const std::string& feature) {
   });
 }
 
-std::string notSaved(const std::string& what) {
-  return "# " + what + " not saved, being marked Encrypted; --save-secrets saves it.\n";
+// What people may save, and how much of it.
+enum class Extent { kAll, kChanged };
+
+std::string notSaved(const std::string& what, Extent extent) {
+  // A preset is for everybody: nothing saves it there.
+  const char* remedy = extent == Extent::kAll ? "; --save-secrets saves it" : "";
+  return "# " + what + " not saved, being marked Encrypted" + remedy + ".\n";
 }
 
 // The first member of the group that is marked "Encrypted"; empty without one.
@@ -114,6 +122,34 @@ Problems findOrder(CoreFeatureSet& set, const Model& model, SettingsText& text) 
   return refusals.empty() ? refusals : first;
 }
 
+std::string featureLines(const Model& model, bool hides, Extent extent) {
+  std::string text;
+  for (const auto& [name, feature] : model.features) {
+    const auto value = settingText(feature);
+    const bool isLeftOut =
+        feature.isAtDefault() && (!feature.isVisible() || extent == Extent::kChanged);
+    if (!value || isLeftOut || isInTemplate(model, name)) continue;
+    text += hides && feature.isEncrypted() ? notSaved(printable(name) + " is", extent)
+                                           : settingLine({name, *value});
+  }
+  return text;
+}
+
+std::string savedLines(CoreFeatureSet& set, const Model& model, Secrets secrets, Extent extent) {
+  const bool hides = secrets == Secrets::kLeftOut;
+  std::string text = featureLines(model, hides, extent);
+  for (const GroupEntry& group : model.index.groups()) {
+    if (group.kind != GroupKind::kDynamic) continue;
+    const std::string lines = recordLines(set, model, group.name);
+    const bool isNone = lines == "\n" + noRecordsLine(group.name);
+    if (isNone && extent == Extent::kChanged) continue;
+    const bool isSecret = hides && !isNone && !secretMember(set, model, group.name).empty();
+    text += isSecret ? "\n" + notSaved("The records of " + printable(group.name) + " are", extent)
+                     : lines;
+  }
+  return text;
+}
+
 }  // namespace
 
 std::string composeSettings(CoreFeatureSet& set, const Model& model) {
@@ -128,23 +164,11 @@ std::string composeSettings(CoreFeatureSet& set, const Model& model) {
 }
 
 std::string composeSavedSettings(CoreFeatureSet& set, const Model& model, Secrets secrets) {
-  const bool hides = secrets == Secrets::kLeftOut;
-  std::string text = kHeading;
-  for (const auto& [name, feature] : model.features) {
-    const auto value = settingText(feature);
-    const bool isConstant = !feature.isVisible() && feature.isAtDefault();
-    if (!value || isConstant || isInTemplate(model, name)) continue;
-    text += hides && feature.isEncrypted() ? notSaved(printable(name) + " is")
-                                           : settingLine({name, *value});
-  }
-  for (const GroupEntry& group : model.index.groups()) {
-    if (group.kind != GroupKind::kDynamic) continue;
-    const std::string lines = recordLines(set, model, group.name);
-    const bool isSecret = hides && lines != "\n" + noRecordsLine(group.name) &&
-                          !secretMember(set, model, group.name).empty();
-    text += isSecret ? "\n" + notSaved("The records of " + printable(group.name) + " are") : lines;
-  }
-  return text;
+  return kHeading + savedLines(set, model, secrets, Extent::kAll);
+}
+
+std::string composePreset(CoreFeatureSet& set, const Model& model) {
+  return kPresetHeading + savedLines(set, model, Secrets::kLeftOut, Extent::kChanged);
 }
 
 Result<> loadSettings(CoreFeatureSet& set, const Model& model, const std::string& file) {

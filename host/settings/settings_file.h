@@ -24,6 +24,10 @@ std::string composeSettings(CoreFeatureSet& set, const Model& model);
 enum class Secrets { kSaved, kLeftOut };
 std::string composeSavedSettings(CoreFeatureSet& set, const Model& model, Secrets secrets);
 
+// The text of a preset: what differs from the default values. Values of features
+// that are marked "Encrypted" are left out.
+std::string composePreset(CoreFeatureSet& set, const Model& model);
+
 // Sets the values of a settings file, and makes its records the only ones of
 // the groups that it names. The lines are checked as settings of the command
 // line are, but a value that the feature has already is never refused, and a

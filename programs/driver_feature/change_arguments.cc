@@ -10,6 +10,8 @@ host::Changes changesOf(const Arguments& arguments) {
   for (std::size_t i = 0; i + 1 < records.size(); i += 2) {
     changes.records.push_back({records[i], records[i + 1]});
   }
+  changes.presets = arguments.texts("--preset");
+  changes.savePreset = arguments.text("--save-preset");
   changes.saveFile = arguments.text("--save");
   changes.saveSecrets = arguments.has("--save-secrets");
   changes.allowControlCharacters = arguments.has("--allow-control-characters");

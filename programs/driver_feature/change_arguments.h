@@ -20,6 +20,10 @@ inline constexpr ArgumentRow kShowSecretsRow = {
     "Show values of features marked Encrypted, which otherwise are shown as ****"};
 
 inline constexpr std::array kChangeRows = {
+    ArgumentRow{"--preset", "PRESET",
+                "Set what a preset of the description sets, before all other settings; may be "
+                "repeated",
+                kRepeats},
     ArgumentRow{"--settings", "FILE", "Load a settings file before any -o is set; may be repeated",
                 kRepeats},
     ArgumentRow{"-o,--option", "NAME=VALUE", "Set a feature; may be repeated", kRepeats},
@@ -27,6 +31,9 @@ inline constexpr std::array kChangeRows = {
                 "Add the records of a JSON file to a dynamic group; may be repeated", kRepeats},
     ArgumentRow{"--save", "FILE",
                 "Write the values and records after the changes to a settings file"},
+    ArgumentRow{"--save-preset", "PRESET",
+                "Write what differs from the default values to a preset, a file beside the "
+                "description"},
     ArgumentRow{"--save-secrets", "",
                 "With --save: write the values of features marked Encrypted, too, into a file that "
                 "only its owner can read"},

@@ -30,13 +30,15 @@ namespace {
 constexpr const char* kFooter =
     "Shows how the values, the records and the three outputs differ. Control\n"
     "characters are shown as \\r, \\t or \\xNN, and a backslash as \\\\. An empty\n"
-    "file, such as /dev/null, means the defaults. Values of features marked Encrypted\n"
-    "are shown as ****, with numbers when they differ. A routine that writes such a\n"
-    "value in a form of its own shows it.\n"
+    "file, such as /dev/null, means the defaults; preset:NAME means a preset of the\n"
+    "description. Values of features marked Encrypted are shown as ****, with\n"
+    "numbers when they differ. A routine that writes such a value in a form of its\n"
+    "own shows it.\n"
     "\n"
     "Examples:\n"
     "  driver-feature diff office.xml draft.conf final.conf\n"
     "  driver-feature diff office.xml /dev/null final.conf --json\n"
+    "  driver-feature diff office.xml preset:draft final.conf\n"
     "\n"
     "Exit status: 0 no difference, 1 a difference, 2 the two could not be compared.";
 
@@ -78,7 +80,12 @@ Texts take(const host::SessionRequest& request, const std::string& file,
            bool allowControlCharacters) {
   const host::StandardOutputDiversion diversion;
   host::Changes changes;
-  changes.files = {file};
+  constexpr std::string_view kPreset = "preset:";
+  if (file.starts_with(kPreset)) {
+    changes.presets = {file.substr(kPreset.size())};
+  } else {
+    changes.files = {file};
+  }
   changes.allowControlCharacters = allowControlCharacters;
   const auto session = openChanged(request, changes);
   if (!session) {

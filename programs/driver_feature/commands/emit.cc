@@ -26,6 +26,7 @@ constexpr const char* kFooter =
     "  driver-feature emit office.xml --to ps -o PageSize=A4 -o Copies=2\n"
     "  driver-feature emit office.xml --to pjl --output job.pjl\n"
     "  driver-feature emit office.xml --to ps=job.ps --to pjl=job.pjl --settings my.conf\n"
+    "  driver-feature emit office.xml --to ps --preset draft -o Copies=2\n"
     "  driver-feature emit office.xml --to ticket --inst-opt\n"
     "\n"
     "Exit status: 0 success, 1 the description could not be loaded or the output\n"

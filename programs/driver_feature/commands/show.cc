@@ -6,6 +6,9 @@
 
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
+#include "host/base/text.h"
+#include "programs/common/console.h"
+#include "programs/driver_feature/show/people_texts.h"
 #include "programs/driver_feature/show/show_details.h"
 #include "programs/driver_feature/work.h"
 
@@ -17,9 +20,15 @@ constexpr const char* kFooter =
     "With NAME, one feature or group is shown in full: every property, the limits,\n"
     "the options with their commands, the routines, and the groups around it.\n"
     "\n"
+    "What people see is the text of the language, or of its first part (de of de-AT),\n"
+    "then that of the first language of the description, then DisplayText, then the\n"
+    "name. Values are set by names.\n"
+    "\n"
     "Examples:\n"
     "  driver-feature show office.xml\n"
     "  driver-feature show office.xml PageSize\n"
+    "  driver-feature show office.xml --language de\n"
+    "  driver-feature show office.xml --presets\n"
     "  driver-feature show office.xml --json | jq '.features[].name'\n"
     "  driver-feature show office.xml --records PageExceptions page_exceptions.json\n"
     "  driver-feature show office.xml -o Copies=2 --save two-copies.conf\n"
@@ -31,10 +40,39 @@ constexpr std::array kRows = {
     kDescriptionRow,
     ArgumentRow{"NAME", "TEXT", "One feature or group to show in full"},
     ArgumentRow{"--json", "", "Print a JSON document"},
+    ArgumentRow{"--language", "LANGUAGE",
+                "Show what people see in this language, such as de, beside the names"},
+    ArgumentRow{"--presets", "", "Show the presets of the description"},
 };
+
+// With what the description has beside its features. What of it cannot be read is
+// reported, and the rest is shown.
+std::string composeWithTexts(const Arguments& arguments, const host::Session& session,
+                             std::size_t width) {
+  const PeopleTexts texts(session, arguments.text("--language"));
+  const bool json = arguments.has("--json");
+  std::string text;
+  if (arguments.has("--presets")) {
+    text = json ? presetsJson(session, texts) : presetsText(session, texts, width);
+  } else {
+    const host::Model& model = session.model();
+    text = json ? showJson(model, session.features(), &texts)
+                : showTable(model, session.features(), width, &texts);
+  }
+  for (const host::Problem& problem : session.additions(host::kTextsPart).problems) {
+    printProblem(problem);
+  }
+  return text;
+}
 
 host::Result<std::string> compose(const Arguments& arguments, const host::Session& session,
                                   std::size_t width) {
+  const bool hasTexts = arguments.has("--language") || arguments.has("--presets");
+  if (hasTexts && arguments.has("NAME")) {
+    return host::refused("--language and --presets are for the whole description; leave out " +
+                         host::inQuotes(arguments.text("NAME")));
+  }
+  if (hasTexts) return composeWithTexts(arguments, session, width);
   const host::Model& model = session.model();
   CoreFeatureSet& set = session.features();
   const std::string name = arguments.text("NAME");

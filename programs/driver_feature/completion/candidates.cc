@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 
+#include "host/description/additions.h"
 #include "host/description/element.h"
 #include "host/session/output_form.h"
 #include "programs/driver_feature/completion/place.h"
@@ -153,6 +154,24 @@ void addSettings(Composer& composer) {
   });
 }
 
+// Of the description and of files beside it.
+void addPresets(Composer& composer) {
+  if (composer.place().description == host::kStandardInput) return;
+  const host::Result<host::Document> document = host::Document::read(composer.place().description);
+  if (!document) return;
+  for (const host::Preset& preset : readAdditions(*document, host::kPresetsPart).presets) {
+    composer.add(preset.name, preset.text);
+  }
+}
+
+// The languages of the description's texts; their files are not read.
+void addLanguages(Composer& composer) {
+  if (composer.place().description == host::kStandardInput) return;
+  const host::Result<host::Document> document = host::Document::read(composer.place().description);
+  if (!document) return;
+  for (const std::string& language : host::languagesOf(*document)) composer.add(language);
+}
+
 void addNames(Composer& composer) {
   forEachNamed(composer, host::Role::kFeature, [&](const host::Element& feature) {
     composer.add(feature.name(), feature.text("FeatureType"));
@@ -185,7 +204,8 @@ const std::map<std::string, AddKind>& kinds() {
       {"FILE", &addFileNames},    {"PATH", &addFileNames},      {"LIB.so", &addFileNames},
       {"FORM[=FILE]", &addForms}, {"NAME=VALUE", &addSettings}, {"GROUP", &addDynamicGroups},
       {"TEXT", &addNothing},      {"CODE", &addNothing},        {"DIR", &addFileNames},
-      {"FORMAT", &addFormats},    {"WHEN", &addTimes},          {"CODE,...", &addNothing}};
+      {"FORMAT", &addFormats},    {"WHEN", &addTimes},          {"CODE,...", &addNothing},
+      {"PRESET", &addPresets},    {"LANGUAGE", &addLanguages}};
   return kKinds;
 }
 

@@ -31,7 +31,7 @@ using Texts = std::vector<std::string>;
 class CandidatesTest : public testing::Test {
  protected:
   CandidatesTest() : file_(testing::TempDir() + "candidates." + std::to_string(getpid()) + ".xml") {
-    std::ofstream(file_) << R"(<FeatureDescription>
+    std::ofstream(file_) << R"(<Driver><FeatureDescription>
   <Feature FeatureType="MultiSelect" Name="Tray"><Option Name="Top"/><Option Name="Bottom"/><Other Name="None"/></Feature>
   <Feature FeatureType="IntEntry" Name="Total"/>
   <Feature FeatureType="UIOnly" Name="Title"/>
@@ -40,7 +40,10 @@ class CandidatesTest : public testing::Test {
     <Feature FeatureType="FloatEntry" Name="TiltIn"/>
   </FeatureStaticGroup>
   <FeatureDynamicGroup Name="Jobs"><FeatureStaticGroup Name="JobTemplate"/></FeatureDynamicGroup>
-</FeatureDescription>)";
+</FeatureDescription>
+<FeaturePresets><Preset Name="draft" Text="Draft"/><Preset Name="final"/></FeaturePresets>
+<FeatureTexts Language="de"/><FeatureTexts Language="fr"/><FeatureTexts Language="de"/>
+</Driver>)";
   }
   ~CandidatesTest() override { std::remove(file_.c_str()); }
 
@@ -91,6 +94,15 @@ TEST_F(CandidatesTest, Complete_Records_TakeADynamicGroupAndAFile) {
   EXPECT_EQ(textsFor({"show", file_, "--records", ""}), Texts{"Jobs"});
   EXPECT_FALSE(completeLine({"show", file_, "--records", ""}).files);
   EXPECT_TRUE(completeLine({"show", file_, "--records", "Jobs", ""}).files);
+}
+
+TEST_F(CandidatesTest, Complete_PresetsAndLanguages_AreThoseOfTheDescription) {
+  EXPECT_EQ(textsFor({"emit", file_, "--preset", ""}), (Texts{"draft", "final"}));
+  EXPECT_EQ(completeLine({"emit", file_, "--preset", "d"}).candidates.front().meaning, "Draft");
+  EXPECT_EQ(textsFor({"check", file_, "--language", ""}), (Texts{"de", "fr"}));
+  EXPECT_EQ(textsFor({"emit", "-", "--preset", ""}), Texts{});
+  EXPECT_EQ(textsFor({"emit", "missing.xml", "--preset", ""}), Texts{});
+  EXPECT_EQ(textsFor({"check", "missing.xml", "--language", ""}), Texts{});
 }
 
 TEST_F(CandidatesTest, Complete_DescriptionThatCannotBeRead_OffersNothing) {

@@ -42,6 +42,10 @@ constexpr const char* kSaveDetails =
 constexpr const char* kLoadDetails =
     "The values are checked as \"set\" checks them. If one is refused, nothing changes.\n";
 
+constexpr const char* kPresetDetails =
+    "The values are checked as \"set\" checks them. If one is refused, nothing changes.\n"
+    "Features that the preset does not name keep their values.\n";
+
 constexpr const char* kRestoreDetails =
     "Copies the original values of the named features, or of all, back into their\n"
     "current values. Before the first save they are 0 and empty.\n";
@@ -89,6 +93,9 @@ constexpr ShellCommand kCommands[] = {
      &proposeFile},
     {"load", "FILE", "Loads values and records from a settings file", kLoadDetails, 1, 1, &runLoad,
      &proposeFile},
+    {"preset", "NAME", "Sets what a preset of the description sets", kPresetDetails, 1, 1,
+     &runPreset, &proposePreset},
+    {"presets", "", "Shows the presets of the description", "", 0, 0, &runPresets, nullptr},
     {"defaults", "", "Sets every feature to its default value", "", 0, 0, &runDefaults, nullptr},
     {"records", "GROUP [ACTION ...]", "Lists or changes the records of a dynamic group",
      kRecordsDetails, 1, kAnyNumber, &runRecords, &proposeRecords},

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "programs/driver_feature/show/limits_view.h"
+#include "programs/driver_feature/show/people_texts.h"
 #include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/show/show_groups.h"
 #include "programs/driver_feature/table.h"
@@ -23,15 +24,26 @@ std::string availabilityText(bool available, bool visible) {
   return visible ? text : text + ", hidden";
 }
 
-std::string choiceText(const host::Choice& choice) {
-  if (!choice.available) return choice.name + " (" + availabilityText(false, choice.visible) + ")";
-  return choice.visible ? choice.name : choice.name + " (hidden)";
+std::string choiceText(const host::Choice& choice, const std::string& name) {
+  if (!choice.available) return name + " (" + availabilityText(false, choice.visible) + ")";
+  return choice.visible ? name : name + " (hidden)";
 }
 
-std::vector<std::string> choicesAndLimits(const host::FeatureView& feature,
-                                          const host::FeatureLimits& limits) {
+// "LongEdge: on the long edge".
+std::string choiceName(const std::string& feature, const host::Choice& choice,
+                       const PeopleTexts* texts) {
+  if (texts == nullptr) return choice.name;
+  const std::string text = texts->ofOption(feature, choice.name);
+  return text == choice.name ? choice.name : choice.name + ": " + text;
+}
+
+std::vector<std::string> choicesAndLimits(const std::string& name, const host::FeatureView& feature,
+                                          const host::FeatureLimits& limits,
+                                          const PeopleTexts* texts) {
   std::vector<std::string> parts;
-  for (const host::Choice& choice : feature.choices()) parts.push_back(choiceText(choice));
+  for (const host::Choice& choice : feature.choices()) {
+    parts.push_back(choiceText(choice, choiceName(name, choice, texts)));
+  }
   for (const std::string& text : limitTexts(limits)) parts.push_back(text);
   if (feature.isEncrypted()) parts.emplace_back("encrypted");
   return parts;
@@ -55,11 +67,15 @@ Json valueJson(const host::FeatureView& feature) {
   }
 }
 
-Json choicesJson(const std::vector<host::Choice>& choices) {
+Json choicesJson(const std::string& feature, const std::vector<host::Choice>& choices,
+                 const PeopleTexts* texts) {
   Json list = Json::array();
   for (const host::Choice& choice : choices) {
-    list.push_back(
-        {{"name", choice.name}, {"available", choice.available}, {"visible", choice.visible}});
+    Json json = {{"name", choice.name}};
+    if (texts != nullptr) json["text"] = texts->ofOption(feature, choice.name);
+    json["available"] = choice.available;
+    json["visible"] = choice.visible;
+    list.push_back(std::move(json));
   }
   return list;
 }
@@ -82,29 +98,38 @@ std::string valueText(const host::FeatureView& feature) {
   }
 }
 
-std::string showTable(const host::Model& model, CoreFeatureSet& set, std::size_t width) {
+std::string showTable(const host::Model& model, CoreFeatureSet& set, std::size_t width,
+                      const PeopleTexts* texts) {
   std::vector<TableRow> rows = {
       {{"NAME", "TYPE", "VALUE", "AVAILABILITY"}, {"CHOICES AND LIMITS"}}};
   for (const auto& [name, feature] : model.features) {
     rows.push_back({{name, feature.typeName(), valueText(feature),
                      availabilityText(feature.isAvailable(), feature.isVisible())},
-                    choicesAndLimits(feature, model.index.limitsOf(name))});
+                    choicesAndLimits(name, feature, model.index.limitsOf(name), texts)});
+  }
+  if (texts != nullptr) {
+    for (TableRow& row : rows) {
+      const bool isHeading = &row == rows.data();
+      const std::string text = isHeading ? "TEXT" : texts->ofFeature(row.cells.front());
+      row.cells.insert(row.cells.begin() + 1, text);
+    }
   }
   return layOut(rows, width) + showGroups(model, set, width);
 }
 
-std::string showJson(const host::Model& model, CoreFeatureSet& set) {
+std::string showJson(const host::Model& model, CoreFeatureSet& set, const PeopleTexts* texts) {
   Json features = Json::array();
   for (const auto& [name, feature] : model.features) {
     const host::FeatureLimits& limits = model.index.limitsOf(name);
-    Json json = {{"name", name},
-                 {"type", feature.typeName()},
+    Json json = {{"name", name}};
+    if (texts != nullptr) json["text"] = texts->ofFeature(name);
+    json.update({{"type", feature.typeName()},
                  {"value", valueJson(feature)},
                  {"available", feature.isAvailable()},
                  {"visible", feature.isVisible()},
                  {"encrypted", feature.isEncrypted()},
-                 {"line", limits.line}};
-    const Json choices = choicesJson(feature.choices());
+                 {"line", limits.line}});
+    const Json choices = choicesJson(name, feature.choices(), texts);
     if (!choices.empty()) json["choices"] = choices;
     const Json limitsFound = limitsJson(limits);
     if (!limitsFound.empty()) json["limits"] = limitsFound;

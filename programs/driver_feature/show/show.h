@@ -9,14 +9,19 @@
 
 namespace driver_feature::cli {
 
+class PeopleTexts;
+
 // A table with a heading and one row per feature, in the order of the names,
 // followed by the groups and the records of the set. `width` is the number of
 // columns of the terminal, 0 when the table goes somewhere else: then nothing
-// is wrapped or cut.
-std::string showTable(const host::Model& model, CoreFeatureSet& set, std::size_t width);
+// is wrapped or cut. With `texts`, there is a column of what people see, and each
+// choice has it after its name.
+std::string showTable(const host::Model& model, CoreFeatureSet& set, std::size_t width,
+                      const PeopleTexts* texts = nullptr);
 
 // The same as an indented JSON document with a line end.
-std::string showJson(const host::Model& model, CoreFeatureSet& set);
+std::string showJson(const host::Model& model, CoreFeatureSet& set,
+                     const PeopleTexts* texts = nullptr);
 
 // A feature's current value as the table shows it; "-" when it has none.
 std::string valueText(const host::FeatureView& feature);
