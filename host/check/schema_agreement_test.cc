@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "host/check/rules.h"
+#include "host/description/additions.h"
 #include "host/description/document.h"
 #include "host/description/element.h"
 
@@ -230,10 +231,26 @@ class SchemaAgreement : public testing::Test {
     return codes;
   }
 
+  // The first fault that the reading of additions finds.
+  static std::string faultOf(const std::string& xml) {
+    const auto document = host::Document::ofText("test.xml", xml);
+    if (!document) return "unreadable";
+    const host::Additions additions = readAdditions(*document);
+    return additions.problems.empty() ? "" : describe(additions.problems.front());
+  }
+
+  void compareAdditions(const Node& root) {
+    const std::string xml = write(root);
+    compare(xml, faultOf(xml));
+  }
+
   void compare(const Node& description) {
     const std::string xml = write(description);
+    compare(xml, refusalOf(xml));
+  }
+
+  void compare(const std::string& xml, const std::string& refusal) {
     const bool accepts = schemaAccepts(xml);
-    const std::string refusal = refusalOf(xml);
     ++(accepts ? accepted_ : refused_);
     EXPECT_EQ(accepts, refusal.empty()) << refusal << "\n" << xml;
   }
@@ -244,6 +261,76 @@ class SchemaAgreement : public testing::Test {
   long accepted_ = 0;
   long refused_ = 0;
 };
+
+// Everything that a description can have beside its features.
+Node additions() {
+  const Node is = {"Is", {{"Choice", "x"}}, {}, ""};
+  const Node isNot = {"IsNot", {{"Choice", "x"}}, {}, ""};
+  const Node rule = {"Never",
+                     {{"Id", "a"}, {"Text", "t"}},
+                     {{"When", {{"Feature", "f"}, {"Is", "x"}}, {}, ""},
+                      {"When", {{"Feature", "f"}, {"Below", "1"}}, {}, ""},
+                      {"When", {{"Feature", "f"}}, {is, is}, ""},
+                      {"When", {{"Feature", "f"}}, {isNot}, ""}},
+                     ""};
+  const Node size = {
+      "Size", {{"Option", "x"}, {"Width", "1"}, {"Height", "1"}, {"LeftMargin", "0"}}, {}, ""};
+  return {"Driver",
+          {},
+          {{"FeatureDescription", {}, {}, ""},
+           {"FeatureRules", {}, {{"Hardware", {{"Feature", "f"}}, {}, ""}, rule}, ""},
+           {"FeatureTexts", {{"Language", "de"}}, {{"Text", {{"For", "f"}}, {}, "t"}}, ""},
+           {"FeaturePresets", {}, {{"Preset", {{"Name", "p"}}, {}, "A=1"}}, ""},
+           {"FeatureMedia", {{"Feature", "f"}}, {size}, ""}},
+          ""};
+}
+
+const std::vector<std::string> kAdditionAttributes = {
+    "Feature",    "Id",       "Text",   "Is",        "IsNot",   "Above",
+    "Below",      "Choice",   "For",    "Name",      "Width",   "Height",
+    "LeftMargin", "Language", "Option", "TopMargin", "Unknown", "xml:lang"};
+
+// Those whose values the schema judges.
+const std::set<std::string> kLengths = {"Above", "Below", "Width", "Height", "LeftMargin",
+                                        "TopMargin"};
+
+void changeAddition(Node& root, Node& node, const std::vector<Node>& all, const Judge& judge) {
+  const Node before = node;
+  for (const std::string& name : kAdditionAttributes) {
+    setAttribute(node, name, nullptr);
+    judge(root);
+    for (const std::string& value : kLengths.contains(name) ? kValues : kFewValues) {
+      setAttribute(node, name, &value);
+      judge(root);
+    }
+    node = before;
+  }
+  for (const Node& other : all) {
+    node.tag = other.tag;
+    judge(root);
+  }
+  node = before;
+  changeChildren(root, node, all, judge);
+}
+
+TEST_F(SchemaAgreement, Additions_EveryOneChange_IsJudgedAlike) {
+  ASSERT_NE(schema_, nullptr);
+  Node root = additions();
+  const Judge judge = [this](const Node& changed) { compareAdditions(changed); };
+  judge(root);
+  EXPECT_EQ(accepted_, 1);
+  std::vector<Node> all;
+  for (Node& part : root.children) {
+    if (part.tag == "FeatureDescription") continue;
+    forEachNode(part, [&all](Node& node) { all.push_back(node); });
+  }
+  for (Node& part : root.children) {
+    if (part.tag == "FeatureDescription") continue;
+    forEachNode(part, [&](Node& node) { changeAddition(root, node, all, judge); });
+  }
+  EXPECT_GE(accepted_, 300);
+  EXPECT_GE(refused_, 2000);
+}
 
 TEST_F(SchemaAgreement, Structure_EveryOneChange_IsJudgedAlike) {
   ASSERT_NE(schema_, nullptr);

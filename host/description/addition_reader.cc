@@ -95,10 +95,15 @@ bool AdditionReader::has(const char* attribute) const {
   return !text(attribute).empty();
 }
 
+bool AdditionReader::isGiven(const char* attribute) const {
+  std::string value;
+  return attributes_.loadMapVariable(attribute, value, nullptr);
+}
+
 std::optional<double> AdditionReader::number(void* element, const char* attribute) {
   const std::string value = text(attribute);
   const auto number = numberOf(value);
-  if (!number && !value.empty()) {
+  if (!number && isGiven(attribute)) {
     additions_.problems.push_back(
         {Problem::Kind::kMalformed,
          std::string(attribute) + " is " + inQuotes(value) + ", which is not a number",
@@ -173,10 +178,16 @@ bool AdditionReader::readCondition(void* element, Condition& condition) {
   int forms = pParserInstance->firstChild(element) != nullptr ? 1 : 0;
   bool isNumber = false;
   for (const Form& form : kForms) {
-    if (!has(form.name)) continue;
+    if (!isGiven(form.name)) continue;
     ++forms;
     condition.kind = form.kind;
     isNumber = form.kind == Condition::Kind::kAbove || form.kind == Condition::Kind::kBelow;
+    if (!isNumber && !has(form.name)) {
+      refuse(element, kMissingAttributeCause,
+             "the condition on " + inQuotes(condition.feature) + " has an empty " + form.name,
+             "give the name of an option");
+      return false;
+    }
     if (!isNumber) {
       condition.choices = {text(form.name)};
       condition.choicePositions = {places_.of(element, form.name)};
@@ -299,7 +310,7 @@ void AdditionReader::readSize(void* element) {
   for (const Row& row : kRows) {
     const auto value = number(element, row.attribute);
     if (value) size.*row.member = *value;
-    isComplete = isComplete && (value || !has(row.attribute));
+    isComplete = isComplete && (value || !isGiven(row.attribute));
   }
   if (isComplete) additions_.media.sizes.push_back(std::move(size));
 }

@@ -48,7 +48,8 @@ class AdditionReader {
   // problem, and so is each of `required` that is missing or empty; false then.
   bool readAttributes(void* element, Names known, Names required);
   std::string text(const char* attribute) const;
-  bool has(const char* attribute) const;
+  bool has(const char* attribute) const;      // With a value that is not empty.
+  bool isGiven(const char* attribute) const;  // With any value.
   // Nothing without the attribute; a problem for what is not a number.
   std::optional<double> number(void* element, const char* attribute);
 

@@ -36,12 +36,6 @@ float FeatureView::currentFloat() const {
   return value;
 }
 
-std::string FeatureView::displayText() const {
-  std::string text;
-  feature_->getFeatureProperty(std::string("DisplayText"), text);
-  return text;
-}
-
 std::string FeatureView::displayTextOf(const std::string& option) const {
   std::string text;
   const int count = kind() == FeatureKind::kMultiSelect ? feature_->fetchNumberOfOptions() : 0;

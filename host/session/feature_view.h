@@ -36,9 +36,7 @@ class FeatureView {
   bool isVisible() const { return flag("Visibility"); }
   bool isEncrypted() const { return flag("Encrypted"); }
 
-  // The feature's text for people, in the description's own language; may be empty.
-  std::string displayText() const;
-  // The same of an option; empty, too, without an option of that name.
+  // The "DisplayText" of an option, which only routines set; empty without one.
   std::string displayTextOf(const std::string& option) const;
 
   // Whether the current value is the default one; true without a value.

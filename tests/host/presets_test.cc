@@ -11,8 +11,8 @@ constexpr const char* kDescription =
     "<FeatureDescription>\n"
     "<Feature FeatureType='MultiSelect' Name='Duplex' DefaultValue='None'\n"
     " PSCommand='%s duplex&#10;'><Option Name='None' PSCommand='no'/>\n"
-    "<Option Name='Long' DisplayText='Long edge' PSCommand='long'/></Feature>\n"
-    "<Feature FeatureType='IntEntry' Name='Copies' DisplayText='Number of copies'\n"
+    "<Option Name='Long' PSCommand='long'/></Feature>\n"
+    "<Feature FeatureType='IntEntry' Name='Copies'\n"
     " IntMinValue='1' IntMaxValue='99' DefaultValue='1' PSCommand='%d copies&#10;'/>\n"
     "<Feature FeatureType='TextEntry' Name='Pin' Encrypted='true' DefaultValue='0'/>\n"
     "</FeatureDescription>\n"
@@ -123,18 +123,16 @@ TEST_F(PresetsTest, Show_Presets_ListsThem) {
 }
 
 TEST_F(PresetsTest, Show_Language_HasTextsBesideNames) {
-  EXPECT_EQ(
-      run({"show", "d.xml", "--language", "de"}),
-      success("NAME    TEXT              TYPE         VALUE  AVAILABILITY  CHOICES AND LIMITS\n"
-              "Copies  Number of copies  IntEntry     1      available     from 1 to 99\n"
-              "Duplex  Beidseitig        MultiSelect  None   available     None: Aus, Long: "
-              "Long edge\n"
-              "Pin     Pin               TextEntry    ****   available     encrypted\n"));
+  EXPECT_EQ(run({"show", "d.xml", "--language", "de"}),
+            success("NAME    TEXT        TYPE         VALUE  AVAILABILITY  CHOICES AND LIMITS\n"
+                    "Copies  Copies      IntEntry     1      available     from 1 to 99\n"
+                    "Duplex  Beidseitig  MultiSelect  None   available     None: Aus, Long\n"
+                    "Pin     Pin         TextEntry    ****   available     encrypted\n"));
   const std::string json = run({"show", "d.xml", "--language", "fr", "--json"}).output;
   EXPECT_NE(json.find("      \"name\": \"Duplex\",\n      \"text\": \"Two sides\",\n"),
             std::string::npos)
       << json;
-  EXPECT_NE(json.find("          \"name\": \"Long\",\n          \"text\": \"Long edge\",\n"),
+  EXPECT_NE(json.find("          \"name\": \"Long\",\n          \"text\": \"Long\",\n"),
             std::string::npos)
       << json;
 }

@@ -35,12 +35,7 @@ PeopleTexts::PeopleTexts(const host::Session& session, const std::string& langua
     : session_(session), texts_(session.additions(host::kTextsPart).texts, language) {}
 
 std::string PeopleTexts::ofFeature(const std::string& name) const {
-  const std::string text = texts_.textOf(name, "");
-  if (!text.empty()) return text;
-  const auto feature = session_.model().features.find(name);
-  if (feature == session_.model().features.end()) return name;
-  const std::string shown = feature->second.displayText();
-  return shown.empty() ? name : shown;
+  return texts_.textOf(name, name);
 }
 
 std::string PeopleTexts::ofOption(const std::string& feature, const std::string& option) const {

@@ -14,9 +14,9 @@ class PeopleTexts {
   // Reads the texts of the session's description.
   PeopleTexts(const host::Session& session, const std::string& language);
 
-  // The text of that language or of one that stands in for it; else the
-  // "DisplayText" of the library; else the name.
+  // The text of that language or of one that stands in for it; else the name.
   std::string ofFeature(const std::string& name) const;
+  // The same; the "DisplayText" that a routine has set comes before the name.
   std::string ofOption(const std::string& feature, const std::string& option) const;
 
   // The preset's own text if no language has one; then its name.
