@@ -53,6 +53,14 @@ class Session {
 
   const Model& model() const { return *model_; }
 
+  // Reports a line for people, as the request asks for.
+  void report(const std::string& line) const { report_(line); }
+
+  // The same for a line that is left out when only errors are reported.
+  void reportWarning(const std::string& line) const {
+    if (log_.detail() != LogDetail::kErrors) report_("warning: " + line);
+  }
+
   // From now on accepts values that can end the command they are written into.
   void allowControlCharacters() { model_->allowsControlCharacters = true; }
 
@@ -75,7 +83,9 @@ class Session {
 
  private:
   Session(const SessionRequest& request, Document document)
-      : log_(request.detail, request.report), document_(std::move(document)) {}
+      : log_(request.detail, request.report),
+        report_(request.report),
+        document_(std::move(document)) {}
   Result<> load(const SessionRequest& request);
   void takeLoadedSettings(const SessionRequest& request) const;
   Problems noteRoutines() const;
@@ -83,6 +93,7 @@ class Session {
   std::string remedy(const SessionRequest& request) const;
 
   LogPrinter log_;
+  LineSink report_;
   Document document_;
   std::optional<Plugin> plugin_;
   std::unique_ptr<Model> model_;

@@ -28,10 +28,13 @@ std::string shownSetting(const Model& model, const std::string& text) {
   return isSecret ? setting->name + "=" + kMask : text;
 }
 
-void setAll(const Model& model, const std::vector<std::string>& settings, Problems& problems) {
+void setAll(const Model& model, const std::vector<std::string>& settings, RuleKeeper& keeper,
+            Problems& problems) {
   for (const std::string& text : settings) {
-    Result<> set = parseSetting(text).and_then([&model](const Setting& setting) {
-      return applySetting(model, withoutKeys(model, setting));
+    Result<> set = parseSetting(text).and_then([&](const Setting& setting) {
+      const Setting named = withoutKeys(model, setting);
+      keeper.noteSet(named.name);
+      return applySetting(model, named);
     });
     if (!set) collect(failureOf(set, "-o " + shownSetting(model, text)), problems);
   }
@@ -67,33 +70,45 @@ void addAll(const Session& session, const std::vector<RecordsRequest>& requests,
 
 }  // namespace
 
-Result<> makeChanges(Session& session, const Changes& changes) {
+Result<> makeChangesUnjudged(Session& session, const Changes& changes, RuleKeeper& keeper) {
   if (changes.allowControlCharacters) session.allowControlCharacters();
   Problems problems;
   applyPresets(session, changes.presets, problems);
   for (const std::string& file : changes.files) {
     collect(loadSettings(session.features(), session.model(), file), problems);
   }
-  setAll(session.model(), changes.settings, problems);
+  keeper.noteAllChanged();
+  setAll(session.model(), changes.settings, keeper, problems);
   addAll(session, changes.records, problems);
   if (!changes.savePreset.empty()) {
     Result<> named = checkPresetName(session, changes.savePreset);
     if (!named) collect(failureOf(named, "--save-preset " + changes.savePreset), problems);
   }
   collect(successOfRoutines(), problems);
-  if (problems.empty()) {
-    session.log().release();
-    return {};
-  }
-  session.log().discard();
+  if (problems.empty()) return {};
   return failureOfAll(std::move(problems));
+}
+
+Result<std::vector<std::string>> makeChanges(Session& session, const Changes& changes) {
+  RuleKeeper keeper(session);
+  auto kept = makeChangesUnjudged(session, changes, keeper).and_then([&] {
+    return keeper.keep(changes.rules);
+  });
+  if (kept) {
+    session.log().release();
+  } else {
+    session.log().discard();
+  }
+  return kept;
 }
 
 Result<std::unique_ptr<Session>> openChanged(const SessionRequest& request,
                                              const Changes& changes) {
   return Session::open(request).and_then(
       [&changes](std::unique_ptr<Session> session) -> Result<std::unique_ptr<Session>> {
-        if (Result<> made = makeChanges(*session, changes); !made) return failureOf(made);
+        const auto made = makeChanges(*session, changes);
+        if (!made) return Failure(made.error());
+        for (const std::string& line : *made) session->report(line);
         return session;
       });
 }

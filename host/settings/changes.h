@@ -10,6 +10,7 @@
 #include "host/base/result.h"
 #include "host/session/session.h"
 #include "host/settings/records.h"
+#include "host/settings/rule_keeping.h"
 
 namespace driver_feature::host {
 
@@ -22,16 +23,25 @@ struct Changes {
   std::string savePreset = {};            // The name of a preset to make of them; empty for none.
   bool allowControlCharacters = false;    // Even if they can end the command.
   bool saveSecrets = false;               // Save the values of encrypted features, too.
+  // What becomes of values that the rules of the description forbid together.
+  RuleConduct rules = RuleConduct::kRefuse;
 };
 
 // Makes the changes and releases the log lines that they and the load have
 // caused. If any change is refused, the log lines are dropped and the others have
 // been made; there is a problem for each refused one: for a line of a preset or a
 // settings file, for a setting, for a member of a record, and for a preset that
-// cannot be saved under its name. A routine that has thrown is a problem, too.
-Result<> makeChanges(Session& session, const Changes& changes);
+// cannot be saved under its name; or for the values that the rules forbid. A
+// routine that has thrown is a problem, too. Returns a line for each feature that
+// was changed because of a rule.
+Result<std::vector<std::string>> makeChanges(Session& session, const Changes& changes);
 
-// Opens the session and makes the changes.
+// The same with a keeper that was made before anything else, for what it says
+// about the values afterwards. It does not make or refuse anything.
+Result<> makeChangesUnjudged(Session& session, const Changes& changes, RuleKeeper& keeper);
+
+// Opens the session and makes the changes; reports what was changed because of a
+// rule.
 Result<std::unique_ptr<Session>> openChanged(const SessionRequest& request, const Changes& changes);
 
 // The settings file and the preset that the changes ask for.

@@ -14,6 +14,7 @@ host::Changes changesOf(const Arguments& arguments) {
   changes.savePreset = arguments.text("--save-preset");
   changes.saveFile = arguments.text("--save");
   changes.saveSecrets = arguments.has("--save-secrets");
+  if (arguments.has("--resolve")) changes.rules = host::RuleConduct::kMend;
   changes.allowControlCharacters = arguments.has("--allow-control-characters");
   return changes;
 }

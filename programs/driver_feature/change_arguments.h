@@ -19,6 +19,10 @@ inline constexpr ArgumentRow kShowSecretsRow = {
     "--show-secrets", "",
     "Show values of features marked Encrypted, which otherwise are shown as ****"};
 
+inline constexpr ArgumentRow kResolveRow = {
+    "--resolve", "",
+    "Change other features, as few as possible, where a rule forbids values together"};
+
 inline constexpr std::array kChangeRows = {
     ArgumentRow{"--preset", "PRESET",
                 "Set what a preset of the description sets, before all other settings; may be "
@@ -29,6 +33,7 @@ inline constexpr std::array kChangeRows = {
     ArgumentRow{"-o,--option", "NAME=VALUE", "Set a feature; may be repeated", kRepeats},
     ArgumentRow{"--records", "GROUP FILE",
                 "Add the records of a JSON file to a dynamic group; may be repeated", kRepeats},
+    kResolveRow,
     ArgumentRow{"--save", "FILE",
                 "Write the values and records after the changes to a settings file"},
     ArgumentRow{"--save-preset", "PRESET",

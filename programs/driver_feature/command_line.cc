@@ -44,19 +44,20 @@ constexpr std::array kGeneral = {
 };
 
 constexpr std::array kCommands = {
-    &kCheckCommand,   //
-    &kShowCommand,    //
-    &kEmitCommand,    //
-    &kDumpCommand,    //
-    &kTryCommand,     //
-    &kDiffCommand,    //
-    &kTestCommand,    //
-    &kNewCommand,     //
-    &kImportCommand,  //
-    &kQueueCommand,   //
-    &kShellCommand,   //
-    &kLspCommand,     //
-    &kHelpCommand,    //
+    &kCheckCommand,    //
+    &kShowCommand,     //
+    &kEmitCommand,     //
+    &kDumpCommand,     //
+    &kTryCommand,      //
+    &kResolveCommand,  //
+    &kDiffCommand,     //
+    &kTestCommand,     //
+    &kNewCommand,      //
+    &kImportCommand,   //
+    &kQueueCommand,    //
+    &kShellCommand,    //
+    &kLspCommand,      //
+    &kHelpCommand,     //
 };
 
 host::SessionRequest generalOf(const Arguments& arguments) {

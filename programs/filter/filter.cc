@@ -77,7 +77,7 @@ std::optional<JobTexts> textsFor(FilterArguments& arguments, const Queue& queue,
   session.log().setReport([](const std::string& line) { writeMessage(Message::kWarning, line); });
   session.log().release();
   session.offerNoAllowance();
-  JobSettings settings(session.model(), ppd, queue.refusedValue, pages);
+  JobSettings settings(session, ppd, queue, pages);
   if (!settings.apply(arguments)) return std::nullopt;
   if (pages.makesCopies()) arguments.copies = 1;
   auto texts = composeTexts(session, ppd, arguments, settings.takesCopies());

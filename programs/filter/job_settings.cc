@@ -43,8 +43,46 @@ bool JobSettings::apply(const FilterArguments& arguments) {
       refuse(wish.option, wish.reason);
       again = drop(wish.option) || again;
     }
-    if (!again || hasFailed_) return !hasFailed_;
+    if (!again || hasFailed_) return !hasFailed_ && keepRules();
   }
+}
+
+// What the job asks for other than the queue's defaults has been set by a
+// person.
+void JobSettings::noteAsked() {
+  std::vector<host::Setting> usual;
+  if (ppd_ != nullptr) {
+    ppd_->mark({});
+    usual = ppd_->marked();
+  }
+  const auto isUsual = [&usual](const host::Setting& setting) {
+    return std::any_of(usual.begin(), usual.end(), [&setting](const host::Setting& other) {
+      return other.name == setting.name && other.value == setting.value;
+    });
+  };
+  if (ppd_ != nullptr) {
+    for (const Wish& wish : marked()) {
+      if (!isUsual(wish.setting)) keeper_.noteSet(wish.setting.name);
+    }
+  }
+  for (const Wish& wish : wishes_) {
+    if (!wish.option.empty() && !isUsual(wish.setting)) keeper_.noteSet(wish.setting.name);
+  }
+}
+
+bool JobSettings::keepRules() {
+  if (!keeper_.hasRules() || rules_ == host::RuleConduct::kIgnore) return true;
+  noteAsked();
+  const bool mends = refusedValue_ == RefusedValue::kDefault;
+  const auto kept = keeper_.keep(mends ? host::RuleConduct::kMend : rules_);
+  if (kept) {
+    for (const std::string& line : *kept) writeMessage(Message::kWarning, line);
+    return true;
+  }
+  const std::string reason = describe(kept.error());
+  if (mends) writeMessage(Message::kWarning, reason + "; the job is printed as it is");
+  if (!mends) writeMessage(Message::kError, reason);
+  return mends;
 }
 
 // Who works on the pages. The scheduler's filter mirrors them for the PPD's own

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/ppd/plain/queue_ppd.h"
+#include "host/settings/rule_keeping.h"
 #include "host/settings/setting.h"
 #include "programs/filter/arguments.h"
 #include "programs/filter/page_work.h"
@@ -17,9 +18,13 @@ namespace driver_feature::filter {
 class JobSettings {
  public:
   // `ppd` may be null. All must outlive this object.
-  JobSettings(const host::Model& model, ppd::QueuePpd* ppd, RefusedValue refusedValue,
-              PageWork& pages)
-      : model_(model), ppd_(ppd), refusedValue_(refusedValue), pages_(pages) {}
+  JobSettings(const host::Session& session, ppd::QueuePpd* ppd, const Queue& queue, PageWork& pages)
+      : model_(session.model()),
+        ppd_(ppd),
+        refusedValue_(queue.refusedValue),
+        rules_(queue.rules),
+        keeper_(session, "a queue made with --resolve changes "),
+        pages_(pages) {}
 
   // Applies the queue's defaults, the job's options and its copies, in that
   // order. Features with the keys "job-name" and "user-name" get the job's.
@@ -28,7 +33,8 @@ class JobSettings {
   // one that libcups turns into choices of the PPD, or one for the pages. Others
   // are ignored. For a value that must be refused, an ERROR line says why, and
   // false is returned; or a WARNING line says why, and the queue's default is
-  // used, when the queue says so.
+  // used, when the queue says so. The same for values that the rules of the
+  // description forbid together; or a WARNING line says what was changed.
   bool apply(const FilterArguments& arguments);
 
   // Whether a feature has taken the copies, so that its commands make them.
@@ -68,10 +74,14 @@ class JobSettings {
   bool isDone(Wish& wish) const;
   void refuse(const std::string& option, const std::string& reason);
   bool drop(const std::string& option);
+  bool keepRules();
+  void noteAsked();
 
   const host::Model& model_;
   ppd::QueuePpd* ppd_;
   RefusedValue refusedValue_;
+  host::RuleConduct rules_;
+  host::RuleKeeper keeper_;
   PageWork& pages_;
   const FilterArguments* arguments_ = nullptr;  // Of the job that is applied.
   std::string copiesFeature_;                   // Empty without one.

@@ -7,11 +7,13 @@ namespace driver_feature::filter {
 namespace {
 
 constexpr const char* kRefusedValueVariable = "DRIVER_FEATURE_REFUSED_VALUE";
+constexpr const char* kRulesVariable = "DRIVER_FEATURE_RULES";
 
 // What one source says, by the names of its settings.
 struct Source {
   std::function<std::vector<std::string>(const std::string& setting)> all;
   std::string refusedValue;  // What it calls the setting RefusedValue.
+  std::string rules;         // And the setting Rules.
 
   std::string last(const std::string& setting) const {
     const std::vector<std::string> values = all(setting);
@@ -30,6 +32,24 @@ host::Result<> readRefusedValue(const Source& source, Queue& queue) {
   return {};
 }
 
+host::Result<> readRules(const Source& source, Queue& queue) {
+  const std::string text = source.last("Rules");
+  if (text.empty()) return {};
+  if (text != "refuse" && text != "resolve" && text != "ignore") {
+    return host::refused(source.rules + " is \"" + text +
+                         "\"; make it \"refuse\", \"resolve\" or \"ignore\"");
+  }
+  queue.rules = text == "resolve"  ? host::RuleConduct::kMend
+                : text == "ignore" ? host::RuleConduct::kIgnore
+                                   : host::RuleConduct::kRefuse;
+  return {};
+}
+
+// Whether the setting is a path, which may be relative to the PPD.
+bool isPath(const std::string& setting) {
+  return setting != "RefusedValue" && setting != "Rules";
+}
+
 host::Result<> readSource(const Source& source, Queue& queue) {
   const std::string description = source.last("Description");
   const std::string library = source.last("Library");
@@ -37,20 +57,21 @@ host::Result<> readSource(const Source& source, Queue& queue) {
   if (!description.empty()) queue.description = description;
   if (!library.empty()) queue.library = library;
   if (!routines.empty()) queue.routines = routines;
-  return readRefusedValue(source, queue);
+  if (host::Result<> read = readRefusedValue(source, queue); !read) return read;
+  return readRules(source, queue);
 }
 
 Source sourceOf(const ppd::QueuePpd& ppd) {
   const auto read = [&ppd](const std::string& setting) {
     std::vector<std::string> values = ppd.attributes("DriverFeature" + setting);
-    if (setting == "RefusedValue") return values;
+    if (!isPath(setting)) return values;
     const std::filesystem::path folder = std::filesystem::path(ppd.path()).parent_path();
     for (std::string& value : values) {
       if (!value.empty()) value = folder / value;
     }
     return values;
   };
-  return {read, "*DriverFeatureRefusedValue"};
+  return {read, "*DriverFeatureRefusedValue", "*DriverFeatureRules"};
 }
 
 std::string environmentName(const std::string& setting) {
@@ -67,7 +88,7 @@ Source sourceOf(const Environment& environment) {
     if (value != nullptr && *value != '\0') values.emplace_back(value);
     return values;
   };
-  return {read, kRefusedValueVariable};
+  return {read, kRefusedValueVariable, kRulesVariable};
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 //
 //   *DriverFeatureDescription: "/usr/share/driver-feature/office_laser.xml"
 //   *DriverFeatureRefusedValue: "default"
+//   *DriverFeatureRules: "resolve"
 //
 // For trials by hand, environment variables say it instead and have the last
 // word: DRIVER_FEATURE_DESCRIPTION and so on.
@@ -16,6 +17,7 @@
 
 #include "host/base/result.h"
 #include "host/ppd/plain/queue_ppd.h"
+#include "host/settings/rule_keeping.h"
 
 namespace driver_feature::filter {
 
@@ -30,6 +32,7 @@ struct Queue {
   std::string library;                // The feature library; empty to search it.
   std::vector<std::string> routines;  // Libraries of routines that the description names.
   RefusedValue refusedValue = RefusedValue::kFail;
+  host::RuleConduct rules = host::RuleConduct::kRefuse;
 };
 
 // The value of an environment variable; null without one.

@@ -68,8 +68,8 @@ bool haveSameOptions(ppd_file_t& ppd, const PlainText& plain) {
 }
 
 bool haveSameTexts(const LibcupsQueuePpd& ppd, const PlainQueuePpd& plain) {
-  constexpr const char* kSettings[] = {"Description",  "Library", "Routines",
-                                       "RefusedValue", "Choice",  "EndOfFile"};
+  constexpr const char* kSettings[] = {"Description", "Library", "Routines", "RefusedValue",
+                                       "Rules",       "Choice",  "EndOfFile"};
   const bool haveSameSettings =
       std::all_of(std::begin(kSettings), std::end(kSettings), [&](const char* setting) {
         const std::string name = std::string("DriverFeature") + setting;

@@ -67,6 +67,7 @@ host::Result<std::vector<std::string>> queueLines(const QueueRequest& request) {
   if (!added) return failureOf(added);
   lines.push_back(std::string("*DriverFeatureRefusedValue: \"") +
                   (request.defaultForRefused ? "default" : "fail") + "\"");
+  if (request.resolves) lines.emplace_back("*DriverFeatureRules: \"resolve\"");
   return lines;
 }
 

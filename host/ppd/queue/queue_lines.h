@@ -19,6 +19,7 @@ struct QueueRequest {
   std::string library;                // Empty for the installed one.
   std::vector<std::string> routines;  // Libraries of routines.
   bool defaultForRefused = false;     // Print with the default instead of failing.
+  bool resolves = false;              // Change what rules forbid together instead of failing.
 };
 
 // The lines, without line ends. Refused when a PPD cannot hold a path.

@@ -72,7 +72,7 @@ class Runner {
     changes.files = {folder_.pathOf(name + ".conf")};
     changes.allowControlCharacters = allowsControlCharacters_;
     Texts texts(1 + kCaseOutputs.size());
-    if (host::Result<> made = makeChanges(session_, changes); !made) {
+    if (const auto made = makeChanges(session_, changes); !made) {
       std::string& reason = isRefusal(made.error()) ? log : texts[0];
       reason += linesOf(made.error());
     } else {

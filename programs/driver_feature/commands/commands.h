@@ -11,6 +11,7 @@ extern const CommandRow kShowCommand;
 extern const CommandRow kEmitCommand;
 extern const CommandRow kDumpCommand;
 extern const CommandRow kTryCommand;
+extern const CommandRow kResolveCommand;
 extern const CommandRow kDiffCommand;
 extern const CommandRow kNewCommand;
 extern const CommandRow kTestCommand;

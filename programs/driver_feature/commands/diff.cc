@@ -46,6 +46,7 @@ constexpr std::array kRows = {
     kDescriptionRow,
     ArgumentRow{"FIRST", "FILE", "A settings file", kRequired},
     ArgumentRow{"SECOND", "FILE", "The settings file to compare it with", kRequired},
+    kResolveRow,
     kAllowanceRow,
     kShowSecretsRow,
     ArgumentRow{"--json", "", "Print a JSON document"},
@@ -69,6 +70,7 @@ struct DiffRequest {
   std::string first;  // Settings files.
   std::string second;
   bool allowControlCharacters = false;
+  host::RuleConduct rules = host::RuleConduct::kRefuse;
 };
 
 constexpr int kSame = 0;
@@ -76,8 +78,7 @@ constexpr int kDifferent = 1;
 
 // The settings, the outputs, and the names of the features whose values are not
 // shown. Empty after a problem, which is printed.
-Texts take(const host::SessionRequest& request, const std::string& file,
-           bool allowControlCharacters) {
+Texts take(const host::SessionRequest& request, const std::string& file, const DiffRequest& diff) {
   const host::StandardOutputDiversion diversion;
   host::Changes changes;
   constexpr std::string_view kPreset = "preset:";
@@ -86,7 +87,8 @@ Texts take(const host::SessionRequest& request, const std::string& file,
   } else {
     changes.files = {file};
   }
-  changes.allowControlCharacters = allowControlCharacters;
+  changes.allowControlCharacters = diff.allowControlCharacters;
+  changes.rules = diff.rules;
   const auto session = openChanged(request, changes);
   if (!session) {
     printProblem(session.error());
@@ -104,9 +106,8 @@ Texts take(const host::SessionRequest& request, const std::string& file,
 // In a child process, since the library keeps one set of features. If it
 // returns no texts, it has printed why.
 host::Result<std::optional<Texts>> takeInChild(const host::SessionRequest& request,
-                                               const std::string& file,
-                                               bool allowControlCharacters) {
-  auto texts = host::takeFromRoutines([&] { return take(request, file, allowControlCharacters); });
+                                               const std::string& file, const DiffRequest& diff) {
+  auto texts = host::takeFromRoutines([&] { return take(request, file, diff); });
   if (!texts) {
     return host::refused(file +
                          ": the values and outputs could not be made: " + texts.error().text);
@@ -212,16 +213,18 @@ void maskSecrets(Texts& first, Texts& second) {
 }
 
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
-  const DiffRequest request{arguments.text("FIRST"), arguments.text("SECOND"),
-                            arguments.has("--allow-control-characters")};
+  const DiffRequest request{
+      arguments.text("FIRST"), arguments.text("SECOND"),
+      arguments.has("--allow-control-characters"),
+      arguments.has("--resolve") ? host::RuleConduct::kMend : host::RuleConduct::kRefuse};
   host::SessionRequest session = sessionOf(arguments, general);
   const host::SharedRoutineRecord record;
-  auto first = takeInChild(session, request.first, request.allowControlCharacters);
+  auto first = takeInChild(session, request.first, request);
   if (!first) return tl::unexpected(first.error());
   if (!*first) return kUnusable;
   // What the description causes has been reported once.
   if (session.detail == host::LogDetail::kUsual) session.detail = host::LogDetail::kErrors;
-  auto second = takeInChild(session, request.second, request.allowControlCharacters);
+  auto second = takeInChild(session, request.second, request);
   if (!second) return tl::unexpected(second.error());
   if (!*second) return kUnusable;
   if (!arguments.has("--show-secrets")) maskSecrets(**first, **second);

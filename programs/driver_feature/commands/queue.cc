@@ -48,6 +48,9 @@ constexpr std::array kRows = {
                 kOptional, "--ppd"},
     ArgumentRow{"--default-for-refused", "",
                 "Print a job with a refused value with the queue's default, instead of failing it"},
+    ArgumentRow{"--resolve", "",
+                "Change other features of a job, as few as possible, where a rule forbids values "
+                "together, instead of failing it"},
 };
 
 std::string absolutePath(const std::string& path) {
@@ -67,6 +70,7 @@ ppd::QueueRequest requestOf(const Arguments& arguments, const host::SessionReque
     request.routines.push_back(absolutePath(routines));
   }
   request.defaultForRefused = arguments.has("--default-for-refused");
+  request.resolves = arguments.has("--resolve");
   return request;
 }
 

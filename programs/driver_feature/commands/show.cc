@@ -10,6 +10,7 @@
 #include "programs/common/console.h"
 #include "programs/driver_feature/show/people_texts.h"
 #include "programs/driver_feature/show/show_details.h"
+#include "programs/driver_feature/show/taken_out.h"
 #include "programs/driver_feature/work.h"
 
 namespace driver_feature::cli {
@@ -56,8 +57,11 @@ std::string composeWithTexts(const Arguments& arguments, const host::Session& se
     text = json ? presetsJson(session, texts) : presetsText(session, texts, width);
   } else {
     const host::Model& model = session.model();
-    text = json ? showJson(model, session.features(), &texts)
-                : showTable(model, session.features(), width, &texts);
+    host::RuleKeeper keeper(session);
+    keeper.useLanguage(arguments.text("--language"));
+    keeper.takeOut();
+    text = json ? showJson(model, session.features(), keeper, &texts)
+                : showTable(model, session.features(), width, &texts) + showTakenOut(keeper, "");
   }
   for (const host::Problem& problem : session.additions(host::kTextsPart).problems) {
     printProblem(problem);
@@ -77,9 +81,15 @@ host::Result<std::string> compose(const Arguments& arguments, const host::Sessio
   CoreFeatureSet& set = session.features();
   const std::string name = arguments.text("NAME");
   const bool json = arguments.has("--json");
-  if (!arguments.has("NAME")) return json ? showJson(model, set) : showTable(model, set, width);
+  host::RuleKeeper keeper(session);
+  keeper.takeOut();
+  if (!arguments.has("NAME")) {
+    return json ? showJson(model, set, keeper)
+                : showTable(model, set, width) + showTakenOut(keeper, "");
+  }
   if (host::Result<> found = checkDetails(model, name); !found) return failureOf(found);
-  return json ? detailsJson(model, set, name) : detailsText(model, set, name, width);
+  return json ? detailsJson(model, set, name)
+              : detailsText(model, set, name, width) + showTakenOut(keeper, name);
 }
 
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {

@@ -84,7 +84,9 @@ host::Result<Trial> tryChanges(const host::SessionRequest& request, const host::
   AttributeMap names = namesOf(session.model());
   const Values before = valuesOf(session.model());
   session.save(names);
-  if (host::Result<> made = makeChanges(session, changes); !made) return failureOf(made);
+  const auto made = makeChanges(session, changes);
+  if (!made) return host::Failure(made.error());
+  for (const std::string& line : *made) session.report(line);
   const Values changed = valuesOf(session.model());
   Trial trial{outputsToSave(session, changes)};
   session.restore(names);

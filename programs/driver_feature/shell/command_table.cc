@@ -22,6 +22,10 @@ constexpr const char* kSetDetails =
     "  set Copies DefaultIntValue 2\n"
     "  set Duplex Sensitivity false\n";
 
+constexpr const char* kResolveDetails =
+    "The value is checked as \"set\" checks it. Where a rule of the description forbids\n"
+    "it together with others, as few other features as possible change.\n";
+
 constexpr const char* kGetDetails =
     "Without a PROPERTY, the current value of a feature. \"all\" lists every property\n"
     "that the library gives back, the default, original and deferred values among\n"
@@ -78,6 +82,8 @@ constexpr const char* kLogDetails =
 constexpr ShellCommand kCommands[] = {
     {"set", "NAME [PROPERTY] VALUE", "Sets a feature, or one property of a feature or group",
      kSetDetails, 2, 3, &runSet, &proposeSet},
+    {"resolve", "NAME VALUE", "Sets a feature, and changes others where a rule asks for it",
+     kResolveDetails, 2, 2, &runResolve, &proposeSet},
     {"get", "NAME [PROPERTY|all]", "Shows a value, a property, or all properties", kGetDetails, 1,
      2, &runGet, &proposeGet},
     {"show", "[NAME]", "Shows all features and groups, or one", "", 0, 1, &runShow, &proposeShow},

@@ -19,11 +19,20 @@ host::Result<> checkCount(const ShellCommand& command, std::size_t count) {
       "; write " + (*command.arguments != '\0' ? usage : std::string(command.name)));
 }
 
+// What was set before the shell begins counts as set by its user.
+host::RuleKeeper keeperFor(const host::Session& session) {
+  host::RuleKeeper keeper(session, "\"resolve\" in place of \"set\" also changes ");
+  keeper.noteAllChanged();
+  keeper.takeOut();
+  return keeper;
+}
+
 }  // namespace
 
 Shell::Shell(host::Session& session, const Transcript& transcript)
     : session_(session),
       transcript_(transcript),
+      rules_(keeperFor(session)),
       watch_(session, [&transcript](EventKind kind, const std::string& text) {
         transcript.event(kind, text);
       }) {
@@ -60,6 +69,7 @@ host::Result<> Shell::run(const ShellCommand& command, const std::vector<std::st
   } catch (...) {
     if (host::successOfRoutines()) throw;
   }
+  rules_.takeOut();  // Hardware may have changed.
   watch_.look();
   if (host::Result<> ran = host::successOfRoutines(); !ran) return ran;
   return done;

@@ -11,6 +11,7 @@
 
 #include "host/base/result.h"
 #include "host/session/session.h"
+#include "host/settings/rule_keeping.h"
 #include "programs/driver_feature/shell/events.h"
 #include "programs/driver_feature/shell/transcript.h"
 
@@ -46,6 +47,9 @@ class Shell {
   void answerTo(const std::string& file, const std::string& bytes) { files_[file] = bytes; }
   void end() { ended_ = true; }
 
+  // The rules of the description, and what has been set under them.
+  host::RuleKeeper& rules() { return rules_; }
+
   // What an option was before its first constraint, by feature and option.
   struct OptionFlags {
     bool available = true;
@@ -60,6 +64,7 @@ class Shell {
 
   host::Session& session_;
   const Transcript& transcript_;
+  host::RuleKeeper rules_;
   EventWatch watch_;
   std::size_t width_ = 0;
   std::string answer_;

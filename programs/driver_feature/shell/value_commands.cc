@@ -9,6 +9,7 @@
 #include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/show/show.h"
 #include "programs/driver_feature/show/show_details.h"
+#include "programs/driver_feature/show/taken_out.h"
 #include "programs/driver_feature/table.h"
 
 namespace driver_feature::cli {
@@ -20,7 +21,10 @@ constexpr const char* kAll = "all";
 
 host::Result<> setChecked(Shell& shell, const host::Setting& setting) {
   if (host::Result<> done = checkSetting(shell.model(), setting); !done) return done;
-  if (shell.model().features.at(setting.name).setValue(setting.value)) return {};
+  if (shell.model().features.at(setting.name).setValue(setting.value)) {
+    shell.rules().noteSet(setting.name);
+    return {};
+  }
   return host::refused("the library refuses the value " + host::inQuotes(setting.value) +
                        " of feature " + host::inQuotes(setting.name) + "; \"log all\" shows why");
 }
@@ -56,13 +60,32 @@ void getAll(Shell& shell, CoreFeature& object) {
 }  // namespace
 
 host::Result<> runSet(Shell& shell, const Words& arguments) {
-  if (arguments.size() == 2) return setChecked(shell, {arguments[0], arguments[1]});
+  if (arguments.size() == 2) {
+    const rules::Plan plan = shell.rules().planFor({arguments[0], arguments[1]});
+    if (plan.kind != rules::Plan::Kind::kFits) {
+      return host::Failure(shell.rules().refusalOf(plan));
+    }
+    return setChecked(shell, {arguments[0], arguments[1]});
+  }
   auto object = findObject(shell, arguments[0]);
   if (!object) return failureOf(object);
   host::Result<> safe =
       refuseUnsafeProperty(shell.model(), arguments[0], arguments[1], arguments[2]);
   if (!safe) return safe;
   return host::writeProperty(**object, arguments[1], arguments[2]);
+}
+
+host::Result<> runResolve(Shell& shell, const Words& arguments) {
+  const host::Setting setting{arguments[0], arguments[1]};
+  const rules::Plan plan = shell.rules().planFor(setting);
+  const bool isWay =
+      plan.kind == rules::Plan::Kind::kFits || plan.kind == rules::Plan::Kind::kMended;
+  if (!isWay) return host::Failure(shell.rules().refusalOf(plan));
+  if (host::Result<> done = setChecked(shell, setting); !done) return done;
+  const auto made = shell.rules().carryOut(plan);
+  if (!made) return host::Failure(made.error());
+  for (const std::string& line : *made) shell.answer(line + "\n");
+  return {};
 }
 
 host::Result<> runGet(Shell& shell, const Words& arguments) {
@@ -83,12 +106,12 @@ host::Result<> runShow(Shell& shell, const Words& arguments) {
   const host::Model& model = shell.model();
   CoreFeatureSet& set = shell.session().features();
   if (arguments.empty()) {
-    shell.answer(showTable(model, set, shell.width()));
+    shell.answer(showTable(model, set, shell.width()) + showTakenOut(shell.rules(), ""));
     return {};
   }
   const std::string& name = arguments.front();
   if (host::Result<> done = checkDetails(model, name); !done) return done;
-  shell.answer(detailsText(model, set, name, shell.width()));
+  shell.answer(detailsText(model, set, name, shell.width()) + showTakenOut(shell.rules(), name));
   return {};
 }
 

@@ -10,6 +10,8 @@ host::Result<> runSet(Shell& shell, const Words& arguments);
 host::Result<> runGet(Shell& shell, const Words& arguments);
 host::Result<> runShow(Shell& shell, const Words& arguments);
 
+host::Result<> runResolve(Shell& shell, const Words& arguments);
+
 Proposals proposeSet(const Shell& shell, const Words& before, const std::string& word);
 Proposals proposeGet(const Shell& shell, const Words& before, const std::string& word);
 Proposals proposeShow(const Shell& shell, const Words& before, const std::string& word);

@@ -11,6 +11,7 @@
 #include "programs/driver_feature/show/people_texts.h"
 #include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/show/show_groups.h"
+#include "programs/driver_feature/show/taken_out.h"
 #include "programs/driver_feature/table.h"
 
 namespace driver_feature::cli {
@@ -117,7 +118,8 @@ std::string showTable(const host::Model& model, CoreFeatureSet& set, std::size_t
   return layOut(rows, width) + showGroups(model, set, width);
 }
 
-std::string showJson(const host::Model& model, CoreFeatureSet& set, const PeopleTexts* texts) {
+std::string showJson(const host::Model& model, CoreFeatureSet& set, host::RuleKeeper& rules,
+                     const PeopleTexts* texts) {
   Json features = Json::array();
   for (const auto& [name, feature] : model.features) {
     const host::FeatureLimits& limits = model.index.limitsOf(name);
@@ -135,8 +137,9 @@ std::string showJson(const host::Model& model, CoreFeatureSet& set, const People
     if (!limitsFound.empty()) json["limits"] = limitsFound;
     features.push_back(json);
   }
-  const Json document = {
+  Json document = {
       {"description", model.file}, {"features", features}, {"groups", groupsJson(model, set)}};
+  if (rules.hasRules()) document["takenOut"] = takenOutJson(rules);
   return document.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 

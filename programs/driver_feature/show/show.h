@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 
+#include "host/settings/rule_keeping.h"
 #include "host/settings/setting.h"
 
 namespace driver_feature::cli {
@@ -20,7 +21,7 @@ std::string showTable(const host::Model& model, CoreFeatureSet& set, std::size_t
                       const PeopleTexts* texts = nullptr);
 
 // The same as an indented JSON document with a line end.
-std::string showJson(const host::Model& model, CoreFeatureSet& set,
+std::string showJson(const host::Model& model, CoreFeatureSet& set, host::RuleKeeper& rules,
                      const PeopleTexts* texts = nullptr);
 
 // A feature's current value as the table shows it; "-" when it has none.
