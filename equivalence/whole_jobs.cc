@@ -85,7 +85,8 @@ host::Result<std::string> WholeJobs::filter(const std::string& file,
       runProgram(request_.programs + "/driver-feature-filter", arguments,
                  {{"PPD", queue_},
                   {"CONTENT_TYPE", isConverted ? "application/pdf" : "application/postscript"},
-                  {"DRIVER_FEATURE_LIBRARY", request_.library}},
+                  {"DRIVER_FEATURE_LIBRARY", request_.library},
+                  {"DRIVER_FEATURE_RULES", "ignore"}},
                  isConverted ? file : ""));
 }
 

@@ -2,6 +2,12 @@
 
 namespace driver_feature::cli {
 
+host::RuleConduct conductOf(const Arguments& arguments) {
+  if (arguments.has("--resolve")) return host::RuleConduct::kMend;
+  if (arguments.has("--ignore-rules")) return host::RuleConduct::kIgnore;
+  return host::RuleConduct::kRefuse;
+}
+
 host::Changes changesOf(const Arguments& arguments) {
   host::Changes changes;
   changes.files = arguments.texts("--settings");
@@ -14,7 +20,7 @@ host::Changes changesOf(const Arguments& arguments) {
   changes.savePreset = arguments.text("--save-preset");
   changes.saveFile = arguments.text("--save");
   changes.saveSecrets = arguments.has("--save-secrets");
-  if (arguments.has("--resolve")) changes.rules = host::RuleConduct::kMend;
+  changes.rules = conductOf(arguments);
   changes.allowControlCharacters = arguments.has("--allow-control-characters");
   return changes;
 }

@@ -23,6 +23,9 @@ inline constexpr ArgumentRow kResolveRow = {
     "--resolve", "",
     "Change other features, as few as possible, where a rule forbids values together"};
 
+inline constexpr ArgumentRow kIgnoreRulesRow = {
+    "--ignore-rules", "", "Accept values that a rule forbids together", kOptional, "--resolve"};
+
 inline constexpr std::array kChangeRows = {
     ArgumentRow{"--preset", "PRESET",
                 "Set what a preset of the description sets, before all other settings; may be "
@@ -34,6 +37,7 @@ inline constexpr std::array kChangeRows = {
     ArgumentRow{"--records", "GROUP FILE",
                 "Add the records of a JSON file to a dynamic group; may be repeated", kRepeats},
     kResolveRow,
+    kIgnoreRulesRow,
     ArgumentRow{"--save", "FILE",
                 "Write the values and records after the changes to a settings file"},
     ArgumentRow{"--save-preset", "PRESET",
@@ -43,6 +47,9 @@ inline constexpr std::array kChangeRows = {
                 "With --save: write the values of features marked Encrypted, too, into a file that "
                 "only its owner can read"},
     kAllowanceRow};
+
+// What becomes of values that a rule forbids together.
+host::RuleConduct conductOf(const Arguments& arguments);
 
 // What these rows ask for.
 host::Changes changesOf(const Arguments& arguments);

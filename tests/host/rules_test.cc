@@ -149,6 +149,14 @@ TEST_F(RulesTest, Resolve_HardwareIsNeverChanged) {
   EXPECT_EQ(emit({"Staple=Yes", "Unit=No"}, true).output, "1\none side\nplain\nloose\n");
 }
 
+TEST_F(RulesTest, IgnoreRules_WritesForbiddenValues) {
+  EXPECT_EQ(
+      command("emit", {"Staple=Yes", "Duplex=On", "Media=Film"}, {"--to", "ps", "--ignore-rules"}),
+      success("1\ntwo sides\nfilm\nstapled\n"));
+  EXPECT_EQ(emit({}, true).status, 0);
+  EXPECT_EQ(command("emit", {}, {"--to", "ps", "--ignore-rules", "--resolve"}).status, 2);
+}
+
 TEST_F(RulesTest, SettingsFile_ForbiddenValues_AreRefusedOrMended) {
   write("my.conf", "Duplex=On\nMedia=Film\n");
   EXPECT_EQ(command("emit", {}, {"--to", "ps", "--settings", "my.conf"}),

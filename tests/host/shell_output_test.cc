@@ -194,6 +194,8 @@ TEST_F(ShellOutputTest, Help_Alone_ListsEveryCommand) {
       success(
           "set NAME [PROPERTY] VALUE               Sets a feature, or one property of a feature or "
           "group\n"
+          "resolve NAME VALUE                      Sets a feature, and changes others where a rule "
+          "asks for it\n"
           "get NAME [PROPERTY|all]                 Shows a value, a property, or all properties\n"
           "show [NAME]                             Shows all features and groups, or one\n"
           "option NAME OPTION [PROPERTY [VALUE]]   Shows or sets the properties of an option\n"

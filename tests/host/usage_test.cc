@@ -20,7 +20,8 @@ struct UsageRow {
 TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
   const UsageRow kRows[] = {
       {{},
-       "driver-feature: a command is needed: check, show, emit, dump, try, diff, test, new, import, "
+       "driver-feature: a command is needed: check, show, emit, dump, try, resolve, diff, test, "
+       "new, import, "
        "queue, shell, lsp, help; driver-feature --help explains them\n"},
       {{"shwo"}, "driver-feature: there is no command \"shwo\"; did you mean \"show\"?\n"},
       {{"print", "a.xml"},

@@ -12,7 +12,7 @@ std::string emitted(const RunResult& result) {
 
 std::vector<std::string> emitArguments(const std::string& name, const std::string& form,
                                        const Settings& settings) {
-  std::vector<std::string> arguments = {"emit", name + ".xml", "--to", form};
+  std::vector<std::string> arguments = {"emit", name + ".xml", "--to", form, "--ignore-rules"};
   for (const auto& [feature, value] : settings) {
     arguments.emplace_back("-o");
     arguments.push_back(std::string(feature).append("=").append(value));

@@ -47,6 +47,7 @@ constexpr std::array kRows = {
     ArgumentRow{"FIRST", "FILE", "A settings file", kRequired},
     ArgumentRow{"SECOND", "FILE", "The settings file to compare it with", kRequired},
     kResolveRow,
+    kIgnoreRulesRow,
     kAllowanceRow,
     kShowSecretsRow,
     ArgumentRow{"--json", "", "Print a JSON document"},
@@ -213,10 +214,8 @@ void maskSecrets(Texts& first, Texts& second) {
 }
 
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
-  const DiffRequest request{
-      arguments.text("FIRST"), arguments.text("SECOND"),
-      arguments.has("--allow-control-characters"),
-      arguments.has("--resolve") ? host::RuleConduct::kMend : host::RuleConduct::kRefuse};
+  const DiffRequest request{arguments.text("FIRST"), arguments.text("SECOND"),
+                            arguments.has("--allow-control-characters"), conductOf(arguments)};
   host::SessionRequest session = sessionOf(arguments, general);
   const host::SharedRoutineRecord record;
   auto first = takeInChild(session, request.first, request);

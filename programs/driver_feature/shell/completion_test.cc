@@ -82,8 +82,8 @@ const Words kNames = {"Copies", "Duplex", "First", "Page", "Pages", "Password", 
 TEST_F(CompletionTest, Complete_FirstWord_IsACommand) {
   EXPECT_EQ(words(""),
             (Words{"constrain", "defaults", "dump", "emit", "get", "help", "load", "log", "option",
-                   "quit", "records", "release", "restore", "save", "set", "show", "write"}));
-  EXPECT_EQ(words("  re"), (Words{"records", "release", "restore"}));
+                   "quit", "records", "release", "resolve", "restore", "save", "set", "show", "write"}));
+  EXPECT_EQ(words("  re"), (Words{"records", "release", "resolve", "restore"}));
   EXPECT_EQ(words("help s"), (Words{"save", "set", "show"}));
   EXPECT_EQ(words("zz"), Words{});
 }
