@@ -53,12 +53,9 @@ class Session {
 
   const Model& model() const { return *model_; }
 
-  // Reports a line for people, as the request asks for.
-  void report(const std::string& line) const { report_(line); }
-
-  // The same for a line that is left out when only errors are reported.
-  void reportWarning(const std::string& line) const {
-    if (log_.detail() != LogDetail::kErrors) report_("warning: " + line);
+  // Reports a line for people, unless the request asks for errors only.
+  void note(const std::string& line) const {
+    if (log_.detail() != LogDetail::kErrors) report_(line);
   }
 
   // From now on accepts values that can end the command they are written into.

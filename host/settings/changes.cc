@@ -108,7 +108,7 @@ Result<std::unique_ptr<Session>> openChanged(const SessionRequest& request,
       [&changes](std::unique_ptr<Session> session) -> Result<std::unique_ptr<Session>> {
         const auto made = makeChanges(*session, changes);
         if (!made) return Failure(made.error());
-        for (const std::string& line : *made) session->report(line);
+        for (const std::string& line : *made) session->note(line);
         return session;
       });
 }

@@ -47,7 +47,7 @@ RuleKeeper::RuleKeeper(const Session& session, std::string mending)
     : session_(session), mending_(std::move(mending)) {
   const Additions& additions = session.additions(kRulesPart);
   for (const Problem& problem : additions.problems) {
-    session.reportWarning(describe(problem) + "; it is left out");
+    session.note("warning: " + describe(problem) + "; it is left out");
   }
   const Rules& rules = additions.rules;
   if (!rules.rules.empty()) book_ = std::make_unique<rules::Rulebook>(session.model(), rules);
@@ -153,7 +153,7 @@ std::vector<std::string> RuleKeeper::reasonsOf(const rules::TakenOut& choice) co
   for (const int number : choice.rules) {
     rules::Plan plan;
     plan.wishes = {{choice.feature, choice.choice}};
-    reasons.push_back(ruleText({number, {}}, plan));
+    reasons.push_back(ruleText({number, valuesOf(number, plan.wishes.front())}, plan));
   }
   return reasons;
 }
@@ -162,6 +162,25 @@ std::vector<std::string> RuleKeeper::reasonsOf(const rules::Plan& plan) const {
   std::vector<std::string> reasons;
   for (const rules::BrokenRule& broken : plan.rules) reasons.push_back(ruleText(broken, plan));
   return reasons;
+}
+
+// The values with which a rule forbids a choice, when it names nothing else but
+// hardware; otherwise none: its conditions say more.
+std::vector<rules::Assignment> RuleKeeper::valuesOf(int rule,
+                                                    const rules::Assignment& choice) const {
+  std::vector<rules::Assignment> values;
+  for (const Condition& condition : rules().rules[static_cast<std::size_t>(rule)].conditions) {
+    const bool isChoice = condition.feature == choice.feature;
+    const auto feature = session_.model().features.find(condition.feature);
+    const bool isHardware = std::any_of(
+        rules().hardware.begin(), rules().hardware.end(),
+        [&](const HardwareFeature& hardware) { return hardware.name == condition.feature; });
+    if (feature == session_.model().features.end() || (!isChoice && !isHardware)) return {};
+    values.push_back(
+        isChoice ? choice
+                 : rules::Assignment{condition.feature, settingText(feature->second).value_or("")});
+  }
+  return values;
 }
 
 bool RuleKeeper::concernsPerson(const rules::BrokenRule& broken) const {

@@ -73,6 +73,7 @@ class RuleKeeper {
 
  private:
   bool concernsPerson(const rules::BrokenRule& broken) const;
+  std::vector<rules::Assignment> valuesOf(int rule, const rules::Assignment& choice) const;
   std::string ruleText(const rules::BrokenRule& broken, const rules::Plan& plan) const;
   std::string changeText(const rules::Change& change, const rules::Plan& plan) const;
 

@@ -86,7 +86,7 @@ host::Result<Trial> tryChanges(const host::SessionRequest& request, const host::
   session.save(names);
   const auto made = makeChanges(session, changes);
   if (!made) return host::Failure(made.error());
-  for (const std::string& line : *made) session.report(line);
+  for (const std::string& line : *made) session.note(line);
   const Values changed = valuesOf(session.model());
   Trial trial{outputsToSave(session, changes)};
   session.restore(names);
