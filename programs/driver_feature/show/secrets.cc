@@ -55,7 +55,9 @@ class Masks {
     }
   }
 
-  static bool isEmptyValue(const std::string& line) { return line.substr(line.find('=') + 1) == "\n"; }
+  static bool isEmptyValue(const std::string& line) {
+    return line.substr(line.find('=') + 1) == "\n";
+  }
 
   // Counted from 1; 0 for a line that is not among them.
   static std::size_t numberOf(const Lines& lines, const std::string& line) {

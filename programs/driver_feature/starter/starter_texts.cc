@@ -5,47 +5,47 @@ namespace driver_feature::cli {
 namespace {
 
 constexpr std::string_view kRoutines =
-    R"cpp(// The routines that @NAME@.xml names. They are found by their C names.
+    R"source(// The routines that @NAME@.xml names. They are found by their C names.
 
 #include <string>
 
 #include "model/core_feature.h"
 #include "model/core_feature_set.h"
 
-          class DriverFeatureSet;  // A CoreFeatureSet, its only base.
+class DriverFeatureSet;  // A CoreFeatureSet, its only base.
 
-          namespace {
+namespace {
 
-          // The feature's current value; empty when there is no such feature.
-          std::string valueOf(DriverFeatureSet* set, const std::string& name) {
-            std::string value;
-            CoreFeatureSet* features = reinterpret_cast<CoreFeatureSet*>(set);
-            CoreFeature* feature = features->FindFeatureInFeatureList(name);
-            if (feature != nullptr) feature->getFeatureProperty(std::string("ValueString"), value);
-            return value;
-          }
+// The feature's current value; empty when there is no such feature.
+std::string valueOf(DriverFeatureSet* set, const std::string& name) {
+  std::string value;
+  CoreFeatureSet* features = reinterpret_cast<CoreFeatureSet*>(set);
+  CoreFeature* feature = features->FindFeatureInFeatureList(name);
+  if (feature != nullptr) feature->getFeatureProperty(std::string("ValueString"), value);
+  return value;
+}
 
-          // The text as a PostScript string.
-          std::string inParentheses(const std::string& text) {
-            std::string result = "(";
-            for (char character : text) {
-              if (character == '(' || character == ')' || character == '\\') result += '\\';
-              result += character;
-            }
-            return result + ")";
-          }
+// The text as a PostScript string.
+std::string inParentheses(const std::string& text) {
+  std::string result = "(";
+  for (char character : text) {
+    if (character == '(' || character == ')' || character == '\\') result += '\\';
+    result += character;
+  }
+  return result + ")";
+}
 
-          }  // namespace
+}  // namespace
 
-          // Output routine of Stamp: the text on each page, nothing for an empty one.
-          extern "C" __attribute__((visibility("default"))) void WriteStamp(DriverFeatureSet* set,
-                                                                            std::string& output) {
-            const std::string text = valueOf(set, "Stamp");
-            if (text.empty()) return;
-            output += "<< /BeginPage { pop /Helvetica 24 selectfont 36 36 moveto " +
-                      inParentheses(text) + " show } >> setpagedevice\n";
-          }
-)cpp";
+// Output routine of Stamp: the text on each page, nothing for an empty one.
+extern "C" __attribute__((visibility("default"))) void WriteStamp(DriverFeatureSet* set,
+                                                                  std::string& output) {
+  const std::string text = valueOf(set, "Stamp");
+  if (text.empty()) return;
+  output += "<< /BeginPage { pop /Helvetica 24 selectfont 36 36 moveto " + inParentheses(text) +
+            " show } >> setpagedevice\n";
+}
+)source";
 
 constexpr std::string_view kCMake =
     R"cmake(# The library of routines, and tests of the whole driver.
