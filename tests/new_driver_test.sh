@@ -32,6 +32,7 @@ quietly() {
 
 quietly "$program" new desk_printer
 cd desk_printer
+if grep -E '^ *(class|extern|namespace)' routines.cc | grep '^ '; then fail "routines.cc is indented"; fi
 quietly cmake -S . -B build -DCMAKE_PREFIX_PATH="$folder/prefix"
 quietly cmake --build build
 quietly ctest --test-dir build --output-on-failure
