@@ -1,7 +1,6 @@
 #include "host/rules/explain.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "host/description/description_index.h"
 
@@ -59,7 +58,8 @@ std::vector<Part> partsOf(const host::Rule& rule, const std::vector<Assignment>&
 
 // The newest wish that the rule speaks of becomes the subject.
 void putNewestFirst(std::vector<Part>& parts, const std::vector<Assignment>& wishes) {
-  for (const Assignment& wish : wishes | std::views::reverse) {
+  const std::vector<Assignment> newestFirst(wishes.rbegin(), wishes.rend());
+  for (const Assignment& wish : newestFirst) {
     const auto found = std::find_if(parts.begin(), parts.end(),
                                     [&](const Part& part) { return part.feature == wish.feature; });
     if (found == parts.end()) continue;

@@ -202,12 +202,20 @@ TEST_F(ModelRules, TakeOut_OptionThatItsAuthorMadeUnavailable_StaysSo) {
   EXPECT_TRUE(option("Media", 2).isConstraintSetEmpty());
 }
 
+TEST_F(ModelRules, TakeOut_ImpossibleHardware_CanStillBeTold) {
+  Rulebook book(model(), rulesOf({"a: Unit=Installed Media=Plain|Film|Foil"}, {"Unit"}));
+  EXPECT_THAT(book.takeOut(), IsEmpty());
+  EXPECT_THAT(available("Unit"), ElementsAre("Missing", "Installed"));
+}
+
 TEST_F(ModelRules, TakeOut_HardwareIsTheSame_ExaminesNothing) {
-  Rulebook book(model(), unitRules());
-  book.takeOut();
-  option("Duplex", 1).setOptionProperty("Sensitivity", true);
-  book.takeOut();
-  EXPECT_THAT(available("Duplex"), ElementsAre("None", "Long"));
+  Rulebook book(model(), rulesOf({"a: Media=Film Duplex=None"}));
+  EXPECT_THAT(book.takeOut(), IsEmpty());
+  option("Duplex", 1).setOptionProperty("Sensitivity", false);
+  option("Duplex", 2).setOptionProperty("Sensitivity", false);
+  EXPECT_THAT(book.takeOut(), IsEmpty());
+  book.giveBack();
+  EXPECT_THAT(book.takeOut(), ElementsAre(TakenOut{"Media", "Film", {0}}));
 }
 
 TEST_F(ModelRules, TakeOut_SeveralRulesForbid_NamesThemAndCountsTheFirst) {

@@ -145,6 +145,16 @@ TEST(Rulebook, Plan_Numbers_MoveToTheNearestAllowedValue) {
   EXPECT_THAT(book.plan({{"Media", "Card"}}).changes, ElementsAre(Change{"Copies", "20", "30"}));
 }
 
+TEST(Rulebook, Plan_AllowedNumbersOnBothSides_TakesTheNearerOneAndElseTheLower) {
+  const std::vector<std::string> rules = {"a: Media=Film Copies>5 Copies<31"};
+  EXPECT_THAT(Book(rules, {{"Copies", "10"}}).plan({{"Media", "Film"}}).changes,
+              ElementsAre(Change{"Copies", "10", "5"}));
+  EXPECT_THAT(Book(rules, {{"Copies", "27"}}).plan({{"Media", "Film"}}).changes,
+              ElementsAre(Change{"Copies", "27", "31"}));
+  EXPECT_THAT(Book(rules, {{"Copies", "18"}}).plan({{"Media", "Film"}}).changes,
+              ElementsAre(Change{"Copies", "18", "5"}));
+}
+
 TEST(Rulebook, Plan_NearestNumberIsForbiddenToo_MovesOn) {
   Book book({"a: Media=Film Copies>10", "b: Media=Film Copies>4 Copies<15"}, {{"Copies", "20"}});
   EXPECT_THAT(book.plan({{"Media", "Film"}}).changes, ElementsAre(Change{"Copies", "20", "4"}));

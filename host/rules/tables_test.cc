@@ -14,6 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 using testing::UnorderedElementsAre;
 
 Domains mediaAndDuplex() {
@@ -115,6 +116,15 @@ TEST(Tables, Rules_WithoutConditionOrChoiceOrNumber_NeverHold) {
   rules.rules[2].conditions[0].number = std::numeric_limits<double>::quiet_NaN();
   const Tables tables(rules, mediaAndDuplex());
   EXPECT_THAT(State(tables).held(), IsEmpty());
+}
+
+TEST(Tables, Toggles_ConditionOnMostChoices_AreThoseOfTheOthers) {
+  const Tables tables(
+      rulesOf({"most: Media=Plain|Film|Foil Copies>1", "not: Media!=Film Copies>1"}),
+      mediaAndDuplex());
+  EXPECT_THAT(tables.toggles(0, 0), IsEmpty());
+  EXPECT_THAT(tables.toggles(0, 1), SizeIs(1));
+  EXPECT_THAT(tables.toggles(0, 3), SizeIs(1));
 }
 
 TEST(Tables, Conditions_FeatureHasNoneOfItsChoices_IsNotHolds) {
