@@ -34,10 +34,13 @@ add_test(NAME checking
 add_test(NAME driver_tests_document
   COMMAND ${document_runner} sessions ${PROJECT_SOURCE_DIR}/docs/driver-tests.md
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
+add_test(NAME rules_texts_presets
+  COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/rules-texts-presets.md
+          ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
 add_test(NAME import_examples
   COMMAND ${document_runner} wrap ${PROJECT_SOURCE_DIR}/docs/import.md
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${document_compiler})
 set_property(TEST 
   description_format_examples description_format_attributes description_format_faults tutorial
   cookbook checking coming_from_ppd security_examples driver_tests_document
-  import_examples APPEND PROPERTY LABELS once)
+  import_examples rules_texts_presets APPEND PROPERTY LABELS once)

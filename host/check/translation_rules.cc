@@ -108,6 +108,17 @@ struct Language {
   std::set<std::string> keys;
 };
 
+// The attribute Text is in the description's own language, which is the first.
+void addOwnTexts(const AdditionSubject& subject, std::map<std::string, Language>& languages) {
+  auto& keys = languages[host::toLower(subject.additions.texts.front().language)].keys;
+  for (const host::Rule& rule : subject.additions.rules.rules) {
+    if (!rule.text.empty()) keys.insert(host::ruleKey(rule.id));
+  }
+  for (const host::Preset& preset : subject.additions.presets) {
+    if (!preset.text.empty()) keys.insert(host::presetKey(preset.name));
+  }
+}
+
 std::map<std::string, Language> languagesOf(const AdditionSubject& subject) {
   std::map<std::string, Language> languages;
   for (const host::TextsOfLanguage& texts : subject.additions.texts) {
@@ -117,6 +128,7 @@ std::map<std::string, Language> languagesOf(const AdditionSubject& subject) {
       if (!text.text.empty()) language->second.keys.insert(text.key);
     }
   }
+  if (!languages.empty()) addOwnTexts(subject, languages);
   return languages;
 }
 

@@ -4,8 +4,8 @@
 # usage: run_document.sh wrap|grow|sessions DOCUMENT SOURCES BUILD COMPILER [FLAG...]
 #
 # A block after the comment "<!-- file: NAME -->" is written to that file. An
-# xml block that is a whole FeatureDescription becomes the description as it
-# is; the elements of any other are wrapped in one that names the program's
+# xml block that is a whole FeatureDescription, or the root DriverConfiguration
+# around one, becomes the description as it is; the elements of any other are wrapped in one that names the program's
 # own routines ("wrap", example.xml), or put into the description as it is
 # so far ("grow", printer.xml); a document of "sessions" need not have one.
 # Every description must load without a line of complaint. The commands of a
@@ -62,7 +62,7 @@ wrapElements() {
 takeDescription() {
   local block=$1 description=example.xml
   if [ "$mode" = grow ]; then description=printer.xml; fi
-  if grep -qE '^<FeatureDescription( .*)?>$' "$block"; then
+  if grep -qE '^<(FeatureDescription|DriverConfiguration)( .*)?>$' "$block"; then
     cp -- "$block" "$description"
   elif [ "$mode" = grow ]; then
     awk -f "$tools/grow.awk" "$block" "$description" >grown

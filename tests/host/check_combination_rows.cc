@@ -218,6 +218,16 @@ const std::vector<CheckRow>& translationRows() {
         "<FeatureTexts Language='en'><Text For='Duplex'>D</Text><Text For='Duplex.None'>N</Text>",
         "<Text For='Job'>J</Text><Text For='Jobs'>J</Text><Text For='Number'>N</Text>",
         "<Text For='rule:a'>R</Text><Text For='preset:p'>P</Text></FeatureTexts>"}},
+      {"texts in attributes are in the first language",
+       kFeatures,
+       "@:12:15: warning: language \"de\" lacks 1 of 3 texts: preset:p; add them, or leave them to "
+       "the first language [DF744]\n",
+       {"<FeatureRules><Never Id='a' Text='A'>" + kFine +
+            "</Never></FeatureRules><FeaturePresets>"
+            "<Preset Name='p' Text='P'>Size=A3</Preset></FeaturePresets>",
+        "<FeatureTexts Language='en'><Text For='Size'>S</Text></FeatureTexts>",
+        "<FeatureTexts Language='de'><Text For='Size'>S</Text><Text For='rule:a'>A</Text>"
+        "</FeatureTexts>"}},
       {"texts for nothing",
        kFeatures,
        "@:10:35: error: there is nothing with the key \"Dupex\"; did you mean \"Duplex\"? [DF741]\n"
