@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "AttributeMap.h"
 #include "XMLDocument.h"
 
 #include "host/base/nearest_name.h"
@@ -57,14 +58,19 @@ void AdditionReader::refuse(void* element, const char* cause, std::string text,
 }
 
 bool AdditionReader::readAttributes(void* element, Names known, Names required) {
-  attributes_.clear();
-  pParserInstance->attributes(element, attributes_);
+  AttributeMap map;
+  pParserInstance->attributes(element, map);
+  attributeCount_ = static_cast<std::size_t>(map.size());
+  if (attributes_.size() < attributeCount_) attributes_.resize(attributeCount_);
+  for (std::size_t i = 0; i < attributeCount_; ++i) {
+    map.fetchAttributeValueByIndex(static_cast<long>(i), attributes_[i].first,
+                                   attributes_[i].second);
+  }
   const auto isKnown = [&known](const std::string& name) {
     return std::any_of(known.begin(), known.end(), [&](const char* row) { return name == row; });
   };
-  std::string name;
-  std::string value;
-  for (long i = 0; attributes_.fetchAttributeValueByIndex(i, name, value); ++i) {
+  for (std::size_t i = 0; i < attributeCount_; ++i) {
+    const std::string& name = attributes_[i].first;
     // Attributes of other namespaces are free everywhere.
     if (isKnown(name) || name.find(':') != std::string::npos || name == "xmlns") continue;
     const std::vector<std::string> names(known.begin(), known.end());
@@ -85,10 +91,17 @@ bool AdditionReader::readAttributes(void* element, Names known, Names required) 
   return isComplete;
 }
 
-std::string AdditionReader::text(const char* attribute) const {
-  std::string value;
-  attributes_.loadMapVariable(attribute, value, nullptr);
-  return value;
+const std::string* AdditionReader::find(const char* attribute) const {
+  for (std::size_t i = 0; i < attributeCount_; ++i) {
+    if (attributes_[i].first == attribute) return &attributes_[i].second;
+  }
+  return nullptr;
+}
+
+const std::string& AdditionReader::text(const char* attribute) const {
+  static const std::string kNone;
+  const std::string* found = find(attribute);
+  return found != nullptr ? *found : kNone;
 }
 
 bool AdditionReader::has(const char* attribute) const {
@@ -96,12 +109,11 @@ bool AdditionReader::has(const char* attribute) const {
 }
 
 bool AdditionReader::isGiven(const char* attribute) const {
-  std::string value;
-  return attributes_.loadMapVariable(attribute, value, nullptr);
+  return find(attribute) != nullptr;
 }
 
 std::optional<double> AdditionReader::number(void* element, const char* attribute) {
-  const std::string value = text(attribute);
+  const std::string& value = text(attribute);
   const auto number = numberOf(value);
   if (!number && isGiven(attribute)) {
     additions_.problems.push_back(

@@ -6,9 +6,8 @@
 #include <initializer_list>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
-
-#include "AttributeMap.h"
 
 #include "host/description/additions.h"
 #include "host/description/element_places.h"
@@ -47,9 +46,11 @@ class AdditionReader {
   // Reads the attributes of an element. Each that is not one of `known` is a
   // problem, and so is each of `required` that is missing or empty; false then.
   bool readAttributes(void* element, Names known, Names required);
-  std::string text(const char* attribute) const;
-  bool has(const char* attribute) const;      // With a value that is not empty.
-  bool isGiven(const char* attribute) const;  // With any value.
+  // Null without the attribute.
+  const std::string* find(const char* attribute) const;
+  const std::string& text(const char* attribute) const;  // Empty without it.
+  bool has(const char* attribute) const;                 // With a value that is not empty.
+  bool isGiven(const char* attribute) const;             // With any value.
   // Nothing without the attribute; a problem for what is not a number.
   std::optional<double> number(void* element, const char* attribute);
 
@@ -70,7 +71,9 @@ class AdditionReader {
   std::string file_;
   const ElementPlaces& places_;
   Additions& additions_;
-  AttributeMap attributes_;  // Of the element that is read.
+  // Of the element that is read. Their strings are used again for the next one.
+  std::vector<std::pair<std::string, std::string>> attributes_;
+  std::size_t attributeCount_ = 0;
 };
 
 }  // namespace driver_feature::host

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <string_view>
 
+#include "AttributeMap.h"
+
 #include "host/base/input_file.h"
 #include "host/description/addition_reader.h"
 #include "host/description/po_file.h"
