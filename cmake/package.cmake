@@ -98,6 +98,9 @@ debian_package(tools driver-feature utils allowed
   "it reads a feature description, shows and changes settings, and writes"
   "PostScript, PJL and job tickets. Descriptions of two printers are included.")
 
+# Translations beside descriptions are read with it; all else works without it.
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS libgettextpo0)
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL library development)
 if(foreign)

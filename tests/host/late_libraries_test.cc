@@ -13,7 +13,8 @@ class LateLibrariesTest : public ProgramTest {
  protected:
   LateLibrariesTest() {
     std::filesystem::create_directory(libraries());
-    for (const std::string name : {LIBXML2_FILE_NAME, EDIT_FILE_NAME, "libcups.so.2"}) {
+    for (const std::string name :
+         {LIBXML2_FILE_NAME, EDIT_FILE_NAME, "libcups.so.2", "libgettextpo.so.0"}) {
       write("libraries/" + name, "");
     }
     describe("plain.xml", {feature("IntEntry", "Copies", "DefaultValue=\"1\"")});
@@ -59,6 +60,24 @@ TEST_F(LateLibrariesTest, Show_NotPlainXml_NamesThePackage) {
 
 TEST_F(LateLibrariesTest, Check_PlainDescription_NeedsNone) {
   EXPECT_EQ(runWithout({"check", "plain.xml"}), run({"check", "plain.xml"}));
+}
+
+TEST_F(LateLibrariesTest, Show_TranslationIsThere_NamesThePackageAndShowsTheRest) {
+  write("plain.de.po",
+        "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n\n"
+        "msgctxt \"Copies\"\nmsgid \"Copies\"\nmsgstr \"Exemplare\"\n");
+  const std::vector<std::string> show = {"show", "plain.xml", "--language", "de"};
+  EXPECT_NE(run(show).output.find("Exemplare"), std::string::npos);
+  const std::string text =
+      "libgettextpo.so.0 cannot be loaded: " + (libraries() / "libgettextpo.so.0").string() +
+      ": file too short; install the package libgettextpo0";
+  const RunResult result = runWithout(show);
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.errors, "driver-feature: plain.de.po: " + text + "\n");
+  EXPECT_NE(result.output.find("Copies"), std::string::npos);
+  EXPECT_EQ(result.output.find("Exemplare"), std::string::npos);
+  EXPECT_EQ(runWithout({"emit", "plain.xml", "--to", "ps"}),
+            run({"emit", "plain.xml", "--to", "ps"}));
 }
 
 TEST_F(LateLibrariesTest, Import_PpdIsRead_NamesThePackage) {
