@@ -78,11 +78,10 @@ Alternatives RuleFeatures::termsOf(const RuleOption& option, std::size_t place) 
 
 Alternatives RuleFeatures::anyTerms(const RuleOption& option) const {
   Alternatives terms;
-  const std::vector<ppd_choice_t*> choices = choicesOf(*option.option);
-  for (std::size_t i = 0; i < choices.size(); ++i) {
-    if (saysOff(choices[i]->choice)) continue;
+  for (int i = 0; i < option.option->num_choices; ++i) {
+    if (saysOff(option.option->choices[i].choice)) continue;
     if (!takesSeveral(*option.option)) return {{option.first, Term::kAny}};
-    terms.push_back({option.first + i, kTrue});
+    terms.push_back({option.first + static_cast<std::size_t>(i), kTrue});
   }
   return terms;
 }

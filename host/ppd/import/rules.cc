@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -19,6 +20,8 @@ namespace {
 // A constraint on several options that take several choices each stands for many
 // conflicts; beyond this it is lost.
 constexpr std::size_t kMostConflicts = 1000;
+// The same for all constraints of a file together. No printer's has a tenth of it.
+constexpr std::size_t kMostConflictsOfAll = 1000000;
 
 // The conflict without two terms about the same feature; nothing when it cannot
 // come about.
@@ -43,6 +46,8 @@ class Reader {
       : features_(ppd), gathering_(features_), losses_(losses) {}
 
   void add(const Constraint& constraint) {
+    const std::string text = constraint.text();
+    if (!known_.insert(text).second) return;
     std::vector<Alternatives> conditions;
     std::size_t conflicts = 1;
     for (const ConstrainedChoice& each : constraint.choices) {
@@ -51,10 +56,9 @@ class Reader {
       conflicts = std::min(conflicts, kMostConflicts + 1) * condition->size();
       conditions.push_back(std::move(*condition));
     }
-    if (conflicts > kMostConflicts) {
-      return losses_.note(LossKind::kConstraint, constraint.text() + ": it would take more than " +
-                                                     std::to_string(kMostConflicts) + " rules");
-    }
+    if (conflicts > kMostConflicts) return lose(text, kMostConflicts);
+    conflicts_ += conflicts;
+    if (conflicts_ > kMostConflictsOfAll) return lose(text, kMostConflictsOfAll);
     for (std::size_t i = 0; i < conflicts; ++i) addConflict(conditions, i);
   }
 
@@ -63,6 +67,11 @@ class Reader {
  private:
   static constexpr const char* kIgnored =
       "constraints on options and choices that it does not have";
+
+  void lose(const std::string& constraint, std::size_t most) {
+    losses_.note(LossKind::kConstraint,
+                 constraint + ": it would take more than " + std::to_string(most) + " rules");
+  }
 
   // Adds the conflict with the number: one of the alternatives of each condition.
   void addConflict(const std::vector<Alternatives>& conditions, std::size_t number) {
@@ -74,6 +83,8 @@ class Reader {
     if (const auto conflict = normalized(features_, std::move(terms))) gathering_.add(*conflict);
   }
 
+  std::unordered_set<std::string> known_;  // The constraints so far.
+  std::size_t conflicts_ = 0;
   RuleFeatures features_;
   RuleGathering gathering_;
   Losses& losses_;

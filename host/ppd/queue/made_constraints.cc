@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
 
 #include "host/base/text.h"
@@ -20,6 +20,7 @@ using Alternatives = std::vector<std::string>;
 
 constexpr std::size_t kMostStatements = 20000;  // Of one rule.
 constexpr std::size_t kMostStatementsOfAll = 200000;
+constexpr std::size_t kMostListed = 5000000;
 constexpr std::size_t kLongestLine = 250;  // libcups reads 255 bytes at most where it is strict.
 
 // What a constraint that names an option alone leaves out.
@@ -45,12 +46,14 @@ class Writer {
     for (const host::Condition& condition : rule.conditions) {
       const std::string obstacle = obstacleOf(condition);
       if (!obstacle.empty()) return lose(rule, obstacle);
-      conditions.push_back(alternativesOf(condition));
-      statements = std::min(statements, kMostStatements + 1) * conditions.back().size();
+      auto alternatives = alternativesOf(condition);
+      if (!alternatives) return lose(rule, kTooMany);
+      statements = std::min(statements, kMostStatements + 1) * alternatives->size();
+      conditions.push_back(std::move(*alternatives));
     }
     const bool isTooMuch =
         statements > kMostStatements || written_ + statements > kMostStatementsOfAll;
-    if (isTooMuch) return lose(rule, "a PPD would need too many constraints for it");
+    if (isTooMuch) return lose(rule, kTooMany);
     for (std::size_t i = 0; i < statements; ++i) addStatement(conditions, i);
     written_ += statements;
   }
@@ -58,6 +61,16 @@ class Writer {
   std::string take() { return std::move(text_); }
 
  private:
+  static constexpr const char* kTooMany = "a PPD would need too many constraints for it";
+
+  // An option, and the places of its choices.
+  struct Option {
+    const std::vector<NamedChoice>* choices = nullptr;
+    std::unordered_map<std::string, std::size_t> places;  // By their names in the description.
+    std::vector<std::size_t> off;                         // Those that say so.
+    std::vector<std::size_t> on;                          // The others.
+  };
+
   void lose(const host::Rule& rule, const std::string& reason) {
     losses_.push_back("rule " + rule.id + ": " + reason);
   }
@@ -71,18 +84,53 @@ class Writer {
     return "the PPD has no option " + condition.feature + " with choices";
   }
 
-  Alternatives alternativesOf(const host::Condition& condition) const {
-    const std::vector<NamedChoice>& choices = options_.at(condition.feature);
-    const std::unordered_set<std::string> named(condition.choices.begin(), condition.choices.end());
-    Alternatives alternatives;
-    bool isAnyButOff = !isPage(condition.feature) || condition.kind == Kind::kIsNot;
-    for (const NamedChoice& choice : choices) {
-      const bool fits = named.contains(choice.option) == (condition.kind == Kind::kIs);
-      isAnyButOff = isAnyButOff && fits != saysOff(choice);
-      if (fits) alternatives.push_back("*" + condition.feature + " " + choice.name);
+  // The places of the choices that fulfil the condition, in their order; nothing
+  // when there are too many to name them all.
+  std::optional<std::vector<std::size_t>> choicesOf(const Option& option,
+                                                    const host::Condition& condition) {
+    std::vector<std::size_t> named;
+    for (const std::string& choice : condition.choices) {
+      const auto place = option.places.find(choice);
+      if (place != option.places.end()) named.push_back(place->second);
     }
-    if (!isAnyButOff || alternatives.empty()) return alternatives;
-    return {"*" + condition.feature};
+    std::sort(named.begin(), named.end());
+    named.erase(std::unique(named.begin(), named.end()), named.end());
+    if (condition.kind == Kind::kIs) return named;
+    if (named == option.off) return option.on;
+    listed_ += option.choices->size();
+    if (listed_ > kMostListed) return std::nullopt;
+    std::vector<std::size_t> others;
+    for (std::size_t i = 0; i < option.choices->size(); ++i) {
+      if (!std::binary_search(named.begin(), named.end(), i)) others.push_back(i);
+    }
+    return others;
+  }
+
+  std::optional<Alternatives> alternativesOf(const host::Condition& condition) {
+    const Option& option = optionOf(condition.feature);
+    const auto choices = choicesOf(option, condition);
+    if (!choices) return std::nullopt;
+    const bool isAnyButOff = *choices == option.on && !choices->empty() &&
+                             (condition.kind == Kind::kIsNot || !isPage(condition.feature));
+    if (isAnyButOff) return Alternatives{"*" + condition.feature};
+    Alternatives alternatives;
+    for (const std::size_t choice : *choices) {
+      alternatives.push_back("*" + condition.feature + " " + (*option.choices)[choice].name);
+    }
+    return alternatives;
+  }
+
+  const Option& optionOf(const std::string& feature) {
+    const auto [known, isNew] = known_.try_emplace(feature);
+    Option& option = known->second;
+    if (!isNew) return option;
+    option.choices = &options_.at(feature);
+    for (std::size_t i = 0; i < option.choices->size(); ++i) {
+      const NamedChoice& choice = (*option.choices)[i];
+      option.places.try_emplace(choice.option, i);
+      (saysOff(choice) ? option.off : option.on).push_back(i);
+    }
+    return option;
   }
 
   // Writes the statement with the number: one of the alternatives of each
@@ -108,8 +156,10 @@ class Writer {
 
   const MadeOptions& options_;
   std::vector<std::string>& losses_;
+  std::unordered_map<std::string, Option> known_;
   std::string text_;
-  std::size_t written_ = 0;
+  std::size_t written_ = 0;  // Statements.
+  std::size_t listed_ = 0;   // Choices that were looked at for conditions with IsNot.
 };
 
 }  // namespace
