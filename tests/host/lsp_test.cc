@@ -15,7 +15,7 @@ class LspTest : public ProgramTest {
   // With this input; the output goes to the file, if one is given.
   RunResult serve(const std::string& input, const std::string& output = "") const {
     write("input", input);
-    return run({"lsp"}, [output] {
+    return run({"lsp", "--stdio"}, [output] {
       ::dup2(::open("input", O_RDONLY), STDIN_FILENO);
       if (!output.empty()) ::dup2(::open(output.c_str(), O_WRONLY), STDOUT_FILENO);
     });
@@ -34,6 +34,7 @@ const std::string kShutDownReply = message(R"({"id":2,"jsonrpc":"2.0","result":n
 
 TEST_F(LspTest, Lsp_NoInput_EndsWithZero) {
   EXPECT_EQ(serve(""), success(""));
+  EXPECT_EQ(run({"lsp"}, [] { ::close(STDIN_FILENO); }), success(""));
 }
 
 TEST_F(LspTest, Lsp_WholeSession_EndsWithZero) {

@@ -27,6 +27,10 @@ constexpr const char* kFooter =
     "Exit status: 0 the editor has ended the server, 1 it has gone without saying so, or\n"
     "cannot be written to, 2 what comes from it is not the protocol.";
 
+constexpr std::array kRows = {
+    ArgumentRow{"--stdio", "", "Use standard input and output, as without it; for editors"},
+};
+
 host::Result<int> run(const Arguments& /*arguments*/, const host::SessionRequest& general) {
   return serveLanguage(STDIN_FILENO, STDOUT_FILENO, general);
 }
@@ -34,6 +38,6 @@ host::Result<int> run(const Arguments& /*arguments*/, const host::SessionRequest
 }  // namespace
 
 const CommandRow kLspCommand = {
-    "lsp", "Help editors to write feature descriptions", kFooter, {}, {}, &run};
+    "lsp", "Help editors to write feature descriptions", kFooter, kRows, {}, &run};
 
 }  // namespace driver_feature::cli
