@@ -1,0 +1,319 @@
+#include "host/server/connection.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+
+#include <array>
+#include <utility>
+
+#include "host/base/text.h"
+
+namespace driver_feature::host {
+
+namespace {
+
+constexpr std::size_t kPiece = 16384;  // Fits into a socket at once.
+
+std::string fieldOf(http_t* http, http_field_t field) {
+  const char* value = ::httpGetField(http, field);
+  return value == nullptr ? "" : value;
+}
+
+// "localhost:8631" without the port, "[::1]:8631" without port and brackets.
+std::string nameIn(std::string host) {
+  if (host.starts_with('[')) {
+    const std::size_t end = host.find(']');
+    return end == std::string::npos ? "" : host.substr(1, end - 1);
+  }
+  host.erase(std::min(host.find(':'), host.size()));
+  if (host.ends_with('.')) host.pop_back();
+  return toLower(std::move(host));
+}
+
+}  // namespace
+
+Response plainResponse(http_status_t status) {
+  return {status, "text/plain; charset=utf-8",
+          std::to_string(static_cast<int>(status)) + " " + ::httpStatus(status) + "\n"};
+}
+
+Connection::Connection(Relay relay, RequestNumber number, ConnectionSetting setting)
+    : relay_(std::move(relay)),
+      number_(number),
+      setting_(std::move(setting)),
+      framing_(setting_.limits.headBytes) {
+  setting_.loop.watch(relay_.network(), POLLIN, [this](short events) { handle(events); });
+  enter(Phase::kIdle);
+}
+
+Connection::~Connection() {
+  if (timer_) setting_.loop.cancel(*timer_);
+  setting_.loop.forget(relay_.network());
+}
+
+void Connection::handle(short events) {
+  if ((events & POLLNVAL) != 0) return end();
+  if ((events & (POLLERR | POLLHUP)) != 0 && (events & POLLIN) == 0) return end();
+  if ((events & POLLOUT) != 0 && !relay_.send()) return end();
+  if ((events & POLLIN) != 0) isAtEnd_ = !relay_.receive() || isAtEnd_;
+  proceed();
+}
+
+void Connection::proceed() {
+  while (phase_ != Phase::kOver && step()) {
+  }
+  if (phase_ == Phase::kOver) return;
+  // A client that has closed its side gets its response, but nothing is waited for.
+  const bool isWaiting = phase_ != Phase::kThinking && phase_ != Phase::kSending;
+  if (isAtEnd_ && isWaiting) return end();
+  const bool mayRead = !isAtEnd_ && isWaiting;
+  const int events = (mayRead ? POLLIN : 0) | (relay_.hasUnsent() ? POLLOUT : 0);
+  setting_.loop.change(relay_.network(), static_cast<short>(events));
+}
+
+// One step of the phase. False when it must wait.
+bool Connection::step() {
+  switch (phase_) {
+    case Phase::kIdle:
+      // Line ends between requests are allowed.
+      while (relay_.incoming().starts_with('\r') || relay_.incoming().starts_with('\n')) {
+        relay_.drop(1);
+      }
+      if (relay_.incoming().empty()) return false;
+      framing_.expectHead();
+      enter(Phase::kHead);
+      return true;
+    case Phase::kHead:
+      return readHead();
+    case Phase::kBody:
+      return readBody();
+    case Phase::kSending:
+      if (!relay_.send()) {
+        end();
+        return false;
+      }
+      if (relay_.hasUnsent()) return false;
+      afterSending();
+      return true;
+    case Phase::kLingering:
+      relay_.drop(relay_.incoming().size());
+      return false;
+    default:
+      return false;
+  }
+}
+
+bool Connection::readHead() {
+  const std::size_t count = framing_.take(relay_.incoming());
+  if (framing_.isMalformed()) {
+    end();
+    return false;
+  }
+  if (count == 0) return false;
+  if (relay_.incoming().substr(0, count).find('\0') != std::string_view::npos ||
+      !relay_.handOn(count)) {
+    end();
+    return false;
+  }
+  std::array<char, 1024> resource{};
+  const http_state_t state = ::httpReadRequest(relay_.http(), resource.data(), resource.size());
+  if (state == HTTP_STATE_ERROR || state == HTTP_STATE_WAITING) {
+    end();
+    return false;
+  }
+  http_status_t status = HTTP_STATUS_CONTINUE;
+  while (relay_.hasMore() && status == HTTP_STATUS_CONTINUE) status = ::httpUpdate(relay_.http());
+  request_ = {};
+  request_.path = resource.data();
+  request_.path.erase(std::min(request_.path.find('?'), request_.path.size()));
+  request_.host = fieldOf(relay_.http(), HTTP_FIELD_HOST);
+  std::string type = fieldOf(relay_.http(), HTTP_FIELD_CONTENT_TYPE);
+  type.erase(std::min(type.find(';'), type.size()));
+  request_.contentType = toLower(std::string(trimmed(type, " \t")));
+  isLast_ = ::httpGetKeepAlive(relay_.http()) == HTTP_KEEPALIVE_OFF;
+  if (status != HTTP_STATUS_OK) {
+    respond(plainResponse(HTTP_STATUS_BAD_REQUEST), true);
+    return true;
+  }
+  return route(state);
+}
+
+bool Connection::route(http_state_t state) {
+  http_t* http = relay_.http();
+  const auto refuse = [this](http_status_t status) {
+    respond(plainResponse(status), true);
+    return true;
+  };
+  if (state != HTTP_STATE_POST && state != HTTP_STATE_GET && state != HTTP_STATE_HEAD) {
+    return refuse(HTTP_STATUS_NOT_IMPLEMENTED);
+  }
+  // A page of another place must not reach this server by a name of its own.
+  if (!setting_.isOwnName(nameIn(request_.host))) return refuse(HTTP_STATUS_BAD_REQUEST);
+  const std::string length = fieldOf(http, HTTP_FIELD_CONTENT_LENGTH);
+  const bool isChunked = ::httpIsChunked(http) != 0;
+  request_.method = state == HTTP_STATE_POST   ? Method::kPost
+                    : state == HTTP_STATE_HEAD ? Method::kHead
+                                               : Method::kGet;
+  if (request_.method != Method::kPost) {
+    if (isChunked || (!length.empty() && length != "0")) return refuse(HTTP_STATUS_BAD_REQUEST);
+  } else if (isChunked == !length.empty()) {
+    return refuse(HTTP_STATUS_BAD_REQUEST);
+  }
+  const std::string coding = fieldOf(http, HTTP_FIELD_CONTENT_ENCODING);
+  if (!coding.empty() && coding != "identity") return refuse(HTTP_STATUS_BAD_REQUEST);
+  const auto bodyBytes = static_cast<std::uint64_t>(::httpGetLength2(http));
+  if (!isChunked && bodyBytes > setting_.limits.bodyBytes) {
+    return refuse(HTTP_STATUS_REQUEST_TOO_LARGE);
+  }
+  auto made = setting_.handler(request_);
+  if (Response* response = std::get_if<Response>(&made)) {
+    respond(*response, request_.method == Method::kPost);
+    return true;
+  }
+  taker_ = std::move(std::get<std::unique_ptr<BodyTaker>>(made));
+  if (::httpGetExpect(http) == HTTP_STATUS_CONTINUE) {
+    ::httpWriteResponse(http, HTTP_STATUS_CONTINUE);
+    ::httpFlushWrite(http);
+    relay_.collect();
+    if (!relay_.send()) {
+      end();
+      return false;
+    }
+  }
+  bodyBytes_ = 0;
+  isChunked ? framing_.expectChunks() : framing_.expectBytes(bodyBytes);
+  enter(Phase::kBody);
+  return true;
+}
+
+bool Connection::readBody() {
+  if (relay_.hasUnsent() && !relay_.send()) {
+    end();
+    return false;
+  }
+  const std::size_t count = framing_.take(relay_.incoming().substr(0, kPiece));
+  if (framing_.isMalformed()) {
+    respond(plainResponse(HTTP_STATUS_BAD_REQUEST), true);
+    return true;
+  }
+  if (count == 0 && !framing_.isDone()) return false;
+  if (count > 0 && !relay_.handOn(count)) {
+    end();
+    return false;
+  }
+  if (!pump()) return true;
+  return !framing_.isDone() || finishBody();
+}
+
+// Gives the taker what has been handed on. False when it has responded.
+bool Connection::pump() {
+  std::array<char, kPiece> buffer;
+  while (::httpGetState(relay_.http()) == HTTP_STATE_POST_RECV && relay_.hasMore()) {
+    const ssize_t count = ::httpRead2(relay_.http(), buffer.data(), buffer.size());
+    if (count <= 0) break;
+    bodyBytes_ += static_cast<std::uint64_t>(count);
+    if (bodyBytes_ > setting_.limits.bodyBytes) {
+      respond(plainResponse(HTTP_STATUS_REQUEST_TOO_LARGE), true);
+      return false;
+    }
+    if (auto response = taker_->take({buffer.data(), static_cast<std::size_t>(count)})) {
+      respond(*response, true);
+      return false;
+    }
+  }
+  return true;
+}
+
+bool Connection::finishBody() {
+  if (::httpGetState(relay_.http()) == HTTP_STATE_POST_RECV) {
+    // An empty body: libcups goes on to the response when it is asked for more.
+    char none = 0;
+    ::httpRead2(relay_.http(), &none, 1);
+  }
+  enter(Phase::kThinking);
+  if (auto response = taker_->finish(number_)) respond(*response, false);
+  return true;
+}
+
+void Connection::reply(const Response& response) {
+  if (phase_ != Phase::kThinking) return;
+  respond(response, false);
+  proceed();
+}
+
+void Connection::respond(const Response& response, bool isLast) {
+  taker_.reset();
+  // libcups does not go on after a response without a body.
+  isLast_ = isLast_ || isLast || response.body.empty();
+  writeOut(response);
+  enter(Phase::kSending);
+}
+
+void Connection::writeOut(const Response& response) {
+  http_t* http = relay_.http();
+  ::httpClearFields(http);
+  ::httpSetField(http, HTTP_FIELD_SERVER, "driver-feature-printer");
+  ::httpSetField(http, HTTP_FIELD_CONTENT_TYPE, response.contentType.c_str());
+  ::httpSetLength(http, response.body.size());
+  ::httpSetKeepAlive(http, isLast_ ? HTTP_KEEPALIVE_OFF : HTTP_KEEPALIVE_ON);
+  if (isLast_) ::httpSetField(http, HTTP_FIELD_CONNECTION, "close");
+  ::httpWriteResponse(http, response.status);
+  std::string_view body = response.body;
+  if (request_.method == Method::kHead) body = {};
+  for (std::size_t done = 0; done < body.size(); done += kPiece) {
+    const std::string_view piece = body.substr(done, kPiece);
+    ::httpWrite2(http, piece.data(), piece.size());
+    relay_.collect();
+  }
+  ::httpFlushWrite(http);
+  relay_.collect();
+  // Otherwise libcups would not read the next request.
+  if (::httpGetState(http) != HTTP_STATE_WAITING) isLast_ = true;
+}
+
+void Connection::afterSending() {
+  if (!isLast_) return enter(Phase::kIdle);
+  // Bytes that come after the end of a connection would make the client lose
+  // the response.
+  ::shutdown(relay_.network(), SHUT_WR);
+  enter(Phase::kLingering);
+}
+
+void Connection::enter(Phase phase) {
+  phase_ = phase;
+  if (timer_) setting_.loop.cancel(*timer_);
+  timer_.reset();
+  counted_ = phase == Phase::kBody ? bodyBytes_ : relay_.unsent();
+  const Limits& limits = setting_.limits;
+  if (phase == Phase::kIdle) timer_ = setting_.loop.after(limits.idle, [this] { end(); });
+  if (phase == Phase::kHead) timer_ = setting_.loop.after(limits.head, [this] { end(); });
+  if (phase == Phase::kLingering) timer_ = setting_.loop.after(limits.linger, [this] { end(); });
+  if (phase == Phase::kBody || phase == Phase::kSending) watchRate();
+}
+
+// Ends the connection when too little has moved since the last look.
+void Connection::watchRate() {
+  timer_ = setting_.loop.after(setting_.limits.quiet, [this] {
+    timer_.reset();
+    const std::uint64_t now = phase_ == Phase::kBody ? bodyBytes_ : relay_.unsent();
+    const std::uint64_t moved = phase_ == Phase::kBody ? now - counted_ : counted_ - now;
+    if (moved < setting_.limits.bodyRate) return end();
+    counted_ = now;
+    watchRate();
+  });
+}
+
+void Connection::end() {
+  if (phase_ == Phase::kOver) return;
+  phase_ = Phase::kOver;
+  taker_.reset();
+  setting_.loop.change(relay_.network(), 0);
+  // The connection is not destroyed while it runs.
+  timer_ = setting_.loop.after(EventLoop::Milliseconds(0), [this] {
+    timer_.reset();
+    const auto isOver = setting_.isOver;
+    isOver(number_);
+  });
+}
+
+}  // namespace driver_feature::host

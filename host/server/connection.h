@@ -1,0 +1,77 @@
+// The requests of one client, one after the other.
+#ifndef HOST_SERVER_CONNECTION_H_
+#define HOST_SERVER_CONNECTION_H_
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/server/event_loop.h"
+#include "host/server/exchange.h"
+#include "host/server/framing.h"
+#include "host/server/limits.h"
+#include "host/server/relay.h"
+
+namespace driver_feature::host {
+
+// What a connection needs of its server. It outlives the connection.
+struct ConnectionSetting {
+  EventLoop& loop;
+  const Limits& limits;
+  const Handler& handler;
+  // Whether a client may call this server so: the field Host without the port.
+  const std::function<bool(const std::string& name)>& isOwnName;
+  // Called when the connection is over, from the loop.
+  std::function<void(RequestNumber)> isOver;
+};
+
+class Connection final {
+ public:
+  // `number` becomes that of its requests: it has one at a time.
+  Connection(Relay relay, RequestNumber number, ConnectionSetting setting);
+  ~Connection();
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+
+  // The response to a request that waits for one.
+  void reply(const Response& response);
+
+  // Whether it waits for the first byte of a request.
+  bool isIdle() const { return phase_ == Phase::kIdle; }
+
+ private:
+  enum class Phase { kIdle, kHead, kBody, kThinking, kSending, kLingering, kOver };
+
+  void handle(short events);
+  void proceed();
+  bool step();
+  bool readHead();
+  bool route(http_state_t state);
+  bool readBody();
+  bool pump();
+  bool finishBody();
+  void respond(const Response& response, bool isLast);
+  void writeOut(const Response& response);
+  void afterSending();
+  void enter(Phase phase);
+  void watchRate();
+  void end();
+
+  Relay relay_;
+  RequestNumber number_;
+  ConnectionSetting setting_;
+  Framing framing_;
+  Phase phase_ = Phase::kOver;
+  std::unique_ptr<BodyTaker> taker_;
+  Request request_;
+  bool isLast_ = false;          // No request comes after this one.
+  bool isAtEnd_ = false;         // The client sends no more.
+  std::uint64_t bodyBytes_ = 0;  // Of this body so far.
+  std::uint64_t counted_ = 0;    // Bytes of the body, or unsent ones, at the last look.
+  std::optional<EventLoop::Timer> timer_;
+};
+
+}  // namespace driver_feature::host
+
+#endif  // HOST_SERVER_CONNECTION_H_

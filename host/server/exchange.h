@@ -1,0 +1,58 @@
+// A request and what is made of it.
+#ifndef HOST_SERVER_EXCHANGE_H_
+#define HOST_SERVER_EXCHANGE_H_
+
+#include <cups/http.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace driver_feature::host {
+
+enum class Method { kGet, kHead, kPost };
+
+struct Request {
+  Method method = Method::kGet;
+  std::string path;         // Decoded by nobody; without the part after "?".
+  std::string host;         // Of the field Host, with the port.
+  std::string contentType;  // Without parameters, in small letters.
+  std::string peer;         // The client's address.
+};
+
+struct Response {
+  http_status_t status = HTTP_STATUS_OK;
+  std::string contentType;
+  std::string body;
+};
+
+// The number of a request, for a response that comes later.
+using RequestNumber = std::uint64_t;
+
+// Takes the body of one request, piece by piece. Destroyed when the request has
+// its response, and when the client has gone before.
+class BodyTaker {
+ public:
+  virtual ~BodyTaker() = default;
+
+  // The next piece. A response ends the request early.
+  virtual std::optional<Response> take(std::string_view bytes) = 0;
+
+  // The body is whole. Without a response, Server::reply() sends one later.
+  virtual std::optional<Response> finish(RequestNumber request) = 0;
+};
+
+// What is made of a request whose head has arrived. A body that nobody takes is
+// dropped.
+using Handler = std::function<std::variant<Response, std::unique_ptr<BodyTaker>>(const Request&)>;
+
+// A response that says what the status means, as plain text.
+Response plainResponse(http_status_t status);
+
+}  // namespace driver_feature::host
+
+#endif  // HOST_SERVER_EXCHANGE_H_

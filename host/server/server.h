@@ -1,0 +1,68 @@
+// An HTTP server in one thread, over libcups.
+//
+//   EventLoop loop;
+//   Server server(loop, limits, handler);
+//   server.listen("127.0.0.1:8631");
+//   loop.run();
+//
+// A slow or silent client keeps nobody else waiting.
+#ifndef HOST_SERVER_SERVER_H_
+#define HOST_SERVER_SERVER_H_
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "host/base/result.h"
+#include "host/server/connection.h"
+
+namespace driver_feature::host {
+
+class Server {
+ public:
+  // The loop must outlive the server.
+  Server(EventLoop& loop, const Limits& limits, Handler handler);
+  ~Server();
+  Server(const Server&) = delete;
+  Server& operator=(const Server&) = delete;
+
+  // Listens at "ADDRESS:PORT", such as 127.0.0.1:8631, [::1]:8631, localhost:8631
+  // or *:8631. Refused when it is none of these; kNotLoaded when the system does
+  // not allow it.
+  Result<> listen(const std::string& place);
+
+  // The addresses at which it listens; with the ports that were chosen for port 0.
+  const std::vector<std::string>& places() const { return places_; }
+
+  // Clients may also call it by this name. Requests with other names in their
+  // field Host than "localhost", the addresses of the loopback and those at which
+  // it listens are refused.
+  void addName(const std::string& name);
+
+  // The response to a request that waits for one. Does nothing when the client
+  // has gone.
+  void reply(RequestNumber request, const Response& response);
+
+ private:
+  void accept(int listener);
+  void makeRoom();
+  void remove(RequestNumber number);
+
+  EventLoop& loop_;
+  Limits limits_;
+  Handler handler_;
+  std::function<bool(const std::string&)> isOwnName_;
+  std::set<std::string> names_;
+  bool isAnyAddress_ = false;
+  std::vector<int> listeners_;
+  std::vector<std::string> places_;
+  std::map<RequestNumber, std::unique_ptr<Connection>> connections_;
+  RequestNumber lastNumber_ = 0;
+};
+
+}  // namespace driver_feature::host
+
+#endif  // HOST_SERVER_SERVER_H_
