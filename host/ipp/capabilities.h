@@ -38,10 +38,10 @@ struct ChoiceCapability {
 struct FeatureCapability {
   std::string name;
   host::FeatureKind kind = host::FeatureKind::kTextEntry;  // A list, a number or a text.
-  std::string group;       // The ticket name of the innermost group around it, or its name.
-  std::string key;         // "CLOKey".
-  std::string ticketName;  // The first of its names in tickets; empty without one.
-  std::string syntax;      // "TESKAttributeSyntax".
+  std::string group;        // The ticket name of the innermost group around it, or its name.
+  std::string key;          // "CLOKey".
+  std::string ticketName;   // The first of its names in tickets; empty without one.
+  std::string syntax;       // "TESKAttributeSyntax".
   bool isHardware = false;  // Says what the printer has: told once, not with each job.
   bool isEncrypted = false;
   // Lists.

@@ -16,6 +16,8 @@ struct UnsupportedAttribute {
   std::string name;
   // Belongs to the request. Null when the attribute as a whole is not supported.
   ipp_attribute_t* values = nullptr;
+  // Of a collection, those of its members that are not supported; none: all of it.
+  std::vector<std::string> members = {};
 };
 
 // The sheet that is asked for, in hundredths of a millimetre.

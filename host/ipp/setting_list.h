@@ -1,0 +1,36 @@
+// Settings that a request gathers: each feature once, the latest value.
+#ifndef HOST_IPP_SETTING_LIST_H_
+#define HOST_IPP_SETTING_LIST_H_
+
+#include <string>
+#include <vector>
+
+#include "host/ipp/capabilities.h"
+
+namespace driver_feature::ipp {
+
+class SettingList {
+ public:
+  explicit SettingList(const Capabilities& all) : all_(all) {}
+
+  // A feature that is set already keeps its place.
+  void set(const std::string& feature, const std::string& value);
+  void set(const std::vector<host::Setting>& settings);
+
+  bool has(const std::string& feature) const { return find(feature) != nullptr; }
+
+  // Adds what makes features available that are set and are not, unless it was asked
+  // otherwise; then returns the settings, lists before the others.
+  std::vector<host::Setting> take();
+
+ private:
+  const host::Setting* find(const std::string& feature) const;
+  void addEnablers();
+
+  const Capabilities& all_;
+  std::vector<host::Setting> settings_;
+};
+
+}  // namespace driver_feature::ipp
+
+#endif  // HOST_IPP_SETTING_LIST_H_

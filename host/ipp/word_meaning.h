@@ -1,0 +1,21 @@
+// What a value of an attribute, as text, means for its feature.
+#ifndef HOST_IPP_WORD_MEANING_H_
+#define HOST_IPP_WORD_MEANING_H_
+
+#include <optional>
+#include <string>
+
+#include "host/ipp/attribute_table.h"
+
+namespace driver_feature::ipp {
+
+// The value of a number or a text; nothing when its limits do not allow it.
+std::optional<std::string> valueFor(const FeatureCapability& feature, const std::string& word);
+
+// The value of the attribute's feature. An empty one for a word of a list that changes
+// nothing; nothing for a word that is not supported.
+std::optional<std::string> valueOf(const JobAttribute& attribute, const std::string& word);
+
+}  // namespace driver_feature::ipp
+
+#endif  // HOST_IPP_WORD_MEANING_H_
