@@ -1,0 +1,23 @@
+#include "host/ipp/words.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace driver_feature::ipp {
+namespace {
+
+TEST(WordsTest, KeywordFor_Names_AreWordsWithHyphens) {
+  EXPECT_EQ(keywordFor("TonerSaveMode"), "toner-save-mode");
+  EXPECT_EQ(keywordFor("BRPrintQuality"), "br-print-quality");
+  EXPECT_EQ(keywordFor("ThickPaper2"), "thick-paper2");
+  EXPECT_EQ(keywordFor("2 Holes"), "n-2-holes");
+  EXPECT_EQ(keywordFor("+3"), "plus-3");
+  EXPECT_EQ(keywordFor("-3"), "minus-3");
+  EXPECT_EQ(keywordFor("A4.Fullbleed"), "a4.fullbleed");
+  EXPECT_EQ(keywordFor("\xC3\xA4"), "unnamed");
+  EXPECT_EQ(keywordFor(std::string(400, 'a')).size(), 200U);
+}
+
+}  // namespace
+}  // namespace driver_feature::ipp

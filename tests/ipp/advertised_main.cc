@@ -1,0 +1,377 @@
+// Whether everything that a printer advertises of a description works: every visible
+// feature and every choice is carried by an attribute, every advertised value is
+// accepted, and the features take the settings that come of it.
+//
+//   ipp_advertised --library PLUGIN [--routines LIBRARY]... [--print] FILE...
+//
+// A file is a description or a PPD, which is imported first; "-" reads names of files
+// from standard input. --print shows the attributes and texts. Each is examined in a process of its
+// own. One line is printed for each fault, and the sums at the end; the exit status is 0 without a
+// fault.
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/base/child_process.h"
+#include "host/ipp/translation.h"
+#include "host/ppd/import/import.h"
+#include "host/session/session.h"
+#include "host/settings/settings_file.h"
+
+namespace {
+
+using driver_feature::host::FeatureView;
+using driver_feature::host::Setting;
+using driver_feature::ipp::Capabilities;
+using driver_feature::ipp::ChoiceCapability;
+using driver_feature::ipp::FeatureCapability;
+using driver_feature::ipp::JobSettings;
+using driver_feature::ipp::Translation;
+
+struct IppDeleter {
+  void operator()(ipp_t* ipp) const { ippDelete(ipp); }
+};
+using Ipp = std::unique_ptr<ipp_t, IppDeleter>;
+
+struct Request {
+  bool prints = false;
+  std::string library;
+  std::vector<std::string> routines;
+};
+
+// A request with one attribute of a job.
+class Trial {
+ public:
+  explicit Trial(const std::string& name)
+      : name_(name), request_(ippNewRequest(IPP_OP_VALIDATE_JOB)) {}
+  ipp_t* request() const { return request_.get(); }
+  const std::string& name() const { return name_; }
+
+ private:
+  std::string name_;
+  Ipp request_;
+};
+
+class Examination {
+ public:
+  Examination(const driver_feature::host::Model& model, const Translation& translation)
+      : model_(model), translation_(translation), printer_(ippNew()) {
+    for (const auto& [name, view] : model.features) {
+      if (const auto value = driver_feature::host::settingText(view)) before_[name] = *value;
+    }
+    translation_.addPrinterAttributes(printer_.get());
+  }
+
+  std::vector<std::string> run() {
+    checkFeatures();
+    for (const std::string& name : translation_.jobAttributeNames()) tryValues(name);
+    checkChoices();
+    return {std::to_string(features_), std::to_string(values_), faults_};
+  }
+
+ private:
+  void fault(const std::string& text) { faults_ += text + "\n"; }
+
+  const Capabilities& all() const { return translation_.capabilities(); }
+
+  ipp_attribute_t* advertised(const std::string& name) const {
+    return ippFindAttribute(printer_.get(), name.c_str(), IPP_TAG_ZERO);
+  }
+
+  void checkFeatures() {
+    const std::vector<std::string> names = translation_.jobAttributeNames();
+    for (const FeatureCapability& feature : all().features) {
+      ++features_;
+      const std::vector<std::string> carriers = translation_.attributesOf(feature.name);
+      if (carriers.empty()) fault(feature.name + ": is not advertised");
+      for (const std::string& carrier : carriers) {
+        const bool isThere =
+            feature.isHardware || std::count(names.begin(), names.end(), carrier) > 0;
+        if (!isThere) fault(feature.name + ": " + carrier + " is no attribute of a job");
+      }
+    }
+  }
+
+  void tryValues(const std::string& name) {
+    if (name == "ipp-attribute-fidelity" || name == "overrides" ||
+        name == "job-password-encryption") {
+      return;
+    }
+    if (name == "job-password") return tryPassword();
+    if (name == "media-col") return tryMediaCols();
+    if (name == "finishings-col") return tryAll(name, advertised("finishings-col-database"));
+    ipp_attribute_t* supported = advertised(name + "-supported");
+    if (supported == nullptr) return fault(name + ": has no supported values");
+    if (name == "page-ranges") return;
+    const FeatureCapability* text = textFeature(name);
+    if (text == nullptr) return tryAll(name, supported);
+    // The limits of a text are its length.
+    tryWord(name, text->allowedCharacters.substr(0, 1));
+  }
+
+  const FeatureCapability* textFeature(const std::string& name) const {
+    for (const FeatureCapability& feature : all().features) {
+      if (feature.kind != driver_feature::host::FeatureKind::kTextEntry) continue;
+      const std::vector<std::string> carriers = translation_.attributesOf(feature.name);
+      if (std::count(carriers.begin(), carriers.end(), name) > 0) return &feature;
+    }
+    return nullptr;
+  }
+
+  void tryPassword() {
+    Trial trial("job-password");
+    ippAddOctetString(trial.request(), IPP_TAG_OPERATION, "job-password", "1", 1);
+    judge(trial, "1");
+  }
+
+  void tryWord(const std::string& name, const std::string& word) {
+    Trial trial(name);
+    ippAddString(trial.request(), IPP_TAG_JOB, IPP_TAG_NAME, name.c_str(), nullptr, word.c_str());
+    judge(trial, word);
+  }
+
+  void tryMediaCols() {
+    ipp_attribute_t* database = advertised("media-col-database");
+    for (int at = 0; at < ippGetCount(database); ++at) {
+      if (!trySizeOfRange(ippGetCollection(database, at))) {
+        tryOne("media-col", database, at, false);
+      }
+    }
+    tryAll("media-col", advertised("media-col-default"));
+    tryAll("media-col", advertised("media-col-ready"));
+    for (const char* member : {"media-source", "media-type", "media-weight-metric"}) {
+      ipp_attribute_t* values = advertised(std::string(member) + "-supported");
+      for (int at = 0; values != nullptr && at < ippGetCount(values); ++at) {
+        Ipp collection(ippNew());
+        addValue(collection.get(), IPP_TAG_ZERO, member, values, at, false);
+        Trial trial("media-col");
+        ippAddCollection(trial.request(), IPP_TAG_JOB, "media-col", collection.get());
+        judge(trial, member);
+      }
+    }
+  }
+
+  // The entry of custom sizes has ranges: the size in their middle stands for them.
+  bool trySizeOfRange(ipp_t* entry) {
+    ipp_attribute_t* size = ippFindAttribute(entry, "media-size", IPP_TAG_BEGIN_COLLECTION);
+    ipp_t* ranges = ippGetCollection(size, 0);
+    if (ippFindAttribute(ranges, "x-dimension", IPP_TAG_RANGE) == nullptr) return false;
+    Ipp middle(ippNew());
+    for (const char* name : {"x-dimension", "y-dimension"}) {
+      int upper = 0;
+      const int lower = ippGetRange(ippFindAttribute(ranges, name, IPP_TAG_RANGE), 0, &upper);
+      ippAddInteger(middle.get(), IPP_TAG_ZERO, IPP_TAG_INTEGER, name, lower + (upper - lower) / 2);
+    }
+    Ipp collection(ippNew());
+    ippAddCollection(collection.get(), IPP_TAG_ZERO, "media-size", middle.get());
+    Trial trial("media-col");
+    ippAddCollection(trial.request(), IPP_TAG_JOB, "media-col", collection.get());
+    judge(trial, "custom size");
+    return true;
+  }
+
+  void tryAll(const std::string& name, ipp_attribute_t* values) {
+    for (int at = 0; at < ippGetCount(values); ++at) {
+      tryOne(name, values, at, false);
+      if (ippGetValueTag(values) == IPP_TAG_RANGE) tryOne(name, values, at, true);
+    }
+  }
+
+  void tryOne(const std::string& name, ipp_attribute_t* values, int at, bool isUpper) {
+    Trial trial(name);
+    addValue(trial.request(), IPP_TAG_JOB, name.c_str(), values, at, isUpper);
+    char text[2048] = "";
+    ippAttributeString(ippFindAttribute(trial.request(), name.c_str(), IPP_TAG_ZERO), text,
+                       sizeof text);
+    judge(trial, text);
+  }
+
+  static void addValue(ipp_t* target, ipp_tag_t group, const char* name, ipp_attribute_t* values,
+                       int at, bool isUpper) {
+    const ipp_tag_t tag = ippGetValueTag(values);
+    int upper = 0;
+    ipp_res_t unit = IPP_RES_PER_INCH;
+    switch (tag) {
+      case IPP_TAG_INTEGER:
+      case IPP_TAG_ENUM:
+        ippAddInteger(target, group, tag, name, ippGetInteger(values, at));
+        break;
+      case IPP_TAG_RANGE: {
+        const int lower = ippGetRange(values, at, &upper);
+        ippAddInteger(target, group, IPP_TAG_INTEGER, name, isUpper ? upper : lower);
+        break;
+      }
+      case IPP_TAG_BOOLEAN:
+        ippAddBoolean(target, group, name, static_cast<char>(ippGetBoolean(values, at)));
+        break;
+      case IPP_TAG_RESOLUTION: {
+        const int across = ippGetResolution(values, at, &upper, &unit);
+        ippAddResolution(target, group, name, unit, across, upper);
+        break;
+      }
+      case IPP_TAG_BEGIN_COLLECTION:
+        ippAddCollection(target, group, name, ippGetCollection(values, at));
+        break;
+      default:
+        ippAddString(target, group, tag, name, nullptr, ippGetString(values, at, nullptr));
+    }
+  }
+
+  void judge(const Trial& trial, const std::string& value) {
+    ++values_;
+    const JobSettings job = translation_.settingsOf(trial.request());
+    const std::string what = trial.name() + "=" + value;
+    if (!job.unsupported.empty()) fault(what + ": is not accepted");
+    for (const Setting& setting : job.settings) {
+      reached_.insert({setting.name, setting.value});
+      const auto applied = driver_feature::host::applySetting(model_, setting);
+      if (!applied) {
+        fault(what + ": " + setting.name + "=" + setting.value + ": " + applied.error().text);
+      }
+    }
+    restore();
+  }
+
+  void restore() {
+    for (int round = 0; round < 3; ++round) {
+      bool isSame = true;
+      for (const auto& [name, value] : before_) {
+        const FeatureView& view = model_.features.at(name);
+        if (driver_feature::host::settingText(view) == value) continue;
+        isSame = false;
+        view.setValue(value);
+      }
+      if (isSame) return;
+    }
+  }
+
+  // Every choice of every feature is what some advertised value asks for.
+  void checkChoices() {
+    for (const FeatureCapability& feature : all().features) {
+      if (feature.isHardware || !feature.isList()) continue;
+      for (const ChoiceCapability& choice : feature.choices) {
+        if (choice.name == "not set" || isInSecondList(feature, choice)) continue;
+        if (reached_.count({feature.name, choice.name}) == 0) {
+          fault(feature.name + "=" + choice.name + ": no advertised value asks for it");
+        }
+      }
+    }
+  }
+
+  // A PPD has the page sizes twice, and a job chooses one of both.
+  bool isInSecondList(const FeatureCapability& feature, const ChoiceCapability& choice) const {
+    if (feature.name == "PageRegion") return reached_.count({"PageSize", choice.name}) > 0;
+    if (feature.name == "PageSize") {
+      // One choice means a size of one's own, whatever numbers come with it.
+      return reached_.count({"PageRegion", choice.name}) > 0;
+    }
+    return false;
+  }
+
+  const driver_feature::host::Model& model_;
+  const Translation& translation_;
+  Ipp printer_;
+  std::map<std::string, std::string> before_;
+  std::set<std::pair<std::string, std::string>> reached_;
+  long features_ = 0;
+  long values_ = 0;
+  std::string faults_;
+};
+
+void print(const Translation& translation) {
+  const Ipp printer(ippNew());
+  translation.addPrinterAttributes(printer.get());
+  for (ipp_attribute_t* each = ippFirstAttribute(printer.get()); each != nullptr;
+       each = ippNextAttribute(printer.get())) {
+    std::vector<char> text(ippAttributeString(each, nullptr, 0) + 1);
+    ippAttributeString(each, text.data(), text.size());
+    std::cout << ippGetName(each) << " " << text.data() << '\n';
+  }
+  std::cout << translation.strings("en");
+}
+
+std::vector<std::string> examine(const Request& request, std::string file) {
+  std::string imported;
+  if (!file.ends_with(".xml")) {
+    const auto description = driver_feature::ppd::importPpd(file);
+    if (!description) return {"0", "0", "is not imported: " + description.error().text + "\n"};
+    imported = "/tmp/ipp_advertised." + std::to_string(getpid()) + ".xml";
+    std::ofstream(imported) << description->text;
+    file = imported;
+  }
+  driver_feature::host::SessionRequest wanted;
+  wanted.description = file;
+  wanted.library = request.library;
+  wanted.routines = request.routines;
+  const auto session = driver_feature::host::Session::open(wanted);
+  if (!imported.empty()) unlink(imported.c_str());
+  if (!session) return {"0", "0", "is not loaded: " + session.error().text + "\n"};
+  const Capabilities capabilities = driver_feature::ipp::capabilitiesOf((*session)->model(), {});
+  auto copy = driver_feature::ipp::capabilitiesFromJson(toJson(capabilities));
+  if (!copy) return {"0", "0", "JSON is not read back\n"};
+  if (toJson(*copy) != toJson(capabilities)) return {"0", "0", "JSON has changed\n"};
+  const Translation translation(std::move(*copy));
+  if (request.prints) print(translation);
+  return Examination((*session)->model(), translation).run();
+}
+
+struct Sums {
+  long files = 0;
+  long features = 0;
+  long values = 0;
+  long faults = 0;
+};
+
+void examineFile(const Request& request, const std::string& file, Sums& sums) {
+  const auto result = driver_feature::host::runInChild(driver_feature::host::ChildStreams::kShared,
+                                                       [&] { return examine(request, file); });
+  ++sums.files;
+  if (!result || result->size() != 3) {
+    std::cout << file << ": ends the process\n";
+    ++sums.faults;
+    return;
+  }
+  sums.features += std::stol((*result)[0]);
+  sums.values += std::stol((*result)[1]);
+  const std::string& faults = (*result)[2];
+  for (std::size_t at = 0; at < faults.size();) {
+    const std::size_t end = faults.find('\n', at);
+    std::cout << file << ": " << faults.substr(at, end - at) << '\n';
+    ++sums.faults;
+    at = end + 1;
+  }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  Request request;
+  Sums sums;
+  for (int i = 1; i < count; ++i) {
+    const std::string argument = arguments[i];
+    if (argument == "--library" && i + 1 < count) {
+      request.library = arguments[++i];
+    } else if (argument == "--routines" && i + 1 < count) {
+      request.routines.emplace_back(arguments[++i]);
+    } else if (argument == "--print") {
+      request.prints = true;
+    } else if (argument == "-") {
+      std::string line;
+      while (std::getline(std::cin, line)) examineFile(request, line, sums);
+    } else {
+      examineFile(request, argument, sums);
+    }
+  }
+  std::cout << sums.files << " descriptions, " << sums.features << " features, " << sums.values
+            << " values: " << sums.faults << " faults\n";
+  return sums.files > 0 && sums.faults == 0 ? 0 : 1;
+}
