@@ -6,7 +6,9 @@
 
 #include "host/ipp/finishings.h"
 #include "host/ipp/media_table.h"
+#include "host/ipp/preset_names.h"
 #include "host/ipp/standard_rows.h"
+#include "host/ipp/taken_names.h"
 #include "host/ipp/words.h"
 
 namespace driver_feature::ipp {
@@ -30,7 +32,7 @@ class TableWriter {
         table_.attributes.push_back(ownAttribute(feature));
       }
     }
-    addPresets();
+    addPresetEntries(table_, all_);
     return std::move(table_);
   }
 
@@ -219,24 +221,6 @@ class TableWriter {
       }
       if (isCurrent) attribute.usual = word;
       attribute.values.push_back({word, choice.name});
-    }
-  }
-
-  // Queues of CUPS make names of PPDs of them, which have no hyphens.
-  void addPresets() {
-    std::set<std::string> bare;
-    for (const PresetCapability& preset : all_.presets) {
-      const std::string word = keywordFor(preset.name);
-      std::string distinct = word;
-      const auto isTaken = [&] {
-        const bool isFinishing = std::any_of(
-            table_.finishings.begin(), table_.finishings.end(), [&](const FinishingEntry& entry) {
-              return bareName(finishingKeyword(entry.number)) == bareName(distinct);
-            });
-        return isFinishing || !bare.insert(bareName(distinct)).second;
-      };
-      for (int number = 2; isTaken(); ++number) distinct = word + "-" + std::to_string(number);
-      table_.presets.push_back({distinct, &preset});
     }
   }
 

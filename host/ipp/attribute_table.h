@@ -49,6 +49,7 @@ struct MediaEntry {
 
 // Sizes between limits, in hundredths of a millimetre.
 struct CustomSizes {
+  // Null for a roll, whose widths are those of the entries.
   const FeatureCapability* width = nullptr;
   const FeatureCapability* height = nullptr;
   std::string choice;  // Of the size feature; empty when none is needed.

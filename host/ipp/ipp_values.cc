@@ -52,14 +52,21 @@ void addBooleans(ipp_t* target, ipp_tag_t group, const std::string& name,
   ippAddBooleans(target, group, name.c_str(), static_cast<int>(truths.size()), truths.data());
 }
 
+// Clients that count in centimetres round: 236 is 600 to an inch, not 599.
+int perInch(int perCentimetre) {
+  const double inch = perCentimetre * 2.54;
+  const double even = std::round(inch / 10) * 10;
+  const double rounding = 1.5;
+  return static_cast<int>(std::fabs(even - inch) <= rounding ? even : std::round(inch));
+}
+
 std::string resolutionText(ipp_attribute_t* attribute, int at) {
   int down = 0;
   ipp_res_t unit = IPP_RES_PER_INCH;
   int across = ippGetResolution(attribute, at, &down, &unit);
   if (unit == IPP_RES_PER_CM) {
-    const double centimetres = 2.54;
-    across = static_cast<int>(std::lround(across * centimetres));
-    down = static_cast<int>(std::lround(down * centimetres));
+    across = perInch(across);
+    down = perInch(down);
   }
   return std::to_string(across) + "x" + std::to_string(down) + "dpi";
 }

@@ -6,6 +6,7 @@
 #include "host/ipp/finishings.h"
 #include "host/ipp/ipp_values.h"
 #include "host/ipp/job_reader.h"
+#include "host/ipp/media_reader.h"
 #include "host/ipp/media_table.h"
 #include "host/ipp/page_options.h"
 #include "host/ipp/setting_list.h"
@@ -120,8 +121,8 @@ class Reader {
   }
 
   void readJob(const std::string& name, ipp_attribute_t* attribute) {
-    if (name == "media") return readMedia(attribute);
-    if (name == "media-col") return readMediaCol(attribute);
+    if (name == "media") return readMedia(attribute, mediaIn(table_, attribute));
+    if (name == "media-col") return readMedia(attribute, mediaColIn(table_, attribute));
     if (name == "copies") return readCopies(attribute);
     if (name == "finishings") return readFinishings(attribute);
     if (name == "finishings-col") return readFinishingsCol(attribute);
@@ -153,76 +154,12 @@ class Reader {
     return true;
   }
 
-  void choose(const MediaChoice& choice) {
-    list_.set(choice.settings);
-    job_.sheet = {choice.width, choice.height};
-  }
-
-  void readMedia(ipp_attribute_t* attribute) {
-    const std::vector<std::string> words = wordsIn(attribute);
-    const auto choice = words.size() == 1 ? choiceNamed(table_, words.front()) : std::nullopt;
-    if (!choice) return refuse(attribute);
-    choose(*choice);
-  }
-
-  void readMediaCol(ipp_attribute_t* attribute) {
-    ipp_t* collection =
-        ippGetValueTag(attribute) == IPP_TAG_BEGIN_COLLECTION && ippGetCount(attribute) == 1
-            ? ippGetCollection(attribute, 0)
-            : nullptr;
-    if (collection == nullptr) return refuse(attribute);
-    std::vector<std::string> bad;
-    for (ipp_attribute_t* each = ippFirstAttribute(collection); each != nullptr;
-         each = ippNextAttribute(collection)) {
-      const char* name = ippGetName(each);
-      if (name != nullptr && !isMargin(name)) members_.push_back({name, each});
-    }
-    const WantedMargins margins = marginsIn(collection);
-    for (const auto& [name, member] : members_) {
-      if (!readMember(name, member, margins)) bad.push_back(name);
-    }
-    members_.clear();
-    if (!bad.empty()) job_.unsupported.push_back({"media-col", attribute, bad});
-  }
-
-  static bool isMargin(std::string_view name) {
-    return name.starts_with("media-") && name.ends_with("-margin");
-  }
-
-  static int marginIn(ipp_t* collection, const char* name) {
-    ipp_attribute_t* found = ippFindAttribute(collection, name, IPP_TAG_INTEGER);
-    return found != nullptr ? ippGetInteger(found, 0) : -1;
-  }
-
-  static WantedMargins marginsIn(ipp_t* collection) {
-    return {marginIn(collection, "media-left-margin"), marginIn(collection, "media-bottom-margin"),
-            marginIn(collection, "media-right-margin"), marginIn(collection, "media-top-margin")};
-  }
-
-  bool readMember(const std::string& name, ipp_attribute_t* member, const WantedMargins& margins) {
-    if (name == "media-size") return readSize(member, margins);
-    if (name == "media-size-name" || name == "media-key") {
-      const std::vector<std::string> words = wordsIn(member);
-      const auto choice = words.size() == 1 ? choiceNamed(table_, words.front()) : std::nullopt;
-      if (choice) choose(*choice);
-      return choice.has_value();
-    }
-    const JobAttribute* known = table_.find(name);
-    return known != nullptr && known->isMediaMember && setFeature(*known, member);
-  }
-
-  bool readSize(ipp_attribute_t* member, const WantedMargins& margins) {
-    if (ippGetValueTag(member) != IPP_TAG_BEGIN_COLLECTION) return false;
-    ipp_t* size = ippGetCollection(member, 0);
-    const int width = marginIn(size, "x-dimension");
-    const int height = marginIn(size, "y-dimension");
-    if (const MediaEntry* entry = entryOfSize(table_, width, height, margins)) {
-      choose(mediaChoice(table_, *entry));
-      return true;
-    }
-    const auto choice = customChoice(table_, width, height);
-    if (choice) choose(*choice);
-    return choice.has_value();
+  void readMedia(ipp_attribute_t* attribute, const std::optional<AskedMedia>& asked) {
+    if (!asked) return refuse(attribute);
+    list_.set(asked->settings);
+    if (asked->sheet) job_.sheet = *asked->sheet;
+    if (asked->unsupported.empty()) return;
+    job_.unsupported.push_back({ippGetName(attribute), attribute, asked->unsupported});
   }
 
   void readCopies(ipp_attribute_t* attribute) {
@@ -308,7 +245,6 @@ class Reader {
   ipp_t* request_;
   SettingList list_;
   JobSettings job_;
-  std::vector<std::pair<std::string, ipp_attribute_t*>> members_;
 };
 
 }  // namespace

@@ -20,8 +20,7 @@ Translation officePrinter() {
        listOf("MediaType", {"Plain", "Glossy"}), textOf("Owner", 5, "abcdefgh"), pageSizes(), pin,
        resolution, listOf("Punch", {"None", "2Hole"}),
        listOf("Staple", {"None", "UpperLeft", "DualLeft"}),
-       listOf("TonerSave", {"Printer Default", "On", "Off"}),
-       wholeNumber("Wait", -5, 300, "60")});
+       listOf("TonerSave", {"Printer Default", "On", "Off"}), wholeNumber("Wait", -5, 300, "60")});
   all.presets = {{"Quick Draft", {{"TonerSave", "On"}, {"PageSize", "A5"}, {"Copies", "2"}}}};
   return Translation(std::move(all));
 }
@@ -44,13 +43,20 @@ TEST(JobSettingsTest, Settings_WordsOfStandardAttributes_AreChoices) {
 }
 
 TEST(JobSettingsTest, Settings_ResolutionPerCentimetre_IsThatPerInch) {
-  EXPECT_EQ(settingsFor(officePrinter(),
-                        jobRequest().resolution("printer-resolution", 236, 236, IPP_RES_PER_CM)),
-            " !printer-resolution");
-  FeatureCapability resolution = listOf("Resolution", {"600dpi", "599dpi"});
-  EXPECT_EQ(settingsFor(Translation(capabilitiesWith({resolution})),
-                        jobRequest().resolution("printer-resolution", 236, 236, IPP_RES_PER_CM)),
-            "Resolution=599dpi");
+  FeatureCapability resolution = listOf("Resolution", {"600dpi", "203dpi", "1200dpi"});
+  const Translation printer(capabilitiesWith({resolution}));
+  EXPECT_EQ(
+      settingsFor(printer, jobRequest().resolution("printer-resolution", 236, 236, IPP_RES_PER_CM)),
+      "Resolution=600dpi");
+  EXPECT_EQ(
+      settingsFor(printer, jobRequest().resolution("printer-resolution", 80, 80, IPP_RES_PER_CM)),
+      "Resolution=203dpi");
+  EXPECT_EQ(
+      settingsFor(printer, jobRequest().resolution("printer-resolution", 472, 472, IPP_RES_PER_CM)),
+      "Resolution=1200dpi");
+  EXPECT_EQ(
+      settingsFor(printer, jobRequest().resolution("printer-resolution", 118, 118, IPP_RES_PER_CM)),
+      " !printer-resolution");
 }
 
 TEST(JobSettingsTest, Settings_OwnAttributes_TakeKeywordsNamesAndNumbers) {
@@ -71,7 +77,8 @@ TEST(JobSettingsTest, Settings_OwnAttributes_TakeKeywordsNamesAndNumbers) {
 TEST(JobSettingsTest, Settings_ValuesOutsideOfLimits_AreUnsupported) {
   const Translation office = officePrinter();
   EXPECT_EQ(settingsFor(office, jobRequest().keyword("sides", "both")), " !sides");
-  EXPECT_EQ(settingsFor(office, jobRequest().keyword("x-toner-save", "sideways")), " !x-toner-save");
+  EXPECT_EQ(settingsFor(office, jobRequest().keyword("x-toner-save", "sideways")),
+            " !x-toner-save");
   EXPECT_EQ(settingsFor(office, jobRequest().integer("x-wait", -6)), " !x-wait");
   EXPECT_EQ(settingsFor(office, jobRequest().integer("x-wait", 301)), " !x-wait");
   EXPECT_EQ(settingsFor(office, jobRequest().name("x-wait", "1 2")), " !x-wait");
@@ -100,11 +107,11 @@ TEST(JobSettingsTest, Settings_SameAttributeTwice_TakeTheLastOne) {
 }
 
 TEST(JobSettingsTest, Settings_ListsComeBeforeNumbersAndTexts) {
-  EXPECT_EQ(settingsFor(officePrinter(), jobRequest()
-                                             .integer("x-wait", 5)
-                                             .name("x-owner", "a")
-                                             .keyword("sides", "one-sided")),
-            "Duplex=None Wait=5 Owner=a");
+  EXPECT_EQ(
+      settingsFor(
+          officePrinter(),
+          jobRequest().integer("x-wait", 5).name("x-owner", "a").keyword("sides", "one-sided")),
+      "Duplex=None Wait=5 Owner=a");
 }
 
 TEST(JobSettingsTest, Copies_WithAFeature_AreASettingAndANumber) {
@@ -159,8 +166,8 @@ TEST(JobSettingsTest, FinishingTemplate_OfAPreset_IsAppliedBeforeTheRest) {
   JobRequest request = JobRequest();
   request.keyword("media", "na_letter_8.5x11in");
   const JobRequest preset = templates({"quick-draft"});
-  ippCopyAttribute(request.get(),
-                   ippFindAttribute(preset.get(), "finishings-col", IPP_TAG_ZERO), 0);
+  ippCopyAttribute(request.get(), ippFindAttribute(preset.get(), "finishings-col", IPP_TAG_ZERO),
+                   0);
   EXPECT_EQ(settingsFor(officePrinter(), request), "TonerSave=On PageSize=Letter Copies=2");
 }
 
@@ -187,8 +194,9 @@ TEST(JobSettingsTest, Password_ThatIsWrong_IsUnsupported) {
     EXPECT_EQ(settingsFor(office, jobRequest().octets("job-password", wrong)), " !job-password")
         << wrong;
   }
-  EXPECT_EQ(settingsFor(Translation(capabilitiesWith({})), jobRequest().octets("job-password", "1")),
-            " !job-password");
+  EXPECT_EQ(
+      settingsFor(Translation(capabilitiesWith({})), jobRequest().octets("job-password", "1")),
+      " !job-password");
   JobRequest request;
   request.octets("job-password", "1");
   ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "job-password-encryption",

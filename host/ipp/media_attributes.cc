@@ -4,6 +4,7 @@
 #include <set>
 
 #include "host/ipp/ipp_values.h"
+#include "host/ipp/media_entries.h"
 #include "host/ipp/media_table.h"
 
 namespace driver_feature::ipp {
@@ -27,11 +28,29 @@ ipp_t* sizeCollection(int width, int height) {
   return size;
 }
 
-ipp_t* customSizeCollection(const CustomSizes& custom) {
+ipp_t* rangesCollection(const CustomSizes& custom) {
   ipp_t* size = ippNew();
   ippAddRange(size, kMember, "x-dimension", custom.leastWidth, custom.mostWidth);
   ippAddRange(size, kMember, "y-dimension", custom.leastHeight, custom.mostHeight);
   return size;
+}
+
+// Each width of a roll has the range of lengths.
+ipp_t* rollCollection(const CustomSizes& custom, int width) {
+  ipp_t* size = ippNew();
+  ippAddInteger(size, kMember, IPP_TAG_INTEGER, "x-dimension", width);
+  ippAddRange(size, kMember, "y-dimension", custom.leastHeight, custom.mostHeight);
+  return size;
+}
+
+std::vector<ipp_t*> customSizes(const AttributeTable& table) {
+  std::vector<ipp_t*> sizes;
+  if (!table.custom) return sizes;
+  if (table.custom->width != nullptr) return {rangesCollection(*table.custom)};
+  for (const MediaEntry& entry : table.media) {
+    sizes.push_back(rollCollection(*table.custom, entry.size.width));
+  }
+  return sizes;
 }
 
 ipp_t* entryCollection(const MediaEntry& entry) {
@@ -41,12 +60,14 @@ ipp_t* entryCollection(const MediaEntry& entry) {
   return collection;
 }
 
-// A custom sheet is taken to have the margins of the usual one.
-ipp_t* customCollection(const AttributeTable& table) {
-  ipp_t* collection = ippNew();
-  addCollections(collection, kMember, "media-size", {customSizeCollection(*table.custom)});
-  addMargins(collection, table.media[table.usualMedia].size);
-  return collection;
+// Custom sheets are taken to have the margins of the usual one.
+void addCustomCollections(std::vector<ipp_t*>& database, const AttributeTable& table) {
+  for (ipp_t* size : customSizes(table)) {
+    ipp_t* collection = ippNew();
+    addCollections(collection, kMember, "media-size", {size});
+    addMargins(collection, table.media[table.usualMedia].size);
+    database.push_back(collection);
+  }
 }
 
 void addUsualMembers(ipp_t* collection, const AttributeTable& table) {
@@ -82,7 +103,7 @@ void addSizes(ipp_t* printer, const AttributeTable& table) {
   for (const MediaEntry& entry : table.media) {
     if (!entry.isSecond) sizes.push_back(sizeCollection(entry.size.width, entry.size.height));
   }
-  if (table.custom) sizes.push_back(customSizeCollection(*table.custom));
+  for (ipp_t* size : customSizes(table)) sizes.push_back(size);
   addCollections(printer, kPrinter, "media-size-supported", std::move(sizes));
 }
 
@@ -105,7 +126,7 @@ void addMarginLists(ipp_t* printer, const AttributeTable& table) {
 void addCollectionLists(ipp_t* printer, const AttributeTable& table) {
   std::vector<ipp_t*> database;
   for (const MediaEntry& entry : table.media) database.push_back(entryCollection(entry));
-  if (table.custom) database.push_back(customCollection(table));
+  addCustomCollections(database, table);
   addCollections(printer, kPrinter, "media-col-database", std::move(database));
   addCollections(printer, kPrinter, "media-col-default", {usualCollection(table)});
   addCollections(printer, kPrinter, "media-col-ready", {usualCollection(table)});

@@ -14,9 +14,6 @@ namespace driver_feature::ipp {
 // description has none.
 void addMedia(AttributeTable& table, const Capabilities& all);
 
-// "custom_NAME_210x297mm" and the like, in hundredths of a millimetre.
-std::string sizeName(const std::string& prefix, const std::string& name, int width, int height);
-
 struct MediaChoice {
   std::vector<host::Setting> settings;
   int width = 0;

@@ -127,8 +127,8 @@ TEST(MediaTest, ImportedSizes_ChooseOneOfTwoLists) {
   FeatureCapability sizes = listOf("PageSize", {"A4", "A5", "Custom", "not set"});
   setSize(sizes, 0, 21000, 29700);
   setSize(sizes, 1, 14800, 21000);
-  const std::vector<FeatureCapability> numbers = {
-      decimalNumber("PageSize.Height", 72, 1200, "842"), decimalNumber("PageSize.Width", 72, 800, "595")};
+  const std::vector<FeatureCapability> numbers = {decimalNumber("PageSize.Height", 72, 1200, "842"),
+                                                  decimalNumber("PageSize.Width", 72, 800, "595")};
   const JobRequest custom = mediaColRequest(mediaSize(10000, 20000));
   const JobRequest smaller = std::move(JobRequest().keyword("media", "iso_a5_148x210mm"));
   sizes.value = "not set";

@@ -5,7 +5,6 @@
 #include "host/ipp/finishings.h"
 #include "host/ipp/ipp_values.h"
 #include "host/ipp/media_attributes.h"
-#include "host/ipp/media_table.h"
 #include "host/ipp/words.h"
 
 namespace driver_feature::ipp {

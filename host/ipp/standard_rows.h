@@ -34,10 +34,6 @@ std::span<const StandardRow> standardRows();
 // The word for a choice; nothing when a closed row does not have it.
 std::optional<std::string> wordFor(const StandardRow& row, const ChoiceCapability& choice);
 
-// Whether a description may use the name for an attribute with this syntax: it is a
-// keyword, and has no other meaning in IPP.
-bool isFreeAttributeName(const std::string& name, Syntax syntax);
-
 // "600x600dpi" for a resolution such as "600", "600dpi" and "600 x 600 dpi"; nothing
 // for other texts.
 std::optional<std::string> resolutionWord(std::string_view text);
