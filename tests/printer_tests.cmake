@@ -1,3 +1,24 @@
-# Tests of the printer program: of its parts, and of the built program.
+# Tests of the printer program: of its parts, and of the built program with clients
+# of others.
 
 driver_feature_test(server_tests GLOB host/server/*_test.cc LINK host_server)
+
+driver_feature_test(printer_unit_tests GLOB programs/printer/*_test.cc LINK driver_feature_printer)
+target_compile_definitions(printer_unit_tests PRIVATE
+  OFFICE_DESCRIPTION="${PROJECT_SOURCE_DIR}/descriptions/office_laser.xml")
+
+# printer_test(NAME SCRIPT [ARGUMENT...])
+function(printer_test name script)
+  add_test(NAME ${name}
+    COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/printing/${script}
+            ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${ARGN})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 120)
+endfunction()
+
+printer_test(printer_conformance printer_conformance_test.sh)
+printer_test(printer_clients printer_clients_test.sh)
+printer_test(printer_killed printer_kill_test.sh 6)
+# The scheduler is a program of the machine, which loads nothing of another kind.
+if(CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT CMAKE_CXX_FLAGS MATCHES "sanitize")
+  printer_test(printer_queue printer_queue_test.sh)
+endif()

@@ -143,6 +143,10 @@ void ChildProcess::kill() const {
   if (child_ != -1) ::kill(isGroup_ ? -child_ : child_, SIGKILL);
 }
 
+void ChildProcess::terminate() const {
+  if (child_ != -1) ::kill(child_, SIGTERM);
+}
+
 int ChildProcess::wait() {
   if (isGroup_) {
     // A crash may have left children of the child. Their group has the child's

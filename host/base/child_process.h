@@ -48,6 +48,10 @@ class ChildProcess {
   // Kills the child, or its group. Does nothing once it has been waited for.
   void kill() const;
 
+  // Asks the child, and not its group, to end. Does nothing once it has been
+  // waited for.
+  void terminate() const;
+
   // Waits for the child's end, kills what is left of its group, and returns
   // the status as waitpid() gives it. To be called once.
   int wait();

@@ -308,6 +308,7 @@ void Connection::end() {
   phase_ = Phase::kOver;
   taker_.reset();
   setting_.loop.change(relay_.network(), 0);
+  if (timer_) setting_.loop.cancel(*timer_);
   // The connection is not destroyed while it runs.
   timer_ = setting_.loop.after(EventLoop::Milliseconds(0), [this] {
     timer_.reset();

@@ -160,10 +160,10 @@ TEST_F(ServerTest, Get_LongPage_ArrivesWhole) {
 TEST_F(ServerTest, Post_WithLength_BodyArrives) {
   start();
   Client client(port_);
-  client.send(kPost + "Content-Length: 5\r\n\r\nhello" + kPost + "Content-Length: 2\r\n\r\nme" +
+  client.send(kPost + "Content-Length: 5\r\n\r\nhello" + kPost + "Content-Length: 2\r\n\r\nmy" +
               kPost + "Content-Length: 0\r\n\r\n");
   EXPECT_EQ(brief(client.receiveUpTo("hello")), "200 OK: hello");
-  EXPECT_EQ(brief(client.receiveUpTo("me")), "200 OK: me");
+  EXPECT_EQ(brief(client.receiveUpTo("my")), "200 OK: my");
   EXPECT_EQ(brief(client.receiveUpTo("never")), "200 OK: (end)");
 }
 
@@ -242,6 +242,21 @@ TEST_F(ServerTest, Clients_TooSlow_AreDropped) {
   EXPECT_EQ(idle.receiveUpTo("x"), "(end)");
   EXPECT_EQ(head.receiveUpTo("x"), "(end)");
   EXPECT_EQ(body.receiveUpTo("x"), "(end)");
+}
+
+TEST_F(ServerTest, Clients_GoBeforeTheirTimeIsOver_LeaveNothing) {
+  Limits limits;
+  limits.idle = limits.head = limits.quiet = milliseconds(30);
+  start(limits);
+  for (const std::string& text :
+       std::vector<std::string>{"", "GE", kPost + "Content-Length: 9\r\n\r\nab"}) {
+    Client client(port_);
+    client.send(text);
+  }
+  std::this_thread::sleep_for(milliseconds(60));
+  Client client(port_);
+  client.send("GET /a HTTP/1.1\r\n" + kHost + "\r\n");
+  EXPECT_EQ(brief(client.receiveUpTo("page /a")), "200 OK: page /a");
 }
 
 TEST_F(ServerTest, Clients_MoreThanAllowed_WaitUntilOneHasGone) {

@@ -1,0 +1,187 @@
+// The only source of the program that knows the library which reads command lines.
+
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+#include "host/base/text.h"
+#include "programs/printer/arguments.h"
+#include "programs/printer/device.h"
+
+namespace driver_feature::printer {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kFooter =
+    "Each description becomes a printer at ipp://HOST:PORT/ipp/print/NAME.\n"
+    "\n"
+    "Examples:\n"
+    "  driver-feature-printer --device socket://printer.example office=office_laser.xml\n"
+    "  lpadmin -p office -E -v ipp://localhost:8631/ipp/print/office -m everywhere\n"
+    "\n"
+    "Exit status: 0 after SIGTERM or SIGINT, 1 no printer could be made or the server\n"
+    "not started, 2 wrong usage.";
+
+struct Words {
+  std::vector<std::string> listen, hosts, callbacks, printers;
+  std::string spool, device, library;
+  unsigned connections = 100;
+  unsigned keep = 100;
+  bool isVersion = false;
+};
+
+void addOptions(CLI::App& app, Words& words) {
+  const auto repeats = [](CLI::Option* option, const char* type) {
+    option->type_name(type)->allow_extra_args(false);
+  };
+  repeats(app.add_option("--listen", words.listen,
+                         "Listen here; by default 127.0.0.1:8631. May be repeated"),
+          "ADDRESS:PORT");
+  repeats(app.add_option("--host", words.hosts,
+                         "Clients may also call this machine so. May be repeated"),
+          "NAME");
+  app.add_option("--spool", words.spool, "Keep the jobs in this folder")->type_name("DIR");
+  app.add_option("--device", words.device,
+                 "Where jobs go: file:/FOLDER/, socket://HOST:PORT, or another that the print "
+                 "scheduler has a backend for")
+      ->type_name("URI");
+  app.add_option("--library", words.library, "The feature library to load")->type_name("PATH");
+  repeats(app.add_option("--callbacks", words.callbacks,
+                         "Load a library of routines that descriptions name. May be repeated"),
+          "LIB.so");
+  app.add_option("--connections", words.connections, "Most clients at a time")
+      ->check(CLI::Range(1, 10000))
+      ->type_name("NUMBER");
+  app.add_option("--keep", words.keep, "Remember so many jobs that are over")
+      ->check(CLI::Range(1, 100000))
+      ->type_name("NUMBER");
+  app.add_flag("--version", words.isVersion, "Show the version");
+  app.add_option("PRINTER", words.printers, "A printer and the description it is made of")
+      ->type_name("NAME=DESCRIPTION.xml...");
+}
+
+std::string defaultSpool() {
+  for (const char* name : {"STATE_DIRECTORY", "XDG_STATE_HOME", "HOME"}) {
+    const char* folder = std::getenv(name);
+    if (folder == nullptr || *folder == '\0') continue;
+    if (std::string(name) == "STATE_DIRECTORY") return folder;
+    const fs::path state = std::string(name) == "HOME" ? fs::path(folder) / ".local/state" : folder;
+    return state / "driver-feature-printer";
+  }
+  return "";
+}
+
+// Beside this program, where the installation has it, or a link to it.
+std::string filterProgram() {
+  std::error_code ignored;
+  const fs::path self = fs::read_symlink("/proc/self/exe", ignored);
+  return self.parent_path() / "driver-feature-filter";
+}
+
+host::Result<PrinterArgument> printerOf(const std::string& word) {
+  const std::size_t equals = word.find('=');
+  if (equals == std::string::npos || equals + 1 == word.size()) {
+    return host::refused("the printer " + host::inQuotes(word) +
+                         " names no description; give NAME=DESCRIPTION.xml");
+  }
+  const std::string name = word.substr(0, equals);
+  if (!isPrinterName(name)) {
+    return host::refused("a printer cannot be called " + host::inQuotes(name) +
+                         "; use up to 127 letters, digits, \"-\" and \"_\"");
+  }
+  const std::string file = word.substr(equals + 1);
+  if (::access(file.c_str(), R_OK) != 0) {
+    return host::refused(file + ": cannot be read: " + std::strerror(errno));
+  }
+  return PrinterArgument{name, fs::absolute(file).lexically_normal()};
+}
+
+host::Result<> takePrinters(const std::vector<std::string>& words, ServiceArguments& arguments) {
+  if (words.empty()) {
+    return host::refused(
+        "no printer is given; give NAME=DESCRIPTION.xml; driver-feature-printer --help explains "
+        "the usage");
+  }
+  for (const std::string& word : words) {
+    auto printer = printerOf(word);
+    if (!printer) return failureOf(printer);
+    for (const PrinterArgument& other : arguments.printers) {
+      if (other.name != printer->name) continue;
+      return host::refused("two printers are called " + host::inQuotes(other.name) +
+                           "; give each a name of its own");
+    }
+    arguments.printers.push_back(std::move(*printer));
+  }
+  return {};
+}
+
+host::Result<ServiceArguments> argumentsOf(const Words& words) {
+  ServiceArguments arguments;
+  if (auto taken = takePrinters(words.printers, arguments); !taken) return failureOf(taken);
+  if (words.device.empty()) {
+    return host::refused(
+        "no device is given; give --device with the place where jobs go, such as "
+        "socket://printer.example or file:/tmp/jobs/");
+  }
+  if (auto checked = checkDevice(words.device); !checked) return failureOf(checked);
+  arguments.places = words.listen;
+  if (arguments.places.empty()) arguments.places = {"127.0.0.1:8631"};
+  arguments.hosts = words.hosts;
+  arguments.spool = words.spool.empty() ? defaultSpool() : words.spool;
+  if (arguments.spool.empty())
+    return host::refused("no folder for the jobs is known; give --spool");
+  arguments.device = words.device;
+  arguments.library = words.library.empty() ? "" : fs::absolute(words.library).string();
+  for (const std::string& file : words.callbacks) {
+    arguments.routines.push_back(fs::absolute(file).string());
+  }
+  arguments.filter = filterProgram();
+  if (::access(arguments.filter.c_str(), X_OK) != 0) {
+    return host::refused(arguments.filter + " is missing; install driver-feature as a whole");
+  }
+  arguments.limits.connections = words.connections;
+  arguments.jobLimits.kept = words.keep;
+  return arguments;
+}
+
+}  // namespace
+
+bool isPrinterName(const std::string& name) {
+  return !name.empty() && name.size() <= 127 && name[0] != '-' &&
+         std::all_of(name.begin(), name.end(), [](char c) {
+           return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+                  c == '-' || c == '_';
+         });
+}
+
+host::Result<Line> readLine(int argc, const char* const* argv) {
+  Words words;
+  CLI::App app("Make printers of feature descriptions, for every client that speaks IPP",
+               "driver-feature-printer");
+  app.footer(kFooter);
+  addOptions(app, words);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return Line{std::nullopt, app.help()};
+  } catch (const CLI::ParseError& error) {
+    std::string reason = error.what();
+    std::replace(reason.begin(), reason.end(), '\n', ' ');
+    return host::refused(reason + "; driver-feature-printer --help explains the usage");
+  }
+  if (words.isVersion) {
+    return Line{std::nullopt, "driver-feature-printer " DRIVER_FEATURE_VERSION "\n"};
+  }
+  auto arguments = argumentsOf(words);
+  if (!arguments) return failureOf(arguments);
+  return Line{std::move(*arguments), ""};
+}
+
+}  // namespace driver_feature::printer

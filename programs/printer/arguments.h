@@ -1,0 +1,47 @@
+// What the program is asked to do.
+#ifndef PROGRAMS_PRINTER_ARGUMENTS_H_
+#define PROGRAMS_PRINTER_ARGUMENTS_H_
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/base/result.h"
+#include "host/server/limits.h"
+#include "programs/printer/job_list.h"
+
+namespace driver_feature::printer {
+
+struct PrinterArgument {
+  std::string name;
+  std::string description;  // The file, with its absolute path.
+};
+
+struct ServiceArguments {
+  std::vector<std::string> places;  // At which to listen.
+  std::vector<std::string> hosts;   // More names by which clients may call the server.
+  std::string spool;
+  std::string device;
+  std::string library;                // Empty for the installed one.
+  std::vector<std::string> routines;  // With absolute paths.
+  std::string filter;                 // The program driver-feature-filter.
+  std::vector<PrinterArgument> printers;
+  host::Limits limits;
+  JobLimits jobLimits;
+};
+
+// Reads the words of the command line. Nothing in `arguments` when `text` is to be
+// printed instead, for --help and --version. Refused when they cannot be understood.
+struct Line {
+  std::optional<ServiceArguments> arguments;
+  std::string text;
+};
+host::Result<Line> readLine(int argc, const char* const* argv);
+
+// Whether a printer may have this name: it becomes part of addresses and of names
+// of files.
+bool isPrinterName(const std::string& name);
+
+}  // namespace driver_feature::printer
+
+#endif  // PROGRAMS_PRINTER_ARGUMENTS_H_

@@ -1,0 +1,19 @@
+// Operations on jobs that are there.
+#ifndef PROGRAMS_PRINTER_JOB_OPERATIONS_H_
+#define PROGRAMS_PRINTER_JOB_OPERATIONS_H_
+
+#include "programs/printer/operations.h"
+
+namespace driver_feature::printer {
+
+bool cancelJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
+bool cancelMyJobs(Service& service, const std::shared_ptr<IppExchange>& exchange);
+bool closeJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
+bool holdJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
+bool releaseJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
+bool getJobAttributes(Service& service, const std::shared_ptr<IppExchange>& exchange);
+bool getJobs(Service& service, const std::shared_ptr<IppExchange>& exchange);
+
+}  // namespace driver_feature::printer
+
+#endif  // PROGRAMS_PRINTER_JOB_OPERATIONS_H_

@@ -1,0 +1,77 @@
+// The program driver-feature-printer: printers made of feature descriptions, which
+// clients reach with the Internet Printing Protocol.
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <exception>
+#include <new>
+
+#include "host/base/standard_streams.h"
+#include "host/base/output_file.h"
+#include "programs/common/console.h"
+#include "programs/printer/arguments.h"
+#include "programs/printer/service.h"
+
+namespace driver_feature::printer {
+
+namespace {
+
+int signalPipe[2] = {-1, -1};
+pid_t server = 0;
+
+void noteSignal(int /*signal*/) {
+  // A new process has the server's handler until it has its own.
+  if (::getpid() != server) ::_exit(cli::kFailure);
+  const char byte = 0;
+  [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
+}
+
+// SIGTERM and SIGINT end the loop.
+void stopBySignal(host::EventLoop& loop) {
+  if (::pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
+  loop.watch(signalPipe[0], POLLIN, [&loop](short) { loop.stop(); });
+  server = ::getpid();
+  struct sigaction action {};
+  action.sa_handler = noteSignal;
+  ::sigaction(SIGTERM, &action, nullptr);
+  ::sigaction(SIGINT, &action, nullptr);
+}
+
+int run(int argc, const char* const* argv) {
+  auto line = readLine(argc, argv);
+  if (!line) return cli::report(line.error());
+  if (!line->arguments) {
+    const auto written = host::writeToStandardOutput(line->text);
+    return written ? cli::kSuccess : cli::report(written.error());
+  }
+  host::EventLoop loop;
+  stopBySignal(loop);
+  Service service(loop, std::move(*line->arguments));
+  if (const auto started = service.start(); !started) return cli::report(started.error());
+  loop.run();
+  if (service.hasPrinters()) return cli::kSuccess;
+  cli::printError("no printer is left");
+  return cli::kFailure;
+}
+
+}  // namespace
+
+}  // namespace driver_feature::printer
+
+int main(int argc, char** argv) {
+  using namespace driver_feature;
+  host::prepareStandardStreams();
+  cli::startMessagesWith("driver-feature-printer: ");
+  try {
+    return printer::run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    cli::printLackOfMemory();
+  } catch (const std::exception& error) {
+    cli::printError(error.what());
+  }
+  return cli::kFailure;
+}

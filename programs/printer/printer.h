@@ -1,0 +1,42 @@
+// A printer made of a description, as the server knows it.
+#ifndef PROGRAMS_PRINTER_PRINTER_H_
+#define PROGRAMS_PRINTER_PRINTER_H_
+
+#include <cups/ipp.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/ipp/translation.h"
+#include "programs/printer/job_run.h"
+#include "programs/printer/model_worker.h"
+
+namespace driver_feature::printer {
+
+using IppPointer = std::unique_ptr<ipp_t, void (*)(ipp_t*)>;
+
+inline IppPointer noIpp() {
+  return {nullptr, &::ippDelete};
+}
+
+struct Printer {
+  std::string name;
+  std::string description;  // The file.
+  std::unique_ptr<ModelWorker> worker;
+  std::optional<ipp::Translation> translation;  // Nothing before the description is loaded.
+  IppPointer attributes = noIpp();              // What does not change while it prints.
+  std::string queueFile;
+  std::unique_ptr<JobRun> run;  // Of the job that is being printed.
+  int current = 0;              // Its number; 0 for none.
+  std::string reason = "none";  // A keyword of printer-state-reasons.
+  std::int64_t stateChanged = 0;
+  std::int64_t configured = 0;
+
+  bool isReady() const { return translation.has_value(); }
+};
+
+}  // namespace driver_feature::printer
+
+#endif  // PROGRAMS_PRINTER_PRINTER_H_

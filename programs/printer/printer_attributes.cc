@@ -1,0 +1,200 @@
+#include "programs/printer/printer_attributes.h"
+
+#include <algorithm>
+#include <set>
+
+#include "host/base/text.h"
+#include "programs/common/console.h"
+#include "programs/printer/attribute_list.h"
+#include "programs/printer/conversion.h"
+#include "programs/printer/ipp_message.h"
+#include "programs/printer/requested.h"
+
+namespace driver_feature::printer {
+
+namespace {
+
+constexpr int kMostKilobytes = 4 << 20;  // Of a document.
+
+void addProtocol(AttributeList& list) {
+  list.strings(IPP_TAG_CHARSET, "charset-supported", {"us-ascii", "utf-8"});
+  list.strings(IPP_TAG_CHARSET, "charset-configured", {"utf-8"});
+  list.strings(IPP_TAG_LANGUAGE, "natural-language-configured", {"en"});
+  list.keywords("ipp-versions-supported", {"1.0", "1.1", "2.0"});
+  list.keywords("ipp-features-supported", {"ipp-everywhere"});
+  std::vector<int> codes;
+  for (const Operation& operation : operations()) codes.push_back(operation.code);
+  list.enumerations("operations-supported", codes);
+  list.keywords("which-jobs-supported", {"completed", "not-completed", "all"});
+  list.boolean("job-ids-supported", true);
+  list.boolean("multiple-document-jobs-supported", false);
+  list.integer("multiple-operation-time-out", 300);
+  list.keyword("multiple-operation-time-out-action", "abort-job");
+  list.keywords("printer-get-attributes-supported", {"document-format"});
+  list.keywords("identify-actions-supported", {"display"});
+  list.keyword("identify-actions-default", "display");
+}
+
+void addDocuments(AttributeList& list) {
+  const auto formats = documentFormats();
+  list.strings(IPP_TAG_MIMETYPE, "document-format-supported", {formats.begin(), formats.end()});
+  list.strings(IPP_TAG_MIMETYPE, "document-format-default", {formats.front()});
+  list.strings(IPP_TAG_MIMETYPE, "document-format-preferred", {"application/pdf"});
+  list.keywords("compression-supported", {"none"});
+  list.keyword("pdl-override-supported", "attempted");
+  list.range("job-k-octets-supported", 0, kMostKilobytes);
+  list.range("pdf-k-octets-supported", 0, kMostKilobytes);
+  list.keywords("pdf-versions-supported",
+                {"adobe-1.3", "adobe-1.4", "adobe-1.5", "adobe-1.6", "iso-32000-1_2008"});
+  list.range("jpeg-k-octets-supported", 0, 512 << 10);
+  list.range("jpeg-x-dimension-supported", 1, 65535);
+  list.range("jpeg-y-dimension-supported", 1, 65535);
+  list.keywords("pwg-raster-document-type-supported", {"black_1", "sgray_8", "srgb_8"});
+  list.keyword("pwg-raster-document-sheet-back", "normal");
+  list.keywords("urf-supported", {"V1.4", "W8", "SRGB24", "CP255", "RS300-600", "DM1"});
+}
+
+void addRasterResolutions(ipp_t* message) {
+  ipp_attribute_t* own =
+      ::ippFindAttribute(message, "printer-resolution-supported", IPP_TAG_RESOLUTION);
+  if (own != nullptr) {
+    ipp_attribute_t* copy = ::ippCopyAttribute(message, own, 0);
+    ::ippSetName(message, &copy, "pwg-raster-document-resolution-supported");
+    return;
+  }
+  ::ippAddResolution(message, IPP_TAG_PRINTER, "pwg-raster-document-resolution-supported",
+                     IPP_RES_PER_INCH, 300, 300);
+}
+
+bool hasColour(ipp_t* message) {
+  ipp_attribute_t* modes =
+      ::ippFindAttribute(message, "print-color-mode-supported", IPP_TAG_KEYWORD);
+  return modes != nullptr && ::ippContainsString(modes, "color") != 0;
+}
+
+void addIdentity(AttributeList& list, const Service& service, const Printer& printer) {
+  list.name("printer-name", printer.name);
+  list.text("printer-info", printer.name);
+  list.text("printer-location", "");
+  list.text("printer-make-and-model", "libDriverFeature " + printer.name);
+  list.text("printer-device-id", "MFG:libDriverFeature;MDL:" + printer.name +
+                                     ";CMD:PDF,PS,JPEG,PWGRaster,URF;CLS:PRINTER;");
+  list.name("printer-dns-sd-name", printer.name);
+  list.uri("printer-uuid", service.uuidOf(printer.name));
+  list.unknown("printer-geo-location");
+  list.text("printer-organization", "");
+  list.text("printer-organizational-unit", "");
+  list.keywords("printer-kind", {"document"});
+  // Required, and not said by descriptions: the least that a printer does.
+  list.integer("pages-per-minute", 1);
+}
+
+// Devices do not tell their levels here: -2 is "unknown".
+void addSupply(ipp_t* message, AttributeList& list) {
+  const std::string_view supply =
+      "index=1;class=supplyThatIsConsumed;type=toner;unit=percent;maxcapacity=100;level=-2;"
+      "colorantname=unknown;";
+  ::ippAddOctetString(message, IPP_TAG_PRINTER, "printer-supply", supply.data(),
+                      static_cast<int>(supply.size()));
+  list.strings(IPP_TAG_TEXT, "printer-supply-description", {"Supply"});
+}
+
+std::vector<std::string> languagesOf(const Printer& printer) {
+  std::vector<std::string> languages = printer.translation->languages();
+  for (std::string& language : languages) {
+    if (language.empty()) language = "en";
+  }
+  if (languages.empty()) languages = {"en"};
+  return languages;
+}
+
+void addState(ipp_t* message, Service& service, const IppExchange& exchange) {
+  AttributeList list(message);
+  const Printer& printer = *exchange.printer;
+  const bool isPrinting = printer.current != 0;
+  list.enumeration("printer-state", isPrinting ? IPP_PSTATE_PROCESSING : IPP_PSTATE_IDLE);
+  list.keyword("printer-state-reasons", printer.reason);
+  list.text("printer-state-message", isPrinting ? "Printing." : "Ready.");
+  list.boolean("printer-is-accepting-jobs", true);
+  list.integer("queued-job-count", static_cast<int>(service.jobs().waiting(printer.name)));
+  const int upTime = static_cast<int>(service.upTime()) + 1;
+  list.integer("printer-up-time", upTime);
+  const std::int64_t started = Service::now() - service.upTime();
+  const auto since = [&](std::int64_t time) {
+    return static_cast<int>(std::max<std::int64_t>(time - started + 1, 1));
+  };
+  list.integer("printer-state-change-time", since(printer.stateChanged));
+  list.integer("printer-config-change-time", since(printer.configured));
+  ::ippAddDate(message, IPP_TAG_PRINTER, "printer-current-time", ::ippTimeToDate(Service::now()));
+  ::ippAddDate(message, IPP_TAG_PRINTER, "printer-state-change-date-time",
+               ::ippTimeToDate(printer.stateChanged));
+  ::ippAddDate(message, IPP_TAG_PRINTER, "printer-config-change-date-time",
+               ::ippTimeToDate(printer.configured));
+}
+
+// What depends on the name by which the client calls the server.
+void addAddresses(ipp_t* message, const IppExchange& exchange) {
+  AttributeList list(message);
+  const Printer& printer = *exchange.printer;
+  std::string path = exchange.host + "/ipp/print/" + printer.name;
+  if (!exchange.preset.empty()) path += "/" + exchange.preset;
+  list.strings(IPP_TAG_URI, "printer-uri-supported", {("ipp://" + path).c_str()});
+  list.keywords("uri-authentication-supported", {"requesting-user-name"});
+  list.keywords("uri-security-supported", {"none"});
+  const std::string page = "http://" + exchange.host + "/";
+  list.uri("printer-more-info", page + printer.name);
+  list.uri("printer-supply-info-uri", page + printer.name);
+  list.strings(IPP_TAG_URI, "printer-icons", {(page + "icon.png").c_str()});
+  list.uri("printer-strings-uri",
+           page + "strings/" + printer.name + "/" + languagesOf(printer).front());
+}
+
+}  // namespace
+
+IppPointer fixedAttributes(const Service& service, const Printer& printer) {
+  IppPointer message(::ippNew(), &::ippDelete);
+  AttributeList list(message.get());
+  addProtocol(list);
+  addIdentity(list, service, printer);
+  addDocuments(list);
+  printer.translation->addPrinterAttributes(message.get());
+  addRasterResolutions(message.get());
+  list.boolean("color-supported", hasColour(message.get()));
+  if (hasColour(message.get())) list.integer("pages-per-minute-color", 1);
+  addSupply(message.get(), list);
+  const std::vector<std::string> languages = languagesOf(printer);
+  std::vector<const char*> words;
+  for (const std::string& language : languages) words.push_back(language.c_str());
+  list.strings(IPP_TAG_LANGUAGE, "generated-natural-language-supported", words);
+  list.strings(IPP_TAG_LANGUAGE, "printer-strings-languages-supported", words);
+  return message;
+}
+
+void addPrinterAttributes(Service& service, IppExchange& exchange) {
+  ipp_t* request = exchange.request.get();
+  const std::string format = textOf(request, "document-format", IPP_TAG_MIMETYPE);
+  if (!format.empty() && !isDocumentFormat(format)) {
+    exchange.respond(IPP_STATUS_ERROR_DOCUMENT_FORMAT_NOT_SUPPORTED,
+                     "Documents of the type " + format + " are not supported.");
+    return;
+  }
+  const Requested requested(request, {"all"});
+  std::set<std::string> templates;
+  for (std::string& name : exchange.printer->translation->jobAttributeNames()) {
+    templates.insert(std::move(name));
+  }
+  requested.copyPrinter(exchange.response.get(), exchange.printer->attributes.get(), templates);
+  const IppPointer state(::ippNew(), &::ippDelete);
+  addAddresses(state.get(), exchange);
+  addState(state.get(), service, exchange);
+  // These do not live as long as the response.
+  requested.copyPrinter(exchange.response.get(), state.get(), templates, false);
+}
+
+void reportIdentification(Service& /*service*/, IppExchange& exchange) {
+  const std::string text = textOf(exchange.request.get(), "message", IPP_TAG_TEXT);
+  cli::printError(exchange.printer->name + ": " + exchange.user + " asks which printer it is" +
+                  (text.empty() ? "" : ": " + text));
+}
+
+}  // namespace driver_feature::printer

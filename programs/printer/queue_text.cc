@@ -1,0 +1,27 @@
+#include "programs/printer/queue_text.h"
+
+#include "host/ppd/queue/minimal_ppd.h"
+#include "host/ppd/queue/plain_stamp.h"
+#include "host/ppd/queue/read_back.h"
+
+namespace driver_feature::printer {
+
+host::Result<std::string> queueText(const host::Model& model, const std::string& name,
+                                    const ppd::QueueRequest& request) {
+  auto lines = ppd::queueLines(request);
+  if (!lines) return failureOf(lines);
+  std::string text = ppd::minimalPpd(model, name, *lines).text;
+  // The stamp lets the filter print without libcups.
+  std::string stamp = ppd::plainStampLine(text);
+  if (!stamp.empty()) {
+    lines->insert(lines->begin(), std::move(stamp));
+    text = ppd::minimalPpd(model, name, *lines).text;
+  }
+  if (const auto unusable = ppd::readBack(text, *lines, nullptr)) {
+    return host::refused("libcups cannot use the PPD that jobs would be printed with: " +
+                         unusable->reason);
+  }
+  return text;
+}
+
+}  // namespace driver_feature::printer

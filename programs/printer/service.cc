@@ -1,0 +1,260 @@
+#include "programs/printer/service.h"
+
+#include <cups/cups.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <ctime>
+#include <utility>
+
+#include "host/base/output_file.h"
+#include "host/base/text.h"
+#include "programs/common/console.h"
+#include "programs/printer/ipp_taker.h"
+#include "programs/printer/page.h"
+#include "programs/printer/printer_attributes.h"
+
+namespace driver_feature::printer {
+
+namespace {
+
+constexpr std::string_view kJobPath = "/ipp/job/";
+constexpr int kMostTries = 3;
+constexpr host::EventLoop::Milliseconds kDocumentWait{300000};
+
+void log(const std::string& text) {
+  cli::printError(text);
+}
+
+std::string titleOf(const Job& job) {
+  return job.printer + ": job " + std::to_string(job.number) + ": ";
+}
+
+}  // namespace
+
+Service::Service(host::EventLoop& loop, ServiceArguments arguments)
+    : loop_(loop),
+      arguments_(std::move(arguments)),
+      server_(loop, arguments_.limits,
+              [this](const host::Request& request) { return handle(request); }),
+      started_(now()) {}
+
+Service::~Service() = default;
+
+std::int64_t Service::now() {
+  return std::time(nullptr);
+}
+
+std::string Service::uuidOf(const std::string& text) const {
+  const std::string whole = jobs_->spool().identity() + text;
+  std::array<unsigned char, 32> hash{};
+  ::cupsHashData("sha2-256", whole.data(), whole.size(), hash.data(), hash.size());
+  // Version 8 is the one for forms of one's own.
+  hash[6] = static_cast<unsigned char>((hash[6] & 0x0f) | 0x80);
+  hash[8] = static_cast<unsigned char>((hash[8] & 0x3f) | 0x80);
+  std::array<char, 33> digits{};
+  ::cupsHashString(hash.data(), 16, digits.data(), digits.size());
+  const std::string hex = digits.data();
+  return "urn:uuid:" + hex.substr(0, 8) + "-" + hex.substr(8, 4) + "-" + hex.substr(12, 4) + "-" +
+         hex.substr(16, 4) + "-" + hex.substr(20);
+}
+
+host::Result<> Service::start() {
+  auto spool = Spool::open(arguments_.spool);
+  if (!spool) return failureOf(spool);
+  jobs_ = std::make_unique<JobList>(std::move(*spool), arguments_.jobLimits);
+  for (const host::Problem& problem : jobs_->load(now())) cli::printProblem(problem);
+  for (const std::string& name : arguments_.hosts) server_.addName(name);
+  for (const std::string& place : arguments_.places) {
+    if (auto listening = server_.listen(place); !listening) return listening;
+  }
+  for (const std::string& place : server_.places()) log("listening at " + place);
+  for (const PrinterArgument& argument : arguments_.printers) addPrinter(argument);
+  return {};
+}
+
+Printer* Service::find(const std::string& name) {
+  const auto found = printers_.find(name);
+  return found == printers_.end() ? nullptr : found->second.get();
+}
+
+int Service::jobOfPath(const std::string& path) {
+  const std::size_t place = path.find(kJobPath);
+  if (place == std::string::npos) return 0;
+  const std::string_view text = std::string_view(path).substr(place + kJobPath.size());
+  int number = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  return read.ec == std::errc() && read.ptr == text.data() + text.size() ? number : 0;
+}
+
+void Service::addPrinter(const PrinterArgument& argument) {
+  auto made = std::make_unique<Printer>();
+  Printer& printer = *made;
+  printer.name = argument.name;
+  printer.description = argument.description;
+  printer.queueFile = jobs_->spool().queueFile(argument.name);
+  printer.stateChanged = now();
+  printers_.emplace(argument.name, std::move(made));
+  ppd::QueueRequest request;
+  request.description = argument.description;
+  request.library = arguments_.library;
+  request.routines = arguments_.routines;
+  printer.worker = std::make_unique<ModelWorker>(
+      loop_, argument.name, std::move(request),
+      [this, &printer](host::Result<LoadedModel> model) { takeModel(printer, std::move(model)); });
+}
+
+void Service::takeModel(Printer& printer, host::Result<LoadedModel> model) {
+  if (!model) {
+    log(printer.name + ": " + describe(model.error()));
+    if (!printer.isReady()) leaveOut(printer.name);
+    return;
+  }
+  // After a new start the printer is what it was; jobs may refer to it.
+  if (printer.isReady()) return;
+  if (const auto written = host::writeToFile(printer.queueFile, model->queue); !written) {
+    cli::printProblem(written.error());
+    return leaveOut(printer.name);
+  }
+  printer.translation.emplace(std::move(model->capabilities));
+  printer.configured = now();
+  printer.attributes = fixedAttributes(*this, printer);
+  log(printer.name + ": ready");
+  startNext(printer);
+}
+
+// Not at once: the worker that has reported the failure belongs to the printer.
+void Service::leaveOut(const std::string& name) {
+  loop_.after(host::EventLoop::Milliseconds(0), [this, name] {
+    log(name + ": is left out");
+    printers_.erase(name);
+    if (printers_.empty()) loop_.stop();
+  });
+}
+
+void Service::keep(Job& job) {
+  if (const auto kept = jobs_->keep(job); !kept) cli::printProblem(kept.error());
+}
+
+void Service::startNext(Printer& printer) {
+  if (printer.current != 0 || !printer.isReady()) return;
+  Job* job = jobs_->next(printer.name);
+  if (job == nullptr) return;
+  job->state = IPP_JSTATE_PROCESSING;
+  job->reason = "job-interpreting";
+  job->begun = now();
+  ++job->tries;
+  keep(*job);
+  PrintOrder order{*job, jobs_->spool().document(job->number).string(), printer.queueFile,
+                   arguments_.device, arguments_.filter};
+  printer.current = job->number;
+  printer.stateChanged = now();
+  auto run = JobRun::start(
+      loop_, order,
+      {[this, &printer](const std::string& line) { takeLine(printer, line); },
+       [this, &printer](JobEnd end, const std::string& status) { endJob(printer, end, status); }});
+  if (run) {
+    printer.run = std::move(*run);
+    log(titleOf(*job) + "begins");
+    return;
+  }
+  // It stays the first one to be printed.
+  cli::printProblem(run.error());
+  printer.current = 0;
+  job->state = IPP_JSTATE_PENDING;
+  job->reason = "none";
+  loop_.after(host::EventLoop::Milliseconds(1000), [this, &printer] { startNext(printer); });
+}
+
+void Service::takeLine(Printer& printer, const std::string& line) {
+  Job* job = jobs_->find(printer.current);
+  if (job == nullptr) return;
+  const std::size_t colon = line.find(": ");
+  const std::string kind = line.substr(0, colon);
+  const std::string text = colon == std::string::npos ? "" : line.substr(colon + 2);
+  if (kind == "PAGE") {
+    ++job->sheets;
+  } else if (kind == "STATE" && text.starts_with('+')) {
+    const std::string reason = text.substr(1);
+    if (reason.starts_with("job-")) {
+      job->reason = reason;
+    } else {
+      printer.reason = reason;
+    }
+  } else if (kind == "STATE" && text.starts_with('-')) {
+    printer.reason = "none";
+  } else if (kind == "ERROR" || kind == "WARNING") {
+    job->message = host::printable(text);
+    log(titleOf(*job) + job->message);
+  }
+}
+
+void Service::endJob(Printer& printer, JobEnd end, const std::string& status) {
+  const std::unique_ptr<JobRun> run = std::move(printer.run);
+  Job* job = jobs_->find(std::exchange(printer.current, 0));
+  printer.reason = "none";
+  printer.stateChanged = now();
+  if (job != nullptr) settle(*job, end, status);
+  startNext(printer);
+}
+
+void Service::settle(Job& job, JobEnd end, const std::string& status) {
+  host::Result<> kept;
+  if (job.isCancelled) {
+    kept = jobs_->end(job, IPP_JSTATE_CANCELED, "job-canceled-by-user", job.message, now());
+  } else if (end == JobEnd::kPrinted) {
+    kept = jobs_->end(job, IPP_JSTATE_COMPLETED, "job-completed-successfully", "", now());
+  } else if (end == JobEnd::kKilled && job.tries < kMostTries) {
+    job.state = IPP_JSTATE_PENDING;
+    job.reason = "none";
+    job.sheets = 0;
+    kept = jobs_->keep(job);
+  } else {
+    if (job.message.empty()) job.message = "The job's process ends with " + status + ".";
+    kept = jobs_->end(job, IPP_JSTATE_ABORTED, "aborted-by-system", job.message, now());
+  }
+  if (!kept) cli::printProblem(kept.error());
+  log(titleOf(job) + (job.state == IPP_JSTATE_COMPLETED  ? "printed"
+                      : job.state == IPP_JSTATE_CANCELED ? "cancelled"
+                      : job.state == IPP_JSTATE_PENDING  ? "was interrupted, and is printed again"
+                                                         : "failed"));
+}
+
+void Service::cancel(Job& job, const std::string& message) {
+  if (job.isOver() || job.isCancelled) return;
+  if (!message.empty()) job.message = message;
+  Printer* printer = find(job.printer);
+  if (printer != nullptr && printer->current == job.number && printer->run) {
+    job.isCancelled = true;
+    printer->run->cancel();
+    return;
+  }
+  const auto kept =
+      jobs_->end(job, IPP_JSTATE_CANCELED, "job-canceled-by-user", job.message, now());
+  if (!kept) cli::printProblem(kept.error());
+  log(titleOf(job) + "cancelled");
+}
+
+void Service::limitWait(int number) {
+  loop_.after(kDocumentWait, [this, number] {
+    Job* job = jobs_->find(number);
+    if (job == nullptr || !job->isIncoming || job->isOver()) return;
+    const auto kept = jobs_->end(*job, IPP_JSTATE_ABORTED, "aborted-by-system",
+                                 "The document has not been sent.", now());
+    if (!kept) cli::printProblem(kept.error());
+    log(titleOf(*job) + "failed: the document has not been sent");
+  });
+}
+
+std::variant<host::Response, std::unique_ptr<host::BodyTaker>> Service::handle(
+    const host::Request& request) {
+  if (request.method != host::Method::kPost) return pageFor(*this, request);
+  if (!request.path.starts_with("/ipp/")) return host::plainResponse(HTTP_STATUS_NOT_FOUND);
+  if (request.contentType != "application/ipp") {
+    return host::plainResponse(HTTP_STATUS_BAD_REQUEST);
+  }
+  return std::make_unique<IppTaker>(*this, request.host);
+}
+
+}  // namespace driver_feature::printer

@@ -1,0 +1,250 @@
+#include "programs/printer/spool.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/random.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <system_error>
+#include <utility>
+
+#include "host/base/descriptor.h"
+#include "host/base/input_file.h"
+#include "programs/printer/job_record.h"
+
+namespace driver_feature::printer {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kBeginning = 64;
+constexpr std::size_t kIdentity = 16;
+constexpr const char* kRecord = "job.json";
+constexpr const char* kAttributes = "attributes";
+constexpr const char* kDocument = "document";
+
+host::Failure notWritten(const fs::path& path, int error) {
+  host::Problem problem{host::Problem::Kind::kNotWritten,
+                        std::string("cannot be written: ") + std::strerror(error), ""};
+  problem.file = path.string();
+  return host::Failure(std::move(problem));
+}
+
+// Names of a folder reach the disk when the folder does.
+void flushFolder(const fs::path& folder) {
+  const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor == -1) return;
+  ::fsync(descriptor);
+  ::close(descriptor);
+}
+
+// Makes the bytes the content of a file, on the disk.
+host::Result<> writeDurably(const fs::path& path, std::string_view bytes) {
+  const fs::path temporary = path.string() + ".new";
+  const int file = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+  if (file == -1) return notWritten(temporary, errno);
+  const bool isWritten = host::writeAll(file, bytes) && ::fsync(file) == 0;
+  const int error = errno;
+  ::close(file);
+  if (!isWritten) return notWritten(temporary, error);
+  if (::rename(temporary.c_str(), path.c_str()) != 0) return notWritten(path, errno);
+  return {};
+}
+
+int numberOf(const std::string& name) {
+  int number = 0;
+  const auto read = std::from_chars(name.data(), name.data() + name.size(), number);
+  return read.ec == std::errc() && read.ptr == name.data() + name.size() ? number : 0;
+}
+
+std::uint64_t sizeOf(const fs::path& file) {
+  std::error_code error;
+  const std::uintmax_t size = fs::file_size(file, error);
+  return error ? 0 : size;
+}
+
+}  // namespace
+
+IncomingDocument::IncomingDocument(fs::path path)
+    : path_(std::move(path)),
+      descriptor_(::open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600)) {}
+
+IncomingDocument::~IncomingDocument() {
+  if (descriptor_ != -1) ::close(descriptor_);
+  if (!path_.empty()) ::unlink(path_.c_str());
+}
+
+host::Result<> IncomingDocument::write(std::string_view bytes) {
+  if (beginning_.size() < kBeginning) {
+    beginning_ += bytes.substr(0, kBeginning - beginning_.size());
+  }
+  size_ += bytes.size();
+  if (!host::writeAll(descriptor_, bytes)) return notWritten(path_, errno);
+  return {};
+}
+
+// Gives it its final name, when all of it is on the disk.
+host::Result<> IncomingDocument::finish(const fs::path& target) {
+  if (::fsync(descriptor_) != 0) return notWritten(path_, errno);
+  if (::rename(path_.c_str(), target.c_str()) != 0) return notWritten(target, errno);
+  path_.clear();
+  return {};
+}
+
+host::Result<std::unique_ptr<Spool>> Spool::open(const std::string& folder) {
+  const fs::path path = fs::absolute(folder);
+  std::error_code error;
+  for (const char* name : {"jobs", "queues", "incoming"}) {
+    fs::create_directories(path / name, error);
+    if (error) return notWritten(path / name, error.value());
+    fs::permissions(path / name, fs::perms::owner_all, error);
+  }
+  const fs::path lockFile = path / "lock";
+  const int lock = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  if (lock == -1) return notWritten(lockFile, errno);
+  if (::flock(lock, LOCK_EX | LOCK_NB) != 0) {
+    ::close(lock);
+    return host::fail(host::Problem::Kind::kNotWritten,
+                      "the spool " + path.string() +
+                          " is used by another server; give this one a folder of its own with "
+                          "--spool");
+  }
+  // What was received when the server ended was never accepted.
+  for (const fs::directory_entry& entry : fs::directory_iterator(path / "incoming", error)) {
+    std::error_code ignored;
+    fs::remove_all(entry.path(), ignored);
+  }
+  std::unique_ptr<Spool> spool(new Spool(path, lock));
+  if (auto identified = spool->identify(); !identified) return failureOf(identified);
+  return spool;
+}
+
+host::Result<> Spool::identify() {
+  const fs::path file = folder_ / "identity";
+  identity_ = host::readFile(file.string()).value_or("");
+  if (identity_.size() >= kIdentity) return {};
+  std::string bytes(kIdentity, '\0');
+  if (::getrandom(bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) {
+    return notWritten(file, errno);
+  }
+  identity_ = bytes;
+  return writeDurably(file, identity_);
+}
+
+Spool::Spool(fs::path folder, int lock) : folder_(std::move(folder)), lock_(lock) {}
+
+Spool::~Spool() {
+  ::close(lock_);
+}
+
+fs::path Spool::jobFolder(int number) const {
+  return folder_ / "jobs" / std::to_string(number);
+}
+
+std::vector<Job> Spool::load(host::Problems& problems) {
+  std::vector<Job> jobs;
+  std::error_code error;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder_ / "jobs", error)) {
+    const int number = numberOf(entry.path().filename().string());
+    if (number == 0) continue;
+    lastNumber_ = std::max(lastNumber_, number);
+    const std::string record = (entry.path() / kRecord).string();
+    const auto text = host::readFile(record);
+    if (!text) {
+      problems.push_back(text.error());
+      continue;
+    }
+    auto job = jobOfRecord(*text);
+    if (!job || job->number != number) {
+      problems.push_back({host::Problem::Kind::kMalformed, "is not the record of a job", ""});
+      problems.back().file = record;
+      continue;
+    }
+    if (job->isOver()) dropDocument(number);
+    used_ += sizeOf(document(number));
+    jobs.push_back(std::move(*job));
+  }
+  std::sort(jobs.begin(), jobs.end(),
+            [](const Job& a, const Job& b) { return a.number < b.number; });
+  return jobs;
+}
+
+host::Result<std::unique_ptr<IncomingDocument>> Spool::receive() {
+  const fs::path path = folder_ / "incoming" / ("document-" + std::to_string(++lastIncoming_));
+  auto document = std::make_unique<IncomingDocument>(path);
+  if (document->descriptor_ == -1) return notWritten(path, errno);
+  return document;
+}
+
+host::Result<> Spool::add(Job& job, std::string_view attributes, IncomingDocument* document) {
+  job.number = lastNumber_ + 1;
+  const fs::path folder = folder_ / "incoming" / std::to_string(job.number);
+  std::error_code error;
+  fs::remove_all(folder, error);
+  if (!fs::create_directory(folder, error)) return notWritten(folder, error.value());
+  const auto write = [&]() -> host::Result<> {
+    if (auto done = writeDurably(folder / kRecord, recordOf(job)); !done) return done;
+    if (auto done = writeDurably(folder / kAttributes, attributes); !done) return done;
+    if (document != nullptr) {
+      if (auto done = document->finish(folder / kDocument); !done) return done;
+    }
+    flushFolder(folder);
+    if (::rename(folder.c_str(), jobFolder(job.number).c_str()) != 0) {
+      return notWritten(jobFolder(job.number), errno);
+    }
+    return {};
+  };
+  if (auto written = write(); !written) {
+    fs::remove_all(folder, error);
+    return written;
+  }
+  flushFolder(folder_ / "jobs");
+  lastNumber_ = job.number;
+  if (document != nullptr) used_ += document->size();
+  return {};
+}
+
+host::Result<> Spool::addDocument(const Job& job, IncomingDocument& incoming) {
+  if (auto done = incoming.finish(document(job.number)); !done) return done;
+  used_ += incoming.size();
+  return update(job);
+}
+
+host::Result<> Spool::update(const Job& job) {
+  const fs::path folder = jobFolder(job.number);
+  if (auto done = writeDurably(folder / kRecord, recordOf(job)); !done) return done;
+  flushFolder(folder);
+  if (job.isOver()) dropDocument(job.number);
+  return {};
+}
+
+void Spool::dropDocument(int number) {
+  const fs::path file = document(number);
+  const std::uint64_t size = sizeOf(file);
+  if (::unlink(file.c_str()) == 0) used_ -= std::min(used_, size);
+}
+
+void Spool::remove(int number) {
+  dropDocument(number);
+  std::error_code ignored;
+  fs::remove_all(jobFolder(number), ignored);
+}
+
+std::string Spool::attributes(int number) const {
+  return host::readFile((jobFolder(number) / kAttributes).string()).value_or("");
+}
+
+fs::path Spool::document(int number) const {
+  return jobFolder(number) / kDocument;
+}
+
+fs::path Spool::queueFile(const std::string& printer) const {
+  return folder_ / "queues" / (printer + ".ppd");
+}
+
+}  // namespace driver_feature::printer
