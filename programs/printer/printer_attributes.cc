@@ -132,6 +132,19 @@ void addState(ipp_t* message, Service& service, const IppExchange& exchange) {
                ::ippTimeToDate(printer.configured));
 }
 
+// The language for a client: its own where there are texts in it, such as "de" for
+// "de-ch".
+std::string languageFor(const IppExchange& exchange) {
+  const std::string wanted = host::toLower(
+      textOf(exchange.request.get(), "attributes-natural-language", IPP_TAG_LANGUAGE));
+  const std::vector<std::string> languages = languagesOf(*exchange.printer);
+  for (const std::string& language : languages) {
+    const std::string known = host::toLower(language);
+    if (wanted == known || wanted.starts_with(known + "-")) return language;
+  }
+  return languages.front();
+}
+
 // What depends on the name by which the client calls the server.
 void addAddresses(ipp_t* message, const IppExchange& exchange) {
   AttributeList list(message);
@@ -145,8 +158,7 @@ void addAddresses(ipp_t* message, const IppExchange& exchange) {
   list.uri("printer-more-info", page + printer.name);
   list.uri("printer-supply-info-uri", page + printer.name);
   list.strings(IPP_TAG_URI, "printer-icons", {(page + "icon.png").c_str()});
-  list.uri("printer-strings-uri",
-           page + "strings/" + printer.name + "/" + languagesOf(printer).front());
+  list.uri("printer-strings-uri", page + "strings/" + printer.name + "/" + languageFor(exchange));
 }
 
 }  // namespace

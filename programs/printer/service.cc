@@ -144,8 +144,8 @@ void Service::startNext(Printer& printer) {
   job->state = IPP_JSTATE_PROCESSING;
   job->reason = "job-interpreting";
   job->begun = now();
+  // Not kept: a job that was being printed is one that waits, for a new server.
   ++job->tries;
-  keep(*job);
   PrintOrder order{*job, jobs_->spool().document(job->number).string(), printer.queueFile,
                    arguments_.device, arguments_.filter};
   printer.current = job->number;

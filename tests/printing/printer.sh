@@ -13,7 +13,9 @@ startPrinter() {
     --device "file:$folder/printed/" "$@" 2>>"$folder/printer.log" &
   printerProcess=$!
   for ((wait = 0; wait < 200; wait++)); do
-    if [ "$(grep -c ': ready$' "$folder/printer.log")" -ge 1 ]; then break; fi
+    if [ "$(grep -c ': ready$' "$folder/printer.log")" -ge "$(printf '%s\n' "$@" | grep -c '^[a-z0-9]*=')" ]; then
+      break
+    fi
     kill -0 "$printerProcess" 2>/dev/null || break
     sleep 0.05
   done

@@ -3,11 +3,14 @@
 # shellcheck disable=SC2016
 # Many clients of the printer program at once, and what single ones may and may not do.
 #
-# usage: printer_clients_test.sh SOURCE_DIR BUILD_DIR
+# usage: printer_clients_test.sh SOURCE_DIR BUILD_DIR [JOBS]
+#
+# Each of the ten clients sends so many jobs; by default 3.
 set -eu
 
 source=$(realpath "$1")
 build=$(realpath "$2")
+jobs=${3:-3}
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
 asUser=()
@@ -64,11 +67,11 @@ request mine Cancel-My-Jobs
 request get Get-Job-Attributes 'ATTR integer job-id $job'
 startPrinter "$folder" --keep 1000 "labels=$source/descriptions/label_printer.xml"
 
-# 100 jobs of 10 clients at once: all are printed whole, those of each client in their
+# Ten clients at once: all jobs are printed whole, those of each client in their
 # order.
 for client in {0..9}; do
   (
-    for job in {0..9}; do
+    for ((job = 0; job < jobs; job++)); do
       document=$folder/document-$client-$job.ps
       {
         echo '%!PS-Adobe-3.0'
@@ -83,8 +86,10 @@ for client in {0..9}; do
 done
 wait "${clients[@]}"
 [ ! -e "$folder/failed" ] || fail "jobs were not accepted:" "$(<"$folder/failed")"
-waitFor 60 allOver "$folder" 100 || fail "only $(find "$folder/printed" -name '*.prn' | wc -l) jobs are printed"
-for number in {1..100}; do
+count=$((10 * jobs))
+waitFor 60 allOver "$folder" "$count" ||
+  fail "only $(find "$folder/printed" -name '*.prn' | wc -l) jobs are printed"
+for ((number = 1; number <= count; number++)); do
   job=$folder/printed/labels-$number.prn
   title=$(sed -n 's/^.*@PJL SET JOBNAME = "c\([0-9]-[0-9]\)".*/\1/p' "$job")
   [ "$(grep -ac "^% client ${title%-*} job ${title#*-} line" "$job")" -eq 1000 ] ||
@@ -95,7 +100,7 @@ done >"$folder/order"
 for client in {0..9}; do
   grep "^$client-" "$folder/order" >"$folder/one" || fail "client $client has no job"
   sort -c "$folder/one" || fail "the jobs of client $client are not in their order"
-  [ "$(wc -l <"$folder/one")" -eq 10 ] || fail "client $client has not 10 jobs"
+  [ "$(wc -l <"$folder/one")" -eq "$jobs" ] || fail "client $client has not $jobs jobs"
 done
 
 # What a client may not do.
@@ -144,7 +149,7 @@ done
 for victim in $(pgrep -P "$printerProcess"); do kill -KILL "$victim"; done
 ask jane print -d title=after -f "$document"
 expectStatus successful-ok "a job after the description's process was killed"
-waitFor 20 allOver "$folder" 101 || fail "the job is not printed"
+waitFor 20 allOver "$folder" "$((count + 1))" || fail "the job is not printed"
 
 # It ends when it is told to, with its processes.
 processes=$(pgrep -P "$printerProcess" || :)

@@ -26,25 +26,34 @@ gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=pdfwrite -sOutputFile=page.pdf page.ps
 gs -q -dSAFER -dBATCH -dNOPAUSE -dLastPage=1 -r50 -sDEVICE=jpeg -sOutputFile=page.jpg page.ps
 gs -q -dSAFER -dBATCH -dNOPAUSE -dNOINTERPOLATE -r50 -sDEVICE=pwgraster -sOutputFile=page.pwg \
   page.ps >/dev/null 2>&1
-startPrinter "$folder" --callbacks "$build/lib/liboffice_routines.so" \
-  "office=$source/descriptions/office_laser.xml"
+printers=()
+for i in 1 2 3 4 5 6; do printers+=("office$i=$source/descriptions/office_laser.xml"); done
+startPrinter "$folder" --callbacks "$build/lib/liboffice_routines.so" "${printers[@]}"
 
-failed=0
-# examine VERSION TEST TYPE LEAST: so many tests must have passed, and none failed.
+# examine PRINTER VERSION TEST TYPE LEAST: so many tests must have passed, and none
+# failed.
 examine() {
-  ipptool -I -tf "page.$3" -V "$1" "ipp://127.0.0.1:$printerPort/ipp/print/office" "$2" \
-    >"$2.$3" 2>&1 || :
-  local passed faults
-  passed=$(grep -c '\[PASS\]' "$2.$3" || :)
-  faults=$(grep -c '\[FAIL\]' "$2.$3" || :)
-  echo "$2 with $3: $passed passed, $faults failed"
-  if [ "$faults" -eq 0 ] && [ "$passed" -ge "$4" ]; then return 0; fi
-  grep -A 15 '\[FAIL\]' "$2.$3" || tail -5 "$2.$3"
-  failed=1
+  local result=result.$1 passed faults
+  ipptool -I -tf "page.$4" -V "$2" "ipp://127.0.0.1:$printerPort/ipp/print/$1" "$3" \
+    >"$result" 2>&1 || :
+  passed=$(grep -c '\[PASS\]' "$result" || :)
+  faults=$(grep -c '\[FAIL\]' "$result" || :)
+  echo "$3 with $4: $passed passed, $faults failed"
+  if [ "$faults" -eq 0 ] && [ "$passed" -ge "$5" ]; then return 0; fi
+  grep -A 15 '\[FAIL\]' "$result" || tail -5 "$result"
+  return 1
 }
 
-examine 1.1 ipp-1.1.test ps 30
-examine 2.0 ipp-2.0.test jpg 31
-for type in pdf ps jpg pwg; do examine 2.0 ipp-everywhere.test "$type" 32; done
+# The tests wait a lot, so all of them run at once.
+examiners=()
+examine office1 1.1 ipp-1.1.test ps 30 & examiners+=("$!")
+examine office2 2.0 ipp-2.0.test jpg 31 & examiners+=("$!")
+number=3
+for type in pdf ps jpg pwg; do
+  examine "office$number" 2.0 ipp-everywhere.test "$type" 32 & examiners+=("$!")
+  number=$((number + 1))
+done
+failed=0
+for examiner in "${examiners[@]}"; do wait "$examiner" || failed=1; done
 kill -0 "$printerProcess" || { echo "the printer has ended"; failed=1; }
 exit "$failed"

@@ -40,8 +40,8 @@ send() {
   local i
   for ((i = 0; i < 1000; i++)); do
     printf '%%!PS-Adobe-3.0\n%% document %s\nshowpage\n' "$RANDOM$RANDOM" >"$folder/page.ps"
-    ipptool -q -v -f "$folder/page.ps" "ipp://127.0.0.1:$printerPort/ipp/print/labels" \
-      "$folder/print.test" 2>/dev/null | sed -n 's/.*job-id (integer) = //p' >>"$folder/accepted" || :
+    ipptool -tv -f "$folder/page.ps" "ipp://127.0.0.1:$printerPort/ipp/print/labels" \
+      "$folder/print.test" 2>/dev/null | sed -n 's/^ *job-id (integer) = //p' >>"$folder/accepted" || :
   done
 }
 

@@ -37,7 +37,7 @@ asUser=()
 startPrinter "$folder/printer" --callbacks "$routines" "office=$description"
 asUser=("${asPrinter[@]}")
 
-makeScheduler "$folder" "$build/bin/driver-feature-filter"
+makeScheduler "$folder" "$build/bin/driver-feature-filter" "$build"/lib/libDriverFeature.so
 ln -s /usr/lib/cups/backend/ipp "$folder/bin/backend/ipp"
 for filter in pdftopdf pdftops gstopdf pstops gstoraster; do
   [ ! -x "/usr/lib/cups/filter/$filter" ] || ln -s "/usr/lib/cups/filter/$filter" "$folder/bin/filter/"
