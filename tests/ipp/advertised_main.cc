@@ -164,11 +164,13 @@ class Examination {
   bool trySizeOfRange(ipp_t* entry) {
     ipp_attribute_t* size = ippFindAttribute(entry, "media-size", IPP_TAG_BEGIN_COLLECTION);
     ipp_t* ranges = ippGetCollection(size, 0);
-    if (ippFindAttribute(ranges, "x-dimension", IPP_TAG_RANGE) == nullptr) return false;
+    if (ippFindAttribute(ranges, "y-dimension", IPP_TAG_RANGE) == nullptr) return false;
     Ipp middle(ippNew());
     for (const char* name : {"x-dimension", "y-dimension"}) {
-      int upper = 0;
-      const int lower = ippGetRange(ippFindAttribute(ranges, name, IPP_TAG_RANGE), 0, &upper);
+      ipp_attribute_t* length = ippFindAttribute(ranges, name, IPP_TAG_ZERO);
+      int upper = ippGetInteger(length, 0);
+      int lower = upper;
+      if (ippGetValueTag(length) == IPP_TAG_RANGE) lower = ippGetRange(length, 0, &upper);
       ippAddInteger(middle.get(), IPP_TAG_ZERO, IPP_TAG_INTEGER, name, lower + (upper - lower) / 2);
     }
     Ipp collection(ippNew());
@@ -315,7 +317,8 @@ std::vector<std::string> examine(const Request& request, std::string file) {
   const auto session = driver_feature::host::Session::open(wanted);
   if (!imported.empty()) unlink(imported.c_str());
   if (!session) return {"0", "0", "is not loaded: " + session.error().text + "\n"};
-  const Capabilities capabilities = driver_feature::ipp::capabilitiesOf((*session)->model(), {});
+  const Capabilities capabilities =
+      driver_feature::ipp::capabilitiesOf((*session)->model(), (*session)->additions());
   auto copy = driver_feature::ipp::capabilitiesFromJson(toJson(capabilities));
   if (!copy) return {"0", "0", "JSON is not read back\n"};
   if (toJson(*copy) != toJson(capabilities)) return {"0", "0", "JSON has changed\n"};

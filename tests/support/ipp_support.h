@@ -116,8 +116,8 @@ class JobRequest {
     return *this;
   }
   JobRequest& enums(const std::string& name, const std::vector<int>& numbers) {
-    ippAddIntegers(get(), IPP_TAG_JOB, IPP_TAG_ENUM, name.c_str(),
-                   static_cast<int>(numbers.size()), numbers.data());
+    ippAddIntegers(get(), IPP_TAG_JOB, IPP_TAG_ENUM, name.c_str(), static_cast<int>(numbers.size()),
+                   numbers.data());
     return *this;
   }
   JobRequest& boolean(const std::string& name, bool value, ipp_tag_t group = IPP_TAG_JOB) {
