@@ -52,8 +52,8 @@ int hundredthsOfMillimetres(double millimetres) {
   return static_cast<int>(std::lround(millimetres * 100));
 }
 
-// Points are coarse: a size that they give is taken for the standard one that it
-// rounds to.
+// Most sizes come from whole points, which are coarse: they are taken for the standard
+// ones that they round to.
 void setSize(ChoiceCapability& choice, int width, int height) {
   const pwg_media_t* standard = pwgMediaForSize(width, height);
   const bool isKnown = standard != nullptr && standard->pwg != nullptr &&
@@ -65,8 +65,7 @@ void setSize(ChoiceCapability& choice, int width, int height) {
 void addDescribedSize(ChoiceCapability& choice, const host::MediaSizes& media) {
   for (const host::MediaSize& size : media.sizes) {
     if (size.option != choice.name) continue;
-    choice.width = hundredthsOfMillimetres(size.width);
-    choice.height = hundredthsOfMillimetres(size.height);
+    setSize(choice, hundredthsOfMillimetres(size.width), hundredthsOfMillimetres(size.height));
     choice.left = hundredthsOfMillimetres(size.left);
     choice.bottom = hundredthsOfMillimetres(size.bottom);
     choice.right = hundredthsOfMillimetres(size.right);

@@ -52,6 +52,18 @@ TEST(ConstraintsTest, Rule_OfNumbers_IsARange) {
   EXPECT_EQ(advertised(printer, "job-resolvers-supported"), "{resolver-name=many finishings=none}");
 }
 
+// Clients may use either of the attributes.
+TEST(ConstraintsTest, Rule_OfAFeatureWithTwoAttributes_IsSaidOfBoth) {
+  Capabilities all = capabilitiesWith({listOf("Duplex", {"None", "DuplexTumble", "Booklet"}),
+                                       listOf("MediaType", {"Plain", "Film"})});
+  all.rules = {
+      {"film", {{"MediaType", Kind::kIs, {"Film"}, 0}, {"Duplex", Kind::kIsNot, {"None"}, 0}}}};
+  EXPECT_EQ(advertised(Translation(std::move(all)), "job-constraints-supported"),
+            "{resolver-name=film sides=two-sided-short-edge media-col={media-type=transparency}},"
+            "{resolver-name=film-2 x-duplex=duplex-tumble,booklet "
+            "media-col={media-type=transparency}}");
+}
+
 TEST(ConstraintsTest, Rule_OfHardware_IsThereOnlyWhileThatIs) {
   const Translation printer = printerWith(
       {{"needs-unit",

@@ -55,12 +55,12 @@ constexpr WordRow kSources[] = {
     {"envelope", "envelope envfeed envelopefeeder envelopefeed"},
     {"rear", "rear"},
     {"main-roll", "roll"},
-    {"tray-1", "tray1 cassette1 1"},
-    {"tray-2", "tray2 cassette2 2"},
-    {"tray-3", "tray3 cassette3 3"},
-    {"tray-4", "tray4 cassette4 4"},
-    {"tray-5", "tray5 cassette5 5"},
-    {"tray-6", "tray6 cassette6 6"},
+    {"tray-1", "tray1 1tray cassette1 1"},
+    {"tray-2", "tray2 2tray cassette2 2"},
+    {"tray-3", "tray3 3tray cassette3 3"},
+    {"tray-4", "tray4 4tray cassette4 4"},
+    {"tray-5", "tray5 5tray cassette5 5"},
+    {"tray-6", "tray6 6tray cassette6 6"},
 };
 
 constexpr WordRow kTypes[] = {
