@@ -85,7 +85,7 @@ TEST_F(ConversionTest, Raster_OfGrey_IsAnImage) {
       "%%PageBoundingBox: 0 0 3 2\nsave\n3.00 2.00 scale\n/DeviceGray setcolorspace\n"
       "<< /ImageType 1 /Width 3 /Height 2 /BitsPerComponent 8 /Decode [0 1] /ImageMatrix "
       "[3 0 0 -2 0 2] /DataSource currentfile /ASCII85Decode filter /RunLengthDecode filter >> "
-      "image\nrW!NWrW~>\nrestore\nshowpage\n%%Trailer\n%%Pages: 1\n%%EOF\n");
+      "image\nr^$NLJ,~>\nrestore\nshowpage\n%%Trailer\n%%Pages: 1\n%%EOF\n");
 }
 
 TEST_F(ConversionTest, Raster_Damaged_IsRefused) {

@@ -14,7 +14,7 @@ bool isState(int state) {
 
 std::vector<host::Setting> optionsOf(const Json& list) {
   std::vector<host::Setting> options;
-  for (const Json& pair : list) {
+  for (const Json& pair : list.get_ref<const Json::array_t&>()) {
     options.push_back({pair.at(0).get<std::string>(), pair.at(1).get<std::string>()});
   }
   return options;

@@ -3,6 +3,7 @@
 #define PROGRAMS_PRINTER_JOB_RUN_H_
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>

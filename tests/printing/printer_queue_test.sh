@@ -47,7 +47,9 @@ lpadmin -p office -E -v "ipp://localhost:$printerPort/ipp/print/office" -m every
   2>"$folder/log/lpadmin" || fail "lpadmin: $(<"$folder/log/lpadmin")"
 
 # The queue has the options of the description.
-lpoptions -p office -l >"$folder/options"
+# The scheduler asks the printer and writes the PPD after lpadmin has ended.
+hasOptions() { lpoptions -p office -l >"$folder/options" 2>&1 && grep -q '^Duplex/' "$folder/options"; }
+waitFor 20 hasOptions || :
 for option in PageSize InputSlot Duplex ColorModel OutputBin; do
   grep -q "^$option/" "$folder/options" || fail "the queue has no $option:" "$(<"$folder/options")"
 done
@@ -82,6 +84,10 @@ expectCommands "the defaults" --
 expectCommands "both sides" -o sides=two-sided-long-edge -- Duplex=LongEdge
 expectCommands "another size" -o media=na_letter_8.5x11in -- PageSize=Letter
 expectCommands "copies" -n 3 -- Copies=3
+expectCommands "a tray and a bin" -o InputSlot=Tray2 -o OutputBin=FaceUp -- InputSlot=Tray2 OutputBin=FaceUp
+expectCommands "a type and a colour" -o MediaType=Cardstock -o ColorModel=Gray -- \
+  MediaType=CardStock ColorMode=Grayscale
+expectCommands "a stapled job" -o StapleLocation=SinglePortrait -- Staple=TopLeft
 
 # The text of the document can be taken out of what is printed.
 sed -n '/^%!PS/,$p' "$folder/printer/printed/office-1.prn" >"$folder/printed.ps"
