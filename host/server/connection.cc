@@ -117,13 +117,18 @@ bool Connection::readHead() {
   }
   std::array<char, 1024> resource{};
   const http_state_t state = ::httpReadRequest(relay_.http(), resource.data(), resource.size());
+  request_ = {};
   if (state == HTTP_STATE_ERROR || state == HTTP_STATE_WAITING) {
     end();
     return false;
   }
-  http_status_t status = HTTP_STATUS_CONTINUE;
-  while (relay_.hasMore() && status == HTTP_STATUS_CONTINUE) status = ::httpUpdate(relay_.http());
-  request_ = {};
+  if (state != HTTP_STATE_POST && state != HTTP_STATE_GET && state != HTTP_STATE_HEAD) {
+    respond(plainResponse(HTTP_STATUS_NOT_IMPLEMENTED), true);
+    return true;
+  }
+  // Reads the fields. It does nothing, and says that there is more, where libcups
+  // has found a fault.
+  const http_status_t status = ::httpUpdate(relay_.http());
   request_.path = resource.data();
   request_.path.erase(std::min(request_.path.find('?'), request_.path.size()));
   request_.host = fieldOf(relay_.http(), HTTP_FIELD_HOST);
@@ -144,9 +149,6 @@ bool Connection::route(http_state_t state) {
     respond(plainResponse(status), true);
     return true;
   };
-  if (state != HTTP_STATE_POST && state != HTTP_STATE_GET && state != HTTP_STATE_HEAD) {
-    return refuse(HTTP_STATUS_NOT_IMPLEMENTED);
-  }
   // A page of another place must not reach this server by a name of its own.
   if (!setting_.isOwnName(nameIn(request_.host))) return refuse(HTTP_STATUS_BAD_REQUEST);
   const std::string length = fieldOf(http, HTTP_FIELD_CONTENT_LENGTH);

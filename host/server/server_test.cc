@@ -299,6 +299,8 @@ TEST_F(ServerTest, Requests_ThatAreNotTaken_HaveAStatus) {
       {"no host", "GET / HTTP/1.1\r\n\r\n", "400 Bad Request"},
       {"other host", "GET / HTTP/1.1\r\nHost: example.com\r\n\r\n", "400 Bad Request"},
       {"other address", "GET / HTTP/1.1\r\nHost: 10.0.0.1:631\r\n\r\n", "400 Bad Request"},
+      {"unknown method", "GARBAGE / HTTP/1.1\r\n" + kHost + "\r\n", "501 Not Implemented"},
+      {"version", "GET / HTTP/9.9\r\n" + kHost + "\r\n", "501 Not Implemented"},
       {"method", "DELETE / HTTP/1.1\r\n" + kHost + "\r\n", "501 Not Implemented"},
       {"body of GET", "GET / HTTP/1.1\r\n" + kHost + "Content-Length: 3\r\n\r\nabc",
        "400 Bad Request"},
