@@ -76,7 +76,7 @@ std::size_t Framing::takeBytes(std::string_view waiting) {
 
 std::size_t Framing::takeChunkLine(std::string_view waiting) {
   const std::size_t end = waiting.find('\n');
-  if (end == std::string_view::npos || end > kLongestChunkLine) {
+  if (end > kLongestChunkLine) {
     if (waiting.size() > kLongestChunkLine) part_ = Part::kMalformed;
     return 0;
   }

@@ -117,7 +117,11 @@ void ModelWorker::check(const std::vector<host::Setting>& settings,
   // A worker that does not read is not waited for.
   const bool isSent = isLoaded_ && ::send(socket_, text.data(), text.size(), MSG_NOSIGNAL) ==
                                        static_cast<ssize_t>(text.size());
-  if (!isSent) return reply("");
+  if (!isSent) {
+    // Later, as every other reply: the caller is not prepared for one at once.
+    loop_.after(Milliseconds(0), [reply = std::move(reply)] { reply(""); });
+    return;
+  }
   waiting_.push_back(std::move(reply));
   if (waiting_.size() == 1) watchTime();
 }

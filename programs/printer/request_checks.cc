@@ -82,6 +82,9 @@ bool checkBeginning(IppExchange& exchange) {
 }
 
 bool refuseTarget(IppExchange& exchange) {
+  if (exchange.printer != nullptr && !exchange.printer->isReady()) {
+    return !exchange.respond(IPP_STATUS_ERROR_SERVICE_UNAVAILABLE, "The printer is starting.");
+  }
   return !exchange.respond(IPP_STATUS_ERROR_NOT_FOUND, "There is no such printer here.");
 }
 

@@ -1,6 +1,7 @@
 #include "programs/printer/service.h"
 
 #include <cups/cups.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -66,6 +67,11 @@ host::Result<> Service::start() {
   jobs_ = std::make_unique<JobList>(std::move(*spool), arguments_.jobLimits);
   for (const host::Problem& problem : jobs_->load(now())) cli::printProblem(problem);
   for (const std::string& name : arguments_.hosts) server_.addName(name);
+  std::array<char, 256> host{};
+  if (::gethostname(host.data(), host.size() - 1) == 0 && host[0] != '\0') {
+    server_.addName(host.data());
+    server_.addName(std::string(host.data()) + ".local");
+  }
   for (const std::string& place : arguments_.places) {
     if (auto listening = server_.listen(place); !listening) return listening;
   }
