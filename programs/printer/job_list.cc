@@ -71,6 +71,8 @@ host::Result<> JobList::end(Job& job, ipp_jstate_t state, const std::string& rea
   job.message = message;
   job.isIncoming = false;
   job.ended = now;
+  // They may hold a PIN.
+  job.options.clear();
   host::Result<> kept = spool_->update(job);
   forgetOldest(job.number);
   return kept;

@@ -79,6 +79,17 @@ TEST_F(JobListTest, Load_DocumentHasNotCome_IsAbortedAfterSomeTime) {
   EXPECT_EQ(list_->find(2)->state, IPP_JSTATE_HELD);
 }
 
+TEST_F(JobListTest, End_JobHadOptions_NoneIsKept) {
+  Job job;
+  job.printer = "office";
+  job.options = {{"HoldPin", "1234"}};
+  Job& added = **list_->add(job, "", nullptr);
+  EXPECT_EQ(list_->find(1)->options.size(), 1U);
+  ASSERT_TRUE(list_->end(added, IPP_JSTATE_COMPLETED, "none", "", 5));
+  start();
+  EXPECT_TRUE(list_->find(1)->options.empty());
+}
+
 TEST_F(JobListTest, End_MoreThanAreKept_ForgetsTheOldest) {
   for (int i = 0; i < 4; ++i) {
     ASSERT_TRUE(list_->end(add("office"), IPP_JSTATE_COMPLETED, "none", "", 5));
