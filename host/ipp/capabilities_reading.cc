@@ -75,7 +75,7 @@ void forEach(const Json& json, const char* name, const Add& add) {
 
 // What must be there, and must not be empty.
 std::string nameIn(const Json& json, const char* name) {
-  const std::string text = textIn(json, name);
+  std::string text = textIn(json, name);
   if (text.empty()) refuse("no name", json);
   return text;
 }

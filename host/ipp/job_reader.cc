@@ -27,7 +27,7 @@ bool isForOperation(const std::string& name) {
 class Reader {
  public:
   Reader(const Capabilities& all, const AttributeTable& table, ipp_t* request)
-      : all_(all), table_(table), request_(request), list_(all) {}
+      : table_(table), request_(request), list_(all) {}
 
   JobSettings run(const std::string& preset) {
     const MediaEntry& usual = table_.media[table_.usualMedia];
@@ -240,7 +240,6 @@ class Reader {
     job_.unsupported.push_back({ippGetName(attribute), isKnown ? attribute : nullptr});
   }
 
-  const Capabilities& all_;
   const AttributeTable& table_;
   ipp_t* request_;
   SettingList list_;

@@ -262,7 +262,7 @@ class Examination {
       if (feature.isHardware || !feature.isList()) continue;
       for (const ChoiceCapability& choice : feature.choices) {
         if (choice.name == "not set" || isInSecondList(feature, choice)) continue;
-        if (reached_.count({feature.name, choice.name}) == 0) {
+        if (!reached_.contains({feature.name, choice.name})) {
           fault(feature.name + "=" + choice.name + ": no advertised value asks for it");
         }
       }
@@ -271,10 +271,10 @@ class Examination {
 
   // A PPD has the page sizes twice, and a job chooses one of both.
   bool isInSecondList(const FeatureCapability& feature, const ChoiceCapability& choice) const {
-    if (feature.name == "PageRegion") return reached_.count({"PageSize", choice.name}) > 0;
+    if (feature.name == "PageRegion") return reached_.contains({"PageSize", choice.name});
     if (feature.name == "PageSize") {
       // One choice means a size of one's own, whatever numbers come with it.
-      return reached_.count({"PageRegion", choice.name}) > 0;
+      return reached_.contains({"PageRegion", choice.name});
     }
     return false;
   }
