@@ -147,7 +147,7 @@ TEST(AttributeTableTest, OwnAttributes_TakeTicketNamesThatAreFree) {
   EXPECT_EQ(carriers(printer, "Title"), "x-title");
   EXPECT_EQ(carriers(printer, "Cut"), "cut");
   EXPECT_EQ(carriers(printer, "Trick"), "x-trick");
-  EXPECT_EQ(advertised(printer, "x-save-supported"), "false,true");
+  EXPECT_EQ(advertised(printer, "x-save-supported"), "true,false");
   EXPECT_EQ(settingsFor(printer, JobRequest().boolean("x-save", true)), "Save=B");
 }
 

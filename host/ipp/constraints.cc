@@ -13,6 +13,12 @@ namespace {
 
 constexpr std::size_t kMostCollections = 500;
 
+// What every constraint is called, besides its name. libcups (2.4, and 3.0) finds a
+// conflict only when the job has all members of a constraint, and looks for a value of
+// this one, too: among the job's options, and then among the printer's defaults. With a
+// default that all constraints have, it finds them.
+constexpr const char* kAnyRule = "rule";
+
 void addPart(ipp_t* target, const Part& part, const std::string& word) {
   if (part.isRange) {
     ippAddRange(target, IPP_TAG_ZERO, part.attribute.c_str(), part.range.least, part.range.most);
@@ -43,8 +49,9 @@ void addMediaParts(ipp_t* constraint, const std::vector<Part>& parts) {
   std::vector<ipp_t*> collections;
   for (const auto& combination : combinations) {
     ipp_t* collection = ippNew();
-    for (std::size_t i = 0; i < members.size(); ++i)
+    for (std::size_t i = 0; i < members.size(); ++i) {
       addPart(collection, *members[i], combination[i]);
+    }
     collections.push_back(collection);
   }
   addCollections(constraint, IPP_TAG_ZERO, "media-col", std::move(collections));
@@ -52,7 +59,7 @@ void addMediaParts(ipp_t* constraint, const std::vector<Part>& parts) {
 
 ipp_t* constraintOf(const std::vector<Part>& parts, const std::string& name) {
   ipp_t* constraint = ippNew();
-  addWords(constraint, IPP_TAG_ZERO, "resolver-name", Syntax::kName, {name});
+  addWords(constraint, IPP_TAG_ZERO, "resolver-name", Syntax::kName, {name, kAnyRule});
   for (const Part& part : parts) {
     if (part.isMediaMember) continue;
     if (part.isRange) {
@@ -82,22 +89,48 @@ ipp_t* resolverOf(const std::vector<Part>& parts, const std::string& name) {
   return resolver;
 }
 
+// The same with the members of media-col as attributes, as users give them to libcups.
+// Of collections, libcups 2.4 finds no conflicts.
+std::vector<Part> withoutCollection(std::vector<Part> parts) {
+  for (Part& part : parts) part.isMediaMember = false;
+  return parts;
+}
+
+class ConstraintLists {
+ public:
+  void add(const std::string& id, const std::vector<Part>& parts) {
+    const std::string name = names_.add(keywordFor(id));
+    constraints_.push_back(constraintOf(parts, name));
+    if (ipp_t* resolver = resolverOf(parts, name)) resolvers_.push_back(resolver);
+  }
+
+  void write(ipp_t* printer) {
+    if (constraints_.empty()) return;
+    addCollections(printer, IPP_TAG_PRINTER, "job-constraints-supported", std::move(constraints_));
+    addCollections(printer, IPP_TAG_PRINTER, "job-resolvers-supported", std::move(resolvers_));
+    addWords(printer, IPP_TAG_PRINTER, "resolver-name-default", Syntax::kName, {kAnyRule});
+  }
+
+ private:
+  std::vector<ipp_t*> constraints_;
+  std::vector<ipp_t*> resolvers_;
+  DistinctWords names_;
+};
+
 }  // namespace
 
 void addConstraints(ipp_t* printer, const AttributeTable& table, const Capabilities& all) {
-  std::vector<ipp_t*> constraints;
-  std::vector<ipp_t*> resolvers;
-  DistinctWords names;
+  ConstraintLists lists;
   for (const RuleCapability& rule : all.rules) {
     for (const std::vector<Part>& parts : variantsOf(table, all, rule)) {
       if (parts.empty()) continue;
-      const std::string name = names.add(keywordFor(rule.id));
-      constraints.push_back(constraintOf(parts, name));
-      if (ipp_t* resolver = resolverOf(parts, name)) resolvers.push_back(resolver);
+      lists.add(rule.id, parts);
+      const bool hasMembers = std::any_of(parts.begin(), parts.end(),
+                                          [](const Part& part) { return part.isMediaMember; });
+      if (hasMembers) lists.add(rule.id, withoutCollection(parts));
     }
   }
-  addCollections(printer, IPP_TAG_PRINTER, "job-constraints-supported", std::move(constraints));
-  addCollections(printer, IPP_TAG_PRINTER, "job-resolvers-supported", std::move(resolvers));
+  lists.write(printer);
 }
 
 }  // namespace driver_feature::ipp

@@ -9,7 +9,8 @@
 
 namespace driver_feature::ipp {
 
-// Adds job-constraints-supported and job-resolvers-supported. A rule with a condition
+// Adds job-constraints-supported and job-resolvers-supported, and a default by which
+// libcups finds them. A rule with a condition
 // that is no matter of a job's attributes is left out, unless hardware decides it: a
 // rule whose hardware is there never holds.
 void addConstraints(ipp_t* printer, const AttributeTable& table, const Capabilities& all);

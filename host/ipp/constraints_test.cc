@@ -25,7 +25,7 @@ TEST(ConstraintsTest, Rule_OfLists_IsACombinationOfValues) {
       {{"No A5",
         {{"Duplex", Kind::kIsNot, {"None"}, 0}, {"PageSize", Kind::kIs, {"A5", "Letter"}, 0}}}});
   EXPECT_EQ(advertised(printer, "job-constraints-supported"),
-            "{resolver-name=no-a5 sides=two-sided-short-edge "
+            "{resolver-name=no-a5,rule sides=two-sided-short-edge "
             "media=iso_a5_148x210mm,na_letter_8.5x11in}");
   EXPECT_EQ(advertised(printer, "job-resolvers-supported"),
             "{resolver-name=no-a5 media=iso_a4_210x297mm}");
@@ -36,10 +36,13 @@ TEST(ConstraintsTest, Rule_OfMembersOfMediaCol_HasTheirCombinations) {
       {{"heavy",
         {{"MediaType", Kind::kIsNot, {"Plain"}, 0}, {"InputSlot", Kind::kIs, {"Tray2"}, 0}}}});
   EXPECT_EQ(advertised(printer, "job-constraints-supported"),
-            "{resolver-name=heavy media-col={media-type=labels media-source=tray-2},"
-            "{media-type=transparency media-source=tray-2}}");
+            "{resolver-name=heavy,rule media-col={media-type=labels media-source=tray-2},"
+            "{media-type=transparency media-source=tray-2}},"
+            "{resolver-name=heavy-2,rule media-type=labels,transparency media-source=tray-2}");
   EXPECT_EQ(advertised(printer, "job-resolvers-supported"),
-            "{resolver-name=heavy media-col={media-source=tray-1}}");
+            "{resolver-name=heavy media-col={media-source=tray-1}},"
+            "{resolver-name=heavy-2 media-source=tray-1}");
+  EXPECT_EQ(advertised(printer, "resolver-name-default"), "rule");
 }
 
 TEST(ConstraintsTest, Rule_OfNumbers_IsARange) {
@@ -48,20 +51,19 @@ TEST(ConstraintsTest, Rule_OfNumbers_IsARange) {
                                              {"Wait", Kind::kBelow, {}, 2.5},
                                              {"Staple", Kind::kIs, {"UpperLeft"}, 0}}}});
   EXPECT_EQ(advertised(printer, "job-constraints-supported"),
-            "{resolver-name=many copies=11-99 x-wait=0-2 finishings=staple-top-left}");
+            "{resolver-name=many,rule copies=11-99 x-wait=0-2 finishings=staple-top-left}");
   EXPECT_EQ(advertised(printer, "job-resolvers-supported"), "{resolver-name=many finishings=none}");
 }
 
 // Clients may use either of the attributes.
 TEST(ConstraintsTest, Rule_OfAFeatureWithTwoAttributes_IsSaidOfBoth) {
   Capabilities all = capabilitiesWith({listOf("Duplex", {"None", "DuplexTumble", "Booklet"}),
-                                       listOf("MediaType", {"Plain", "Film"})});
+                                       listOf("OutputBin", {"Upper", "Lower"})});
   all.rules = {
-      {"film", {{"MediaType", Kind::kIs, {"Film"}, 0}, {"Duplex", Kind::kIsNot, {"None"}, 0}}}};
+      {"bin", {{"OutputBin", Kind::kIs, {"Lower"}, 0}, {"Duplex", Kind::kIsNot, {"None"}, 0}}}};
   EXPECT_EQ(advertised(Translation(std::move(all)), "job-constraints-supported"),
-            "{resolver-name=film sides=two-sided-short-edge media-col={media-type=transparency}},"
-            "{resolver-name=film-2 x-duplex=duplex-tumble,booklet "
-            "media-col={media-type=transparency}}");
+            "{resolver-name=bin,rule output-bin=bottom sides=two-sided-short-edge},"
+            "{resolver-name=bin-2,rule output-bin=bottom x-duplex=duplex-tumble,booklet}");
 }
 
 TEST(ConstraintsTest, Rule_OfHardware_IsThereOnlyWhileThatIs) {
@@ -71,7 +73,7 @@ TEST(ConstraintsTest, Rule_OfHardware_IsThereOnlyWhileThatIs) {
        {"has-unit",
         {{"Unit", Kind::kIs, {"Installed"}, 0}, {"Duplex", Kind::kIs, {"DuplexTumble"}, 0}}}});
   EXPECT_EQ(advertised(printer, "job-constraints-supported"),
-            "{resolver-name=needs-unit sides=two-sided-short-edge}");
+            "{resolver-name=needs-unit,rule sides=two-sided-short-edge}");
   EXPECT_EQ(advertised(printer, "job-resolvers-supported"),
             "{resolver-name=needs-unit sides=one-sided}");
 }
@@ -85,6 +87,7 @@ TEST(ConstraintsTest, Rule_ThatAttributesCannotSay_IsLeftOut) {
                    {"never", {{"Copies", Kind::kAbove, {}, 99}}}});
   EXPECT_EQ(advertised(printer, "job-constraints-supported"), "(none)");
   EXPECT_EQ(advertised(printer, "job-resolvers-supported"), "(none)");
+  EXPECT_EQ(advertised(printer, "resolver-name-default"), "(none)");
 }
 
 }  // namespace

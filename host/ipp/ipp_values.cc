@@ -1,5 +1,6 @@
 #include "host/ipp/ipp_values.h"
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 
@@ -49,6 +50,8 @@ void addBooleans(ipp_t* target, ipp_tag_t group, const std::string& name,
   std::vector<char> truths;
   truths.reserve(words.size());
   for (const std::string& word : words) truths.push_back(word == "true" ? 1 : 0);
+  // libcups takes the first one for whether the attribute is supported.
+  std::sort(truths.rbegin(), truths.rend());
   ippAddBooleans(target, group, name.c_str(), static_cast<int>(truths.size()), truths.data());
 }
 
