@@ -121,10 +121,18 @@ std::optional<Part> numberPart(const AttributeTable& table, const FeatureCapabil
   const double number = condition.number;
   if (condition.kind == Kind::kAbove) {
     if (number >= part.range.most) return std::nullopt;
-    if (number >= part.range.least) part.range.least = static_cast<int>(std::floor(number)) + 1;
+    if (number >= part.range.least) {
+      const int last = static_cast<int>(std::floor(number));
+      part.remedy = std::to_string(last);
+      part.range.least = last + 1;
+    }
   } else {
     if (number <= part.range.least) return std::nullopt;
-    if (number <= part.range.most) part.range.most = static_cast<int>(std::ceil(number)) - 1;
+    if (number <= part.range.most) {
+      const int first = static_cast<int>(std::ceil(number));
+      part.remedy = std::to_string(first);
+      part.range.most = first - 1;
+    }
   }
   return part;
 }

@@ -72,20 +72,27 @@ ipp_t* constraintOf(const std::vector<Part>& parts, const std::string& name) {
   return constraint;
 }
 
-// One change that ends the conflict; the last attribute that has one.
+void addRemedy(ipp_t* target, const Part& part) {
+  addWords(target, IPP_TAG_ZERO, part.attribute, part.syntax, {part.remedy});
+}
+
+// Changes each of which ends the conflict, of the last two attributes that have one:
+// clients keep what their user has just chosen, and change the other.
 ipp_t* resolverOf(const std::vector<Part>& parts, const std::string& name) {
-  const auto part = std::find_if(parts.rbegin(), parts.rend(),
-                                 [](const Part& each) { return !each.remedy.empty(); });
-  if (part == parts.rend()) return nullptr;
+  const std::size_t most = 2;
+  std::vector<const Part*> changes;
+  for (auto part = parts.rbegin(); part != parts.rend() && changes.size() < most; ++part) {
+    if (!part->remedy.empty()) changes.push_back(&*part);
+  }
+  if (changes.empty()) return nullptr;
   ipp_t* resolver = ippNew();
   addWords(resolver, IPP_TAG_ZERO, "resolver-name", Syntax::kName, {name});
-  if (!part->isMediaMember) {
-    addPart(resolver, *part, part->remedy);
-  } else {
-    ipp_t* collection = ippNew();
-    addPart(collection, *part, part->remedy);
-    addCollections(resolver, IPP_TAG_ZERO, "media-col", {collection});
+  ipp_t* members = ippNew();
+  for (const Part* part : changes) addRemedy(part->isMediaMember ? members : resolver, *part);
+  if (ippFirstAttribute(members) != nullptr) {
+    ippAddCollection(resolver, IPP_TAG_ZERO, "media-col", members);
   }
+  ippDelete(members);
   return resolver;
 }
 

@@ -28,7 +28,7 @@ TEST(ConstraintsTest, Rule_OfLists_IsACombinationOfValues) {
             "{resolver-name=no-a5,rule sides=two-sided-short-edge "
             "media=iso_a5_148x210mm,na_letter_8.5x11in}");
   EXPECT_EQ(advertised(printer, "job-resolvers-supported"),
-            "{resolver-name=no-a5 media=iso_a4_210x297mm}");
+            "{resolver-name=no-a5 media=iso_a4_210x297mm sides=one-sided}");
 }
 
 TEST(ConstraintsTest, Rule_OfMembersOfMediaCol_HasTheirCombinations) {
@@ -40,8 +40,8 @@ TEST(ConstraintsTest, Rule_OfMembersOfMediaCol_HasTheirCombinations) {
             "{media-type=transparency media-source=tray-2}},"
             "{resolver-name=heavy-2,rule media-type=labels,transparency media-source=tray-2}");
   EXPECT_EQ(advertised(printer, "job-resolvers-supported"),
-            "{resolver-name=heavy media-col={media-source=tray-1}},"
-            "{resolver-name=heavy-2 media-source=tray-1}");
+            "{resolver-name=heavy media-col={media-source=tray-1 media-type=stationery}},"
+            "{resolver-name=heavy-2 media-source=tray-1 media-type=stationery}");
   EXPECT_EQ(advertised(printer, "resolver-name-default"), "rule");
 }
 
@@ -52,7 +52,8 @@ TEST(ConstraintsTest, Rule_OfNumbers_IsARange) {
                                              {"Staple", Kind::kIs, {"UpperLeft"}, 0}}}});
   EXPECT_EQ(advertised(printer, "job-constraints-supported"),
             "{resolver-name=many,rule copies=11-99 x-wait=0-2 finishings=staple-top-left}");
-  EXPECT_EQ(advertised(printer, "job-resolvers-supported"), "{resolver-name=many finishings=none}");
+  EXPECT_EQ(advertised(printer, "job-resolvers-supported"),
+            "{resolver-name=many finishings=none x-wait=3}");
 }
 
 // Clients may use either of the attributes.
@@ -64,6 +65,13 @@ TEST(ConstraintsTest, Rule_OfAFeatureWithTwoAttributes_IsSaidOfBoth) {
   EXPECT_EQ(advertised(Translation(std::move(all)), "job-constraints-supported"),
             "{resolver-name=bin,rule output-bin=bottom sides=two-sided-short-edge},"
             "{resolver-name=bin-2,rule output-bin=bottom x-duplex=duplex-tumble,booklet}");
+}
+
+TEST(ConstraintsTest, Resolver_OfNumbers_IsTheNearestThatIsAllowed) {
+  const Translation printer =
+      printerWith({{"many", {{"Copies", Kind::kAbove, {}, 10}, {"Wait", Kind::kBelow, {}, 3}}}});
+  EXPECT_EQ(advertised(printer, "job-resolvers-supported"),
+            "{resolver-name=many x-wait=3 copies=10}");
 }
 
 TEST(ConstraintsTest, Rule_OfHardware_IsThereOnlyWhileThatIs) {
