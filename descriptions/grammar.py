@@ -21,7 +21,7 @@ COLUMNS = 88
 
 # The types of values in the document, and what the grammar calls them.
 FORMS = {"bool": "Boolean", "int": "Integer", "float": "Decimal", "template": "Template",
-         "routine": "Routine", "option name": "OptionName"}
+         "routine": "Routine", "option name": "OptionName", "feature name": "FeatureName"}
 
 
 def tag(node):
@@ -148,7 +148,10 @@ class Compact:
         if tag(node) == "nsName":
             return "local:*" if node.get("ns") == "" else sys.exit("a namespace has no prefix")
         left_out = node.find(RNG + "except")
-        return "*" if left_out is None else "* - " + self.name_class(patterns(left_out)[0])
+        if left_out is None:
+            return "*"
+        names = [self.name_class(name) for name in patterns(left_out)]
+        return "* - " + (names[0] if len(names) == 1 else f"({' | '.join(names)})")
 
 
 class Sentences:
@@ -160,7 +163,7 @@ class Sentences:
         self.elements, self.types, self.attributes = {}, {}, {}
         self.forms = {form: self.required(self.defines[name]) for form, name in FORMS.items()}
         for define in self.defines.values():
-            for element in define.findall(RNG + "element"):
+            for element in define.iter(RNG + "element"):
                 if element.get("name") is not None:
                     self.elements[element.get("name")] = self.required(element)
                     self.collect(element, element.get("name"))
@@ -179,7 +182,7 @@ class Sentences:
                     self.collect(define, self.type_of(define) or owner)
             elif tag(child) == "attribute" and child.get("name"):
                 self.attributes.setdefault((owner, child.get("name")), self.required(child))
-            elif tag(child) != "attribute":
+            elif tag(child) not in ("attribute", "element"):
                 self.collect(child, owner)
 
     def type_of(self, define):

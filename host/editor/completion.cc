@@ -87,6 +87,16 @@ std::vector<Completion> optionNames(const Markup& markup, const MarkupPlace& pla
   return found;
 }
 
+std::vector<Completion> featureNames(const Markup& markup, const MarkupPlace& place) {
+  std::vector<Completion> found;
+  for (const MarkupElement& element : markup.elements()) {
+    const std::string name = element.tag == "Feature" ? element.text("Name") : "";
+    if (name.empty()) continue;
+    found.push_back(completion(Kind::kOption, name, "", place.word, escaped(name)));
+  }
+  return found;
+}
+
 std::vector<Completion> values(const Markup& markup, const MarkupPlace& place,
                                const std::vector<std::string>& routines) {
   const GrammarElement* grammar = Grammar::get().find(markup, *place.element);
@@ -95,6 +105,7 @@ std::vector<Completion> values(const Markup& markup, const MarkupPlace& place,
       findAttribute(*grammar, *place.element, place.attribute->name);
   if (attribute == nullptr) return {};
   if (attribute->form == "OptionName") return optionNames(markup, place);
+  if (attribute->form == "FeatureName") return featureNames(markup, place);
   std::vector<Completion> found;
   for (const GrammarWord& word : attribute->words) {
     found.push_back(completion(Kind::kWord, word.text, word.sentence, place.word, word.text));

@@ -34,12 +34,13 @@ std::optional<Definition> featureNamed(const Markup& markup, const std::string& 
   return found;
 }
 
-bool isOptionName(const Markup& markup, const MarkupPlace& place) {
+// The grammar's name for the value; empty without one.
+std::string formOf(const Markup& markup, const MarkupPlace& place) {
   const GrammarElement* grammar = Grammar::get().find(markup, *place.element);
-  if (grammar == nullptr) return false;
+  if (grammar == nullptr) return "";
   const GrammarAttribute* attribute =
       findAttribute(*grammar, *place.element, place.attribute->name);
-  return attribute != nullptr && attribute->form == "OptionName";
+  return attribute != nullptr ? attribute->form : "";
 }
 
 }  // namespace
@@ -55,7 +56,10 @@ std::optional<Definition> definitionAt(const Markup& markup, std::size_t offset)
   if (element.tag == "Feature" && (isName || place.kind == Kind::kTagName)) {
     return featureNamed(markup, element.text("Name"), place.word);
   }
-  if (place.kind == Kind::kValue && isOptionName(markup, place)) return optionOf(markup, place);
+  if (place.kind != Kind::kValue) return std::nullopt;
+  const std::string form = formOf(markup, place);
+  if (form == "OptionName") return optionOf(markup, place);
+  if (form == "FeatureName") return featureNamed(markup, place.attribute->text, place.word);
   return std::nullopt;
 }
 

@@ -18,8 +18,8 @@ struct Definition {
 };
 
 // Of a default, its option; of the name or tag of a feature, wherever it is, the
-// feature that the library takes for that name: the last one. Of an end tag, its
-// start tag.
+// feature that the library takes for that name: the last one; the same where rules
+// and media name a feature. Of an end tag, its start tag.
 std::optional<Definition> definitionAt(const Markup& markup, std::size_t offset);
 
 }  // namespace driver_feature::editor

@@ -42,7 +42,8 @@ void GrammarReader::collect(const MarkupElement& node, const Context& context) {
     } else if (tag == "ref") {
       collectReference(child->text("name"), inner);
     } else {
-      if (tag == "optional" || tag == "zeroOrMore") inner.isRequired = false;
+      const bool isFree = tag == "optional" || tag == "zeroOrMore" || tag == "choice";
+      if (isFree) inner.isRequired = false;
       collect(*child, inner);
     }
   }
@@ -71,6 +72,7 @@ void GrammarReader::addAttribute(const MarkupElement& node, const Context& conte
   attribute.isRequired = context.isRequired;
   auto& known = context.element->attributes;
   if (context.condition.attribute == attribute.name) {
+    attribute.isRequired = true;  // Each alternative has it.
     const bool again = std::any_of(known.begin(), known.end(),
                                    [&](const auto& other) { return other.name == attribute.name; });
     if (again) return;

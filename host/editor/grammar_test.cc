@@ -56,7 +56,22 @@ TEST(Grammar, Get_Descriptions_IsTheSchema) {
             " AddVORNCallbackRoutine(Routine)\n"
             "FeatureDynamicGroup: FeatureStaticGroup; Name!(NameText) PJLCommand PSCommand"
             " TESKOAAttributeName TESKJTAttributeName TESKAttributeSyntax"
-            " SortFunctionName(Routine)\n");
+            " SortFunctionName(Routine)\n"
+            "FeatureRules: Hardware Never;\n"
+            "Hardware:; Feature!(FeatureName)\n"
+            "Never: When; Id!(AdditionName) Text\n"
+            "When: Is IsNot; Feature!(FeatureName) Is(AdditionName) IsNot(AdditionName)"
+            " Above(PlainDecimal) Below(PlainDecimal)\n"
+            "Is:; Choice!(AdditionName)\n"
+            "IsNot:; Choice!(AdditionName)\n"
+            "FeatureTexts: Text; Language!(AdditionName)\n"
+            "Text:; For!(AdditionName)\n"
+            "FeaturePresets: Preset;\n"
+            "Preset:; Name!(AdditionName) Text\n"
+            "FeatureMedia: Size; Feature!(FeatureName)\n"
+            "Size:; Option!(AdditionName) Width!(PlainDecimal) Height!(PlainDecimal)"
+            " LeftMargin(PlainDecimal) BottomMargin(PlainDecimal) RightMargin(PlainDecimal)"
+            " TopMargin(PlainDecimal)\n");
 }
 
 TEST(Grammar, Get_Descriptions_HaveASentenceEach) {

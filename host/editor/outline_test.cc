@@ -83,6 +83,15 @@ TEST(Definition, DefinitionAt_MemberOfAGroup_IsTheFeatureThatCounts) {
       "<Feature Name='Stack");
 }
 
+TEST(Definition, DefinitionAt_FeatureOfARule_IsTheFeature) {
+  const Cursor cursor(
+      "<Driver><FeatureDescription><Feature Name='Tray'/></FeatureDescription>"
+      "<FeatureRules><Never Id='a'><When Feature='T|ray' Is='1'/></Never></FeatureRules></Driver>");
+  const auto found = definitionAt(Markup(cursor.text), cursor.offset);
+  ASSERT_TRUE(found.has_value());
+  EXPECT_EQ(found->chosen, (Range{43, 47}));
+}
+
 TEST(Definition, DefinitionAt_EndTag_IsItsStartTag) {
   EXPECT_EQ(definitionIn("<Feature></Feature><FeatureStaticGroup Name='a'></Feature|StaticGroup>"),
             "<FeatureStaticGroup");

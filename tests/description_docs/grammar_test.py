@@ -22,6 +22,8 @@ def normal(node):
     facts = dict(node.attrib)
     facts.pop("datatypeLibrary", None)
     children = [normal(child) for child in node]
+    if kind == "except" and len(children) > 1:
+        children = [("choice", (), "", tuple(children))]
     if kind in ("element", "attribute", "name"):
         facts.pop("ns", None)
     if kind in ("element", "attribute") and "name" in facts:

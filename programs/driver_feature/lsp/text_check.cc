@@ -53,6 +53,17 @@ check::Finding findingOf(const Json& json) {
   return finding;
 }
 
+// What is wrong in a file beside the description is told at its beginning: only the
+// open text has places.
+check::Finding inOpenText(check::Finding finding) {
+  if (finding.file.empty()) return finding;
+  finding.sentence =
+      finding.file + ":" + std::to_string(finding.position.line) + ": " + finding.sentence;
+  finding.position = {};
+  finding.fix.reset();
+  return finding;
+}
+
 // Without the mark, which is not part of the text that is checked.
 host::Result<check::FileReport> check(const std::string& path, std::string text,
                                       const host::SessionRequest& general) {
@@ -63,6 +74,7 @@ host::Result<check::FileReport> check(const std::string& path, std::string text,
   auto report = check::checkText(path, withoutEncoding(std::move(text)), *plugin);
   if (!report || !isMarked) return report;
   for (check::Finding& finding : report->findings) {
+    if (!finding.file.empty()) continue;
     if (finding.position.line == 1) ++finding.position.column;
     if (finding.fix) finding.fix->offset += kMark.size();
   }
@@ -79,7 +91,7 @@ int checkInChild(int pipe, const std::string& path, const std::string& text,
   if (report) {
     json["findings"] = Json::array();
     for (const check::Finding& finding : report->findings) {
-      json["findings"].push_back(jsonOf(finding));
+      json["findings"].push_back(jsonOf(inOpenText(finding)));
     }
     json["routines"] = host::routineNames();
   } else {
