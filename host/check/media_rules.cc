@@ -20,14 +20,21 @@ std::string faultOf(const host::MediaSize& size) {
 }
 
 void checkSizes(const AdditionSubject& subject, const FeatureRow& feature, Findings& findings) {
+  const host::MediaSizes& media = subject.additions.media;
+  if (!media.usual.empty() && !feature.optionSet.contains(media.usual)) {
+    findings.push_back(findingAt(subject, Code::kUnknownMedia, media.place,
+                                 "the default of the media sizes is an option " +
+                                     host::inQuotes(media.usual) + " that feature " +
+                                     host::inQuotes(media.feature) + " does not have",
+                                 didYouMean(media.usual, feature.options, "remove it")));
+  }
   std::set<std::string> known;
-  for (const host::MediaSize& size : subject.additions.media.sizes) {
+  for (const host::MediaSize& size : media.sizes) {
     const std::string option = host::inQuotes(size.option);
     if (!feature.optionSet.contains(size.option)) {
       findings.push_back(findingAt(subject, Code::kUnknownMedia, size.place,
                                    "there is a size for an option " + option + " that feature " +
-                                       host::inQuotes(subject.additions.media.feature) +
-                                       " does not have",
+                                       host::inQuotes(media.feature) + " does not have",
                                    didYouMean(size.option, feature.options, "remove it")));
     } else if (!known.insert(size.option).second) {
       findings.push_back(findingAt(subject, Code::kRepeatedSize, size.place,

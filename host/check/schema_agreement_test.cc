@@ -281,18 +281,18 @@ Node additions() {
            {"FeatureRules", {}, {{"Hardware", {{"Feature", "f"}}, {}, ""}, rule}, ""},
            {"FeatureTexts", {{"Language", "de"}}, {{"Text", {{"For", "f"}}, {}, "t"}}, ""},
            {"FeaturePresets", {}, {{"Preset", {{"Name", "p"}}, {}, "A=1"}}, ""},
-           {"FeatureMedia", {{"Feature", "f"}}, {size}, ""}},
+           {"FeatureMedia", {{"Feature", "f"}, {"Default", "x"}}, {size}, ""}},
           ""};
 }
 
 const std::vector<std::string> kAdditionAttributes = {
-    "Feature",    "Id",       "Text",   "Is",        "IsNot",   "Above",
-    "Below",      "Choice",   "For",    "Name",      "Width",   "Height",
-    "LeftMargin", "Language", "Option", "TopMargin", "Unknown", "xml:lang"};
+    "Feature", "Id",        "Text",    "Is",      "IsNot",   "Above",      "Below",
+    "Choice",  "For",       "Name",    "Width",   "Height",  "LeftMargin", "Language",
+    "Option",  "TopMargin", "Default", "Unknown", "xml:lang"};
 
 // Those whose values the schema judges.
-const std::set<std::string> kLengths = {"Above", "Below", "Width", "Height", "LeftMargin",
-                                        "TopMargin"};
+const std::set<std::string> kLengths = {"Above",  "Below",      "Width",
+                                        "Height", "LeftMargin", "TopMargin"};
 
 void changeAddition(Node& root, Node& node, const std::vector<Node>& all, const Judge& judge) {
   const Node before = node;

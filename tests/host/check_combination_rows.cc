@@ -165,7 +165,8 @@ const std::vector<CheckRow>& combinationRows() {
       {"media sizes without a fault",
        kFeatures,
        "",
-       {"<FeatureMedia Feature='Size'><Size Option='A4' Width='210' Height='297' LeftMargin='0'/>"
+       {"<FeatureMedia Feature='Size' Default='A3'>"
+        "<Size Option='A4' Width='210' Height='297' LeftMargin='0'/>"
         "<Size Option='A3' Width='297' Height='420' TopMargin='4.2' BottomMargin='4.2'/>"
         "</FeatureMedia>"}},
       {"media of a feature that does not exist",
@@ -173,6 +174,11 @@ const std::vector<CheckRow>& combinationRows() {
        "@:10:15: error: media sizes name a feature \"Sizes\" that does not exist; did you mean "
        "\"Size\"? [DF761]\n",
        {"<FeatureMedia Feature='Sizes'/>"}},
+      {"a default size that the feature does not have",
+       kFeatures,
+       "@:10:15: error: the default of the media sizes is an option \"A33\" that feature \"Size\" "
+       "does not have; did you mean \"A3\"? [DF761]\n",
+       {"<FeatureMedia Feature='Size' Default='A33'/>"}},
       {"media of a feature without options",
        kFeatures,
        "@:10:15: error: media sizes name feature \"Copies\", which has no options; name the "

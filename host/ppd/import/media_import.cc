@@ -1,5 +1,6 @@
 #include "host/ppd/import/media_import.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <unordered_map>
@@ -14,6 +15,7 @@ namespace driver_feature::ppd {
 namespace {
 
 constexpr const char* kPageSize = "PageSize";
+constexpr const char* kArea = "*ImageableArea";
 constexpr float kLongest = 1e6F;  // Points; of longer sheets the file is wrong.
 
 bool isLength(float points) {
@@ -38,7 +40,25 @@ std::string farMarginText(float length, float edge) {
                          [length, edge](double read) { return farEdge(length, read) == edge; });
 }
 
-ImportedElement sizeElement(const ppd_size_t& size, const std::string& option) {
+// The size with an area within the sheet; without one where nothing is left of it.
+ppd_size_t withinSheet(ppd_size_t size) {
+  size.left = std::clamp(size.left, 0.0F, size.width);
+  size.right = std::clamp(size.right, 0.0F, size.width);
+  size.bottom = std::clamp(size.bottom, 0.0F, size.length);
+  size.top = std::clamp(size.top, 0.0F, size.length);
+  if (size.left < size.right && size.bottom < size.top) return size;
+  size.left = size.right = size.bottom = size.top = 0;
+  return size;
+}
+
+bool haveSameArea(const ppd_size_t& one, const ppd_size_t& other) {
+  return one.left == other.left && one.right == other.right && one.bottom == other.bottom &&
+         one.top == other.top;
+}
+
+ImportedElement sizeElement(const ppd_size_t& given, const std::string& option, Losses& losses) {
+  const ppd_size_t size = withinSheet(given);
+  if (!haveSameArea(size, given)) losses.note(LossKind::kKeyword, kArea);
   ImportedElement element{
       "Size",
       {{"Option", option}, {"Width", lengthText(size.width)}, {"Height", lengthText(size.length)}},
@@ -59,7 +79,7 @@ bool isUsable(const ppd_size_t& size) {
 void noteLoss(const ppd_size_t& size, Losses& losses) {
   if (equalKeywords(size.name, "Custom")) return;
   if (size.width > 0 || size.length > 0) losses.note(LossKind::kKeyword, "*PaperDimension");
-  if (hasArea(size)) losses.note(LossKind::kKeyword, "*ImageableArea");
+  if (hasArea(size)) losses.note(LossKind::kKeyword, kArea);
 }
 
 // The options of the feature PageSize, by their names in small letters.
@@ -93,7 +113,7 @@ std::optional<ImportedElement> mediaElement(ppd_file_t& ppd, const ImportedNames
     const ppd_size_t& size = ppd.sizes[i];
     const auto option = options.find(host::toLower(std::string(size.name)));
     if (option != options.end() && isUsable(size) && !equalKeywords(size.name, "Custom")) {
-      media.children.push_back(sizeElement(size, option->second));
+      media.children.push_back(sizeElement(size, option->second, losses));
     } else {
       noteLoss(size, losses);
     }
