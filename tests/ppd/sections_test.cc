@@ -150,10 +150,13 @@ TEST_F(SectionsTest, Import_ConstraintsAndTexts_StandBesideTheFeatures) {
                                 "</DriverConfiguration>\n"));
 }
 
-TEST_F(SectionsTest, Check_Description_HasNoErrors) {
+// The file forbids what it has as defaults; nothing else is wrong.
+TEST_F(SectionsTest, Check_Description_FindsTheForbiddenDefaultsAlone) {
   const RunResult result = run({"check", "sections.xml"});
-  EXPECT_EQ(result.status, 0) << result.output;
-  EXPECT_THAT(result.output, testing::HasSubstr("\n1 file checked: 0 errors, "));
+  EXPECT_THAT(result.output, testing::HasSubstr("\nsections.xml:75:12: error: rule "
+                                                "\"Duplex-Finish.Staple\" forbids the default "
+                                                "values of its features; "));
+  EXPECT_THAT(result.output, testing::HasSubstr("\n1 file checked: 1 error, "));
 }
 
 }  // namespace
