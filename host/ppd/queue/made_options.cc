@@ -226,7 +226,8 @@ void MadeOptionWriter::addNumber(const std::string& name, const host::FeatureVie
   // libcups takes a default such as Custom.5 when this comes after the option.
   const bool isInt = feature.kind() == host::FeatureKind::kIntEntry;
   line("*Custom" + name + " True: \"\"");
-  line("*ParamCustom" + name + " Value: 1 " + (isInt ? intLimits(limits) : realLimits(limits)));
+  line("*ParamCustom", name, " Value", texts_.textFor("ParamCustom" + name + " Value", name),
+       ": 1 ", isInt ? intLimits(limits) : realLimits(limits));
 }
 
 }  // namespace driver_feature::ppd
