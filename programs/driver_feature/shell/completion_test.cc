@@ -16,7 +16,7 @@ namespace driver_feature::cli {
 namespace {
 
 constexpr const char* kDescription =
-    "<FeatureDescription>"
+    "<Driver><FeatureDescription>"
     "<Feature FeatureType='MultiSelect' Name='Duplex'><O Name='Off'/><O Name='Long Edge'/>"
     "<O Name='Long'/></Feature>"
     "<Feature FeatureType='IntEntry' Name='Copies'/>"
@@ -25,7 +25,9 @@ constexpr const char* kDescription =
     "<Feature FeatureType='IntEntry' Name='First'/>"
     "<Feature FeatureType='MultiSelect' Name='Tray'><O Name='Upper'/><O Name='Lower'/></Feature>"
     "</FeatureStaticGroup></FeatureDynamicGroup>"
-    "</FeatureDescription>";
+    "</FeatureDescription>"
+    "<FeaturePresets><Preset Name='draft'/><Preset Name='final'/></FeaturePresets>"
+    "</Driver>";
 
 // One shell for all tests: the library keeps one model per process.
 class CompletionTest : public testing::Test {
@@ -81,8 +83,9 @@ const Words kNames = {"Copies", "Duplex", "First", "Page", "Pages", "Password", 
 
 TEST_F(CompletionTest, Complete_FirstWord_IsACommand) {
   EXPECT_EQ(words(""),
-            (Words{"constrain", "defaults", "dump", "emit", "get", "help", "load", "log", "option",
-                   "quit", "records", "release", "resolve", "restore", "save", "set", "show", "write"}));
+            (Words{"constrain", "defaults", "dump",   "emit",    "get",  "help",    "load",
+                   "log",       "option",   "preset", "presets", "quit", "records", "release",
+                   "resolve",   "restore",  "save",   "set",     "show", "write"}));
   EXPECT_EQ(words("  re"), (Words{"records", "release", "resolve", "restore"}));
   EXPECT_EQ(words("help s"), (Words{"save", "set", "show"}));
   EXPECT_EQ(words("zz"), Words{});
@@ -98,6 +101,12 @@ TEST_F(CompletionTest, Complete_Name_IsOfTheKindThatTheCommandTakes) {
   EXPECT_EQ(words("constrain "), (Words{"Duplex", "Tray"}));
   EXPECT_EQ(words("unknown "), Words{});
   EXPECT_EQ(words("dump "), Words{});
+}
+
+TEST_F(CompletionTest, Complete_Preset_IsOneOfTheDescription) {
+  EXPECT_EQ(words("preset "), (Words{"draft", "final"}));
+  EXPECT_EQ(words("preset f"), Words{"final"});
+  EXPECT_EQ(words("preset draft "), Words{});
 }
 
 TEST_F(CompletionTest, Complete_Value_IsAnOptionOrAProperty) {
