@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <climits>
 #include <string_view>
+#include <utility>
 
 #include "host/base/text.h"
 #include "host/ipp/ipp_values.h"
@@ -14,18 +15,19 @@ namespace {
 
 struct ListRow {
   std::string_view name;
-  Syntax syntax;
   std::string_view words;  // The first is the default.
-  bool isForFilter;        // Or means what is done anyway.
+  Syntax syntax;
+  bool isForFilter;  // Or means what is done anyway.
 };
 
 constexpr ListRow kLists[] = {
-    {"number-up", Syntax::kInteger, "1 2 4 6 9 16", true},
-    {"orientation-requested", Syntax::kEnum, "3 4 5 6", true},
-    {"multiple-document-handling", Syntax::kKeyword,
-     "separate-documents-uncollated-copies separate-documents-collated-copies", true},
-    {"print-rendering-intent", Syntax::kKeyword, "auto", false},
-    {"print-content-optimize", Syntax::kKeyword, "auto", false},
+    {"number-up", "1 2 4 6 9 16", Syntax::kInteger, true},
+    {"orientation-requested", "3 4 5 6", Syntax::kEnum, true},
+    {"multiple-document-handling",
+     "separate-documents-uncollated-copies separate-documents-collated-copies", Syntax::kKeyword,
+     true},
+    {"print-rendering-intent", "auto", Syntax::kKeyword, false},
+    {"print-content-optimize", "auto", Syntax::kKeyword, false},
 };
 
 constexpr std::string_view kRanges = "page-ranges";
@@ -59,10 +61,11 @@ std::optional<std::string> rangesIn(ipp_attribute_t* attribute) {
                                            : (upper = ippGetInteger(attribute, at));
     if (lower <= last || upper < lower) return std::nullopt;
     last = upper;
-    const std::string from = std::to_string(lower);
+    std::string range = std::to_string(lower);
+    if (upper != lower) range += '-';
     // An open end is written so: the filter counts no further than the pages.
-    const std::string to = upper == INT_MAX ? "" : std::to_string(upper);
-    ranges.push_back(from == to ? from : from + "-" + to);
+    if (upper != lower && upper != INT_MAX) range += std::to_string(upper);
+    ranges.push_back(std::move(range));
   }
   return host::join(ranges, ",");
 }
