@@ -280,6 +280,24 @@ TEST(JobSettingsTest, UnsupportedValues_AreReturned) {
   EXPECT_EQ(textOf(ippFindAttribute(response.get(), "sides", IPP_TAG_ZERO)), "both");
 }
 
+// libcups reads such a request, and ends the process when it is to write it again.
+TEST(JobSettingsTest, MembersWithoutAValue_AreNotReturned) {
+  const IppPointer media(ippNew());
+  ippAddSeparator(media.get());
+  ipp_attribute_t* member = ippFirstAttribute(media.get());
+  ASSERT_NE(ippSetName(media.get(), &member, "media-size4"), 0);
+  JobRequest request;
+  request.collection("media-col", media);
+  const JobSettings job = officePrinter().settingsOf(request.get());
+  ASSERT_EQ(job.unsupported.size(), 1U);
+  const IppPointer response(ippNew());
+  addUnsupported(response.get(), job);
+  ipp_attribute_t* first = ippFirstAttribute(response.get());
+  ASSERT_NE(first, nullptr);
+  EXPECT_STREQ(ippGetName(first), "media-col");
+  EXPECT_EQ(ippGetValueTag(first), IPP_TAG_UNSUPPORTED_VALUE);
+}
+
 TEST(JobSettingsTest, OperationAttributes_AreNotOfTheJob) {
   JobRequest request;
   ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr, "x");
