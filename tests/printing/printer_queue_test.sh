@@ -94,3 +94,35 @@ sed -n '/^%!PS/,$p' "$folder/printer/printed/office-1.prn" >"$folder/printed.ps"
 gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=txtwrite -sOutputFile="$folder/text" "$folder/printed.ps" ||
   fail "Ghostscript cannot read what is printed"
 grep -q 'Hello printer' "$folder/text" || fail "the text is gone: $(<"$folder/text")"
+
+# The commands of the document, with a device and a port of the test's own.
+
+stopPrinter
+mkdir "$folder/document" "$folder/document/printed"
+cd "$folder/document"
+sed -n '/<!-- file: printer.ppd -->/,/^```$/p' "$source/docs/printing.md" | sed '1,2d;$d' >printer.ppd
+cp -- "$folder/page.pdf" report.pdf
+# shellcheck disable=SC2016  # a fence of Markdown
+sed -n '/^## From a PPD/,/^## /p' "$source/docs/printer.md" | sed -n '/^```$/,/^```$/p' |
+  grep -v '^```$' >commands
+[ "$(wc -l <commands)" -eq 5 ] || fail "the document has not five commands:" "$(<commands)"
+port=$(freePort)
+sed -i -e "s|socket://printer.example|file:$PWD/printed/|" -e "s|localhost:8631|localhost:$port|" \
+  -e 's|-p office|-p documented|; s|-d office|-d documented|' commands
+# shellcheck disable=SC2317  # called by the commands
+driver-feature() { command "$build/bin/driver-feature" "$@"; }
+# shellcheck disable=SC2317  # called by the commands
+driver-feature-printer() {
+  exec "$build/bin/driver-feature-printer" --listen "127.0.0.1:$port" --spool spool "$@"
+}
+# A person is slower than the printer's start.
+# shellcheck disable=SC2317  # called by the commands
+lpadmin() { waitFor 20 grep -q ': ready$' log && command lpadmin "$@"; }
+# shellcheck disable=SC2317  # called by the commands
+lpoptions() { waitFor 20 command lpoptions "$@" >/dev/null 2>&1 && command lpoptions "$@"; }
+eval "$(<commands)" >output 2>log || fail "the document's commands fail:" "$(<log)"
+printerProcess=$!
+grep -q '^Duplex/' output || fail "the documented queue has other options:" "$(<output)"
+waitFor 20 test -e printed/office-1.prn || fail "the documented job is not printed:" "$(<log)"
+grep -aq '^<</Duplex true/Tumble false>>setpagedevice' printed/office-1.prn ||
+  fail "the documented job has other commands:" "$(head -60 printed/office-1.prn)"
