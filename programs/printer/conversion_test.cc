@@ -38,7 +38,8 @@ class ConversionTest : public ::testing::Test {
   }
 
   // A raster of one page of white lines; `damage` changes its header.
-  std::string raster(const std::function<void(cups_page_header2_t&)>& damage = {}, int lines = 2) {
+  std::string raster(const std::function<void(cups_page_header2_t&)>& damage = {}, int lines = 2,
+                     cups_mode_t mode = CUPS_RASTER_WRITE) {
     cups_page_header2_t page{};
     page.HWResolution[0] = page.HWResolution[1] = 72;
     page.cupsWidth = 3;
@@ -49,7 +50,7 @@ class ConversionTest : public ::testing::Test {
     page.cupsColorSpace = CUPS_CSPACE_SW;
     if (damage) damage(page);
     const int file = ::open((folder_ / "raster").c_str(), O_RDWR | O_CREAT | O_TRUNC, 0600);
-    cups_raster_t* writer = ::cupsRasterOpen(file, CUPS_RASTER_WRITE);
+    cups_raster_t* writer = ::cupsRasterOpen(file, mode);
     ::cupsRasterWriteHeader2(writer, &page);
     std::vector<unsigned char> line(page.cupsBytesPerLine, 0x41);
     for (int i = 0; i < lines; ++i)
@@ -86,6 +87,12 @@ TEST_F(ConversionTest, Raster_OfGrey_IsAnImage) {
       "<< /ImageType 1 /Width 3 /Height 2 /BitsPerComponent 8 /Decode [0 1] /ImageMatrix "
       "[3 0 0 -2 0 2] /DataSource currentfile /ASCII85Decode filter /RunLengthDecode filter >> "
       "image\nr^$NLJ,~>\nrestore\nshowpage\n%%Trailer\n%%Pages: 1\n%%EOF\n");
+}
+
+TEST_F(ConversionTest, AppleRaster_OfGrey_IsTheSameImage) {
+  const std::string apple = raster({}, 2, CUPS_RASTER_WRITE_APPLE);
+  ASSERT_EQ(formatOf(apple), "image/urf");
+  EXPECT_EQ(converted("image/urf", apple), converted("image/pwg-raster", raster()));
 }
 
 TEST_F(ConversionTest, Raster_Damaged_IsRefused) {
