@@ -76,10 +76,13 @@ void addDescribedSize(ChoiceCapability& choice, const host::MediaSizes& media) {
 void addSizeOfNames(ChoiceCapability& choice, const host::Model& model,
                     const std::string& feature) {
   if (feature == kPageSize) {
-    const auto size = ppd::pageSizeOf(model, choice.name);
+    const auto size = ppd::pageSizeOf(model, nullptr, choice.name);
     if (!size) return;
     setSize(choice, hundredthsOfPoints(size->width), hundredthsOfPoints(size->length));
-    choice.left = choice.bottom = choice.right = choice.top = hundredthsOfPoints(size->margin);
+    choice.left = hundredthsOfPoints(size->left);
+    choice.bottom = hundredthsOfPoints(size->bottom);
+    choice.right = hundredthsOfPoints(size->width - size->right);
+    choice.top = hundredthsOfPoints(size->length - size->top);
     return;
   }
   const pwg_media_t* media = pwgMediaForPWG(choice.ticketName.c_str());

@@ -142,7 +142,7 @@ void addStandardSizes(AttributeTable& table) {
     size.width = media->width;
     size.height = media->length;
     size.left = size.bottom = size.right = size.top =
-        static_cast<int>(std::lround(static_cast<double>(each.margin) * kPoint));
+        static_cast<int>(std::lround(static_cast<double>(each.left) * kPoint));
     table.media.push_back({media->pwg, nullptr, size, false});
   }
 }

@@ -87,7 +87,7 @@ int runModelProcess(int socket, const std::string& name, const ppd::QueueRequest
   (*session)->log().release();
   (*session)->offerNoAllowance();
   const host::Model& model = (*session)->model();
-  auto queue = queueText(model, name, request);
+  auto queue = queueText(**session, name, request);
   if (!queue) return fail(socket, queue.error());
   const std::string json = toJson(ipp::capabilitiesOf(model, (*session)->additions()));
   for (const host::Problem& problem : (*session)->additions().problems) {

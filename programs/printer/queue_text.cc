@@ -6,16 +6,18 @@
 
 namespace driver_feature::printer {
 
-host::Result<std::string> queueText(const host::Model& model, const std::string& name,
+host::Result<std::string> queueText(const host::Session& session, const std::string& name,
                                     const ppd::QueueRequest& request) {
   auto lines = ppd::queueLines(request);
   if (!lines) return failureOf(lines);
-  std::string text = ppd::minimalPpd(model, name, *lines).text;
+  // The filter reads the rules in the description.
+  const host::Additions& additions = session.additions(host::kMediaPart);
+  std::string text = ppd::minimalPpd(session.model(), additions, name, *lines).text;
   // The stamp lets the filter print without libcups.
   std::string stamp = ppd::plainStampLine(text);
   if (!stamp.empty()) {
     lines->insert(lines->begin(), std::move(stamp));
-    text = ppd::minimalPpd(model, name, *lines).text;
+    text = ppd::minimalPpd(session.model(), additions, name, *lines).text;
   }
   if (const auto unusable = ppd::readBack(text, *lines, nullptr)) {
     return host::refused("libcups cannot use the PPD that jobs would be printed with: " +

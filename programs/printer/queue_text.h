@@ -6,13 +6,13 @@
 
 #include "host/base/result.h"
 #include "host/ppd/queue/queue_lines.h"
-#include "host/session/model.h"
+#include "host/session/session.h"
 
 namespace driver_feature::printer {
 
 // The PPD of a queue for driver-feature-filter, made of the description. Refused
 // when a PPD cannot hold a path, or libcups cannot use the PPD.
-host::Result<std::string> queueText(const host::Model& model, const std::string& name,
+host::Result<std::string> queueText(const host::Session& session, const std::string& name,
                                     const ppd::QueueRequest& request);
 
 }  // namespace driver_feature::printer
