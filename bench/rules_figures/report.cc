@@ -80,6 +80,7 @@ void printReport(Counts& counts, const Judging* judging) {
   row("number of changes", changesOf(counts));
   row("impossible with this hardware", counts.impossible);
   row("of these possible with other hardware, which is named", counts.withHardware);
+  row("possible as it is: the conflict is one of the defaults", counts.conflictOfDefaults);
   row("given up", counts.notFound);
   row("time p50 / p99 / max", times(counts.microseconds), times(counts.peerMicroseconds));
   row("tables and state of a PPD p50 / p99 / max", times(counts.tableMicroseconds));

@@ -64,7 +64,8 @@ void countPeer(const PeerResult& peer, const rules::Resolution& own, Counts& cou
   if (isMended) ++counts.peerMended;
   if (peer.isMended && peer.staysInConflict) ++counts.peerStillInConflict;
   if (own.kind == Kind::kMended && !isMended) ++counts.peerMissed;
-  if (own.kind != Kind::kMended && isMended) ++counts.peerOnly;
+  const bool isMissed = own.kind == Kind::kImpossible || own.kind == Kind::kNotFound;
+  if (isMissed && isMended) ++counts.peerOnly;
   if (own.kind == Kind::kMended && isMended && peer.changes > static_cast<int>(own.moves.size())) {
     ++counts.peerChangesMore;
   }
@@ -85,7 +86,8 @@ rules::Resolution resolveBoth(Subject& subject, const PpdChoice& choice, Counts&
   }
   if (own.kind == Kind::kImpossible) ++counts.impossible;
   if (own.kind == Kind::kImpossible && !own.withHardware.empty()) ++counts.withHardware;
-  if (own.kind == Kind::kNotFound || own.kind == Kind::kFits) ++counts.notFound;
+  if (own.kind == Kind::kFits) ++counts.conflictOfDefaults;
+  if (own.kind == Kind::kNotFound) ++counts.notFound;
   countPeer(resolveInPeer(subject, choice, counts), own, counts);
   return own;
 }

@@ -30,6 +30,7 @@ struct Counts {
   std::array<long, 8> byChanges{};
   long impossible = 0;
   long withHardware = 0;
+  long conflictOfDefaults = 0;  // No rule of the choice holds, and no other is refused.
   long notFound = 0;
   long stillInConflict = 0;
 
