@@ -104,8 +104,10 @@ void addFinishingAttributes(ipp_t* printer, const AttributeTable& table) {
   for (const PresetEntry& preset : table.presets) templates.push_back(preset.keyword);
   if (usual.empty()) usual.push_back(kNoFinishing);
   std::vector<ipp_t*> database;
+  database.reserve(templates.size());
   for (const std::string& keyword : templates) database.push_back(templateCollection(keyword));
   std::vector<ipp_t*> initial;
+  initial.reserve(usual.size());
   for (const int number : usual) initial.push_back(templateCollection(finishingKeyword(number)));
   addIntegers(printer, kPrinter, "finishings-supported", IPP_TAG_ENUM, numbers);
   addIntegers(printer, kPrinter, "finishings-ready", IPP_TAG_ENUM, numbers);
