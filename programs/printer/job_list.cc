@@ -81,7 +81,7 @@ host::Result<> JobList::end(Job& job, ipp_jstate_t state, const std::string& rea
 // But not the job `except`, which somebody works on. The newest folder stays in any
 // case, so that no number is given a second time.
 void JobList::forgetOldest(int except) {
-  std::size_t over = static_cast<std::size_t>(std::count_if(
+  auto over = static_cast<std::size_t>(std::count_if(
       jobs_.begin(), jobs_.end(), [](const auto& entry) { return entry.second.isOver(); }));
   for (auto job = jobs_.begin(); job != jobs_.end() && over > limits_.kept;) {
     if (!job->second.isOver() || job->first == except) {

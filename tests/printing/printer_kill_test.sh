@@ -46,11 +46,9 @@ send() {
 }
 
 : >"$folder/accepted"
-: >"$folder/done"
+declare -A printedOnce=()
 for ((round = 0; round < times; round++)); do
   startPrinter "$folder" --keep 100000 "labels=$source/descriptions/label_printer.xml"
-  # What was noted as printed must not be printed again.
-  while read -r number; do rm -f -- "$folder/printed/labels-$number.prn"; done <"$folder/done"
   send &
   sender=$!
   sleep "0.$((RANDOM % 40 + 10))"
@@ -69,18 +67,21 @@ for ((round = 0; round < times; round++)); do
   wait "$sender" 2>/dev/null || :
   wait "$printerProcess" 2>/dev/null || :
   printerProcess=
+  # The output of those that are noted as printed has been taken away.
+  for output in "$folder"/printed/*.prn; do
+    number=${output##*-}
+    number=${number%.prn}
+    [ -z "${printedOnce[$number]:-}" ] ||
+      { echo "job $number is printed again after it was noted as printed"; exit 1; }
+  done
   while read -r number; do
-    if [ -e "$folder/printed/labels-$number.prn" ] && [ -s "$folder/done" ] &&
-      grep -qxF "$number" "$folder/done"; then
-      echo "job $number is printed again after it was noted as printed"
-      exit 1
-    fi
+    [ -z "${printedOnce[$number]:-}" ] || continue
     record=$folder/spool/jobs/$number/job.json
     [ -e "$record" ] || { echo "the accepted job $number is lost"; exit 1; }
-    if grep -q '"state": 9' "$record" && ! grep -qxF "$number" "$folder/done"; then
-      [ -s "$folder/printed/labels-$number.prn" ] || { echo "job $number has no output"; exit 1; }
-      echo "$number" >>"$folder/done"
-    fi
+    grep -q '"state": 9' "$record" || continue
+    [ -s "$folder/printed/labels-$number.prn" ] || { echo "job $number has no output"; exit 1; }
+    rm -- "$folder/printed/labels-$number.prn"
+    printedOnce[$number]=1
   done <"$folder/accepted"
 done
 
