@@ -7,12 +7,12 @@
 namespace driver_feature::printer {
 
 bool cancelJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
-bool cancelMyJobs(Service& service, const std::shared_ptr<IppExchange>& exchange);
-bool closeJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
-bool holdJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
-bool releaseJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
+bool cancelMyJobs(Service& service, const std::shared_ptr<IppExchange>& shared);
+bool closeJob(Service& service, const std::shared_ptr<IppExchange>& shared);
+bool holdJob(Service& service, const std::shared_ptr<IppExchange>& shared);
+bool releaseJob(Service& service, const std::shared_ptr<IppExchange>& shared);
 bool getJobAttributes(Service& service, const std::shared_ptr<IppExchange>& exchange);
-bool getJobs(Service& service, const std::shared_ptr<IppExchange>& exchange);
+bool getJobs(Service& service, const std::shared_ptr<IppExchange>& shared);
 
 }  // namespace driver_feature::printer
 

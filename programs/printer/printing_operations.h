@@ -12,7 +12,7 @@ bool prepareDocument(Service& service, IppExchange& exchange);
 bool printJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
 bool validateJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
 bool createJob(Service& service, const std::shared_ptr<IppExchange>& exchange);
-bool sendDocument(Service& service, const std::shared_ptr<IppExchange>& exchange);
+bool sendDocument(Service& service, const std::shared_ptr<IppExchange>& shared);
 
 }  // namespace driver_feature::printer
 
