@@ -269,7 +269,7 @@ constexpr CodeRow kCodes[] = {
      "The conditions of a rule hold for every value, so that it forbids everything."},
     {Code::kRuleNever, kWarning, "DF729",
      "The conditions of a rule never hold together, so that it forbids nothing."},
-    {Code::kDefaultsBreakRule, kError, "DF730",
+    {Code::kDefaultsBreakRule, kWarning, "DF730",
      "A rule forbids the default values. It is not applied until one of its features is set."},
     {Code::kRepeatedHardware, kWarning, "DF731", "A feature is listed twice as hardware."},
     {Code::kImpossibleChoice, kWarning, "DF732",

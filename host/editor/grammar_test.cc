@@ -68,7 +68,7 @@ TEST(Grammar, Get_Descriptions_IsTheSchema) {
             "Text:; For!(AdditionName)\n"
             "FeaturePresets: Preset;\n"
             "Preset:; Name!(AdditionName) Text\n"
-            "FeatureMedia: Size; Feature!(FeatureName)\n"
+            "FeatureMedia: Size; Feature!(FeatureName) Default\n"
             "Size:; Option!(AdditionName) Width!(PlainDecimal) Height!(PlainDecimal)"
             " LeftMargin(PlainDecimal) BottomMargin(PlainDecimal) RightMargin(PlainDecimal)"
             " TopMargin(PlainDecimal)\n");

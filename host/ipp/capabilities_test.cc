@@ -109,7 +109,7 @@ TEST(CapabilitiesTest, Features_OfTheOfficePrinter_HaveWhatTheDescriptionSays) {
   };
   EXPECT_EQ(ofDescription(OFFICE_DESCRIPTION, show),
             (Lines{"PageSize", "HoldJob=Private", "40123456789", "secret", "PageSize=Custom",
-                   "76.2", "media keyword A4", "A4 a4 iso_a4_210x297mm", "21000x29700", "635",
+                   "76.2", "media keyword A4", "A4 a4 iso_a4_210x297mm", "21000x29700", "420",
                    "hardware", "Finishing"}));
 }
 

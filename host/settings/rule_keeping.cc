@@ -44,13 +44,25 @@ bool names(const rules::BrokenRule& broken, const std::string& feature) {
 }  // namespace
 
 RuleKeeper::RuleKeeper(const Session& session, std::string mending)
-    : session_(session), mending_(std::move(mending)) {
-  const Additions& additions = session.additions(kRulesPart);
-  for (const Problem& problem : additions.problems) {
-    session.note("warning: " + describe(problem) + "; it is left out");
+    : session_(session), mending_(std::move(mending)) {}
+
+const Rules& RuleKeeper::rules() {
+  if (rules_ != nullptr) return *rules_;
+  const std::size_t before = session_.additions(0).problems.size();  // Of other parts.
+  const Additions& additions = session_.additions(kRulesPart);
+  for (std::size_t i = before; i < additions.problems.size(); ++i) {
+    session_.note("warning: " + describe(additions.problems[i]) + "; it is left out");
   }
-  const Rules& rules = additions.rules;
-  if (!rules.rules.empty()) book_ = std::make_unique<rules::Rulebook>(session.model(), rules);
+  rules_ = &additions.rules;
+  return *rules_;
+}
+
+rules::Rulebook& RuleKeeper::book() {
+  if (!book_) {
+    book_ = std::make_unique<rules::Rulebook>(session_.model(), rules());
+    for (const std::string& feature : set_) book_->noteSet(feature);
+  }
+  return *book_;
 }
 
 void RuleKeeper::useLanguage(const std::string& language) {
@@ -58,14 +70,12 @@ void RuleKeeper::useLanguage(const std::string& language) {
 }
 
 void RuleKeeper::noteSet(const std::string& feature) {
-  if (!book_) return;
   std::erase(set_, feature);
   set_.push_back(feature);
-  book_->noteSet(feature);
+  if (book_) book_->noteSet(feature);
 }
 
 void RuleKeeper::noteAllChanged() {
-  if (!book_) return;
   std::set<std::string> named;
   for (const Rule& rule : rules().rules) {
     for (const Condition& condition : rule.conditions) named.insert(condition.feature);
@@ -79,33 +89,30 @@ void RuleKeeper::noteAllChanged() {
 }
 
 rules::Plan RuleKeeper::plan() {
-  if (!book_) return {};
+  if (!hasRules()) return {};
   std::vector<rules::Assignment> wishes;
   for (const std::string& name : set_) {
     const auto feature = session_.model().features.find(name);
     if (feature == session_.model().features.end()) continue;
     if (auto value = settingText(feature->second)) wishes.push_back({name, std::move(*value)});
   }
-  return book_->plan(wishes, rules::Keep::kNewest);
+  return book().plan(wishes, rules::Keep::kNewest);
 }
 
 rules::Plan RuleKeeper::planFor(const Setting& setting) {
-  if (!book_) return {};
-  return book_->plan({{setting.name, setting.value}}, rules::Keep::kNewest);
+  if (!hasRules()) return {};
+  return book().plan({{setting.name, setting.value}}, rules::Keep::kNewest);
 }
 
 Result<std::vector<std::string>> RuleKeeper::keep(RuleConduct conduct) {
   std::vector<std::string> lines;
-  if (!book_ || conduct == RuleConduct::kIgnore) return lines;
+  if (conduct == RuleConduct::kIgnore) return lines;
   // Routines of the description may change features after a change.
   constexpr int kPasses = 3;
   for (int pass = 0;; ++pass) {
-    const std::vector<rules::BrokenRule> refusing = book_->refusing();
-    const bool isForbidden =
-        std::any_of(refusing.begin(), refusing.end(),
-                    [this](const rules::BrokenRule& broken) { return concernsPerson(broken); });
-    if (!isForbidden) return lines;
+    if (!isForbidden()) return lines;
     const rules::Plan plan = this->plan();
+    if (plan.kind == Kind::kFits) return lines;  // A rule with a fault forbids nothing.
     const bool mends = conduct == RuleConduct::kMend && plan.kind == Kind::kMended;
     if (!mends || pass == kPasses) return Failure(refusalOf(plan));
     auto made = carryOut(plan);
@@ -124,7 +131,7 @@ Result<std::vector<std::string>> RuleKeeper::carryOut(const rules::Plan& plan) {
   return lines;
 }
 
-Problem RuleKeeper::refusalOf(const rules::Plan& plan) const {
+Problem RuleKeeper::refusalOf(const rules::Plan& plan) {
   Problem problem{Problem::Kind::kRefused, "", ""};
   problem.text = join(reasonsOf(plan), "; and ");
   switch (plan.kind) {
@@ -145,10 +152,10 @@ Problem RuleKeeper::refusalOf(const rules::Plan& plan) const {
 }
 
 std::vector<rules::TakenOut> RuleKeeper::takeOut() {
-  return book_ ? book_->takeOut() : std::vector<rules::TakenOut>();
+  return hasRules() ? book().takeOut() : std::vector<rules::TakenOut>();
 }
 
-std::vector<std::string> RuleKeeper::reasonsOf(const rules::TakenOut& choice) const {
+std::vector<std::string> RuleKeeper::reasonsOf(const rules::TakenOut& choice) {
   std::vector<std::string> reasons;
   for (const int number : choice.rules) {
     rules::Plan plan;
@@ -158,7 +165,7 @@ std::vector<std::string> RuleKeeper::reasonsOf(const rules::TakenOut& choice) co
   return reasons;
 }
 
-std::vector<std::string> RuleKeeper::reasonsOf(const rules::Plan& plan) const {
+std::vector<std::string> RuleKeeper::reasonsOf(const rules::Plan& plan) {
   std::vector<std::string> reasons;
   for (const rules::BrokenRule& broken : plan.rules) reasons.push_back(ruleText(broken, plan));
   return reasons;
@@ -166,8 +173,7 @@ std::vector<std::string> RuleKeeper::reasonsOf(const rules::Plan& plan) const {
 
 // The values with which a rule forbids a choice, when it names nothing else but
 // hardware; otherwise none: its conditions say more.
-std::vector<rules::Assignment> RuleKeeper::valuesOf(int rule,
-                                                    const rules::Assignment& choice) const {
+std::vector<rules::Assignment> RuleKeeper::valuesOf(int rule, const rules::Assignment& choice) {
   std::vector<rules::Assignment> values;
   for (const Condition& condition : rules().rules[static_cast<std::size_t>(rule)].conditions) {
     const bool isChoice = condition.feature == choice.feature;
@@ -183,20 +189,51 @@ std::vector<rules::Assignment> RuleKeeper::valuesOf(int rule,
   return values;
 }
 
-bool RuleKeeper::concernsPerson(const rules::BrokenRule& broken) const {
-  return std::any_of(set_.begin(), set_.end(),
-                     [&](const std::string& feature) { return names(broken, feature); });
+// Whether a rule holds of which a person has set a feature.
+bool RuleKeeper::isForbidden() {
+  if (set_.empty()) return false;
+  const std::set<std::string> isSet(set_.begin(), set_.end());
+  return std::any_of(rules().rules.begin(), rules().rules.end(), [&](const Rule& rule) {
+    const auto& conditions = rule.conditions;
+    return std::any_of(
+               conditions.begin(), conditions.end(),
+               [&](const Condition& condition) { return isSet.contains(condition.feature); }) &&
+           std::all_of(conditions.begin(), conditions.end(),
+                       [this](const Condition& condition) { return holds(condition); });
+  });
+}
+
+bool RuleKeeper::holds(const Condition& condition) const {
+  const auto found = session_.model().features.find(condition.feature);
+  if (found == session_.model().features.end()) return false;
+  const FeatureView& feature = found->second;
+  const FeatureKind kind = feature.kind();
+  const bool isNumber = kind == FeatureKind::kIntEntry || kind == FeatureKind::kFloatEntry;
+  const bool isOnNumber =
+      condition.kind == Condition::Kind::kAbove || condition.kind == Condition::Kind::kBelow;
+  if (isOnNumber != isNumber) return false;
+  if (isNumber) {
+    const double number = kind == FeatureKind::kFloatEntry
+                              ? static_cast<double>(feature.currentFloat())
+                              : static_cast<double>(feature.currentInt());
+    return condition.kind == Condition::Kind::kAbove ? number > condition.number
+                                                     : number < condition.number;
+  }
+  const std::string choice = feature.currentChoice().value_or("");
+  const bool isNamed = std::find(condition.choices.begin(), condition.choices.end(), choice) !=
+                       condition.choices.end();
+  return isNamed == (condition.kind == Condition::Kind::kIs);
 }
 
 // The rule in words, and its place in the file.
-std::string RuleKeeper::ruleText(const rules::BrokenRule& broken, const rules::Plan& plan) const {
+std::string RuleKeeper::ruleText(const rules::BrokenRule& broken, const rules::Plan& plan) {
   const Rule& rule = rules().rules[static_cast<std::size_t>(broken.rule)];
   std::string text = explainRule(rule, broken.values, plan.wishes, texts_ ? &*texts_ : nullptr);
   while (text.ends_with('.')) text.pop_back();
   return text + " (" + rule.place.file + ":" + std::to_string(rule.place.position.line) + ")";
 }
 
-std::string RuleKeeper::changeText(const rules::Change& change, const rules::Plan& plan) const {
+std::string RuleKeeper::changeText(const rules::Change& change, const rules::Plan& plan) {
   const std::string text =
       change.feature + " is changed from " + inQuotes(change.from) + " to " + inQuotes(change.to);
   const auto reason =

@@ -24,13 +24,13 @@ enum class RuleConduct : unsigned char {
 
 class RuleKeeper {
  public:
-  // For a session in which nobody has set anything yet. It must outlive this
-  // object. A refusal that other changes would avoid says how to make them:
-  // `mending` and the changes, as in "--resolve changes Duplex: On -> Off".
+  // The session must outlive this object. A refusal that other changes would avoid
+  // says how to make them: `mending` and the changes, as in "--resolve changes
+  // Duplex: On -> Off". The rules are read when they are needed first.
   explicit RuleKeeper(const Session& session, std::string mending = "--resolve changes ");
 
   // False when the description has no rules; then nothing is ever refused.
-  bool hasRules() const { return book_ != nullptr; }
+  bool hasRules() { return !rules().rules.empty(); }
 
   // From now on rules are told in this language, where the description has it.
   void useLanguage(const std::string& language);
@@ -59,27 +59,31 @@ class RuleKeeper {
   Result<std::vector<std::string>> carryOut(const rules::Plan& plan);
 
   // A plan that does not fit, as the refusal of its wishes.
-  Problem refusalOf(const rules::Plan& plan) const;
+  Problem refusalOf(const rules::Plan& plan);
 
   // Takes out the choices that nothing can allow with the present hardware, and
   // gives back the others. Returns those that are taken out.
   std::vector<rules::TakenOut> takeOut();
 
   // Why a choice is taken out, or a plan needs changes: a line for each rule.
-  std::vector<std::string> reasonsOf(const rules::TakenOut& choice) const;
-  std::vector<std::string> reasonsOf(const rules::Plan& plan) const;
+  std::vector<std::string> reasonsOf(const rules::TakenOut& choice);
+  std::vector<std::string> reasonsOf(const rules::Plan& plan);
 
-  const Rules& rules() const { return book_->rules(); }
+  const Rules& rules();
 
  private:
-  bool concernsPerson(const rules::BrokenRule& broken) const;
-  std::vector<rules::Assignment> valuesOf(int rule, const rules::Assignment& choice) const;
-  std::string ruleText(const rules::BrokenRule& broken, const rules::Plan& plan) const;
-  std::string changeText(const rules::Change& change, const rules::Plan& plan) const;
+  rules::Rulebook& book();
+  bool isForbidden();
+  bool holds(const Condition& condition) const;
+  std::vector<rules::Assignment> valuesOf(int rule, const rules::Assignment& choice);
+  std::string ruleText(const rules::BrokenRule& broken, const rules::Plan& plan);
+  std::string changeText(const rules::Change& change, const rules::Plan& plan);
 
   const Session& session_;
   std::string mending_;
-  std::unique_ptr<rules::Rulebook> book_;
+  const Rules* rules_ = nullptr;           // Once they are read.
+  std::unique_ptr<rules::Rulebook> book_;  // Made for a plan: it costs more than to see
+                                           // that values fit.
   std::optional<TextLookUp> texts_;
   std::vector<std::string> set_;  // By a person, the newest last, each once.
 };

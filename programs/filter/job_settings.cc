@@ -71,7 +71,8 @@ void JobSettings::noteAsked() {
 }
 
 bool JobSettings::keepRules() {
-  if (!keeper_.hasRules() || rules_ == host::RuleConduct::kIgnore) return true;
+  const bool asksForNothing = arguments_->options.empty() && arguments_->copies == 1;
+  if (asksForNothing || rules_ == host::RuleConduct::kIgnore || !keeper_.hasRules()) return true;
   noteAsked();
   const bool mends = refusedValue_ == RefusedValue::kDefault;
   const auto kept = keeper_.keep(mends ? host::RuleConduct::kMend : rules_);

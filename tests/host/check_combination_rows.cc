@@ -131,7 +131,7 @@ const std::vector<CheckRow>& combinationRows() {
                rule("a",
                     "<When Feature='Duplex' Is='None'/><When Feature='Size' IsNot='B5'/>"
                     "<When Feature='Length' Above='4'/>"),
-               "@:10:22: error: rule \"a\" forbids the default values of its features; change a "
+               "@:10:22: warning: rule \"a\" forbids the default values of its features; change a "
                "default or the rule [DF730]\n"),
       rulesRow(
           "hardware twice", "<Hardware Feature='Duplex'/><Hardware Feature='Duplex'/>",

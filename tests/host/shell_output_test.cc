@@ -205,6 +205,8 @@ TEST_F(ShellOutputTest, Help_Alone_ListsEveryCommand) {
           "write FILE                              Writes all values and records to a settings "
           "file\n"
           "load FILE                               Loads values and records from a settings file\n"
+          "preset NAME                             Sets what a preset of the description sets\n"
+          "presets                                 Shows the presets of the description\n"
           "defaults                                Sets every feature to its default value\n"
           "records GROUP [ACTION ...]              Lists or changes the records of a dynamic "
           "group\n"

@@ -80,7 +80,7 @@ Json rulesJson(const rules::Plan& plan, const host::Rules& rules) {
   return list;
 }
 
-std::string jsonOf(const rules::Plan& plan, const host::RuleKeeper& keeper) {
+std::string jsonOf(const rules::Plan& plan, host::RuleKeeper& keeper) {
   const Json document = {
       {"result", wordOf(plan.kind)},
       {"changes", changesJson(plan.changes)},
@@ -90,7 +90,7 @@ std::string jsonOf(const rules::Plan& plan, const host::RuleKeeper& keeper) {
   return document.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-std::string textOf(const rules::Plan& plan, const host::RuleKeeper& keeper) {
+std::string textOf(const rules::Plan& plan, host::RuleKeeper& keeper) {
   if (plan.kind == Kind::kFits) return "The values fit together.\n";
   std::vector<TableRow> rows = {{{"NAME", "NOW"}, {"THEN"}}};
   for (const auto& [feature, from, to] : plan.changes) rows.push_back({{feature, from}, {to}});
