@@ -29,7 +29,7 @@ host::Response stringsFor(Service& service, const std::string& rest) {
 std::string listOf(Service& service, const std::string& host) {
   std::string text = "driver-feature-printer\n\n";
   for (const auto& [name, printer] : service.printers()) {
-    text += "ipp://" + host + "/ipp/print/" + name + "  ";
+    text.append("ipp://").append(host).append("/ipp/print/").append(name).append("  ");
     text += !printer->isReady() ? "starting" : printer->current != 0 ? "printing" : "ready";
     text += ", " + std::to_string(service.jobs().waiting(name)) + " waiting\n";
   }

@@ -59,7 +59,7 @@ std::string imageOperator(const ImageForm& form);
 // What comes before the first page and after the last one, and around a page of a
 // size in points.
 std::string documentBegin();
-std::string pageBegin(int number, double width, double height);
+std::string pageBegin(int page, double width, double height);
 std::string scaling(double width, double height);
 std::string translation(double x, double y);
 std::string pageEnd();

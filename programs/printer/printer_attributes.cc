@@ -176,6 +176,7 @@ IppPointer fixedAttributes(const Service& service, const Printer& printer) {
   addSupply(message.get(), list);
   const std::vector<std::string> languages = languagesOf(printer);
   std::vector<const char*> words;
+  words.reserve(languages.size());
   for (const std::string& language : languages) words.push_back(language.c_str());
   list.strings(IPP_TAG_LANGUAGE, "generated-natural-language-supported", words);
   list.strings(IPP_TAG_LANGUAGE, "printer-strings-languages-supported", words);

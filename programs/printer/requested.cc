@@ -1,5 +1,7 @@
 #include "programs/printer/requested.h"
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 
 namespace driver_feature::printer {
@@ -10,12 +12,12 @@ namespace {
 constexpr const char* kMediaDatabase = "media-col-database";
 
 bool isTemplate(const std::string& name, const std::set<std::string>& templates) {
-  for (const std::string_view ending : {"-default", "-supported", "-ready", "-database"}) {
-    if (name.ends_with(ending) && templates.contains(name.substr(0, name.size() - ending.size()))) {
-      return true;
-    }
-  }
-  return false;
+  constexpr std::array<std::string_view, 4> kEndings = {"-default", "-supported", "-ready",
+                                                        "-database"};
+  return std::any_of(kEndings.begin(), kEndings.end(), [&](std::string_view ending) {
+    return name.ends_with(ending) &&
+           templates.contains(name.substr(0, name.size() - ending.size()));
+  });
 }
 
 }  // namespace

@@ -72,7 +72,7 @@ class Spool final {
   host::Result<> add(Job& job, std::string_view attributes, IncomingDocument* document);
 
   // Adds the document to a job that waits for it, and keeps the job's new state.
-  host::Result<> addDocument(const Job& job, IncomingDocument& document);
+  host::Result<> addDocument(const Job& job, IncomingDocument& incoming);
 
   // Keeps the job's new state. One that is over loses its document.
   host::Result<> update(const Job& job);

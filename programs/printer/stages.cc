@@ -142,7 +142,8 @@ bool isProgram(const std::string& name) {
   const char* path = std::getenv("PATH");
   std::istringstream folders(path == nullptr ? "/usr/bin:/bin" : path);
   for (std::string folder; std::getline(folders, folder, ':');) {
-    if (::access((folder + "/" + name).c_str(), X_OK) == 0) return true;
+    folder.append("/").append(name);
+    if (::access(folder.c_str(), X_OK) == 0) return true;
   }
   return false;
 }
