@@ -9,6 +9,8 @@
 #include <fstream>
 #include <string>
 
+#include "host/description/description_index.h"
+
 namespace driver_feature::host {
 
 namespace {
@@ -22,7 +24,7 @@ std::string shown(const Condition& condition) {
   constexpr const char* kWords[] = {" is", " is not", " above", " below"};
   std::string text = condition.feature + kWords[static_cast<int>(condition.kind)];
   for (const std::string& choice : condition.choices) text += " " + choice;
-  if (condition.choices.empty()) text += " " + std::to_string(condition.number).substr(0, 4);
+  if (condition.choices.empty()) text += " " + numberText(static_cast<float>(condition.number));
   for (const Position& place : condition.choicePositions) {
     text += " @" + std::to_string(place.line) + ":" + std::to_string(place.column);
   }
@@ -67,7 +69,7 @@ std::string shown(const Additions& additions) {
     text += "  " + shown(size.place) + " " + size.option;
     for (const double length :
          {size.width, size.height, size.left, size.bottom, size.right, size.top}) {
-      text += " " + std::to_string(length).substr(0, 5);
+      text += " " + numberText(static_cast<float>(length));
     }
     text += "\n";
   }
@@ -115,7 +117,7 @@ TEST_F(AdditionsTest, Read_Rules_AllForms) {
             "office.xml:4:9 never a \"No <film>\"\n"
             "  office.xml:5:9 Type is Film @5:24\n"
             "  office.xml:5:41 Duplex is not None @5:58\n"
-            "  office.xml:6:9 Copies above 10.0\n"
+            "  office.xml:6:9 Copies above 10\n"
             "  office.xml:6:44 Length below -2.5\n"
             "office.xml:8:9 never b \"\"\n"
             "  office.xml:8:22 Size is A3 A4 @8:41 @9:7\n"
@@ -137,7 +139,7 @@ TEST_F(AdditionsTest, Read_TextsPresetsAndMedia_AllForms) {
       "  office.xml:6:8 Duplex.None = \n"
       "office.xml:9:10 preset draft \"Draft\" office.xml:10:0 [\n Copies=1\n]\n"
       "office.xml:13:15 media Size\n"
-      "  office.xml:13:36 A4 210.0 297.5 1.000 2.000 3.000 4.000\n");
+      "  office.xml:13:36 A4 210 297.5 1 2 3 4\n");
 }
 
 TEST_F(AdditionsTest, Read_TextIsDropped_PlacesAreLines) {
