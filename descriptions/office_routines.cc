@@ -12,13 +12,7 @@ namespace {
 constexpr int kInstallableOptions = 1;
 
 // What holds options back. An option may be held back by several at once.
-enum Constraint : long {
-  kNoDuplexUnit = 1,
-  kMediaNotTurned = 2,
-  kNoStapler = 3,
-  kNoFolder = 4,
-  kNoCutter = 5
-};
+enum Constraint : long { kNoDuplexUnit = 1, kNoStapler = 2, kNoFolder = 3, kNoCutter = 4 };
 
 bool isInstallableOption(IntermediateCoreFeature& feature) {
   std::string name;
@@ -37,11 +31,6 @@ bool loadValue(const Features& features, void* element, int mode) {
   if (feature == nullptr) return false;
   if (mode == kInstallableOptions && !isInstallableOption(*feature)) return false;
   return feature->setFeatureProperty(std::string("ValueString"), value);
-}
-
-bool isTurned(const std::string& mediaType) {
-  return mediaType != "CardStock" && mediaType != "Envelope" && mediaType != "Labels" &&
-         mediaType != "Transparency";
 }
 
 }  // namespace
@@ -77,12 +66,6 @@ void OfficeFinisherChanged() {
   features.constrainOptions("Staple", driver_feature::kNoStapler, !staples);
   features.constrainOptions("Punch", driver_feature::kNoStapler, !staples);
   features.constrainOptions("Fold", driver_feature::kNoFolder, finisher != "BookletMaker");
-}
-
-void OfficeMediaTypeChanged() {
-  const Features features = Features::ofMasterSet();
-  const bool turned = driver_feature::isTurned(features.text("MediaType"));
-  features.constrainOptions("Duplex", driver_feature::kMediaNotTurned, !turned);
 }
 
 void OfficePageSizeChanged() {

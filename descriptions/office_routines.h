@@ -33,7 +33,6 @@ DRIVER_FEATURE_EXPORT int OfficeLoadValues(void* element, int mode);
 // changed.
 DRIVER_FEATURE_EXPORT void OfficeDuplexUnitChanged();  // "InstalledDuplexUnit"
 DRIVER_FEATURE_EXPORT void OfficeFinisherChanged();    // "InstalledFinisher"
-DRIVER_FEATURE_EXPORT void OfficeMediaTypeChanged();   // "MediaType"
 DRIVER_FEATURE_EXPORT void OfficePageSizeChanged();    // "PageSize"
 DRIVER_FEATURE_EXPORT void OfficeHoldJobChanged();     // "HoldJob"
 DRIVER_FEATURE_EXPORT void OfficeWatermarkChanged();   // "Watermark"

@@ -78,28 +78,6 @@ TEST_F(OfficeRoutinesTest, DuplexUnit_NotInstalled_TakesTwoSidedPrintingAway) {
   EXPECT_EQ(available("Duplex"), "OneSided LongEdge ShortEdge ");
 }
 
-TEST_F(OfficeRoutinesTest, MediaType_ThatIsNotTurned_TakesTwoSidedPrintingAway) {
-  open("office_laser.xml");
-  for (const char* type : {"CardStock", "Envelope", "Labels", "Transparency"}) {
-    set("MediaType", type);
-    EXPECT_EQ(available("Duplex"), "OneSided ") << type;
-  }
-  for (const char* type : {"Plain", "Recycled", "Letterhead"}) {
-    set("MediaType", type);
-    EXPECT_EQ(available("Duplex"), "OneSided LongEdge ShortEdge ") << type;
-  }
-}
-
-TEST_F(OfficeRoutinesTest, Duplex_HeldBackTwice_NeedsBothReleases) {
-  open("office_laser.xml");
-  set("InstalledDuplexUnit", "NotInstalled");
-  set("MediaType", "Labels");
-  set("InstalledDuplexUnit", "Installed");
-  EXPECT_EQ(available("Duplex"), "OneSided ");
-  set("MediaType", "Plain");
-  EXPECT_EQ(available("Duplex"), "OneSided LongEdge ShortEdge ");
-}
-
 TEST_F(OfficeRoutinesTest, Finisher_LeavesWhatItCanDo) {
   open("office_laser.xml");
   set("Staple", "DualLeft");

@@ -2,6 +2,7 @@
 // property names; and what it does when the model refuses a property that
 // cannot be refused otherwise.
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -163,7 +164,7 @@ constexpr const char* kList = R"(<Feature FeatureType="MultiSelect" Name="A" Def
 
 TEST_F(PropertyLookupTest, FindGroup_OneOfMany_AsksForItsPropertyOnce) {
   constexpr int kGroups = 40;
-  std::vector<DriverFeatureStaticGroup> groups(kGroups);
+  std::array<DriverFeatureStaticGroup, kGroups> groups;
   for (int i = 0; i < kGroups; ++i) {
     auto& group = groups[static_cast<std::size_t>(i)];
     group.setFeatureProperty(std::string("Name"), "group " + std::to_string(i));

@@ -189,6 +189,41 @@ TEST_F(RulesTest, RuleThatHoldsByDefault_RefusesOnlyWhoSetsItsFeatures) {
   EXPECT_EQ(emit({"A=4"}), success("4 5 "));
 }
 
+// The routine makes "Duplex" unavailable when "Media" changes; the rule forbids
+// two sides on film.
+TEST_F(RulesTest, ChangeRoutineAndRule_BothHold) {
+  const std::string list = "PSCommand='%s&#10;' DefaultValue=";
+  write(
+      "office.xml",
+      "<D><FeatureDescription>"
+      "<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'/>" +
+          feature("MultiSelect", "Duplex", list + "'None'",
+                  "<O Name='None' PSCommand='one side'/><O Name='On' PSCommand='two sides'/>") +
+          feature("MultiSelect", "Media", "AddCallbackRoutine='forbidDuplex' " + list + "'Plain'",
+                  "<O Name='Plain' PSCommand='plain'/><O Name='Film' PSCommand='film'/>"
+                  "<O Name='Foil' PSCommand='foil'/>") +
+          feature("IntEntry", "Copies", "DefaultValue='1' PSCommand='%d&#10;'") +
+          "</FeatureDescription><FeatureRules>\n<Never Id='film'><When Feature='Media' Is='Film'/>"
+          "<When Feature='Copies' Above='1'/></Never></FeatureRules></D>\n");
+  const std::vector<std::string> command = {
+      "--callbacks", ROUTINES_LIBRARY, "emit", "office.xml", "--to", "ps", "-o", "Media=Film"};
+  const auto with = [&](const std::vector<std::string>& more) {
+    std::vector<std::string> all = command;
+    all.insert(all.end(), more.begin(), more.end());
+    return run(all);
+  };
+  EXPECT_EQ(with({}), success("1\none side\nfilm\n"));
+  EXPECT_EQ(with({"-o", "Duplex=On"}),
+            failure(2,
+                    "driver-feature: -o Duplex=On: feature \"Duplex\" is unavailable; leave it "
+                    "out\n"));
+  EXPECT_EQ(with({"-o", "Copies=2"}),
+            failure(2,
+                    "driver-feature: Copies=2 cannot be combined with Media=Film (rule film) "
+                    "(office.xml:2); --resolve changes Media: Film -> Plain\n"));
+  EXPECT_EQ(with({"-o", "Copies=2", "--resolve"}).output, "2\none side\nplain\n");
+}
+
 TEST_F(RulesTest, ResolveCommand_ShowsThePlanAndChangesNothing) {
   EXPECT_EQ(command("resolve", {"Media=Film"}), success("The values fit together.\n"));
   EXPECT_EQ(command("resolve", {"Duplex=On", "Media=Film"}),
