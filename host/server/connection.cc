@@ -110,6 +110,7 @@ bool Connection::readHead() {
     return false;
   }
   if (count == 0) return false;
+  const bool isCoded = hasCodedBody(relay_.incoming().substr(0, count));
   if (relay_.incoming().substr(0, count).find('\0') != std::string_view::npos ||
       !relay_.handOn(count)) {
     end();
@@ -124,6 +125,11 @@ bool Connection::readHead() {
   }
   if (state != HTTP_STATE_POST && state != HTTP_STATE_GET && state != HTTP_STATE_HEAD) {
     respond(plainResponse(HTTP_STATUS_NOT_IMPLEMENTED), true);
+    return true;
+  }
+  // Refused before libcups reads the field: what it decodes with, it does not free.
+  if (isCoded) {
+    respond(plainResponse(HTTP_STATUS_BAD_REQUEST), true);
     return true;
   }
   // Reads the fields. It does nothing, and says that there is more, where libcups
@@ -161,8 +167,6 @@ bool Connection::route(http_state_t state) {
   } else if (isChunked == !length.empty()) {
     return refuse(HTTP_STATUS_BAD_REQUEST);
   }
-  const std::string coding = fieldOf(http, HTTP_FIELD_CONTENT_ENCODING);
-  if (!coding.empty() && coding != "identity") return refuse(HTTP_STATUS_BAD_REQUEST);
   const auto bodyBytes = static_cast<std::uint64_t>(::httpGetLength2(http));
   if (!isChunked && bodyBytes > setting_.limits.bodyBytes) {
     return refuse(HTTP_STATUS_REQUEST_TOO_LARGE);

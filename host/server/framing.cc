@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <string>
+
+#include "host/base/text.h"
 
 namespace driver_feature::host {
 
@@ -16,6 +19,20 @@ std::size_t lineEnd(std::string_view text) {
 }
 
 }  // namespace
+
+bool hasCodedBody(std::string_view head) {
+  while (!head.empty()) {
+    const std::string_view line = head.substr(0, head.find('\n'));
+    head.remove_prefix(std::min(line.size() + 1, head.size()));
+    const std::size_t colon = line.find(':');
+    if (colon == std::string_view::npos) continue;
+    const bool isCoding = toLower(std::string(line.substr(0, colon))) == "content-encoding";
+    if (isCoding && toLower(std::string(trimmed(line.substr(colon + 1), " \t\r"))) != "identity") {
+      return true;
+    }
+  }
+  return false;
+}
 
 void Framing::expectHead() {
   part_ = Part::kHead;

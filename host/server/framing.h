@@ -46,6 +46,10 @@ class Framing {
   std::uint64_t left_ = 0;
 };
 
+// Whether a head says that the body is compressed: a field "Content-Encoding" with
+// any value but "identity".
+bool hasCodedBody(std::string_view head);
+
 }  // namespace driver_feature::host
 
 #endif  // HOST_SERVER_FRAMING_H_

@@ -114,5 +114,13 @@ TEST(Framing, Chunks_FieldsAfterTheLast_AreMalformed) {
   EXPECT_TRUE(framing.isMalformed());
 }
 
+TEST(HasCodedBody, Field_AnyCodingButIdentity_IsOne) {
+  EXPECT_TRUE(hasCodedBody("POST / HTTP/1.1\r\nContent-Encoding: gzip\r\n\r\n"));
+  EXPECT_TRUE(hasCodedBody("POST / HTTP/1.1\ncontent-encoding:deflate\n\n"));
+  EXPECT_FALSE(hasCodedBody("POST / HTTP/1.1\r\nContent-Encoding: Identity \r\n\r\n"));
+  EXPECT_FALSE(hasCodedBody("POST / HTTP/1.1\r\nX-Content-Encoding: gzip\r\nHost: a\r\n\r\n"));
+  EXPECT_FALSE(hasCodedBody("Content-Encoding"));
+}
+
 }  // namespace
 }  // namespace driver_feature::host
