@@ -1,4 +1,4 @@
-// What stands beside the features: rules, texts, presets and media sizes, in
+// What a description has beside its features: rules, texts, presets and media sizes, in
 // the description's own file under a common root, or in files beside it.
 #ifndef HOST_DESCRIPTION_ADDITIONS_H_
 #define HOST_DESCRIPTION_ADDITIONS_H_

@@ -1,4 +1,4 @@
-// What a description forbids: the rules that stand beside the features.
+// What a description forbids: the rules beside its features.
 #ifndef HOST_DESCRIPTION_RULES_H_
 #define HOST_DESCRIPTION_RULES_H_
 

@@ -21,7 +21,7 @@ enum class Syntax : unsigned char {
 };
 
 // A value as text, such as "4" for an enum and "600x600dpi" for a resolution, and
-// the choice that it stands for; without a choice it changes nothing.
+// the choice that it means; without a choice it changes nothing.
 struct WordValue {
   std::string word;
   std::string choice;

@@ -18,7 +18,7 @@ namespace driver_feature::rules {
 //   possible with DuplexUnit=Installed
 //
 // The newest wish comes first in a line. TEXT is the rule's text in the
-// language of `texts`; without texts, the one that stands with the rule. A rule
+// language of `texts`; without texts, the one of the rule itself. A rule
 // without a text is named: "(rule ID)". No line for a plan that fits.
 std::vector<std::string> explain(const Plan& plan, const host::Rules& rules,
                                  const host::TextLookUp* texts = nullptr);

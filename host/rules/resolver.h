@@ -57,7 +57,7 @@ class Resolver {
   Resolution resolve(const Question& question);
 
   // Whether any values of the other features allow the choice with the present
-  // hardware. kFits also stands for kMended here, and `moves` is empty.
+  // hardware. kFits also means kMended here, and `moves` is empty.
   Resolution isAllowed(const Wish& wish, long stepLimit);
 
   // Whether a rule would refuse the wish, if nothing else changed.

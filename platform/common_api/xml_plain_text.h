@@ -14,8 +14,8 @@ struct PlainText {
   std::vector<int> lines;  // Of the elements, in the order of their start tags.
 };
 
-// The elements, their attributes and the text before their first child. The tag of an element is written without
-// its namespace prefix, the name of an attribute with it; declarations of
+// The elements, their attributes and the text before their first child. The tag of an element is
+// written without its namespace prefix, the name of an attribute with it; declarations of
 // namespaces are not written.
 PlainText plainTextOf(const xmlDoc& tree);
 
