@@ -4,6 +4,8 @@
 
 #include <cups/ipp.h>
 
+#include <cstdint>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -55,6 +57,11 @@ class AttributeList final {
 
   ipp_t* message_;
 };
+
+// A time in seconds as IPP writes it.
+inline const ipp_uchar_t* dateOf(std::int64_t time) {
+  return ::ippTimeToDate(static_cast<time_t>(time));
+}
 
 }  // namespace driver_feature::printer
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "programs/printer/attribute_list.h"
 #include "programs/printer/ipp_message.h"
 
 namespace driver_feature::printer {
@@ -36,7 +37,7 @@ class JobWriter final {
       if (wants(seconds)) ::ippAddOutOfBand(response_, IPP_TAG_JOB, IPP_TAG_NOVALUE, seconds);
       return;
     }
-    if (wants(date)) ::ippAddDate(response_, IPP_TAG_JOB, date, ::ippTimeToDate(time));
+    if (wants(date)) ::ippAddDate(response_, IPP_TAG_JOB, date, dateOf(time));
     // A job of an earlier server was made before its first second.
     add(seconds, IPP_TAG_INTEGER, std::max<std::int64_t>(time - started + 1, 1));
   }

@@ -125,11 +125,11 @@ void addState(ipp_t* message, Service& service, const IppExchange& exchange) {
   };
   list.integer("printer-state-change-time", since(printer.stateChanged));
   list.integer("printer-config-change-time", since(printer.configured));
-  ::ippAddDate(message, IPP_TAG_PRINTER, "printer-current-time", ::ippTimeToDate(Service::now()));
+  ::ippAddDate(message, IPP_TAG_PRINTER, "printer-current-time", dateOf(Service::now()));
   ::ippAddDate(message, IPP_TAG_PRINTER, "printer-state-change-date-time",
-               ::ippTimeToDate(printer.stateChanged));
+               dateOf(printer.stateChanged));
   ::ippAddDate(message, IPP_TAG_PRINTER, "printer-config-change-date-time",
-               ::ippTimeToDate(printer.configured));
+               dateOf(printer.configured));
 }
 
 // The language for a client: its own where there are texts in it, such as "de" for
