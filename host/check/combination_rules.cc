@@ -1,5 +1,6 @@
 // The rules of a description: what they name, and what they forbid.
 
+#include <algorithm>
 #include <charconv>
 #include <map>
 
@@ -144,11 +145,10 @@ bool holds(const host::Condition& condition, const std::string& value) {
 }  // namespace
 
 bool holdsWith(const host::Rule& rule, const Values& values) {
-  for (const host::Condition& condition : rule.conditions) {
+  return std::ranges::all_of(rule.conditions, [&](const host::Condition& condition) {
     const auto value = values.find(condition.feature);
-    if (value == values.end() || !holds(condition, value->second)) return false;
-  }
-  return true;
+    return value != values.end() && holds(condition, value->second);
+  });
 }
 
 bool isSound(const AdditionSubject& subject, const host::Rule& rule) {

@@ -42,9 +42,10 @@ void checkSizes(const AdditionSubject& subject, const FeatureRow& feature, Findi
                                    "remove one of the two"));
     }
     if (const std::string fault = faultOf(size); !fault.empty()) {
-      findings.push_back(findingAt(subject, Code::kImpossibleSize, size.place,
-                                   "the size of option " + option + " " + fault,
-                                   "give lengths in millimetres"));
+      findings.push_back(
+          findingAt(subject, Code::kImpossibleSize, size.place,
+                    std::string("the size of option ").append(option).append(" ").append(fault),
+                    "give lengths in millimetres"));
     }
   }
 }

@@ -114,7 +114,7 @@ void noteEntry(const GettextPo& po, po_message_t message, std::size_t line,
 void noteEntries(const GettextPo& po, po_file_t file, const std::vector<std::size_t>& lines) {
   const std::string charset = charsetOf(po, file);
   std::vector<po_message_t> messages;
-  const po_message_iterator_t iterator = po.iterator(file, nullptr);
+  auto* const iterator = po.iterator(file, nullptr);
   while (po_message_t message = po.next(iterator)) messages.push_back(message);
   const bool hasLines = messages.size() == lines.size();
   for (std::size_t i = 0; i < messages.size(); ++i) {
@@ -125,12 +125,13 @@ void noteEntries(const GettextPo& po, po_file_t file, const std::vector<std::siz
 // Runs in a child process, which a fatal fault leaves unusable.
 std::vector<std::string> readEntries(const GettextPo& po, const std::string& path,
                                      const std::vector<std::size_t>& lines) {
-  std::vector<std::string> rows;
+  static std::vector<std::string> rows;
+  rows.clear();
   reported = &rows;
   const po_xerror_handler handler = {&noteFault, &noteTwoFaults};
   // NOLINTNEXTLINE(cert-err52-cpp): the library is C and offers nothing else.
   if (setjmp(afterFatalFault) == 0) {
-    const po_file_t file = po.read(path.c_str(), &handler);
+    auto* const file = po.read(path.c_str(), &handler);
     if (file == nullptr && rows.empty()) note(kFaultRow, 0, "", "the file is damaged");
     // After a fault, what was read may not be what was written.
     if (rows.empty()) noteEntries(po, file, lines);

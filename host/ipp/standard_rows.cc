@@ -139,7 +139,7 @@ std::span<const StandardRow> standardRows() {
 }
 
 std::optional<std::string> wordFor(const StandardRow& row, const ChoiceCapability& choice) {
-  if (const auto word = ticketWord(row, choice.ticketName)) return word;
+  if (auto word = ticketWord(row, choice.ticketName)) return word;
   if (row.syntax == Syntax::kResolution) return resolutionWord(choice.name);
   if (row.syntax == Syntax::kInteger) {
     return integerIn(choice.name) ? std::optional(choice.name) : std::nullopt;

@@ -12,6 +12,7 @@ namespace {
 
 std::vector<std::string> namesOf(const std::vector<Preset>& presets) {
   std::vector<std::string> names;
+  names.reserve(presets.size());
   for (const Preset& preset : presets) names.push_back(preset.name);
   return names;
 }

@@ -20,6 +20,7 @@ std::string arrow(const rules::Change& change) {
 
 std::string arrows(const std::vector<rules::Change>& changes) {
   std::vector<std::string> parts;
+  parts.reserve(changes.size());
   for (const rules::Change& change : changes) parts.push_back(arrow(change));
   return join(parts, ", ");
 }

@@ -25,6 +25,7 @@ struct Term {
   std::size_t feature = 0;
   std::size_t choice = kAny;
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 finds a 0 inside the comparison.
   auto operator<=>(const Term&) const = default;
 };
 

@@ -99,8 +99,8 @@ std::string MadeTexts::languageLines() const {
   std::string version = languageVersionOf(own.tag);
   if (version.empty()) version = languageVersionOf(own.tag.substr(0, own.tag.find('-')));
   if (version.empty()) version = "English";
-  const std::string lines = "*LanguageVersion: " + version +
-                            "\n*LanguageEncoding: " + (isPlain_ ? "ISOLatin1" : "UTF-8") + "\n";
+  std::string lines = "*LanguageVersion: " + version +
+                      "\n*LanguageEncoding: " + (isPlain_ ? "ISOLatin1" : "UTF-8") + "\n";
   std::vector<std::string> named;
   for (const Language& language : languages_) {
     if (&language != &own && isComplete(language)) named.push_back(language.locale);
