@@ -33,7 +33,7 @@ class LanguageServer {
   bool hasEnded() const { return hasEnded_; }
   int status() const { return isShutDown_ ? 0 : 1; }
 
-  // The exit status when the client has gone without a word: a failure unless it has
+  // The exit status when the client has gone without a request to end: a failure unless it has
   // not begun, or has asked for the end.
   int statusOfSilence() const { return isInitialized_ ? status() : 0; }
 
