@@ -39,7 +39,7 @@ std::string PeopleTexts::ofFeature(const std::string& name) const {
 }
 
 std::string PeopleTexts::ofOption(const std::string& feature, const std::string& option) const {
-  const std::string text = texts_.textOf(host::optionKey(feature, option), "");
+  std::string text = texts_.textOf(host::optionKey(feature, option), "");
   if (!text.empty()) return text;
   const auto found = session_.model().features.find(feature);
   if (found == session_.model().features.end()) return option;
