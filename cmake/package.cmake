@@ -92,7 +92,7 @@ debian_package(development libdriverfeature-dev libdevel same "${same_library}"
 # must ask for the program of its own architecture. A package that brings
 # descriptions only may ask for driver-feature:any.
 debian_package(tools driver-feature utils allowed
-  "${same_library}, libcups2, libedit2, libxml2"
+  "${same_library}, libedit2, libxml2"
   "show, check and emit the settings of a printer driver"
   "A program that loads the plug-in libDriverFeature as a driver's host does:"
   "it reads a feature description, shows and changes settings, and writes"
