@@ -1,7 +1,6 @@
 // The rules of a description: what they name, and what they forbid.
 
 #include <algorithm>
-#include <charconv>
 #include <map>
 
 #include "host/base/text.h"
@@ -132,22 +131,12 @@ void checkSense(const AdditionSubject& subject, const host::Rule& rule, Findings
                                "change a default or the rule"));
 }
 
-bool holds(const host::Condition& condition, const std::string& value) {
-  bool isNamed = false;
-  for (const std::string& choice : condition.choices) isNamed = isNamed || choice == value;
-  if (condition.kind == Kind::kIs) return isNamed;
-  if (condition.kind == Kind::kIsNot) return !isNamed;
-  double number = 0;
-  std::from_chars(value.data(), value.data() + value.size(), number);
-  return condition.kind == Kind::kAbove ? number > condition.number : number < condition.number;
-}
-
 }  // namespace
 
 bool holdsWith(const host::Rule& rule, const Values& values) {
   return std::ranges::all_of(rule.conditions, [&](const host::Condition& condition) {
     const auto value = values.find(condition.feature);
-    return value != values.end() && holds(condition, value->second);
+    return value != values.end() && isTrueOf(condition, value->second);
   });
 }
 

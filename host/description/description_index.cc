@@ -1,5 +1,6 @@
 #include "host/description/description_index.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -63,6 +64,18 @@ std::vector<std::string> DescriptionIndex::groupsAround(const std::string& featu
     group = entry->outer;
   }
   return names;
+}
+
+std::string DescriptionIndex::recordsOf(const std::string& featureName) const {
+  if (limitsOf(featureName).group.empty()) return "";
+  const std::vector<std::string> around = groupsAround(featureName);
+  for (const GroupEntry& group : groups_) {
+    if (group.kind != GroupKind::kDynamic) continue;
+    if (std::find(around.begin(), around.end(), templateOf(group.name)) != around.end()) {
+      return group.name;
+    }
+  }
+  return "";
 }
 
 GroupKind DescriptionIndex::groupNamed(const std::string& name) const {

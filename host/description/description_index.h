@@ -54,6 +54,10 @@ class DescriptionIndex {
   // The names of the groups around a feature, the innermost one first.
   std::vector<std::string> groupsAround(const std::string& featureName) const;
 
+  // The dynamic group whose template holds a feature, at any depth: it is a member
+  // of that group's records. Empty when there is none.
+  std::string recordsOf(const std::string& featureName) const;
+
   // Which kind of group a name belongs to. A static group comes before a
   // dynamic one of the same name.
   GroupKind groupNamed(const std::string& name) const;

@@ -124,6 +124,21 @@ TEST(DescriptionIndexTest, GroupNamed_BothKindsNestedAndUnknown_ReturnsTheKind) 
   EXPECT_EQ(index.groupNamed("d"), GroupKind::kNone);
 }
 
+TEST(DescriptionIndexTest, RecordsOf_MembersOfTemplatesAtAnyDepth_ReturnsTheDynamicGroup) {
+  const auto index = indexOf(
+      "<FeatureDynamicGroup Name='Pages'><FeatureStaticGroup Name='Page'>"
+      "<Feature FeatureType='IntEntry' Name='First'/>"
+      "<FeatureStaticGroup Name='Inner'><Feature FeatureType='IntEntry' Name='Deep'/>"
+      "</FeatureStaticGroup></FeatureStaticGroup></FeatureDynamicGroup>"
+      "<FeatureStaticGroup Name='Plain'><Feature FeatureType='IntEntry' Name='Member'/>"
+      "</FeatureStaticGroup><Feature FeatureType='IntEntry' Name='Top'/>");
+  EXPECT_EQ(index.recordsOf("First"), "Pages");
+  EXPECT_EQ(index.recordsOf("Deep"), "Pages");
+  EXPECT_EQ(index.recordsOf("Member"), "");
+  EXPECT_EQ(index.recordsOf("Top"), "");
+  EXPECT_EQ(index.recordsOf("Unknown"), "");
+}
+
 TEST(DescriptionIndexTest, RangeText_EachCombination_IsWorded) {
   using Int = std::optional<int>;
   using Float = std::optional<float>;

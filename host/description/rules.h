@@ -33,6 +33,10 @@ struct Condition {
   std::vector<Position> choicePositions = {};  // Of the choices, in the same file.
 };
 
+// Whether the condition is true of a feature with this value, in the form of a
+// setting. One on numbers is false for a text that is not a number.
+bool isTrueOf(const Condition& condition, const std::string& value);
+
 // Conditions that must never all hold at the same time.
 struct Rule {
   std::string id;    // Names it; `check` reports one that occurs twice.

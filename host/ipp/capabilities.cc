@@ -33,17 +33,6 @@ std::string textOf(CoreOption& option, const char* property) {
   return text;
 }
 
-// Whether a dynamic group's template holds the feature, at any depth.
-bool isInRecords(const host::Model& model, const std::string& feature) {
-  const std::vector<std::string> around = model.index.groupsAround(feature);
-  const auto& groups = model.index.groups();
-  return std::any_of(groups.begin(), groups.end(), [&](const host::GroupEntry& group) {
-    if (group.kind != host::GroupKind::kDynamic) return false;
-    const std::string shape = model.index.templateOf(group.name);
-    return std::find(around.begin(), around.end(), shape) != around.end();
-  });
-}
-
 int hundredthsOfPoints(float points) {
   return static_cast<int>(std::lround(static_cast<double>(points) * 2540 / 72));
 }
@@ -148,7 +137,7 @@ std::vector<FeatureCapability> featuresOf(const host::Model& model) {
   for (const auto& [name, view] : model.features) {
     CoreFeature* feature = model.set->FindFeatureInFeatureList(name);
     if (feature == nullptr || !view.hasValue() || !view.isVisible()) continue;
-    if (isInRecords(model, name)) continue;
+    if (!model.index.recordsOf(name).empty()) continue;
     features.push_back(featureOf(model, name, view, *feature));
   }
   return features;

@@ -19,19 +19,6 @@ std::set<std::string> namesIn(const host::Rules& rules) {
   return names;
 }
 
-std::set<std::string> templatesOf(const host::DescriptionIndex& index) {
-  std::set<std::string> names;
-  for (const host::GroupEntry& group : index.groups()) {
-    if (group.kind == host::GroupKind::kDynamic) names.insert(index.templateOf(group.name));
-  }
-  return names;
-}
-
-bool isInAny(const std::vector<std::string>& groups, const std::set<std::string>& templates) {
-  return std::any_of(groups.begin(), groups.end(),
-                     [&](const std::string& group) { return templates.contains(group); });
-}
-
 void addChoices(const host::FeatureView& view, Domain& domain) {
   for (const host::Choice& choice : view.choices()) {
     domain.choices.push_back({choice.name, choice.available});
@@ -74,12 +61,11 @@ bool addValues(const host::FeatureView& view, const host::FeatureLimits& limits,
 }  // namespace
 
 Domains domainsOf(const host::Model& model, const host::Rules& rules) {
-  const std::set<std::string> templates = templatesOf(model.index);
   Domains domains;
   for (const std::string& name : namesIn(rules)) {
     const auto found = model.features.find(name);
     if (found == model.features.end()) continue;
-    if (isInAny(model.index.groupsAround(name), templates)) continue;
+    if (!model.index.recordsOf(name).empty()) continue;
     Domain domain{.feature = name, .isChangeable = found->second.isAvailable()};
     if (addValues(found->second, model.index.limitsOf(name), domain)) {
       domains.push_back(std::move(domain));

@@ -205,25 +205,9 @@ bool RuleKeeper::isForbidden() {
 }
 
 bool RuleKeeper::holds(const Condition& condition) const {
-  const auto found = session_.model().features.find(condition.feature);
-  if (found == session_.model().features.end()) return false;
-  const FeatureView& feature = found->second;
-  const FeatureKind kind = feature.kind();
-  const bool isNumber = kind == FeatureKind::kIntEntry || kind == FeatureKind::kFloatEntry;
-  const bool isOnNumber =
-      condition.kind == Condition::Kind::kAbove || condition.kind == Condition::Kind::kBelow;
-  if (isOnNumber != isNumber) return false;
-  if (isNumber) {
-    const double number = kind == FeatureKind::kFloatEntry
-                              ? static_cast<double>(feature.currentFloat())
-                              : static_cast<double>(feature.currentInt());
-    return condition.kind == Condition::Kind::kAbove ? number > condition.number
-                                                     : number < condition.number;
-  }
-  const std::string choice = feature.currentChoice().value_or("");
-  const bool isNamed = std::find(condition.choices.begin(), condition.choices.end(), choice) !=
-                       condition.choices.end();
-  return isNamed == (condition.kind == Condition::Kind::kIs);
+  const auto feature = session_.model().features.find(condition.feature);
+  return feature != session_.model().features.end() &&
+         isTrueOf(condition, settingText(feature->second).value_or(""));
 }
 
 // The rule in words, and its place in the file.

@@ -23,17 +23,6 @@ constexpr const char* kHeading =
 constexpr const char* kPresetHeading =
     "# A preset of driver-feature: what differs from the default values.\n";
 
-// Whether a dynamic group's template holds the feature, at any depth.
-bool isInTemplate(const Model& model, const std::string& feature) {
-  const std::vector<std::string> around = model.index.groupsAround(feature);
-  const auto& groups = model.index.groups();
-  return std::any_of(groups.begin(), groups.end(), [&](const GroupEntry& group) {
-    if (group.kind != GroupKind::kDynamic) return false;
-    const std::string shape = model.index.templateOf(group.name);
-    return std::find(around.begin(), around.end(), shape) != around.end();
-  });
-}
-
 // What people may save, and how much of it.
 enum class Extent { kAll, kChanged };
 
@@ -128,7 +117,7 @@ std::string featureLines(const Model& model, bool hides, Extent extent) {
     const auto value = settingText(feature);
     const bool isLeftOut =
         feature.isAtDefault() && (!feature.isVisible() || extent == Extent::kChanged);
-    if (!value || isLeftOut || isInTemplate(model, name)) continue;
+    if (!value || isLeftOut || !model.index.recordsOf(name).empty()) continue;
     text += hides && feature.isEncrypted() ? notSaved(printable(name) + " is", extent)
                                            : settingLine({name, *value});
   }

@@ -107,7 +107,7 @@ void MadeOptionWriter::add(const std::string& name, const host::FeatureView& fea
     return;
   }
   const bool isList = feature.kind() == host::FeatureKind::kMultiSelect;
-  const std::string records = recordsOf(name);
+  const std::string records = model_.index.recordsOf(name);
   if (!records.empty()) {
     lose(name, "the options of a job do not reach the records of " + records);
   } else if (feature.kind() == host::FeatureKind::kTextEntry) {
@@ -127,18 +127,6 @@ void MadeOptionWriter::add(const std::string& name, const host::FeatureView& fea
 
 void MadeOptionWriter::lose(const std::string& what, const std::string& reason) {
   losses_.push_back(what + ": " + reason);
-}
-
-// The dynamic group of whose records the feature is a member; empty when it is
-// none.
-std::string MadeOptionWriter::recordsOf(const std::string& feature) const {
-  const std::vector<std::string> around = model_.index.groupsAround(feature);
-  for (const host::GroupEntry& group : model_.index.groups()) {
-    if (group.kind != host::GroupKind::kDynamic) continue;
-    const std::string members = model_.index.templateOf(group.name);
-    if (std::find(around.begin(), around.end(), members) != around.end()) return group.name;
-  }
-  return "";
 }
 
 void MadeOptionWriter::open(const std::string& name, const std::string& value,

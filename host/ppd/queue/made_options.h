@@ -38,7 +38,6 @@ class MadeOptionWriter {
   void addList(const std::string& name, const host::FeatureView& feature);
   void addNumber(const std::string& name, const host::FeatureView& feature);
   void lose(const std::string& what, const std::string& reason);
-  std::string recordsOf(const std::string& feature) const;
   std::vector<PageSize> sizesOf(const host::FeatureView& feature);
   void writePageSizes(const std::vector<PageSize>& sizes, const std::string& usual);
   void writeList(const std::string& name, const std::vector<NamedChoice>& choices,
