@@ -72,7 +72,7 @@ XMLContent contentOf(const Element& element) {
   AttributeReader attribute(element);
   while (attribute.read()) continue;
   const char* text = attribute.end();
-  content.line = element.line + static_cast<int>(std::count(element.tag, text, '\n'));
+  content.line = element.line() + static_cast<int>(std::count(element.tag(), text, '\n'));
   if (*text == '/') return content;
   ++text;
   for (;;) {

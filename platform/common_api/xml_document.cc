@@ -113,7 +113,6 @@ struct XMLDocument::Tree {
   explicit Tree(Text source) : text(std::move(source)) {}
 
   bool scan(driver_feature::Names names) {
-    elements = {};
     root = driver_feature::scanPlainText(text.data(), text.size(), names, elements);
     return root != nullptr;
   }
@@ -134,12 +133,12 @@ struct XMLDocument::Tree {
       problem = {1, 1, "cannot be read"};
       return false;
     }
-    for (std::size_t i = 0; i < elements.size(); ++i) elements[i].line = plain.lines[i];
+    for (std::size_t i = 0; i < elements.size(); ++i) elements[i].setLine(plain.lines[i]);
     return true;
   }
 
   Text text;
-  driver_feature::ElementStore elements;
+  driver_feature::Elements elements;
   driver_feature::Element* root = nullptr;
 };
 
@@ -194,7 +193,7 @@ void* XMLDocument::root() const {
 }
 
 int XMLDocument::lineOf(void* element) {
-  return element != nullptr ? static_cast<driver_feature::Element*>(element)->line : 0;
+  return element != nullptr ? static_cast<driver_feature::Element*>(element)->line() : 0;
 }
 
 XMLContent XMLDocument::contentOf(void* element) {

@@ -18,12 +18,7 @@ const char* endOfName(const char* text) {
 
 }  // namespace
 
-Element& ElementStore::add() {
-  if (size_ == pieces_.size() * kPiece) pieces_.push_back(std::make_unique<Element[]>(kPiece));
-  return (*this)[size_++];
-}
-
-AttributeReader::AttributeReader(const Element& element) : next_(endOfName(element.tag)) {}
+AttributeReader::AttributeReader(const Element& element) : next_(endOfName(element.tag())) {}
 
 bool AttributeReader::read() {
   next_ = skipBlanks(next_);

@@ -8,38 +8,52 @@
 #define PLATFORM_COMMON_API_XML_ELEMENT_H_
 
 #include <cstddef>
-#include <memory>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
 namespace driver_feature {
 
-struct Element {
-  const char* tag = nullptr;  // The first character of its name, in the text.
-  Element* nextSibling = nullptr;
-  Element* firstChild = nullptr;
-  int line = 0;  // On which the start tag begins.
+// Elements are in one array, in the order of their start tags.
+class Element {
+ public:
+  // `tag` is the first character of its name, in the text.
+  Element(const char* tag, int line, bool escaped)
+      : tag_(tag), line_(static_cast<unsigned>(line) & kLineBits), escaped_(escaped ? 1 : 0) {}
+
+  const char* tag() const { return tag_; }
+
+  // On which the start tag begins.
+  int line() const { return static_cast<int>(line_); }
+  void setLine(int line) { line_ = static_cast<unsigned>(line) & kLineBits; }
+
   // Whether the values of its attributes hold byte escapes. The nearest element
   // that says so in its attribute ByteEscapes counts, the element itself or one
   // around it.
-  bool escaped = false;
-};
+  bool isEscaped() const { return escaped_ != 0; }
+  void setEscaped(bool escaped) { escaped_ = escaped ? 1 : 0; }
 
-// Elements that stay where they are. Some share each piece of memory.
-class ElementStore {
- public:
-  Element& add();
+  // Null if there is none.
+  Element* firstChild() { return isParent_ != 0 ? this + 1 : nullptr; }
+  Element* nextSibling() { return toSibling_ != 0 ? this + toSibling_ : nullptr; }
 
-  // In the order in which they were added.
-  Element& operator[](std::size_t index) { return pieces_[index / kPiece][index % kPiece]; }
-  std::size_t size() const { return size_; }
+  void setParent() { isParent_ = 1; }
+  void setNextSibling(const Element& sibling) {
+    toSibling_ = static_cast<std::uint32_t>(&sibling - this);
+  }
 
  private:
-  static constexpr std::size_t kPiece = 256;
+  // More than a document has bytes.
+  static constexpr unsigned kLineBits = (1U << 30U) - 1;
 
-  std::vector<std::unique_ptr<Element[]>> pieces_;
-  std::size_t size_ = 0;
+  const char* tag_;
+  std::uint32_t toSibling_ = 0;  // How many elements further on; 0 without one.
+  unsigned line_ : 30;
+  unsigned escaped_ : 1;
+  unsigned isParent_ : 1 = 0;
 };
+
+using Elements = std::vector<Element>;
 
 // Walks over the attributes in a start tag:
 //

@@ -39,7 +39,7 @@ class AttributeFiller {
 
   static void setValue(const Element& element, const AttributeReader& attribute,
                        std::string& value) {
-    if (element.escaped) {
+    if (element.isEscaped()) {
       value = unescapeBytes(attribute.value());
     } else {
       value = attribute.value();
@@ -53,24 +53,24 @@ namespace {
 
 using driver_feature::Element;
 
-const Element& elementOf(void* handle) {
-  return *static_cast<const Element*>(handle);
+Element& elementOf(void* handle) {
+  return *static_cast<Element*>(handle);
 }
 
 class DocumentParser final : public XMLParser {
  public:
   void tagName(void* element, std::string& tag) override {
-    tag = element != nullptr ? driver_feature::nameAt(elementOf(element).tag) : std::string_view();
+    tag = element != nullptr ? driver_feature::nameAt(elementOf(element).tag()) : std::string_view();
   }
 
   void reserved1() override {}
 
   void* firstChild(void* element) override {
-    return element != nullptr ? elementOf(element).firstChild : nullptr;
+    return element != nullptr ? elementOf(element).firstChild() : nullptr;
   }
 
   void* nextSibling(void* element) override {
-    return element != nullptr ? elementOf(element).nextSibling : nullptr;
+    return element != nullptr ? elementOf(element).nextSibling() : nullptr;
   }
 
   void reserved4() override {}

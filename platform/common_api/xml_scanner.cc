@@ -15,27 +15,26 @@ constexpr std::size_t kMostAttributes = 64;
 // Elements and all that is in them.
 class Scanner : private XMLCursor {
  public:
-  Scanner(char* text, std::size_t size, Names names, ElementStore& elements)
+  Scanner(char* text, std::size_t size, Names names, Elements& elements)
       : XMLCursor(text, size, names), elements_(elements) {}
 
   Element* scanDocument() {
     if (!scanDeclaration() || !scanMiscellany() || *next_ != '<') return nullptr;
-    Element* root = nullptr;
-    if (!scanElements(root) || !scanMiscellany()) return nullptr;
-    return isAtEnd() ? root : nullptr;
+    if (!scanElements() || !scanMiscellany()) return nullptr;
+    return isAtEnd() ? &elements_.front() : nullptr;
   }
 
  private:
+  // Elements by their positions: their array grows.
   struct OpenElement {
-    Element* element;
-    Element* lastChild;
+    std::size_t element;
+    std::size_t lastChild;  // The element itself while it has none.
     std::string_view name;
   };
 
   // The root and all that it holds.
-  bool scanElements(Element*& root) {
+  bool scanElements() {
     if (!scanStartTag()) return false;
-    root = &elements_[0];
     while (depth_ > 0) {
       if (!scanText()) return false;
       switch (next_[1]) {
@@ -72,25 +71,28 @@ class Scanner : private XMLCursor {
   bool scanStartTag() {
     if (depth_ == open_.size()) return false;
     ++next_;
-    Element& element = elements_.add();
-    element.tag = next_;
-    element.line = line();
-    element.escaped = depth_ > 0 && open_[depth_ - 1].element->escaped;
+    const std::size_t position = elements_.size();
+    const bool isEscaped = depth_ > 0 && elements_[open_[depth_ - 1].element].isEscaped();
+    Element& element = elements_.emplace_back(next_, line(), isEscaped);
     std::string_view name;
     if (!scanName(name) || !scanAttributes(element)) return false;
-    append(element);
+    append(position);
     if (take("/>")) return true;
     if (!take('>')) return false;
-    open_[depth_++] = {&element, nullptr, name};
+    open_[depth_++] = {position, position, name};
     return true;
   }
 
-  void append(Element& element) {
+  // To the element that is open.
+  void append(std::size_t position) {
     if (depth_ == 0) return;
     OpenElement& parent = open_[depth_ - 1];
-    (parent.lastChild != nullptr ? parent.lastChild->nextSibling : parent.element->firstChild) =
-        &element;
-    parent.lastChild = &element;
+    if (parent.lastChild == parent.element) {
+      elements_[parent.element].setParent();
+    } else {
+      elements_[parent.lastChild].setNextSibling(elements_[position]);
+    }
+    parent.lastChild = position;
   }
 
   // The attributes, and the blanks after them.
@@ -104,7 +106,7 @@ class Scanner : private XMLCursor {
       skipBlanks();
       const char* value = next_ + 1;
       if (!scanValue()) return false;
-      if (name == "ByteEscapes") element.escaped = std::string_view(value) == "yes";
+      if (name == "ByteEscapes") element.setEscaped(std::string_view(value) == "yes");
     }
     return true;
   }
@@ -172,7 +174,7 @@ class Scanner : private XMLCursor {
     return take('>');
   }
 
-  ElementStore& elements_;
+  Elements& elements_;
   std::array<OpenElement, kHighestDepth> open_;
   std::size_t depth_ = 0;
   std::array<std::string_view, kMostAttributes> attributes_;  // Names, of the present tag.
@@ -181,7 +183,11 @@ class Scanner : private XMLCursor {
 
 }  // namespace
 
-Element* scanPlainText(char* text, std::size_t size, Names names, ElementStore& elements) {
+Element* scanPlainText(char* text, std::size_t size, Names names, Elements& elements) {
+  // Few elements take less text. Memory that none uses costs nothing.
+  constexpr std::size_t kUsualText = 64;
+  elements.clear();
+  elements.reserve(size / kUsualText + 1);
   return Scanner(text, size, names, elements).scanDocument();
 }
 

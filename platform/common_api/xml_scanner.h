@@ -24,7 +24,7 @@ constexpr int kHighestDepth = 256;  // Of nested elements.
 // The text ends with a NUL character at text[size], and must outlive the
 // elements. Values are resolved in it, so no other reader can use it
 // afterwards.
-Element* scanPlainText(char* text, std::size_t size, Names names, ElementStore& elements);
+Element* scanPlainText(char* text, std::size_t size, Names names, Elements& elements);
 
 }  // namespace driver_feature
 

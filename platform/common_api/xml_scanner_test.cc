@@ -203,11 +203,11 @@ TEST(XMLScannerTest, NamesThatAnotherReaderHasChecked_AreTaken) {
 
 // Marks with the tag whether values hold byte escapes.
 std::vector<std::string> escapedTags(std::string text, Names names) {
-  ElementStore elements;
+  Elements elements;
   std::vector<std::string> tags;
   if (scanPlainText(text.data(), text.size(), names, elements) == nullptr) return tags;
-  for (std::size_t i = 0; i < elements.size(); ++i) {
-    if (elements[i].escaped) tags.emplace_back(nameAt(elements[i].tag));
+  for (const Element& element : elements) {
+    if (element.isEscaped()) tags.emplace_back(nameAt(element.tag()));
   }
   return tags;
 }
