@@ -31,10 +31,10 @@ std::size_t readCharacterReference(const char* text, unsigned& character) {
   const bool isHexadecimal = text[2] == 'x';
   const unsigned base = isHexadecimal ? 16 : 10;
   const char* digit = text + (isHexadecimal ? 3 : 2);
-  if (digitOf(*digit) >= base) return 0;
-  unsigned code = 0;
-  for (; digitOf(*digit) < base; ++digit) {
-    code = code * base + digitOf(*digit);
+  unsigned code = digitOf(*digit);
+  if (code >= base) return 0;
+  for (unsigned next = 0; (next = digitOf(*++digit)) < base;) {
+    code = code * base + next;
     if (code > kHighestCharacter) return 0;
   }
   if (*digit != ';' || !isCharacter(code)) return 0;

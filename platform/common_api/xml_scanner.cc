@@ -140,10 +140,9 @@ class Scanner : private XMLCursor {
 
   // Moves what means itself to `end`, the end of what has been resolved.
   char* moveValueParts(char* end) {
-    char* text = next_;
-    while (isOfClass(*text, kValuePart)) *end++ = *text++;
-    next_ = text;
-    return end;
+    const char* start = next_;
+    skip(kValuePart);
+    return std::copy<const char*>(start, next_, end);
   }
 
   // A reference, a blank, the other quote or a character beyond ASCII. What it
