@@ -1,6 +1,9 @@
 #include "model/property_store.h"
 
 #include <algorithm>
+#include <limits>
+#include <new>
+#include <utility>
 
 namespace driver_feature {
 
@@ -13,10 +16,12 @@ std::size_t headSize(std::size_t size) {
   return bytes;
 }
 
-void appendHead(std::size_t property, std::size_t size, std::string& entries) {
-  entries.push_back(static_cast<char>(property));
-  for (; size >= 0x80U; size >>= 7U) entries.push_back(static_cast<char>((size & 0x7FU) | 0x80U));
-  entries.push_back(static_cast<char>(size));
+// Returns the place of the content.
+char* writeHead(std::size_t property, std::size_t size, char* at) {
+  *at++ = static_cast<char>(property);
+  for (; size >= 0x80U; size >>= 7U) *at++ = static_cast<char>((size & 0x7FU) | 0x80U);
+  *at++ = static_cast<char>(size);
+  return at;
 }
 
 }  // namespace
@@ -25,27 +30,37 @@ void appendHead(std::size_t property, std::size_t size, std::string& entries) {
 // again does not move the others.
 void PropertyStore::setText(std::size_t property, std::string_view text) {
   const Entry old = find(static_cast<unsigned char>(property));
-  const auto begin = static_cast<std::size_t>(old.begin - entries_.data());
-  const auto content = static_cast<std::size_t>(old.content.data() - entries_.data());
+  char* const begin = entries_.get() + (old.begin - entries_.get());
+  char* const content = begin + (old.content.data() - begin);
   if (text.size() == old.content.size()) {
-    std::copy(text.begin(), text.end(), entries_.data() + content);
+    std::copy(text.begin(), text.end(), content);
     return;
   }
-  const std::size_t removed = content + old.content.size() - begin;
+  const char* const after = content + old.content.size();
+  const char* const end = entries_.get() + size_;
+  const std::size_t left = size_ - static_cast<std::size_t>(after - begin);
   const std::size_t added = text.empty() ? 0 : headSize(text.size()) + text.size();
-  const std::size_t needed = entries_.size() - removed + added;
-  if (needed > entries_.capacity()) {
-    // As much as is needed: most properties are set once.
-    std::string grown;
-    grown.reserve(needed);
-    grown.append(entries_, 0, begin).append(entries_, begin + removed);
-    entries_.swap(grown);
-  } else if (removed != 0) {
-    entries_.erase(begin, removed);
+  if (left + added > capacity_) {
+    grow(left + added, begin, after);
+  } else {
+    std::copy(after, end, begin);
   }
+  size_ = static_cast<std::uint32_t>(left);
   if (text.empty()) return;
-  appendHead(property, text.size(), entries_);
-  entries_.append(text);
+  char* const place = writeHead(property, text.size(), entries_.get() + size_);
+  std::copy(text.begin(), text.end(), place);
+  size_ += static_cast<std::uint32_t>(added);
+}
+
+// Copies all but the entry from `begin` to `after`. Gets as much memory as is
+// needed: most properties are set once.
+void PropertyStore::grow(std::size_t capacity, const char* begin, const char* after) {
+  if (capacity > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
+  auto grown = std::make_unique_for_overwrite<char[]>(capacity);
+  const char* const first = entries_.get();
+  std::copy(after, first + size_, std::copy(first, begin, grown.get()));
+  entries_ = std::move(grown);
+  capacity_ = static_cast<std::uint32_t>(capacity);
 }
 
 }  // namespace driver_feature

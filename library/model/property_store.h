@@ -6,8 +6,9 @@
 #define MODEL_PROPERTY_STORE_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
-#include <string>
+#include <memory>
 #include <string_view>
 
 namespace driver_feature {
@@ -28,7 +29,8 @@ class PropertyStore {
     return number;
   }
 
-  // When there is no memory, what was set before stays.
+  // When there is no memory, what was set before stays. All properties together
+  // have less than 4 GiB.
   void setText(std::size_t property, std::string_view text);
   template <class Number>
   void setNumber(std::size_t property, Number number) {
@@ -45,10 +47,12 @@ class PropertyStore {
     std::string_view content;
   };
 
+  void grow(std::size_t capacity, const char* begin, const char* after);
+
   // Without an entry of that property: nothing at the end.
   Entry find(unsigned char property) const {
-    const char* at = entries_.data();
-    const char* const end = at + entries_.size();
+    const char* at = entries_.get();
+    const char* const end = at + size_;
     while (at != end) {
       const char* const begin = at;
       const bool isWanted = static_cast<unsigned char>(*at++) == property;
@@ -73,7 +77,10 @@ class PropertyStore {
   }
 
   // One entry after another: the property's number, the size, the content.
-  std::string entries_;
+  // Smaller than a std::string, for there are many stores.
+  std::unique_ptr<char[]> entries_;
+  std::uint32_t size_ = 0;
+  std::uint32_t capacity_ = 0;
 };
 
 }  // namespace driver_feature
