@@ -12,6 +12,8 @@
 #include <string_view>
 #include <vector>
 
+#include "xml_characters.h"
+
 namespace driver_feature {
 
 // Elements are in one array, in the order of their start tags.
@@ -55,6 +57,13 @@ class Element {
 
 using Elements = std::vector<Element>;
 
+// The name at the beginning of a start tag or of an attribute.
+inline std::string_view nameAt(const char* text) {
+  const char* end = text;
+  while (isOfClass(*end, kNameByte)) ++end;
+  return {text, static_cast<std::size_t>(end - text)};
+}
+
 // Walks over the attributes in a start tag:
 //
 //   for (AttributeReader attribute(element); attribute.read();) {
@@ -62,10 +71,19 @@ using Elements = std::vector<Element>;
 //   }
 class AttributeReader {
  public:
-  explicit AttributeReader(const Element& element);
+  explicit AttributeReader(const Element& element) : next_(nameAt(element.tag()).end()) {}
 
   // Moves to the next attribute; false after the last one.
-  bool read();
+  bool read() {
+    next_ = skipBlanks(next_);
+    if (*next_ == '>' || *next_ == '/') return false;
+    name_ = nameAt(next_);
+    const char* sign = skipBlanks(name_.end());  // "=".
+    const char* quote = skipBlanks(sign + 1);
+    value_ = quote + 1;
+    next_ = value_.end() + 1;
+    return true;
+  }
 
   // Both are valid as long as the document's text.
   std::string_view name() const { return name_; }
@@ -75,13 +93,15 @@ class AttributeReader {
   const char* end() const { return next_; }
 
  private:
+  static const char* skipBlanks(const char* text) {
+    while (isOfClass(*text, kBlank)) ++text;
+    return text;
+  }
+
   const char* next_;
   std::string_view name_;
   std::string_view value_;
 };
-
-// The name at the beginning of a start tag.
-std::string_view nameAt(const char* tag);
 
 }  // namespace driver_feature
 
