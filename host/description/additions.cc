@@ -2,24 +2,18 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <string_view>
 
 #include "AttributeMap.h"
 
 #include "host/base/input_file.h"
 #include "host/description/addition_reader.h"
+#include "host/description/beside_files.h"
 #include "host/description/po_file.h"
 #include "host/description/xml_element.h"
 
 namespace driver_feature::host {
 
 namespace {
-
-using Path = std::filesystem::path;
-
-constexpr std::string_view kRulesEnding = ".rules.xml";
-constexpr std::string_view kPoEnding = ".po";
-constexpr std::string_view kSettingsEnding = ".settings";
 
 // How an element beside the description is read.
 struct PartRow {
@@ -73,57 +67,22 @@ void readRulesFile(const std::string& path, bool withColumns, Additions& additio
                 "name it <FeatureRules>");
 }
 
-// The files of a folder whose names begin and end so, in the order of their
-// names.
-std::vector<Path> filesOf(const Path& folder, const std::string& begin, std::string_view end) {
-  std::vector<Path> files;
-  std::error_code error;
-  for (std::filesystem::directory_iterator entry(folder, error), last; !error && entry != last;
-       entry.increment(error)) {
-    const std::string name = entry->path().filename().string();
-    const bool fits =
-        name.size() > begin.size() + end.size() && name.starts_with(begin) && name.ends_with(end);
-    if (fits) files.push_back(entry->path());
-  }
-  std::sort(files.begin(), files.end());
-  return files;
-}
-
-struct PoFile {
-  std::string path;
-  std::string language;
-};
-
-std::vector<PoFile> poFilesOf(const std::string& description) {
-  const Path stem = besideName(description, ".");
-  const Path folder = stem.parent_path();
-  const std::string begin = stem.filename().string();
-  std::vector<PoFile> files;
-  for (const Path& file : filesOf(folder.empty() ? "." : folder, begin, kPoEnding)) {
-    const std::string name = file.filename().string();
-    files.push_back({(folder / name).string(),
-                     name.substr(begin.size(), name.size() - begin.size() - kPoEnding.size())});
-  }
-  return files;
-}
-
 void readPoFiles(const std::string& description, Additions& additions) {
-  for (const PoFile& file : poFilesOf(description)) {
-    PoTexts read = readPoFile(file.path, file.language);
+  for (const NamedFile& file : poFilesOf(description)) {
+    PoTexts read = readPoFile(file.path, file.name);
     additions.texts.push_back(std::move(read.texts));
     additions.problems.insert(additions.problems.end(), read.problems.begin(), read.problems.end());
   }
 }
 
 void readPresetFiles(const std::string& description, Additions& additions) {
-  for (const Path& file : filesOf(besideName(description, ".presets"), "", kSettingsEnding)) {
-    const auto text = readFile(file.string());
+  for (const NamedFile& file : presetFilesOf(description)) {
+    const auto text = readFile(file.path);
     if (!text) {
       note(text.error(), "make it readable, or remove it", additions);
       continue;
     }
-    additions.presets.push_back(
-        {file.stem().string(), "", *text, {file.string(), {}}, {file.string(), {1, 0}}});
+    additions.presets.push_back({file.name, "", *text, {file.path, {}}, {file.path, {1, 0}}});
   }
 }
 
@@ -144,12 +103,8 @@ std::vector<std::string> languagesOf(const Document& document) {
     });
   }
   if (document.path() == kStandardInput) return languages;
-  for (const PoFile& file : poFilesOf(document.path())) add(file.language);
+  for (const NamedFile& file : poFilesOf(document.path())) add(file.name);
   return languages;
-}
-
-std::string besideName(const std::string& description, const std::string& ending) {
-  return Path(description).replace_extension().string() + ending;
 }
 
 Additions readAdditions(const Document& document, unsigned parts) {
@@ -158,7 +113,7 @@ Additions readAdditions(const Document& document, unsigned parts) {
   const std::string& path = document.path();
   if (path == kStandardInput) return additions;
   if ((parts & kRulesPart) != 0) {
-    readRulesFile(besideName(path, std::string(kRulesEnding)), !document.text().empty(), additions);
+    readRulesFile(rulesFileOf(path), !document.text().empty(), additions);
   }
   if ((parts & kTextsPart) != 0) readPoFiles(path, additions);
   if ((parts & kPresetsPart) != 0) readPresetFiles(path, additions);

@@ -34,20 +34,15 @@ struct Additions {
   Problems problems = {};
 };
 
-// Reads what the document has beside its features, and the files beside
-// NAME.xml: NAME.rules.xml, NAME.LANGUAGE.po for each language, and the settings
-// files NAME.presets/PRESET.settings. Of standard input, the document alone. A
-// part that cannot be read is left out and becomes one of the problems. Places
-// have lines, and also columns while the document has its text.
+// Reads what the document has beside its features, and the files beside it
+// (beside_files.h). Of standard input, the document alone. A part that cannot be read is left out
+// and becomes one of the problems. Places have lines, and also columns while the document has its
+// text.
 Additions readAdditions(const Document& document, unsigned parts = kAllParts);
 
 // The languages that the document's texts and the files beside it are in, each
 // once, without reading the texts.
 std::vector<std::string> languagesOf(const Document& document);
-
-// The path of a file beside a description: "office.rules.xml" of "office.xml" and
-// ".rules.xml".
-std::string besideName(const std::string& description, const std::string& ending);
 
 }  // namespace driver_feature::host
 

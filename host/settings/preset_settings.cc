@@ -3,6 +3,7 @@
 #include "host/base/child_process.h"
 #include "host/base/nearest_name.h"
 #include "host/base/text.h"
+#include "host/description/beside_files.h"
 #include "host/settings/settings_file.h"
 #include "host/settings/settings_text.h"
 

@@ -146,11 +146,14 @@ bool hasReports(const std::function<std::string()>& readOutput, int count) {
   return false;
 }
 
-TEST_F(CheckFixTest, Watch_FileIsSavedInPlaceAndByRenaming_ChecksAgainUntilInterrupted) {
-  write("watched.txt", "");
-  const pid_t child = ::fork();
-  ASSERT_NE(child, -1);
-  if (child == 0) {
+// "check --watch" of d.xml, as a child that writes to watched.txt.
+class CheckWatchTest : public CheckFixTest {
+ protected:
+  void start() {
+    write("watched.txt", "");
+    child_ = ::fork();
+    ASSERT_NE(child_, -1);
+    if (child_ != 0) return;
     const bool ready =
         ::chdir(folder().c_str()) == 0 && std::freopen("watched.txt", "w", stdout) != nullptr;
     if (ready) {
@@ -159,20 +162,54 @@ TEST_F(CheckFixTest, Watch_FileIsSavedInPlaceAndByRenaming_ChecksAgainUntilInter
     }
     ::_exit(127);
   }
-  const auto output = [this] { return read("watched.txt"); };
-  EXPECT_TRUE(hasReports(output, 1)) << output();
+
+  std::string output() const { return read("watched.txt"); }
+
+  // Whether so many reports come, and the last one has found nothing.
+  void expectReport(int count, bool isClean) const {
+    EXPECT_TRUE(hasReports([this] { return output(); }, count)) << output();
+    EXPECT_EQ(output().ends_with("1 file checked: 0 errors, 0 warnings\n"), isClean) << output();
+  }
+
+  void TearDown() override {
+    ::kill(child_, SIGINT);
+    int status = 0;
+    ASSERT_EQ(::waitpid(child_, &status, 0), child_);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
+  }
+
+ private:
+  pid_t child_ = -1;
+};
+
+TEST_F(CheckWatchTest, Watch_FileIsSavedInPlaceAndByRenaming_ChecksAgainUntilInterrupted) {
+  start();
+  expectReport(1, false);
   write("d.xml", kMended);
-  EXPECT_TRUE(hasReports(output, 2)) << output();
-  EXPECT_TRUE(output().ends_with("1 file checked: 0 errors, 0 warnings\n"));
+  expectReport(2, true);
   write("other.xml", kFaulty);
   write("new.xml", kFaulty);
   std::filesystem::rename(folder() / "new.xml", folder() / "d.xml");
-  EXPECT_TRUE(hasReports(output, 3)) << output();
-  EXPECT_FALSE(output().ends_with("1 file checked: 0 errors, 0 warnings\n"));
-  ::kill(child, SIGINT);
-  int status = 0;
-  ASSERT_EQ(::waitpid(child, &status, 0), child);
-  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
+  expectReport(3, false);
+}
+
+TEST_F(CheckWatchTest, Watch_FilesBesideComeAndGo_ChecksAgain) {
+  write("d.xml", kMended);
+  start();
+  expectReport(1, true);
+  write("d.rules.xml", "<FeatureRules><Hardware Feature='Unknown'/></FeatureRules>");
+  expectReport(2, false);
+  std::filesystem::remove(folder() / "d.rules.xml");
+  expectReport(3, true);
+  write("d.de.po", "no entry");
+  expectReport(4, false);
+  write("d.de.po", "");
+  expectReport(5, true);
+  std::filesystem::create_directory(folder() / "d.presets");
+  write("d.presets/draft.settings", "Unknown=1\n");
+  expectReport(6, false);
+  write("d.presets/draft.settings", "");
+  expectReport(7, true);
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ constexpr const char* kFooter =
     "changes, in all files or in none. --watch checks again each time a file is saved.\n"
     "\n"
     "Rules, texts, presets and media sizes, in the file or beside it, are checked as\n"
-    "well; findings in a file beside name that file.\n"
+    "well; findings in a file beside name that file, and --watch follows it too.\n"
     "\n"
     "A comment allows a code in the element after it and all that is inside:\n"
     "  <!-- driver-feature: allow DF303: the first tray is always there -->\n"
@@ -122,7 +122,7 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
   const auto request = requestOf(arguments, general);
   if (!request) return host::Failure(request.error());
   if (arguments.has("--watch"))
-    return watchFiles(request->files, [&] { return checkOnce(*request); });
+    return watchDescriptions(request->files, [&] { return checkOnce(*request); });
   if (arguments.has("--fix")) return fixFiles(*request, arguments.has("--write"));
   return checkOnce(*request);
 }

@@ -48,6 +48,7 @@ class LanguageServer {
   // text is wanted again before.
   void noteStart(const std::string& uri) { unchecked_.erase(uri); }
   bool wants(const std::string& uri) const { return unchecked_.contains(uri); }
+  void wantAll();  // All open texts are to be checked again.
   void takeReport(const std::string& uri, host::Result<TextReport> report);
 
   // The libraries of routines that the client has named.

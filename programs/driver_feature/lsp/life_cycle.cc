@@ -88,6 +88,10 @@ void LanguageServer::close(const Json& params) {
                    {{"uri", uri}, {"diagnostics", Json::array()}});
 }
 
+void LanguageServer::wantAll() {
+  for (const auto& [uri, text] : texts_) unchecked_.insert(uri);
+}
+
 std::optional<LanguageServer::Wanted> LanguageServer::wanted() const {
   if (unchecked_.empty()) return std::nullopt;
   const std::string& uri = *unchecked_.begin();

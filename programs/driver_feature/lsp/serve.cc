@@ -6,11 +6,14 @@
 #include <array>
 #include <cerrno>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "host/base/descriptor.h"
+#include "host/base/file_watch.h"
+#include "host/description/beside_files.h"
 #include "programs/driver_feature/lsp/framing.h"
 #include "programs/driver_feature/lsp/language_server.h"
 #include "programs/driver_feature/lsp/text_check.h"
@@ -30,6 +33,7 @@ class Service {
   host::Result<int> run() {
     while (!server_.hasEnded()) {
       const Events events = wait();
+      if (events.files && filesBeside_.takeChanges()) checkAgain();
       if (events.input) {
         host::Result<bool> more = readMessages();
         if (!more) return failureOf(more);
@@ -50,17 +54,19 @@ class Service {
   struct Events {
     bool input = false;
     bool check = false;
+    bool files = false;
   };
 
   // Returns at once when there is something to check.
   Events wait() const {
-    std::array<pollfd, 2> waiting{};
+    std::array<pollfd, 3> waiting{};
     waiting[0] = {input_, POLLIN, 0};
     waiting[1] = {check_ ? check_->pipe() : -1, POLLIN, 0};
+    waiting[2] = {filesBeside_.descriptor(), POLLIN, 0};
     int milliseconds = server_.wanted() ? 0 : -1;
     if (check_) milliseconds = static_cast<int>(check_->timeLeft().count());
     ::poll(waiting.data(), waiting.size(), milliseconds);
-    return {waiting[0].revents != 0, waiting[1].revents != 0};
+    return {waiting[0].revents != 0, waiting[1].revents != 0, waiting[2].revents != 0};
   }
 
   // False at the end of the input.
@@ -79,10 +85,22 @@ class Service {
     return count > 0;
   }
 
+  // A file beside a description has changed.
+  void checkAgain() {
+    server_.wantAll();
+    check_.reset();
+  }
+
+  // What cannot be watched is checked when the text changes.
+  void watch(const std::string& path) {
+    if (watched_.insert(path).second) (void)host::watchBeside(path, filesBeside_);
+  }
+
   void startCheck() {
     const auto wanted = server_.wanted();
     if (!wanted) return;
     server_.noteStart(wanted->uri);
+    watch(pathOf(wanted->uri));
     host::SessionRequest request = general_;
     for (const std::string& library : server_.routineLibraries()) {
       request.routines.push_back(library);
@@ -111,6 +129,8 @@ class Service {
   MessageReader reader_;
   std::optional<TextCheck> check_;
   std::string checked_;  // Its text.
+  host::FileWatch filesBeside_;
+  std::set<std::string> watched_;  // The descriptions whose files are.
 };
 
 }  // namespace

@@ -9,7 +9,8 @@ namespace driver_feature::cli {
 
 // Reads messages from `input` and writes to `output`, until the client ends the
 // server or closes one of them. A text is checked when no message waits to be
-// read; a check whose text changes meanwhile is given up. Returns the exit status
+// read, and again when a file beside it changes; a check whose text changes
+// meanwhile is given up. Returns the exit status
 // that the protocol asks for. Problems: what comes is not the protocol; it cannot
 // be written.
 host::Result<int> serveLanguage(int input, int output, const host::SessionRequest& general);

@@ -8,6 +8,9 @@
 #include <array>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <optional>
 #include <string>
 
@@ -72,7 +75,7 @@ class ServeTest : public testing::Test {
     send("initialize", Json::object(), 1);
     receive();
     send("textDocument/didOpen",
-         {{"textDocument", {{"uri", "u"}, {"version", 1}, {"text", text}}}});
+         {{"textDocument", {{"uri", uri_}, {"version", 1}, {"text", text}}}});
   }
   void change(const std::string& text) {
     send("textDocument/didChange", {{"textDocument", {{"uri", "u"}, {"version", 2}}},
@@ -104,6 +107,7 @@ class ServeTest : public testing::Test {
     client_ = -1;
   }
 
+  std::string uri_ = "u";
   int client_ = -1;
   std::optional<host::ChildProcess> server_;
   MessageReader reader_;
@@ -182,6 +186,20 @@ TEST_F(ServeTest, Serve_ChangesWhileACheckRuns_PublishTheLastText) {
   for (int i = 0; i < 22 && !last.empty(); ++i) last = diagnostics();
   EXPECT_EQ(last, "");
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(9));
+}
+
+TEST_F(ServeTest, Serve_FileBesideTheDescriptionComesAndGoes_ChecksAgain) {
+  std::string folder = (std::filesystem::temp_directory_path() / "lsp-XXXXXX").string();
+  ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+  uri_ = "file://" + folder + "/d.xml";
+  start();
+  open(description("<Feature FeatureType='IntEntry' Name='a'/>"));
+  EXPECT_EQ(diagnostics(), "");
+  const std::string rules = folder + "/d.rules.xml";
+  std::ofstream(rules) << "<FeatureRules><Hardware Feature='Unknown'/></FeatureRules>";
+  EXPECT_EQ(diagnostics(), "0:0 DF723");
+  std::filesystem::remove_all(folder);
+  EXPECT_EQ(diagnostics(), "");
 }
 
 TEST_F(ServeTest, Serve_ClientThatNeverBegins_EndsWithZero) {
