@@ -37,8 +37,8 @@ Code codeOf(const std::string& cause) {
 
 using Rule = void (*)(const AdditionSubject& subject, Findings& findings);
 
-constexpr Rule kRules[] = {&checkReading,      &checkRules,   &checkHardware,
-                           &checkTranslations, &checkPresets, &checkMedia};
+constexpr Rule kRules[] = {&checkReading, &checkRules,  &checkHardware, &checkTranslations,
+                           &checkPresets, &checkPanels, &checkMedia};
 
 }  // namespace
 

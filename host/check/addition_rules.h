@@ -48,6 +48,7 @@ void checkRules(const AdditionSubject& subject, Findings& findings);
 void checkHardware(const AdditionSubject& subject, Findings& findings);
 void checkTranslations(const AdditionSubject& subject, Findings& findings);
 void checkPresets(const AdditionSubject& subject, Findings& findings);
+void checkPanels(const AdditionSubject& subject, Findings& findings);
 void checkMedia(const AdditionSubject& subject, Findings& findings);
 
 // All of them.

@@ -285,7 +285,7 @@ constexpr CodeRow kCodes[] = {
     {Code::kMissingTexts, kWarning, "DF744", "A language lacks texts that another one has."},
     {Code::kIncompleteLanguage, kError, "DF745",
      "The language that --language names lacks texts for features that people see, their options, "
-     "rules or presets."},
+     "rules, presets or panels."},
 
     // Presets.
     {Code::kRepeatedPreset, kError, "DF751",
@@ -304,6 +304,13 @@ constexpr CodeRow kCodes[] = {
     {Code::kImpossibleSize, kError, "DF762",
      "A width or height of a medium is not above zero, or its margins leave nothing to print on."},
     {Code::kRepeatedSize, kError, "DF763", "An option has two sizes."},
+
+    // Panels.
+    {Code::kUnknownMember, kError, "DF771", "A panel has a feature that does not exist."},
+    {Code::kRepeatedMember, kWarning, "DF772",
+     "A feature is in a panel already. It is shown in the first one."},
+    {Code::kRepeatedPanel, kError, "DF773",
+     "Two panels have the same name, so that texts and programs cannot tell them apart."},
 
     // Routines.
     {Code::kNoUpdateRoutine, kError, "DF801",

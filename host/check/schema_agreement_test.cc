@@ -281,6 +281,10 @@ Node additions() {
            {"FeatureRules", {}, {{"Hardware", {{"Feature", "f"}}, {}, ""}, rule}, ""},
            {"FeatureTexts", {{"Language", "de"}}, {{"Text", {{"For", "f"}}, {}, "t"}}, ""},
            {"FeaturePresets", {}, {{"Preset", {{"Name", "p"}}, {}, "A=1"}}, ""},
+           {"FeaturePanels",
+            {},
+            {{"Panel", {{"Name", "p"}}, {{"Member", {{"Feature", "f"}}, {}, ""}}, ""}},
+            ""},
            {"FeatureMedia", {{"Feature", "f"}, {"Default", "x"}}, {size}, ""}},
           ""};
 }

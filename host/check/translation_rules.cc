@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::string_view kRulePrefix = "rule:";
 constexpr std::string_view kPresetPrefix = "preset:";
+constexpr std::string_view kPanelPrefix = "panel:";
 
 std::vector<std::string> ruleKeys(const AdditionSubject& subject) {
   std::vector<std::string> keys;
@@ -26,6 +27,14 @@ std::vector<std::string> presetKeys(const AdditionSubject& subject) {
   std::vector<std::string> keys;
   for (const host::Preset& preset : subject.additions.presets) {
     keys.push_back(host::presetKey(preset.name));
+  }
+  return keys;
+}
+
+std::vector<std::string> panelKeys(const AdditionSubject& subject) {
+  std::vector<std::string> keys;
+  for (const host::Panel& panel : subject.additions.panels) {
+    keys.push_back(host::panelKey(panel.name));
   }
   return keys;
 }
@@ -49,6 +58,7 @@ std::set<std::string> allKeys(const AdditionSubject& subject) {
   }
   add(keys, ruleKeys(subject));
   add(keys, presetKeys(subject));
+  add(keys, panelKeys(subject));
   return keys;
 }
 
@@ -61,7 +71,7 @@ std::vector<std::string> wantedKeys(const AdditionSubject& subject) {
     const std::vector<std::string> options = optionKeys(name, row);
     keys.insert(keys.end(), options.begin(), options.end());
   }
-  for (const auto& more : {ruleKeys(subject), presetKeys(subject)}) {
+  for (const auto& more : {ruleKeys(subject), presetKeys(subject), panelKeys(subject)}) {
     keys.insert(keys.end(), more.begin(), more.end());
   }
   return keys;
@@ -71,6 +81,7 @@ std::vector<std::string> wantedKeys(const AdditionSubject& subject) {
 std::vector<std::string> keysLike(const AdditionSubject& subject, const std::string& key) {
   if (key.starts_with(kRulePrefix)) return ruleKeys(subject);
   if (key.starts_with(kPresetPrefix)) return presetKeys(subject);
+  if (key.starts_with(kPanelPrefix)) return panelKeys(subject);
   for (std::size_t dot = key.find('.'); dot != std::string::npos; dot = key.find('.', dot + 1)) {
     const std::string name = key.substr(0, dot);
     if (const FeatureRow* row = subject.features.find(name)) return optionKeys(name, *row);
@@ -88,8 +99,9 @@ void checkTexts(const AdditionSubject& subject, const host::TextsOfLanguage& lan
     if (!keys.contains(text.key)) {
       findings.push_back(findingAt(
           subject, Code::kTextForNothing, text.place, "there is nothing with the key " + key,
-          didYouMean(text.key, keysLike(subject, text.key),
-                     "give a feature or group, FEATURE.OPTION, rule:ID or preset:NAME")));
+          didYouMean(
+              text.key, keysLike(subject, text.key),
+              "give a feature or group, FEATURE.OPTION, rule:ID, preset:NAME or panel:NAME")));
     } else if (!known.insert(text.key).second) {
       findings.push_back(findingAt(subject, Code::kRepeatedText, text.place,
                                    "there is a text for " + key + " in this language already",
@@ -116,6 +128,9 @@ void addOwnTexts(const AdditionSubject& subject, std::map<std::string, Language>
   }
   for (const host::Preset& preset : subject.additions.presets) {
     if (!preset.text.empty()) keys.insert(host::presetKey(preset.name));
+  }
+  for (const host::Panel& panel : subject.additions.panels) {
+    if (!panel.text.empty()) keys.insert(host::panelKey(panel.name));
   }
 }
 

@@ -35,6 +35,7 @@ class AdditionReader {
   void readRules(void* element);
   void readTexts(void* element);
   void readPresets(void* element);
+  void readPanels(void* element);
   void readMedia(void* element);
 
   // A root that cannot be read.
@@ -60,6 +61,7 @@ class AdditionReader {
   bool readChoices(void* element, Condition& condition);
   void readText(void* element, TextsOfLanguage& language);
   void readPreset(void* element);
+  void readPanel(void* element);
   void readSize(void* element);
   void refuseChild(void* child, void* parent, const std::vector<std::string>& names);
   void refuseChildren(void* element);

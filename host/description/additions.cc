@@ -26,6 +26,7 @@ constexpr PartRow kPartRows[] = {
     {"FeatureRules", kRulesPart, &AdditionReader::readRules},
     {"FeatureTexts", kTextsPart, &AdditionReader::readTexts},
     {"FeaturePresets", kPresetsPart, &AdditionReader::readPresets},
+    {"FeaturePanels", kPanelsPart, &AdditionReader::readPanels},
     {"FeatureMedia", kMediaPart, &AdditionReader::readMedia},
 };
 

@@ -1,4 +1,4 @@
-// What a description has beside its features: rules, texts, presets and media sizes, in
+// What a description has beside its features: rules, texts, presets, panels and media sizes, in
 // the description's own file under a common root, or in files beside it.
 #ifndef HOST_DESCRIPTION_ADDITIONS_H_
 #define HOST_DESCRIPTION_ADDITIONS_H_
@@ -9,6 +9,7 @@
 #include "host/base/result.h"
 #include "host/description/document.h"
 #include "host/description/media_sizes.h"
+#include "host/description/panels.h"
 #include "host/description/presets.h"
 #include "host/description/rules.h"
 #include "host/description/texts.h"
@@ -21,13 +22,15 @@ enum AdditionPart : unsigned {
   kTextsPart = 2,
   kPresetsPart = 4,
   kMediaPart = 8,
-  kAllParts = 15,
+  kPanelsPart = 16,
+  kAllParts = 31,
 };
 
 struct Additions {
   Rules rules;
   std::vector<TextsOfLanguage> texts;  // In the order of the description, then by file name.
   std::vector<Preset> presets;         // The same.
+  std::vector<Panel> panels;           // In the order of the description.
   MediaSizes media;
   // What could not be read, and was left out. A rule is left out as a whole: with
   // a condition less it would forbid more.

@@ -62,6 +62,12 @@ std::string shown(const Additions& additions) {
     text += shown(preset.place) + " preset " + preset.name + " \"" + preset.text + "\" " +
             shown(preset.settingsPlace) + " [" + preset.settings + "]\n";
   }
+  for (const Panel& panel : additions.panels) {
+    text += shown(panel.place) + " panel " + panel.name + " \"" + panel.text + "\"\n";
+    for (const PanelMember& member : panel.members) {
+      text += "  " + shown(member.place) + " " + member.feature + "\n";
+    }
+  }
   if (!additions.media.feature.empty()) {
     text += shown(additions.media.place) + " media " + additions.media.feature + "\n";
   }
@@ -142,6 +148,16 @@ TEST_F(AdditionsTest, Read_TextsPresetsAndMedia_AllForms) {
       "  office.xml:13:36 A4 210 297.5 1 2 3 4\n");
 }
 
+TEST_F(AdditionsTest, Read_Panels_AreInTheirOrder) {
+  EXPECT_EQ(read("<FeaturePanels>\n <Panel Name='Finishing' Text='Finishing options'>\n"
+                 "  <Member Feature='Staple'/><Member\n Feature='Fold'/></Panel>\n"
+                 "</FeaturePanels><FeaturePanels><Panel Name='Empty'/></FeaturePanels>"),
+            "office.xml:3:9 panel Finishing \"Finishing options\"\n"
+            "  office.xml:4:11 Staple\n"
+            "  office.xml:5:2 Fold\n"
+            "office.xml:6:39 panel Empty \"\"\n");
+}
+
 TEST_F(AdditionsTest, Read_TextIsDropped_PlacesAreLines) {
   auto document = Document::ofText("office.xml",
                                    wrapped("<FeatureRules><Hardware\n Feature='U'/>"
@@ -216,6 +232,14 @@ constexpr FaultRow kFaultRows[] = {
      "office.xml:2:29 <Text> has no For; give For (missing attribute)"},
     {"<FeaturePresets><Preset Text='a'>A=1</Preset></FeaturePresets>",
      "2:17 <Preset> has no Name; give Name (missing attribute)"},
+    {"<FeaturePanels><Pannel Name='a'/></FeaturePanels>",
+     "2:16 <FeaturePanels> cannot have an element <Pannel>; did you mean \"Panel\"? (unknown "
+     "element)"},
+    {"<FeaturePanels><Panel><Member Feature='A'/></Panel></FeaturePanels>",
+     "2:16 <Panel> has no Name; give Name (missing attribute)"},
+    {"<FeaturePanels><Panel Name='a'><Member Name='A'/></Panel></FeaturePanels>",
+     "2:40 <Member> has no attribute \"Name\"; use Feature, or remove it (unknown attribute)\n"
+     "office.xml:2:32 <Member> has no Feature; give Feature (missing attribute)"},
     {"<FeatureMedia Feature='A'/><FeatureMedia Feature='B'/>",
      "2:28 a second feature, \"B\", chooses the page size beside \"A\"; give the sizes of one "
      "feature (second feature of media)"},

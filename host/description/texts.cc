@@ -41,6 +41,10 @@ std::string presetKey(const std::string& name) {
   return "preset:" + name;
 }
 
+std::string panelKey(const std::string& name) {
+  return "panel:" + name;
+}
+
 TextLookUp::TextLookUp(const std::vector<TextsOfLanguage>& languages, const std::string& language) {
   if (languages.empty()) return;
   const auto add = [&](const std::string& wanted) {

@@ -11,7 +11,7 @@
 namespace driver_feature::host {
 
 // A text, and the thing that it is for: "Duplex" for a feature or a group,
-// "Duplex.None" for an option, "rule:ID" and "preset:NAME".
+// "Duplex.None" for an option, "rule:ID", "preset:NAME" and "panel:NAME".
 struct Text {
   std::string key;
   std::string text;
@@ -24,11 +24,12 @@ struct TextsOfLanguage {
   SourcePlace place = {};
 };
 
-// The key of an option's text, of a rule's and of a preset's. Those of features
+// The key of an option's text, of a rule's, of a preset's and of a panel's. Those of features
 // and groups are their names.
 std::string optionKey(const std::string& feature, const std::string& option);
 std::string ruleKey(const std::string& id);
 std::string presetKey(const std::string& name);
+std::string panelKey(const std::string& name);
 
 // The texts of one language, and of those that stand in for it: first the
 // language without its region, then the first language of the description.

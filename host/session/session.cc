@@ -52,6 +52,7 @@ const Additions& Session::additions(unsigned parts) const {
   if ((missing & kRulesPart) != 0) additions_.rules = std::move(read.rules);
   if ((missing & kTextsPart) != 0) additions_.texts = std::move(read.texts);
   if ((missing & kPresetsPart) != 0) additions_.presets = std::move(read.presets);
+  if ((missing & kPanelsPart) != 0) additions_.panels = std::move(read.panels);
   if ((missing & kMediaPart) != 0) additions_.media = std::move(read.media);
   for (Problem& problem : read.problems) additions_.problems.push_back(std::move(problem));
   return additions_;

@@ -204,6 +204,16 @@ const std::vector<CheckRow>& combinationRows() {
         "<Size Option='A3' Width='0' Height='1'/>",
         "<Size Option='B5' Width='9' Height='9' TopMargin='5' BottomMargin='4'/>",
         "</FeatureMedia>"}},
+      {"panels",
+       kFeatures,
+       "@:11:9: error: panel \"a\" has a feature \"Dupex\" that does not exist; did you mean "
+       "\"Duplex\"? [DF771]\n"
+       "@:12:8: error: there is a panel \"a\" already; give each panel a name of its own [DF773]\n"
+       "@:13:9: warning: feature \"Size\" is in a panel already; remove it from one of the two "
+       "places [DF772]\n",
+       {"<FeaturePanels><Panel Name='a'><Member Feature='Size'/>",
+        "<Member Feature='Dupex'/></Panel>", "<Panel Name='a'>",
+        "<Member Feature='Size'/></Panel></FeaturePanels>"}},
       {"margin below zero",
        kFeatures,
        "@:10:36: error: the size of option \"A3\" has a margin below zero; give lengths in "
@@ -223,14 +233,17 @@ const std::vector<CheckRow>& translationRows() {
         "<FeaturePresets><Preset Name='p'>Size=A3</Preset></FeaturePresets>",
         "<FeatureTexts Language='en'><Text For='Duplex'>D</Text><Text For='Duplex.None'>N</Text>",
         "<Text For='Job'>J</Text><Text For='Jobs'>J</Text><Text For='Number'>N</Text>",
-        "<Text For='rule:a'>R</Text><Text For='preset:p'>P</Text></FeatureTexts>"}},
+        "<Text For='rule:a'>R</Text><Text For='preset:p'>P</Text>",
+        "<Text For='panel:a'>A</Text></FeatureTexts>",
+        "<FeaturePanels><Panel Name='a'><Member Feature='Duplex'/></Panel></FeaturePanels>"}},
       {"texts in attributes are in the first language",
        kFeatures,
-       "@:12:15: warning: language \"de\" lacks 1 of 3 texts: preset:p; add them, or leave them to "
-       "the first language [DF744]\n",
+       "@:12:15: warning: language \"de\" lacks 2 of 4 texts: panel:t, preset:p; add them, or "
+       "leave them to the first language [DF744]\n",
        {"<FeatureRules><Never Id='a' Text='A'>" + kFine +
             "</Never></FeatureRules><FeaturePresets>"
-            "<Preset Name='p' Text='P'>Size=A3</Preset></FeaturePresets>",
+            "<Preset Name='p' Text='P'>Size=A3</Preset></FeaturePresets>"
+            "<FeaturePanels><Panel Name='t' Text='T'/></FeaturePanels>",
         "<FeatureTexts Language='en'><Text For='Size'>S</Text></FeatureTexts>",
         "<FeatureTexts Language='de'><Text For='Size'>S</Text><Text For='rule:a'>A</Text>"
         "</FeatureTexts>"}},
@@ -241,7 +254,7 @@ const std::vector<CheckRow>& translationRows() {
        "\"Duplex.None\"? "
        "[DF741]\n"
        "@:12:7: error: there is nothing with the key \"rule:a\"; give a feature or group, "
-       "FEATURE.OPTION, rule:ID or preset:NAME [DF741]\n",
+       "FEATURE.OPTION, rule:ID, preset:NAME or panel:NAME [DF741]\n",
        {"<FeatureTexts Language='en'><Text For='Dupex'>x</Text>",
         "<Text For='Duplex.Nune'>x</Text>", "<Text For='rule:a'>x</Text></FeatureTexts>"}},
       {"texts that do not count",

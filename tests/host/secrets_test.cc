@@ -132,6 +132,28 @@ TEST_F(SecretsTest, Try_SecretValue_ShowsThatItHasChanged) {
                                                                "Pin   ****    ****     ****\n"));
 }
 
+TEST_F(SecretsTest, ShowSecrets_ShowAndTry_ShowEveryValue) {
+  const std::vector<std::string> given = {"-o",   "Pin=4711",  "--records",
+                                          "Jobs", "jobs.json", "--show-secrets"};
+  for (const std::vector<std::string>& command :
+       std::vector<std::vector<std::string>>{{"show", "office.xml"},
+                                             {"show", "office.xml", "--json"},
+                                             {"show", "office.xml", "Pin"},
+                                             {"show", "office.xml", "Pin", "--json"},
+                                             {"show", "office.xml", "Jobs"},
+                                             {"show", "office.xml", "Jobs", "--json"}}) {
+    std::vector<std::string> arguments = command;
+    arguments.insert(arguments.end(), given.begin(), given.end());
+    const RunResult result = run(arguments);
+    EXPECT_EQ(result.output.find("****"), std::string::npos) << result.output;
+    const bool isGroup = command[2 % command.size()] == "Jobs";
+    EXPECT_NE(result.output.find(isGroup ? "secret" : "4711"), std::string::npos) << result.output;
+  }
+  EXPECT_EQ(run({"try", "office.xml", "-o", "Pin=1", "--show-secrets"}),
+            success("NAME  BEFORE  CHANGED  RESTORED\n"
+                    "Pin   \"0000\"  \"1\"      \"0000\"\n"));
+}
+
 TEST_F(SecretsTest, Diff_SecretValues_AreSeenToDifferAndNotShown) {
   write("a.conf", "Pin=4711\n[Jobs]\nCode=secret\n");
   write("b.conf", "Pin=4712\n[Jobs]\nCode=secret\n[Jobs]\nCode=\n");

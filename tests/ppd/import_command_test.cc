@@ -164,7 +164,8 @@ TEST_F(ImportCommandTest, Import_SeveralFiles_EachHasItsOwn) {
 std::string lossyPpd() {
   std::string ppd = std::string(kSmall) + "*NickName: \"A\"\n*ModelName: \"A\"\n";
   ppd +=
-      lostConstraint() + "*cupsUIConstraints X: \"*Duplex Off *One *Two\"\n*OpenGroup: G/Texts\n";
+      lostConstraint() + "*cupsUIConstraints X: \"*Duplex Off *One *Two\"\n*OpenGroup: G/Texts\n"
+                         "*de.Translation Nothing/Nichts: \"\"\n";
   ppd += "*OpenUI *Tray/Paper source: PickOne\n*Tray A: \"\"\n";
   for (int i = 0; i < 8; ++i) ppd += "*Tray {" + std::to_string(i) + ": \"\"\n";
   return ppd + "*CloseUI: *Tray\n*CloseGroup: G\n";
@@ -200,7 +201,7 @@ TEST_F(ImportCommandTest, Import_OneFileVerbosely_NamesEveryLoss) {
                            "it",
                            "constraint *One *Two: it would take more than 1000 rules",
                            "constraint *Duplex Off *One *Two: it would take more than 1000 rules",
-                           "texts for users: *OpenGroup", "keywords: *NickName, *ModelName"}) {
+                           "texts for users: *de.Translation", "keywords: *NickName, *ModelName"}) {
     EXPECT_THAT(result.errors,
                 HasSubstr(std::string("driver-feature: a.ppd: not carried over: ") + line + "\n"));
   }
@@ -229,7 +230,8 @@ TEST_F(ImportCommandTest, Import_StrictlyWithLosses_WritesNothingAndEndsWithThre
 TEST_F(ImportCommandTest, Import_StrictlyWithTextsAndKeywordsAlone_Succeeds) {
   write("a.ppd",
         std::string(kSmall) +
-            "*NickName: \"A\"\n*UIConstraints: *Duplex *Lid\n*UIConstraints: *Tray B *Duplex\n"
+            "*NickName: \"A\"\n*de.Translation Nothing/Nichts: \"\"\n"
+            "*UIConstraints: *Duplex *Lid\n*UIConstraints: *Tray B *Duplex\n"
             "*OpenGroup: G/Texts\n*OpenUI *Tray/Paper source: PickOne\n"
             "*DefaultTray: A\n*Tray A: \"\"\n*Tray B: \"\"\n*CloseUI: *Tray\n"
             "*CloseGroup: G\n");

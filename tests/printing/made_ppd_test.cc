@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 
 #include <memory>
+#include <sstream>
+#include <string>
 
 #include "printing/queue_fixture.h"
 
@@ -13,7 +15,13 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-class MadePpdTest : public QueueCommandTest {};
+class MadePpdTest : public QueueCommandTest {
+ protected:
+  static std::string yesNo(const std::string& name) {
+    return feature("MultiSelect", name, "DefaultValue='No'",
+                   "<Option Name='No'/><Option Name='Yes'/>");
+  }
+};
 
 TEST_F(MadePpdTest, NoPpd_MakesOneOfTheFeatures) {
   describe("small.xml",
@@ -62,6 +70,71 @@ TEST_F(MadePpdTest, NoPpd_MakesOneOfTheFeatures) {
             "*OpenUI *Weight: PickOne\n*OrderDependency: 10 AnySetup *Weight\n*DefaultWeight: 80\n"
             "*Weight 80: \"\"\n*CloseUI: *Weight\n*CustomWeight True: \"\"\n"
             "*ParamCustomWeight Value: 1 int 60 220\n");
+}
+
+// The lines of groups and options.
+std::string frameOf(const std::string& ppd) {
+  std::string frame;
+  std::istringstream lines(ppd);
+  for (std::string line; std::getline(lines, line);) {
+    const bool isFrame = line.starts_with("*OpenGroup") || line.starts_with("*CloseGroup") ||
+                         line.starts_with("*OpenUI") || line.find(".Translation") == 3;
+    if (isFrame) frame += line + "\n";
+  }
+  return frame;
+}
+
+TEST_F(MadePpdTest, Panels_AreGroups) {
+  describe("small.xml", {feature("MultiSelect", "PageSize", "DefaultValue='A4'",
+                                 "<Option Name='A4'/><Option Name='A5'/>"),
+                         yesNo("Fold"), yesNo("Staple"), yesNo("Unit"), yesNo("Other")});
+  write("small.xml",
+        "<Driver>" + read("small.xml") +
+            "<FeatureRules><Hardware Feature='Unit'/></FeatureRules><FeaturePanels>"
+            "<Panel Name='Paper'><Member Feature='PageSize'/></Panel>"
+            "<Panel Name='Empty'/><Panel Name='Two words'><Member Feature='Other'/></Panel>"
+            "<Panel Name='Finishing' Text='Finishing: all'><Member Feature='Unit'/>"
+            "<Member Feature='Staple'/><Member Feature='Fold'/></Panel>"
+            "<Panel Name='Late'><Member Feature='Fold'/></Panel></FeaturePanels>"
+            "<FeatureTexts Language='en'><Text For='panel:Paper'>Sheets</Text></FeatureTexts>"
+            "<FeatureTexts Language='de'><Text For='panel:Paper'>Papier</Text></FeatureTexts>"
+            "</Driver>");
+  const RunResult result = queue({"small.xml"});
+  EXPECT_EQ(result.errors,
+            "driver-feature: not in the PPD: panel Two words: a PPD cannot have this name\n");
+  EXPECT_EQ(frameOf(result.output),
+            "*OpenUI *Other: PickOne\n"
+            "*OpenGroup: Paper/Sheets\n*OpenUI *PageSize: PickOne\n"
+            "*OpenUI *PageRegion: PickOne\n*CloseGroup: Paper\n"
+            "*OpenGroup: Finishing/Finishing<3A> all\n*OpenUI *Staple: PickOne\n"
+            "*OpenUI *Fold: PickOne\n*CloseGroup: Finishing\n"
+            "*OpenGroup: InstallableOptions/Installable Options\n*OpenUI *Unit: PickOne\n"
+            "*CloseGroup: InstallableOptions\n*de.Translation Paper/Papier: \"\"\n");
+}
+
+TEST_F(MadePpdTest, GroupsOfAnImportedPpd_ComeBack) {
+  const std::string groups =
+      "*OpenGroup: Finishing/Finish it\n*OpenUI *Staple: PickOne\n*CloseGroup: Finishing\n"
+      "*OpenGroup: InstallableOptions/Units\n*OpenUI *Unit: PickOne\n"
+      "*CloseGroup: InstallableOptions\n"
+      "*de.Translation Finishing/Fertigstellen: \"\"\n"
+      "*de.Translation InstallableOptions/Einheiten: \"\"\n";
+  std::string ppd = "*PPD-Adobe: \"4.3\"\n";
+  std::istringstream lines(groups);
+  for (std::string line; std::getline(lines, line);) {
+    ppd += line + "\n";
+    if (!line.starts_with("*OpenUI *")) continue;
+    const std::string name = line.substr(9, line.find(':') - 9);
+    ppd += "*Default" + name + ": A\n*" + name + " A: \"\"\n*" + name + " B: \"x\"\n*CloseUI: *" +
+           name + "\n";
+  }
+  write("in.ppd", ppd);
+  command({"import", "in.ppd", "--output", "in.xml"});
+  EXPECT_THAT(read("in.xml"), HasSubstr("<Panel Name=\"Finishing\">\n"
+                                        "      <Member Feature=\"Staple\"/>\n    </Panel>\n"));
+  command({"check", "in.xml", "--strict"});
+  const RunResult result = queue({"in.xml"});
+  EXPECT_THAT(frameOf(result.output), HasSubstr(groups));
 }
 
 TEST_F(MadePpdTest, NamesThatDifferInCaseOnly_SecondIsNamed) {

@@ -5,8 +5,8 @@
 //
 // Each line of PAIRS holds the path of a printer's PPD, a tab, and the path of
 // the queue's. Compared are, for each choice that both have, made alone after the
-// defaults, the options that it conflicts with; and the texts of options and
-// choices in no language and in each that the printer's has. A line of output for
+// defaults, the options that it conflicts with; and the texts of groups, options
+// and choices in no language and in each that the printer's has. A line of output for
 // each pair with a difference names the PPD, the number and the first of them; the
 // last line holds the figures. The exit status is 1 when there was a difference or
 // a PPD that cannot be read.
@@ -141,6 +141,21 @@ bool isUtf8(const std::string& text) {
   return true;
 }
 
+const ppd_group_t* groupOf(ppd_file_t& ppd, const std::string& keyword) {
+  const ppd_option_t* option = ppdFindOption(&ppd, keyword.c_str());
+  for (int i = 0; option != nullptr && i < ppd.num_groups; ++i) {
+    const ppd_group_t& group = ppd.groups[i];
+    const ppd_option_t* const end = group.options + group.num_options;
+    if (option >= group.options && option < end) return &group;
+  }
+  return nullptr;
+}
+
+bool isOfLibcups(const ppd_group_t& group) {
+  const std::string name = group.name;
+  return (name == "General" || name == "JCL") && name == group.text;
+}
+
 void compareTexts(ppd_file_t& printer, ppd_file_t& queue, const std::string& language,
                   Figures& figures, Differences& differences) {
   const auto compare = [&](const std::string& what, const char* expected, const char* actual) {
@@ -157,6 +172,15 @@ void compareTexts(ppd_file_t& printer, ppd_file_t& queue, const std::string& lan
     const ppd_option_t* other = ppdFindOption(&printer, option.keyword);
     if (other != nullptr) compare(option.keyword, other->text, option.text);
   });
+  for (int i = 0; i < queue.num_groups; ++i) {
+    for (int j = 0; j < queue.groups[i].num_options; ++j) {
+      const char* keyword = queue.groups[i].options[j].keyword;
+      const ppd_group_t* group = groupOf(printer, keyword);
+      // Options outside of the others have a group of libcups.
+      if (group == nullptr || isOfLibcups(*group)) continue;
+      compare(std::string("the group of ") + keyword, group->text, queue.groups[i].text);
+    }
+  }
   forEachChoice(printer, queue, [&](ppd_choice_t& choice, ppd_choice_t& other) {
     compare(std::string(choice.option->keyword) + " " + choice.choice, other.text, choice.text);
   });

@@ -11,6 +11,7 @@
 #include "host/ppd/import/keyword_losses.h"
 #include "host/ppd/import/media_import.h"
 #include "host/ppd/import/option_import.h"
+#include "host/ppd/import/panel_import.h"
 #include "host/ppd/import/rules.h"
 #include "host/ppd/import/text_import.h"
 #include "host/ppd/ppd_file.h"
@@ -121,7 +122,10 @@ ImportedElement documentOf(ImportState& state, const std::string& path) {
   if (auto media = mediaElement(state.ppd, names, state.losses)) {
     document.children.push_back(std::move(*media));
   }
-  for (const auto& texts : textsOf(state.ppd, ppdBytes(path), names, state.losses)) {
+  const std::string bytes = ppdBytes(path);
+  const std::vector<host::Panel> panels = panelsOf(state.ppd, bytes, names);
+  if (!panels.empty()) document.children.push_back(panelsElement(panels));
+  for (const auto& texts : textsOf(state.ppd, bytes, names, panels, state.losses)) {
     document.children.push_back(textsElement(texts));
   }
   return document;

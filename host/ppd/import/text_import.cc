@@ -68,10 +68,11 @@ class TextImport {
 
   // First: of a language's texts for the same key, the first one counts.
   void add(const Translation& translation) {
-    const auto key = keys_.find(placeOf(translation.keyword, translation.spec));
-    if (key != keys_.end()) {
+    const auto [first, last] = keys_.equal_range(placeOf(translation.keyword, translation.spec));
+    for (auto key = first; key != last; ++key) {
       languageNamed(translation.language).texts.push_back({key->second, translation.text});
-    } else {
+    }
+    if (first == last) {
       const bool isText = equalKeywords(translation.keyword, "Translation");
       losses_.note(isText ? LossKind::kText : LossKind::kKeyword,
                    "*" + translation.language + "." + translation.keyword);
@@ -89,6 +90,11 @@ class TextImport {
     }
     for (ppd_choice_t* choice : choicesOf(option)) addChoice(option, *choice);
     addParameters(keyword);
+  }
+
+  void addPanel(const host::Panel& panel) {
+    addOwn(placeOf("Translation", panel.name), host::panelKey(panel.name), panel.name,
+           panel.text.c_str());
   }
 
   void addOwnTexts() {
@@ -172,28 +178,23 @@ class TextImport {
   Losses& losses_;
   std::vector<std::string> keyNames_;
   std::unordered_set<std::string> known_;
-  std::unordered_map<std::string, std::size_t> keys_;    // By their places in the file.
+  // By their places in the file. An option and its group may have the same.
+  std::unordered_multimap<std::string, std::size_t> keys_;
   std::vector<Own> own_;                                 // The texts in the file's own language.
   std::vector<Language> languages_;                      // The file's own first.
   std::unordered_map<std::string, std::size_t> places_;  // Of the languages, by their tags.
 };
 
-void noteGroups(const ppd_file_t& ppd, Losses& losses) {
-  for (int i = 0; i < ppd.num_groups; ++i) {
-    const ppd_group_t& group = ppd.groups[i];
-    if (std::string_view(group.name) != group.text) losses.note(LossKind::kText, "*OpenGroup");
-  }
-}
-
 }  // namespace
 
 std::vector<host::TextsOfLanguage> textsOf(ppd_file_t& ppd, std::string_view bytes,
-                                           const ImportedNames& names, Losses& losses) {
+                                           const ImportedNames& names,
+                                           const std::vector<host::Panel>& panels, Losses& losses) {
   TextImport import(ppd, names, losses);
   for (ppd_option_t* option : optionsOf(ppd)) import.addOption(*option);
+  for (const host::Panel& panel : panels) import.addPanel(panel);
   for (const Translation& translation : translationsOf(bytes)) import.add(translation);
   import.addOwnTexts();
-  noteGroups(ppd, losses);
   return import.take();
 }
 

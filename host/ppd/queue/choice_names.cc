@@ -94,6 +94,11 @@ std::string obstacleOf(const std::optional<std::string>& name) {
 
 }  // namespace
 
+bool hasName(const std::vector<NamedChoice>& choices, const std::string& name) {
+  return std::any_of(choices.begin(), choices.end(),
+                     [&name](const NamedChoice& choice) { return choice.name == name; });
+}
+
 bool hasFixedNames(const std::string& feature) {
   return feature == kDuplex || feature == "Resolution" || feature == "JCLResolution" ||
          feature == "SetResolution";

@@ -20,6 +20,8 @@ struct NamedChoice {
   std::string option;  // In the description.
 };
 
+bool hasName(const std::vector<NamedChoice>& choices, const std::string& name);
+
 // Whether a PPD gives the choices of this option their names: those of Duplex
 // are None, DuplexNoTumble, DuplexTumble and SimplexTumble, those of a
 // resolution such as 600dpi or 600x300dpi.

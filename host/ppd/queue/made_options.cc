@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <optional>
 #include <utility>
 
 #include "host/base/text.h"
@@ -14,21 +13,8 @@ namespace driver_feature::ppd {
 
 namespace {
 
-constexpr const char* kPageSize = "PageSize";
-constexpr const char* kPageRegion = "PageRegion";
-
-// Marks none of the choices, so that the description's default is used.
-constexpr const char* kUnknown = "Unknown";
-
-bool isPageSizeName(const std::string& name) {
-  return name == kPageSize || name == kPageRegion;
-}
-
-// Whether the choices of the feature are those of the PPD's page sizes.
-bool isPageSizeList(const host::FeatureView& feature) {
-  return feature.kind() == host::FeatureKind::kMultiSelect && feature.isVisible() &&
-         !feature.isEncrypted();
-}
+// The group of a PPD whose options say what the printer has.
+constexpr const char* kHardwareGroup = "InstallableOptions";
 
 std::string intLimits(const host::FeatureLimits& limits) {
   using Limits = std::numeric_limits<int>;
@@ -41,16 +27,15 @@ std::string realLimits(const host::FeatureLimits& limits) {
          (limits.floatMax ? host::numberText(*limits.floatMax) : "1000000");
 }
 
-bool hasName(const std::vector<NamedChoice>& choices, const std::string& name) {
-  return std::any_of(choices.begin(), choices.end(),
-                     [&name](const NamedChoice& choice) { return choice.name == name; });
-}
-
 }  // namespace
 
 MadeOptionWriter::MadeOptionWriter(const host::Model& model, const host::Additions& additions,
                                    std::vector<std::string>& losses)
-    : model_(model), losses_(losses), texts_(additions.texts, losses) {
+    : model_(model),
+      losses_(losses),
+      panels_(additions.panels),
+      texts_(additions.texts, losses),
+      names_{host::toLower(kPageSize), host::toLower(kPageRegion)} {
   if (additions.media.feature == kPageSize) {
     usualSize_ = additions.media.usual;
     for (const host::MediaSize& size : additions.media.sizes) media_.emplace(size.option, size);
@@ -61,45 +46,58 @@ MadeOptionWriter::MadeOptionWriter(const host::Model& model, const host::Additio
 }
 
 void MadeOptionWriter::addAll() {
-  addPageSizes();
+  std::unordered_map<std::string, std::vector<std::string>> members = membersOfPanels();
+  if (!placed_.contains(kPageSize) || !model_.features.contains(kPageSize)) addPageSizes();
   for (const auto& [name, feature] : model_.features) {
-    if (!hardware_.contains(name)) add(name, feature);
+    if (!placed_.contains(name)) add(name, feature);
   }
-  const std::string before = std::exchange(text_, "");
+  for (const host::Panel& panel : panels_) {
+    const auto found = members.extract(panel.name);
+    if (!found.empty()) addGroup(panel.name, panel.text, found.mapped());
+  }
+  std::vector<std::string> hardware;
   for (const auto& [name, feature] : model_.features) {
-    if (hardware_.contains(name)) add(name, feature);
+    if (hardware_.contains(name)) hardware.push_back(name);
+  }
+  const auto own = std::find_if(panels_.begin(), panels_.end(), [](const host::Panel& panel) {
+    return panel.name == kHardwareGroup;
+  });
+  addGroup(kHardwareGroup, own != panels_.end() ? own->text : "Installable Options", hardware);
+}
+
+// The features of each panel that becomes a group, without hardware, which has a
+// group of its own. All of them count as placed.
+std::unordered_map<std::string, std::vector<std::string>> MadeOptionWriter::membersOfPanels() {
+  std::unordered_map<std::string, std::vector<std::string>> members;
+  placed_ = hardware_;
+  for (const host::Panel& panel : panels_) {
+    if (panel.name == kHardwareGroup) continue;
+    if (!isChoiceName(panel.name)) {
+      lose("panel " + panel.name, "a PPD cannot have this name");
+      continue;
+    }
+    for (const host::PanelMember& member : panel.members) {
+      if (!model_.features.contains(member.feature)) continue;
+      if (placed_.insert(member.feature).second) members[panel.name].push_back(member.feature);
+    }
+  }
+  return members;
+}
+
+// `text` counts if the description's own language has none. Nothing is written of a
+// group without options.
+void MadeOptionWriter::addGroup(const std::string& name, const std::string& text,
+                                const std::vector<std::string>& features) {
+  const std::string before = std::exchange(text_, "");
+  for (const std::string& feature : features) {
+    if (feature == kPageSize) addPageSizes();
+    add(feature, model_.features.at(feature));
   }
   if (!text_.empty()) {
-    text_ = "*OpenGroup: InstallableOptions/Installable Options\n" + text_ +
-            "*CloseGroup: InstallableOptions\n";
+    const std::string shown = texts_.textFor("Translation " + name, host::panelKey(name), text);
+    text_ = "*OpenGroup: " + name + shown + "\n" + text_ + "*CloseGroup: " + name + "\n";
   }
   text_ = before + text_;
-}
-
-// The page sizes: a PPD must have some. Programs want to know them, and PPDs have
-// to give them twice.
-void MadeOptionWriter::addPageSizes() {
-  names_ = {host::toLower(kPageSize), host::toLower(kPageRegion)};
-  const auto feature = model_.features.find(kPageSize);
-  const bool isOffered = feature != model_.features.end() && isPageSizeList(feature->second);
-  std::vector<PageSize> sizes = isOffered ? sizesOf(feature->second) : std::vector<PageSize>();
-  // The choice until the user makes one: that of the description.
-  std::string usual = isOffered ? feature->second.currentChoice().value_or("") : "";
-  if (isOffered && usual == "not set") usual = usualSize_;
-  if (sizes.empty()) sizes = standardPageSizes();
-  if (feature == model_.features.end()) usual = sizes.front().name;
-  writePageSizes(sizes, usual);
-  if (isOffered) addRegionRule(&feature->second);
-}
-
-// Where the description has no size selected, the tray says it, or the region:
-// the filter is to leave that so.
-void MadeOptionWriter::addRegionRule(const host::FeatureView* size) {
-  if (usualSize_.empty() || size->currentChoice().value_or("") != "not set") return;
-  const auto region = model_.features.find(kPageRegion);
-  const bool isRegion = region != model_.features.end() && isPageSizeList(region->second) &&
-                        region->second.currentChoice().value_or("not set") != "not set";
-  line("*RequiresPageRegion All: ", isRegion ? "True" : "False");
 }
 
 void MadeOptionWriter::add(const std::string& name, const host::FeatureView& feature) {
@@ -112,7 +110,7 @@ void MadeOptionWriter::add(const std::string& name, const host::FeatureView& fea
     lose(name, "the options of a job do not reach the records of " + records);
   } else if (feature.kind() == host::FeatureKind::kTextEntry) {
     lose(name, "a PPD has no options for texts");
-  } else if (isPageSizeName(name)) {
+  } else if ((name == kPageSize || name == kPageRegion)) {
     if (!isPageSizeList(feature)) lose(name, "a PPD has this name for the sizes of sheets");
   } else if (!isOptionName(name, isList)) {
     lose(name, "a PPD cannot have this name");
@@ -164,44 +162,6 @@ void MadeOptionWriter::writeList(const std::string& name, const std::vector<Name
   }
   line("*CloseUI: *" + name);
   options_[name] = choices;
-}
-
-std::vector<PageSize> MadeOptionWriter::sizesOf(const host::FeatureView& feature) {
-  std::vector<PageSize> sizes;
-  for (const NamedChoice& choice : namedChoices(model_, kPageSize, feature, losses_)) {
-    const auto described = media_.find(choice.option);
-    const host::MediaSize* known = described != media_.end() ? &described->second : nullptr;
-    if (const std::optional<PageSize> size = pageSizeOf(model_, known, choice.option)) {
-      sizes.push_back(*size);
-    } else {
-      lose(std::string(kPageSize) + "=" + choice.option,
-           "its size is not known; give it a name such as A4 or w612h792, or a PSCommand with "
-           "/PageSize [WIDTH LENGTH]");
-    }
-  }
-  return sizes;
-}
-
-void MadeOptionWriter::writePageSizes(const std::vector<PageSize>& sizes,
-                                      const std::string& usual) {
-  std::vector<NamedChoice> names;
-  names.reserve(sizes.size());
-  for (const PageSize& size : sizes) names.push_back({size.name, size.name});
-  const std::string current = hasName(names, usual) ? usual : kUnknown;
-  writeList(kPageSize, names, current, kPageSize);
-  const bool hasRegion = model_.features.contains(kPageRegion);
-  writeList(kPageRegion, names, current, hasRegion ? kPageRegion : kPageSize);
-  line("*DefaultImageableArea: " + current);
-  for (const PageSize& size : sizes) {
-    line("*ImageableArea ", size.name, ": \"", host::numberText(size.left), " ",
-         host::numberText(size.bottom), " ", host::numberText(size.right), " ",
-         host::numberText(size.top), "\"");
-  }
-  line("*DefaultPaperDimension: " + current);
-  for (const PageSize& size : sizes) {
-    line("*PaperDimension ", size.name, ": \"", host::numberText(size.width), " ",
-         host::numberText(size.length), "\"");
-  }
 }
 
 void MadeOptionWriter::addNumber(const std::string& name, const host::FeatureView& feature) {

@@ -22,7 +22,8 @@ class MadeOptionWriter {
   MadeOptionWriter(const host::Model& model, const host::Additions& additions,
                    std::vector<std::string>& losses);
 
-  // Writes the options of all features, and those of hardware as a group.
+  // Writes the options of all features: those of each panel as a group, and those
+  // of hardware as one.
   void addAll();
 
   // The statements written so far.
@@ -32,6 +33,17 @@ class MadeOptionWriter {
   const MadeOptions& options() const { return options_; }
 
  private:
+  static constexpr const char* kPageSize = "PageSize";
+  static constexpr const char* kPageRegion = "PageRegion";
+  // Marks none of the choices, so that the description's default is used.
+  static constexpr const char* kUnknown = "Unknown";
+
+  // Whether the choices of the feature are those of the PPD's page sizes.
+  static bool isPageSizeList(const host::FeatureView& feature);
+
+  std::unordered_map<std::string, std::vector<std::string>> membersOfPanels();
+  void addGroup(const std::string& name, const std::string& text,
+                const std::vector<std::string>& features);
   void addPageSizes();
   void addRegionRule(const host::FeatureView* size);
   void add(const std::string& name, const host::FeatureView& feature);
@@ -51,6 +63,7 @@ class MadeOptionWriter {
 
   const host::Model& model_;
   std::vector<std::string>& losses_;
+  const std::vector<host::Panel>& panels_;
   MadeTexts texts_;
   MadeOptions options_;
   std::string text_;
@@ -58,6 +71,7 @@ class MadeOptionWriter {
   std::string usualSize_;
   std::unordered_map<std::string, host::MediaSize> media_;  // By the options' names.
   std::unordered_set<std::string> hardware_;                // Names of features.
+  std::unordered_set<std::string> placed_;                  // Those that are in a group.
 };
 
 }  // namespace driver_feature::ppd

@@ -78,12 +78,18 @@ MadeTexts::Language& MadeTexts::languageNamed(const std::string& tag, const std:
 }
 
 std::string MadeTexts::textFor(const std::string& place, const std::string& key) {
-  places_.push_back({place, key});
+  return textFor(place, key, "");
+}
+
+std::string MadeTexts::textFor(const std::string& place, const std::string& key,
+                               const std::string& otherwise) {
+  if (knownPlaces_.insert(place).second) places_.push_back({place, key});
   const ByKey& own = languages_.front().texts;
-  const auto text = own.find(key);
-  if (text == own.end()) return "";
-  isPlain_ = isPlain_ && isAscii(text->second);
-  return "/" + written(text->second);
+  const auto found = own.find(key);
+  const std::string& text = found != own.end() ? found->second : otherwise;
+  if (text.empty()) return "";
+  isPlain_ = isPlain_ && isAscii(text);
+  return "/" + written(text);
 }
 
 bool MadeTexts::isComplete(const Language& language) const {

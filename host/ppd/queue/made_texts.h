@@ -4,6 +4,7 @@
 
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "host/description/texts.h"
@@ -19,6 +20,12 @@ class MadeTexts {
   // tray"; empty without one. `place` is the keyword for translations, and what
   // follows it: "Translation InputSlot" or "InputSlot Tray1".
   std::string textFor(const std::string& place, const std::string& key);
+
+  // The same of something that has a text of its own, which counts if the
+  // description's own language has none. Of two that have one place, as an option
+  // and its group may have, the translations of the first are used.
+  std::string textFor(const std::string& place, const std::string& key,
+                      const std::string& otherwise);
 
   // The statements that name the languages: to be called when all texts are there.
   std::string languageLines() const;
@@ -43,6 +50,7 @@ class MadeTexts {
 
   std::vector<Language> languages_;  // The description's own first.
   std::vector<Place> places_;
+  std::unordered_set<std::string> knownPlaces_;
   bool isPlain_ = true;  // The texts in the description's own language are ASCII.
 };
 

@@ -55,6 +55,20 @@ TEST_F(MadeTextsTest, OwnLanguage_NotEnglishInAscii_NamesNoTranslations) {
             "*LanguageVersion: English\n*LanguageEncoding: UTF-8\n");
 }
 
+TEST_F(MadeTextsTest, TextOfItsOwn_CountsWithoutOneInTheFirstLanguage) {
+  MadeTexts texts({{"en", {{"panel:A", "a"}}}, {"de", {{"panel:B", "b"}}}}, losses_);
+  EXPECT_EQ(texts.textFor("Translation A", "panel:A", "own"), "/a");
+  EXPECT_EQ(texts.textFor("Translation B", "panel:B", "own"), "/own");
+  EXPECT_EQ(texts.textFor("Translation C", "panel:C", ""), "");
+}
+
+TEST_F(MadeTextsTest, TwoOfOnePlace_FirstIsTranslated) {
+  MadeTexts texts({{"en", {}}, {"de", {{"A", "eins"}, {"panel:A", "zwei"}}}}, losses_);
+  texts.textFor("Translation A", "A");
+  texts.textFor("Translation A", "panel:A", "");
+  EXPECT_EQ(texts.translationLines(), "*de.Translation A/eins: \"\"\n");
+}
+
 TEST_F(MadeTextsTest, WhatEndsAText_IsWrittenAsDigits) {
   textsOf({{"en", {{"Film", "a: <b> \"c\"/d"}, {"Film.A", std::string(79, 'x') + "\xC3\x84"}}}});
   EXPECT_EQ(option_, "/a<3A> <3C>b<3E> <22>c<22>/d");

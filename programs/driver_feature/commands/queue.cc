@@ -114,7 +114,7 @@ host::Result<std::string> composeMade(const Arguments& arguments, const host::Se
   const std::string stem = fs::path(arguments.text("DESC")).stem();
   const std::string name = arguments.text("--name", stem);
   const host::Additions& additions =
-      session.additions(host::kRulesPart | host::kTextsPart | host::kMediaPart);
+      session.additions(host::kRulesPart | host::kTextsPart | host::kPanelsPart | host::kMediaPart);
   for (const host::Problem& problem : additions.problems) {
     printError("not in the PPD: " + host::describe(problem));
   }

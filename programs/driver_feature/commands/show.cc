@@ -9,7 +9,9 @@
 #include "host/base/text.h"
 #include "programs/common/console.h"
 #include "programs/driver_feature/show/people_texts.h"
+#include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/show/show_details.h"
+#include "programs/driver_feature/show/show_panels.h"
 #include "programs/driver_feature/show/taken_out.h"
 #include "programs/driver_feature/work.h"
 
@@ -44,6 +46,7 @@ constexpr std::array kRows = {
     ArgumentRow{"--language", "LANGUAGE",
                 "Show what people see in this language, such as de, beside the names"},
     ArgumentRow{"--presets", "", "Show the presets of the description"},
+    kShowSecretsRow,
 };
 
 // With what the description has beside its features. What of it cannot be read is
@@ -60,8 +63,9 @@ std::string composeWithTexts(const Arguments& arguments, const host::Session& se
     host::RuleKeeper keeper(session);
     keeper.useLanguage(arguments.text("--language"));
     keeper.takeOut();
-    text = json ? showJson(model, session.features(), keeper, &texts)
-                : showTable(model, session.features(), width, &texts) + showTakenOut(keeper, "");
+    text = json ? showJson(session, keeper, &texts)
+                : showTable(model, session.features(), width, &texts) +
+                      showPanels(session, width, &texts) + showTakenOut(keeper, "");
   }
   for (const host::Problem& problem : session.additions(host::kTextsPart).problems) {
     printProblem(problem);
@@ -84,8 +88,9 @@ host::Result<std::string> compose(const Arguments& arguments, const host::Sessio
   host::RuleKeeper keeper(session);
   keeper.takeOut();
   if (!arguments.has("NAME")) {
-    return json ? showJson(model, set, keeper)
-                : showTable(model, set, width) + showTakenOut(keeper, "");
+    return json ? showJson(session, keeper)
+                : showTable(model, set, width) + showPanels(session, width) +
+                      showTakenOut(keeper, "");
   }
   if (host::Result<> found = checkDetails(model, name); !found) return failureOf(found);
   return json ? detailsJson(model, set, name)
@@ -94,6 +99,7 @@ host::Result<std::string> compose(const Arguments& arguments, const host::Sessio
 
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   const std::size_t width = terminalWidth();
+  if (arguments.has("--show-secrets")) showSecrets();
   return workOnDescription(
       sessionOf(arguments, general), changesOf(arguments),
       [&](host::Session& session, std::vector<host::OutputText>& outputs) {

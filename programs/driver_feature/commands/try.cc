@@ -14,6 +14,7 @@
 #include "programs/common/console.h"
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
+#include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/show/show.h"
 #include "programs/driver_feature/table.h"
 
@@ -31,7 +32,7 @@ constexpr const char* kFooter =
     "Exit status: 0 every value was restored, 1 one was not, or the description\n"
     "could not be loaded, 2 wrong usage, an unusable file or a refused setting.";
 
-constexpr std::array kRows = {kDescriptionRow};
+constexpr std::array kRows = {kDescriptionRow, kShowSecretsRow};
 
 // A value and how it is shown.
 struct Value {
@@ -97,6 +98,7 @@ host::Result<Trial> tryChanges(const host::SessionRequest& request, const host::
 }
 
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
+  if (arguments.has("--show-secrets")) showSecrets();
   auto trial = tryChanges(sessionOf(arguments, general), changesOf(arguments));
   if (!trial) return failureOf(trial);
   if (host::Result<> written = writeAllOutputs(trial->outputs); !written) return failureOf(written);

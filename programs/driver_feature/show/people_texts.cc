@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "host/settings/settings_text.h"
+#include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/table.h"
 
 namespace driver_feature::cli {
@@ -21,7 +22,8 @@ std::vector<std::string> settingsOf(const host::Model& model, const host::Preset
   for (const host::SettingsLine& line : text.features) {
     const auto feature = model.features.find(line.setting.name);
     const bool isSecret = feature != model.features.end() && feature->second.isEncrypted();
-    settings.push_back(line.setting.name + "=" + (isSecret ? host::kMask : line.setting.value));
+    settings.push_back(line.setting.name + "=" +
+                       (isSecret && hidesSecrets() ? host::kMask : line.setting.value));
   }
   for (const host::SettingsRecord& record : text.records) {
     settings.push_back("[" + record.group + "]" + (record.isNone ? " none" : ""));
@@ -50,6 +52,10 @@ std::string PeopleTexts::ofOption(const std::string& feature, const std::string&
 std::string PeopleTexts::ofPreset(const host::Preset& preset) const {
   return texts_.textOf(host::presetKey(preset.name),
                        preset.text.empty() ? preset.name : preset.text);
+}
+
+std::string PeopleTexts::ofPanel(const host::Panel& panel) const {
+  return texts_.textOf(host::panelKey(panel.name), panel.text.empty() ? panel.name : panel.text);
 }
 
 std::string presetsText(const host::Session& session, const PeopleTexts& texts, std::size_t width) {

@@ -21,6 +21,7 @@ class PeopleTexts {
 
   // The preset's own text if no language has one; then its name.
   std::string ofPreset(const host::Preset& preset) const;
+  std::string ofPanel(const host::Panel& panel) const;  // The same.
 
  private:
   const host::Session& session_;

@@ -13,6 +13,8 @@ constexpr std::array<std::string_view, 5> kValues = {"ValueString", "CurrentText
                                                      "DefaultTextValue", "OriginalTextValue",
                                                      "DeferredTextValue"};
 
+bool areHidden = true;
+
 // The masks of the values of each feature, in the order in which they are seen.
 class Masks {
  public:
@@ -75,15 +77,23 @@ class Masks {
 
 }  // namespace
 
+void showSecrets() {
+  areHidden = false;
+}
+
+bool hidesSecrets() {
+  return areHidden;
+}
+
 bool isMasked(const host::FeatureView& feature) {
-  return feature.isEncrypted() && !feature.currentText().empty();
+  return areHidden && feature.isEncrypted() && !feature.currentText().empty();
 }
 
 std::string shownProperty(CoreFeature& object, const std::string& property,
                           const std::string& text) {
   const bool isValue = std::find(kValues.begin(), kValues.end(), property) != kValues.end();
   bool isSecret = false;
-  if (!isValue || text.empty()) return text;
+  if (!areHidden || !isValue || text.empty()) return text;
   object.getFeatureProperty(std::string("Encrypted"), &isSecret);
   return isSecret ? host::kMask : text;
 }
@@ -91,6 +101,7 @@ std::string shownProperty(CoreFeature& object, const std::string& property,
 std::vector<host::Record> shownRecords(const host::Model& model,
                                        const std::vector<std::string>& members,
                                        std::vector<host::Record> records) {
+  if (!areHidden) return records;
   for (std::size_t i = 0; i < members.size(); ++i) {
     const auto feature = model.features.find(members[i]);
     if (feature == model.features.end() || !feature->second.isEncrypted()) continue;

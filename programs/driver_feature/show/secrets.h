@@ -13,6 +13,10 @@
 
 namespace driver_feature::cli {
 
+// Shows all values in this process from now on, for --show-secrets.
+void showSecrets();
+bool hidesSecrets();
+
 // Whether the current value is masked.
 bool isMasked(const host::FeatureView& feature);
 

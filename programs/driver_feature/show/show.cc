@@ -11,6 +11,7 @@
 #include "programs/driver_feature/show/people_texts.h"
 #include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/show/show_groups.h"
+#include "programs/driver_feature/show/show_panels.h"
 #include "programs/driver_feature/show/taken_out.h"
 #include "programs/driver_feature/table.h"
 
@@ -118,8 +119,9 @@ std::string showTable(const host::Model& model, CoreFeatureSet& set, std::size_t
   return layOut(rows, width) + showGroups(model, set, width);
 }
 
-std::string showJson(const host::Model& model, CoreFeatureSet& set, host::RuleKeeper& rules,
+std::string showJson(const host::Session& session, host::RuleKeeper& rules,
                      const PeopleTexts* texts) {
+  const host::Model& model = session.model();
   Json features = Json::array();
   for (const auto& [name, feature] : model.features) {
     const host::FeatureLimits& limits = model.index.limitsOf(name);
@@ -137,8 +139,11 @@ std::string showJson(const host::Model& model, CoreFeatureSet& set, host::RuleKe
     if (!limitsFound.empty()) json["limits"] = limitsFound;
     features.push_back(json);
   }
-  Json document = {
-      {"description", model.file}, {"features", features}, {"groups", groupsJson(model, set)}};
+  Json document = {{"description", model.file},
+                   {"features", features},
+                   {"groups", groupsJson(model, session.features())}};
+  const Json panels = panelsJson(session, texts);
+  if (!panels.empty()) document["panels"] = panels;
   if (rules.hasRules()) document["takenOut"] = takenOutJson(rules);
   return document.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }

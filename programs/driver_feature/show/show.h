@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 
+#include "host/session/session.h"
 #include "host/settings/rule_keeping.h"
 #include "host/settings/setting.h"
 
@@ -20,8 +21,8 @@ class PeopleTexts;
 std::string showTable(const host::Model& model, CoreFeatureSet& set, std::size_t width,
                       const PeopleTexts* texts = nullptr);
 
-// The same as an indented JSON document with a line end.
-std::string showJson(const host::Model& model, CoreFeatureSet& set, host::RuleKeeper& rules,
+// The same, with the panels, as an indented JSON document with a line end.
+std::string showJson(const host::Session& session, host::RuleKeeper& rules,
                      const PeopleTexts* texts = nullptr);
 
 // A feature's current value as the table shows it; "-" when it has none.

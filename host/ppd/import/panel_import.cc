@@ -1,0 +1,60 @@
+#include "host/ppd/import/panel_import.h"
+
+#include <string>
+#include <utility>
+
+#include "host/ppd/import/option_import.h"
+#include "host/ppd/ppd_file.h"
+
+namespace driver_feature::ppd {
+
+namespace {
+
+bool isOfLibcups(const ppd_group_t& group, std::string_view bytes) {
+  const std::string name = group.name;
+  if ((name != "General" && name != "JCL") || name != group.text) return false;
+  return bytes.find(".Translation " + name + "/") == std::string_view::npos;
+}
+
+host::Panel panelOf(ppd_group_t& group, const ImportedNames& names) {
+  host::Panel panel{group.name, group.text, {}};
+  const auto add = [&](const std::string& feature) {
+    if (names.hasFeature(feature)) panel.members.push_back({feature});
+  };
+  for (int i = 0; i < group.num_options; ++i) {
+    ppd_option_t& option = group.options[i];
+    if (option.ui != PPD_UI_PICKMANY) {
+      add(option.keyword);
+      continue;
+    }
+    for (const ppd_choice_t* choice : choicesOf(option)) add(choiceFeatureName(option, *choice));
+  }
+  return panel;
+}
+
+}  // namespace
+
+std::vector<host::Panel> panelsOf(ppd_file_t& ppd, std::string_view bytes,
+                                  const ImportedNames& names) {
+  std::vector<host::Panel> panels;
+  for (int i = 0; i < ppd.num_groups; ++i) {
+    if (isOfLibcups(ppd.groups[i], bytes)) continue;
+    host::Panel panel = panelOf(ppd.groups[i], names);
+    if (!panel.members.empty()) panels.push_back(std::move(panel));
+  }
+  return panels;
+}
+
+ImportedElement panelsElement(const std::vector<host::Panel>& panels) {
+  ImportedElement element{"FeaturePanels", {}, {}};
+  for (const host::Panel& panel : panels) {
+    ImportedElement each{"Panel", {{"Name", panel.name}}, {}};
+    for (const host::PanelMember& member : panel.members) {
+      each.children.push_back({"Member", {{"Feature", member.feature}}, {}});
+    }
+    element.children.push_back(std::move(each));
+  }
+  return element;
+}
+
+}  // namespace driver_feature::ppd
