@@ -45,6 +45,9 @@ struct AdditionSubject {
 
 void checkReading(const AdditionSubject& subject, Findings& findings);
 void checkRules(const AdditionSubject& subject, Findings& findings);
+// What rules forbid together, each of which has been found to be in order.
+void checkTogether(const AdditionSubject& subject, std::vector<host::Rule> rules,
+                   Findings& findings);
 void checkHardware(const AdditionSubject& subject, Findings& findings);
 void checkTranslations(const AdditionSubject& subject, Findings& findings);
 void checkPresets(const AdditionSubject& subject, Findings& findings);

@@ -266,15 +266,16 @@ constexpr CodeRow kCodes[] = {
      "see."},
     {Code::kRepeatedRule, kError, "DF727", "Two rules have the same Id."},
     {Code::kRuleAlways, kError, "DF728",
-     "The conditions of a rule hold for every value, so that it forbids everything."},
+     "The conditions of a rule hold for every value, so that it forbids everything; or rules "
+     "together leave no values of a feature."},
     {Code::kRuleNever, kWarning, "DF729",
      "The conditions of a rule never hold together, so that it forbids nothing."},
     {Code::kDefaultsBreakRule, kWarning, "DF730",
      "A rule forbids the default values. It is not applied until one of its features is set."},
     {Code::kRepeatedHardware, kWarning, "DF731", "A feature is listed twice as hardware."},
     {Code::kImpossibleChoice, kWarning, "DF732",
-     "A rule forbids an option whatever the other features are set to, so that nobody can choose "
-     "it."},
+     "A rule, or several together, forbid an option whatever the other features are set to and the "
+     "printer has, so that nobody can choose it. This is searched for within bounds."},
 
     // Texts for people.
     {Code::kTextForNothing, kError, "DF741",

@@ -104,8 +104,9 @@ void checkImpossibleChoices(const AdditionSubject& subject, const host::Rule& ru
                                "add a condition on another feature, or remove the options"));
 }
 
-// Nothing more is said of a rule that is wrong as a whole.
-void checkSense(const AdditionSubject& subject, const host::Rule& rule, Findings& findings) {
+// Nothing more is said of a rule that is wrong as a whole. False for one that forbids
+// everything or nothing.
+bool checkSense(const AdditionSubject& subject, const host::Rule& rule, Findings& findings) {
   const Spaces spaces = spacesOf(subject, rule);
   bool isAlways = true;
   for (const auto& [name, space] : spaces) {
@@ -115,20 +116,21 @@ void checkSense(const AdditionSubject& subject, const host::Rule& rule, Findings
                                  ruleWords(rule) + " forbids nothing: no value of feature " +
                                      host::inQuotes(name) + " fulfils its conditions",
                                  "correct the conditions, or remove the rule"));
-    return;
+    return false;
   }
   if (isAlways) {
     findings.push_back(findingAt(subject, Code::kRuleAlways, rule.place,
                                  ruleWords(rule) + " forbids everything: its conditions hold for "
                                                    "all values",
                                  "correct the conditions, or remove the rule"));
-    return;
+    return false;
   }
   checkImpossibleChoices(subject, rule, spaces, findings);
-  if (!subject.trial || !holdsWith(rule, subject.trial->defaults)) return;
+  if (!subject.trial || !holdsWith(rule, subject.trial->defaults)) return true;
   findings.push_back(findingAt(subject, Code::kDefaultsBreakRule, rule.place,
                                ruleWords(rule) + " forbids the default values of its features",
                                "change a default or the rule"));
+  return true;
 }
 
 }  // namespace
@@ -150,6 +152,7 @@ bool isSound(const AdditionSubject& subject, const host::Rule& rule) {
 
 void checkRules(const AdditionSubject& subject, Findings& findings) {
   std::map<std::string, host::SourcePlace> known;
+  std::vector<host::Rule> sensible;
   for (const host::Rule& rule : subject.additions.rules.rules) {
     const auto [first, isNew] = known.emplace(rule.id, rule.place);
     if (!isNew) {
@@ -162,8 +165,10 @@ void checkRules(const AdditionSubject& subject, Findings& findings) {
     for (const host::Condition& condition : rule.conditions) {
       checkCondition(subject, rule, condition, findings);
     }
-    if (findings.size() == before) checkSense(subject, rule, findings);
+    const bool isSound = findings.size() == before;
+    if (isSound && checkSense(subject, rule, findings)) sensible.push_back(rule);
   }
+  checkTogether(subject, std::move(sensible), findings);
 }
 
 void checkHardware(const AdditionSubject& subject, Findings& findings) {

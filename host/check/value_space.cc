@@ -8,8 +8,6 @@
 
 namespace driver_feature::check {
 
-namespace {
-
 Span limitsOf(const host::Element& feature) {
   Span span;
   if (feature.isKind(host::FeatureKind::kIntEntry)) {
@@ -21,8 +19,6 @@ Span limitsOf(const host::Element& feature) {
   }
   return span;
 }
-
-}  // namespace
 
 ValueSpace::ValueSpace(const FeatureRow& feature)
     : feature_(feature),

@@ -22,6 +22,9 @@ struct Span {
   bool operator==(const Span&) const = default;
 };
 
+// The limits of a feature with numbers.
+Span limitsOf(const host::Element& feature);
+
 class ValueSpace {
  public:
   // All values that the feature can have.

@@ -140,6 +140,40 @@ const std::vector<CheckRow>& combinationRows() {
       rulesRow("impossible options", rule("a", "<When Feature='Size' IsNot='A4'/>"),
                "@:10:22: warning: rule \"a\" never allows A3, B5 of feature \"Size\"; add a "
                "condition on another feature, or remove the options [DF732]\n"),
+      rulesRow("one rule on two features that leaves an option no way",
+               rule("a",
+                    "<When Feature='Size' Is='A3'/><When Feature='Duplex'><Is Choice='None'/>"
+                    "<Is Choice='Long'/></When>"),
+               "@:10:22: warning: rule \"a\" never allows A3 of feature \"Size\"; add a condition "
+               "on another feature, or remove the options [DF732]\n"),
+      rulesRow("options that rules forbid together",
+               "<Hardware Feature='Duplex'/>" + rule("a", kFine) +
+                   rule("b",
+                        "<When Feature='Size'><Is Choice='A3'/><Is Choice='B5'/></When>"
+                        "<When Feature='Duplex' Is='None'/><When Feature='Copies' Above='9'/>") +
+                   rule("c",
+                        "<When Feature='Size'><Is Choice='A3'/><Is Choice='B5'/></When>"
+                        "<When Feature='Duplex' Is='None'/><When Feature='Copies' Below='10'/>"),
+               "@:10:50: warning: rules \"a\", \"b\", \"c\" together never allow A3 of feature "
+               "\"Size\"; correct one of the rules, or remove the options [DF732]\n"),
+      // The number between the two is free.
+      rulesRow("rules that leave one number",
+               rule("a", "<When Feature='Size' Is='A3'/><When Feature='Copies' Above='9'/>") +
+                   rule("b", "<When Feature='Size' Is='A3'/><When Feature='Copies' Below='9'/>") +
+                   rule("c", "<When Feature='Size' Is='B5'/><When Feature='Length' Above='9'/>") +
+                   rule("d", "<When Feature='Size' Is='B5'/><When Feature='Length' Below='9'/>"),
+               "@:10:194: warning: rule \"c\" forbids nothing: no value of feature \"Length\" "
+               "fulfils its conditions; correct the conditions, or remove the rule [DF729]\n"),
+      rulesRow(
+          "rules that leave no value",
+          rule("a", "<When Feature='Size' Is='A4'/><When Feature='Duplex' Is='Long'/>") +
+              rule("b", "<When Feature='Size' Is='A4'/><When Feature='Duplex' Is='None'/>") +
+              rule("c", "<When Feature='Size' IsNot='A4'/><When Feature='Copies' Above='5'/>") +
+              rule("d", "<When Feature='Size' IsNot='A4'/><When Feature='Copies' Below='6'/>"),
+          "@:10:22: error: rules \"a\", \"b\", \"c\", \"d\" together forbid everything: no "
+          "value of feature \"Size\" is left; correct the rules, or remove one [DF728]\n"
+          "@:10:108: warning: rule \"b\" forbids the default values of its features; change a "
+          "default or the rule [DF730]\n"),
       {"presets of one name",
        kFeatures,
        "@:10:52: error: there is a preset \"p\" already; give each preset a name of its own "
