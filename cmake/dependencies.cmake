@@ -24,6 +24,13 @@ find_path(EXPECTED_INCLUDE_FOLDER tl/expected.hpp REQUIRED)
 add_library(libexpected INTERFACE)
 target_include_directories(libexpected SYSTEM INTERFACE ${EXPECTED_INCLUDE_FOLDER})
 
+# The encryption that libcups uses, too.
+find_path(GNUTLS_INCLUDE_FOLDER gnutls/gnutls.h REQUIRED)
+find_library(GNUTLS_LIBRARY gnutls REQUIRED)
+add_library(GnuTls INTERFACE)
+target_include_directories(GnuTls SYSTEM INTERFACE ${GNUTLS_INCLUDE_FOLDER})
+target_link_libraries(GnuTls INTERFACE ${GNUTLS_LIBRARY})
+
 # Lines at a terminal.
 find_path(EDIT_INCLUDE_FOLDER histedit.h REQUIRED)
 find_library(EDIT_LIBRARY edit REQUIRED)

@@ -1,7 +1,6 @@
 #include "host/server/connection.h"
 
 #include <poll.h>
-#include <sys/socket.h>
 
 #include <array>
 #include <utility>
@@ -54,6 +53,9 @@ Connection::~Connection() {
 void Connection::handle(short events) {
   if ((events & POLLNVAL) != 0) return end();
   if ((events & (POLLERR | POLLHUP)) != 0 && (events & POLLIN) == 0) return end();
+  const bool mayBegin = phase_ == Phase::kIdle && setting_.encryption.credentials;
+  if (mayBegin && relay_.hasHandshake()) return beginEncryption();
+  if (phase_ == Phase::kHandshake) return shakeHands();
   if ((events & POLLOUT) != 0 && !relay_.send()) return end();
   if ((events & POLLIN) != 0) isAtEnd_ = !relay_.receive() || isAtEnd_;
   proceed();
@@ -123,7 +125,8 @@ bool Connection::readHead() {
     end();
     return false;
   }
-  if (state != HTTP_STATE_POST && state != HTTP_STATE_GET && state != HTTP_STATE_HEAD) {
+  if (state != HTTP_STATE_POST && state != HTTP_STATE_GET && state != HTTP_STATE_HEAD &&
+      state != HTTP_STATE_OPTIONS) {
     respond(plainResponse(HTTP_STATUS_NOT_IMPLEMENTED), true);
     return true;
   }
@@ -141,6 +144,7 @@ bool Connection::readHead() {
   std::string type = fieldOf(relay_.http(), HTTP_FIELD_CONTENT_TYPE);
   type.erase(std::min(type.find(';'), type.size()));
   request_.contentType = toLower(std::string(trimmed(type, " \t")));
+  request_.isEncrypted = relay_.isEncrypted();
   isLast_ = ::httpGetKeepAlive(relay_.http()) == HTTP_KEEPALIVE_OFF;
   if (status != HTTP_STATUS_OK) {
     respond(plainResponse(HTTP_STATUS_BAD_REQUEST), true);
@@ -157,6 +161,10 @@ bool Connection::route(http_state_t state) {
   };
   // A page of another place must not reach this server by a name of its own.
   if (!setting_.isOwnName(nameIn(request_.host))) return refuse(HTTP_STATUS_BAD_REQUEST);
+  if (state == HTTP_STATE_OPTIONS) return respondToOptions();
+  if (setting_.encryption.isRequired && !relay_.isEncrypted()) {
+    return refuse(HTTP_STATUS_UPGRADE_REQUIRED);
+  }
   const std::string length = fieldOf(http, HTTP_FIELD_CONTENT_LENGTH);
   const bool isChunked = ::httpIsChunked(http) != 0;
   request_.method = state == HTTP_STATE_POST   ? Method::kPost
@@ -190,6 +198,62 @@ bool Connection::route(http_state_t state) {
   isChunked ? framing_.expectChunks() : framing_.expectBytes(bodyBytes);
   enter(Phase::kBody);
   return true;
+}
+
+// Clients ask for encryption of a connection that has begun without it by this
+// request, whose response is encrypted, then.
+bool Connection::respondToOptions() {
+  http_t* http = relay_.http();
+  const std::string length = fieldOf(http, HTTP_FIELD_CONTENT_LENGTH);
+  if (::httpIsChunked(http) != 0 || (!length.empty() && length != "0")) {
+    respond(plainResponse(HTTP_STATUS_BAD_REQUEST), true);
+    return true;
+  }
+  const bool isUpgrade = setting_.encryption.credentials && !relay_.isEncrypted() &&
+                         fieldOf(http, HTTP_FIELD_UPGRADE).find("TLS/") != std::string::npos;
+  ::httpClearFields(http);
+  ::httpSetField(http, HTTP_FIELD_ALLOW, "GET, HEAD, OPTIONS, POST");
+  ::httpSetField(http, HTTP_FIELD_CONTENT_LENGTH, "0");
+  ::httpWriteResponse(http, HTTP_STATUS_OK);
+  if (!isUpgrade) {
+    relay_.collect();
+    enter(Phase::kSending);
+    return true;
+  }
+  relay_.add(
+      "HTTP/1.1 101 Switching Protocols\r\nConnection: Upgrade\r\nUpgrade: TLS/1.2, HTTP/1.1\r\n"
+      "\r\n");
+  // It is short: where it finds no room the client does not read.
+  if (!relay_.send() || relay_.hasUnsent()) {
+    end();
+    return false;
+  }
+  isUpgrading_ = true;
+  beginEncryption();
+  return false;
+}
+
+void Connection::beginEncryption() {
+  if (!relay_.encrypt(setting_.encryption.credentials)) return end();
+  enter(Phase::kHandshake);
+  shakeHands();
+}
+
+void Connection::shakeHands() {
+  const TlsSession::Step step = relay_.shakeHands();
+  if (step == TlsSession::Step::kFailed) return end();
+  if (step != TlsSession::Step::kDone) {
+    const bool needsRoom = step == TlsSession::Step::kNeedsRoom;
+    return setting_.loop.change(relay_.network(), needsRoom ? POLLOUT : POLLIN);
+  }
+  if (std::exchange(isUpgrading_, false)) {
+    relay_.collect();
+    enter(Phase::kSending);
+  } else {
+    enter(Phase::kIdle);
+  }
+  isAtEnd_ = !relay_.receive() || isAtEnd_;
+  proceed();
 }
 
 bool Connection::readBody() {
@@ -281,7 +345,7 @@ void Connection::afterSending() {
   if (!isLast_) return enter(Phase::kIdle);
   // Bytes that come after the end of a connection would make the client lose
   // the response.
-  ::shutdown(relay_.network(), SHUT_WR);
+  relay_.endSending();
   enter(Phase::kLingering);
 }
 
@@ -292,7 +356,8 @@ void Connection::enter(Phase phase) {
   counted_ = phase == Phase::kBody ? bodyBytes_ : relay_.unsent();
   const Limits& limits = setting_.limits;
   if (phase == Phase::kIdle) timer_ = setting_.loop.after(limits.idle, [this] { end(); });
-  if (phase == Phase::kHead) timer_ = setting_.loop.after(limits.head, [this] { end(); });
+  const bool isHead = phase == Phase::kHead || phase == Phase::kHandshake;
+  if (isHead) timer_ = setting_.loop.after(limits.head, [this] { end(); });
   if (phase == Phase::kLingering) timer_ = setting_.loop.after(limits.linger, [this] { end(); });
   if (phase == Phase::kBody || phase == Phase::kSending) watchRate();
 }

@@ -12,6 +12,7 @@
 #include "host/server/framing.h"
 #include "host/server/limits.h"
 #include "host/server/relay.h"
+#include "host/server/tls.h"
 
 namespace driver_feature::host {
 
@@ -22,6 +23,7 @@ struct ConnectionSetting {
   const Handler& handler;
   // Whether a client may call this server so: the field Host without the port.
   const std::function<bool(const std::string& name)>& isOwnName;
+  const Encryption& encryption;
   // Called when the connection is over, from the loop.
   std::function<void(RequestNumber)> isOver;
 };
@@ -41,13 +43,16 @@ class Connection final {
   bool isIdle() const { return phase_ == Phase::kIdle; }
 
  private:
-  enum class Phase { kIdle, kHead, kBody, kThinking, kSending, kLingering, kOver };
+  enum class Phase { kIdle, kHandshake, kHead, kBody, kThinking, kSending, kLingering, kOver };
 
   void handle(short events);
   void proceed();
   bool step();
   bool readHead();
   bool route(http_state_t state);
+  bool respondToOptions();
+  void beginEncryption();
+  void shakeHands();
   bool readBody();
   bool pump();
   bool finishBody();
@@ -67,6 +72,7 @@ class Connection final {
   Request request_;
   bool isLast_ = false;          // No request comes after this one.
   bool isAtEnd_ = false;         // The client sends no more.
+  bool isUpgrading_ = false;     // The response to a request comes after the handshake.
   std::uint64_t bodyBytes_ = 0;  // Of this body so far.
   std::uint64_t counted_ = 0;    // Bytes of the body, or unsent ones, at the last look.
   std::optional<EventLoop::Timer> timer_;

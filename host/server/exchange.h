@@ -22,6 +22,7 @@ struct Request {
   std::string host;         // Of the field Host, with the port.
   std::string contentType;  // Without parameters, in small letters.
   std::string peer;         // The client's address.
+  bool isEncrypted = false;
 };
 
 struct Response {

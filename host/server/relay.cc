@@ -14,7 +14,8 @@ namespace driver_feature::host {
 
 namespace {
 
-constexpr std::size_t kRoom = 65536;  // For bytes that cannot be handed on yet.
+constexpr std::size_t kRoom = 65536;   // For bytes that cannot be handed on yet.
+constexpr char kHandshakeRecord = 22;  // The first byte of TLS; no method of HTTP begins so.
 
 bool mayComeLater(int error) {
   return error == EAGAIN || error == EWOULDBLOCK || error == EINTR;
@@ -50,6 +51,7 @@ Relay::Relay(Relay&& other) noexcept
     : http_(std::exchange(other.http_, nullptr)),
       network_(std::exchange(other.network_, -1)),
       inner_(std::exchange(other.inner_, -1)),
+      tls_(std::move(other.tls_)),
       incoming_(std::move(other.incoming_)),
       outgoing_(std::move(other.outgoing_)) {}
 
@@ -60,10 +62,25 @@ Relay::~Relay() {
   ::close(network_);
 }
 
+bool Relay::hasHandshake() const {
+  char first = 0;
+  return !tls_ && incoming_.empty() && ::recv(network_, &first, 1, MSG_PEEK) == 1 &&
+         first == kHandshakeRecord;
+}
+
+bool Relay::encrypt(const std::shared_ptr<const TlsCredentials>& credentials) {
+  if (!incoming_.empty() || hasUnsent()) return false;
+  auto started = TlsSession::start(credentials, network_);
+  if (!started) return false;
+  tls_ = std::move(*started);
+  return true;
+}
+
 bool Relay::receive() {
   if (incoming_.size() >= kRoom) return true;
   std::array<char, kRoom> buffer;
-  const ssize_t count = ::recv(network_, buffer.data(), buffer.size() - incoming_.size(), 0);
+  const ssize_t count = tls_ ? tls_->receive(buffer.data(), buffer.size())
+                             : ::recv(network_, buffer.data(), buffer.size() - incoming_.size(), 0);
   if (count < 0) return mayComeLater(errno);
   incoming_.append(buffer.data(), static_cast<std::size_t>(count));
   return count > 0;
@@ -94,11 +111,17 @@ void Relay::collect() {
 
 bool Relay::send() {
   while (!outgoing_.empty()) {
-    const ssize_t sent = ::send(network_, outgoing_.data(), outgoing_.size(), MSG_NOSIGNAL);
+    const ssize_t sent = tls_ ? tls_->send(outgoing_.data(), outgoing_.size())
+                              : ::send(network_, outgoing_.data(), outgoing_.size(), MSG_NOSIGNAL);
     if (sent < 0) return mayComeLater(errno);
     outgoing_.erase(0, static_cast<std::size_t>(sent));
   }
   return true;
+}
+
+void Relay::endSending() {
+  if (tls_) tls_->sayEnd();
+  ::shutdown(network_, SHUT_WR);
 }
 
 }  // namespace driver_feature::host

@@ -5,10 +5,12 @@
 #include <cups/http.h>
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "host/base/result.h"
+#include "host/server/tls.h"
 
 namespace driver_feature::host {
 
@@ -30,6 +32,15 @@ class Relay {
   http_t* http() const { return http_; }
   int network() const { return network_; }
 
+  // Whether the next bytes of the client begin an encrypted connection.
+  bool hasHandshake() const;
+
+  // Encrypts the connection from here on, after shakeHands() has returned kDone.
+  // False when that cannot be, or when bytes have come that were not encrypted.
+  bool encrypt(const std::shared_ptr<const TlsCredentials>& credentials);
+  TlsSession::Step shakeHands() { return tls_->shakeHands(); }
+  bool isEncrypted() const { return tls_ != nullptr; }
+
   // The bytes that have come and not been handed on.
   std::string_view incoming() const { return incoming_; }
   void drop(std::size_t count) { incoming_.erase(0, count); }
@@ -46,11 +57,17 @@ class Relay {
   // Takes over what libcups has written.
   void collect();
 
+  // Adds to what has been taken over.
+  void add(std::string_view text) { outgoing_ += text; }
+
   // Sends what has been taken over, as much as there is room for. False after an
   // error.
   bool send();
   bool hasUnsent() const { return !outgoing_.empty(); }
   std::size_t unsent() const { return outgoing_.size(); }
+
+  // Tells the client that nothing more is sent.
+  void endSending();
 
  private:
   Relay(http_t* http, int network, int inner) : http_(http), network_(network), inner_(inner) {}
@@ -58,6 +75,7 @@ class Relay {
   http_t* http_;
   int network_;
   int inner_;  // The other end of what libcups has for its connection.
+  std::unique_ptr<TlsSession> tls_;
   std::string incoming_;
   std::string outgoing_;
 };

@@ -6,6 +6,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -140,6 +141,12 @@ void Server::addName(const std::string& name) {
   names_.insert(toLower(name));
 }
 
+bool Server::isLoopbackOnly() const {
+  return std::all_of(places_.begin(), places_.end(), [](const std::string& place) {
+    return place.starts_with("127.") || place.starts_with("[::1]:");
+  });
+}
+
 void Server::reply(RequestNumber request, const Response& response) {
   const auto found = connections_.find(request);
   if (found != connections_.end()) found->second->reply(response);
@@ -153,7 +160,7 @@ void Server::accept(int listener) {
   connections_.emplace(number,
                        std::make_unique<Connection>(
                            std::move(*relay), number,
-                           ConnectionSetting{loop_, limits_, handler_, isOwnName_,
+                           ConnectionSetting{loop_, limits_, handler_, isOwnName_, encryption_,
                                              [this](RequestNumber over) { remove(over); }}));
   makeRoom();
 }

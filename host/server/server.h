@@ -42,6 +42,12 @@ class Server {
   // it listens are refused.
   void addName(const std::string& name);
 
+  // Encrypts connections whose clients want it, or have to; before clients come.
+  void encrypt(const Encryption& encryption) { encryption_ = encryption; }
+
+  // Whether only programs of this machine reach it.
+  bool isLoopbackOnly() const;
+
   // The response to a request that waits for one. Does nothing when the client
   // has gone.
   void reply(RequestNumber request, const Response& response);
@@ -55,6 +61,7 @@ class Server {
   Limits limits_;
   Handler handler_;
   std::function<bool(const std::string&)> isOwnName_;
+  Encryption encryption_;
   std::set<std::string> names_;
   bool isAnyAddress_ = false;
   std::vector<int> listeners_;

@@ -31,7 +31,7 @@ constexpr const char* kFooter =
 
 struct Words {
   std::vector<std::string> listen, hosts, callbacks, printers;
-  std::string spool, device, library;
+  std::string spool, device, library, tls, certificate, key;
   unsigned connections = 100;
   unsigned keep = 100;
   bool isVersion = false;
@@ -52,6 +52,15 @@ void addOptions(CLI::App& app, Words& words) {
                  "Where jobs go: file:/FOLDER/, socket://HOST:PORT, or another that the print "
                  "scheduler has a backend for")
       ->type_name("URI");
+  app.add_option("--tls", words.tls,
+                 "Encryption: never, offered or required; by default it is offered unless all "
+                 "addresses are of the loopback")
+      ->check(CLI::IsMember({"never", "offered", "required"}))
+      ->type_name("USE");
+  app.add_option("--certificate", words.certificate,
+                 "The certificate for it, in PEM; by default one is made")
+      ->type_name("FILE");
+  app.add_option("--key", words.key, "The certificate's key, in PEM")->type_name("FILE");
   app.add_option("--library", words.library, "The feature library to load")->type_name("PATH");
   repeats(app.add_option("--callbacks", words.callbacks,
                          "Load a library of routines that descriptions name. May be repeated"),
@@ -122,6 +131,20 @@ host::Result<> takePrinters(const std::vector<std::string>& words, ServiceArgume
   return {};
 }
 
+host::Result<> takeEncryption(const Words& words, ServiceArguments& arguments) {
+  if (words.certificate.empty() != words.key.empty()) {
+    return host::refused("a certificate needs its key; give both --certificate and --key");
+  }
+  if (words.tls == "never") arguments.tls = TlsUse::kNever;
+  if (words.tls == "required") arguments.tls = TlsUse::kRequired;
+  if (words.tls == "offered" || (words.tls.empty() && !words.key.empty())) {
+    arguments.tls = TlsUse::kOffered;
+  }
+  arguments.certificate = words.certificate;
+  arguments.key = words.key;
+  return {};
+}
+
 host::Result<ServiceArguments> argumentsOf(const Words& words) {
   ServiceArguments arguments;
   if (auto taken = takePrinters(words.printers, arguments); !taken) return failureOf(taken);
@@ -131,6 +154,7 @@ host::Result<ServiceArguments> argumentsOf(const Words& words) {
         "socket://printer.example or file:/tmp/jobs/");
   }
   if (auto checked = checkDevice(words.device); !checked) return failureOf(checked);
+  if (auto taken = takeEncryption(words, arguments); !taken) return failureOf(taken);
   arguments.places = words.listen;
   if (arguments.places.empty()) arguments.places = {"127.0.0.1:8631"};
   arguments.hosts = words.hosts;

@@ -17,7 +17,18 @@ struct PrinterArgument {
   std::string description;  // The file, with its absolute path.
 };
 
+// Whether clients can, or must, encrypt what they send.
+enum class TlsUse {
+  kAsReachable,  // Offered unless only programs of this machine reach the server.
+  kNever,
+  kOffered,
+  kRequired,
+};
+
 struct ServiceArguments {
+  TlsUse tls = TlsUse::kAsReachable;
+  std::string certificate;  // PEM files; empty: one of the printer's own.
+  std::string key;
   std::vector<std::string> places;  // At which to listen.
   std::vector<std::string> hosts;   // More names by which clients may call the server.
   std::string spool;

@@ -18,9 +18,10 @@ host::Response responseOf(const IppExchange& exchange) {
 
 }  // namespace
 
-IppTaker::IppTaker(Service& service, const std::string& host)
+IppTaker::IppTaker(Service& service, const host::Request& request)
     : service_(service), exchange_(std::make_shared<IppExchange>()) {
-  exchange_->host = host;
+  exchange_->host = request.host;
+  exchange_->isEncrypted = request.isEncrypted;
 }
 
 std::optional<host::Response> IppTaker::take(std::string_view bytes) {

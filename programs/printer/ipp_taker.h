@@ -13,8 +13,8 @@ namespace driver_feature::printer {
 
 class IppTaker final : public host::BodyTaker {
  public:
-  // `host` is what the client calls the server. The service must outlive this object.
-  IppTaker(Service& service, const std::string& host);
+  // The service must outlive this object.
+  IppTaker(Service& service, const host::Request& request);
 
   std::optional<host::Response> take(std::string_view bytes) override;
   std::optional<host::Response> finish(host::RequestNumber request) override;

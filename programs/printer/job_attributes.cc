@@ -66,7 +66,7 @@ std::string stateMessage(const Job& job) {
 }
 
 std::string uriOf(const IppExchange& exchange, int number) {
-  return "ipp://" + exchange.host + "/ipp/job/" + std::to_string(number);
+  return exchange.addressHere() + "job/" + std::to_string(number);
 }
 
 void copyKept(Service& service, const Job& job, ipp_t* response, const Requested& requested) {
@@ -102,8 +102,7 @@ void addJobAttributes(Service& service, const IppExchange& exchange, const Job& 
   JobWriter writer(response, requested);
   writer.add("job-id", IPP_TAG_INTEGER, job.number);
   writer.add("job-uri", IPP_TAG_URI, uriOf(exchange, job.number));
-  writer.add("job-printer-uri", IPP_TAG_URI,
-             "ipp://" + exchange.host + "/ipp/print/" + job.printer);
+  writer.add("job-printer-uri", IPP_TAG_URI, exchange.addressHere() + "print/" + job.printer);
   writer.add("job-uuid", IPP_TAG_URI,
              service.uuidOf(job.printer + "/" + std::to_string(job.number)));
   writer.add("job-name", IPP_TAG_NAME, job.name);

@@ -17,6 +17,7 @@ struct IppExchange {
   IppPointer request = noIpp();
   IppPointer response = noIpp();
   std::string host;            // As the client calls the server, with the port.
+  bool isEncrypted = false;    // The connection of the client.
   Printer* printer = nullptr;  // Never null once the request has been checked.
   std::string preset;          // Of the printer's URI; may be empty.
   Job* job = nullptr;          // Of operations on one job.
@@ -26,6 +27,9 @@ struct IppExchange {
 
   // Sets the status and a message for people. Returns true: the response is ready.
   bool respond(ipp_status_t status, const std::string& message = "");
+
+  // "ipp://HOST:PORT/ipp/", or ipps where the connection is encrypted.
+  std::string addressHere() const { return (isEncrypted ? "ipps://" : "ipp://") + host + "/ipp/"; }
 
   bool hasFailed() const {
     return ::ippGetStatusCode(response.get()) >= IPP_STATUS_ERROR_BAD_REQUEST;

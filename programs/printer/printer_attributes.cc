@@ -146,15 +146,28 @@ std::string languageFor(const IppExchange& exchange) {
 }
 
 // What depends on the name by which the client calls the server.
-void addAddresses(ipp_t* message, const IppExchange& exchange) {
+void addAddresses(ipp_t* message, const Service& service, const IppExchange& exchange) {
   AttributeList list(message);
   const Printer& printer = *exchange.printer;
   std::string path = exchange.host + "/ipp/print/" + printer.name;
   if (!exchange.preset.empty()) path += "/" + exchange.preset;
-  list.strings(IPP_TAG_URI, "printer-uri-supported", {("ipp://" + path).c_str()});
-  list.keywords("uri-authentication-supported", {"requesting-user-name"});
-  list.keywords("uri-security-supported", {"none"});
-  const std::string page = "http://" + exchange.host + "/";
+  const std::string clear = "ipp://" + path;
+  const std::string encrypted = "ipps://" + path;
+  std::vector<const char*> uris;
+  std::vector<const char*> securities;
+  if (!service.isTlsRequired()) {
+    uris.push_back(clear.c_str());
+    securities.push_back("none");
+  }
+  if (service.isTlsOffered()) {
+    uris.push_back(encrypted.c_str());
+    securities.push_back("tls");
+  }
+  list.strings(IPP_TAG_URI, "printer-uri-supported", uris);
+  list.keywords("uri-security-supported", securities);
+  list.keywords("uri-authentication-supported",
+                std::vector<const char*>(uris.size(), "requesting-user-name"));
+  const std::string page = (exchange.isEncrypted ? "https://" : "http://") + exchange.host + "/";
   list.uri("printer-more-info", page + printer.name);
   list.uri("printer-supply-info-uri", page + printer.name);
   list.strings(IPP_TAG_URI, "printer-icons", {(page + "icon.png").c_str()});
@@ -198,7 +211,7 @@ void addPrinterAttributes(Service& service, IppExchange& exchange) {
   }
   requested.copyPrinter(exchange.response.get(), exchange.printer->attributes.get(), templates);
   const IppPointer state(::ippNew(), &::ippDelete);
-  addAddresses(state.get(), exchange);
+  addAddresses(state.get(), service, exchange);
   addState(state.get(), service, exchange);
   // These do not live as long as the response.
   requested.copyPrinter(exchange.response.get(), state.get(), templates, false);

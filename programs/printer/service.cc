@@ -12,6 +12,7 @@
 #include "host/base/output_file.h"
 #include "host/base/text.h"
 #include "programs/common/console.h"
+#include "programs/printer/certificate.h"
 #include "programs/printer/ipp_taker.h"
 #include "programs/printer/page.h"
 #include "programs/printer/printer_attributes.h"
@@ -66,17 +67,47 @@ host::Result<> Service::start() {
   if (!spool) return failureOf(spool);
   jobs_ = std::make_unique<JobList>(std::move(*spool), arguments_.jobLimits);
   for (const host::Problem& problem : jobs_->load(now())) cli::printProblem(problem);
-  for (const std::string& name : arguments_.hosts) server_.addName(name);
-  std::array<char, 256> host{};
-  if (::gethostname(host.data(), host.size() - 1) == 0 && host[0] != '\0') {
-    server_.addName(host.data());
-    server_.addName(std::string(host.data()) + ".local");
-  }
+  for (const std::string& name : namesOfMachine()) server_.addName(name);
   for (const std::string& place : arguments_.places) {
     if (auto listening = server_.listen(place); !listening) return listening;
   }
+  if (auto started = startEncryption(); !started) return started;
   for (const std::string& place : server_.places()) log("listening at " + place);
   for (const PrinterArgument& argument : arguments_.printers) addPrinter(argument);
+  return {};
+}
+
+// The names by which clients call it; the first one is its own.
+std::vector<std::string> Service::namesOfMachine() const {
+  std::vector<std::string> names;
+  std::array<char, 256> host{};
+  if (::gethostname(host.data(), host.size() - 1) == 0 && host[0] != '\0') {
+    names = {host.data(), std::string(host.data()) + ".local"};
+  }
+  names.insert(names.end(), arguments_.hosts.begin(), arguments_.hosts.end());
+  return names;
+}
+
+// Without an order to encrypt, a certificate that cannot be made is no reason to end.
+host::Result<> Service::startEncryption() {
+  if (arguments_.tls == TlsUse::kNever) return {};
+  const bool isOrdered = arguments_.tls != TlsUse::kAsReachable;
+  if (!isOrdered && server_.isLoopbackOnly()) return {};
+  CertificateFiles files{arguments_.certificate, arguments_.key};
+  if (files.key.empty()) {
+    std::vector<std::string> names = namesOfMachine();
+    if (names.empty()) names = {"localhost"};
+    auto made = ownCertificate(jobs_->spool().folder() / "tls", names, now());
+    if (!made && isOrdered) return failureOf(made);
+    if (!made) cli::printProblem(made.error());
+    if (!made) return {};
+    files = std::move(*made);
+  }
+  auto loaded = host::TlsCredentials::load(files.certificate, files.key);
+  if (!loaded) return failureOf(loaded);
+  encryption_ = {std::move(*loaded), arguments_.tls == TlsUse::kRequired};
+  server_.encrypt(encryption_);
+  log("encrypting with the certificate " + files.certificate);
   return {};
 }
 
@@ -260,7 +291,7 @@ std::variant<host::Response, std::unique_ptr<host::BodyTaker>> Service::handle(
   if (request.contentType != "application/ipp") {
     return host::plainResponse(HTTP_STATUS_BAD_REQUEST);
   }
-  return std::make_unique<IppTaker>(*this, request.host);
+  return std::make_unique<IppTaker>(*this, request);
 }
 
 }  // namespace driver_feature::printer

@@ -60,9 +60,15 @@ class Service final {
   static std::int64_t now();
   const ServiceArguments& arguments() const { return arguments_; }
 
+  // What clients can do: encrypted connections, and those that are not.
+  bool isTlsOffered() const { return encryption_.credentials != nullptr; }
+  bool isTlsRequired() const { return encryption_.isRequired; }
+
  private:
   std::variant<host::Response, std::unique_ptr<host::BodyTaker>> handle(
       const host::Request& request);
+  std::vector<std::string> namesOfMachine() const;
+  host::Result<> startEncryption();
   void addPrinter(const PrinterArgument& argument);
   void takeModel(Printer& printer, host::Result<LoadedModel> model);
   void leaveOut(const std::string& name);
@@ -73,6 +79,7 @@ class Service final {
   host::EventLoop& loop_;
   ServiceArguments arguments_;
   host::Server server_;
+  host::Encryption encryption_;
   std::unique_ptr<JobList> jobs_;
   std::map<std::string, std::unique_ptr<Printer>> printers_;
   std::int64_t started_;

@@ -5,6 +5,7 @@
 //   DIR/incoming/12/   a job that is being received
 //   DIR/identity       a random text
 //   DIR/queues/        the PPDs that jobs are printed with
+//   DIR/tls/           the certificate of encrypted connections
 //
 // A job is accepted when its folder has its place below jobs: everything in it
 // is on the disk by then, and a client is told only afterwards. Files change by
@@ -82,6 +83,8 @@ class Spool final {
   std::string attributes(int number) const;  // Empty when they cannot be read.
   std::filesystem::path document(int number) const;
   std::filesystem::path queueFile(const std::string& printer) const;
+
+  const std::filesystem::path& folder() const { return folder_; }
 
   // A random text that stays the same as long as the folder does.
   const std::string& identity() const { return identity_; }
