@@ -17,6 +17,7 @@ endfunction()
 
 printer_test(printer_conformance printer_conformance_test.sh)
 printer_test(printer_clients printer_clients_test.sh)
+printer_test(printer_setting printer_setting_test.sh)
 printer_test(printer_killed printer_kill_test.sh 6)
 # The scheduler is a program of the machine, which loads nothing of another kind.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT CMAKE_CXX_FLAGS MATCHES "sanitize")

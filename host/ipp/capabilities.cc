@@ -231,6 +231,21 @@ const FeatureCapability* Capabilities::find(const std::string& feature) const {
   return found != features.end() ? &*found : nullptr;
 }
 
+std::vector<std::string> hardwareLists(const host::Model& model, const host::Additions& additions) {
+  std::vector<std::string> names;
+  for (const auto& [name, view] : model.features) {
+    CoreFeature* feature = model.set->FindFeatureInFeatureList(name);
+    const bool isList = view.kind() == host::FeatureKind::kMultiSelect && view.isVisible();
+    if (feature == nullptr || !isList) continue;
+    const auto& hardware = additions.rules.hardware;
+    const bool isOfRules = std::any_of(
+        hardware.begin(), hardware.end(),
+        [&feature = name](const host::HardwareFeature& one) { return one.name == feature; });
+    if (isOfRules || !textOf(*feature, "InstOptAttributeName").empty()) names.push_back(name);
+  }
+  return names;
+}
+
 Capabilities capabilitiesOf(const host::Model& model, const host::Additions& additions) {
   Capabilities all;
   all.features = featuresOf(model);

@@ -101,6 +101,9 @@ struct Capabilities {
 // available, and restores what it has changed.
 Capabilities capabilitiesOf(const host::Model& model, const host::Additions& additions);
 
+// The visible lists that say what the printer has.
+std::vector<std::string> hardwareLists(const host::Model& model, const host::Additions& additions);
+
 // As JSON in UTF-8, on one line without a line end. A byte that is not UTF-8
 // comes back as it was.
 std::string toJson(const Capabilities& capabilities);

@@ -306,5 +306,21 @@ TEST(JobSettingsTest, OperationAttributes_AreNotOfTheJob) {
   EXPECT_EQ(settingsFor(officePrinter(), request), "");
 }
 
+TEST(JobSettingsTest, Change_OfWhatWasAsked_ReachesCopiesAndTheSheet) {
+  const Translation printer = officePrinter();
+  const JobRequest request = std::move(jobRequest()
+                                           .keyword("media", "iso_a4_210x297mm")
+                                           .integer("copies", 5)
+                                           .keyword("sides", "two-sided-long-edge"));
+  JobSettings job = printer.settingsOf(request.get());
+  printer.change(job, {{"PageSize", "A5"}, {"Copies", "2"}, {"Staple", "None"}});
+  std::string settings;
+  for (const host::Setting& one : job.settings) settings += one.name + "=" + one.value + " ";
+  EXPECT_EQ(settings, "PageSize=A5 Duplex=DuplexNoTumble Copies=2 Staple=None ");
+  EXPECT_EQ(job.copies, 2);
+  EXPECT_EQ(job.sheet.width, 14800);
+  EXPECT_EQ(job.sheet.height, 21000);
+}
+
 }  // namespace
 }  // namespace driver_feature::ipp

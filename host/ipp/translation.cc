@@ -1,11 +1,14 @@
 #include "host/ipp/translation.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "host/ipp/attribute_table.h"
 #include "host/ipp/job_reader.h"
+#include "host/ipp/media_table.h"
 #include "host/ipp/setting_attributes.h"
 #include "host/ipp/strings.h"
+#include "host/ipp/words.h"
 
 namespace driver_feature::ipp {
 
@@ -41,6 +44,24 @@ JobSettings Translation::settingsOf(ipp_t* request, const std::string& preset) c
 void Translation::addSettings(ipp_t* response, ipp_tag_t group,
                               const std::vector<host::Setting>& settings) const {
   addSettingAttributes(response, group, *table_, settings);
+}
+
+void Translation::change(JobSettings& job, const std::vector<host::Setting>& changes) const {
+  for (const host::Setting& change : changes) {
+    const auto same = std::find_if(
+        job.settings.begin(), job.settings.end(),
+        [&change](const host::Setting& setting) { return setting.name == change.name; });
+    if (same == job.settings.end()) {
+      job.settings.push_back(change);
+    } else {
+      same->value = change.value;
+    }
+    const bool isCopies = table_->copies != nullptr && table_->copies->name == change.name;
+    if (isCopies) job.copies = integerIn(change.value).value_or(job.copies);
+  }
+  if (const MediaEntry* entry = entryOfSettings(*table_, changes)) {
+    job.sheet = {entry->size.width, entry->size.height};
+  }
 }
 
 std::vector<std::string> Translation::attributesOf(const std::string& feature) const {

@@ -30,7 +30,7 @@ constexpr const char* kFooter =
     "not started, 2 wrong usage.";
 
 struct Words {
-  std::vector<std::string> listen, hosts, callbacks, printers;
+  std::vector<std::string> listen, hosts, callbacks, printers, hardware;
   std::string spool, device, library, tls, certificate, key;
   unsigned connections = 100;
   unsigned keep = 100;
@@ -65,6 +65,10 @@ void addOptions(CLI::App& app, Words& words) {
   repeats(app.add_option("--callbacks", words.callbacks,
                          "Load a library of routines that descriptions name. May be repeated"),
           "LIB.so");
+  repeats(app.add_option("--set", words.hardware,
+                         "What is built into a printer, such as office:Finisher=Installed; it is "
+                         "kept with the jobs. May be repeated"),
+          "PRINTER:FEATURE=CHOICE");
   app.add_option("--connections", words.connections, "Most clients at a time")
       ->check(CLI::Range(1, 10000))
       ->type_name("NUMBER");
@@ -109,7 +113,7 @@ host::Result<PrinterArgument> printerOf(const std::string& word) {
   if (::access(file.c_str(), R_OK) != 0) {
     return host::refused(file + ": cannot be read: " + std::strerror(errno));
   }
-  return PrinterArgument{name, fs::absolute(file).lexically_normal()};
+  return PrinterArgument{name, fs::absolute(file).lexically_normal(), {}};
 }
 
 host::Result<> takePrinters(const std::vector<std::string>& words, ServiceArguments& arguments) {
@@ -131,6 +135,27 @@ host::Result<> takePrinters(const std::vector<std::string>& words, ServiceArgume
   return {};
 }
 
+host::Result<> takeHardware(const std::vector<std::string>& words, ServiceArguments& arguments) {
+  for (const std::string& word : words) {
+    const std::size_t colon = word.find(':');
+    const std::size_t equals = word.find('=', colon == std::string::npos ? 0 : colon);
+    if (colon == std::string::npos || equals == std::string::npos || equals == colon + 1) {
+      return host::refused("--set " + host::inQuotes(word) +
+                           " says nothing; give PRINTER:FEATURE=CHOICE");
+    }
+    const std::string name = word.substr(0, colon);
+    const auto printer =
+        std::find_if(arguments.printers.begin(), arguments.printers.end(),
+                     [&name](const PrinterArgument& one) { return one.name == name; });
+    if (printer == arguments.printers.end()) {
+      return host::refused("--set " + host::inQuotes(word) + " is for a printer that is not given");
+    }
+    printer->hardware.push_back(
+        {word.substr(colon + 1, equals - colon - 1), word.substr(equals + 1)});
+  }
+  return {};
+}
+
 host::Result<> takeEncryption(const Words& words, ServiceArguments& arguments) {
   if (words.certificate.empty() != words.key.empty()) {
     return host::refused("a certificate needs its key; give both --certificate and --key");
@@ -148,6 +173,7 @@ host::Result<> takeEncryption(const Words& words, ServiceArguments& arguments) {
 host::Result<ServiceArguments> argumentsOf(const Words& words) {
   ServiceArguments arguments;
   if (auto taken = takePrinters(words.printers, arguments); !taken) return failureOf(taken);
+  if (auto taken = takeHardware(words.hardware, arguments); !taken) return failureOf(taken);
   if (words.device.empty()) {
     return host::refused(
         "no device is given; give --device with the place where jobs go, such as "

@@ -8,13 +8,15 @@
 
 #include "host/base/result.h"
 #include "host/server/limits.h"
+#include "host/settings/setting.h"
 #include "programs/printer/job_list.h"
 
 namespace driver_feature::printer {
 
 struct PrinterArgument {
   std::string name;
-  std::string description;  // The file, with its absolute path.
+  std::string description;                   // The file, with its absolute path.
+  std::vector<host::Setting> hardware = {};  // What is built in.
 };
 
 // Whether clients can, or must, encrypt what they send.

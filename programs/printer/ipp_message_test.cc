@@ -4,7 +4,7 @@
 
 #include "programs/printer/frames.h"
 #include "programs/printer/job_process.h"
-#include "programs/printer/model_process.h"
+#include "programs/printer/settings_verdict.h"
 #include "programs/printer/requested.h"
 
 namespace driver_feature::printer {
@@ -100,6 +100,17 @@ TEST(Frames, Settings_ComeBack) {
   EXPECT_EQ(settings[0].value, "1:2");
   EXPECT_EQ(settings[1].name, "B");
   EXPECT_TRUE(unpackSettings("5:abc").empty());
+}
+
+TEST(Frames, Verdict_ComesBack) {
+  const SettingsVerdict made =
+      unpackVerdict(pack({"a problem", "a conflict: 1", {"A", "B"}, {{"C", "d e"}}}));
+  EXPECT_EQ(made.problem, "a problem");
+  EXPECT_EQ(made.conflict, "a conflict: 1");
+  EXPECT_EQ(made.features, (std::vector<std::string>{"A", "B"}));
+  ASSERT_EQ(made.changes.size(), 1U);
+  EXPECT_EQ(made.changes[0].name + "=" + made.changes[0].value, "C=d e");
+  EXPECT_TRUE(unpackVerdict("").problem.empty());
 }
 
 TEST(OptionText, ValuesWithBlanksAndQuotes_AreQuoted) {

@@ -13,6 +13,7 @@
 #include "programs/common/console.h"
 #include "programs/printer/frames.h"
 #include "programs/printer/queue_text.h"
+#include "programs/printer/settings_verdict.h"
 
 namespace driver_feature::printer {
 
@@ -20,19 +21,11 @@ namespace {
 
 // Settings are made in a copy of this process: those of one job leave nothing to
 // the next.
-std::string problemOf(const host::Model& model, const std::vector<host::Setting>& settings) {
+std::string verdictOn(const host::Session& session, const std::vector<host::Setting>& settings) {
   const auto texts = host::runInChild(host::ChildStreams::kDropped, [&] {
-    std::vector<std::string> problems;
-    for (const host::Setting& setting : settings) {
-      // Names that are not features are options of the pages.
-      if (!model.features.contains(setting.name)) continue;
-      const auto applied = applySetting(model, setting);
-      if (!applied) problems.push_back(describe(applied.error()));
-    }
-    return problems;
+    return std::vector<std::string>{pack(judge(session, settings))};
   });
-  if (!texts) return describe(texts.error());
-  return texts->empty() ? "" : texts->front();
+  return texts ? texts->front() : pack({describe(texts.error()), "", {}, {}});
 }
 
 // One more frame of the server; nothing when it has closed its end.
@@ -56,25 +49,8 @@ int fail(int socket, const host::Problem& problem) {
 
 }  // namespace
 
-std::string packSettings(const std::vector<host::Setting>& settings) {
-  std::string text;
-  for (const host::Setting& setting : settings) text += frame(setting.name) + frame(setting.value);
-  return text;
-}
-
-std::vector<host::Setting> unpackSettings(std::string text) {
-  std::vector<host::Setting> settings;
-  bool isMalformed = false;
-  while (!text.empty()) {
-    auto name = takeFrame(text, isMalformed);
-    auto value = takeFrame(text, isMalformed);
-    if (!name || !value) break;
-    settings.push_back({std::move(*name), std::move(*value)});
-  }
-  return settings;
-}
-
-int runModelProcess(int socket, const std::string& name, const ppd::QueueRequest& request) {
+int runModelProcess(int socket, const std::string& name, const ppd::QueueRequest& request,
+                    const Hardware& hardware) {
   const host::StandardOutputDiversion diversion;
   host::SessionRequest wanted;
   wanted.description = request.description;
@@ -86,17 +62,25 @@ int runModelProcess(int socket, const std::string& name, const ppd::QueueRequest
   if (!session) return fail(socket, session.error());
   (*session)->log().release();
   (*session)->offerNoAllowance();
-  const host::Model& model = (*session)->model();
+  HardwareSession equipped(**session);
+  std::vector<std::string> lines;
+  if (const auto installed = equipped.install(hardware, lines); !installed) {
+    return fail(socket, installed.error());
+  }
+  for (const std::string& line : lines) wanted.report(line);
   auto queue = queueText(**session, name, request);
   if (!queue) return fail(socket, queue.error());
-  const std::string json = toJson(ipp::capabilitiesOf(model, (*session)->additions()));
+  ipp::Capabilities capabilities =
+      ipp::capabilitiesOf((*session)->model(), (*session)->additions());
+  equipped.restrict(capabilities);
+  const std::string json = toJson(capabilities);
   for (const host::Problem& problem : (*session)->additions().problems) {
     cli::printError(name + ": " + describe(problem));
   }
   if (!host::writeAll(socket, frame("+") + frame(json) + frame(*queue))) return cli::kFailure;
   std::string arrived;
   while (const auto text = nextFrame(socket, arrived)) {
-    if (!host::writeAll(socket, frame(problemOf(model, unpackSettings(*text))))) break;
+    if (!host::writeAll(socket, frame(verdictOn(**session, unpackSettings(*text))))) break;
   }
   return cli::kSuccess;
 }

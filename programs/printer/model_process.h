@@ -3,22 +3,18 @@
 #define PROGRAMS_PRINTER_MODEL_PROCESS_H_
 
 #include <string>
-#include <vector>
 
 #include "host/ppd/queue/queue_lines.h"
-#include "host/settings/setting.h"
+#include "programs/printer/hardware.h"
 
 namespace driver_feature::printer {
 
 // Loads the description. Writes a frame "+" and then the capabilities as JSON and
 // the PPD, or one frame "-PROBLEM". From then on each frame with settings is
-// replied to with one frame: empty, or what is refused. Returns the exit status
-// when the other end is closed.
-int runModelProcess(int socket, const std::string& name, const ppd::QueueRequest& request);
-
-// Settings as one text for runModelProcess().
-std::string packSettings(const std::vector<host::Setting>& settings);
-std::vector<host::Setting> unpackSettings(std::string text);
+// replied to with one frame that has the verdict. Returns the exit status when the
+// other end is closed.
+int runModelProcess(int socket, const std::string& name, const ppd::QueueRequest& request,
+                    const Hardware& hardware);
 
 }  // namespace driver_feature::printer
 

@@ -27,10 +27,11 @@ constexpr Milliseconds kLongestPause{60000};
 }  // namespace
 
 ModelWorker::ModelWorker(host::EventLoop& loop, std::string name, ppd::QueueRequest request,
-                         Loaded loaded)
+                         Hardware hardware, Loaded loaded)
     : loop_(loop),
       name_(std::move(name)),
       request_(std::move(request)),
+      hardware_(std::move(hardware)),
       loaded_(std::move(loaded)) {
   start();
 }
@@ -49,7 +50,7 @@ void ModelWorker::start() {
   }
   auto child = host::ChildProcess::start(host::ChildStreams::kShared, [&](int) {
     const int socket = leaveServer(ends[1]);
-    return runModelProcess(socket, name_, request_);
+    return runModelProcess(socket, name_, request_, hardware_);
   });
   ::close(ends[1]);
   socket_ = ends[0];
@@ -85,7 +86,7 @@ void ModelWorker::take(const std::string& text) {
     const auto reply = std::move(waiting_.front());
     waiting_.pop_front();
     watchTime();
-    return reply(text);
+    return reply(unpackVerdict(text));
   }
   if (!capabilities_ && text.starts_with('-')) return end(text.substr(1));
   if (text == "+" && !capabilities_) {
@@ -111,15 +112,14 @@ void ModelWorker::watchTime() {
   timer_ = loop_.after(kCheckTime, [this] { end("its process does not reply"); });
 }
 
-void ModelWorker::check(const std::vector<host::Setting>& settings,
-                        std::function<void(const std::string&)> reply) {
+void ModelWorker::check(const std::vector<host::Setting>& settings, Reply reply) {
   const std::string text = frame(packSettings(settings));
   // A worker that does not read is not waited for.
   const bool isSent = isLoaded_ && ::send(socket_, text.data(), text.size(), MSG_NOSIGNAL) ==
                                        static_cast<ssize_t>(text.size());
   if (!isSent) {
     // Later, as every other reply: the caller is not prepared for one at once.
-    loop_.after(Milliseconds(0), [reply = std::move(reply)] { reply(""); });
+    loop_.after(Milliseconds(0), [reply = std::move(reply)] { reply({}); });
     return;
   }
   waiting_.push_back(std::move(reply));
@@ -143,7 +143,7 @@ void ModelWorker::end(const std::string& reason) {
   });
   pause_ = std::min(pause_ * 2, kLongestPause);
   auto waiting = std::exchange(waiting_, {});
-  for (const auto& reply : waiting) reply("");
+  for (const auto& reply : waiting) reply({});
   loaded_(host::fail(host::Problem::Kind::kNotLoaded, reason));
 }
 

@@ -15,6 +15,8 @@
 #include "host/ipp/capabilities.h"
 #include "host/ppd/queue/queue_lines.h"
 #include "host/server/event_loop.h"
+#include "programs/printer/hardware.h"
+#include "programs/printer/settings_verdict.h"
 
 namespace driver_feature::printer {
 
@@ -31,16 +33,17 @@ class ModelWorker final {
   using Loaded = std::function<void(host::Result<LoadedModel>)>;
 
   // Starts the process. The loop must outlive the worker.
-  ModelWorker(host::EventLoop& loop, std::string name, ppd::QueueRequest request, Loaded loaded);
+  ModelWorker(host::EventLoop& loop, std::string name, ppd::QueueRequest request, Hardware hardware,
+              Loaded loaded);
   ~ModelWorker();
   ModelWorker(const ModelWorker&) = delete;
   ModelWorker& operator=(const ModelWorker&) = delete;
 
-  // Asks whether the settings can be made, one after the other. The reply is empty
-  // if so, else what is refused. It is also empty when the worker cannot say: jobs
-  // are not refused for that.
-  void check(const std::vector<host::Setting>& settings,
-             std::function<void(const std::string& problem)> reply);
+  using Reply = std::function<void(const SettingsVerdict&)>;
+
+  // Asks whether the settings can be made, one after the other. The verdict has
+  // nothing against them when the worker cannot say: jobs are not refused for that.
+  void check(const std::vector<host::Setting>& settings, Reply reply);
 
   bool isRunning() const { return child_.has_value(); }
 
@@ -54,13 +57,14 @@ class ModelWorker final {
   host::EventLoop& loop_;
   std::string name_;
   ppd::QueueRequest request_;
+  Hardware hardware_;
   Loaded loaded_;
   std::optional<host::ChildProcess> child_;
   int socket_ = -1;
   bool isLoaded_ = false;
   std::string arrived_;
   std::optional<std::string> capabilities_;
-  std::deque<std::function<void(const std::string&)>> waiting_;
+  std::deque<Reply> waiting_;
   host::EventLoop::Milliseconds pause_{1000};  // Before the next start.
   std::optional<host::EventLoop::Timer> timer_;
 };

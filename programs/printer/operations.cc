@@ -38,6 +38,15 @@ constexpr std::array kOperations = {
     Operation{IPP_OP_IDENTIFY_PRINTER, false, false, nullptr, &identifyPrinter},
 };
 
+// Of a text that IPP allows 255 bytes for, so many that no character is cut.
+std::string shortened(const std::string& text) {
+  constexpr std::size_t kLongest = 255;
+  if (text.size() <= kLongest) return text;
+  std::size_t size = kLongest;
+  while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xc0U) == 0x80U) --size;
+  return text.substr(0, size);
+}
+
 }  // namespace
 
 bool IppExchange::respond(ipp_status_t status, const std::string& message) {
@@ -45,7 +54,7 @@ bool IppExchange::respond(ipp_status_t status, const std::string& message) {
   if (message.empty()) return true;
   // Behind the two attributes that every response begins with.
   ::ippAddString(response.get(), IPP_TAG_OPERATION, IPP_TAG_TEXT, "status-message", nullptr,
-                 message.c_str());
+                 shortened(message).c_str());
   return true;
 }
 

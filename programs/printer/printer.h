@@ -24,6 +24,7 @@ inline IppPointer noIpp() {
 struct Printer {
   std::string name;
   std::string description;  // The file.
+  Hardware hardware;        // As it was told to the worker.
   std::unique_ptr<ModelWorker> worker;
   std::optional<ipp::Translation> translation;  // Nothing before the description is loaded.
   IppPointer attributes = noIpp();              // What does not change while it prints.

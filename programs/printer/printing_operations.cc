@@ -1,5 +1,6 @@
 #include "programs/printer/printing_operations.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -13,6 +14,7 @@ namespace driver_feature::printer {
 namespace {
 
 constexpr const char* kAnyFormat = "application/octet-stream";
+constexpr const char* kUnsupported = "Some attributes or values are not supported.";
 
 // Fails for a type that is not taken, before the document arrives.
 bool checkFormat(IppExchange& exchange) {
@@ -89,30 +91,82 @@ Job jobOf(const IppExchange& exchange, const ipp::JobSettings& settings) {
   return job;
 }
 
-// The status of the settings and the attributes that are not supported. Fails when
-// the client wants no job without them.
-bool takeSettings(IppExchange& exchange, ipp::JobSettings& settings) {
-  settings = exchange.printer->translation->settingsOf(exchange.request.get(), exchange.preset);
-  const ipp_status_t status = settings.status();
-  exchange.respond(
-      status, settings.unsupported.empty() ? "" : "Some attributes or values are not supported.");
+void respondTo(IppExchange& exchange, const ipp::JobSettings& settings, ipp_status_t status,
+               const std::string& message) {
+  exchange.respond(status, message);
   addUnsupported(exchange.response.get(), settings);
-  return status < IPP_STATUS_ERROR_BAD_REQUEST;
 }
 
-// Lets the worker of the description look at the settings, and calls `then` when
-// it has nothing against them; otherwise the response is ready.
-void checkSettings(const std::shared_ptr<IppExchange>& exchange,
-                   const std::vector<host::Setting>& settings, std::function<void()> then) {
-  exchange->printer->worker->check(
-      settings, [exchange, then = std::move(then)](const std::string& problem) {
-        if (problem.empty()) {
-          then();
-        } else {
-          exchange->respond(IPP_STATUS_ERROR_ATTRIBUTES_OR_VALUES, problem);
-        }
-        exchange->done();
-      });
+// Reads what the client asks for. Fails when it wants no job without what is not
+// supported.
+bool takeSettings(IppExchange& exchange, ipp::JobSettings& settings) {
+  settings = exchange.printer->translation->settingsOf(exchange.request.get(), exchange.preset);
+  if (settings.status() < IPP_STATUS_ERROR_BAD_REQUEST) return true;
+  respondTo(exchange, settings, settings.status(), kUnsupported);
+  return false;
+}
+
+// The attributes of the request for features that rules forbid together, as others
+// that are not supported.
+void addConflicts(const IppExchange& exchange, const SettingsVerdict& verdict,
+                  ipp::JobSettings& settings) {
+  for (const std::string& feature : verdict.features) {
+    for (const std::string& name : exchange.printer->translation->attributesOf(feature)) {
+      ipp_attribute_t* asked =
+          ::ippFindAttribute(exchange.request.get(), name.c_str(), IPP_TAG_ZERO);
+      const bool isKnown = std::any_of(
+          settings.unsupported.begin(), settings.unsupported.end(),
+          [&name](const ipp::UnsupportedAttribute& other) { return other.name == name; });
+      if (asked == nullptr || isKnown || name == "job-password") continue;
+      settings.unsupported.push_back({name, asked, {}});
+    }
+  }
+}
+
+void addPreferred(IppExchange& exchange, const std::vector<host::Setting>& changes) {
+  const IppPointer preferred(::ippNew(), &::ippDelete);
+  exchange.printer->translation->addSettings(preferred.get(), IPP_TAG_ZERO, changes);
+  if (::ippFirstAttribute(preferred.get()) == nullptr) return;
+  ::ippAddCollection(exchange.response.get(), IPP_TAG_OPERATION, "preferred-attributes",
+                     preferred.get());
+}
+
+// What rules forbid together is changed, unless the client wants no job then. Fails
+// when there is no job.
+bool takeVerdict(IppExchange& exchange, const SettingsVerdict& verdict,
+                 ipp::JobSettings& settings) {
+  const bool isFaithful = settings.isFaithful;
+  const bool isConflict = !verdict.conflict.empty();
+  if (!isConflict && verdict.problem.empty()) {
+    respondTo(exchange, settings, settings.status(),
+              settings.unsupported.empty() ? "" : kUnsupported);
+    return true;
+  }
+  const bool isRefused = isFaithful || !verdict.problem.empty();
+  exchange.respond(!isConflict ? IPP_STATUS_ERROR_ATTRIBUTES_OR_VALUES
+                   : isRefused ? IPP_STATUS_ERROR_CONFLICTING
+                               : IPP_STATUS_OK_CONFLICTING,
+                   verdict.problem.empty() ? verdict.conflict : verdict.problem);
+  if (::ippGetOperation(exchange.request.get()) == IPP_OP_VALIDATE_JOB) {
+    addPreferred(exchange, verdict.changes);
+  }
+  addConflicts(exchange, verdict, settings);
+  addUnsupported(exchange.response.get(), settings);
+  if (isRefused) return false;
+  exchange.printer->translation->change(settings, verdict.changes);
+  return true;
+}
+
+// Lets the worker of the description look at the settings, and calls `then` with those
+// that are to be made; otherwise the response is ready.
+void checkSettings(const std::shared_ptr<IppExchange>& exchange, const ipp::JobSettings& settings,
+                   std::function<void(const ipp::JobSettings&)> then) {
+  exchange->printer->worker->check(settings.settings, [exchange, settings, then = std::move(then)](
+                                                          const SettingsVerdict& verdict) {
+    ipp::JobSettings made = settings;
+    if (takeVerdict(*exchange, verdict, made)) then(made);
+    exchange->done();
+  });
 }
 
 void log(const Job& job, const std::string& event) {
@@ -149,33 +203,37 @@ bool preparePrinting(Service& service, IppExchange& exchange) {
 bool validateJob(Service& /*service*/, const std::shared_ptr<IppExchange>& exchange) {
   ipp::JobSettings settings;
   if (!takeSettings(*exchange, settings)) return true;
-  checkSettings(exchange, settings.settings, [] {});
+  checkSettings(exchange, settings, [](const ipp::JobSettings&) {});
   return false;
 }
 
 bool printJob(Service& service, const std::shared_ptr<IppExchange>& exchange) {
   ipp::JobSettings settings;
   if (!takeSettings(*exchange, settings)) return true;
-  Job job = jobOf(*exchange, settings);
-  if (!settleFormat(*exchange, job.format)) return true;
-  job.bytes = exchange->document->size();
-  checkSettings(exchange, settings.settings,
-                [&service, exchange, job] { addJob(service, *exchange, job); });
+  std::string format = textOf(exchange->request.get(), "document-format", IPP_TAG_MIMETYPE);
+  if (!settleFormat(*exchange, format)) return true;
+  checkSettings(exchange, settings, [&service, exchange, format](const ipp::JobSettings& made) {
+    Job job = jobOf(*exchange, made);
+    job.format = format;
+    job.bytes = exchange->document->size();
+    addJob(service, *exchange, job);
+  });
   return false;
 }
 
 bool createJob(Service& service, const std::shared_ptr<IppExchange>& exchange) {
   ipp::JobSettings settings;
   if (!takeSettings(*exchange, settings)) return true;
-  Job job = jobOf(*exchange, settings);
-  job.isIncoming = true;
-  if (job.state != IPP_JSTATE_HELD) {
-    job.state = IPP_JSTATE_HELD;
-    job.reason = "job-incoming";
-  }
-  job.format.clear();
-  checkSettings(exchange, settings.settings,
-                [&service, exchange, job] { addJob(service, *exchange, job); });
+  checkSettings(exchange, settings, [&service, exchange](const ipp::JobSettings& made) {
+    Job job = jobOf(*exchange, made);
+    job.isIncoming = true;
+    if (job.state != IPP_JSTATE_HELD) {
+      job.state = IPP_JSTATE_HELD;
+      job.reason = "job-incoming";
+    }
+    job.format.clear();
+    addJob(service, *exchange, job);
+  });
   return false;
 }
 

@@ -125,12 +125,17 @@ int Service::jobOfPath(const std::string& path) {
   return read.ec == std::errc() && read.ptr == text.data() + text.size() ? number : 0;
 }
 
+std::filesystem::path Service::hardwareFile(const std::string& printer) const {
+  return jobs_->spool().folder() / "hardware" / printer;
+}
+
 void Service::addPrinter(const PrinterArgument& argument) {
   auto made = std::make_unique<Printer>();
   Printer& printer = *made;
   printer.name = argument.name;
   printer.description = argument.description;
   printer.queueFile = jobs_->spool().queueFile(argument.name);
+  printer.hardware = {readHardware(hardwareFile(argument.name)), argument.hardware};
   printer.stateChanged = now();
   printers_.emplace(argument.name, std::move(made));
   ppd::QueueRequest request;
@@ -138,7 +143,7 @@ void Service::addPrinter(const PrinterArgument& argument) {
   request.library = arguments_.library;
   request.routines = arguments_.routines;
   printer.worker = std::make_unique<ModelWorker>(
-      loop_, argument.name, std::move(request),
+      loop_, argument.name, std::move(request), printer.hardware,
       [this, &printer](host::Result<LoadedModel> model) { takeModel(printer, std::move(model)); });
 }
 
@@ -153,6 +158,10 @@ void Service::takeModel(Printer& printer, host::Result<LoadedModel> model) {
   if (const auto written = host::writeToFile(printer.queueFile, model->queue); !written) {
     cli::printProblem(written.error());
     return leaveOut(printer.name);
+  }
+  if (!printer.hardware.given.empty()) {
+    const auto kept = writeHardware(hardwareFile(printer.name), printer.hardware);
+    if (!kept) cli::printProblem(kept.error());
   }
   printer.translation.emplace(std::move(model->capabilities));
   printer.configured = now();

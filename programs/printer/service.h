@@ -3,6 +3,7 @@
 #define PROGRAMS_PRINTER_SERVICE_H_
 
 #include <cstdint>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
@@ -69,6 +70,7 @@ class Service final {
       const host::Request& request);
   std::vector<std::string> namesOfMachine() const;
   host::Result<> startEncryption();
+  std::filesystem::path hardwareFile(const std::string& printer) const;
   void addPrinter(const PrinterArgument& argument);
   void takeModel(Printer& printer, host::Result<LoadedModel> model);
   void leaveOut(const std::string& name);

@@ -5,6 +5,7 @@
 //   DIR/incoming/12/   a job that is being received
 //   DIR/identity       a random text
 //   DIR/queues/        the PPDs that jobs are printed with
+//   DIR/hardware/      what is built into each printer
 //   DIR/tls/           the certificate of encrypted connections
 //
 // A job is accepted when its folder has its place below jobs: everything in it
