@@ -31,6 +31,14 @@ add_library(GnuTls INTERFACE)
 target_include_directories(GnuTls SYSTEM INTERFACE ${GNUTLS_INCLUDE_FOLDER})
 target_link_libraries(GnuTls INTERFACE ${GNUTLS_LIBRARY})
 
+# Announces printers. libcups uses it, too.
+find_path(AVAHI_INCLUDE_FOLDER avahi-client/client.h REQUIRED)
+find_library(AVAHI_CLIENT_LIBRARY avahi-client REQUIRED)
+find_library(AVAHI_COMMON_LIBRARY avahi-common REQUIRED)
+add_library(Avahi INTERFACE)
+target_include_directories(Avahi SYSTEM INTERFACE ${AVAHI_INCLUDE_FOLDER})
+target_link_libraries(Avahi INTERFACE ${AVAHI_CLIENT_LIBRARY} ${AVAHI_COMMON_LIBRARY})
+
 # Lines at a terminal.
 find_path(EDIT_INCLUDE_FOLDER histedit.h REQUIRED)
 find_library(EDIT_LIBRARY edit REQUIRED)

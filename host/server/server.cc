@@ -6,7 +6,6 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -141,10 +140,12 @@ void Server::addName(const std::string& name) {
   names_.insert(toLower(name));
 }
 
-bool Server::isLoopbackOnly() const {
-  return std::all_of(places_.begin(), places_.end(), [](const std::string& place) {
-    return place.starts_with("127.") || place.starts_with("[::1]:");
-  });
+int Server::reachablePort() const {
+  for (const std::string& place : places_) {
+    if (place.starts_with("127.") || place.starts_with("[::1]:")) continue;
+    return std::stoi(place.substr(place.rfind(':') + 1));
+  }
+  return 0;
 }
 
 void Server::reply(RequestNumber request, const Response& response) {

@@ -46,7 +46,10 @@ class Server {
   void encrypt(const Encryption& encryption) { encryption_ = encryption; }
 
   // Whether only programs of this machine reach it.
-  bool isLoopbackOnly() const;
+  bool isLoopbackOnly() const { return reachablePort() == 0; }
+
+  // The first port at which others reach it; 0 for none.
+  int reachablePort() const;
 
   // The response to a request that waits for one. Does nothing when the client
   // has gone.

@@ -35,6 +35,7 @@ struct Words {
   unsigned connections = 100;
   unsigned keep = 100;
   bool isVersion = false;
+  bool isSilent = false;
 };
 
 void addOptions(CLI::App& app, Words& words) {
@@ -75,6 +76,7 @@ void addOptions(CLI::App& app, Words& words) {
   app.add_option("--keep", words.keep, "Remember so many jobs that are over")
       ->check(CLI::Range(1, 100000))
       ->type_name("NUMBER");
+  app.add_flag("--no-dns-sd", words.isSilent, "Do not announce the printers in the network");
   app.add_flag("--version", words.isVersion, "Show the version");
   app.add_option("PRINTER", words.printers, "A printer and the description it is made of")
       ->type_name("NAME=DESCRIPTION.xml...");
@@ -184,6 +186,7 @@ host::Result<ServiceArguments> argumentsOf(const Words& words) {
   arguments.places = words.listen;
   if (arguments.places.empty()) arguments.places = {"127.0.0.1:8631"};
   arguments.hosts = words.hosts;
+  arguments.isAnnounced = !words.isSilent;
   arguments.spool = words.spool.empty() ? defaultSpool() : words.spool;
   if (arguments.spool.empty())
     return host::refused("no folder for the jobs is known; give --spool");

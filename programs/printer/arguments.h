@@ -33,6 +33,7 @@ struct ServiceArguments {
   std::string key;
   std::vector<std::string> places;  // At which to listen.
   std::vector<std::string> hosts;   // More names by which clients may call the server.
+  bool isAnnounced = true;          // Where not only programs of this machine reach it.
   std::string spool;
   std::string device;
   std::string library;                // Empty for the installed one.

@@ -73,6 +73,10 @@ host::Result<> Service::start() {
   }
   if (auto started = startEncryption(); !started) return started;
   for (const std::string& place : server_.places()) log("listening at " + place);
+  if (arguments_.isAnnounced && !server_.isLoopbackOnly()) {
+    announcer_ = std::make_unique<Announcer>(
+        loop_, [this](const std::string& name) { server_.addName(name); });
+  }
   for (const PrinterArgument& argument : arguments_.printers) addPrinter(argument);
   return {};
 }
@@ -167,6 +171,7 @@ void Service::takeModel(Printer& printer, host::Result<LoadedModel> model) {
   printer.configured = now();
   printer.attributes = fixedAttributes(*this, printer);
   log(printer.name + ": ready");
+  announce();
   startNext(printer);
 }
 
@@ -175,8 +180,19 @@ void Service::leaveOut(const std::string& name) {
   loop_.after(host::EventLoop::Milliseconds(0), [this, name] {
     log(name + ": is left out");
     printers_.erase(name);
+    announce();
     if (printers_.empty()) loop_.stop();
   });
+}
+
+void Service::announce() {
+  if (!announcer_) return;
+  Announcement announcement{server_.reachablePort(), !isTlsRequired(), isTlsOffered(), {}};
+  for (const auto& [name, printer] : printers_) {
+    if (!printer->isReady()) continue;
+    announcement.printers.push_back(announcedPrinter(*printer, uuidOf(name), isTlsOffered()));
+  }
+  announcer_->announce(std::move(announcement));
 }
 
 void Service::keep(Job& job) {

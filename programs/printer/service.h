@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/server/server.h"
+#include "programs/printer/announcement.h"
 #include "programs/printer/arguments.h"
 #include "programs/printer/job_list.h"
 #include "programs/printer/printer.h"
@@ -71,6 +72,7 @@ class Service final {
   std::vector<std::string> namesOfMachine() const;
   host::Result<> startEncryption();
   std::filesystem::path hardwareFile(const std::string& printer) const;
+  void announce();
   void addPrinter(const PrinterArgument& argument);
   void takeModel(Printer& printer, host::Result<LoadedModel> model);
   void leaveOut(const std::string& name);
@@ -82,6 +84,7 @@ class Service final {
   ServiceArguments arguments_;
   host::Server server_;
   host::Encryption encryption_;
+  std::unique_ptr<Announcer> announcer_;  // Null: nothing is announced.
   std::unique_ptr<JobList> jobs_;
   std::map<std::string, std::unique_ptr<Printer>> printers_;
   std::int64_t started_;

@@ -1,0 +1,16 @@
+// What runs in the process that announces printers.
+#ifndef PROGRAMS_PRINTER_ANNOUNCEMENT_PROCESS_H_
+#define PROGRAMS_PRINTER_ANNOUNCEMENT_PROCESS_H_
+
+namespace driver_feature::printer {
+
+struct Announcement;
+
+// Announces the printers as long as the process runs, and writes the name of this
+// machine in the network to the pipe, with a line end. Without D-Bus or Avahi it waits
+// for them, after a line for the log.
+int runAnnouncement(const Announcement& announcement, int pipe);
+
+}  // namespace driver_feature::printer
+
+#endif  // PROGRAMS_PRINTER_ANNOUNCEMENT_PROCESS_H_
