@@ -16,6 +16,7 @@ function(printer_test name script)
 endfunction()
 
 printer_test(printer_conformance printer_conformance_test.sh)
+printer_test(printer_everywhere printer_everywhere_test.sh)
 printer_test(printer_clients printer_clients_test.sh)
 printer_test(printer_setting printer_setting_test.sh)
 printer_test(printer_killed printer_kill_test.sh 6)

@@ -100,6 +100,9 @@ class Reader {
       job_.isFaithful = ippGetBoolean(attribute, 0) != 0;
     } else if (name == "job-password" || name == "job-password-encryption") {
       readPassword(name, attribute);
+    } else if (name == "job-hold-until") {
+      // Some clients put it here; a job that is to wait must not be printed.
+      readHold(attribute);
     }
   }
 

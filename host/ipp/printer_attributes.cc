@@ -114,7 +114,12 @@ void addFinishingAttributes(ipp_t* printer, const AttributeTable& table) {
   addIntegers(printer, kPrinter, "finishings-default", IPP_TAG_ENUM, usual);
   addKeywords(printer, kPrinter, "finishing-template-supported", templates);
   addKeywords(printer, kPrinter, "finishings-col-supported", {"finishing-template"});
+  // The same: collections belong to one attribute only.
+  std::vector<ipp_t*> ready;
+  ready.reserve(templates.size());
+  for (const std::string& keyword : templates) ready.push_back(templateCollection(keyword));
   addCollections(printer, kPrinter, "finishings-col-database", std::move(database));
+  addCollections(printer, kPrinter, "finishings-col-ready", std::move(ready));
   addCollections(printer, kPrinter, "finishings-col-default", std::move(initial));
 }
 
@@ -168,7 +173,8 @@ void addAllAttributes(ipp_t* printer, const AttributeTable& table, const Capabil
   addHardware(printer, table);
   addConstraints(printer, table, all);
   // The pages of a job are all printed alike.
-  addKeywords(printer, kPrinter, "overrides-supported", {"document-number", "pages"});
+  addKeywords(printer, kPrinter, "overrides-supported",
+              {"document-number", "document-numbers", "pages"});
   ippAddBoolean(printer, kPrinter, "preferred-attributes-supported", 1);
   std::sort(names.begin(), names.end());
   addKeywords(printer, kPrinter, "job-creation-attributes-supported", names);

@@ -30,12 +30,14 @@ class JobWriter final {
     ::ippAddInteger(response_, IPP_TAG_JOB, type, name,
                     static_cast<int>(std::clamp<std::int64_t>(value, 0, 0x7fffffff)));
   }
+  void addNoValue(const char* name) {
+    if (wants(name)) ::ippAddOutOfBand(response_, IPP_TAG_JOB, IPP_TAG_NOVALUE, name);
+  }
   // The same moment as a date and as seconds since the server has started.
   void addTime(const char* date, const char* seconds, std::int64_t time, std::int64_t started) {
     if (time == 0) {
-      if (wants(date)) ::ippAddOutOfBand(response_, IPP_TAG_JOB, IPP_TAG_NOVALUE, date);
-      if (wants(seconds)) ::ippAddOutOfBand(response_, IPP_TAG_JOB, IPP_TAG_NOVALUE, seconds);
-      return;
+      addNoValue(date);
+      return addNoValue(seconds);
     }
     if (wants(date)) ::ippAddDate(response_, IPP_TAG_JOB, date, dateOf(time));
     // A job of an earlier server was made before its first second.
@@ -112,6 +114,8 @@ void addJobAttributes(Service& service, const IppExchange& exchange, const Job& 
              job.isCancelled && !job.isOver() ? "processing-to-stop-point" : job.reason);
   writer.add("job-state-message", IPP_TAG_TEXT, stateMessage(job));
   writer.add("job-k-octets", IPP_TAG_INTEGER, static_cast<std::int64_t>((job.bytes + 1023) / 1024));
+  // Nobody counts the pages of a document before it is printed.
+  writer.addNoValue("job-impressions");
   writer.add("job-impressions-completed", IPP_TAG_INTEGER, job.sheets);
   writer.add("job-printer-up-time", IPP_TAG_INTEGER, service.upTime() + 1);
   writer.add("number-of-documents", IPP_TAG_INTEGER, job.isIncoming ? 0 : 1);

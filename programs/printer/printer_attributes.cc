@@ -41,6 +41,8 @@ void addDocuments(AttributeList& list) {
   list.strings(IPP_TAG_MIMETYPE, "document-format-default", {formats.front()});
   list.strings(IPP_TAG_MIMETYPE, "document-format-preferred", {"application/pdf"});
   list.keywords("compression-supported", {"none"});
+  // PDF files with passwords are not taken.
+  list.integer("document-password-supported", 0);
   list.keyword("pdl-override-supported", "attempted");
   list.range("job-k-octets-supported", 0, kMostKilobytes);
   list.range("pdf-k-octets-supported", 0, kMostKilobytes);

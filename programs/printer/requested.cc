@@ -11,7 +11,11 @@ namespace {
 // It is long, and given only to those who ask for it by its name.
 constexpr const char* kMediaDatabase = "media-col-database";
 
+// Attributes about the members of collections, such as "media-source-supported", are in
+// the group of the collections. Passwords belong to the request and not to the job.
 bool isTemplate(const std::string& name, const std::set<std::string>& templates) {
+  if (name.starts_with("media-") || name.starts_with("finishing-")) return true;
+  if (name.starts_with("job-password-")) return false;
   constexpr std::array<std::string_view, 4> kEndings = {"-default", "-supported", "-ready",
                                                         "-database"};
   return std::any_of(kEndings.begin(), kEndings.end(), [&](std::string_view ending) {
