@@ -36,6 +36,8 @@ class Reader {
     forEachAttribute([this](ipp_attribute_t* each) { findPresets(each); });
     forEachAttribute([this](ipp_attribute_t* each) { read(each); });
     job_.settings = list_.take();
+    // What a preset sets has stayed, whatever size the request says.
+    if (list_.hasKeptFirm()) settleSheet();
     return std::move(job_);
   }
 
@@ -48,9 +50,14 @@ class Reader {
     }
   }
 
+  // Print queues that are made of the printer write "QuickDraft" for "quick-draft".
+  static bool isTemplateNamed(const std::string& keyword, const std::string& name) {
+    return bareName(keyword) == bareName(name);
+  }
+
   const PresetEntry* presetNamed(const std::string& name) const {
     for (const PresetEntry& entry : table_.presets) {
-      if (entry.keyword == name || entry.preset->name == name) return &entry;
+      if (entry.preset->name == name || isTemplateNamed(entry.keyword, name)) return &entry;
     }
     return nullptr;
   }
@@ -58,10 +65,15 @@ class Reader {
   void applyPreset(const std::string& name) {
     const PresetEntry* entry = name.empty() ? nullptr : presetNamed(name);
     if (entry == nullptr) return;
-    list_.set(entry->preset->settings);
+    list_.setFirmly(entry->preset->settings);
     if (const MediaEntry* media = entryOfSettings(table_, entry->preset->settings)) {
       job_.sheet = {media->size.width, media->size.height};
     }
+  }
+
+  void settleSheet() {
+    const MediaEntry* media = entryOfSettings(table_, job_.settings);
+    if (media != nullptr) job_.sheet = {media->size.width, media->size.height};
   }
 
   static std::vector<std::string> templatesIn(ipp_attribute_t* attribute) {
@@ -201,7 +213,7 @@ class Reader {
 
   const FinishingEntry* finishingNamed(const std::string& name) const {
     for (const FinishingEntry& entry : table_.finishings) {
-      if (finishingKeyword(entry.number) == name) return &entry;
+      if (isTemplateNamed(finishingKeyword(entry.number), name)) return &entry;
     }
     return nullptr;
   }
@@ -214,7 +226,7 @@ class Reader {
       const FinishingEntry* entry = finishingNamed(name);
       if (entry != nullptr) {
         list_.set(entry->feature->name, entry->choice);
-      } else if (name == "none") {
+      } else if (isTemplateNamed("none", name)) {
         for (const auto& [feature, none] : table_.noFinishing) list_.set(feature, none);
       } else {
         isRight = false;

@@ -180,6 +180,21 @@ TEST(JobSettingsTest, Preset_OfThePrinterUri_ComesFirst) {
   EXPECT_EQ(job.sheet.height, 21000);
 }
 
+// A print queue made of the printer sends its defaults with every job, and names
+// templates as PPDs do.
+TEST(JobSettingsTest, Preset_WithTheDefaultsOfAQueue_StaysWhole) {
+  JobRequest request;
+  request.keyword("media", "iso_a4_210x297mm").integer("copies", 1).keyword("sides", "one-sided");
+  const JobRequest preset = templates({"QuickDraft"});
+  ippCopyAttribute(request.get(), ippFindAttribute(preset.get(), "finishings-col", IPP_TAG_ZERO),
+                   0);
+  const JobSettings job = officePrinter().settingsOf(request.get());
+  EXPECT_EQ(textOf(job.settings), "TonerSave=On PageSize=A5 Duplex=None Copies=2");
+  EXPECT_EQ(job.sheet.width, 14800);
+  EXPECT_EQ(job.status(), IPP_STATUS_OK);
+  EXPECT_EQ(settingsFor(officePrinter(), templates({"StapleDualLeft"})), "Staple=DualLeft");
+}
+
 TEST(JobSettingsTest, Password_ForAFeatureThatIsNotAvailable_BringsWhatMakesItSo) {
   EXPECT_EQ(settingsFor(officePrinter(), jobRequest().octets("job-password", "1234")),
             "Hold=Private Pin=1234");
@@ -296,6 +311,13 @@ TEST(JobSettingsTest, MembersWithoutAValue_AreNotReturned) {
   ASSERT_NE(first, nullptr);
   EXPECT_STREQ(ippGetName(first), "media-col");
   EXPECT_EQ(ippGetValueTag(first), IPP_TAG_UNSUPPORTED_VALUE);
+}
+
+TEST(JobSettingsTest, Hold_AmongOperationAttributes_IsTaken) {
+  JobRequest request;
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "job-hold-until", nullptr,
+               "indefinite");
+  EXPECT_EQ(officePrinter().settingsOf(request.get()).holdUntil, "indefinite");
 }
 
 TEST(JobSettingsTest, OperationAttributes_AreNotOfTheJob) {

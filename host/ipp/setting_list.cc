@@ -9,7 +9,7 @@ void SettingList::set(const std::string& feature, const std::string& value) {
   const auto found = std::find_if(settings_.begin(), settings_.end(),
                                   [&](const host::Setting& s) { return s.name == feature; });
   if (found != settings_.end()) {
-    found->value = value;
+    if (!isKept(*found, value)) found->value = value;
   } else {
     settings_.push_back({feature, value});
   }
@@ -17,6 +17,22 @@ void SettingList::set(const std::string& feature, const std::string& value) {
 
 void SettingList::set(const std::vector<host::Setting>& settings) {
   for (const host::Setting& setting : settings) set(setting.name, setting.value);
+}
+
+void SettingList::setFirmly(const std::vector<host::Setting>& settings) {
+  for (const host::Setting& setting : settings) {
+    firm_.erase(setting.name);
+    set(setting.name, setting.value);
+    firm_.insert(setting.name);
+  }
+}
+
+bool SettingList::isKept(const host::Setting& present, const std::string& value) {
+  const FeatureCapability* feature = all_.find(present.name);
+  const bool isDefault = feature != nullptr && feature->value == value;
+  if (!isDefault || !firm_.contains(present.name)) return false;
+  hasKeptFirm_ = hasKeptFirm_ || present.value != value;
+  return true;
 }
 
 const host::Setting* SettingList::find(const std::string& feature) const {

@@ -2,6 +2,7 @@
 #ifndef HOST_IPP_SETTING_LIST_H_
 #define HOST_IPP_SETTING_LIST_H_
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,13 @@ class SettingList {
   void set(const std::string& feature, const std::string& value);
   void set(const std::vector<host::Setting>& settings);
 
+  // Values of a preset: the default value does not replace them. Clients send the
+  // defaults of all that their users have not chosen.
+  void setFirmly(const std::vector<host::Setting>& settings);
+
+  // Whether a default value has not replaced one of a preset.
+  bool hasKeptFirm() const { return hasKeptFirm_; }
+
   bool has(const std::string& feature) const { return find(feature) != nullptr; }
 
   // Adds what makes features available that are set and are not, unless it was asked
@@ -26,9 +34,12 @@ class SettingList {
  private:
   const host::Setting* find(const std::string& feature) const;
   void addEnablers();
+  bool isKept(const host::Setting& present, const std::string& value);
 
   const Capabilities& all_;
   std::vector<host::Setting> settings_;
+  std::set<std::string> firm_;  // Names of features.
+  bool hasKeptFirm_ = false;
 };
 
 }  // namespace driver_feature::ipp
