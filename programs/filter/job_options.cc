@@ -7,6 +7,7 @@
 #include "host/base/text.h"
 #include "host/ppd/plain/keywords.h"
 #include "host/settings/command_line_key.h"
+#include "programs/filter/feature_key.h"
 #include "programs/filter/job_settings.h"
 #include "programs/filter/libcups_options.h"
 #include "programs/filter/media_rule.h"
@@ -40,7 +41,7 @@ void JobSettings::sort(const host::Setting& option) {
   if (keyword && isChoice) return sortChoice(option, *keyword);
   if (feature != model_.features.end()) {
     const std::string value = keyword ? withoutCustom(option.value) : option.value;
-    wishes_.push_back({option.name, {feature->first, value}, ""});
+    wish(option.name, {feature->first, value});
     return;
   }
   if (sortByKey(option)) return;
@@ -59,8 +60,7 @@ void JobSettings::sortChoice(const host::Setting& option, const std::string& key
     // A PPD made of the description cannot have each of its choices.
     const auto feature = model_.features.find(target);
     if (feature != model_.features.end() && hasChoice(feature->second, option.value)) {
-      wishes_.push_back({option.name, {feature->first, option.value}, ""});
-      return;
+      return wish(option.name, {feature->first, option.value});
     }
     checked = host::refused("there is no choice \"" + option.value + "\"; choose one of " +
                             host::join(ppd_->choicesOf(keyword), ", "));
@@ -70,6 +70,19 @@ void JobSettings::sortChoice(const host::Setting& option, const std::string& key
   if (!checked) return refuse(option.name, checked.error().text);
   forPpd_.push_back({target, option.value});
   named_[target] = option.name;
+  leaveToPages({target, option.value});
+}
+
+void JobSettings::wish(const std::string& option, const host::Setting& setting) {
+  wishes_.push_back({option, setting, ""});
+  leaveToPages(setting);
+}
+
+// A feature for the pages that writes nothing, but for tickets, leaves the pages as
+// they are; then they are arranged here.
+void JobSettings::leaveToPages(const host::Setting& setting) {
+  if (!model_.features.contains(setting.name)) return;
+  if (const auto forPages = settingWithoutCommands(model_, setting)) pages_.take(*forPages);
 }
 
 // An option of neither the PPD nor the features.
@@ -106,7 +119,7 @@ bool JobSettings::sortByKey(const host::Setting& option) {
     const bool isStrict = option.name == "media" || option.name == "sides";
     if (!isStrict || ppd_->understands(option)) return false;
   }
-  wishes_.push_back({option.name, {*feature, value.value_or(option.value)}, ""});
+  wish(option.name, {*feature, value.value_or(option.value)});
   return true;
 }
 

@@ -12,6 +12,8 @@ namespace driver_feature::filter {
 
 namespace {
 
+constexpr const char* kPageRegion = "PageRegion";
+constexpr const char* kPageSize = "PageSize";
 constexpr const char* kMirrorPrint = "MirrorPrint";
 
 std::string keywordPart(const std::string& name) {
@@ -25,7 +27,8 @@ bool JobSettings::apply(const FilterArguments& arguments) {
   for (const host::Setting& option : arguments.options) sort(option);
   copiesFeature_ = copiesFeature();
   if (!settlePages()) return false;
-  addCopies(pages_.makesCopies() ? 1 : arguments.copies);
+  leaveSizeUnset();
+  addCopies(arguments.copies);
   addDefault("job-name", harmless(arguments.title));
   addDefault("user-name", harmless(arguments.user));
   for (;;) {
@@ -98,6 +101,23 @@ bool JobSettings::settlePages() {
   return decided.has_value();
 }
 
+bool JobSettings::isSizeChosen(const std::string& unset) const {
+  if (asksFor(kPageSize) || asksFor(kPageRegion) || !ppd_->isMarked(kPageSize, unset)) return true;
+  return std::any_of(forPpd_.begin(), forPpd_.end(), [&unset](const host::Setting& option) {
+    const bool isNamed = ("," + option.value + ",").find("," + unset + ",") != std::string::npos;
+    return option.name == "media" && isNamed;
+  });
+}
+
+// Some printers take the size of the tray until somebody chooses one; the PPD has a
+// default all the same.
+void JobSettings::leaveSizeUnset() {
+  if (ppd_ == nullptr || !model_.features.contains(kPageSize)) return;
+  for (const std::string& unset : ppd_->attributes("DriverFeatureUnsetSize")) {
+    if (!isSizeChosen(unset)) wishes_.push_back({"", {kPageSize, "not set"}, ""});
+  }
+}
+
 std::string JobSettings::copiesFeature() const {
   std::string name = "Copies";
   if (!model_.features.contains(name)) name = host::featureWithKey(model_, "copies").value_or("");
@@ -107,8 +127,15 @@ std::string JobSettings::copiesFeature() const {
   return isCount ? name : "";
 }
 
+// Copies that the pages make are not made once more, whatever the job asks of the
+// feature.
 void JobSettings::addCopies(int copies) {
-  if (copiesFeature_.empty() || isAsked(copiesFeature_)) return;
+  if (copiesFeature_.empty()) return;
+  if (pages_.makesCopies()) {
+    std::erase_if(wishes_, [this](const Wish& one) { return one.setting.name == copiesFeature_; });
+    copies = 1;
+  }
+  if (isAsked(copiesFeature_)) return;
   wishes_.push_back({"copies", {copiesFeature_, std::to_string(copies)}, ""});
 }
 

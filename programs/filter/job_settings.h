@@ -60,10 +60,14 @@ class JobSettings {
   bool sortByKey(const host::Setting& option);
   void sortChoice(const host::Setting& option, const std::string& keyword);
   void sortUnknown(const host::Setting& option);
+  void wish(const std::string& option, const host::Setting& setting);
+  void leaveToPages(const host::Setting& setting);
   bool asksFor(const std::string& name) const;
   bool settlePages();
   std::string copiesFeature() const;
   void addCopies(int copies);
+  bool isSizeChosen(const std::string& unset) const;
+  void leaveSizeUnset();
   void addDefault(const std::string& key, const std::string& value);
   bool isAsked(const std::string& feature) const;
   std::vector<Wish> collect();

@@ -119,6 +119,25 @@ TEST_F(PageWorkTest, Feature_TakesTheOptionFirst) {
   EXPECT_THAT(result.output, HasSubstr("\n2 up\n"));
 }
 
+// Such a feature is for tickets; its choices may have been set by a preset.
+TEST_F(PageWorkTest, FeatureThatWritesNothing_LeavesTheWorkToTheFilter) {
+  describe("printer.xml",
+           {feature("MultiSelect", "Pages", "CLOKey='number-up'",
+                    "<Option Name='One' CLOKey='1'/><Option Name='Two' CLOKey='2'/>")});
+  for (const char* option : {"number-up=2", "Pages=Two"}) {
+    const RunResult result = filter(option);
+    EXPECT_EQ(reported(result), "PAGE: 1 1\n") << option;
+    EXPECT_THAT(result.output, HasSubstr("\n%RBINumCopies: 1\n"));
+  }
+  EXPECT_EQ(reported(filter("Pages=One")), kTwoPages);
+}
+
+TEST_F(PageWorkTest, CopiesAskedOfTheFeature_AreNotMadeAgainByThePages) {
+  const RunResult result = filter("collate=true Copies=3", "3");
+  EXPECT_THAT(result.output, HasSubstr("@PJL SET COPIES=1\r\n"));
+  EXPECT_EQ(countOf(result.output, "(one) pageText showpage"), 3U);
+}
+
 TEST_F(PageWorkTest, CollatedCopies_AreMadeOnce) {
   const RunResult result = filter("collate=true", "3");
   EXPECT_THAT(result.output, StartsWith(kHeader));

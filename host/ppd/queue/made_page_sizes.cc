@@ -31,13 +31,14 @@ void MadeOptionWriter::addPageSizes() {
 }
 
 // Where the description has no size selected, the tray says it, or the region:
-// the filter is to leave that so.
+// the filter is to leave that so unless another size is chosen.
 void MadeOptionWriter::addRegionRule(const host::FeatureView* size) {
   if (usualSize_.empty() || size->currentChoice().value_or("") != "not set") return;
   const auto region = model_.features.find(kPageRegion);
   const bool isRegion = region != model_.features.end() && isPageSizeList(region->second) &&
                         region->second.currentChoice().value_or("not set") != "not set";
-  line("*RequiresPageRegion All: ", isRegion ? "True" : "False");
+  if (isRegion) return line("*RequiresPageRegion All: ", "True");
+  line("*DriverFeatureUnsetSize: ", '"' + usualSize_ + '"');
 }
 
 std::vector<PageSize> MadeOptionWriter::sizesOf(const host::FeatureView& feature) {
