@@ -66,8 +66,11 @@ void deleteSet() {
     DriverFeature* feature = set->fetchFeatureByIndex(i);
     const int options = feature->getFeatureType() == 1 ? feature->fetchNumberOfOptions() : 0;
     for (int j = 0; j < options; ++j) {
-      destroy(static_cast<DriverFeatureOption*>(feature->fetchOptionByIndex(j)));
+      auto* option = static_cast<DriverFeatureOption*>(feature->fetchOptionByIndex(j));
+      option->DriverFeatureOption::~DriverFeatureOption();
     }
+    // The loader makes all of them in one piece of memory.
+    if (options > 0) ::operator delete(feature->fetchOptionByIndex(0));
     destroy(feature);
   }
   destroy(set);

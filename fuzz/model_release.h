@@ -27,8 +27,11 @@ inline void releaseFeature(DriverFeature* feature) {
   feature->setFeatureProperty(std::string("FeatureType"), 1);
   const int count = feature->getFeatureOptionCount();
   for (int i = 0; i < count; ++i) {
-    release(static_cast<DriverFeatureOption*>(feature->fetchOptionByIndex(i)));
+    auto* option = static_cast<DriverFeatureOption*>(feature->fetchOptionByIndex(i));
+    option->DriverFeatureOption::~DriverFeatureOption();
   }
+  // The loader makes all of them in one piece of memory.
+  if (count > 0) ::operator delete(feature->fetchOptionByIndex(0));
   release(feature);
 }
 

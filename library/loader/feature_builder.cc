@@ -1,6 +1,8 @@
 #include "loader/feature_builder.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <new>
 #include <optional>
 
@@ -96,12 +98,16 @@ bool addOptions(void* element, DriverFeature& feature, const std::string& featur
     logFixed(Level::kError, "CreateFeature() - No options for MultiSelect feature");
     return false;
   }
+  // Options are never freed: one piece of memory for all of them costs less than
+  // one for each.
+  const auto size = static_cast<std::size_t>(std::max(count, 0)) * sizeof(DriverFeatureOption);
+  auto* room = static_cast<std::byte*>(::operator new(size));
   // Every child is an option, whatever its tag.
   ChildElements child(element);
   std::string text;
-  for (int i = 0; i < count; ++i, child.next()) {
+  for (int i = 0; i < count; ++i, child.next(), room += sizeof(DriverFeatureOption)) {
     child.read();
-    DriverFeatureOption* option = CreateFeatureOption(child.attributes(), text);
+    DriverFeatureOption* option = CreateFeatureOption(child.attributes(), text, room);
     if (option == nullptr) {
       logFixed(Level::kError, "CreateFeature() - Could not create MultiSelect feature option");
       return false;
@@ -154,13 +160,14 @@ bool setDefaultOption(const AttributeMap& attributes, DriverFeature& feature,
 
 }  // namespace
 
-DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes, std::string& text) {
+DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes, std::string& text,
+                                         void* room) {
   text.clear();
   if (!readAttribute(attributes, "Name", text)) {
     logFixed(Level::kError, "CreateFeatureOption() - No name defined for option");
     return nullptr;
   }
-  auto* option = new DriverFeatureOption(text);
+  auto* option = new (room) DriverFeatureOption(text);
   applyAttributes<kOptionAttributes>(attributes, text, *option, attributes.size() - 1);
   return option;
 }

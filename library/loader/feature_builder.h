@@ -10,10 +10,11 @@ class DriverFeatureOption;
 
 namespace driver_feature {
 
-// A new option from the attributes of its element; null, after a level 1
-// line, when it has no name. `text` is room for what is read, which the options
-// of a list share.
-DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes, std::string& text);
+// A new option from the attributes of its element, made in `room`; null, after
+// a level 1 line, when it has no name. `text` is for what is read, which the
+// options of a list share.
+DriverFeatureOption* CreateFeatureOption(const AttributeMap& attributes, std::string& text,
+                                         void* room);
 
 // A new feature from a "Feature" element and its attributes, filed in the
 // master set under its name. Null, after a level 1 line, when the feature

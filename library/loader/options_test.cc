@@ -24,7 +24,7 @@ class OptionsTest : public LoaderTest {
   static DriverFeatureOption& option(AttributeMap attributes) {
     attributes["Name"] = "o";
     std::string text;
-    DriverFeatureOption* built = CreateFeatureOption(attributes, text);
+    DriverFeatureOption* built = CreateFeatureOption(attributes, text, takeRoom());
     EXPECT_NE(built, nullptr);
     return *built;
   }
@@ -63,7 +63,7 @@ TEST_F(OptionsTest, Option_NoName_FailsBeforeAnythingElseIsRead) {
   attributes["Sensitivity"] = "does not convert";
   attributes["name"] = "o";
   std::string text;
-  EXPECT_EQ(CreateFeatureOption(attributes, text), nullptr);
+  EXPECT_EQ(CreateFeatureOption(attributes, text, takeRoom()), nullptr);
   EXPECT_THAT(takeEvents(),
               ElementsAre(logLine(1, "CreateFeatureOption() - No name defined for option")));
 }
@@ -72,7 +72,7 @@ TEST_F(OptionsTest, Option_EmptyName_IsAName) {
   AttributeMap attributes;
   attributes["Name"] = "";
   std::string text;
-  DriverFeatureOption* built = CreateFeatureOption(attributes, text);
+  DriverFeatureOption* built = CreateFeatureOption(attributes, text, takeRoom());
   ASSERT_NE(built, nullptr);
   EXPECT_EQ(readText(*built, "Name"), "");
 }

@@ -124,7 +124,7 @@ TEST_F(PropertyLookupTest, Option_EveryAttribute_IsSetInOrder) {
                    "1");
   lookups.noted = true;
   std::string text;
-  ASSERT_NE(CreateFeatureOption(attributes, text), nullptr);
+  ASSERT_NE(CreateFeatureOption(attributes, text, takeRoom()), nullptr);
   EXPECT_THAT(lookups.names, ElementsAre("Sensitivity", "PJLCommand", "PSCommand", "TESKCommand",
                                          "TESKTicketCommand", "SNMPValue", "CLOKey"));
 }

@@ -77,6 +77,9 @@ class LoaderTest : public ::testing::Test {
     return build(xml, CreateDynamicFeatureGroup);
   }
 
+  // For an option, which is never freed.
+  static void* takeRoom() { return ::operator new(sizeof(DriverFeatureOption)); }
+
   std::vector<std::string> takeEvents() { return host_.takeEvents(); }
 
   // The names of the features that are filed, in the order of the set.
