@@ -1,8 +1,10 @@
 // The only source that knows the library which reads command lines.
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/base/nearest_name.h"
@@ -39,17 +41,17 @@ CLI::Option* addArgument(CLI::App& app, const ArgumentRow& row, Arguments::Value
 
 class Reader {
  public:
-  explicit Reader(const ProgramRows& program)
-      : program_(program), app_(program.summary, program.name) {
+  Reader(const ProgramRows& program, int argc, const char* const* argv)
+      : program_(program), words_(argv, argv + argc), app_(program.summary, program.name) {
     app_.footer(program.footer);
     app_.require_subcommand(0, 1);
     for (const ArgumentRow& row : program.general) add(app_, row);
     for (const CommandRow* command : program.commands) addCommand(*command);
   }
 
-  host::Result<Line> read(int argc, const char* const* argv) {
+  host::Result<Line> read() {
     try {
-      app_.parse(argc, argv);
+      app_.parse(static_cast<int>(words_.size()), words_.data());
     } catch (const CLI::CallForHelp&) {
       return Line{chosen(), Arguments({}), app_.help()};
     } catch (const CLI::ParseError& error) {
@@ -71,6 +73,9 @@ class Reader {
     CLI::App* command = app_.add_subcommand(row.name, row.summary);
     command->footer(row.footer);
     command->fallthrough();  // The general options may come after the command.
+    // Adding them takes longer than reading the line. No command can be chosen that
+    // the line does not name.
+    if (std::find(words_.begin(), words_.end(), std::string_view(row.name)) == words_.end()) return;
     for (const ArgumentRow* argument : row.arguments()) add(*command, *argument);
   }
 
@@ -105,6 +110,7 @@ class Reader {
   }
 
   const ProgramRows& program_;
+  const std::vector<const char*> words_;
   CLI::App app_;
   Arguments::Values values_;
   std::map<std::string, CLI::Option*> latest_;  // The options that were added, by name.
@@ -113,7 +119,7 @@ class Reader {
 }  // namespace
 
 host::Result<Line> readLine(const ProgramRows& program, int argc, const char* const* argv) {
-  return Reader(program).read(argc, argv);
+  return Reader(program, argc, argv).read();
 }
 
 }  // namespace driver_feature::cli
