@@ -96,9 +96,10 @@ std::string DescriptionIndex::templateOf(const std::string& dynamicGroup) const 
 }
 
 void DescriptionIndex::addChildren(void* element, const std::string& outer) {
+  AttributeMap attributes;
   forEachChild(element, [&](void* child) {
     const std::string tag = tagOf(child);
-    AttributeMap attributes;
+    attributes.clear();
     pParserInstance->attributes(child, attributes);
     if (tag == "Feature") {
       addFeature(child, attributes, outer);

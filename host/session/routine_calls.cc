@@ -105,21 +105,23 @@ using FindCaller = void* (*)(const char* name, void* address);
 // What an attribute names, by its signature. The pointers are passed on as they
 // are.
 struct RoutineAttribute {
-  const char* name;
+  std::string name;
   FindCaller findCaller;
 };
 
-const FindCaller kTextCaller = &Callers<void, void*, void*>::callerOf;
-
-const RoutineAttribute kAttributes[] = {
-    {"DefaultCallbackHandler", &Callers<bool>::callerOf},
-    {"LoadVORNCallbackHandler", &Callers<int, void*, int>::callerOf},
-    {"AddCallbackRoutine", &Callers<void>::callerOf},
-    {"AddPJLCallbackRoutine", kTextCaller},
-    {"AddPSCallbackRoutine", kTextCaller},
-    {"AddVORNCallbackRoutine", &Callers<void, void*, void*, void*>::callerOf},
-    {"SortFunctionName", &Callers<int, void*, void*>::callerOf},
-};
+const std::array<RoutineAttribute, 7>& routineAttributes() {
+  constexpr FindCaller kTextCaller = &Callers<void, void*, void*>::callerOf;
+  static const auto* const kAttributes = new std::array<RoutineAttribute, 7>{{
+      {"DefaultCallbackHandler", &Callers<bool>::callerOf},
+      {"LoadVORNCallbackHandler", &Callers<int, void*, int>::callerOf},
+      {"AddCallbackRoutine", &Callers<void>::callerOf},
+      {"AddPJLCallbackRoutine", kTextCaller},
+      {"AddPSCallbackRoutine", kTextCaller},
+      {"AddVORNCallbackRoutine", &Callers<void, void*, void*, void*>::callerOf},
+      {"SortFunctionName", &Callers<int, void*, void*>::callerOf},
+  }};
+  return *kAttributes;
+}
 
 using RoutineUses = std::map<std::string, FindCaller, std::less<>>;
 
@@ -129,17 +131,18 @@ RoutineUses& routineUses() {
   return *kUses;
 }
 
+// Reads the attributes of one element after another into `attributes`.
 template <class Visit>
-void forEachNamed(void* element, const Visit& visit) {
-  AttributeMap attributes;
+void forEachNamed(void* element, AttributeMap& attributes, const Visit& visit) {
+  attributes.clear();
   pParserInstance->attributes(element, attributes);
-  for (const RoutineAttribute& attribute : kAttributes) {
+  for (const RoutineAttribute& attribute : routineAttributes()) {
     std::string name;
     if (!attributes.loadMapVariable(attribute.name, name, nullptr) || name.empty()) continue;
     visit(element, attribute, name);
   }
   if (tagOf(element) == "Feature") return;  // Options name no routines.
-  forEachChild(element, [&visit](void* child) { forEachNamed(child, visit); });
+  forEachChild(element, [&](void* child) { forEachNamed(child, attributes, visit); });
 }
 
 void* findCaller(const char* name, void* address) {
@@ -182,7 +185,8 @@ void clearRoutineRecord() {
 Problems noteRoutineCalls(void* description, const std::string& file) {
   Problems problems;
   routineUses().clear();
-  forEachNamed(description,
+  AttributeMap attributes;
+  forEachNamed(description, attributes,
                [&](void* element, const RoutineAttribute& attribute, const std::string& name) {
                  const RoutineLookUp found = lookUpRoutine(name);
                  const std::string objection = objectionTo(found);

@@ -93,6 +93,8 @@ class Reader {
         value = std::string_view(value.data(), static_cast<std::size_t>(end - value.data()));
       }
     }
+    // Nothing of a constraint is taken, and some files have thousands.
+    if (line.starts_with("*UIConstraints:")) return;
     take(partsOf(line.substr(1, colon - 1), trimmed(value)));
   }
 
