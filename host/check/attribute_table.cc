@@ -121,7 +121,7 @@ std::span<const AttributeRule> attributeRules() {
 const AttributeRule* findRule(const host::Element& element, const std::string& attribute) {
   const auto* found = std::find_if(
       std::begin(kRules), std::end(kRules),
-      [&](const AttributeRule& rule) { return attribute == rule.name && isFor(rule, element); });
+      [&](const AttributeRule& rule) { return isFor(rule, element) && attribute == rule.name; });
   return found != std::end(kRules) ? found : nullptr;
 }
 

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "host/base/text.h"
+
 namespace driver_feature::host {
 
 namespace {
@@ -241,6 +243,7 @@ std::vector<StartTag> findStartTags(std::string_view utf8) {
 }
 
 std::vector<XmlComment> findComments(std::string_view utf8) {
+  if (utf8.find("<!--") == std::string_view::npos) return {};
   TagReader reader(utf8);
   reader.read();
   return reader.takeComments();
@@ -250,7 +253,7 @@ std::string decodeText(const std::string& bytes, const std::string& encoding) {
   if (bytes.starts_with("\xEF\xBB\xBF")) return bytes.substr(3);
   const bool marked = bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
   if (marked) return convertToUtf8(bytes, "UTF-16");
-  if (encoding.empty()) return bytes;
+  if (encoding.empty() || toLower(encoding) == "utf-8") return bytes;
   return convertToUtf8(bytes, encoding.c_str());
 }
 
