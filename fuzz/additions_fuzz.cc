@@ -68,6 +68,14 @@ void checkOthers(const host::Additions& additions, const Places& places) {
     places.check(preset.settingsPlace.position);
     require(!preset.name.empty(), "a preset has a name");
   }
+  for (const host::Panel& panel : additions.panels) {
+    places.check(panel.place.position);
+    require(!panel.name.empty(), "a panel has a name");
+    for (const host::PanelMember& member : panel.members) {
+      places.check(member.place.position);
+      require(!member.feature.empty(), "a member is a feature");
+    }
+  }
   for (const host::MediaSize& size : additions.media.sizes) {
     require(!size.option.empty() && std::isfinite(size.width), "a size has an option and a width");
   }

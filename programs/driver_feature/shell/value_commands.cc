@@ -9,6 +9,7 @@
 #include "programs/driver_feature/show/secrets.h"
 #include "programs/driver_feature/show/show.h"
 #include "programs/driver_feature/show/show_details.h"
+#include "programs/driver_feature/show/show_panels.h"
 #include "programs/driver_feature/show/taken_out.h"
 #include "programs/driver_feature/table.h"
 
@@ -106,7 +107,8 @@ host::Result<> runShow(Shell& shell, const Words& arguments) {
   const host::Model& model = shell.model();
   CoreFeatureSet& set = shell.session().features();
   if (arguments.empty()) {
-    shell.answer(showTable(model, set, shell.width()) + showTakenOut(shell.rules(), ""));
+    shell.answer(showTable(model, set, shell.width()) + showPanels(shell.session(), shell.width()) +
+                 showTakenOut(shell.rules(), ""));
     return {};
   }
   const std::string& name = arguments.front();
