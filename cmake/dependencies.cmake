@@ -24,6 +24,8 @@ find_path(EXPECTED_INCLUDE_FOLDER tl/expected.hpp REQUIRED)
 add_library(libexpected INTERFACE)
 target_include_directories(libexpected SYSTEM INTERFACE ${EXPECTED_INCLUDE_FOLDER})
 
+find_package(ZLIB REQUIRED)
+
 # The encryption that libcups uses, too.
 find_path(GNUTLS_INCLUDE_FOLDER gnutls/gnutls.h REQUIRED)
 find_library(GNUTLS_LIBRARY gnutls REQUIRED)

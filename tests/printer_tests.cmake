@@ -3,7 +3,8 @@
 
 driver_feature_test(server_tests GLOB host/server/*_test.cc LINK host_server)
 
-driver_feature_test(printer_unit_tests GLOB programs/printer/*_test.cc LINK driver_feature_printer)
+driver_feature_test(printer_unit_tests GLOB programs/printer/*_test.cc
+  LINK driver_feature_printer ZLIB::ZLIB)
 target_compile_definitions(printer_unit_tests PRIVATE
   OFFICE_DESCRIPTION="${PROJECT_SOURCE_DIR}/descriptions/office_laser.xml")
 
@@ -19,6 +20,7 @@ printer_test(printer_conformance printer_conformance_test.sh)
 printer_test(printer_everywhere printer_everywhere_test.sh)
 printer_test(printer_clients printer_clients_test.sh)
 printer_test(printer_setting printer_setting_test.sh)
+printer_test(printer_device printer_device_test.sh)
 printer_test(printer_killed printer_kill_test.sh 6)
 # The scheduler is a program of the machine, which loads nothing of another kind.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT CMAKE_CXX_FLAGS MATCHES "sanitize")

@@ -17,6 +17,7 @@
 
 #include "host/base/descriptor.h"
 #include "host/base/text.h"
+#include "programs/printer/socket_exchange.h"
 #include "programs/printer/stages.h"
 
 namespace driver_feature::printer {
@@ -29,7 +30,7 @@ constexpr const char* kBackends = "/usr/lib/cups/backend/";
 constexpr const char* kRawPort = "9100";
 constexpr int kFirstPause = 1;  // Seconds between two attempts.
 constexpr int kLongestPause = 30;
-constexpr int kLastWords = 5000;  // Milliseconds for what a printer says after a job.
+constexpr const char* kNoStatus = "?status=no";
 
 // The part after "SCHEME:" without the slashes of an empty host.
 std::string pathOf(const std::string& uri) {
@@ -145,18 +146,7 @@ int connectTo(const Address& address, std::string& reason) {
   return connection;
 }
 
-// Printers close the connection when they have taken everything; some do not.
-void waitForEnd(int connection) {
-  ::shutdown(connection, SHUT_WR);
-  std::array<char, 4096> dropped;
-  for (;;) {
-    pollfd polled{connection, POLLIN, 0};
-    if (::poll(&polled, 1, kLastWords) <= 0) return;
-    if (::recv(connection, dropped.data(), dropped.size(), 0) <= 0) return;
-  }
-}
-
-int sendTo(const Address& address) {
+int sendTo(const Address& address, bool asksForStatus) {
   int connection = -1;
   std::string reason;
   for (int pause = kFirstPause;; pause = std::min(pause * 2, kLongestPause)) {
@@ -167,9 +157,8 @@ int sendTo(const Address& address) {
     ::sleep(static_cast<unsigned>(pause));
   }
   host::writeAll(STDERR_FILENO, "STATE: -connecting-to-device\n");
-  const bool isSent = copyTo(connection);
+  const bool isSent = sendJob(STDIN_FILENO, connection, asksForStatus);
   const int error = errno;
-  if (isSent) waitForEnd(connection);
   ::close(connection);
   return isSent ? 0
                 : failWith("the printer " + address.host +
@@ -219,7 +208,7 @@ int runDevice(const std::string& uri, const Job& job) {
   if (isEmpty()) return 0;
   const std::string scheme = schemeOf(uri);
   if (scheme == "file") return writeFile(pathOf(uri), job);
-  if (scheme == "socket") return sendTo(addressOf(uri));
+  if (scheme == "socket") return sendTo(addressOf(uri), !uri.ends_with(kNoStatus));
   return runBackend(uri, job);
 }
 

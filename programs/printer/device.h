@@ -13,7 +13,8 @@ namespace driver_feature::printer {
 //
 //   file:/folder/         a file for each job: PRINTER-NUMBER.prn
 //   file:/dev/usb/lp0     everything to this file
-//   socket://HOST:9100    a connection for each job
+//   socket://HOST:9100    a connection for each job; with "?status=no" the printer is
+//                         not asked for its state
 //   SCHEME:...            the scheduler's program of that name
 //
 // Refused when it is none of them. A folder must exist.

@@ -67,17 +67,39 @@ void IppTaker::takeDocument(std::string_view bytes) {
     dropped_ += bytes.size();
     return;
   }
-  if (service_.jobs().isSpoolFull(exchange_->document->size() + bytes.size())) {
+  if (!exchange_->inflation) {
+    store(bytes);
+  } else if (!exchange_->inflation->inflate(
+                 bytes, [this](std::string_view piece) { return store(piece); })) {
+    isReady_ = exchange_->respond(IPP_STATUS_ERROR_COMPRESSION_ERROR,
+                                  "The compressed document is damaged.");
+  }
+  if (isReady_) exchange_->document.reset();
+}
+
+// False when there is no room; the response is ready, then. What a compressed document
+// becomes has the limits of any other.
+bool IppTaker::store(std::string_view bytes) {
+  const std::uint64_t size = exchange_->document->size() + bytes.size();
+  if (size > service_.arguments().limits.bodyBytes) {
+    isReady_ = exchange_->respond(IPP_STATUS_ERROR_REQUEST_ENTITY, "The document is too large.");
+  } else if (service_.jobs().isSpoolFull(size)) {
     isReady_ = exchange_->respond(IPP_STATUS_ERROR_TEMPORARY, "There is no room for the document.");
   } else if (const auto written = exchange_->document->write(bytes); !written) {
     cli::printProblem(written.error());
     isReady_ = exchange_->respond(IPP_STATUS_ERROR_TEMPORARY, "The document cannot be kept.");
   }
-  if (isReady_) exchange_->document.reset();
+  return !isReady_;
 }
 
 std::optional<host::Response> IppTaker::finish(host::RequestNumber request) {
   if (!hasBegun_) return host::plainResponse(HTTP_STATUS_BAD_REQUEST);
+  const Inflation* inflation = exchange_->inflation.get();
+  if (!isReady_ && inflation != nullptr && exchange_->document && !inflation->isWhole() &&
+      exchange_->document->size() > 0) {
+    isReady_ = exchange_->respond(IPP_STATUS_ERROR_COMPRESSION_ERROR,
+                                  "The compressed document is not whole.");
+  }
   if (isReady_) return responseOf(*exchange_);
   // The exchange is kept by whom it waits for.
   exchange_->done = [&service = service_, request,

@@ -23,6 +23,7 @@ class IppTaker final : public host::BodyTaker {
   std::optional<host::Response> takeAttributes(std::string_view bytes);
   void begin();
   void takeDocument(std::string_view bytes);
+  bool store(std::string_view bytes);
 
   Service& service_;
   std::shared_ptr<IppExchange> exchange_;

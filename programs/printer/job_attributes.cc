@@ -109,9 +109,12 @@ void addJobAttributes(Service& service, const IppExchange& exchange, const Job& 
              service.uuidOf(job.printer + "/" + std::to_string(job.number)));
   writer.add("job-name", IPP_TAG_NAME, job.name);
   writer.add("job-originating-user-name", IPP_TAG_NAME, job.user);
-  writer.add("job-state", IPP_TAG_ENUM, job.state);
+  const bool isStopped = job.state == IPP_JSTATE_PROCESSING && exchange.printer->isStopped();
+  writer.add("job-state", IPP_TAG_ENUM, isStopped ? IPP_JSTATE_STOPPED : job.state);
   writer.add("job-state-reasons", IPP_TAG_KEYWORD,
-             job.isCancelled && !job.isOver() ? "processing-to-stop-point" : job.reason);
+             job.isCancelled && !job.isOver() ? "processing-to-stop-point"
+             : isStopped                      ? "printer-stopped"
+                                              : job.reason);
   writer.add("job-state-message", IPP_TAG_TEXT, stateMessage(job));
   writer.add("job-k-octets", IPP_TAG_INTEGER, static_cast<std::int64_t>((job.bytes + 1023) / 1024));
   // Nobody counts the pages of a document before it is printed.

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 
+#include "programs/printer/inflation.h"
 #include "programs/printer/printer.h"
 #include "programs/printer/service.h"
 
@@ -23,7 +24,8 @@ struct IppExchange {
   Job* job = nullptr;          // Of operations on one job.
   std::string user;
   std::unique_ptr<IncomingDocument> document;
-  std::function<void()> done;  // Sends a response that comes later.
+  std::unique_ptr<Inflation> inflation;  // Of a document that is compressed.
+  std::function<void()> done;            // Sends a response that comes later.
 
   // Sets the status and a message for people. Returns true: the response is ready.
   bool respond(ipp_status_t status, const std::string& message = "");

@@ -4,13 +4,16 @@
 
 #include <cups/ipp.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/ipp/translation.h"
 #include "programs/printer/job_run.h"
+#include "programs/printer/device_state.h"
 #include "programs/printer/model_worker.h"
 
 namespace driver_feature::printer {
@@ -29,11 +32,19 @@ struct Printer {
   std::optional<ipp::Translation> translation;  // Nothing before the description is loaded.
   IppPointer attributes = noIpp();              // What does not change while it prints.
   std::string queueFile;
-  std::unique_ptr<JobRun> run;  // Of the job that is being printed.
-  int current = 0;              // Its number; 0 for none.
-  std::string reason = "none";  // A keyword of printer-state-reasons.
+  std::unique_ptr<JobRun> run;       // Of the job that is being printed.
+  int current = 0;                   // Its number; 0 for none.
+  std::vector<std::string> reasons;  // Keywords of printer-state-reasons; none: all is well.
+  std::string message;               // What the device shows, for people.
+  std::vector<Supply> supplies;      // As the device tells; empty: unknown.
   std::int64_t stateChanged = 0;
   std::int64_t configured = 0;
+
+  // It waits for a person.
+  bool isStopped() const {
+    return std::any_of(reasons.begin(), reasons.end(),
+                       [](const std::string& reason) { return reason.ends_with("-error"); });
+  }
 
   bool isReady() const { return translation.has_value(); }
 };

@@ -40,7 +40,7 @@ void addDocuments(AttributeList& list) {
   list.strings(IPP_TAG_MIMETYPE, "document-format-supported", {formats.begin(), formats.end()});
   list.strings(IPP_TAG_MIMETYPE, "document-format-default", {formats.front()});
   list.strings(IPP_TAG_MIMETYPE, "document-format-preferred", {"application/pdf"});
-  list.keywords("compression-supported", {"none"});
+  list.keywords("compression-supported", {"none", "gzip", "deflate"});
   // PDF files with passwords are not taken.
   list.integer("document-password-supported", 0);
   list.keyword("pdl-override-supported", "attempted");
@@ -91,14 +91,23 @@ void addIdentity(AttributeList& list, const Service& service, const Printer& pri
   list.integer("pages-per-minute", 1);
 }
 
-// Devices do not tell their levels here: -2 is "unknown".
-void addSupply(ipp_t* message, AttributeList& list) {
-  const std::string_view supply =
-      "index=1;class=supplyThatIsConsumed;type=toner;unit=percent;maxcapacity=100;level=-2;"
-      "colorantname=unknown;";
-  ::ippAddOctetString(message, IPP_TAG_PRINTER, "printer-supply", supply.data(),
-                      static_cast<int>(supply.size()));
-  list.strings(IPP_TAG_TEXT, "printer-supply-description", {"Supply"});
+void addSupplies(ipp_t* message, AttributeList& list, const Printer& printer) {
+  std::vector<Supply> supplies = printer.supplies;
+  if (supplies.empty()) supplies.emplace_back();
+  std::vector<const char*> names;
+  ipp_attribute_t* attribute = nullptr;
+  for (std::size_t i = 0; i < supplies.size(); ++i) {
+    names.push_back(supplies[i].name.c_str());
+    const std::string text = supplyText(supplies[i], static_cast<int>(i) + 1);
+    const int size = static_cast<int>(text.size());
+    if (attribute == nullptr) {
+      attribute =
+          ::ippAddOctetString(message, IPP_TAG_PRINTER, "printer-supply", text.data(), size);
+    } else {
+      ::ippSetOctetString(message, &attribute, static_cast<int>(i), text.data(), size);
+    }
+  }
+  list.strings(IPP_TAG_TEXT, "printer-supply-description", names);
 }
 
 std::vector<std::string> languagesOf(const Printer& printer) {
@@ -113,10 +122,17 @@ std::vector<std::string> languagesOf(const Printer& printer) {
 void addState(ipp_t* message, Service& service, const IppExchange& exchange) {
   AttributeList list(message);
   const Printer& printer = *exchange.printer;
+  addSupplies(message, list, printer);
   const bool isPrinting = printer.current != 0;
-  list.enumeration("printer-state", isPrinting ? IPP_PSTATE_PROCESSING : IPP_PSTATE_IDLE);
-  list.keyword("printer-state-reasons", printer.reason);
-  list.text("printer-state-message", isPrinting ? "Printing." : "Ready.");
+  list.enumeration("printer-state", printer.isStopped() ? IPP_PSTATE_STOPPED
+                                    : isPrinting        ? IPP_PSTATE_PROCESSING
+                                                        : IPP_PSTATE_IDLE);
+  std::vector<const char*> reasons;
+  for (const std::string& reason : printer.reasons) reasons.push_back(reason.c_str());
+  if (reasons.empty()) reasons.push_back("none");
+  list.keywords("printer-state-reasons", reasons);
+  const std::string usual = isPrinting ? "Printing." : "Ready.";
+  list.text("printer-state-message", printer.message.empty() ? usual : printer.message);
   list.boolean("printer-is-accepting-jobs", true);
   list.integer("queued-job-count", static_cast<int>(service.jobs().waiting(printer.name)));
   const int upTime = static_cast<int>(service.upTime()) + 1;
@@ -188,7 +204,6 @@ IppPointer fixedAttributes(const Service& service, const Printer& printer) {
   addRasterResolutions(message.get());
   list.boolean("color-supported", hasColour(message.get()));
   if (hasColour(message.get())) list.integer("pages-per-minute-color", 1);
-  addSupply(message.get(), list);
   const std::vector<std::string> languages = languagesOf(printer);
   std::vector<const char*> words;
   words.reserve(languages.size());

@@ -29,13 +29,15 @@ bool checkFormat(IppExchange& exchange) {
     return false;
   }
   const std::string compression = textOf(request, "compression", IPP_TAG_KEYWORD);
-  if (!compression.empty() && compression != "none") {
+  const bool isKnown = compression.empty() || compression == "none" || isCompression(compression);
+  if (!isKnown) {
     exchange.respond(IPP_STATUS_ERROR_COMPRESSION_NOT_SUPPORTED,
-                     "Compressed documents are not supported.");
+                     "Documents that are compressed in this way are not supported.");
     ::ippAddString(exchange.response.get(), IPP_TAG_UNSUPPORTED_GROUP, IPP_TAG_KEYWORD,
                    "compression", nullptr, compression.c_str());
     return false;
   }
+  if (isCompression(compression)) exchange.inflation = std::make_unique<Inflation>(compression);
   return true;
 }
 

@@ -237,15 +237,17 @@ void Service::takeLine(Printer& printer, const std::string& line) {
   const std::string text = colon == std::string::npos ? "" : line.substr(colon + 2);
   if (kind == "PAGE") {
     ++job->sheets;
-  } else if (kind == "STATE" && text.starts_with('+')) {
-    const std::string reason = text.substr(1);
-    if (reason.starts_with("job-")) {
-      job->reason = reason;
-    } else {
-      printer.reason = reason;
-    }
-  } else if (kind == "STATE" && text.starts_with('-')) {
-    printer.reason = "none";
+  } else if (kind == "STATE" && text.starts_with("+job-")) {
+    job->reason = text.substr(1);
+  } else if (kind == "STATE") {
+    takeState(printer.reasons, text);
+    printer.stateChanged = now();
+    if (text.find("connecting") == std::string::npos)
+      log(printer.name + ": " + host::printable(text));
+  } else if (kind == "INFO") {
+    printer.message = host::printable(text);
+  } else if (kind == "ATTR") {
+    takeSupplies(printer.supplies, text);
   } else if (kind == "ERROR" || kind == "WARNING") {
     job->message = host::printable(text);
     log(titleOf(*job) + job->message);
@@ -255,7 +257,10 @@ void Service::takeLine(Printer& printer, const std::string& line) {
 void Service::endJob(Printer& printer, JobEnd end, const std::string& status) {
   const std::unique_ptr<JobRun> run = std::move(printer.run);
   Job* job = jobs_->find(std::exchange(printer.current, 0));
-  printer.reason = "none";
+  // Warnings stay until the device says otherwise.
+  std::erase_if(printer.reasons,
+                [](const std::string& reason) { return !reason.ends_with("-warning"); });
+  printer.message.clear();
   printer.stateChanged = now();
   if (job != nullptr) settle(*job, end, status);
   startNext(printer);

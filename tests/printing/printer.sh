@@ -3,14 +3,15 @@
 # interface. To be sourced by bash.
 
 # startPrinter FOLDER ARGUMENT...: sets printerProcess and printerPort. The log is
-# FOLDER/printer.log, the spool FOLDER/spool; jobs go to FOLDER/printed/.
+# FOLDER/printer.log, the spool FOLDER/spool; jobs go to FOLDER/printed/, or to the device
+# that $printerDevice names.
 startPrinter() {
   local folder=$1 wait
   shift
   mkdir -p "$folder/printed"
   : >"$folder/printer.log"
   "${asUser[@]}" "$build/bin/driver-feature-printer" --listen 127.0.0.1:0 --spool "$folder/spool" \
-    --device "file:$folder/printed/" "$@" 2>>"$folder/printer.log" &
+    --device "${printerDevice:-file:$folder/printed/}" "$@" 2>>"$folder/printer.log" &
   printerProcess=$!
   for ((wait = 0; wait < 200; wait++)); do
     if [ "$(grep -c ': ready$' "$folder/printer.log")" -ge "$(printf '%s\n' "$@" | grep -c '^[a-z0-9]*=')" ]; then
