@@ -46,6 +46,11 @@ void Translation::addSettings(ipp_t* response, ipp_tag_t group,
   addSettingAttributes(response, group, *table_, settings);
 }
 
+std::string Translation::mediaOf(const std::vector<host::Setting>& settings) const {
+  const MediaEntry* entry = entryOfSettings(*table_, settings);
+  return entry != nullptr ? entry->keyword : "";
+}
+
 void Translation::change(JobSettings& job, const std::vector<host::Setting>& changes) const {
   for (const host::Setting& change : changes) {
     const auto same = std::find_if(

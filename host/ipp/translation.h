@@ -53,6 +53,9 @@ class Translation {
   void addSettings(ipp_t* response, ipp_tag_t group,
                    const std::vector<host::Setting>& settings) const;
 
+  // The media-name of the size that the settings choose; empty for none.
+  std::string mediaOf(const std::vector<host::Setting>& settings) const;
+
   // Makes changes to settings that were read, and to what follows from them.
   void change(JobSettings& job, const std::vector<host::Setting>& changes) const;
 

@@ -138,7 +138,7 @@ std::string given(const std::vector<const char*>& names) {
   const IppPointer request = requestFor(names);
   const IppPointer response(::ippNew(), &::ippDelete);
   Requested(request.get(), {"all"})
-      .copyPrinter(response.get(), source.get(), {"sides", "media-col"});
+      .copyPrinter(response.get(), source.get(), {"sides", "media-col"}, nullptr, true);
   std::string text;
   for (ipp_attribute_t* one = ::ippFirstAttribute(response.get()); one != nullptr;
        one = ::ippNextAttribute(response.get())) {

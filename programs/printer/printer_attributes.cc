@@ -8,6 +8,7 @@
 #include "programs/printer/attribute_list.h"
 #include "programs/printer/conversion.h"
 #include "programs/printer/ipp_message.h"
+#include "programs/printer/preset_attributes.h"
 #include "programs/printer/requested.h"
 
 namespace driver_feature::printer {
@@ -226,12 +227,15 @@ void addPrinterAttributes(Service& service, IppExchange& exchange) {
   for (std::string& name : exchange.printer->translation->jobAttributeNames()) {
     templates.insert(std::move(name));
   }
-  requested.copyPrinter(exchange.response.get(), exchange.printer->attributes.get(), templates);
+  const IppPointer own = presetAttributes(service, *exchange.printer, exchange.preset);
+  requested.copyPrinter(exchange.response.get(), exchange.printer->attributes.get(), templates,
+                        own.get(), true);
+  requested.copyPrinter(exchange.response.get(), own.get(), templates, nullptr, false);
   const IppPointer state(::ippNew(), &::ippDelete);
   addAddresses(state.get(), service, exchange);
   addState(state.get(), service, exchange);
   // These do not live as long as the response.
-  requested.copyPrinter(exchange.response.get(), state.get(), templates, false);
+  requested.copyPrinter(exchange.response.get(), state.get(), templates, nullptr, false);
 }
 
 void reportIdentification(Service& /*service*/, IppExchange& exchange) {

@@ -44,11 +44,12 @@ bool Requested::has(const std::string& name, const std::string& group) const {
 }
 
 void Requested::copyPrinter(ipp_t* response, ipp_t* source, const std::set<std::string>& templates,
-                            bool isKept) const {
+                            ipp_t* others, bool isKept) const {
   for (ipp_attribute_t* one = ::ippFirstAttribute(source); one != nullptr;
        one = ::ippNextAttribute(source)) {
     const char* name = ::ippGetName(one);
     if (name == nullptr) continue;
+    if (others != nullptr && ::ippFindAttribute(others, name, IPP_TAG_ZERO) != nullptr) continue;
     const char* group = isTemplate(name, templates) ? "job-template" : "printer-description";
     if (has(name, group)) ::ippCopyAttribute(response, one, isKept ? 1 : 0);
   }

@@ -21,9 +21,9 @@ class Requested final {
   // job templates do (-default, -supported, -ready) belong to the group
   // "job-template" when `templates` has the part before, else to
   // "printer-description". The source must live as long as the response if
-  // `isKept`.
+  // `isKept`. Attributes that are in `others`, which may be null, are left out.
   void copyPrinter(ipp_t* response, ipp_t* source, const std::set<std::string>& templates,
-                   bool isKept = true) const;
+                   ipp_t* others, bool isKept) const;
 
  private:
   std::set<std::string> names_;

@@ -65,6 +65,19 @@ start
 grep -q 'office: the hardware InstalledFinisher=Gone is left out: ' "$folder/printer.log" ||
   fail "no word of hardware that the description does not have"
 
+# A preset under an address of its own: clients take the defaults from there.
+expect "the usual sides" one-sided "$(attribute sides-default)"
+stopPrinter
+rm "$folder/spool/hardware/office"
+start
+expect "the name of a preset's printer" office-handout "$(attribute printer-name office/handout)"
+expect "its sides" two-sided-long-edge "$(attribute sides-default office/handout)"
+expect "its finishings" staple-top-left "$(attribute finishings-default office/handout)"
+expect "its templates" '{finishing-template=staple-top-left}' \
+  "$(attribute finishings-col-default office/handout)"
+[ "$(attribute printer-uuid)" != "$(attribute printer-uuid office/handout)" ] ||
+  fail "two printers have one UUID"
+
 # Settings that rules forbid together are changed, or refused, as the client wants.
 {
   printf '{\nOPERATION $op\nGROUP operation-attributes-tag\n'
