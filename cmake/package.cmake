@@ -98,8 +98,9 @@ debian_package(tools driver-feature utils allowed
   "it reads a feature description, shows and changes settings, and writes"
   "PostScript, PJL and job tickets. Descriptions of two printers are included.")
 
-# Translations beside descriptions are read with it; all else works without it.
-set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS libgettextpo0)
+# Translations beside descriptions are read with the one, printers announced by the
+# other; all else works without them.
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS "libgettextpo0, avahi-daemon")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL library development)

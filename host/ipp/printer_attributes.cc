@@ -172,7 +172,10 @@ void addAllAttributes(ipp_t* printer, const AttributeTable& table, const Capabil
   addPresets(printer, table);
   addHardware(printer, table);
   addConstraints(printer, table, all);
-  // The pages of a job are all printed alike.
+  // The pages of a job are all printed alike: these are only what must be named. The
+  // tests of IPP Everywhere and of IPP/2.2 ask for one of two spellings each.
+  addKeywords(printer, kPrinter, "overrides-supported",
+              {"document-number", "document-numbers", "pages"});
   addKeywords(printer, kPrinter, "overrides-supported",
               {"document-number", "document-numbers", "pages"});
   ippAddBoolean(printer, kPrinter, "preferred-attributes-supported", 1);
