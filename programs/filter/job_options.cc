@@ -34,6 +34,7 @@ bool hasChoice(const host::FeatureView& feature, const std::string& name) {
 }  // namespace
 
 void JobSettings::sort(const host::Setting& option) {
+  if (isDirect_ && model_.features.contains(option.name)) return sortDirect(option);
   const auto keyword = ppd_ != nullptr ? ppd_->keywordOf(option.name) : std::nullopt;
   const auto feature = model_.features.find(keyword.value_or(option.name));
   const bool isChoice =
@@ -46,6 +47,12 @@ void JobSettings::sort(const host::Setting& option) {
   }
   if (sortByKey(option)) return;
   sortUnknown(option);
+}
+
+// The PPD is there for the size of the sheets only.
+void JobSettings::sortDirect(const host::Setting& option) {
+  wish(option.name, option);
+  if (ppd_->hasChoice(option.name, option.value)) forPpd_.push_back(option);
 }
 
 // A choice of the PPD. libcups does not give "PageRegion" a size of its own

@@ -54,7 +54,7 @@ bool JobSettings::apply(const FilterArguments& arguments) {
 // person.
 void JobSettings::noteAsked() {
   std::vector<host::Setting> usual;
-  if (ppd_ != nullptr) {
+  if (takesMarks()) {
     ppd_->mark({});
     usual = ppd_->marked();
   }
@@ -63,7 +63,7 @@ void JobSettings::noteAsked() {
       return other.name == setting.name && other.value == setting.value;
     });
   };
-  if (ppd_ != nullptr) {
+  if (takesMarks()) {
     for (const Wish& wish : marked()) {
       if (!isUsual(wish.setting)) keeper_.noteSet(wish.setting.name);
     }
@@ -112,7 +112,7 @@ bool JobSettings::isSizeChosen(const std::string& unset) const {
 // Some printers take the size of the tray until somebody chooses one; the PPD has a
 // default all the same.
 void JobSettings::leaveSizeUnset() {
-  if (ppd_ == nullptr || !model_.features.contains(kPageSize)) return;
+  if (!takesMarks() || !model_.features.contains(kPageSize)) return;
   for (const std::string& unset : ppd_->attributes("DriverFeatureUnsetSize")) {
     if (!isSizeChosen(unset)) wishes_.push_back({"", {kPageSize, "not set"}, ""});
   }
@@ -170,7 +170,7 @@ bool JobSettings::isAsked(const std::string& feature) const {
 }
 
 std::vector<JobSettings::Wish> JobSettings::collect() {
-  std::vector<Wish> all = ppd_ != nullptr ? marked() : std::vector<Wish>();
+  std::vector<Wish> all = takesMarks() ? marked() : std::vector<Wish>();
   all.insert(all.end(), wishes_.begin(), wishes_.end());
   return all;
 }

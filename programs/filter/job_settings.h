@@ -24,7 +24,8 @@ class JobSettings {
         refusedValue_(queue.refusedValue),
         rules_(queue.rules),
         keeper_(session, "a queue made with --resolve changes "),
-        pages_(pages) {}
+        pages_(pages),
+        isDirect_(ppd != nullptr && !ppd->attributes("DriverFeatureDirect").empty()) {}
 
   // Applies the queue's defaults, the job's options and its copies, in that
   // order. Features with the keys "job-name" and "user-name" get the job's.
@@ -57,6 +58,7 @@ class JobSettings {
   };
 
   void sort(const host::Setting& option);
+  void sortDirect(const host::Setting& option);
   bool sortByKey(const host::Setting& option);
   void sortChoice(const host::Setting& option, const std::string& keyword);
   void sortUnknown(const host::Setting& option);
@@ -70,6 +72,7 @@ class JobSettings {
   void leaveSizeUnset();
   void addDefault(const std::string& key, const std::string& value);
   bool isAsked(const std::string& feature) const;
+  bool takesMarks() const { return ppd_ != nullptr && !isDirect_; }
   std::vector<Wish> collect();
   std::vector<Wish> marked();
   bool isMarkedBy(const std::vector<host::Setting>& options, const host::Setting& setting) const;
@@ -87,6 +90,7 @@ class JobSettings {
   host::RuleConduct rules_;
   host::RuleKeeper keeper_;
   PageWork& pages_;
+  bool isDirect_;                               // The PPD's marks are not for the features.
   const FilterArguments* arguments_ = nullptr;  // Of the job that is applied.
   std::string copiesFeature_;                   // Empty without one.
   bool hasFailed_ = false;

@@ -50,7 +50,7 @@ std::optional<host::Response> IppTaker::takeAttributes(std::string_view bytes) {
 void IppTaker::begin() {
   isReady_ = !checkRequest(service_, *exchange_);
   if (isReady_) return;
-  operation_ = findOperation(::ippGetOperation(exchange_->request.get()));
+  operation_ = findOperation(static_cast<int>(::ippGetOperation(exchange_->request.get())));
   isReady_ = operation_->prepare != nullptr && !operation_->prepare(service_, *exchange_);
   if (isReady_ || !operation_->takesDocument) return;
   auto document = service_.jobs().spool().receive();

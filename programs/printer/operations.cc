@@ -62,7 +62,7 @@ std::span<const Operation> operations() {
   return kOperations;
 }
 
-const Operation* findOperation(ipp_op_t code) {
+const Operation* findOperation(int code) {
   const auto found = std::find_if(kOperations.begin(), kOperations.end(),
                                   [code](const Operation& one) { return one.code == code; });
   return found == kOperations.end() ? nullptr : &*found;

@@ -51,7 +51,7 @@ struct Operation {
 
 std::span<const Operation> operations();
 
-const Operation* findOperation(ipp_op_t code);
+const Operation* findOperation(int code);
 
 // Checks what every request must have, makes the response and finds the printer
 // and the job. False when the response is ready: the request is refused.

@@ -10,6 +10,8 @@ host::Result<std::string> queueText(const host::Session& session, const std::str
                                     const ppd::QueueRequest& request) {
   auto lines = ppd::queueLines(request);
   if (!lines) return failureOf(lines);
+  // Clients' attributes are settings of the features already.
+  lines->emplace_back("*DriverFeatureDirect: \"true\"");
   // The filter reads the rules in the description.
   const host::Additions& additions = session.additions(host::kMediaPart);
   std::string text = ppd::minimalPpd(session.model(), additions, name, *lines).text;

@@ -146,7 +146,8 @@ bool findTarget(Service& service, IppExchange& exchange, bool isOfJob) {
 bool checkRequest(Service& service, IppExchange& exchange) {
   exchange.response = IppPointer(::ippNewResponse(exchange.request.get()), &::ippDelete);
   if (!checkBeginning(exchange)) return false;
-  const Operation* operation = findOperation(::ippGetOperation(exchange.request.get()));
+  const Operation* operation =
+      findOperation(static_cast<int>(::ippGetOperation(exchange.request.get())));
   if (operation == nullptr) {
     return !exchange.respond(IPP_STATUS_ERROR_OPERATION_NOT_SUPPORTED,
                              "This operation is not supported.");

@@ -8,8 +8,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <chrono>
 #include <cstring>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include "host/base/descriptor.h"
@@ -68,6 +70,18 @@ std::uint64_t sizeOf(const fs::path& file) {
   return error ? 0 : size;
 }
 
+// Of a server that was killed, a process that was just made may hold the lock for a
+// moment longer.
+bool isLocked(int lock) {
+  constexpr int kMostTries = 20;
+  constexpr std::chrono::milliseconds kPause(25);
+  for (int tries = 1; ::flock(lock, LOCK_EX | LOCK_NB) != 0; ++tries) {
+    if (tries == kMostTries) return false;
+    std::this_thread::sleep_for(kPause);
+  }
+  return true;
+}
+
 }  // namespace
 
 IncomingDocument::IncomingDocument(fs::path path)
@@ -107,7 +121,7 @@ host::Result<std::unique_ptr<Spool>> Spool::open(const std::string& folder) {
   const fs::path lockFile = path / "lock";
   const int lock = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
   if (lock == -1) return notWritten(lockFile, errno);
-  if (::flock(lock, LOCK_EX | LOCK_NB) != 0) {
+  if (!isLocked(lock)) {
     ::close(lock);
     return host::fail(host::Problem::Kind::kNotWritten,
                       "the spool " + path.string() +

@@ -1,11 +1,14 @@
 #include "programs/printer/spool.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "programs/printer/job_record.h"
 
@@ -101,6 +104,18 @@ TEST_F(SpoolTest, Open_FolderIsUsed_IsRefused) {
   EXPECT_EQ(describe(second.error()), "the spool " + (folder_ / "spool").string() +
                                           " is used by another server; give this one a folder of "
                                           "its own with --spool");
+}
+
+TEST_F(SpoolTest, Open_FolderIsUsedForAMoment_Waits) {
+  spool_.reset();
+  const int lock = ::open((folder_ / "spool" / "lock").c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_EQ(::flock(lock, LOCK_EX), 0);
+  std::thread holder([lock] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    ::close(lock);
+  });
+  EXPECT_TRUE(Spool::open(folder_ / "spool"));
+  holder.join();
 }
 
 TEST_F(SpoolTest, Open_FolderCannotBeMade_IsRefused) {

@@ -34,7 +34,7 @@ class Queue(threading.Thread):
         self.isNative = name in ('office', 'labels')
         self.emitter = Emitter(PROGRAM, f'{FOLDER}/{name}.xml', ROUTINES if self.isNative else None)
         self.faults, self.documents, self.good, self.refused = [], {}, 0, 0
-        self.known = set()
+        self.known = set(self.jobs())
 
     def draw(self):
         """Arguments of lp and settings that the description accepts together."""
@@ -58,11 +58,13 @@ class Queue(threading.Thread):
         names = [f'JobName={TITLE}']
         return settings + (names + [f'UserName={USER}'] if self.name_ == 'office' else names)
 
+    def jobs(self):
+        return glob.glob(f'{FOLDER}/printer/printed/{self.name_}-*.prn')
+
     def arrived(self):
         """The next job at the device."""
         for _ in range(600):
-            new = [path for path in glob.glob(f'{FOLDER}/printer/printed/{self.name_}-*.prn')
-                   if path not in self.known]
+            new = [path for path in self.jobs() if path not in self.known]
             if new:
                 self.known.add(new[0])
                 with open(new[0], 'rb') as job:
@@ -132,7 +134,7 @@ def main():
     for thread in threads:
         thread.join()
     faults = [fault for thread in threads for fault in thread.faults]
-    print(*faults, sep='\n', end='\n' if faults else '')
+    print(*faults[:20], sep='\n', end='\n' if faults else '')
     for thread in threads:
         print(f'{thread.name_}: {thread.good} of {thread.count} jobs have exactly the commands of '
               f'emit ({thread.refused} random sets broke a rule and were drawn again)')

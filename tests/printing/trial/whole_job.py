@@ -53,7 +53,7 @@ def sectionsOf(postScript):
             section = 'Setup'
         else:
             sections[section] += line
-    return sections
+    return {name: text if text.strip() else b'' for name, text in sections.items()}
 
 
 def without(job, header, sections):
