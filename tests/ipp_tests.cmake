@@ -8,6 +8,11 @@ target_link_libraries(ipp_advertised PRIVATE host_ipp host_ppd_import)
 # Imported descriptions find the host's routines by their names.
 set_target_properties(ipp_advertised PROPERTIES ENABLE_EXPORTS ON)
 
+# Whether clients find the conflicts of the rules; for printers that run.
+add_executable(ipp_conflicts ipp/conflicts_main.cc)
+target_link_libraries(ipp_conflicts PRIVATE host_ipp)
+set_target_properties(ipp_conflicts PROPERTIES ENABLE_EXPORTS ON)
+
 target_compile_definitions(ipp_unit_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"
   OFFICE_DESCRIPTION="${PROJECT_SOURCE_DIR}/descriptions/office_laser.xml"

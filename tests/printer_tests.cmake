@@ -22,9 +22,17 @@ printer_test(printer_clients printer_clients_test.sh)
 printer_test(printer_setting printer_setting_test.sh)
 printer_test(printer_device printer_device_test.sh)
 printer_test(printer_killed printer_kill_test.sh 6)
+printer_test(printer_mutated printer_mutation_test.sh 2)
+printer_test(printer_memory printer_memory_test.sh 60 4)
+printer_test(printer_conflicts printer_conflicts_test.sh 100
+  ${CMAKE_CURRENT_LIST_DIR}/printing/rules.ppd)
+file(GLOB printing_ppds CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/printing/*.ppd)
+printer_test(printer_imports printer_imports_test.sh 2
+  ${printing_ppds} ${CMAKE_CURRENT_LIST_DIR}/printing/trial/floor.ppd)
 # The scheduler is a program of the machine, which loads nothing of another kind.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8 AND NOT CMAKE_CXX_FLAGS MATCHES "sanitize")
   printer_test(printer_queue printer_queue_test.sh)
   printer_test(printer_announced printer_announced_test.sh)
   set_tests_properties(printer_announced PROPERTIES SKIP_RETURN_CODE 77)
+  printer_test(printer_trial printer_trial_test.sh 15 18)
 endif()

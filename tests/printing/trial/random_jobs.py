@@ -88,10 +88,15 @@ class Queue(threading.Thread):
             ('PageSize', 'media', 'page-ranges', 'number-up', 'fit-to-page', 'ColorModel',
              'print-color-mode', 'cupsPrintQuality', 'print-quality', 'sides', 'Duplex'))))
         pages += next((word for word in words if word.startswith('cupsFinishingTemplate')), '')
+        # The scheduler reverses the pages for a bin where they lie face up, and fills the
+        # last sheet then.
+        isFaceUp = 'OutputBin=FaceUp' in words or 'output-bin=face-up' in words
+        isTwoSided = any('two-sided' in word or 'Tumble' in word for word in words)
+        pages += ' reversed' if isFaceUp else ''
         copies = int(words[words.index('-n') + 1]) if '-n' in words else 1
         isOnePage = any(word in words for word in ('page-ranges=1', 'number-up=2'))
         isOnePage = isOnePage or 'cupsFinishingTemplate=Draft' in words
-        wanted = (1 if isOnePage else 2) * (1 if self.name_ == 'office' else copies)
+        wanted = (1 if isOnePage and not (isFaceUp and isTwoSided) else 2) * (1 if self.name_ == 'office' else copies)
         if document.count(b'\n%%Page: ') != wanted:
             raise AssertionError(f'job {number}: {document.count(b"%%Page: ")} pages in place of {wanted}')
         if self.name_ != 'office':
