@@ -62,7 +62,11 @@ def parse(data):
 
 
 def send(port, printer, data):
-    http = urllib.request.Request(f'http://localhost:{port}/ipp/print/{printer}', data,
+    return post(port, f'ipp/print/{printer}', data)
+
+
+def post(port, path, data):
+    http = urllib.request.Request(f'http://localhost:{port}/{path}', data,
                                   {'Content-Type': 'application/ipp'})
     with urllib.request.urlopen(http, timeout=60) as response:
         return parse(response.read())
