@@ -67,7 +67,7 @@ ln -s "$backend" "$folder/bin/backend/socket"
   { cat "$folder/queue.log"; exit 1; }
 startScheduler "$folder"
 # Without questions to a printer that is not there.
-lpadmin -p office -E -v "socket://127.0.0.1:$device?snmp=false" -P "$folder/queue.ppd" 2>"$folder/lpadmin.log" ||
+lpadmin -p office -E -v "socket://127.0.0.1:$device/?snmp=false" -P "$folder/queue.ppd" 2>"$folder/lpadmin.log" ||
   { cat "$folder/lpadmin.log"; exit 1; }
 
 worker=$(pgrep -P "$printerProcess" | head -1)
