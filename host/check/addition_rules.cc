@@ -35,10 +35,11 @@ Code codeOf(const std::string& cause) {
   return Code::kUnreadableBeside;
 }
 
-using Rule = void (*)(const AdditionSubject& subject, Findings& findings);
+using AdditionRule = void (*)(const AdditionSubject& subject, Findings& findings);
 
-constexpr Rule kRules[] = {&checkReading, &checkRules,  &checkHardware, &checkTranslations,
-                           &checkPresets, &checkPanels, &checkMedia};
+constexpr AdditionRule kAdditionRules[] = {&checkReading,      &checkRules,   &checkHardware,
+                                           &checkTranslations, &checkPresets, &checkPanels,
+                                           &checkMedia};
 
 }  // namespace
 
@@ -67,7 +68,7 @@ void checkReading(const AdditionSubject& subject, Findings& findings) {
 
 Findings applyAdditionRules(const AdditionSubject& subject) {
   Findings findings;
-  for (const Rule rule : kRules) rule(subject, findings);
+  for (const AdditionRule rule : kAdditionRules) rule(subject, findings);
   for (Finding& finding : findings) {
     finding.sentence = host::spellOutInvisible(finding.sentence);
     finding.remedy = host::spellOutInvisible(finding.remedy);

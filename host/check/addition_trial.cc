@@ -14,7 +14,7 @@ namespace driver_feature::check {
 
 namespace {
 
-constexpr unsigned kSeconds = 10;  // For a routine that does not return.
+constexpr unsigned kRoutineSeconds = 10;  // For a routine that does not return.
 
 // What the child returns: rows of three texts. A row of the first kind begins a
 // preset.
@@ -51,7 +51,7 @@ class Rows {
 std::vector<std::string> load(const host::Plugin& plugin, const host::Document& document,
                               const std::vector<host::Preset>& presets) {
   void* description = document.description();
-  ::alarm(kSeconds);
+  ::alarm(kRoutineSeconds);
   SetLogHandler(&drop, nullptr);
   plugin.setUpdateCallback(&DriverFeatureHostUpdate);
   host::noteRoutineCalls(description, "");

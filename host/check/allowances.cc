@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kStart = "driver-feature:";
 constexpr std::string_view kVerb = "allow";
-constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kXmlBlanks = " \t\r\n";
 constexpr const char* kForm = "write <!-- driver-feature: allow DF303: REASON -->";
 
 // One code that a comment allows.
@@ -24,15 +24,15 @@ struct Allowance {
 };
 
 std::string_view trimmed(std::string_view text) {
-  return host::trimmed(text, kBlanks);
+  return host::trimmed(text, kXmlBlanks);
 }
 
 // Reads what follows "driver-feature:" and adds its codes, or says what is wrong.
 std::optional<std::string> readCodes(const host::XmlComment& comment, std::string_view text,
                                      std::vector<Allowance>& allowances) {
   const bool allows =
-      text.starts_with(kVerb) &&
-      (text.size() == kVerb.size() || kBlanks.find(text[kVerb.size()]) != std::string_view::npos);
+      text.starts_with(kVerb) && (text.size() == kVerb.size() ||
+                                  kXmlBlanks.find(text[kVerb.size()]) != std::string_view::npos);
   if (!allows) return "this comment does not say \"allow\"";
   text.remove_prefix(kVerb.size());
   const std::size_t colon = text.find(':');

@@ -20,7 +20,7 @@ constexpr unsigned kFloat = bit(host::FeatureKind::kFloatEntry);
 
 using Form = ValueForm;
 
-constexpr AttributeRule kRules[] = {
+constexpr AttributeRule kAttributeRules[] = {
     {"ByteEscapes", host::Role::kDescription, Form::kYesNo},
 
     {"DefaultCallbackHandler", host::Role::kBaseInfo},
@@ -115,19 +115,19 @@ std::vector<std::string> ownerWords(const AttributeRule& rule) {
 }  // namespace
 
 std::span<const AttributeRule> attributeRules() {
-  return kRules;
+  return kAttributeRules;
 }
 
 const AttributeRule* findRule(const host::Element& element, const std::string& attribute) {
   const auto* found = std::find_if(
-      std::begin(kRules), std::end(kRules),
+      std::begin(kAttributeRules), std::end(kAttributeRules),
       [&](const AttributeRule& rule) { return isFor(rule, element) && attribute == rule.name; });
-  return found != std::end(kRules) ? found : nullptr;
+  return found != std::end(kAttributeRules) ? found : nullptr;
 }
 
 std::vector<std::string> attributeNames(const host::Element& element) {
   std::vector<std::string> names;
-  for (const AttributeRule& rule : kRules) {
+  for (const AttributeRule& rule : kAttributeRules) {
     if (isFor(rule, element)) names.emplace_back(rule.name);
   }
   return names;
@@ -135,7 +135,7 @@ std::vector<std::string> attributeNames(const host::Element& element) {
 
 std::string ownersOf(const std::string& attribute) {
   std::vector<std::string> owners;
-  for (const AttributeRule& rule : kRules) {
+  for (const AttributeRule& rule : kAttributeRules) {
     if (attribute != rule.name) continue;
     for (const std::string& word : ownerWords(rule)) owners.push_back(word);
   }

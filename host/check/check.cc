@@ -35,7 +35,7 @@ Finding secondDescription(host::Position position) {
           {}};
 }
 
-constexpr const char* kMark = "\xEF\xBB\xBF";
+constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
 
 bool holds(const Findings& findings, Code code) {
   return std::any_of(findings.begin(), findings.end(),
@@ -137,7 +137,7 @@ host::Result<FileReport> checkText(const std::string& path, std::string text,
   FileReport report;
   report.file = path;
   report.source = host::decodeText(text, host::declaredEncoding(text));
-  if (text.starts_with(kMark)) report.mark = kMark;
+  if (text.starts_with(kByteOrderMark)) report.mark = kByteOrderMark;
   report.isUtf8 = text == report.mark + report.source;
   const host::Result<host::Document> document = host::Document::ofText(path, std::move(text));
   report.usable = document.has_value();

@@ -9,8 +9,8 @@ namespace driver_feature::check {
 
 namespace {
 
-constexpr std::size_t kShown = 96;   // Characters of a long line.
-constexpr std::size_t kBefore = 64;  // Of them, those before the caret.
+constexpr std::size_t kLongestExcerpt = 96;  // Characters of a long line.
+constexpr std::size_t kBefore = 64;          // Of them, those before the caret.
 constexpr std::size_t kLeastWidth = 5;
 
 // The text as a terminal can show it, each character with a width of its own.
@@ -40,20 +40,23 @@ bool beginsCharacter(char byte) {
 Window windowOf(std::string_view line, std::size_t at) {
   Window window{at, at};
   std::size_t before = 0;
-  for (; window.begin > 0 && before < kShown; before += beginsCharacter(line[window.begin])) {
+  for (; window.begin > 0 && before < kLongestExcerpt;
+       before += beginsCharacter(line[window.begin])) {
     --window.begin;
   }
   std::size_t after = 0;
   for (; window.end < line.size(); ++window.end) {
-    if (beginsCharacter(line[window.end]) && ++after > kShown) break;
+    if (beginsCharacter(line[window.end]) && ++after > kLongestExcerpt) break;
   }
-  after = std::min(after, kShown);
-  if (before + after <= kShown && window.begin == 0 && window.end == line.size()) return window;
-  const std::size_t wantedBefore = std::max(kBefore, kShown - std::min(kShown, after));
+  after = std::min(after, kLongestExcerpt);
+  if (before + after <= kLongestExcerpt && window.begin == 0 && window.end == line.size())
+    return window;
+  const std::size_t wantedBefore =
+      std::max(kBefore, kLongestExcerpt - std::min(kLongestExcerpt, after));
   for (; before > wantedBefore; --before) {
     for (++window.begin; !beginsCharacter(line[window.begin]);) ++window.begin;
   }
-  for (; after > kShown - before; --after) {
+  for (; after > kLongestExcerpt - before; --after) {
     for (--window.end; !beginsCharacter(line[window.end]);) --window.end;
   }
   return window;

@@ -85,13 +85,13 @@ void checkEmptiness(const host::Element& element, const host::Attribute& name, F
 }
 
 void checkBlanks(const host::Element& element, const host::Attribute& name, Findings& findings) {
-  constexpr std::string_view kBlanks = " \t\r\n";
+  constexpr std::string_view kNameBlanks = " \t\r\n";
   const std::string& text = name.value;
-  const bool atBegin = text.find_first_not_of(kBlanks) != 0;
-  const bool atEnd = text.find_last_not_of(kBlanks) != text.size() - 1;
+  const bool atBegin = text.find_first_not_of(kNameBlanks) != 0;
+  const bool atEnd = text.find_last_not_of(kNameBlanks) != text.size() - 1;
   if (text.empty() || (!atBegin && !atEnd)) return;
   findings.push_back({Code::kBlankAroundName,
-                      placeIn(name, atBegin ? 0 : text.find_last_not_of(kBlanks) + 1),
+                      placeIn(name, atBegin ? 0 : text.find_last_not_of(kNameBlanks) + 1),
                       "the name of " + describeElement(element) + (atBegin ? " begins" : " ends") +
                           " with a blank",
                       "remove the blank",

@@ -17,13 +17,13 @@ struct OptionOutput {
 };
 
 const std::vector<OptionOutput>& outputs() {
-  static const std::vector<OptionOutput> kOutputs = {
+  static const std::vector<OptionOutput> kOptionOutputs = {
       {"PJLCommand", {"PJLCommand", "AddPJLCallbackRoutine"}},
       {"PSCommand", {"PSCommand", "AddPSCallbackRoutine"}},
       {"TESKCommand",
        {"TESKJTAttributeName", "TESKOAAttributeName", "InstOptAttributeName",
         "NonVORNAttributeName", "AddVORNCallbackRoutine"}}};
-  return kOutputs;
+  return kOptionOutputs;
 }
 
 // Whether a routine of a group around the feature may write in its place.

@@ -118,10 +118,10 @@ class PjlReader {
       state_.isForeign = true;
       return;
     }
-    constexpr std::size_t kShown = 20;
+    constexpr std::size_t kLongestQuote = 20;
     report(Code::kNoPjlPrefix, begin,
-           "writes the line \"" + std::string(command.substr(0, kShown)) +
-               (command.size() > kShown ? "..." : "") + "\", which does not begin with @PJL",
+           "writes the line \"" + std::string(command.substr(0, kLongestQuote)) +
+               (command.size() > kLongestQuote ? "..." : "") + "\", which does not begin with @PJL",
            "begin it with @PJL");
   }
 

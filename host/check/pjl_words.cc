@@ -10,13 +10,13 @@ namespace driver_feature::check {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view kPjlBlanks = " \t\r";
 
 }  // namespace
 
 std::string_view withoutBlanks(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);  // 0 for blanks alone.
+  text.remove_prefix(std::min(text.find_first_not_of(kPjlBlanks), text.size()));
+  return text.substr(0, text.find_last_not_of(kPjlBlanks) + 1);  // 0 for blanks alone.
 }
 
 bool isPlain(std::string_view text) {
@@ -27,8 +27,8 @@ bool isPlain(std::string_view text) {
 
 bool isPjlCommand(std::string_view command) {
   constexpr std::string_view kPrefix = "@PJL";
-  return command.starts_with(kPrefix) &&
-         (command.size() == kPrefix.size() || kBlanks.find(command[4]) != std::string_view::npos);
+  return command.starts_with(kPrefix) && (command.size() == kPrefix.size() ||
+                                          kPjlBlanks.find(command[4]) != std::string_view::npos);
 }
 
 bool looksLikePjl(std::string_view command) {
@@ -44,14 +44,15 @@ bool looksLikePjl(std::string_view command) {
   const std::string_view word = command.substr(0, static_cast<std::size_t>(end - command.begin()));
   if (word.empty()) return false;
   command.remove_prefix(word.size());
-  const bool isAlone = command.empty() || kBlanks.find(command.front()) != std::string_view::npos;
+  const bool isAlone =
+      command.empty() || kPjlBlanks.find(command.front()) != std::string_view::npos;
   return (isAlone && kWords.contains(word)) || withoutBlanks(command).starts_with('=');
 }
 
 bool entersLanguage(std::string_view command) {
   std::string words;
   for (const char character : command) {
-    if (kBlanks.find(character) == std::string_view::npos) words += host::toLower(character);
+    if (kPjlBlanks.find(character) == std::string_view::npos) words += host::toLower(character);
   }
   return words.starts_with("@pjlenterlanguage");
 }

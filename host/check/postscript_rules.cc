@@ -13,7 +13,7 @@ namespace driver_feature::check {
 
 namespace {
 
-using Kind = Fault::Kind;
+using FaultKind = Fault::Kind;
 
 const char* closingOf(const std::string& bracket) {
   if (bracket == "<<") return ">>";
@@ -81,17 +81,17 @@ void reportPerCent(const Fault& fault, Findings& findings) {
 
 void report(const Fault& fault, Findings& findings) {
   switch (fault.kind) {
-    case Kind::kUnopened:
+    case FaultKind::kUnopened:
       return reportUnopened(fault, findings);
-    case Kind::kUnclosed:
+    case FaultKind::kUnclosed:
       return reportUnclosed(fault.spot, fault.text, findings);
-    case Kind::kWrongPair:
+    case FaultKind::kWrongPair:
       return reportWrongPair(fault, findings);
-    case Kind::kOpenComment:
+    case FaultKind::kOpenComment:
       return reportComment(fault, findings);
-    case Kind::kJoinedTokens:
+    case FaultKind::kJoinedTokens:
       return reportTokens(fault, findings);
-    case Kind::kSinglePerCent:
+    case FaultKind::kSinglePerCent:
       return reportPerCent(fault, findings);
   }
 }
@@ -184,7 +184,7 @@ class PostScriptCheck {
   }
 
   bool reportOpen(const PostScriptScan::Open& open) {
-    if (open.bracket == "mark" || !isFirst(open.spot, static_cast<int>(Kind::kUnclosed))) {
+    if (open.bracket == "mark" || !isFirst(open.spot, static_cast<int>(FaultKind::kUnclosed))) {
       return false;
     }
     reportUnclosed(open.spot, open.bracket, findings_);

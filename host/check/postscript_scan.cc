@@ -9,8 +9,8 @@ namespace driver_feature::check {
 
 namespace {
 
-constexpr const char* kMark = "mark";
-constexpr std::string_view kBlanks(" \t\r\n\f\0", 6);
+constexpr const char* kMarkOperator = "mark";
+constexpr std::string_view kPostScriptBlanks(" \t\r\n\f\0", 6);
 constexpr std::string_view kDelimiters = "()<>[]{}/%";
 
 bool isIn(std::string_view set, char character) {
@@ -18,7 +18,7 @@ bool isIn(std::string_view set, char character) {
 }
 
 bool isRegular(char character) {
-  return !isIn(kBlanks, character) && !isIn(kDelimiters, character);
+  return !isIn(kPostScriptBlanks, character) && !isIn(kDelimiters, character);
 }
 
 bool isLineEnd(char character) {
@@ -55,8 +55,9 @@ void PostScriptScan::enterUnit(const Piece& piece) {
     previous_ = '\n';
   }
   if (place_ != Place::kOutside || isAfterHead_ || token_.empty() || !isRegular(first)) return;
-  const std::size_t end = std::min(
-      piece.text.find_first_of(std::string(kBlanks) + std::string(kDelimiters)), piece.text.size());
+  const std::size_t end =
+      std::min(piece.text.find_first_of(std::string(kPostScriptBlanks) + std::string(kDelimiters)),
+               piece.text.size());
   faults_.push_back(
       {Fault::Kind::kJoinedTokens, last_, token_ + piece.text.substr(0, end), {&piece, 0}, ""});
 }
@@ -191,8 +192,8 @@ void PostScriptScan::endToken() {
   const std::string token = std::exchange(token_, "");
   if (token == "currentfile") {
     place_ = Place::kData;
-  } else if (token == kMark) {
-    begin(kMark, last_);
+  } else if (token == kMarkOperator) {
+    begin(kMarkOperator, last_);
   } else if (token == "cleartomark" || token == "pdfmark") {
     closeMark();
   }
@@ -212,7 +213,7 @@ void PostScriptScan::endList(const char* opening, const char* closing, Spot spot
   }
   const Open last = open_.back();
   open_.pop_back();
-  if (last.bracket == opening || last.bracket == kMark) return;
+  if (last.bracket == opening || last.bracket == kMarkOperator) return;
   faults_.push_back({Fault::Kind::kWrongPair, spot, closing, last.spot, last.bracket});
 }
 
@@ -223,7 +224,7 @@ void PostScriptScan::endProcedure(Spot spot) {
     return;
   }
   for (; open_.back().bracket != "{"; open_.pop_back()) {
-    if (open_.back().bracket == kMark) continue;
+    if (open_.back().bracket == kMarkOperator) continue;
     faults_.push_back({Fault::Kind::kUnclosed, open_.back().spot, open_.back().bracket, {}, ""});
   }
   open_.pop_back();
@@ -234,7 +235,7 @@ void PostScriptScan::endProcedure(Spot spot) {
 void PostScriptScan::closeMark() {
   while (!open_.empty() && open_.back().bracket != "{") {
     const std::string& last = open_.back().bracket;
-    const bool isMark = last == "[" || last == "<<" || last == kMark;
+    const bool isMark = last == "[" || last == "<<" || last == kMarkOperator;
     open_.pop_back();
     if (isMark) return;
   }

@@ -22,7 +22,7 @@ struct Paint {
   const char* end = "";
 };
 
-constexpr Paint kPlain;
+constexpr Paint kNoColours;
 constexpr Paint kColours = {"\x1b[1m",    "\x1b[1;31m", "\x1b[1;35m",
                             "\x1b[1;32m", "\x1b[2m",    "\x1b[0m"};
 
@@ -131,7 +131,7 @@ const char* wordOf(Severity severity) {
 }
 
 std::string reportText(const std::vector<FileReport>& reports, const TextStyle& style) {
-  const Paint& paint = style.colour ? kColours : kPlain;
+  const Paint& paint = style.colour ? kColours : kNoColours;
   std::string text;
   for (const FileReport& report : reports) {
     const host::SourceText source(report.source);

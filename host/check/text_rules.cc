@@ -91,17 +91,17 @@ void checkRanges(const host::Element& feature, Findings& findings) {
   }
 }
 
-struct CommandRow {
+struct LanguageRow {
   const char* attribute;
   host::CommandLanguage language;
 };
 
-constexpr CommandRow kCommands[] = {{"PJLCommand", host::CommandLanguage::kPjl},
-                                    {"PSCommand", host::CommandLanguage::kPostScript}};
+constexpr LanguageRow kLanguages[] = {{"PJLCommand", host::CommandLanguage::kPjl},
+                                      {"PSCommand", host::CommandLanguage::kPostScript}};
 
 // Where a command puts the feature's text. A group without one may have a
 // routine that writes its members, and changes nothing here.
-std::optional<host::TemplateValue> findText(const host::Element& feature, const CommandRow& row) {
+std::optional<host::TemplateValue> findText(const host::Element& feature, const LanguageRow& row) {
   std::vector<std::string> templates = {feature.text(row.attribute)};
   for (const host::Element* element = &feature; element->isMember();) {
     element = element->parent;
@@ -143,7 +143,7 @@ void checkHarm(const host::Element& feature, const std::string& set, Findings& f
     report("a control character, which can end the command",
            static_cast<std::size_t>(control - set.begin()));
   }
-  for (const CommandRow& row : kCommands) {
+  for (const LanguageRow& row : kLanguages) {
     const auto text = findText(feature, row);
     if (!text || harmIn(text->place) == nullptr) continue;
     const auto harm = std::find_if(set.begin(), set.end(), [&text](char character) {

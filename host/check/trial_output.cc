@@ -20,7 +20,7 @@ namespace driver_feature::check {
 
 namespace {
 
-constexpr unsigned kSeconds = 10;
+constexpr unsigned kOutputSeconds = 10;
 
 struct FormRow {
   const char* attribute;
@@ -34,7 +34,7 @@ constexpr FormRow kForms[] = {{"AddPJLCallbackRoutine", host::OutputForm::kPjl},
 void dropLine(int, const char*, const char*, std::size_t, void*) {}
 
 int write(const host::Plugin& plugin, void* handle, host::OutputForm form) {
-  ::alarm(kSeconds);
+  ::alarm(kOutputSeconds);
   SetLogHandler(&dropLine, nullptr);
   plugin.setUpdateCallback(&DriverFeatureHostUpdate);
   host::noteRoutineCalls(handle, "");
@@ -51,7 +51,7 @@ std::string faultOf(const host::RoutineRecord& record, int status) {
   if (!thrown.empty()) return thrown;
   if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM && record.running.front() != '\0') {
     return "the routine \"" + std::string(record.running.data()) +
-           "\" of the description does not return within " + std::to_string(kSeconds) +
+           "\" of the description does not return within " + std::to_string(kOutputSeconds) +
            " seconds; let it return";
   }
   return describeRoutineEnd(record, status);

@@ -8,7 +8,7 @@ namespace driver_feature::editor {
 
 namespace {
 
-using Kind = MarkupPlace::Kind;
+using Place = MarkupPlace::Kind;
 
 Definition definitionOf(const MarkupElement& element, Range from) {
   const MarkupAttribute* name = element.find("Name");
@@ -49,14 +49,14 @@ std::optional<Definition> definitionAt(const Markup& markup, std::size_t offset)
   const MarkupPlace place = markup.placeAt(offset);
   if (place.element == nullptr) return std::nullopt;
   const MarkupElement& element = *place.element;
-  if (place.kind == Kind::kEndName) {
+  if (place.kind == Place::kEndName) {
     return Definition{place.word, element.whole, element.nameRange};
   }
-  const bool isName = place.kind == Kind::kValue && place.attribute->name == "Name";
-  if (element.tag == "Feature" && (isName || place.kind == Kind::kTagName)) {
+  const bool isName = place.kind == Place::kValue && place.attribute->name == "Name";
+  if (element.tag == "Feature" && (isName || place.kind == Place::kTagName)) {
     return featureNamed(markup, element.text("Name"), place.word);
   }
-  if (place.kind != Kind::kValue) return std::nullopt;
+  if (place.kind != Place::kValue) return std::nullopt;
   const std::string form = formOf(markup, place);
   if (form == "OptionName") return optionOf(markup, place);
   if (form == "FeatureName") return featureNamed(markup, place.attribute->text, place.word);

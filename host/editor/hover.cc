@@ -8,7 +8,7 @@ namespace driver_feature::editor {
 
 namespace {
 
-using Kind = MarkupPlace::Kind;
+using Place = MarkupPlace::Kind;
 
 std::string explain(const std::string& name, const std::string& sentence) {
   return "**" + name + "**\n\n" + sentence;
@@ -38,7 +38,7 @@ std::optional<Hover> hoverAt(const Markup& markup, std::size_t offset) {
   if (place.element == nullptr) return std::nullopt;
   const GrammarElement* grammar = Grammar::get().find(markup, *place.element);
   if (grammar == nullptr) return std::nullopt;
-  if (place.kind == Kind::kTagName || place.kind == Kind::kEndName) {
+  if (place.kind == Place::kTagName || place.kind == Place::kEndName) {
     return Hover{place.word, explain(grammar->tag, grammar->sentence)};
   }
   if (place.attribute == nullptr) return std::nullopt;
@@ -46,7 +46,7 @@ std::optional<Hover> hoverAt(const Markup& markup, std::size_t offset) {
       findAttribute(*grammar, *place.element, place.attribute->name);
   if (attribute == nullptr) return std::nullopt;
   const GrammarWord* word =
-      place.kind == Kind::kValue ? wordOf(*attribute, place.attribute->text) : nullptr;
+      place.kind == Place::kValue ? wordOf(*attribute, place.attribute->text) : nullptr;
   if (word != nullptr) return Hover{place.word, explain(word->text, word->sentence)};
   return Hover{place.word, explain(*attribute, *place.element)};
 }

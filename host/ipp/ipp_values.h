@@ -11,6 +11,9 @@
 
 namespace driver_feature::ipp {
 
+// The group of the attributes that describe a printer.
+inline constexpr ipp_tag_t kPrinter = IPP_TAG_PRINTER;
+
 // Adds an attribute with these values; nothing without values.
 void addWords(ipp_t* target, ipp_tag_t group, const std::string& name, Syntax syntax,
               const std::vector<std::string>& words);

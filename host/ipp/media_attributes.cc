@@ -11,7 +11,6 @@ namespace driver_feature::ipp {
 
 namespace {
 
-constexpr ipp_tag_t kPrinter = IPP_TAG_PRINTER;
 constexpr ipp_tag_t kMember = IPP_TAG_ZERO;
 
 void addMargins(ipp_t* target, const ChoiceCapability& size) {

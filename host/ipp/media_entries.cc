@@ -16,7 +16,7 @@ namespace driver_feature::ipp {
 namespace {
 
 constexpr int kTolerance = 50;  // In hundredths of a millimetre.
-constexpr double kPoint = 2540.0 / 72;
+constexpr double kHundredthsPerPoint = 2540.0 / 72;
 
 // "210" or "215.9": hundredths without zeros at the end.
 std::string millimetres(int hundredths) {
@@ -142,7 +142,7 @@ void addStandardSizes(AttributeTable& table) {
     size.width = media->width;
     size.height = media->length;
     size.left = size.bottom = size.right = size.top =
-        static_cast<int>(std::lround(static_cast<double>(each.left) * kPoint));
+        static_cast<int>(std::lround(static_cast<double>(each.left) * kHundredthsPerPoint));
     table.media.push_back({media->pwg, nullptr, size, false});
   }
 }

@@ -17,7 +17,6 @@ namespace driver_feature::ipp {
 
 namespace {
 
-constexpr ipp_tag_t kPrinter = IPP_TAG_PRINTER;
 constexpr int kMostCopies = 999;
 constexpr int kLongestName = 255;
 

@@ -10,7 +10,7 @@ namespace driver_feature::ipp {
 
 namespace {
 
-constexpr std::size_t kLongest = 255;
+constexpr std::size_t kLongestKeyword = 255;
 constexpr std::size_t kLongestMade = 200;  // Leaves room for prefixes and numbers.
 
 bool isSmall(char letter) {
@@ -49,7 +49,7 @@ bool isKeyword(std::string_view text) {
   const auto isAllowed = [](char letter) {
     return isSmall(letter) || isDigit(letter) || letter == '-' || letter == '.' || letter == '_';
   };
-  return !text.empty() && text.size() <= kLongest && isSmall(text.front()) &&
+  return !text.empty() && text.size() <= kLongestKeyword && isSmall(text.front()) &&
          std::all_of(text.begin(), text.end(), isAllowed);
 }
 

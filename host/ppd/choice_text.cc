@@ -9,8 +9,16 @@ std::string sectionText(ppd_section_t section, const std::string& title, const s
   return text + "%%EndFeature\n} stopped cleartomark\n";
 }
 
+std::string_view textOf(const char* text) {
+  return text != nullptr ? text : "";
+}
+
+bool isCustom(const ppd_choice_t& choice) {
+  return textOf(choice.choice) == "Custom";
+}
+
 std::string codeOf(const ppd_choice_t& choice) {
-  return choice.code != nullptr ? choice.code : "";
+  return std::string(textOf(choice.code));
 }
 
 std::string titleOf(const ppd_option_t& option, const ppd_choice_t& choice) {

@@ -5,6 +5,7 @@
 #include <cups/ppd.h>
 
 #include <string>
+#include <string_view>
 
 namespace driver_feature::ppd {
 
@@ -16,6 +17,12 @@ inline constexpr const char* kNeverWritten =
 // that keep a failure away from the rest of the job. `title` is what the
 // comment on the feature says, such as "*PageSize A4".
 std::string sectionText(ppd_section_t section, const std::string& title, const std::string& code);
+
+// Empty for a null pointer.
+std::string_view textOf(const char* text);
+
+// Whether it is the choice of a value of one's own.
+bool isCustom(const ppd_choice_t& choice);
 
 // The code of a choice; empty when it has none.
 std::string codeOf(const ppd_choice_t& choice);

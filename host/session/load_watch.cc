@@ -6,7 +6,7 @@ namespace driver_feature::host {
 
 namespace {
 
-const LoadWatch* current = nullptr;
+const LoadWatch* watching = nullptr;
 
 }  // namespace
 
@@ -14,17 +14,18 @@ LoadWatch::LoadWatch(std::string file, Remedy remedy, LineSink report)
     : file_(std::move(file)), remedy_(std::move(remedy)), report_(std::move(report)) {
   static const int kRegistered = std::atexit(&LoadWatch::reportEnd);
   static_cast<void>(kRegistered);
-  current = this;
+  watching = this;
 }
 
 LoadWatch::~LoadWatch() {
-  current = nullptr;
+  watching = nullptr;
 }
 
 void LoadWatch::reportEnd() {
   // exit() leaves the objects of the functions that called it alive.
-  if (current == nullptr) return;
-  current->report_(current->file_ + ": the description could not be loaded" + current->remedy_());
+  if (watching == nullptr) return;
+  watching->report_(watching->file_ + ": the description could not be loaded" +
+                    watching->remedy_());
 }
 
 }  // namespace driver_feature::host

@@ -34,19 +34,19 @@ bool isWrittenByLibrary(int level, std::string_view text) {
          text != "FeatureXMLTagHandler() - Null Custom Load VORN Callback Handler pointer";
 }
 
-LogPrinter* current = nullptr;
+LogPrinter* installed = nullptr;
 
 }  // namespace
 
 LogPrinter::LogPrinter(LogDetail detail, LineSink report)
     : detail_(detail), report_(std::move(report)) {
-  current = this;
+  installed = this;
   takeOver();
 }
 
 LogPrinter::~LogPrinter() {
   releaseQuietly();
-  current = nullptr;
+  installed = nullptr;
   takeOver();
 }
 
@@ -69,7 +69,7 @@ void LogPrinter::discard() {
 
 void LogPrinter::releaseAtExit() {
   // exit() leaves a printer alive that one of its callers owns.
-  if (current != nullptr) current->releaseQuietly();
+  if (installed != nullptr) installed->releaseQuietly();
 }
 
 void LogPrinter::releaseQuietly() noexcept {
@@ -87,7 +87,7 @@ void LogPrinter::reportHeld() {
 }
 
 void LogPrinter::takeOver() {
-  SetLogHandler(current != nullptr ? &LogPrinter::handle : nullptr, current);
+  SetLogHandler(installed != nullptr ? &LogPrinter::handle : nullptr, installed);
 }
 
 void LogPrinter::handle(int level, const char* /*category*/, const char* text, std::size_t length,

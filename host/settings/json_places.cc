@@ -8,7 +8,7 @@ namespace driver_feature::host {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kJsonBlanks = " \t\r\n";
 
 class Walk {
  public:
@@ -22,7 +22,7 @@ class Walk {
  private:
   void step() {
     const char character = text_[at_];
-    const bool isBlank = kBlanks.find(character) != std::string_view::npos;
+    const bool isBlank = kJsonBlanks.find(character) != std::string_view::npos;
     // The first character of an element that is not a separator begins it.
     if (depth_ == 1 && expectsElement_ && !isBlank && character != ']') {
       places_.push_back({line_, {}});
@@ -43,7 +43,7 @@ class Walk {
       if (text_[at_] == '\\') ++at_;
     }
     if (at_ < text_.size()) ++at_;
-    const std::size_t next = text_.find_first_not_of(kBlanks, at_);
+    const std::size_t next = text_.find_first_not_of(kJsonBlanks, at_);
     const bool isName = next != std::string_view::npos && text_[next] == ':';
     if (depth_ != 2 || !isName) return;
     const auto name = nlohmann::json::parse(text_.substr(begin, at_ - begin), nullptr, false);

@@ -49,8 +49,8 @@ std::string bytesOf(FeatureKind kind, char letter, const std::string& value) {
 }
 
 std::string hexText(unsigned char byte) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  return {'0', 'x', kDigits[byte >> 4U], kDigits[byte & 0xFU]};
+  constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+  return {'0', 'x', kHexDigits[byte >> 4U], kHexDigits[byte & 0xFU]};
 }
 
 Failure unsafe(const Model& model, const std::string& name, const Command& command,

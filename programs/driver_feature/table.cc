@@ -9,7 +9,7 @@ namespace driver_feature::cli {
 
 namespace {
 
-constexpr std::size_t kGap = 2;
+constexpr std::size_t kColumnGap = 2;
 constexpr std::string_view kEllipsis = "...";
 // A narrower last column would be all line breaks: the terminal may wrap it.
 constexpr std::size_t kNarrowest = 16;
@@ -34,14 +34,14 @@ class Layout {
         columns_[i] = std::max(columns_[i], host::displayWidth(shown(row.cells[i])));
       }
     }
-    for (const std::size_t column : columns_) indent_ += column + kGap;
+    for (const std::size_t column : columns_) indent_ += column + kColumnGap;
   }
 
   std::string compose(const TableRow& row) const {
     std::string line;
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
       const std::string cell = shown(row.cells[i]);
-      line += cell + std::string(columns_[i] + kGap - host::displayWidth(cell), ' ');
+      line += cell + std::string(columns_[i] + kColumnGap - host::displayWidth(cell), ' ');
     }
     line += composeParts(row.parts);
     line.erase(line.find_last_not_of(' ') + 1);

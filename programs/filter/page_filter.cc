@@ -24,7 +24,7 @@ namespace driver_feature::filter {
 
 namespace {
 
-constexpr int kPatience = 5000;        // Milliseconds for its end after its output's.
+constexpr int kFilterPatience = 5000;  // Milliseconds for its end after its output's.
 constexpr int kLittlePatience = 1000;  // Milliseconds for its end after a signal.
 constexpr int kStep = 5;
 
@@ -164,7 +164,7 @@ host::Result<> PageFilter::finish() {
     return {};
   }
   const std::string name = "the scheduler's filter " + pageFilterPath();
-  if (!waitFor(kPatience)) {
+  if (!waitFor(kFilterPatience)) {
     stop();
     return host::refused(name + " did not end after its output; the document may not be whole");
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <utility>
 
 #include "host/base/text.h"
@@ -128,6 +129,11 @@ OutputOrder outputOrder(const std::vector<host::Setting>& options) {
     order = host::toLower(option.value) == "reverse" ? OutputOrder::kReverse : OutputOrder::kNormal;
   }
   return order;
+}
+
+bool isClassified() {
+  const char* label = std::getenv("CLASSIFICATION");
+  return label != nullptr && *label != '\0' && std::string_view(label) != "none";
 }
 
 }  // namespace driver_feature::filter

@@ -36,6 +36,9 @@ PageOption pageOption(const host::Setting& option);
 enum class OutputOrder { kUnsaid, kNormal, kReverse };
 OutputOrder outputOrder(const std::vector<host::Setting>& options);
 
+// Whether the scheduler has pages labelled with a security class.
+bool isClassified();
+
 }  // namespace driver_feature::filter
 
 #endif  // PROGRAMS_FILTER_PAGE_OPTIONS_H_

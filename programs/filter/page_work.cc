@@ -16,12 +16,6 @@ namespace {
 
 constexpr std::uint64_t kSpareRoom = 1U << 20U;
 
-// The scheduler has pages labelled with this.
-bool isClassified() {
-  const char* label = std::getenv("CLASSIFICATION");
-  return label != nullptr && *label != '\0' && std::string_view(label) != "none";
-}
-
 }  // namespace
 
 PageWork::PageWork(const FilterArguments& arguments, const ppd::QueuePpd* ppd)

@@ -38,11 +38,6 @@ const char* variable(const char* name) {
   return value != nullptr ? value : "";
 }
 
-bool isClassified() {
-  const std::string_view label = variable("CLASSIFICATION");
-  return !label.empty() && label != "none";
-}
-
 }  // namespace
 
 std::optional<std::vector<host::Setting>> plainOptions(const std::string& text) {

@@ -6,16 +6,16 @@ namespace driver_feature::filter {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\f";
+constexpr std::string_view kCommentBlanks = " \t\f";
 
 std::string_view trimmedFront(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
+  const std::size_t first = text.find_first_not_of(kCommentBlanks);
   return first == std::string_view::npos ? "" : text.substr(first);
 }
 
 std::string_view takeWord(std::string_view& rest) {
   rest = trimmedFront(rest);
-  const std::string_view word = rest.substr(0, rest.find_first_of(kBlanks));
+  const std::string_view word = rest.substr(0, rest.find_first_of(kCommentBlanks));
   rest.remove_prefix(word.size());
   return word;
 }

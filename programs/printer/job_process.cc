@@ -18,7 +18,7 @@ namespace driver_feature::printer {
 
 namespace {
 
-int failWith(const std::string& text) {
+int failStage(const std::string& text) {
   host::writeAll(STDERR_FILENO, "ERROR: " + host::printable(text) + "\n");
   return 1;
 }
@@ -38,18 +38,18 @@ int temporaryFile(const std::string& document) {
 int openDocument(const PrintOrder& order) {
   if (order.job.format == "application/postscript") {
     const int file = ::open(order.document.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file == -1) failWith(std::string("the document cannot be read: ") + std::strerror(errno));
+    if (file == -1) failStage(std::string("the document cannot be read: ") + std::strerror(errno));
     return file;
   }
   const int file = temporaryFile(order.document);
   if (file == -1) {
-    failWith(std::string("no room to convert the document: ") + std::strerror(errno));
+    failStage(std::string("no room to convert the document: ") + std::strerror(errno));
     return -1;
   }
   host::writeAll(STDERR_FILENO, "STATE: +job-interpreting\n");
   const auto converted =
       convert(order.job.format, order.document, file, {order.job.width, order.job.height});
-  if (!converted && !isCancelled() && !wasKilled()) failWith(describe(converted.error()));
+  if (!converted && !isCancelled() && !wasKilled()) failStage(describe(converted.error()));
   if (!converted || isCancelled() || ::lseek(file, 0, SEEK_SET) != 0) {
     ::close(file);
     return -1;

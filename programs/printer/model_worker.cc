@@ -22,7 +22,7 @@ using Milliseconds = host::EventLoop::Milliseconds;
 
 constexpr Milliseconds kLoadTime{60000};
 constexpr Milliseconds kCheckTime{10000};
-constexpr Milliseconds kLongestPause{60000};
+constexpr Milliseconds kLongestRestartPause{60000};
 
 }  // namespace
 
@@ -141,7 +141,7 @@ void ModelWorker::end(const std::string& reason) {
     timer_.reset();
     start();
   });
-  pause_ = std::min(pause_ * 2, kLongestPause);
+  pause_ = std::min(pause_ * 2, kLongestRestartPause);
   auto waiting = std::exchange(waiting_, {});
   for (const auto& reply : waiting) reply({});
   loaded_(host::fail(host::Problem::Kind::kNotLoaded, reason));

@@ -37,7 +37,7 @@ bool hasOrderedGroups(ipp_t* request) {
   return true;
 }
 
-std::string pathOf(const std::string& uri) {
+std::string resourceOf(const std::string& uri) {
   std::array<char, 32> scheme{};
   std::array<char, 256> user{};
   std::array<char, 256> host{};
@@ -118,7 +118,7 @@ bool findTarget(Service& service, IppExchange& exchange, bool isOfJob) {
   ipp_t* request = exchange.request.get();
   ipp_attribute_t* jobUri = isOfJob ? ::ippFindAttribute(request, "job-uri", IPP_TAG_URI) : nullptr;
   if (jobUri != nullptr) {
-    const std::string target = pathOf(::ippGetString(jobUri, 0, nullptr));
+    const std::string target = resourceOf(::ippGetString(jobUri, 0, nullptr));
     const int number = service.jobOfPath(target);
     Job* job = service.jobs().find(number);
     exchange.printer = job == nullptr ? nullptr : service.find(job->printer);
@@ -131,7 +131,7 @@ bool findTarget(Service& service, IppExchange& exchange, bool isOfJob) {
   if (uri == nullptr) {
     return !exchange.respond(IPP_STATUS_ERROR_BAD_REQUEST, "The request has no printer-uri.");
   }
-  const std::string target = pathOf(::ippGetString(uri, 0, nullptr));
+  const std::string target = resourceOf(::ippGetString(uri, 0, nullptr));
   if (!findPrinter(service, exchange, target)) return refuseTarget(exchange);
   if (!isOfJob) return true;
   ipp_attribute_t* number = ::ippFindAttribute(request, "job-id", IPP_TAG_INTEGER);

@@ -10,7 +10,7 @@ namespace driver_feature::ppd {
 
 namespace {
 
-constexpr const char* kCustom = "custom";
+constexpr const char* kCustomName = "custom";
 constexpr std::size_t kTrue = 1;  // The place among the choices of one of PickMany.
 
 // What libcups does not count as a choice where a constraint names none.
@@ -30,7 +30,7 @@ bool takesSeveral(const ppd_option_t& option) {
 // The name under which libcups looks for a choice.
 std::string soughtName(const std::string& choice) {
   std::string name = host::toLower(choice);
-  return name.starts_with('{') || name.starts_with("custom.") ? kCustom : name;
+  return name.starts_with('{') || name.starts_with("custom.") ? kCustomName : name;
 }
 
 }  // namespace
@@ -94,7 +94,7 @@ Alternatives RuleFeatures::sizeTerms(const std::string& name) {
   for (const RuleOption* option : {size, static_cast<const RuleOption*>(find("PageRegion"))}) {
     if (option == nullptr) continue;
     // A region of the user's own is written, and imported, as PageSize.
-    if (option != size && size != nullptr && name == kCustom) continue;
+    if (option != size && size != nullptr && name == kCustomName) continue;
     const auto place = option->places.find(name);
     if (place == option->places.end()) continue;
     const Alternatives own = termsOf(*option, place->second);

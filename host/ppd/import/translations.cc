@@ -12,7 +12,7 @@ namespace driver_feature::ppd {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kLineBlanks = " \t";
 
 // Nothing in `text` when it is not a translation.
 Translation translationOf(std::string_view keyword, std::string_view statement) {
@@ -26,7 +26,7 @@ Translation translationOf(std::string_view keyword, std::string_view statement) 
   if (colon == std::string_view::npos || slash > colon) return {};
   const std::string_view head = statement.substr(0, colon);
   translation.keyword = keyword.substr(dot + 1);
-  translation.spec = host::trimmed(head.substr(0, slash), kBlanks);
+  translation.spec = host::trimmed(head.substr(0, slash), kLineBlanks);
   translation.text = decodedValue(head.substr(slash + 1));
   return translation;
 }

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "host/description/description_index.h"
+#include "host/ppd/choice_text.h"
 #include "host/ppd/queue/page_ppd.h"
 
 namespace driver_feature::ppd {
@@ -16,14 +17,6 @@ namespace {
 
 constexpr const char* kNotSet = "not set";
 
-std::string textOf(const char* text) {
-  return text != nullptr ? text : "";
-}
-
-bool isCustom(const ppd_choice_t& choice) {
-  return textOf(choice.choice) == "Custom";
-}
-
 bool isText(const ppd_cparam_t& parameter) {
   return parameter.type == PPD_CUSTOM_STRING || parameter.type == PPD_CUSTOM_PASSWORD ||
          parameter.type == PPD_CUSTOM_PASSCODE;
@@ -31,7 +24,7 @@ bool isText(const ppd_cparam_t& parameter) {
 
 // Nothing for a parameter whose value nobody knows.
 std::optional<std::string> valueOf(const ppd_cparam_t& parameter) {
-  if (isText(parameter)) return textOf(parameter.current.custom_string);
+  if (isText(parameter)) return std::string(textOf(parameter.current.custom_string));
   switch (parameter.type) {
     case PPD_CUSTOM_INT:
       return std::to_string(parameter.current.custom_int);
@@ -77,7 +70,7 @@ std::vector<std::string> LibcupsQueuePpd::attributes(const std::string& name) co
   std::vector<std::string> values;
   for (const ppd_attr_t* attribute = ppdFindAttr(ppd_.get(), name.c_str(), nullptr);
        attribute != nullptr; attribute = ppdFindNextAttr(ppd_.get(), name.c_str(), nullptr)) {
-    values.push_back(textOf(attribute->value));
+    values.emplace_back(textOf(attribute->value));
   }
   return values;
 }
@@ -208,15 +201,15 @@ std::string LibcupsQueuePpd::exitServer() const {
 }
 
 std::string LibcupsQueuePpd::jclBegin() const {
-  return textOf(ppd_->jcl_begin);
+  return std::string(textOf(ppd_->jcl_begin));
 }
 
 std::string LibcupsQueuePpd::jclToPostScript() const {
-  return textOf(ppd_->jcl_ps);
+  return std::string(textOf(ppd_->jcl_ps));
 }
 
 std::string LibcupsQueuePpd::jclEnd() const {
-  return textOf(ppd_->jcl_end);
+  return std::string(textOf(ppd_->jcl_end));
 }
 
 bool LibcupsQueuePpd::fillsLastSheet() const {

@@ -21,7 +21,8 @@ using Alternatives = std::vector<std::string>;
 constexpr std::size_t kMostStatements = 20000;  // Of one rule.
 constexpr std::size_t kMostStatementsOfAll = 200000;
 constexpr std::size_t kMostListed = 5000000;
-constexpr std::size_t kLongestLine = 250;  // libcups reads 255 bytes at most where it is strict.
+constexpr std::size_t kLongestConstraint =
+    250;  // libcups reads 255 bytes at most where it is strict.
 
 // What a constraint that names an option alone leaves out.
 bool saysOff(const NamedChoice& choice) {
@@ -149,7 +150,7 @@ class Writer {
       text_ += "*UIConstraints: " + host::join(parts, " ") + "\n";
       return;
     }
-    const bool isLong = size > kLongestLine - std::string("*cupsUIConstraints: \"\"").size();
+    const bool isLong = size > kLongestConstraint - std::string("*cupsUIConstraints: \"\"").size();
     text_ += "*cupsUIConstraints: \"" + host::join(parts, isLong ? "\n" : " ") + "\"\n";
     if (isLong) text_ += "*End\n";
   }

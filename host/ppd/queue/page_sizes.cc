@@ -109,7 +109,7 @@ std::optional<Extent> extentOfStandardName(const std::string& name) {
   return whole ? whole : extentOf(pwgMediaForPPD(name.substr(0, name.find('.')).c_str()));
 }
 
-std::string textOf(CoreOption* option, const std::string& property) {
+std::string propertyText(CoreOption* option, const std::string& property) {
   std::string text;
   if (option != nullptr) option->getOptionProperty(property, text);
   return text;
@@ -126,11 +126,12 @@ std::optional<Extent> extentOfChoice(const host::Model& model, const std::string
       feature != nullptr ? feature->fetchOptionByName(std::string("Name"), choice) : nullptr;
   // A PPD may give such a name to no other size.
   if (const auto extent = extentInName(choice)) return possible(*extent);
-  std::optional<Extent> standard = extentOf(pwgMediaForPWG(textOf(option, "TESKCommand").c_str()));
+  std::optional<Extent> standard =
+      extentOf(pwgMediaForPWG(propertyText(option, "TESKCommand").c_str()));
   if (!standard) standard = extentOfStandardName(choice);
   std::string frame;
   if (feature != nullptr) feature->getFeatureProperty(std::string("PSCommand"), frame);
-  const auto commanded = extentInCommand(frame, textOf(option, "PSCommand"));
+  const auto commanded = extentInCommand(frame, propertyText(option, "PSCommand"));
   // The command may be that of a sheet which is fed with its long edge first.
   if (!commanded || (standard && isTurned(*commanded, *standard))) return standard;
   return commanded;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/ppd/choice_text.h"
 #include "host/ppd/plain/plain_queue_ppd.h"
 #include "host/ppd/queue/libcups_queue_ppd.h"
 #include "host/ppd/queue/nameless_file.h"
@@ -18,10 +19,6 @@ namespace {
 constexpr const char* kAttributesForLibcups[] = {"PageStackOrder", "cupsEvenDuplex",
                                                  "cupsMaxCopies", "cupsPJLDisplay"};
 constexpr const char* kOptionsForLibcups[] = {"AP_D_InputSlot", "MirrorPrint"};
-
-std::string_view textOf(const char* text) {
-  return text != nullptr ? text : "";
-}
 
 bool needsLibcups(ppd_file_t& ppd) {
   const bool hasAttribute =
@@ -43,15 +40,11 @@ bool isWrittenByLibcups(ppd_option_t& option) {
   });
 }
 
-// The custom choice is none that PlainQueuePpd can mark.
-bool isCustom(const ppd_choice_t& choice) {
-  return textOf(choice.choice) == "Custom";
-}
-
 bool isSame(ppd_option_t& option, const PlainOption& plain) {
   if (plain.keyword != option.keyword || plain.defaultName != option.defchoice) return false;
   if (option.ui == PPD_UI_PICKMANY || isWrittenByLibcups(option)) return false;
   std::vector<ppd_choice_t*> choices = choicesOf(option);
+  // PlainQueuePpd cannot mark the custom choice.
   std::erase_if(choices, [](const ppd_choice_t* choice) { return isCustom(*choice); });
   return std::equal(choices.begin(), choices.end(), plain.choices.begin(), plain.choices.end(),
                     [](const ppd_choice_t* choice, const PlainChoice& other) {

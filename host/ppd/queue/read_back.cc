@@ -6,16 +6,13 @@
 #include <string_view>
 
 #include "host/ppd/plain/ppd_statements.h"
+#include "host/ppd/choice_text.h"
 #include "host/ppd/ppd_file.h"
 #include "host/ppd/queue/nameless_file.h"
 
 namespace driver_feature::ppd {
 
 namespace {
-
-std::string_view textOf(const char* text) {
-  return text != nullptr ? text : "";
-}
 
 // A line such as `*Keyword Option: "value"` in its parts.
 struct QueueLine {

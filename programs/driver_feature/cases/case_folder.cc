@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view kLineBlanks = " \t\r";
 
 host::Failure wrongLine(const std::string& file, int line, const std::string& text) {
   return host::Failure(
@@ -23,12 +23,12 @@ host::Failure wrongLine(const std::string& file, int line, const std::string& te
 
 host::Result<> takeLine(CaseFolder& folder, std::string_view line, int number) {
   const std::string file = folder.pathOf(kDriverFile);
-  line = host::trimmed(line, kBlanks);
+  line = host::trimmed(line, kLineBlanks);
   if (line.empty() || line.front() == '#') return {};
   const std::size_t equals = line.find('=');
-  const std::string key(host::trimmed(line.substr(0, equals), kBlanks));
+  const std::string key(host::trimmed(line.substr(0, equals), kLineBlanks));
   const std::string value(
-      equals == std::string_view::npos ? "" : host::trimmed(line.substr(equals + 1), kBlanks));
+      equals == std::string_view::npos ? "" : host::trimmed(line.substr(equals + 1), kLineBlanks));
   if (key != "Description" && key != "Routines") {
     return wrongLine(file, number,
                      "there is no setting " + host::inQuotes(key) +

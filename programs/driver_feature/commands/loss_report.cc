@@ -17,22 +17,22 @@ struct KindRow {
   const char* several;
 };
 
-constexpr KindRow kKinds[] = {{ppd::LossKind::kOption, "part of an option", "parts of options"},
-                              {ppd::LossKind::kConstraint, "constraint", "constraints"},
-                              {ppd::LossKind::kText, "text for users", "texts for users"},
-                              {ppd::LossKind::kKeyword, "other keyword", "other keywords"}};
+constexpr KindRow kLossKinds[] = {{ppd::LossKind::kOption, "part of an option", "parts of options"},
+                                  {ppd::LossKind::kConstraint, "constraint", "constraints"},
+                                  {ppd::LossKind::kText, "text for users", "texts for users"},
+                                  {ppd::LossKind::kKeyword, "other keyword", "other keywords"}};
 
 }  // namespace
 
 LossCounts countsOf(const ppd::Losses& losses) {
   LossCounts counts;
-  for (const KindRow& row : kKinds) counts[row.kind] = losses.count(row.kind);
+  for (const KindRow& row : kLossKinds) counts[row.kind] = losses.count(row.kind);
   return counts;
 }
 
 std::string countText(const LossCounts& counts) {
   std::vector<std::string> texts;
-  for (const KindRow& row : kKinds) {
+  for (const KindRow& row : kLossKinds) {
     const auto loss = counts.find(row.kind);
     if (loss == counts.end() || loss->second == 0) continue;
     texts.push_back(host::counted(loss->second, row.one, row.several));

@@ -102,6 +102,10 @@ void addSymbols(const OpenText& text, const std::string& uri, const std::string&
 
 }  // namespace
 
+std::string dumped(const Json& json) {
+  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 Json toJson(const OpenText& text, editor::Range range) {
   return {{"start", placeOf(text, range.begin)}, {"end", placeOf(text, range.end)}};
 }

@@ -15,6 +15,9 @@ namespace driver_feature::cli {
 
 using Json = nlohmann::json;
 
+// JSON as text. Texts of a description may hold bytes that are not UTF-8.
+std::string dumped(const Json& json);
+
 // Places and ranges. A place that is not one throws an exception of Json.
 Json toJson(const OpenText& text, editor::Range range);
 std::size_t offsetOf(const OpenText& text, const Json& position);

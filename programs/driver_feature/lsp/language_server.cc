@@ -21,10 +21,6 @@ struct BadParams {
   std::string text;
 };
 
-std::string dump(const Json& json) {
-  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
 }  // namespace
 
 const LanguageServer::Request LanguageServer::kRequests[] = {
@@ -91,7 +87,7 @@ void LanguageServer::reply(const Json& id, const std::string& method, const Json
   }
   try {
     const Json result = (this->*row->handle)(params);
-    send_(dump({{"jsonrpc", "2.0"}, {"id", id}, {"result", result}}));
+    send_(dumped({{"jsonrpc", "2.0"}, {"id", id}, {"result", result}}));
   } catch (const BadParams& bad) {
     sendError(id, kInvalidParams, bad.text);
   } catch (const Json::exception&) {
@@ -120,11 +116,11 @@ void LanguageServer::notify(const std::string& method, const Json& params) {
 }
 
 void LanguageServer::sendError(const Json& id, int code, const std::string& text) {
-  send_(dump({{"jsonrpc", "2.0"}, {"id", id}, {"error", {{"code", code}, {"message", text}}}}));
+  send_(dumped({{"jsonrpc", "2.0"}, {"id", id}, {"error", {{"code", code}, {"message", text}}}}));
 }
 
 void LanguageServer::sendNotification(const char* method, Json params) {
-  send_(dump({{"jsonrpc", "2.0"}, {"method", method}, {"params", std::move(params)}}));
+  send_(dumped({{"jsonrpc", "2.0"}, {"method", method}, {"params", std::move(params)}}));
 }
 
 const OpenText& LanguageServer::textOf(const Json& params) const {

@@ -9,25 +9,17 @@
 #include <string_view>
 #include <utility>
 
-#include <nlohmann/json.hpp>
-
 #include "host/base/descriptor.h"
 #include "host/check/check.h"
 #include "host/session/routine_look_up.h"
 #include "programs/driver_feature/commands/check_run.h"
+#include "programs/driver_feature/lsp/answers.h"
 
 namespace driver_feature::cli {
 
 namespace {
 
-using Json = nlohmann::json;
-
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
-
-// Texts of the description may hold bytes that are not UTF-8.
-std::string dump(const Json& json) {
-  return json.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
 
 Json jsonOf(const check::Finding& finding) {
   Json json = {rowOf(finding.code).name, finding.position.line, finding.position.column,
@@ -97,7 +89,7 @@ int checkInChild(int pipe, const std::string& path, const std::string& text,
   } else {
     json["problem"] = describe(report.error());
   }
-  host::writeAll(pipe, dump(json));
+  host::writeAll(pipe, dumped(json));
   return 0;
 }
 

@@ -79,7 +79,7 @@ constexpr const char* kLogDetails =
     "quiet: errors; usual: errors and misuse; all: every line. Without an argument, it\n"
     "shows which is set.\n";
 
-constexpr ShellCommand kCommands[] = {
+constexpr ShellCommand kShellCommands[] = {
     {"set", "NAME [PROPERTY] VALUE", "Sets a feature, or one property of a feature or group",
      kSetDetails, 2, 3, &runSet, &proposeSet},
     {"resolve", "NAME VALUE", "Sets a feature, and changes others where a rule asks for it",
@@ -119,11 +119,11 @@ constexpr ShellCommand kCommands[] = {
 }  // namespace
 
 std::span<const ShellCommand> shellCommands() {
-  return kCommands;
+  return kShellCommands;
 }
 
 host::Result<const ShellCommand*> findCommand(const std::string& name) {
-  for (const ShellCommand& known : kCommands) {
+  for (const ShellCommand& known : kShellCommands) {
     if (name == known.name) return &known;
   }
   const auto nearest = host::nearestName(name, commandNames());
@@ -134,7 +134,7 @@ host::Result<const ShellCommand*> findCommand(const std::string& name) {
 
 std::vector<std::string> commandNames() {
   std::vector<std::string> names;
-  for (const ShellCommand& command : kCommands) names.emplace_back(command.name);
+  for (const ShellCommand& command : kShellCommands) names.emplace_back(command.name);
   return names;
 }
 

@@ -11,7 +11,7 @@ namespace driver_feature::cli {
 
 namespace {
 
-constexpr std::size_t kGap = 2;
+constexpr std::size_t kChoiceGap = 2;
 
 // What all have in common: whole characters, not parts of one.
 std::string commonBegin(const std::vector<std::string>& words) {
@@ -66,7 +66,7 @@ TabStep pressTab(const Shell& shell, std::string_view line) {
 std::string layOutChoices(const std::vector<std::string>& choices, std::size_t width) {
   std::size_t column = 0;
   for (const std::string& choice : choices) {
-    column = std::max(column, host::displayWidth(choice) + kGap);
+    column = std::max(column, host::displayWidth(choice) + kChoiceGap);
   }
   const std::size_t columns = std::max<std::size_t>(column == 0 ? 0 : (width - 1) / column, 1);
   const std::size_t rows = (choices.size() + columns - 1) / columns;

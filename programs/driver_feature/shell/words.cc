@@ -9,10 +9,10 @@ namespace driver_feature::cli {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kWordBlanks = " \t";
 
 bool isBlank(char character) {
-  return kBlanks.find(character) != std::string_view::npos;
+  return kWordBlanks.find(character) != std::string_view::npos;
 }
 
 struct Escape {
@@ -63,7 +63,7 @@ class Splitter {
 
  private:
   void skipBlanks() {
-    const std::size_t begin = rest_.find_first_not_of(kBlanks);
+    const std::size_t begin = rest_.find_first_not_of(kWordBlanks);
     rest_.remove_prefix(begin == std::string_view::npos ? rest_.size() : begin);
   }
 
