@@ -8,7 +8,8 @@ target_compile_options(raw_slot_tests PRIVATE
 target_compile_definitions(raw_slot_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>")
 set_target_properties(raw_slot_tests PROPERTIES
-  ENABLE_EXPORTS ON CXX_VISIBILITY_PRESET default UNITY_BUILD ON)
+  ENABLE_EXPORTS ON CXX_VISIBILITY_PRESET default)
+driver_feature_batch(raw_slot_tests)
 target_link_libraries(raw_slot_tests PRIVATE
   GTest::gmock GTest::gtest GTest::gtest_main ${CMAKE_DL_LIBS})
 add_dependencies(raw_slot_tests DriverFeature)
