@@ -9,7 +9,7 @@ target_compile_definitions(raw_slot_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>")
 set_target_properties(raw_slot_tests PROPERTIES
   ENABLE_EXPORTS ON CXX_VISIBILITY_PRESET default)
-driver_feature_batch(raw_slot_tests)
+driver_feature_batch(raw_slot_tests SIZE 24)
 target_link_libraries(raw_slot_tests PRIVATE
   GTest::gmock GTest::gtest GTest::gtest_main ${CMAKE_DL_LIBS})
 add_dependencies(raw_slot_tests DriverFeature)

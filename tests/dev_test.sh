@@ -113,6 +113,7 @@ calls "in_locale.sh build/release tr_TR.UTF-8 ctest --preset release $ctestCall 
   test-locales -R Option
 calls 'compare.sh build/i386 tests/abi/baseline/i386' abi
 calls 'compare.sh --update build/i386 tests/abi/baseline/i386' abi --update
+calls 'drift_test.sh build/release tests/abi/baseline/x86_64 g++' abi
 calls 'demo.sh build/release' demo
 calls 'run.sh build/release --sample 200 --seed 7' corpus --sample 200 --seed 7
 calls 'python3 -B bench/compare.py build/release --rounds 2' bench --rounds 2
@@ -148,6 +149,7 @@ passesOn() {
   check "calls more after $tool" grep -q "^$tool " <(tail -n 1 "$work/calls")
 }
 passesOn cmake test
+passesOn drift_test.sh abi
 passesOn ctest test
 passesOn make_root.sh test-i386
 passesOn ctest test-i386

@@ -26,8 +26,7 @@ set_tests_properties(locale_outputs PROPERTIES FIXTURES_REQUIRED locales LABELS 
 # as in German, with a comma and grouped digits. `./dev test-locales` runs all tests
 # in each locale.
 set(locale tr_TR.UTF-8)
-foreach(program diagnostics frame loader model output templates platform host_unit filter_unit
-        filter_program)
+foreach(program diagnostics frame loader model output templates platform host_unit filter_unit)
   add_test(NAME locale_${locale}_${program}
     COMMAND ${BASH_PROGRAM} ${locale_folder}/in_locale.sh ${PROJECT_BINARY_DIR} ${locale}
             $<TARGET_FILE:${program}_tests> --gtest_brief=1)
