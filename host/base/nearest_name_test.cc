@@ -6,7 +6,7 @@ namespace driver_feature::host {
 
 namespace {
 
-struct Row {
+struct NearRow {
   const char* wanted;
   const char* nearest;  // Null for none.
 };
@@ -14,7 +14,7 @@ struct Row {
 TEST(NearestNameTest, NearestName_ManyMistakes_ReturnsTheLikeliest) {
   const std::vector<std::string> names = {"Copies",    "Collate",    "Duplex",    "PageSize",
                                           "PaperType", "Resolution", "TonerSave", "X"};
-  constexpr Row kRows[] = {
+  constexpr NearRow kRows[] = {
       {"Copies", "Copies"},         // Itself.
       {"copies", "Copies"},         // Case.
       {"COLLATE", "Collate"},       // Case of every letter.
@@ -31,7 +31,7 @@ TEST(NearestNameTest, NearestName_ManyMistakes_ReturnsTheLikeliest) {
       {"Watermark", nullptr},
       {"Dup", nullptr},  // Three missing are more than a third.
   };
-  for (const Row& row : kRows) {
+  for (const NearRow& row : kRows) {
     const auto nearest = nearestName(row.wanted, names);
     ASSERT_EQ(nearest.has_value(), row.nearest != nullptr) << row.wanted;
     if (nearest) {

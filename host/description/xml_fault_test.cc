@@ -7,7 +7,7 @@
 namespace driver_feature::host {
 namespace {
 
-struct Row {
+struct XmlFaultRow {
   std::string text;
   int line;
   int column;
@@ -15,7 +15,7 @@ struct Row {
 };
 
 TEST(XmlFaultTest, Document_NotXml_IsToldInOurWordsAtTheCharacter) {
-  const Row kRows[] = {
+  const XmlFaultRow kRows[] = {
       {"<a>\n a & b</a>", 2, 4,
        "\"&\" begins a reference here, and no name follows it; write &amp; for the character "
        "itself"},
@@ -70,7 +70,7 @@ TEST(XmlFaultTest, Document_NotXml_IsToldInOurWordsAtTheCharacter) {
        "the XML declaration is not at the start of the file; remove what is before it, blanks and "
        "empty lines too"},
   };
-  for (const Row& row : kRows) {
+  for (const XmlFaultRow& row : kRows) {
     SCOPED_TRACE(row.text);
     const auto document = Document::ofText("d.xml", row.text);
     ASSERT_FALSE(document);

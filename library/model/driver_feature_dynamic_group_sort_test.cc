@@ -230,6 +230,17 @@ TEST_F(SortTest, SortList_RoutineThatRemovesRecords_FailsWithALine) {
               ElementsAre(logLine(2, "sortList() - Null static record pointer")));
 }
 
+TEST_F(SortTest, SortList_RoutineThatRemovesTheLastRecord_FailsWithALine) {
+  for (const char* page : {"1", "2", "3"}) add(page);
+  comparison = [this](AttributeMap&, AttributeMap&) {
+    group_.removeDynamicEntryByIndex(2);
+    return 0;
+  };
+  EXPECT_FALSE(group_.sortList());
+  EXPECT_THAT(host_.takeEvents(),
+              ElementsAre(logLine(2, "sortList() - Null static record pointer")));
+}
+
 TEST_F(SortTest, SortList_LeavesSelectionAndFocusAlone) {
   add("1");
   add("3", "", false);

@@ -43,7 +43,7 @@ std::vector<std::string> childTags(void* element) {
   return tags;
 }
 
-std::vector<std::pair<std::string, std::string>> entriesOf(const AttributeMap& map) {
+std::vector<std::pair<std::string, std::string>> pairsOf(const AttributeMap& map) {
   std::vector<std::pair<std::string, std::string>> entries;
   std::string name;
   std::string value;
@@ -56,7 +56,7 @@ std::vector<std::pair<std::string, std::string>> entriesOf(const AttributeMap& m
 std::vector<std::pair<std::string, std::string>> attributesOf(void* element) {
   AttributeMap map;
   pParserInstance->attributes(element, map);
-  return entriesOf(map);
+  return pairsOf(map);
 }
 
 // The attributes of each child, read into one map that is cleared between them.
@@ -68,7 +68,7 @@ std::vector<std::vector<std::pair<std::string, std::string>>> attributesOfChildr
   for (void* child = pParserInstance->firstChild(document->root()); child != nullptr;
        child = pParserInstance->nextSibling(child)) {
     pParserInstance->attributes(child, map);
-    attributes.push_back(entriesOf(map));
+    attributes.push_back(pairsOf(map));
     map.clear();
   }
   return attributes;
@@ -145,7 +145,7 @@ TEST(XMLParserTest, Attributes_MapWithEntries_KeepsThem) {
   AttributeMap map;
   map["Kept"] = "1";
   pParserInstance->attributes(document->root(), map);
-  EXPECT_THAT(entriesOf(map), ElementsAre(Pair("Kept", "1"), Pair("Name", "A")));
+  EXPECT_THAT(pairsOf(map), ElementsAre(Pair("Kept", "1"), Pair("Name", "A")));
 }
 
 TEST(XMLParserTest, Attributes_NamesOfTheClearedMap_TakeItsMemory) {
@@ -169,7 +169,7 @@ TEST(XMLParserTest, Attributes_ThreadEnds_MapsCanBeClearedAndFilled) {
       map.clear();
       const auto document = parse("<a Name='late'/>");
       pParserInstance->attributes(document->root(), map);
-      *seen = entriesOf(map);
+      *seen = pairsOf(map);
       map.clear();
     }
   };

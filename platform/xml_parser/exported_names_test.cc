@@ -33,8 +33,8 @@ TEST(XmlParserExportsTest, Isolat1ToUtf8_IsFoundThroughTheLibrary) {
   const unsigned char in[] = {'a', 0xE4};
   int outSize = sizeof out;
   int inSize = sizeof in;
-  using Converter = int (*)(unsigned char*, int*, const unsigned char*, int*);
-  EXPECT_EQ(reinterpret_cast<Converter>(found)(out, &outSize, in, &inSize), 3);
+  using Latin1Converter = int (*)(unsigned char*, int*, const unsigned char*, int*);
+  EXPECT_EQ(reinterpret_cast<Latin1Converter>(found)(out, &outSize, in, &inSize), 3);
   EXPECT_EQ(std::string(reinterpret_cast<const char*>(out)), "a\xC3\xA4");
   dlclose(library);
 }

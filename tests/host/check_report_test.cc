@@ -11,7 +11,7 @@
 
 namespace {
 
-const std::string kDescription =
+const std::string kReported =
     "<FeatureDescription>\n"
     "  <BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'\n"
     "                   LoadVORNCallbackHandler='DriverFeatureHostLoad'/>\n"
@@ -22,7 +22,7 @@ const std::string kDescription =
 
 class CheckReportTest : public ProgramTest {
  protected:
-  CheckReportTest() { write("d.xml", kDescription); }
+  CheckReportTest() { write("d.xml", kReported); }
 
   RunResult check(std::vector<std::string> arguments,
                   const std::function<void()>& prepare = {}) const {

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr const char* kDescription =
+constexpr const char* kWithPresets =
     "<Driver>\n"
     "<FeatureDescription>\n"
     "<Feature FeatureType='MultiSelect' Name='Duplex' DefaultValue='None'\n"
@@ -30,12 +30,12 @@ constexpr const char* kDescription =
 
 class PresetsTest : public ProgramTest {
  protected:
-  PresetsTest() { write("d.xml", kDescription); }
+  PresetsTest() { write("d.xml", kWithPresets); }
 };
 
 class PresetsShellTest : public ShellTest {
  protected:
-  PresetsShellTest() { write("office.xml", kDescription); }
+  PresetsShellTest() { write("office.xml", kWithPresets); }
 };
 
 TEST_F(PresetsTest, Emit_Preset_ComesBeforeFilesAndOptions) {

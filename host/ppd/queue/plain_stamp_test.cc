@@ -22,8 +22,8 @@ bool isStamped(const std::string& lines) {
   return !plainStampLine(kPlainHead + lines).empty();
 }
 
-std::string option(const std::string& keyword, const std::string& section,
-                   const std::string& choice) {
+std::string optionLines(const std::string& keyword, const std::string& section,
+                        const std::string& choice) {
   return "*OpenUI *" + keyword + ": PickOne\n*OrderDependency: 10 " + section + " *" + keyword +
          "\n*Default" + keyword + ": True\n*" + keyword + " True: \"" + choice + "\"\n*CloseUI: *" +
          keyword + "\n";
@@ -45,13 +45,13 @@ TEST(PlainStamp, WhatOnlyLibcupsCarriesOut_IsNotStamped) {
   EXPECT_FALSE(isStamped(kPlainSizes + "*cupsPJLDisplay: \"job\"\n"));
   EXPECT_FALSE(isStamped(kPlainSizes + "*PageStackOrder Upper: Reverse\n"));
   EXPECT_FALSE(isStamped(kPlainSizes + "*JobPatchFile 1: \"patch\"\n"));
-  EXPECT_FALSE(isStamped(kPlainSizes + option("MirrorPrint", "AnySetup", "mirror")));
-  EXPECT_FALSE(isStamped(kPlainSizes + option("Exit", "ExitServer", "exit")));
+  EXPECT_FALSE(isStamped(kPlainSizes + optionLines("MirrorPrint", "AnySetup", "mirror")));
+  EXPECT_FALSE(isStamped(kPlainSizes + optionLines("Exit", "ExitServer", "exit")));
 }
 
 TEST(PlainStamp, JobControlLikePostScript_IsNotStamped) {
-  EXPECT_TRUE(isStamped(kPlainSizes + option("JCLToner", "JCLSetup", "toner")));
-  EXPECT_FALSE(isStamped(kPlainSizes + option("JCLToner", "JCLSetup", "%!toner")));
+  EXPECT_TRUE(isStamped(kPlainSizes + optionLines("JCLToner", "JCLSetup", "toner")));
+  EXPECT_FALSE(isStamped(kPlainSizes + optionLines("JCLToner", "JCLSetup", "%!toner")));
   const std::string change = "*JCLToPSInterpreter: \"ps<0A>\"\n";
   EXPECT_TRUE(isStamped(kPlainSizes + "*JCLBegin: \"begin<0A>\"\n" + change));
   EXPECT_FALSE(isStamped(kPlainSizes + "*JCLBegin: \"%!begin<0A>\"\n" + change));
