@@ -21,6 +21,7 @@ from whole_job import EXIT, Emitter, Refused, sectionsOf, without
 PROGRAM, FOLDER, PORT, JOBS, SEED = sys.argv[1:6]
 with open(os.path.join(os.path.dirname(__file__), 'pages.ps'), 'rb') as pages:
     DOCUMENT = pages.read()
+CONFLICTING = 0x040e
 # What is about pages, or about the job and not about features.
 OTHERS = {'copies', 'number-up', 'page-ranges', 'orientation-requested', 'job-hold-until',
           'multiple-document-handling', 'finishings-col', 'ipp-attribute-fidelity', 'overrides',
@@ -80,7 +81,7 @@ class Printer:
                          ipp.value(ipp.BOOLEAN, 'ipp-attribute-fidelity', True)],
                         self.job()) + DOCUMENT)
         self.sent += 1
-        if status == 0x040b and b'cannot be combined' in reply['status-message'][0][1]:
+        if status == CONFLICTING:
             self.refused += 1
             return None
         if status != 0:
