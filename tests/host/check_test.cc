@@ -98,6 +98,47 @@ TEST_F(CheckTest, Check_LogLinesOfFindings_AreTheLibrarysOwn) {
   EXPECT_GE(compared, 25);
 }
 
+// As many features as `count`, which need different ones of one option less when a
+// switch is on: impossible, and hard to prove.
+std::string crowd(int count) {
+  std::string features = std::string("<D><FeatureDescription>") + kBaseInfo +
+                         "<Feature FeatureType='MultiSelect' Name='Switch' DefaultValue='off'>"
+                         "<Option Name='off'/><Option Name='on'/></Feature>\n";
+  std::string rules;
+  const auto never = [&rules](const std::string& id, const std::string& conditions) {
+    rules += "<Never Id='" + id + "'>" + conditions + "</Never>\n";
+  };
+  const auto is = [](int feature, const std::string& option) {
+    return "<When Feature='F" + std::to_string(feature) + "' Is='" + option + "'/>";
+  };
+  for (int one = 0; one < count; ++one) {
+    features += "<Feature FeatureType='MultiSelect' Name='F" + std::to_string(one) +
+                "' DefaultValue='free'><Option Name='free'/>";
+    never("free" + std::to_string(one), "<When Feature='Switch' Is='on'/>" + is(one, "free"));
+    for (int option = 1; option < count; ++option) {
+      const std::string name = "o" + std::to_string(option);
+      features += "<Option Name='" + name + "'/>";
+      for (int other = 0; other < one; ++other) {
+        never(name + "-" + std::to_string(one) + "-" + std::to_string(other),
+              is(one, name) + is(other, name));
+      }
+    }
+    features += "</Feature>\n";
+  }
+  return features + "</FeatureDescription><FeatureRules>" + rules + "</FeatureRules></D>\n";
+}
+
+TEST_F(CheckTest, Check_SearchThatTakesTooLong_IsNoFinding) {
+  write("d.xml", crowd(3));
+  const std::string found = check({"d.xml"}).output;
+  EXPECT_NE(found.find("\"free0\", \"free1\", \"o1-1-0\""), std::string::npos) << found;
+  EXPECT_NE(found.find(" together never allow on of feature \"Switch\";"), std::string::npos)
+      << found;
+  EXPECT_NE(found.find("1 file checked: 0 errors, 1 warning\n"), std::string::npos) << found;
+  write("d.xml", crowd(16));
+  EXPECT_EQ(check({"d.xml"}).output, "1 file checked: 0 errors, 0 warnings\n");
+}
+
 TEST_F(CheckTest, Check_CleanDescription_EndsWithZero) {
   describeRow({feature("IntEntry", "Copies", "PSCommand='%d copies&#10;'")});
   EXPECT_EQ(check({"d.xml", "--strict"}), success("1 file checked: 0 errors, 0 warnings\n"));
