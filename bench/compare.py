@@ -228,6 +228,7 @@ def measure_warm(options, limits):
         memory = run(programs / "memory_report", models, "10000").decode()
     add_pairs(limits, ours, theirs, our_counts, their_counts)
     limits.add_growth(our_counts)
+    limits.add_comparison(our_counts)
     limits.add_hand_written(our_counts)
     limits.add_memory(memory)
     counts = (ours, theirs, our_counts, their_counts)

@@ -12,10 +12,23 @@ WANTED_GROWTH = 2
 FLAT = (
     "find feature", "find group", "find no name among groups", "fetch by any position",
     "choose in a list", "find in a list", "constrain in a list", "load two features more",
-    "remove the first record", "remove the middle record",
+    "add record", "load record", "remove the first record", "remove the middle record",
 )
 # Operations that work on all things at once: the cost for each.
-FLAT_EACH = ("save values", "read a record of many members")
+FLAT_EACH = (
+    "load", "save values", "restore values", "restore defaults", "read a record of many members",
+    "look for duplicate record", "serialize PostScript", "serialize PJL", "serialize ticket",
+    "serialize PJL of grouped features",
+)
+# What is counted of an operation, and its sizes: the few and the many things.
+GROWTHS = (
+    *((name, 100, 10000, False) for name in FLAT),
+    *((name, 100, 10000, True) for name in FLAT_EACH),
+    ("compare records of five members", 10, 1000, True),
+    ("serialize nested groups", 10, 200, True),
+)
+# Instructions for each of 1,000 comparisons while records are sorted.
+COMPARISON = ("compare records of five members", 1000, 1500)
 
 # An operation, the hand-written one of the same bytes, and the highest ratio of
 # their instructions, at 1,000 features.
@@ -52,14 +65,16 @@ class Limits:
     def add(self, what, reached, wanted, lowest=None):
         self._limits.append(Limit(what, reached, reached if lowest is None else lowest, wanted))
 
-    def add_growth(self, counts):
+    def add_growth(self, counts, growths=GROWTHS):
         """Of the instructions of operations, by "operation/size"."""
-        for name, is_each in [(name, False) for name in FLAT] + [(name, True) for name in FLAT_EACH]:
-            few, many = f"{name}/100", f"{name}/10000"
-            if few not in counts or many not in counts:
-                continue
-            growth = counts[many] / counts[few] / (100 if is_each else 1)
-            self.add(f"{name}: 10,000 beside 100", growth, WANTED_GROWTH)
+        for name, few, many, is_each in growths:
+            growth = counts[f"{name}/{many}"] / counts[f"{name}/{few}"]
+            self.add(f"{name}{', each' if is_each else ''}: {many:,} beside {few}",
+                     growth / (many / few if is_each else 1), WANTED_GROWTH)
+
+    def add_comparison(self, counts):
+        name, comparisons, wanted = COMPARISON
+        self.add(f"{name}, instructions", counts[f"{name}/{comparisons}"] / comparisons, wanted)
 
     def add_hand_written(self, counts):
         for ours, by_hand, wanted in HAND_WRITTEN:
@@ -78,6 +93,7 @@ class Limits:
         print("| what | reached | wanted | |")
         print("|" + "---|" * 4)
         for limit in self._limits:
-            print(f"| {limit.what} | {limit.reached:,.3g} | {limit.wanted:,.4g} "
+            reached = format(limit.reached, ",.0f" if limit.reached >= 100 else ".3g")
+            print(f"| {limit.what} | {reached} | {limit.wanted:,.4g} "
                   f"| {'missed' if limit.is_missed else ''} |")
         return sum(limit.is_missed for limit in self._limits)

@@ -36,10 +36,21 @@ class LimitsTest(unittest.TestCase):
     def test_growth_is_that_of_each_thing(self):
         limits = Limits()
         limits.add_growth({"find group/100": 10, "find group/10000": 21,
-                           "save values/100": 100, "save values/10000": 19000})
+                           "save values/10": 100, "save values/200": 3800},
+                          [("find group", 100, 10000, False), ("save values", 10, 200, True)])
         self.assertEqual(table_of(limits), (1, [
             "| find group: 10,000 beside 100 | 2.1 | 2 | missed |",
-            "| save values: 10,000 beside 100 | 1.9 | 2 |  |"]))
+            "| save values, each: 200 beside 10 | 1.9 | 2 |  |"]))
+
+    def test_operation_that_is_not_counted_ends_the_run(self):
+        with self.assertRaises(KeyError):
+            Limits().add_growth({"find group/100": 10})
+
+    def test_comparison_is_one_of_those_that_are_counted(self):
+        limits = Limits()
+        limits.add_comparison({"compare records of five members/1000": 1_501_000})
+        self.assertEqual(table_of(limits), (1, [
+            "| compare records of five members, instructions | 1,501 | 1,500 | missed |"]))
 
     def test_memory_is_read_from_the_report(self):
         limits = Limits()

@@ -13,6 +13,7 @@
 
 #include "AttributeMap.h"
 #include "Log.h"
+#include "XMLParser.h"
 
 namespace driver_feature::bench {
 
@@ -37,6 +38,14 @@ void destroy(Object* object) {
   ::operator delete(object);
 }
 
+// The root of a generated document; in an imported one, the first element in it.
+void* descriptionOf(const XMLDocument& document) {
+  std::string tag;
+  pParserInstance->tagName(document.root(), tag);
+  return tag == "FeatureDescription" ? document.root()
+                                     : pParserInstance->firstChild(document.root());
+}
+
 }  // namespace
 
 std::unique_ptr<XMLDocument> readModel(const std::string& path) {
@@ -57,7 +66,7 @@ void startEmptySet() {
 
 void build(const XMLDocument& document) {
   keepNoLog();
-  if (FeatureXMLTagHandler(document.root()) != 1) fail("a model cannot be built");
+  if (FeatureXMLTagHandler(descriptionOf(document)) != 1) fail("a model cannot be built");
 }
 
 void deleteSet() {

@@ -15,7 +15,7 @@ namespace driver_feature::bench {
 
 namespace {
 
-// A record that is added is never freed, so the number of additions is limited.
+// Each addition is undone, and each removal, which takes about as long.
 constexpr std::int64_t kAdditions = 300;
 
 // The group with this number of records, in order.
@@ -73,7 +73,7 @@ Step sorting(int comparisons) {
 
 void addRecords(Operations& operations) {
   operations.push_back(
-      {"add record", kRecordCounts, [](int records) { return addition(records, false); }});
+      {"add record", kFeatureCounts, [](int records) { return addition(records, false); }});
   // Already in order, so that sorting visits each pair once.
   operations.push_back(
       {"add record and sort", kRecordCounts, [](int records) { return addition(records, true); }});
@@ -83,13 +83,13 @@ void addRecords(Operations& operations) {
   operations.push_back({"remove the middle record", kFeatureCounts, [](int records) {
                           return removal(records, static_cast<unsigned>(records / 2));
                         }});
-  operations.push_back({"look for duplicate record", kRecordCounts, [](int records) {
+  operations.push_back({"look for duplicate record", kFeatureCounts, [](int records) {
                           IntermediateDynamicFeatureGroup& group = groupOf(records);
                           return Step{[&group, values = recordValues(records)]() mutable {
                             benchmark::DoNotOptimize(group.detectDuplicateRecord(values));
                           }};
                         }});
-  operations.push_back({"load record", kRecordCounts, [](int records) {
+  operations.push_back({"load record", kFeatureCounts, [](int records) {
                           IntermediateDynamicFeatureGroup& group = groupOf(records);
                           return Step{[&group, middle = static_cast<unsigned>(records / 2)] {
                             benchmark::DoNotOptimize(group.getDynamicEntryByIndex(middle));
