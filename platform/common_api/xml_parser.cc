@@ -60,7 +60,8 @@ Element& elementOf(void* handle) {
 class DocumentParser final : public XMLParser {
  public:
   void tagName(void* element, std::string& tag) override {
-    tag = element != nullptr ? driver_feature::nameAt(elementOf(element).tag()) : std::string_view();
+    tag =
+        element != nullptr ? driver_feature::nameAt(elementOf(element).tag()) : std::string_view();
   }
 
   void reserved1() override {}
