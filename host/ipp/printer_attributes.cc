@@ -175,8 +175,6 @@ void addAllAttributes(ipp_t* printer, const AttributeTable& table, const Capabil
   // tests of IPP Everywhere and of IPP/2.2 ask for one of two spellings each.
   addKeywords(printer, kPrinter, "overrides-supported",
               {"document-number", "document-numbers", "pages"});
-  addKeywords(printer, kPrinter, "overrides-supported",
-              {"document-number", "document-numbers", "pages"});
   ippAddBoolean(printer, kPrinter, "preferred-attributes-supported", 1);
   std::sort(names.begin(), names.end());
   addKeywords(printer, kPrinter, "job-creation-attributes-supported", names);
