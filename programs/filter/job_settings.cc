@@ -13,7 +13,7 @@ namespace driver_feature::filter {
 namespace {
 
 constexpr const char* kPageRegion = "PageRegion";
-constexpr const char* kPageSize = "PageSize";
+constexpr const char* kSizeOption = "PageSize";
 constexpr const char* kMirrorPrint = "MirrorPrint";
 
 std::string keywordPart(const std::string& name) {
@@ -102,7 +102,8 @@ bool JobSettings::settlePages() {
 }
 
 bool JobSettings::isSizeChosen(const std::string& unset) const {
-  if (asksFor(kPageSize) || asksFor(kPageRegion) || !ppd_->isMarked(kPageSize, unset)) return true;
+  if (asksFor(kSizeOption) || asksFor(kPageRegion) || !ppd_->isMarked(kSizeOption, unset))
+    return true;
   return std::any_of(forPpd_.begin(), forPpd_.end(), [&unset](const host::Setting& option) {
     const bool isNamed = ("," + option.value + ",").find("," + unset + ",") != std::string::npos;
     return option.name == "media" && isNamed;
@@ -112,9 +113,9 @@ bool JobSettings::isSizeChosen(const std::string& unset) const {
 // Some printers take the size of the tray until somebody chooses one; the PPD has a
 // default all the same.
 void JobSettings::leaveSizeUnset() {
-  if (!takesMarks() || !model_.features.contains(kPageSize)) return;
+  if (!takesMarks() || !model_.features.contains(kSizeOption)) return;
   for (const std::string& unset : ppd_->attributes("DriverFeatureUnsetSize")) {
-    if (!isSizeChosen(unset)) wishes_.push_back({"", {kPageSize, "not set"}, ""});
+    if (!isSizeChosen(unset)) wishes_.push_back({"", {kSizeOption, "not set"}, ""});
   }
 }
 

@@ -19,7 +19,7 @@ using Milliseconds = host::EventLoop::Milliseconds;
 
 // Printers become ready one after the other, and Avahi takes some time to forget what
 // the process before has announced.
-constexpr Milliseconds kPause{1000};
+constexpr Milliseconds kRestartPause{1000};
 constexpr Milliseconds kLongPause{60000};  // After a process that has ended.
 constexpr std::size_t kLongestText = 255;  // In a TXT record.
 
@@ -72,7 +72,7 @@ void Announcer::announce(Announcement announcement) {
   announcement_ = std::move(announcement);
   stop();
   if (announcement_.printers.empty()) return;
-  timer_ = loop_.after(kPause, [this] { start(); });
+  timer_ = loop_.after(kRestartPause, [this] { start(); });
 }
 
 void Announcer::start() {

@@ -20,8 +20,8 @@ namespace driver_feature::printer {
 
 namespace {
 
-constexpr unsigned kPause = 30;      // Seconds before D-Bus is looked for again,
-constexpr unsigned kShortPause = 1;  // and Avahi when it has just ended.
+constexpr unsigned kSearchPause = 30;      // Seconds before D-Bus is looked for again,
+constexpr unsigned kShortSearchPause = 1;  // and Avahi when it has just ended.
 constexpr const char* kEverywhere = "_print._sub.";
 constexpr const char* kUniversal = "_universal._sub.";
 
@@ -48,7 +48,7 @@ class Publisher {
   unsigned run() {
     wasRunning_ = false;
     poll_ = ::avahi_simple_poll_new();
-    if (poll_ == nullptr) return kPause;
+    if (poll_ == nullptr) return kSearchPause;
     int error = 0;
     // Waits for a daemon that starts later.
     AvahiClient* client = ::avahi_client_new(::avahi_simple_poll_get(poll_), AVAHI_CLIENT_NO_FAIL,
@@ -62,7 +62,7 @@ class Publisher {
     for (Entry& entry : entries_) entry.group = nullptr;
     if (!isReported_) log(std::string("printers are not announced: ") + ::avahi_strerror(error));
     isReported_ = true;
-    return wasRunning_ ? kShortPause : kPause;
+    return wasRunning_ ? kShortSearchPause : kSearchPause;
   }
 
  private:

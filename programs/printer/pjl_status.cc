@@ -10,7 +10,7 @@ namespace driver_feature::printer {
 
 namespace {
 
-constexpr std::size_t kLongestLine = 1024;
+constexpr std::size_t kLongestStatusLine = 1024;
 
 struct CodeRow {
   int first;
@@ -72,7 +72,7 @@ std::string PjlStatus::take(std::string_view bytes) {
     lines += takeLine(std::string_view(rest_).substr(0, end));
     rest_.erase(0, end + 1);
   }
-  if (rest_.size() > kLongestLine) rest_.clear();
+  if (rest_.size() > kLongestStatusLine) rest_.clear();
   return lines;
 }
 

@@ -21,9 +21,9 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t kPiece = 65536;
-constexpr std::size_t kBeginning = 14;      // By which a job in PJL is known.
-constexpr int kLastWords = 5000;            // Milliseconds for what a printer says after a job,
-constexpr std::chrono::seconds kLimit{60};  // and for all of it together.
+constexpr std::size_t kKnownBeginning = 14;  // By which a job in PJL is known.
+constexpr int kLastWords = 5000;             // Milliseconds for what a printer says after a job,
+constexpr std::chrono::seconds kLimit{60};   // and for all of it together.
 
 bool mayComeLater() {
   return errno == EAGAIN || errno == EINTR;
@@ -75,7 +75,7 @@ class Exchange {
       beginning_.append(buffer.data(), static_cast<std::size_t>(count));
     }
     isAtEnd_ = count == 0;
-    if (!hasBegun_ && (isAtEnd_ || beginning_.size() >= kBeginning)) begin();
+    if (!hasBegun_ && (isAtEnd_ || beginning_.size() >= kKnownBeginning)) begin();
     if (isAtEnd_ && asks_) waiting_ += kAskNoMore;
     return true;
   }

@@ -73,11 +73,11 @@ std::uint64_t sizeOf(const fs::path& file) {
 // Of a server that was killed, a process that was just made may hold the lock for a
 // moment longer.
 bool isLocked(int lock) {
-  constexpr int kMostTries = 20;
-  constexpr std::chrono::milliseconds kPause(25);
+  constexpr int kMostLockTries = 20;
+  constexpr std::chrono::milliseconds kLockPause(25);
   for (int tries = 1; ::flock(lock, LOCK_EX | LOCK_NB) != 0; ++tries) {
-    if (tries == kMostTries) return false;
-    std::this_thread::sleep_for(kPause);
+    if (tries == kMostLockTries) return false;
+    std::this_thread::sleep_for(kLockPause);
   }
   return true;
 }
