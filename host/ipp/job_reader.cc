@@ -32,12 +32,16 @@ class Reader {
   JobSettings run(const std::string& preset) {
     const MediaEntry& usual = table_.media[table_.usualMedia];
     job_.sheet = {usual.size.width, usual.size.height};
-    applyPreset(preset);
+    // The preset's own address has its values as defaults, which any other value replaces.
+    if (const PresetEntry* entry = preset.empty() ? nullptr : presetNamed(preset)) {
+      list_.set(entry->preset->settings);
+      takeSheet(entry->preset->settings);
+    }
     forEachAttribute([this](ipp_attribute_t* each) { findPresets(each); });
     forEachAttribute([this](ipp_attribute_t* each) { read(each); });
     job_.settings = list_.take();
     // What a preset sets has stayed, whatever size the request says.
-    if (list_.hasKeptFirm()) settleSheet();
+    if (list_.hasKeptFirm()) takeSheet(job_.settings);
     return std::move(job_);
   }
 
@@ -66,13 +70,11 @@ class Reader {
     const PresetEntry* entry = name.empty() ? nullptr : presetNamed(name);
     if (entry == nullptr) return;
     list_.setFirmly(entry->preset->settings);
-    if (const MediaEntry* media = entryOfSettings(table_, entry->preset->settings)) {
-      job_.sheet = {media->size.width, media->size.height};
-    }
+    takeSheet(entry->preset->settings);
   }
 
-  void settleSheet() {
-    const MediaEntry* media = entryOfSettings(table_, job_.settings);
+  void takeSheet(const std::vector<host::Setting>& settings) {
+    const MediaEntry* media = entryOfSettings(table_, settings);
     if (media != nullptr) job_.sheet = {media->size.width, media->size.height};
   }
 

@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kBeginning = 64;
+constexpr std::size_t kFirstBytes = 64;
 constexpr std::size_t kIdentity = 16;
 constexpr const char* kRecord = "job.json";
 constexpr const char* kAttributes = "attributes";
@@ -94,8 +94,8 @@ IncomingDocument::~IncomingDocument() {
 }
 
 host::Result<> IncomingDocument::write(std::string_view bytes) {
-  if (beginning_.size() < kBeginning) {
-    beginning_ += bytes.substr(0, kBeginning - beginning_.size());
+  if (beginning_.size() < kFirstBytes) {
+    beginning_ += bytes.substr(0, kFirstBytes - beginning_.size());
   }
   size_ += bytes.size();
   if (!host::writeAll(descriptor_, bytes)) return notWritten(path_, errno);
