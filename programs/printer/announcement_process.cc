@@ -123,18 +123,18 @@ class Publisher {
     if (result < 0) log(entry.printer->name + ": is not announced: " + ::avahi_strerror(result));
   }
 
-  // Each one is added at the front of the list.
   AvahiStringList* textsOf(const Entry& entry, const char* host) const {
+    AvahiStringList* texts = nullptr;
+    for (const std::string& text : entry.printer->texts) {
+      texts = ::avahi_string_list_add(texts, text.c_str());
+    }
     const std::string page = std::string("adminurl=") +
                              (announcement_.isClearOffered ? "http://" : "https://") +
                              (host != nullptr ? host : "localhost") + ":" +
                              std::to_string(announcement_.port) + "/" + entry.printer->name;
-    AvahiStringList* texts = ::avahi_string_list_add(nullptr, page.c_str());
-    const auto& others = entry.printer->texts;
-    for (auto text = others.rbegin(); text != others.rend(); ++text) {
-      texts = ::avahi_string_list_add(texts, text->c_str());
-    }
-    return texts;
+    texts = ::avahi_string_list_add(texts, page.c_str());
+    // Each one was added at the front.
+    return ::avahi_string_list_reverse(texts);
   }
 
   int addServices(const Entry& entry, AvahiStringList* texts) const {
