@@ -147,6 +147,14 @@ void ChildProcess::terminate() const {
   if (child_ != -1) ::kill(child_, SIGTERM);
 }
 
+bool ChildProcess::hasEnded() const {
+  siginfo_t information{};
+  return child_ != -1 &&
+         ::waitid(P_PID, static_cast<id_t>(child_), &information, WEXITED | WNOHANG | WNOWAIT) ==
+             0 &&
+         information.si_pid == child_;
+}
+
 int ChildProcess::wait() {
   if (isGroup_) {
     // A crash may have left children of the child. Their group has the child's

@@ -52,6 +52,9 @@ class ChildProcess {
   // waited for.
   void terminate() const;
 
+  // Whether the child has ended and waits to be waited for.
+  bool hasEnded() const;
+
   // Waits for the child's end, kills what is left of its group, and returns
   // the status as waitpid() gives it. To be called once.
   int wait();

@@ -30,10 +30,13 @@ std::vector<ImpossibleChoice> findImpossible(Resolver& resolver, const Tables& t
 }
 
 OptionConstraints::OptionConstraints(const host::Model& model, const Tables& tables)
-    : model_(&model), tables_(&tables) {
+    : options_(at(tables.featureCount())) {
   for (int feature = 0; feature < tables.featureCount(); ++feature) {
     const int count = static_cast<int>(tables.domain(feature).choices.size());
+    const auto view = model.features.find(tables.domain(feature).feature);
     for (int position = 0; position < count; ++position) {
+      options_[at(feature)].push_back(
+          view == model.features.end() ? nullptr : view->second.option(position));
       IntermediateCoreOption* option = optionAt({feature, position});
       if (option == nullptr || isSensitive(*option) || !option->isConstraintSetEmpty()) continue;
       offByThemselves_.emplace(feature, position);
@@ -75,8 +78,8 @@ bool OptionConstraints::isAvailableOtherwise(int feature, int position) const {
 }
 
 IntermediateCoreOption* OptionConstraints::optionAt(const Place& place) const {
-  const auto found = model_->features.find(tables_->domain(place.first).feature);
-  return found == model_->features.end() ? nullptr : found->second.option(place.second);
+  const std::vector<IntermediateCoreOption*>& options = options_[at(place.first)];
+  return at(place.second) < options.size() ? options[at(place.second)] : nullptr;
 }
 
 void OptionConstraints::takeOut(const Place& place, int rule) {

@@ -3,6 +3,7 @@
 #ifndef HOST_RULES_AVAILABILITY_H_
 #define HOST_RULES_AVAILABILITY_H_
 
+#include <cstddef>
 #include <map>
 #include <set>
 #include <string>
@@ -52,12 +53,13 @@ class OptionConstraints {
  private:
   using Place = std::pair<int, int>;  // A feature, and the position of its option.
 
+  static std::size_t at(int index) { return static_cast<std::size_t>(index); }
   IntermediateCoreOption* optionAt(const Place& place) const;
   void takeOut(const Place& place, int rule);
   void giveBack(const Place& place, int rule);
 
-  const host::Model* model_;
-  const Tables* tables_;
+  // By feature and position. They live as long as the process.
+  std::vector<std::vector<IntermediateCoreOption*>> options_;
   std::set<Place> offByThemselves_;
   std::map<Place, int> takenOut_;  // With the rule.
 };

@@ -157,6 +157,23 @@ TEST_F(ModelRules, TakeOut_ChoicesThatNothingAllows_AreTakenOutWithTheRulesNumbe
   EXPECT_THAT(available("Media"), ElementsAre("Plain", "Film"));
 }
 
+TEST_F(ModelRules, Impossible_AreTheSameChoices_WhichStayInTheModel) {
+  Rulebook book(model(), unitRules());
+  EXPECT_THAT(book.impossible(),
+              ElementsAre(TakenOut{"Duplex", "Long", {0}}, TakenOut{"Duplex", "Short", {0}}));
+  EXPECT_THAT(available("Duplex"), ElementsAre("None", "Long", "Short"));
+  EXPECT_TRUE(option("Duplex", 1).isConstraintSetEmpty());
+  // They can still be taken out, and are told the same after that.
+  book.takeOut();
+  EXPECT_THAT(available("Duplex"), ElementsAre("None"));
+  EXPECT_EQ(book.impossible().size(), 2U);
+  setValue("Unit", "Installed");
+  EXPECT_THAT(book.impossible(), IsEmpty());
+  EXPECT_THAT(available("Duplex"), ElementsAre("None"));
+  book.takeOut();
+  EXPECT_THAT(available("Duplex"), ElementsAre("None", "Long", "Short"));
+}
+
 TEST_F(ModelRules, TakeOut_HardwareHasCome_GivesTheChoicesBack) {
   Rulebook book(model(), unitRules());
   book.takeOut();

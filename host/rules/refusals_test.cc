@@ -11,6 +11,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Pair;
 using Kind = Plan::Kind;
 
 TEST(Rulebook, Plan_OnlyHardwareCouldHelp_IsImpossibleAndNamesIt) {
@@ -102,6 +103,9 @@ TEST(Rulebook, ConflictingChoices_OfEachFeature_AreThoseThatWouldConflict) {
   EXPECT_THAT(book.conflictingChoices("Staple"), ElementsAre("Off"));
   EXPECT_THAT(book.conflictingChoices("Copies"), IsEmpty());
   EXPECT_THAT(book.conflictingChoices("Watermark"), IsEmpty());
+  EXPECT_THAT(book.conflictingChoices(),
+              ElementsAre(Pair("Media", ElementsAre("Plain", "Film", "Card")),
+                          Pair("Staple", ElementsAre("Off"))));
 }
 
 TEST(Rulebook, WouldConflict_Numbers_AreComparedWithTheirThresholds) {

@@ -58,11 +58,25 @@ bool Rulebook::wouldConflict(const Assignment& assignment) {
 std::vector<std::string> Rulebook::conflictingChoices(const std::string& feature) {
   readModel();
   const std::optional<int> found = tables_.find(feature);
-  if (!found || tables_.isNumber(*found)) return {};
+  return found ? conflictingChoicesOf(*found) : std::vector<std::string>();
+}
+
+std::map<std::string, std::vector<std::string>> Rulebook::conflictingChoices() {
+  readModel();
+  std::map<std::string, std::vector<std::string>> all;
+  for (int feature = 0; feature < tables_.featureCount(); ++feature) {
+    std::vector<std::string> names = conflictingChoicesOf(feature);
+    if (!names.empty()) all.emplace(tables_.domain(feature).feature, std::move(names));
+  }
+  return all;
+}
+
+std::vector<std::string> Rulebook::conflictingChoicesOf(int feature) {
   std::vector<std::string> names;
-  const std::vector<bool> refused = resolver_.wouldRefuse(*found);
+  if (tables_.isNumber(feature)) return names;
+  const std::vector<bool> refused = resolver_.wouldRefuse(feature);
   for (std::size_t value = 0; value < refused.size(); ++value) {
-    if (refused[value]) names.push_back(tables_.domain(*found).choices[value].name);
+    if (refused[value]) names.push_back(tables_.domain(feature).choices[value].name);
   }
   return names;
 }
@@ -101,15 +115,20 @@ std::vector<BrokenRule> Rulebook::held() {
 }
 
 const std::vector<TakenOut>& Rulebook::takeOut() {
+  impossible();
+  if (constraints_ && takenOutWith_ != examinedHardware_) constraints_->apply(impossible_);
+  takenOutWith_ = examinedHardware_;
+  return takenOut_;
+}
+
+const std::vector<TakenOut>& Rulebook::impossible() {
   readModel();
   std::vector<int> hardware = hardwareValues();
   if (examinedHardware_ == hardware) return takenOut_;
   examinedHardware_ = std::move(hardware);
-  const std::vector<ImpossibleChoice> impossible =
-      findImpossible(resolver_, tables_, kStepsOfAChoice);
-  if (constraints_) constraints_->apply(impossible);
+  impossible_ = findImpossible(resolver_, tables_, kStepsOfAChoice);
   takenOut_.clear();
-  for (const ImpossibleChoice& choice : impossible) {
+  for (const ImpossibleChoice& choice : impossible_) {
     const Domain& domain = tables_.domain(choice.feature);
     takenOut_.push_back({domain.feature, domain.choices[at(choice.value)].name, choice.rules});
   }
@@ -119,6 +138,7 @@ const std::vector<TakenOut>& Rulebook::takeOut() {
 void Rulebook::giveBack() {
   if (constraints_) constraints_->apply({});
   examinedHardware_.reset();
+  takenOutWith_.reset();
   takenOut_.clear();
 }
 

@@ -10,6 +10,7 @@
 #ifndef HOST_RULES_RULEBOOK_H_
 #define HOST_RULES_RULEBOOK_H_
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -58,6 +59,9 @@ class Rulebook {
   // order; none for a feature without choices.
   std::vector<std::string> conflictingChoices(const std::string& feature);
 
+  // The same for every feature that has such choices, by its name.
+  std::map<std::string, std::vector<std::string>> conflictingChoices();
+
   // What has to change for the wishes. A wish that no rule can speak of is
   // always fulfilled.
   Plan plan(const std::vector<Assignment>& wishes, Keep keep = Keep::kAll,
@@ -75,6 +79,9 @@ class Rulebook {
   // all choices the first time, and then only after a change of hardware.
   const std::vector<TakenOut>& takeOut();
 
+  // The same choices, which stay in the model.
+  const std::vector<TakenOut>& impossible();
+
   // Gives back all choices.
   void giveBack();
 
@@ -87,6 +94,7 @@ class Rulebook {
   std::vector<Change> changesOf(const std::vector<Move>& moves, bool ofHardware) const;
   std::vector<BrokenRule> brokenRules(const std::vector<int>& rules) const;
   std::vector<int> hardwareValues() const;
+  std::vector<std::string> conflictingChoicesOf(int feature);
 
   host::Rules rules_;
   const host::Model* model_ = nullptr;
@@ -95,6 +103,8 @@ class Rulebook {
   Resolver resolver_;
   std::optional<OptionConstraints> constraints_;
   std::optional<std::vector<int>> examinedHardware_;  // At the last examination.
+  std::optional<std::vector<int>> takenOutWith_;      // Of what the model has been told.
+  std::vector<ImpossibleChoice> impossible_;
   std::vector<TakenOut> takenOut_;
 };
 

@@ -48,7 +48,6 @@ std::string FeatureView::displayTextOf(const std::string& option) const {
 }
 
 bool FeatureView::isAtDefault() const {
-  std::string text;
   switch (kind()) {
     case FeatureKind::kMultiSelect:
     case FeatureKind::kIntEntry:
@@ -56,8 +55,7 @@ bool FeatureView::isAtDefault() const {
     case FeatureKind::kFloatEntry:
       return defaultFloat() == currentFloat();
     case FeatureKind::kTextEntry:
-      feature_->getFeatureProperty(std::string("DefaultTextValue"), text);
-      return text == currentText();
+      return defaultText() == currentText();
     default:
       return true;
   }
@@ -84,6 +82,12 @@ float FeatureView::defaultFloat() const {
 std::optional<std::string> FeatureView::currentChoice() const {
   if (kind() != FeatureKind::kMultiSelect) return std::nullopt;
   return nameAt(currentInt());
+}
+
+std::string FeatureView::defaultText() const {
+  std::string value;
+  feature_->getFeatureProperty(std::string("DefaultTextValue"), value);
+  return value;
 }
 
 std::optional<std::string> FeatureView::defaultChoice() const {

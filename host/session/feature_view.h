@@ -52,6 +52,7 @@ class FeatureView {
   // The same of the default values.
   int defaultInt() const;
   float defaultFloat() const;
+  std::string defaultText() const;
   std::optional<std::string> defaultChoice() const;
 
   // All options, in their order; none unless this is a "MultiSelect" feature.

@@ -110,6 +110,14 @@ void DynamicGroupView::removeAll() const {
   group_->removeAllDynamicEntries();
 }
 
+bool DynamicGroupView::remove(unsigned index) const {
+  return group_->removeDynamicEntryByIndex(index);
+}
+
+bool DynamicGroupView::sort() const {
+  return group_->sortList();
+}
+
 bool DynamicGroupView::add(const Record& values, bool sort) const {
   AttributeMap map;
   const std::vector<std::string> names = memberNames();

@@ -56,6 +56,13 @@ class DynamicGroupView {
 
   void removeAll() const;
 
+  // Removes one record, counted from 0. False when the library refuses it.
+  bool remove(unsigned index) const;
+
+  // Puts the records in the order of the description's sort routine. False when it
+  // has none.
+  bool sort() const;
+
  private:
   bool add(const Record& values, bool sort) const;
   Record templateValues() const;

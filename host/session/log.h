@@ -82,6 +82,20 @@ class LogPrinter {
   std::vector<std::string> held_;
 };
 
+// While it lives, the lines of a printer are passed on to a watcher, too.
+class LogWatch {
+ public:
+  LogWatch(LogPrinter& printer, LogPrinter::Watcher watcher) : printer_(printer) {
+    printer_.watch(std::move(watcher));
+  }
+  ~LogWatch() { printer_.watch({}); }
+  LogWatch(const LogWatch&) = delete;
+  LogWatch& operator=(const LogWatch&) = delete;
+
+ private:
+  LogPrinter& printer_;
+};
+
 // While it lives, log lines are dropped. Afterwards they go where
 // LogPrinter::takeOver() sends them. Not to be nested.
 class LogSilence {

@@ -7,6 +7,7 @@
 #include <exception>
 #include <map>
 #include <new>
+#include <set>
 #include <utility>
 
 #include "AttributeMap.h"
@@ -109,8 +110,9 @@ struct RoutineAttribute {
   FindCaller findCaller;
 };
 
+constexpr FindCaller kTextCaller = &Callers<void, void*, void*>::callerOf;
+
 const std::array<RoutineAttribute, 7>& routineAttributes() {
-  constexpr FindCaller kTextCaller = &Callers<void, void*, void*>::callerOf;
   static const auto* const kAttributes = new std::array<RoutineAttribute, 7>{{
       {"DefaultCallbackHandler", &Callers<bool>::callerOf},
       {"LoadVORNCallbackHandler", &Callers<int, void*, int>::callerOf},
@@ -131,6 +133,14 @@ RoutineUses& routineUses() {
   return *kUses;
 }
 
+// The names of all routines that write texts, those of the program included.
+std::set<std::string, std::less<>>& textRoutines() {
+  static auto* const kNames = new std::set<std::string, std::less<>>;
+  return *kNames;
+}
+
+TextRoutineExchange exchangeText = nullptr;
+
 // Reads the attributes of one element after another into `attributes`.
 template <class Visit>
 void forEachNamed(void* element, AttributeMap& attributes, const Visit& visit) {
@@ -145,10 +155,16 @@ void forEachNamed(void* element, AttributeMap& attributes, const Visit& visit) {
   forEachChild(element, [&](void* child) { forEachNamed(child, attributes, visit); });
 }
 
-void* findCaller(const char* name, void* address) {
+void* notedRoutine(const char* name, void* address) {
   const auto use = routineUses().find(name);
   if (use == routineUses().end() || use->second == nullptr) return address;
   return use->second(name, address);
+}
+
+void* findCaller(const char* name, void* address) {
+  void* const routine = notedRoutine(name, address);
+  const bool isExchanged = exchangeText != nullptr && textRoutines().contains(name);
+  return isExchanged ? exchangeText(name, routine) : routine;
 }
 
 std::string nameOf(void* element) {
@@ -185,6 +201,7 @@ void clearRoutineRecord() {
 Problems noteRoutineCalls(void* description, const std::string& file) {
   Problems problems;
   routineUses().clear();
+  textRoutines().clear();
   AttributeMap attributes;
   forEachNamed(description, attributes,
                [&](void* element, const RoutineAttribute& attribute, const std::string& name) {
@@ -199,12 +216,17 @@ Problems noteRoutineCalls(void* description, const std::string& file) {
                                        file,
                                        {XMLDocument::lineOf(element), 0}});
                  }
+                 if (attribute.findCaller == kTextCaller) textRoutines().insert(name);
                  if (found.isOfProgram) return;
                  const auto [use, isNew] = routineUses().emplace(name, attribute.findCaller);
                  if (!isNew && use->second != attribute.findCaller) use->second = nullptr;
                });
   SetSymbolHandler(&findCaller);
   return problems;
+}
+
+void exchangeTextRoutines(TextRoutineExchange exchange) {
+  exchangeText = exchange;
 }
 
 std::string describeRoutineEnd(const RoutineRecord& record, int status) {

@@ -47,6 +47,11 @@ void clearRoutineRecord();
 // routine, which would crash when it is called. `file` is for the places.
 Problems noteRoutineCalls(void* description, const std::string& file);
 
+// From now on, what a look-up of a routine that writes PostScript or PJL finds
+// becomes what `exchange` makes of it; null ends that.
+using TextRoutineExchange = void* (*)(const char* name, void* routine);
+void exchangeTextRoutines(TextRoutineExchange exchange);
+
 // What the record and the status of a process, as waitpid() gives it, say about
 // a routine's fault: "the routine "x" ended the process with exit status 0; let
 // it return". Empty when no routine was running.

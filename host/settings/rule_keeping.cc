@@ -101,8 +101,14 @@ rules::Plan RuleKeeper::plan() {
 }
 
 rules::Plan RuleKeeper::planFor(const Setting& setting) {
+  return planFor(std::vector<Setting>{setting});
+}
+
+rules::Plan RuleKeeper::planFor(const std::vector<Setting>& settings) {
   if (!hasRules()) return {};
-  return book().plan({{setting.name, setting.value}}, rules::Keep::kNewest);
+  std::vector<rules::Assignment> wishes;
+  for (const Setting& setting : settings) wishes.push_back({setting.name, setting.value});
+  return book().plan(wishes, rules::Keep::kNewest);
 }
 
 Result<std::vector<std::string>> RuleKeeper::keep(RuleConduct conduct) {
@@ -154,6 +160,23 @@ Problem RuleKeeper::refusalOf(const rules::Plan& plan) {
 
 std::vector<rules::TakenOut> RuleKeeper::takeOut() {
   return hasRules() ? book().takeOut() : std::vector<rules::TakenOut>();
+}
+
+std::vector<rules::TakenOut> RuleKeeper::impossible() {
+  return hasRules() ? book().impossible() : std::vector<rules::TakenOut>();
+}
+
+std::map<std::string, std::vector<std::string>> RuleKeeper::conflictingChoices() {
+  if (!hasRules()) return {};
+  return book().conflictingChoices();
+}
+
+void RuleKeeper::replaceSet(std::vector<std::string> features) {
+  if (book_) {
+    for (const std::string& feature : set_) book_->forgetSet(feature);
+  }
+  set_.clear();
+  for (const std::string& feature : features) noteSet(feature);
 }
 
 std::vector<std::string> RuleKeeper::reasonsOf(const rules::TakenOut& choice) {

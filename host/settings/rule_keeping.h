@@ -2,6 +2,7 @@
 #ifndef HOST_SETTINGS_RULE_KEEPING_H_
 #define HOST_SETTINGS_RULE_KEEPING_H_
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -49,6 +50,9 @@ class RuleKeeper {
   // What has to change besides a choice that is not made yet.
   rules::Plan planFor(const Setting& setting);
 
+  // The same for several, of which the last one stays.
+  rules::Plan planFor(const std::vector<Setting>& settings);
+
   // Checks the present values. Refuses them when a rule holds of which a person has
   // set a feature; or changes other features, and returns a line for each
   // change. With kMend, refused are values for which there is no way.
@@ -64,6 +68,16 @@ class RuleKeeper {
   // Takes out the choices that nothing can allow with the present hardware, and
   // gives back the others. Returns those that are taken out.
   std::vector<rules::TakenOut> takeOut();
+
+  // Those choices, which stay in the model.
+  std::vector<rules::TakenOut> impossible();
+
+  // By feature, the choices that a rule would refuse if nothing else changed.
+  std::map<std::string, std::vector<std::string>> conflictingChoices();
+
+  // What a person has set, in its order; and these features in place of them.
+  const std::vector<std::string>& set() const { return set_; }
+  void replaceSet(std::vector<std::string> features);
 
   // Why a choice is taken out, or a plan needs changes: a line for each rule.
   std::vector<std::string> reasonsOf(const rules::TakenOut& choice);

@@ -1,13 +1,15 @@
 #include "programs/driver_feature/outputs.h"
 
-#include "programs/driver_feature/unformatted.h"
+#include "host/check/unformatted.h"
 
 namespace driver_feature::cli {
 
 host::Result<std::vector<std::string>> composeOutputs(host::Session& session,
                                                       const std::vector<OutputRequest>& requests) {
   std::vector<std::string> outputs;
-  UnformattedCommands unformatted(session);
+  check::UnformattedCommands unformatted(session);
+  const host::LogWatch watch(session.log(),
+                             [&](int, std::string_view line) { unformatted.take(line); });
   for (const OutputRequest& request : requests) {
     unformatted.begin(request.form);
     outputs.emplace_back();

@@ -9,7 +9,7 @@
 #include "host/base/text.h"
 #include "programs/common/console.h"
 #include "programs/printer/announcement_process.h"
-#include "programs/printer/child_setting.h"
+#include "host/base/child_setting.h"
 
 namespace driver_feature::printer {
 
@@ -78,7 +78,7 @@ void Announcer::announce(Announcement announcement) {
 void Announcer::start() {
   timer_.reset();
   auto child = host::ChildProcess::start(host::ChildStreams::kShared, [this](int pipe) {
-    return runAnnouncement(announcement_, leaveServer(pipe));
+    return runAnnouncement(announcement_, host::leaveServer(pipe));
   });
   if (!child) return cli::printProblem(child.error());
   child_.emplace(std::move(*child));

@@ -10,7 +10,7 @@
 #include <csignal>
 #include <utility>
 
-#include "programs/printer/child_setting.h"
+#include "host/base/child_setting.h"
 
 namespace driver_feature::printer {
 
@@ -36,7 +36,7 @@ host::Result<std::unique_ptr<JobRun>> JobRun::start(host::EventLoop& loop, const
   }
   auto child = host::ChildProcess::startGroup(ends[1], [&order](int pipe) {
     // Open until the process ends, so that the server sees the end.
-    leaveServer(pipe);
+    host::leaveServer(pipe);
     return runJobProcess(order);
   });
   ::close(ends[1]);

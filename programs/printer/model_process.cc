@@ -11,7 +11,7 @@
 #include "host/ipp/capabilities.h"
 #include "host/session/session.h"
 #include "programs/common/console.h"
-#include "programs/printer/frames.h"
+#include "host/base/frames.h"
 #include "programs/printer/queue_text.h"
 #include "programs/printer/settings_verdict.h"
 
@@ -32,7 +32,7 @@ std::string verdictOn(const host::Session& session, const std::vector<host::Sett
 std::optional<std::string> nextFrame(int socket, std::string& arrived) {
   for (;;) {
     bool isMalformed = false;
-    if (auto text = takeFrame(arrived, isMalformed)) return text;
+    if (auto text = host::takeFrame(arrived, isMalformed)) return text;
     if (isMalformed) return std::nullopt;
     std::array<char, 65536> buffer;
     const ssize_t count = ::read(socket, buffer.data(), buffer.size());
@@ -43,7 +43,7 @@ std::optional<std::string> nextFrame(int socket, std::string& arrived) {
 }
 
 int fail(int socket, const host::Problem& problem) {
-  host::writeAll(socket, frame("-" + describe(problem)));
+  host::writeAll(socket, host::frame("-" + describe(problem)));
   return cli::kFailure;
 }
 
@@ -77,10 +77,11 @@ int runModelProcess(int socket, const std::string& name, const ppd::QueueRequest
   for (const host::Problem& problem : (*session)->additions().problems) {
     cli::printError(name + ": " + describe(problem));
   }
-  if (!host::writeAll(socket, frame("+") + frame(json) + frame(*queue))) return cli::kFailure;
+  if (!host::writeAll(socket, host::frame("+") + host::frame(json) + host::frame(*queue)))
+    return cli::kFailure;
   std::string arrived;
   while (const auto text = nextFrame(socket, arrived)) {
-    if (!host::writeAll(socket, frame(verdictOn(**session, unpackSettings(*text))))) break;
+    if (!host::writeAll(socket, host::frame(verdictOn(**session, unpackSettings(*text))))) break;
   }
   return cli::kSuccess;
 }

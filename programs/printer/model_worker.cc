@@ -10,8 +10,8 @@
 #include <cerrno>
 #include <utility>
 
-#include "programs/printer/child_setting.h"
-#include "programs/printer/frames.h"
+#include "host/base/child_setting.h"
+#include "host/base/frames.h"
 #include "programs/printer/model_process.h"
 
 namespace driver_feature::printer {
@@ -49,7 +49,7 @@ void ModelWorker::start() {
     return end("no socket for its process");
   }
   auto child = host::ChildProcess::start(host::ChildStreams::kShared, [&](int) {
-    const int socket = leaveServer(ends[1]);
+    const int socket = host::leaveServer(ends[1]);
     return runModelProcess(socket, name_, request_, hardware_);
   });
   ::close(ends[1]);
@@ -73,7 +73,7 @@ void ModelWorker::read() {
   arrived_.append(buffer.data(), static_cast<std::size_t>(count));
   bool isMalformed = false;
   while (child_) {
-    const auto text = takeFrame(arrived_, isMalformed);
+    const auto text = host::takeFrame(arrived_, isMalformed);
     if (!text) break;
     take(*text);
   }
@@ -113,7 +113,7 @@ void ModelWorker::watchTime() {
 }
 
 void ModelWorker::check(const std::vector<host::Setting>& settings, Reply reply) {
-  const std::string text = frame(packSettings(settings));
+  const std::string text = host::frame(packSettings(settings));
   // A worker that does not read is not waited for.
   const bool isSent = isLoaded_ && ::send(socket_, text.data(), text.size(), MSG_NOSIGNAL) ==
                                        static_cast<ssize_t>(text.size());

@@ -5,7 +5,7 @@
 
 #include "host/base/text.h"
 #include "host/settings/rule_keeping.h"
-#include "programs/printer/frames.h"
+#include "host/base/frames.h"
 
 namespace driver_feature::printer {
 
@@ -62,7 +62,8 @@ SettingsVerdict judge(const host::Session& session, const std::vector<host::Sett
 
 std::string packSettings(const std::vector<host::Setting>& settings) {
   std::string text;
-  for (const host::Setting& setting : settings) text += frame(setting.name) + frame(setting.value);
+  for (const host::Setting& setting : settings)
+    text += host::frame(setting.name) + host::frame(setting.value);
   return text;
 }
 
@@ -70,8 +71,8 @@ std::vector<host::Setting> unpackSettings(std::string text) {
   std::vector<host::Setting> settings;
   bool isMalformed = false;
   while (!text.empty()) {
-    auto name = takeFrame(text, isMalformed);
-    auto value = takeFrame(text, isMalformed);
+    auto name = host::takeFrame(text, isMalformed);
+    auto value = host::takeFrame(text, isMalformed);
     if (!name || !value) break;
     settings.push_back({std::move(*name), std::move(*value)});
   }
@@ -79,19 +80,19 @@ std::vector<host::Setting> unpackSettings(std::string text) {
 }
 
 std::string pack(const SettingsVerdict& verdict) {
-  std::string text =
-      frame(verdict.problem) + frame(verdict.conflict) + frame(packSettings(verdict.changes));
-  for (const std::string& feature : verdict.features) text += frame(feature);
+  std::string text = host::frame(verdict.problem) + host::frame(verdict.conflict) +
+                     host::frame(packSettings(verdict.changes));
+  for (const std::string& feature : verdict.features) text += host::frame(feature);
   return text;
 }
 
 SettingsVerdict unpackVerdict(std::string text) {
   SettingsVerdict verdict;
   bool isMalformed = false;
-  verdict.problem = takeFrame(text, isMalformed).value_or("");
-  verdict.conflict = takeFrame(text, isMalformed).value_or("");
-  verdict.changes = unpackSettings(takeFrame(text, isMalformed).value_or(""));
-  while (auto feature = takeFrame(text, isMalformed))
+  verdict.problem = host::takeFrame(text, isMalformed).value_or("");
+  verdict.conflict = host::takeFrame(text, isMalformed).value_or("");
+  verdict.changes = unpackSettings(host::takeFrame(text, isMalformed).value_or(""));
+  while (auto feature = host::takeFrame(text, isMalformed))
     verdict.features.push_back(std::move(*feature));
   return verdict;
 }

@@ -13,6 +13,7 @@
 #include "host/session/output_form.h"
 #include "host/session/routine_calls.h"
 #include "host/session/routine_runs.h"
+#include "host/settings/secret_outputs.h"
 #include "host/settings/settings_file.h"
 #include "host/settings/settings_text.h"
 #include "programs/common/colour.h"
@@ -20,7 +21,6 @@
 #include "programs/driver_feature/change_arguments.h"
 #include "programs/driver_feature/commands/commands.h"
 #include "programs/driver_feature/diff_text.h"
-#include "programs/driver_feature/show/secret_outputs.h"
 #include "programs/driver_feature/show/secrets.h"
 
 namespace driver_feature::cli {
@@ -205,7 +205,7 @@ class Comparison {
 void maskSecrets(Texts& first, Texts& second) {
   const Texts names(std::next(first.begin(), kFirstName), first.end());
   if (names.empty()) return;
-  const SecretOutputs secrets(names, {first[0], second[0]});
+  const host::SecretOutputs secrets(names, {first[0], second[0]});
   for (std::size_t i = 0; i < std::size(kOutputs); ++i) {
     first[i + 1] = secrets.masked(first[i + 1]);
     second[i + 1] = secrets.masked(second[i + 1]);

@@ -2,41 +2,15 @@
 
 #include <utility>
 
-#include "AttributeMap.h"
-#include "Symbols.h"
-#include "XMLParser.h"
-
 #include "host/session/group_view.h"
-#include "host/session/host_routines.h"
+#include "host/session/update_callback.h"
 #include "programs/driver_feature/shell/words.h"
 
 namespace driver_feature::cli {
 
 namespace {
 
-using UpdateCallback = bool (*)();
-
 EventWatch* current = nullptr;
-
-// The callback that the description registers; the program's own when it
-// registers none. The last element counts, as in the library.
-UpdateCallback callbackOf(void* description) {
-  UpdateCallback callback = &DriverFeatureHostUpdate;
-  for (void* child = pParserInstance->firstChild(description); child != nullptr;
-       child = pParserInstance->nextSibling(child)) {
-    std::string tag;
-    pParserInstance->tagName(child, tag);
-    if (tag != "BaseFeatureInfo") continue;
-    AttributeMap attributes;
-    pParserInstance->attributes(child, attributes);
-    std::string name;
-    if (!attributes.loadMapVariable("DefaultCallbackHandler", name, nullptr)) continue;
-    if (void* routine = FetchSymbol(name.c_str())) {
-      callback = reinterpret_cast<UpdateCallback>(routine);
-    }
-  }
-  return callback;
-}
 
 std::string flagsText(bool available, bool visible) {
   return std::string(available ? "" : ", unavailable") + (visible ? "" : ", hidden");
@@ -80,7 +54,7 @@ EventWatch::EventWatch(host::Session& session, Report report)
     : session_(session),
       report_(std::move(report)),
       state_(stateOf(session.model(), session.features())),
-      ownCallback_(callbackOf(session.description())) {
+      ownCallback_(host::updateCallbackOf(session.description())) {
   current = this;
   session_.setUpdateCallback(&EventWatch::onUpdate);
 }

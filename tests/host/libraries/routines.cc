@@ -46,6 +46,14 @@ EXPORTED void forbidDuplex() {
       ->setFeatureProperty(std::string("Sensitivity"), false);
 }
 
+// Change routine: from now on one choice of duplex printing is not shown.
+EXPORTED void hideLongEdge() {
+  features()
+      ->FindFeatureInFeatureList(std::string("Duplex"))
+      ->fetchOptionByName(std::string("LongEdge"))
+      ->setOptionProperty(std::string("Visibility"), false);
+}
+
 // Change routine: whatever happens, the scale is 0 afterwards.
 EXPORTED void resetScale() {
   features()
@@ -111,6 +119,11 @@ EXPORTED void writeNodes(DriverFeatureSet* /*set*/, void* /*writer*/, void* /*no
 // PostScript output routine: bytes that no text function could carry.
 EXPORTED void writeBytes(DriverFeatureSet* /*set*/, std::string& output) {
   output += std::string("\0\x80\xFF\r\n\x1A", 6);
+}
+
+// Output routine that throws away what others have written.
+EXPORTED void replaceOutput(DriverFeatureSet* /*set*/, std::string& output) {
+  output = "replaced";
 }
 
 // Output routines that do what none should do.

@@ -1,8 +1,8 @@
-#include "programs/printer/frames.h"
+#include "host/base/frames.h"
 
 #include <charconv>
 
-namespace driver_feature::printer {
+namespace driver_feature::host {
 
 namespace {
 
@@ -30,4 +30,4 @@ std::optional<std::string> takeFrame(std::string& arrived, bool& isMalformed) {
   return text;
 }
 
-}  // namespace driver_feature::printer
+}  // namespace driver_feature::host

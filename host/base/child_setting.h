@@ -1,14 +1,14 @@
 // What a new process leaves of the server that it is a copy of.
-#ifndef PROGRAMS_PRINTER_CHILD_SETTING_H_
-#define PROGRAMS_PRINTER_CHILD_SETTING_H_
+#ifndef HOST_BASE_CHILD_SETTING_H_
+#define HOST_BASE_CHILD_SETTING_H_
 
-namespace driver_feature::printer {
+namespace driver_feature::host {
 
 // Closes every descriptor but the standard streams and `kept`, so that a client's
 // connection ends when the server closes it, and gives signals their usual
 // meaning. Returns the kept descriptor, which gets another number.
 int leaveServer(int kept);
 
-}  // namespace driver_feature::printer
+}  // namespace driver_feature::host
 
-#endif  // PROGRAMS_PRINTER_CHILD_SETTING_H_
+#endif  // HOST_BASE_CHILD_SETTING_H_

@@ -1,14 +1,15 @@
 // Values of features that a description marks as "Encrypted", in outputs that are
 // shown.
-#ifndef PROGRAMS_DRIVER_FEATURE_SHOW_SECRET_OUTPUTS_H_
-#define PROGRAMS_DRIVER_FEATURE_SHOW_SECRET_OUTPUTS_H_
+#ifndef HOST_SETTINGS_SECRET_OUTPUTS_H_
+#define HOST_SETTINGS_SECRET_OUTPUTS_H_
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace driver_feature::cli {
+namespace driver_feature::host {
 
 class SecretOutputs {
  public:
@@ -22,6 +23,14 @@ class SecretOutputs {
   // values of a feature have different numbers, as in maskSettings().
   std::string masked(std::string_view text) const;
 
+  // Where masked() puts which mask, in the order of the text.
+  struct Place {
+    std::size_t offset = 0;
+    std::size_t size = 0;
+    std::string_view mask;  // Lives as long as this object.
+  };
+  std::vector<Place> placesIn(std::string_view text) const;
+
  private:
   struct Form {
     std::string spelled;
@@ -31,9 +40,10 @@ class SecretOutputs {
   void addForms(const std::string& value, const std::string& mask);
   const Form* formAt(std::string_view text) const;
 
+  bool isEmpty_ = true;
   std::array<std::vector<Form>, 256> forms_;  // By their first byte, long ones first.
 };
 
-}  // namespace driver_feature::cli
+}  // namespace driver_feature::host
 
-#endif  // PROGRAMS_DRIVER_FEATURE_SHOW_SECRET_OUTPUTS_H_
+#endif  // HOST_SETTINGS_SECRET_OUTPUTS_H_

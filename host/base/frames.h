@@ -1,12 +1,12 @@
 // Texts through a socket, one after the other.
-#ifndef PROGRAMS_PRINTER_FRAMES_H_
-#define PROGRAMS_PRINTER_FRAMES_H_
+#ifndef HOST_BASE_FRAMES_H_
+#define HOST_BASE_FRAMES_H_
 
 #include <optional>
 #include <string>
 #include <string_view>
 
-namespace driver_feature::printer {
+namespace driver_feature::host {
 
 // The text after its length and a colon.
 std::string frame(std::string_view text);
@@ -15,6 +15,6 @@ std::string frame(std::string_view text);
 // none. `isMalformed` becomes true when what has arrived is not such a text.
 std::optional<std::string> takeFrame(std::string& arrived, bool& isMalformed);
 
-}  // namespace driver_feature::printer
+}  // namespace driver_feature::host
 
-#endif  // PROGRAMS_PRINTER_FRAMES_H_
+#endif  // HOST_BASE_FRAMES_H_

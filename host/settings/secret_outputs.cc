@@ -1,4 +1,4 @@
-#include "programs/driver_feature/show/secret_outputs.h"
+#include "host/settings/secret_outputs.h"
 
 #include <algorithm>
 #include <map>
@@ -7,7 +7,7 @@
 #include "host/settings/setting.h"
 #include "host/settings/settings_text.h"
 
-namespace driver_feature::cli {
+namespace driver_feature::host {
 
 namespace {
 
@@ -63,23 +63,23 @@ SecretOutputs::SecretOutputs(const std::vector<std::string>& names,
                              const std::vector<std::string_view>& settings) {
   std::map<std::string, std::vector<std::string>> values;  // In the order in which they are seen.
   const std::set<std::string> secret(names.begin(), names.end());
-  const auto note = [&](const host::SettingsLine& line) {
+  const auto note = [&](const SettingsLine& line) {
     const auto& [name, value] = line.setting;
     if (!secret.contains(name) || value.empty()) return;
     std::vector<std::string>& known = values[name];
     if (std::ranges::find(known, value) == known.end()) known.push_back(value);
   };
   for (const std::string_view text : settings) {
-    const host::SettingsText parsed = host::parseSettings(text);
-    for (const host::SettingsLine& line : parsed.features) note(line);
-    for (const host::SettingsRecord& record : parsed.records) {
-      for (const host::SettingsLine& line : record.members) note(line);
+    const SettingsText parsed = parseSettings(text);
+    for (const SettingsLine& line : parsed.features) note(line);
+    for (const SettingsRecord& record : parsed.records) {
+      for (const SettingsLine& line : record.members) note(line);
     }
   }
   for (const auto& [name, known] : values) {
     for (std::size_t i = 0; i < known.size(); ++i) {
       const std::string number = " (" + std::to_string(i + 1) + ")";
-      addForms(known[i], host::kMask + (known.size() > 1 ? number : ""));
+      addForms(known[i], kMask + (known.size() > 1 ? number : ""));
     }
   }
   for (std::vector<Form>& forms : forms_) {
@@ -89,6 +89,7 @@ SecretOutputs::SecretOutputs(const std::vector<std::string>& names,
 }
 
 void SecretOutputs::addForms(const std::string& value, const std::string& mask) {
+  isEmpty_ = false;
   for (const std::string& spelled :
        {value, asPostScript(value), asXml(value), inHexadecimal(value, "0123456789ABCDEF"),
         inHexadecimal(value, "0123456789abcdef")}) {
@@ -103,14 +104,26 @@ const SecretOutputs::Form* SecretOutputs::formAt(std::string_view text) const {
   return nullptr;
 }
 
-std::string SecretOutputs::masked(std::string_view text) const {
-  std::string result;
-  while (!text.empty()) {
-    const Form* form = formAt(text);
-    result += form != nullptr ? std::string_view(form->mask) : text.substr(0, 1);
-    text.remove_prefix(form != nullptr ? form->spelled.size() : 1);
+std::vector<SecretOutputs::Place> SecretOutputs::placesIn(std::string_view text) const {
+  std::vector<Place> places;
+  if (isEmpty_) return places;
+  for (std::size_t at = 0; at < text.size();) {
+    const Form* form = formAt(text.substr(at));
+    if (form != nullptr) places.push_back({at, form->spelled.size(), form->mask});
+    at += form != nullptr ? form->spelled.size() : 1;
   }
-  return result;
+  return places;
 }
 
-}  // namespace driver_feature::cli
+std::string SecretOutputs::masked(std::string_view text) const {
+  std::string result;
+  std::size_t from = 0;
+  for (const auto& [offset, size, mask] : placesIn(text)) {
+    result += text.substr(from, offset - from);
+    result += mask;
+    from = offset + size;
+  }
+  return result.append(text.substr(from));
+}
+
+}  // namespace driver_feature::host

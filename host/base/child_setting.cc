@@ -1,4 +1,4 @@
-#include "programs/printer/child_setting.h"
+#include "host/base/child_setting.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -6,7 +6,7 @@
 #include <csignal>
 #include <initializer_list>
 
-namespace driver_feature::printer {
+namespace driver_feature::host {
 
 int leaveServer(int kept) {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGCHLD}) std::signal(signal, SIG_DFL);
@@ -16,4 +16,4 @@ int leaveServer(int kept) {
   return kFirst;
 }
 
-}  // namespace driver_feature::printer
+}  // namespace driver_feature::host

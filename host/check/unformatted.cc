@@ -1,4 +1,4 @@
-#include "programs/driver_feature/unformatted.h"
+#include "host/check/unformatted.h"
 
 #include <algorithm>
 #include <optional>
@@ -7,7 +7,7 @@
 #include "host/check/template_reading.h"
 #include "host/session/group_view.h"
 
-namespace driver_feature::cli {
+namespace driver_feature::check {
 
 namespace {
 
@@ -32,14 +32,6 @@ std::string propertyOf(host::OutputForm form) {
 
 }  // namespace
 
-UnformattedCommands::UnformattedCommands(host::Session& session) : session_(session) {
-  session.log().watch([this](int, std::string_view line) { take(line); });
-}
-
-UnformattedCommands::~UnformattedCommands() {
-  session_.log().watch({});
-}
-
 void UnformattedCommands::take(std::string_view line) {
   const std::string property = propertyOf(form_);
   if (line == kValueless) return addValueless(property);
@@ -53,9 +45,9 @@ void UnformattedCommands::addFeatures(const std::string& property, const std::st
   const host::Model& model = session_.model();
   bool isFound = false;
   for (const auto& [name, feature] : model.features) {
-    const auto argument = check::argumentOf(feature.kind());
+    const auto argument = argumentOf(feature.kind());
     const bool isMeant =
-        feature.command(property) == command && argument && !check::fits(command, *argument);
+        feature.command(property) == command && argument && !fits(command, *argument);
     if (!isMeant) continue;
     isFound = true;
     add(property + " of feature " + host::inQuotes(name), model.index.limitsOf(name).line, command);
@@ -103,4 +95,4 @@ host::Result<> UnformattedCommands::result() const {
   return failureOfAll(problems_);
 }
 
-}  // namespace driver_feature::cli
+}  // namespace driver_feature::check
