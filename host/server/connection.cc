@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/base/text.h"
+#include "host/server/head_field.h"
 
 namespace driver_feature::host {
 
@@ -97,6 +98,12 @@ bool Connection::step() {
       if (relay_.hasUnsent()) return false;
       afterSending();
       return true;
+    case Phase::kOpen:
+      // Nothing is expected of the client but that it reads.
+      relay_.drop(relay_.incoming().size());
+      if (!relay_.send()) end();
+      isBehind_ = isBehind_ && relay_.hasUnsent();
+      return false;
     case Phase::kLingering:
       relay_.drop(relay_.incoming().size());
       return false;
@@ -112,15 +119,18 @@ bool Connection::readHead() {
     return false;
   }
   if (count == 0) return false;
-  const bool isCoded = hasCodedBody(relay_.incoming().substr(0, count));
-  if (relay_.incoming().substr(0, count).find('\0') != std::string_view::npos ||
-      !relay_.handOn(count)) {
+  const std::string_view head = relay_.incoming().substr(0, count);
+  const bool isCoded = hasCodedBody(head);
+  request_ = {};
+  request_.number = number_;
+  request_.origin = headField(head, "origin");
+  request_.fetchSite = headField(head, "sec-fetch-site");
+  if (head.find('\0') != std::string_view::npos || !relay_.handOn(count)) {
     end();
     return false;
   }
   std::array<char, 1024> resource{};
   const http_state_t state = ::httpReadRequest(relay_.http(), resource.data(), resource.size());
-  request_ = {};
   if (state == HTTP_STATE_ERROR || state == HTTP_STATE_WAITING) {
     end();
     return false;
@@ -139,7 +149,9 @@ bool Connection::readHead() {
   // has found a fault.
   const http_status_t status = ::httpUpdate(relay_.http());
   request_.path = resource.data();
-  request_.path.erase(std::min(request_.path.find('?'), request_.path.size()));
+  const std::size_t mark = std::min(request_.path.find('?'), request_.path.size());
+  if (mark < request_.path.size()) request_.query = request_.path.substr(mark + 1);
+  request_.path.erase(mark);
   request_.host = fieldOf(relay_.http(), HTTP_FIELD_HOST);
   std::string type = fieldOf(relay_.http(), HTTP_FIELD_CONTENT_TYPE);
   type.erase(std::min(type.find(';'), type.size()));
@@ -160,7 +172,7 @@ bool Connection::route(http_state_t state) {
     return true;
   };
   // A page of another place must not reach this server by a name of its own.
-  if (!setting_.isOwnName(nameIn(request_.host))) return refuse(HTTP_STATUS_BAD_REQUEST);
+  if (!setting_.isOwnName(nameIn(request_.host))) return refuse(setting_.identity.foreignName);
   if (state == HTTP_STATE_OPTIONS) return respondToOptions();
   if (setting_.encryption.isRequired && !relay_.isEncrypted()) {
     return refuse(HTTP_STATUS_UPGRADE_REQUIRED);
@@ -175,7 +187,8 @@ bool Connection::route(http_state_t state) {
   } else if (isChunked == !length.empty()) {
     return refuse(HTTP_STATUS_BAD_REQUEST);
   }
-  const auto bodyBytes = static_cast<std::uint64_t>(::httpGetLength2(http));
+  const std::uint64_t bodyBytes =
+      request_.method == Method::kPost ? static_cast<std::uint64_t>(::httpGetLength2(http)) : 0;
   if (!isChunked && bodyBytes > setting_.limits.bodyBytes) {
     return refuse(HTTP_STATUS_REQUEST_TOO_LARGE);
   }
@@ -313,23 +326,51 @@ void Connection::reply(const Response& response) {
 
 void Connection::respond(const Response& response, bool isLast) {
   taker_.reset();
+  const bool isOpen = response.isOver && request_.method != Method::kHead;
+  if (isOpen) isOver_ = response.isOver;
   // libcups does not go on after a response without a body.
-  isLast_ = isLast_ || isLast || response.body.empty();
+  isLast_ = isLast_ || isLast || isOpen || response.body.empty();
   writeOut(response);
+  enter(isOpen ? Phase::kOpen : Phase::kSending);
+}
+
+void Connection::sendMore(std::string_view bytes) {
+  if (phase_ != Phase::kOpen) return;
+  writeBody(bytes);
+  if (!relay_.send() || relay_.unsent() > setting_.limits.unsentBytes) return end();
+  proceed();
+}
+
+void Connection::finish() {
+  if (phase_ != Phase::kOpen) return;
+  ::httpWrite2(relay_.http(), "", 0);
+  relay_.collect();
   enter(Phase::kSending);
+  proceed();
 }
 
 void Connection::writeOut(const Response& response) {
   http_t* http = relay_.http();
   ::httpClearFields(http);
-  ::httpSetField(http, HTTP_FIELD_SERVER, "driver-feature-printer");
+  // libcups writes the fields that it knows, and writes them as they are given: the
+  // others follow the value of one that it knows.
+  std::string server = setting_.identity.program;
+  for (const Field& field : response.fields) server += "\r\n" + field.name + ": " + field.value;
+  ::httpSetField(http, HTTP_FIELD_SERVER, server.c_str());
   ::httpSetField(http, HTTP_FIELD_CONTENT_TYPE, response.contentType.c_str());
-  ::httpSetLength(http, response.body.size());
+  const bool isOpen = response.isOver && request_.method != Method::kHead;
+  // 0 stands for chunks.
+  ::httpSetLength(http, isOpen ? 0 : response.body.size());
   ::httpSetKeepAlive(http, isLast_ ? HTTP_KEEPALIVE_OFF : HTTP_KEEPALIVE_ON);
   if (isLast_) ::httpSetField(http, HTTP_FIELD_CONNECTION, "close");
   ::httpWriteResponse(http, response.status);
-  std::string_view body = response.body;
-  if (request_.method == Method::kHead) body = {};
+  writeBody(request_.method == Method::kHead ? std::string_view() : response.body);
+  // Otherwise libcups would not read the next request.
+  if (::httpGetState(http) != HTTP_STATE_WAITING) isLast_ = true;
+}
+
+void Connection::writeBody(std::string_view body) {
+  http_t* http = relay_.http();
   for (std::size_t done = 0; done < body.size(); done += kPiece) {
     const std::string_view piece = body.substr(done, kPiece);
     ::httpWrite2(http, piece.data(), piece.size());
@@ -337,8 +378,6 @@ void Connection::writeOut(const Response& response) {
   }
   ::httpFlushWrite(http);
   relay_.collect();
-  // Otherwise libcups would not read the next request.
-  if (::httpGetState(http) != HTTP_STATE_WAITING) isLast_ = true;
 }
 
 void Connection::afterSending() {
@@ -360,6 +399,7 @@ void Connection::enter(Phase phase) {
   if (isHead) timer_ = setting_.loop.after(limits.head, [this] { end(); });
   if (phase == Phase::kLingering) timer_ = setting_.loop.after(limits.linger, [this] { end(); });
   if (phase == Phase::kBody || phase == Phase::kSending) watchRate();
+  if (phase == Phase::kOpen) watchOpen();
 }
 
 // Ends the connection when too little has moved since the last look.
@@ -374,6 +414,16 @@ void Connection::watchRate() {
   });
 }
 
+// Ends an open response when the client has been behind since the last look.
+void Connection::watchOpen() {
+  timer_ = setting_.loop.after(setting_.limits.quiet, [this] {
+    timer_.reset();
+    if (isBehind_) return end();
+    isBehind_ = relay_.hasUnsent();
+    watchOpen();
+  });
+}
+
 void Connection::end() {
   if (phase_ == Phase::kOver) return;
   phase_ = Phase::kOver;
@@ -383,6 +433,7 @@ void Connection::end() {
   // The connection is not destroyed while it runs.
   timer_ = setting_.loop.after(EventLoop::Milliseconds(0), [this] {
     timer_.reset();
+    if (const auto isOver = std::exchange(isOver_, {})) isOver();
     const auto isOver = setting_.isOver;
     isOver(number_);
   });

@@ -16,6 +16,13 @@
 
 namespace driver_feature::host {
 
+// What a server says of itself.
+struct Identity {
+  std::string program = "driver-feature-printer";  // In the field Server.
+  // For requests that call the server by the name of another one.
+  http_status_t foreignName = HTTP_STATUS_BAD_REQUEST;
+};
+
 // What a connection needs of its server. It outlives the connection.
 struct ConnectionSetting {
   EventLoop& loop;
@@ -23,6 +30,7 @@ struct ConnectionSetting {
   const Handler& handler;
   // Whether a client may call this server so: the field Host without the port.
   const std::function<bool(const std::string& name)>& isOwnName;
+  const Identity& identity;
   const Encryption& encryption;
   // Called when the connection is over, from the loop.
   std::function<void(RequestNumber)> isOver;
@@ -39,11 +47,28 @@ class Connection final {
   // The response to a request that waits for one.
   void reply(const Response& response);
 
+  // More of a response that stays open. A client that has not taken too much of
+  // what it had is dropped.
+  void sendMore(std::string_view bytes);
+
+  // The end of a response that stays open.
+  void finish();
+
   // Whether it waits for the first byte of a request.
   bool isIdle() const { return phase_ == Phase::kIdle; }
 
  private:
-  enum class Phase { kIdle, kHandshake, kHead, kBody, kThinking, kSending, kLingering, kOver };
+  enum class Phase {
+    kIdle,
+    kHandshake,
+    kHead,
+    kBody,
+    kThinking,
+    kSending,
+    kOpen,
+    kLingering,
+    kOver
+  };
 
   void handle(short events);
   void proceed();
@@ -58,9 +83,11 @@ class Connection final {
   bool finishBody();
   void respond(const Response& response, bool isLast);
   void writeOut(const Response& response);
+  void writeBody(std::string_view body);
   void afterSending();
   void enter(Phase phase);
   void watchRate();
+  void watchOpen();
   void end();
 
   Relay relay_;
@@ -75,6 +102,8 @@ class Connection final {
   bool isUpgrading_ = false;     // The response to a request comes after the handshake.
   std::uint64_t bodyBytes_ = 0;  // Of this body so far.
   std::uint64_t counted_ = 0;    // Bytes of the body, or unsent ones, at the last look.
+  bool isBehind_ = false;        // An open response has had unsent bytes since the last look.
+  std::function<void()> isOver_;
   std::optional<EventLoop::Timer> timer_;
 };
 

@@ -6,6 +6,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -153,16 +154,26 @@ void Server::reply(RequestNumber request, const Response& response) {
   if (found != connections_.end()) found->second->reply(response);
 }
 
+void Server::sendMore(RequestNumber request, std::string_view bytes) {
+  const auto found = connections_.find(request);
+  if (found != connections_.end()) found->second->sendMore(bytes);
+}
+
+void Server::finish(RequestNumber request) {
+  const auto found = connections_.find(request);
+  if (found != connections_.end()) found->second->finish();
+}
+
 void Server::accept(int listener) {
   auto relay = Relay::accept(listener);
   // The client may have gone again.
   if (!relay) return;
   const RequestNumber number = ++lastNumber_;
-  connections_.emplace(number,
-                       std::make_unique<Connection>(
-                           std::move(*relay), number,
-                           ConnectionSetting{loop_, limits_, handler_, isOwnName_, encryption_,
-                                             [this](RequestNumber over) { remove(over); }}));
+  connections_.emplace(
+      number, std::make_unique<Connection>(
+                  std::move(*relay), number,
+                  ConnectionSetting{loop_, limits_, handler_, isOwnName_, identity_, encryption_,
+                                    [this](RequestNumber over) { remove(over); }}));
   makeRoom();
 }
 

@@ -14,6 +14,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/base/result.h"
@@ -42,6 +43,9 @@ class Server {
   // it listens are refused.
   void addName(const std::string& name);
 
+  // Before clients come.
+  void introduceAs(const Identity& identity) { identity_ = identity; }
+
   // Encrypts connections whose clients want it, or have to; before clients come.
   void encrypt(const Encryption& encryption) { encryption_ = encryption; }
 
@@ -55,6 +59,11 @@ class Server {
   // has gone.
   void reply(RequestNumber request, const Response& response);
 
+  // More of a response that stays open, and its end. Both do nothing when the
+  // client has gone.
+  void sendMore(RequestNumber request, std::string_view bytes);
+  void finish(RequestNumber request);
+
  private:
   void accept(int listener);
   void makeRoom();
@@ -64,6 +73,7 @@ class Server {
   Limits limits_;
   Handler handler_;
   std::function<bool(const std::string&)> isOwnName_;
+  Identity identity_;
   Encryption encryption_;
   std::set<std::string> names_;
   bool isAnyAddress_ = false;

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "programs/printer/frames.h"
 #include "programs/printer/job_process.h"
 #include "programs/printer/settings_verdict.h"
 #include "programs/printer/requested.h"
@@ -75,26 +74,7 @@ TEST(ReadIpp, DamagedMessage_IsNull) {
   EXPECT_FALSE(readIpp("\2"));
 }
 
-TEST(Frames, TwoTexts_ComeBack) {
-  std::string arrived = frame("hello") + frame("") + "3:a";
-  bool isMalformed = false;
-  EXPECT_EQ(takeFrame(arrived, isMalformed), "hello");
-  EXPECT_EQ(takeFrame(arrived, isMalformed), "");
-  EXPECT_EQ(takeFrame(arrived, isMalformed), std::nullopt);
-  EXPECT_FALSE(isMalformed);
-  EXPECT_EQ(arrived, "3:a");
-}
-
-TEST(Frames, NoLength_IsMalformed) {
-  for (const std::string text : {"x:", ":", "12345678901", "-1:a"}) {
-    std::string arrived = text;
-    bool isMalformed = false;
-    EXPECT_EQ(takeFrame(arrived, isMalformed), std::nullopt);
-    EXPECT_TRUE(isMalformed) << text;
-  }
-}
-
-TEST(Frames, Settings_ComeBack) {
+TEST(PackedSettings, Settings_ComeBack) {
   const auto settings = unpackSettings(packSettings({{"A", "1:2"}, {"B", ""}}));
   ASSERT_EQ(settings.size(), 2U);
   EXPECT_EQ(settings[0].value, "1:2");
