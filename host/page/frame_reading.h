@@ -1,0 +1,16 @@
+// Frames as they come through a socket.
+#ifndef HOST_PAGE_FRAME_READING_H_
+#define HOST_PAGE_FRAME_READING_H_
+
+#include <optional>
+#include <string>
+
+namespace driver_feature::page {
+
+// The next frame; waits for it. Nothing when the other end is closed, or when what
+// comes is no frame. `arrived` keeps what has come of later ones.
+std::optional<std::string> nextFrame(int socket, std::string& arrived);
+
+}  // namespace driver_feature::page
+
+#endif  // HOST_PAGE_FRAME_READING_H_

@@ -1,0 +1,279 @@
+#include "host/page/page.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "host/base/text.h"
+#include "host/page/model_json.h"
+#include "host/page/page_records.h"
+#include "host/page/page_request.h"
+#include "host/page/plan_json.h"
+#include "host/page/shown_text.h"
+#include "host/page/trial.h"
+#include "host/session/routine_calls.h"
+#include "host/settings/settings_file.h"
+#include "host/settings/settings_text.h"
+
+namespace driver_feature::page {
+
+namespace {
+
+// What replies to changes hold the differences of.
+constexpr const char* kParts[] = {"values",    "off",     "hiddenChoices", "disabled",
+                                  "conflicts", "records", "outputs"};
+
+std::vector<host::Setting> settingsOf(const std::string& text) {
+  std::vector<host::Setting> settings;
+  for (host::SettingsLine& line : host::parseSettings(text).features) {
+    settings.push_back(std::move(line.setting));
+  }
+  return settings;
+}
+
+Json listOf(const std::vector<std::string>& texts, const host::SecretOutputs& secrets) {
+  Json list = Json::array();
+  for (const std::string& text : texts) list.push_back(shown(secrets.masked(text)));
+  return list;
+}
+
+}  // namespace
+
+host::Result<std::unique_ptr<Page>> Page::open(const PageRequest& request, int socket) {
+  host::SessionRequest wanted;
+  wanted.description = request.description;
+  wanted.library = request.library;
+  wanted.routines = request.routines;
+  wanted.report = request.report;
+  wanted.loadSetting = host::applyLoadedSetting;
+  auto session = host::Session::open(wanted);
+  if (!session) return failureOf(session);
+  if (request.mode != "preview") (*session)->offerNoAllowance();
+  std::unique_ptr<Page> page(new Page(std::move(*session), request));
+  Page& pristine = *page;
+  if (page->catalog_.hasChangeRoutines()) {
+    auto copy = PristineCopy::start(socket, [&pristine](const std::string& question) {
+      return reach(*pristine.session_, pristine.catalog_, pristine.keeper_, pristine.notices_,
+                   question);
+    });
+    if (copy) page->pristine_.emplace(std::move(*copy));
+  }
+  try {
+    page->look({});
+  } catch (const std::exception& exception) {
+    return host::fail(host::Problem::Kind::kNotLoaded,
+                      request.description + ": a routine has thrown: " + exception.what());
+  }
+  page->session_->log().release();
+  return page;
+}
+
+Page::Page(std::unique_ptr<host::Session> session, PageRequest request)
+    : request_(std::move(request)),
+      session_(std::move(session)),
+      catalog_(*session_),
+      layout_(layoutOf(*session_, catalog_)),
+      keeper_(*session_, request_.mode == "preview" ? "--resolve changes " : "possible with "),
+      notices_(*session_, catalog_),
+      changes_(*session_, catalog_, keeper_, layout_.hasForeignRoutines,
+               [this] { writeOutputs(*session_, catalog_, notices_); }) {}
+
+std::string Page::reply(const std::string& request) {
+  Json reply;
+  try {
+    const Json json = Json::parse(request, nullptr, false);
+    reply = json.is_object() ? answer(json) : Json{{"error", "the request is no JSON object"}};
+  } catch (const std::exception& exception) {
+    reply = {
+        {"error", shown(std::string("the request could not be carried out: ") + exception.what())}};
+  }
+  // The page shows the lines of a change.
+  session_->log().discard();
+  return reply.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+struct Page::Row {
+  const char* name;
+  Json (Page::*run)(const Json& request);
+  bool isChange = false;
+};
+
+const Page::Row* Page::rowNamed(const std::string& name) {
+  static constexpr Row kRows[] = {
+      {"model", &Page::model},
+      {"open", &Page::openPresent, true},
+      {"open-text", &Page::openText, true},
+      {"plan", &Page::plan},
+      {"preset", &Page::preset, true},
+      {"preset-text", &Page::presetText},
+      {"records", &Page::records, true},
+      {"reset", &Page::reset, true},
+      {"restore", &Page::openPresent, true},
+      {"set", &Page::set, true},
+      {"settings", &Page::settings},
+      {"state", &Page::state},
+  };
+  const auto* const row =
+      std::ranges::find_if(kRows, [&](const Row& known) { return known.name == name; });
+  return row != std::end(kRows) ? row : nullptr;
+}
+
+Json Page::answer(const Json& request) {
+  const std::string wanted = textIn(request, "do");
+  const Row* row = rowNamed(wanted);
+  if (row == nullptr) return {{"error", "there is no request " + host::inQuotes(shown(wanted))}};
+  useLanguage(request);
+  session_->log().hold();
+  if (row->isChange) notices_.begin();
+  return (this->*row->run)(request);
+}
+
+Json Page::head() const {
+  return {{"revision", request_.revision}, {"serial", request_.serial}};
+}
+
+Json Page::error(const host::Problem& problem) const {
+  return {{"error", shown(describe(problem))}};
+}
+
+Json Page::model(const Json& request) {
+  Json reply = modelJson(*session_, catalog_, layout_, textIn(request, "language"));
+  reply["revision"] = request_.revision;
+  reply["loaded"] = true;
+  reply["mode"] = request_.mode;
+  return reply;
+}
+
+// The reasons why choices are off are in the new language from now on.
+void Page::useLanguage(const Json& request) {
+  const std::string language = textIn(request, "language", language_);
+  if (language == language_) return;
+  language_ = language;
+  keeper_.useLanguage(language);
+  Json settings = lookAtSettings();
+  state_["off"] = std::move(settings["off"]);
+}
+
+Json Page::state(const Json& /*request*/) {
+  Json reply = head();
+  reply["whole"] = true;
+  reply.update(state_);
+  reply.update(whole_);
+  return reply;
+}
+
+Json Page::plan(const Json& request) {
+  const auto settings = settingsIn(request, catalog_);
+  if (!settings) return error(settings.error());
+  return planJson(keeper_.planFor(*settings), keeper_);
+}
+
+Json Page::settings(const Json& /*request*/) {
+  return {{"text", shown(composeSavedSettings(session_->features(), session_->model(),
+                                              host::Secrets::kLeftOut))}};
+}
+
+Json Page::presetText(const Json& /*request*/) {
+  return {{"text", shown(composePreset(session_->features(), session_->model()))}};
+}
+
+Json Page::set(const Json& request) {
+  const auto settings = settingsIn(request, catalog_);
+  const auto conduct = conductIn(request);
+  if (!settings) return error(settings.error());
+  if (!conduct) return error(conduct.error());
+  return changed(carryOut([&] { return changes_.set(*settings, *conduct); }), *settings);
+}
+
+Json Page::reset(const Json& /*request*/) {
+  const Outcome outcome = carryOut([&] { return changes_.reset(); });
+  if (outcome.isMade) journal_.clear();
+  return changed(outcome, {});
+}
+
+Json Page::openPresent(const Json& request) {
+  const bool isLenient = flagIn(request, "lenient") || textIn(request, "do") == "restore";
+  const auto present = presentIn(request, catalog_);
+  const auto conduct = conductIn(request);
+  if (!present) return error(present.error());
+  if (!conduct) return error(conduct.error());
+  const Outcome outcome = carryOut([&] { return changes_.open(*present, *conduct, isLenient); });
+  if (outcome.isMade) journal_.clear();
+  std::vector<host::Setting> wishes = present->settings;
+  std::erase_if(wishes, [&](const host::Setting& setting) {
+    return std::ranges::find(outcome.lost, setting.name) != outcome.lost.end();
+  });
+  return changed(outcome, wishes);
+}
+
+Json Page::openText(const Json& request) {
+  const std::string text = textIn(request, "text");
+  return changed(carryOut([&] { return changes_.openText(text); }), settingsOf(text));
+}
+
+Json Page::preset(const Json& request) {
+  const auto conduct = conductIn(request);
+  if (!conduct) return error(conduct.error());
+  const std::string text = textIn(request, "name");
+  std::string name = text;
+  std::vector<host::Setting> wishes;
+  for (const host::Preset& preset : session_->additions(host::kPresetsPart).presets) {
+    if (shown(preset.name) != text) continue;
+    name = preset.name;
+    wishes = settingsOf(preset.settings);
+  }
+  return changed(carryOut([&] { return changes_.preset(name, *conduct); }), wishes);
+}
+
+Json Page::records(const Json& request) {
+  const auto action = recordsActionIn(request);
+  if (!action) return error(action.error());
+  std::vector<host::Setting> tried;
+  const CatalogRecords* group = catalog_.findRecords(action->group);
+  for (std::size_t i = 0; group != nullptr && i < action->values.size(); ++i) {
+    const bool isColumn = i < group->columns.size() && action->values[i].has_value();
+    if (isColumn) tried.push_back({group->members[group->columns[i]], *action->values[i]});
+  }
+  const Outcome outcome = carryOut([&] {
+    return changes_.make([&] {
+      const host::Result<> done = page::carryOut(*session_, catalog_, *action);
+      return done ? Outcome() : Outcome::refusal(done.error(), action->group);
+    });
+  });
+  return outcome.isMade ? changed(outcome, {}) : refused(outcome, tried);
+}
+
+// What the library logs meanwhile belongs to the change.
+Outcome Page::carryOut(const PageChanges::Work& work) {
+  const host::LogWatch watch(
+      session_->log(), [this](int level, std::string_view line) { notices_.take(level, line); });
+  return work();
+}
+
+Json Page::refused(const Outcome& outcome, const std::vector<host::Setting>& wishes) {
+  const host::SecretOutputs secrets = secretsOf(catalog_, pageRecords_, wishes);
+  const bool hasPlan = !wishes.empty() && keeper_.hasRules();
+  Json reply = {{"ok", false},
+                {"problem", shown(secrets.masked(outcome.problem))},
+                {"plan", hasPlan ? planJson(keeper_.planFor(wishes), keeper_) : Json()},
+                {"serial", request_.serial}};
+  if (!outcome.feature.empty()) reply["feature"] = shown(outcome.feature);
+  return reply;
+}
+
+Json Page::changed(const Outcome& outcome, const std::vector<host::Setting>& wishes) {
+  if (!outcome.isMade) return refused(outcome, wishes);
+  const Json before = look(wishes);
+  ++request_.serial;
+  Json reply = head();
+  reply["whole"] = false;
+  reply["ok"] = true;
+  for (const char* part : kParts) reply[part] = differenceOf(before[part], state_[part]);
+  reply.update(whole_);
+  const host::SecretOutputs secrets = secretsOf(catalog_, pageRecords_, wishes);
+  reply["also"] = listOf(outcome.also, secrets);
+  if (!outcome.lost.empty()) reply["lost"] = listOf(outcome.lost, secrets);
+  return reply;
+}
+
+}  // namespace driver_feature::page
