@@ -1,0 +1,34 @@
+// The languages of the description.
+
+import { byId, element } from "./dom.js";
+
+function nameOf(tag) {
+  try {
+    return new Intl.DisplayNames([tag], { type: "language" }).of(tag) ?? tag;
+  } catch {
+    return tag;
+  }
+}
+
+/** The choice of a language. */
+export class Language {
+  /** @param {function(string): void} change called with the one that was chosen */
+  constructor(change) {
+    this.chosen = navigator.language;
+    byId("language").addEventListener("change", (event) => {
+      this.chosen = event.target.value;
+      change(this.chosen);
+    });
+  }
+
+  /** Shows the languages of a model that is new. */
+  show(model) {
+    const languages = model.languages ?? [];
+    // Of "de-AT" people see "de", where that is what the description has.
+    const wanted = [model.language, model.language?.split("-")[0]].find((tag) => languages.includes(tag));
+    byId("language-field").hidden = languages.length < 2;
+    byId("language").replaceChildren(
+      ...languages.map((tag) => element("option", { value: tag, text: nameOf(tag), selected: tag === wanted, lang: tag })),
+    );
+  }
+}

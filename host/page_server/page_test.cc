@@ -1,0 +1,240 @@
+#include "host/page_server/page.h"
+
+#include <gtest/gtest.h>
+
+#include "host/page_server/page_fixture.h"
+
+namespace driver_feature::page_server {
+namespace {
+
+TEST_F(PageTest, Change_ReachesEveryListener_AndTheState) {
+  start();
+  Listener one(port_, head("GET /events"));
+  Listener two(port_, head("GET /events"));
+  const nlohmann::json reply = set("Duplex", "On");
+  EXPECT_EQ(reply["values"]["Duplex"], "On");
+  EXPECT_EQ(one.next("state"), reply);
+  EXPECT_EQ(two.next("state"), reply);
+  EXPECT_EQ(state(), reply);
+  EXPECT_EQ(get("model?language=de%2DAT").substr(0, 40),
+            R"(200 {"language":"de-AT","loaded":true})");
+}
+
+TEST_F(PageTest, Responses_KeepBrowsersFromEverythingElse) {
+  start();
+  for (const std::string name : {"state", "nothing", "settings.conf", "source?file=office.xml"}) {
+    const std::string response = exchange("GET /" + name);
+    EXPECT_NE(response.find("\r\nContent-Security-Policy: default-src 'none'; script-src 'self'; "
+                            "style-src 'self'; img-src 'self' data:; connect-src 'self'; base-uri "
+                            "'none'; form-action 'none'; frame-ancestors 'none'\r\n"
+                            "X-Content-Type-Options: nosniff\r\nReferrer-Policy: no-referrer\r\n"
+                            "Cross-Origin-Opener-Policy: same-origin\r\n"
+                            "Cross-Origin-Resource-Policy: same-origin\r\n"
+                            "Cache-Control: no-store\r\n"),
+              std::string::npos)
+        << name << ": " << response;
+  }
+}
+
+TEST_F(PageTest, RequestsOfOtherPages_AreRefused) {
+  start();
+  struct Row {
+    std::string fields, get, post;
+  };
+  const std::string foreign = "Origin: http://example.com";
+  const std::string other = "Origin: http://127.0.0.1:" + std::to_string(port_ == 80 ? 81 : 80);
+  const std::vector<Row> rows = {
+      {ownOrigin(), "200", "200"},
+      {"Sec-Fetch-Site: same-origin", "200", "200"},
+      {ownOrigin() + "\r\nSec-Fetch-Site: same-origin", "200", "200"},
+      {"X-None: 1", "200", "403"},
+      {"Sec-Fetch-Site: none", "200", "403"},
+      {"Sec-Fetch-Site: same-site", "403", "403"},
+      {"Sec-Fetch-Site: cross-site", "403", "403"},
+      {"Origin: null", "403", "403"},
+      {foreign, "403", "403"},
+      {other, "403", "403"},
+      {foreign + "\r\nSec-Fetch-Site: same-origin", "403", "403"},
+      {ownOrigin() + "\r\n" + foreign, "403", "403"},
+      {ownOrigin() + "\r\nSec-Fetch-Site: cross-site", "403", "403"},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(get("state", row.fields).substr(0, 3), row.get) << row.fields;
+    EXPECT_EQ(post("do", R"({"do":"state"})", row.fields).substr(0, 3), row.post) << row.fields;
+  }
+}
+
+TEST_F(PageTest, RequestsThatAreNone_HaveAStatus) {
+  setting_.requestBytes = 100;
+  start();
+  EXPECT_EQ(post("do", "[1]"),
+            "400 400 Bad Request: the body is to be a JSON object with \"do\"\n");
+  EXPECT_EQ(post("save", "{}"),
+            "400 400 Bad Request: the body is to be a JSON object with \"as\"\n");
+  EXPECT_EQ(post("do", "{\"do\":\"\xff\"}").substr(0, 3), "400");
+  EXPECT_EQ(post("do", std::string(101, ' ')).substr(0, 3), "413");
+  EXPECT_EQ(post("state", "{}").substr(0, 3), "404");
+  EXPECT_EQ(get("do").substr(0, 3), "405");
+  EXPECT_EQ(get("nothing").substr(0, 3), "404");
+  EXPECT_EQ(brief(exchange("POST /do", ownOrigin() + "\r\nContent-Length: 2", "{}")).substr(0, 3),
+            "415");
+}
+
+TEST_F(PageTest, RequestThatCrashes_LeavesTheValuesBefore) {
+  setting_.check = [](host::EventLoop&, const page::PageRequest&,
+                      const auto& done) -> host::Result<std::unique_ptr<ChildText>> {
+    done(R"([{"text":"found"}])");
+    return std::unique_ptr<ChildText>();
+  };
+  start();
+  Listener listener(port_, head("GET /events"));
+  set("Duplex", "On");
+  set("Pin", "1234");
+  EXPECT_EQ(set("Duplex", "Crash")["problem"],
+            "The description crashed: its process was ended by signal 9. Nothing has changed.");
+  EXPECT_EQ(listener.next("crash"),
+            nlohmann::json::parse(R"({"text":"The description crashed: its process was ended by )"
+                                  R"(signal 9.","findings":[{"text":"found"}]})"));
+  EXPECT_EQ(postScript(), "%On 1234\n");
+  set("Duplex", "Off");
+  EXPECT_EQ(postScript(), "%Off 1234\n");
+}
+
+TEST_F(PageTest, RequestThatTakesTooLong_LeavesTheValuesBefore) {
+  setting_.worker.replyTime = std::chrono::milliseconds(1000);
+  start();
+  set("Duplex", "On");
+  EXPECT_EQ(set("Duplex", "Hang")["problem"],
+            "The description did not reply within 1 second. Nothing has changed.");
+  EXPECT_EQ(postScript(), "%On \n");
+}
+
+TEST_F(PageTest, SavedDescription_IsLoadedWithTheValuesThatStillExist) {
+  start();
+  Listener listener(port_, head("GET /events"));
+  set("Duplex", "On");
+  set("Pin", "1234");
+  write("office.xml", "new");
+  const nlohmann::json event = listener.next("model");
+  EXPECT_EQ(event["revision"], 1);
+  EXPECT_EQ(postScript(), "%On 1234\nnew");
+  write("office.xml", "simplex");
+  EXPECT_EQ(listener.next("model")["revision"], 2);
+  EXPECT_EQ(postScript(), "%Off 1234\nsimplex");
+  write("office.rules.xml", "x");
+  EXPECT_EQ(listener.next("model")["revision"], 3);
+}
+
+TEST_F(PageTest, ValuesThatCrashWhenRestored_AreGivenUp) {
+  start();
+  Listener listener(port_, head("GET /events"));
+  set("Duplex", "On");
+  write("office.xml", "fragile");
+  listener.next("model");
+  EXPECT_EQ(postScript(), "%Off \nfragile");
+}
+
+TEST_F(PageTest, Picture_IsToldOfToEveryListener_AlsoToALateOne) {
+  start();
+  const std::string problem = "There is no picture: Ghostscript (gs) is not installed.";
+  Listener one(port_, head("GET /events"));
+  EXPECT_EQ(one.next("picture")["problem"], problem);
+  Listener late(port_, head("GET /events"));
+  EXPECT_EQ(late.next("picture")["problem"], problem);
+  EXPECT_EQ(get("page.png?serial=1"), "404 " + problem + "\n");
+}
+
+TEST_F(PageTest, DescriptionThatEndsItsProcess_IsShownWithFindings_UntilItLoads) {
+  int checks = 0;
+  setting_.check = [&checks](host::EventLoop&, const page::PageRequest&,
+                             const auto& done) -> host::Result<std::unique_ptr<ChildText>> {
+    ++checks;
+    done("[{\"line\":" + std::to_string(checks) + "}]");
+    return std::unique_ptr<ChildText>();
+  };
+  start();
+  Listener listener(port_, head("GET /events"));
+  set("Duplex", "On");
+  const std::vector<std::pair<std::string, std::string>> rows = {
+      {"fatal", "The description ended its process with status 1."},
+      {"refused", "It is refused."},
+      {"silent", "The description crashed: its process was ended by signal 9."}};
+  int number = 0;
+  for (const auto& [words, ended] : rows) {
+    write("office.xml", words);
+    listener.next("model");
+    const nlohmann::json model = nlohmann::json::parse(get("model").substr(4));
+    EXPECT_EQ(model["loaded"], false);
+    EXPECT_EQ(model["file"], "office.xml");
+    EXPECT_EQ(model["ended"], ended);
+    EXPECT_EQ(model["findings"][0]["line"], ++number);
+    EXPECT_EQ(set("Duplex", "Off")["problem"], "The description is not loaded.");
+    EXPECT_EQ(get("page.png").substr(0, 3), "404");
+  }
+  write("office.xml", "good");
+  listener.next("model");
+  EXPECT_EQ(postScript(), "%On \ngood");
+}
+
+TEST_F(PageTest, Saving_NeverOverwritesWithoutNeed) {
+  start();
+  const auto save = [this](const std::string& request) { return post("save", request); };
+  EXPECT_EQ(save(R"({"as":"settings"})"),
+            R"(200 {"file":"office.settings","ok":true,"same":false})");
+  EXPECT_EQ(host::readFile((folder_ / "office.settings").string()).value(), "Duplex=Off\n");
+  EXPECT_EQ(save(R"({"as":"settings","name":"office"})"),
+            R"(200 {"file":"office.settings","ok":true,"same":true})");
+  set("Duplex", "On");
+  EXPECT_EQ(save(R"({"as":"settings"})"),
+            R"(200 {"exists":true,"file":"office.settings","ok":false,)"
+            R"("problem":"office.settings is there already, with other settings"})");
+  EXPECT_EQ(host::readFile((folder_ / "office.settings").string()).value(), "Duplex=Off\n");
+  EXPECT_EQ(save(R"({"as":"settings","replace":true})"),
+            R"(200 {"file":"office.settings","ok":true,"same":false})");
+  EXPECT_EQ(host::readFile((folder_ / "office.settings").string()).value(), "Duplex=On\n");
+}
+
+TEST_F(PageTest, Saving_StaysInTheFolder) {
+  start();
+  std::filesystem::create_symlink("/tmp/elsewhere", folder_ / "link.settings");
+  for (const std::string name : {"../x", "a/b", "..", ".hidden", "a\\\\b", "a\\nb", "link"}) {
+    const std::string reply = post("save", R"({"as":"settings","name":")" + name + "\"}");
+    EXPECT_NE(reply.find("\"ok\":false,\"problem\""), std::string::npos) << reply;
+  }
+  EXPECT_NE(post("save", R"({"as":"preset"})").find("\"ok\":false"), std::string::npos);
+  EXPECT_FALSE(std::filesystem::exists("/tmp/elsewhere"));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 2);
+}
+
+TEST_F(PageTest, Source_IsThatOfTheDescriptionAndTheFilesBesideIt) {
+  write("office.xml", "text");
+  write("office.de.po", "texte");
+  write("secret.xml", "secret");
+  start();
+  EXPECT_EQ(get("source?file=office.xml"), "200 text");
+  EXPECT_EQ(get("source?file=office.de.po"), "200 texte");
+  for (const std::string file : {"secret.xml", "../etc/passwd", "", "/etc/passwd", "."}) {
+    EXPECT_EQ(get("source?file=" + file).substr(0, 3), "404") << file;
+  }
+}
+
+TEST_F(PageTest, VisitorsPage_HasNothingForAuthors) {
+  setting_.isForAuthor = false;
+  start();
+  Listener listener(port_, head("GET /events"));
+  EXPECT_EQ(get("source?file=office.xml").substr(0, 3), "404");
+  EXPECT_EQ(post("save", R"({"as":"settings"})").substr(0, 3), "404");
+  write("office.xml", "new");
+  EXPECT_EQ(set("Duplex", "On")["outputs"]["ps"]["text"], "%On \n");
+}
+
+TEST_F(PageTest, LastWords_AreGoodbye) {
+  start();
+  auto listener = std::make_unique<Listener>(port_, head("GET /events"));
+  thread_.reset();
+  page_.reset();
+  EXPECT_EQ(listener->next("bye"), nlohmann::json::object());
+}
+
+}  // namespace
+}  // namespace driver_feature::page_server
