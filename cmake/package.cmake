@@ -98,9 +98,11 @@ debian_package(tools driver-feature utils allowed
   "it reads a feature description, shows and changes settings, and writes"
   "PostScript, PJL and job tickets. Descriptions of two printers are included.")
 
-# Translations beside descriptions are read with the one, printers announced by the
-# other; all else works without them.
-set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS "libgettextpo0, avahi-daemon")
+# Translations beside descriptions are read with the first, and printers announced by
+# the second. The live page draws with Ghostscript, and is opened with xdg-open. All
+# else works without them.
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS
+  "libgettextpo0, avahi-daemon, ghostscript, xdg-utils")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL library development)

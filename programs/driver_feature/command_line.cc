@@ -56,6 +56,7 @@ constexpr std::array kCommands = {
     &kImportCommand,   //
     &kQueueCommand,    //
     &kShellCommand,    //
+    &kPreviewCommand,  //
     &kLspCommand,      //
     &kHelpCommand,     //
 };

@@ -116,6 +116,9 @@ TEST_F(HelpTest, Help_EveryExample_IsValidUsage) {
   std::vector<std::string> names = commands();
   names.emplace_back();
   for (const std::string& command : names) {
+    // Serves until it is ended, in a browser that is a person's. The test of the page
+    // has the same options.
+    if (command == "preview") continue;
     for (const std::string& example : examplesOf(help(command))) {
       const RunResult result = runShell("set -o pipefail; { " + example + "; } </dev/null");
       const bool compares = command == "diff" || command == "check" || command == "test";

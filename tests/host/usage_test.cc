@@ -21,11 +21,11 @@ TEST_F(UsageTest, Run_WrongUsage_EndsWithTwoAndOneLine) {
   const UsageRow kRows[] = {
       {{},
        "driver-feature: a command is needed: check, show, emit, dump, try, resolve, diff, test, "
-       "new, import, queue, shell, lsp, help; driver-feature --help explains them\n"},
+       "new, import, queue, shell, preview, lsp, help; driver-feature --help explains them\n"},
       {{"shwo"}, "driver-feature: there is no command \"shwo\"; did you mean \"show\"?\n"},
       {{"print", "a.xml"},
        "driver-feature: there is no command \"print\"; give one of check, show, emit, dump, try, "
-       "resolve, diff, test, new, import, queue, shell, lsp, help\n"},
+       "resolve, diff, test, new, import, queue, shell, preview, lsp, help\n"},
       {{"--frob"},
        "driver-feature: \"--frob\" is not expected; driver-feature --help explains the usage\n"},
       {{"show"},

@@ -115,12 +115,12 @@ for architecture in "$own" i386; do
     usr/include/driver_feature/{model/core_feature_set,frame/exports,platform/AttributeMap}.h \
     usr/share/doc/libdriverfeature-dev/examples/minimal_host/minimal_host.cc
 done
-expectHolds "driver-feature:$own" usr/bin/driver-feature{,-filter,-printer} \
+expectHolds "driver-feature:$own" usr/bin/driver-feature{,-filter,-preview,-printer} \
   usr/lib/cups/filter/driver-feature-filter \
   "usr/lib/$(triplet "$own")/driver-feature"/lib{office,ppd}_routines.so \
   usr/share/driver-feature/{label_printer,office_laser}.xml \
   usr/share/driver-feature/{feature_description.rnc,feature_description.rng,schemas.xml} \
-  usr/share/man/man1/driver-feature.1.gz \
+  usr/share/man/man1/driver-feature{,-preview}.1.gz \
   usr/share/man/man8/driver-feature-{filter,printer}.8.gz \
   usr/lib/systemd/system/driver-feature-printer.service \
   usr/share/bash-completion/completions/driver-feature.bash \
@@ -157,7 +157,7 @@ done
 runPathOf() {
   # shellcheck disable=SC2016  # a word of the loader's, not of the shell's
   case $1 in
-    driver-feature | driver-feature-printer) printf '%s\n' '$ORIGIN/../lib/'"$(triplet "$own")"/driver-feature ;;
+    driver-feature | driver-feature-preview | driver-feature-printer) printf '%s\n' '$ORIGIN/../lib/'"$(triplet "$own")"/driver-feature ;;
     driver-feature-filter) printf '%s\n' '$ORIGIN/../../'"$(triplet "$own")"/driver-feature ;;
     libppd_routines.so) ;; # Needs no library of ours.
     *) printf '%s\n' '$ORIGIN' ;;
@@ -165,8 +165,8 @@ runPathOf() {
 }
 
 programs=$(find "$work/unpacked" -type f \
-  \( -name '*.so' -o -path '*/bin/driver-feature' -o -path '*/bin/driver-feature-printer' -o -path '*/cups/filter/*' \))
-[ "$(wc -l <<<"$programs")" -eq 11 ] || fail "there are other programs:" "$programs"
+  \( -name '*.so' -o -path '*/bin/driver-feature' -o -path '*/bin/driver-feature-p*' -o -path '*/cups/filter/*' \))
+[ "$(wc -l <<<"$programs")" -eq 12 ] || fail "there are other programs:" "$programs"
 while read -r program; do
   if readelf -SW "$program" | grep -E '\.(debug_info|symtab)'; then
     fail "$program is not stripped"

@@ -18,6 +18,7 @@ extern const CommandRow kTestCommand;
 extern const CommandRow kImportCommand;
 extern const CommandRow kQueueCommand;
 extern const CommandRow kShellCommand;
+extern const CommandRow kPreviewCommand;
 extern const CommandRow kLspCommand;
 extern const CommandRow kHelpCommand;
 

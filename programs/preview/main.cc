@@ -1,0 +1,97 @@
+// The program driver-feature-preview: a page that shows a description as a print
+// dialog would, and follows it while it is written.
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <exception>
+#include <new>
+#include <optional>
+
+#include "host/base/child_process.h"
+#include "host/base/child_setting.h"
+#include "host/base/output_file.h"
+#include "host/base/standard_streams.h"
+#include "programs/common/console.h"
+#include "programs/preview/arguments.h"
+#include "programs/preview/site.h"
+
+namespace driver_feature::preview {
+
+namespace {
+
+int signalPipe[2] = {-1, -1};
+pid_t self = 0;
+
+void noteSignal(int /*signal*/) {
+  // A new process has this handler until it has its own.
+  if (::getpid() != self) ::_exit(cli::kFailure);
+  const char byte = 0;
+  [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
+}
+
+// SIGTERM and SIGINT end the loop.
+void stopBySignal(host::EventLoop& loop) {
+  if (::pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
+  loop.watch(signalPipe[0], POLLIN, [&loop](short) { loop.stop(); });
+  self = ::getpid();
+  struct sigaction action {};
+  action.sa_handler = noteSignal;
+  ::sigaction(SIGTERM, &action, nullptr);
+  ::sigaction(SIGINT, &action, nullptr);
+}
+
+// Starts the browser. It stays when this program ends.
+void open(const std::string& address) {
+  const pid_t child = ::fork();
+  if (child == -1) return cli::printError("no browser can be started; open the address yourself");
+  if (child > 0) return;
+  ::setsid();
+  const int nothing = ::open("/dev/null", O_RDWR);
+  if (nothing != -1) ::dup2(nothing, STDOUT_FILENO);
+  host::leaveServer(STDERR_FILENO);
+  ::execlp("xdg-open", "xdg-open", address.c_str(), static_cast<char*>(nullptr));
+  cli::printError("xdg-open is not installed; open the address yourself");
+  ::_exit(cli::kFailure);
+}
+
+int run(int argc, const char* const* argv) {
+  auto line = readLine(argc, argv);
+  if (!line) return cli::report(line.error());
+  if (!line->arguments) {
+    const auto written = host::writeToStandardOutput(line->text);
+    return written ? cli::kSuccess : cli::report(written.error());
+  }
+  host::EventLoop loop;
+  stopBySignal(loop);
+  Site site(loop, *line->arguments);
+  if (const auto started = site.start(); !started) return cli::report(started.error());
+  if (site.page().watchProblem()) {
+    cli::printError("changes are not noticed: " + describe(*site.page().watchProblem()));
+  }
+  const auto written = host::writeToStandardOutput(site.address() + "\n");
+  if (!written) return cli::report(written.error());
+  if (line->arguments->opens) open(site.address());
+  loop.run();
+  return cli::kSuccess;
+}
+
+}  // namespace
+
+}  // namespace driver_feature::preview
+
+int main(int argc, char** argv) {
+  using namespace driver_feature;
+  host::prepareStandardStreams();
+  cli::startMessagesWith("driver-feature-preview: ");
+  try {
+    return preview::run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    cli::printLackOfMemory();
+  } catch (const std::exception& error) {
+    cli::printError(error.what());
+  }
+  return cli::kFailure;
+}
