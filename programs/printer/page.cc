@@ -1,6 +1,9 @@
 #include "programs/printer/page.h"
 
 #include <array>
+#include <cctype>
+
+#include "host/page_server/admission.h"
 
 namespace driver_feature::printer {
 
@@ -26,14 +29,32 @@ host::Response stringsFor(Service& service, const std::string& rest) {
           printer->translation->strings(rest.substr(slash + 1))};
 }
 
-std::string listOf(Service& service, const std::string& host) {
-  std::string text = "driver-feature-printer\n\n";
-  for (const auto& [name, printer] : service.printers()) {
-    text.append("ipp://").append(host).append("/ipp/print/").append(name).append("  ");
-    text += !printer->isReady() ? "starting" : printer->current != 0 ? "printing" : "ready";
-    text += ", " + std::to_string(service.jobs().waiting(name)) + " waiting\n";
+// The name by which the client called the server is the client's.
+std::string escaped(const std::string& text) {
+  std::string safe;
+  for (const char c : text) {
+    const bool isPlain = std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '.' || c == ':' ||
+                         c == '-' || c == '[' || c == ']';
+    safe += isPlain ? c : '?';
   }
-  return text;
+  return safe;
+}
+
+std::string listOf(Service& service, const std::string& host) {
+  std::string text =
+      "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+      "<meta name=\"viewport\" content=\"width=device-width\">\n"
+      "<meta name=\"color-scheme\" content=\"light dark\">\n"
+      "<title>driver-feature-printer</title>\n</head>\n<body>\n"
+      "<h1>driver-feature-printer</h1>\n<pre>\n";
+  for (const auto& [name, printer] : service.printers()) {
+    text.append("ipp://").append(escaped(host)).append("/ipp/print/").append(name).append("  ");
+    text += !printer->isReady() ? "starting" : printer->current != 0 ? "printing" : "ready";
+    text += ", " + std::to_string(service.jobs().waiting(name)) + " waiting  ";
+    text.append("<a href=\"/page/").append(name).append("/\">settings of ");
+    text.append(name).append("</a>\n");
+  }
+  return text + "</pre>\n</body>\n</html>\n";
 }
 
 }  // namespace
@@ -48,7 +69,10 @@ host::Response pageFor(Service& service, const host::Request& request) {
   }
   const bool isPrinter = request.path.size() > 1 && service.find(request.path.substr(1)) != nullptr;
   if (request.path != "/" && !isPrinter) return host::plainResponse(HTTP_STATUS_NOT_FOUND);
-  return {HTTP_STATUS_OK, "text/plain; charset=utf-8", listOf(service, request.host)};
+  host::Response response{HTTP_STATUS_OK, "text/html; charset=utf-8",
+                          listOf(service, request.host)};
+  response.fields = page_server::safeFields();
+  return response;
 }
 
 }  // namespace driver_feature::printer

@@ -6,7 +6,7 @@
 
 namespace driver_feature::printer {
 
-// A plain page of the printers, the texts of attributes at
+// A page of the printers with links to their settings, the texts of attributes at
 // /strings/PRINTER/LANGUAGE, and the printers' picture.
 host::Response pageFor(Service& service, const host::Request& request);
 

@@ -22,6 +22,7 @@ namespace driver_feature::printer {
 namespace {
 
 constexpr std::string_view kJobPath = "/ipp/job/";
+constexpr std::string_view kVisitPath = "/page/";
 constexpr int kMostTries = 3;
 constexpr host::EventLoop::Milliseconds kDocumentWait{300000};
 
@@ -40,6 +41,7 @@ Service::Service(host::EventLoop& loop, ServiceArguments arguments)
       arguments_(std::move(arguments)),
       server_(loop, arguments_.limits,
               [this](const host::Request& request) { return handle(request); }),
+      visits_(loop, server_),
       started_(now()) {}
 
 Service::~Service() = default;
@@ -316,12 +318,30 @@ void Service::limitWait(int number) {
 
 std::variant<host::Response, std::unique_ptr<host::BodyTaker>> Service::handle(
     const host::Request& request) {
+  if (request.path.starts_with(kVisitPath)) return handleVisit(request);
   if (request.method != host::Method::kPost) return pageFor(*this, request);
   if (!request.path.starts_with("/ipp/")) return host::plainResponse(HTTP_STATUS_NOT_FOUND);
   if (request.contentType != "application/ipp") {
     return host::plainResponse(HTTP_STATUS_BAD_REQUEST);
   }
   return std::make_unique<IppTaker>(*this, request);
+}
+
+// /page/PRINTER/REST
+std::variant<host::Response, std::unique_ptr<host::BodyTaker>> Service::handleVisit(
+    const host::Request& request) {
+  const std::string place = request.path.substr(kVisitPath.size());
+  const std::size_t slash = place.find('/');
+  Printer* printer = find(place.substr(0, slash));
+  if (slash == std::string::npos || printer == nullptr) {
+    return host::plainResponse(HTTP_STATUS_NOT_FOUND);
+  }
+  page::PageRequest process;
+  process.description = printer->description;
+  process.library = arguments_.library;
+  process.routines = arguments_.routines;
+  return visits_.handle(request, printer->name, place.substr(slash + 1), printer->hardware,
+                        process);
 }
 
 }  // namespace driver_feature::printer

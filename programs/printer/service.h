@@ -14,6 +14,7 @@
 #include "programs/printer/arguments.h"
 #include "programs/printer/job_list.h"
 #include "programs/printer/printer.h"
+#include "programs/printer/visits.h"
 
 namespace driver_feature::printer {
 
@@ -69,6 +70,8 @@ class Service final {
  private:
   std::variant<host::Response, std::unique_ptr<host::BodyTaker>> handle(
       const host::Request& request);
+  std::variant<host::Response, std::unique_ptr<host::BodyTaker>> handleVisit(
+      const host::Request& request);
   std::vector<std::string> namesOfMachine() const;
   host::Result<> startEncryption();
   std::filesystem::path hardwareFile(const std::string& printer) const;
@@ -83,6 +86,7 @@ class Service final {
   host::EventLoop& loop_;
   ServiceArguments arguments_;
   host::Server server_;
+  Visits visits_;
   host::Encryption encryption_;
   std::unique_ptr<Announcer> announcer_;  // Null: nothing is announced.
   std::unique_ptr<JobList> jobs_;
