@@ -32,6 +32,14 @@ dev 0 setup
 expectCalls "$updateCall" "$installCall g++ cmake"
 expectLine out 'frontend noninteractive'
 
+begin Setup_PackageOfAnotherOne_IsNotMissing
+printf 'npm\n' >"$work/missing"
+act dpkg-query "shift 3
+  printf '%s\n' \"\$@\" | grep -vxF -f '$work/missing' | sed -e 's/^/installed /' \
+    -e 's/ nodejs\$/& nodejs-doc (= 20), npm, nodejs-dev (= 20)/'"
+dev 0 setup
+expectCalls
+
 begin Setup_UpdateFails_InstallsAllTheSame
 printf 'cmake\n' >"$work/missing"
 act apt-get 'case "$*" in *update) exit 100 ;; esac'
@@ -116,6 +124,7 @@ calls 'compare.sh --update build/i386 tests/abi/baseline/i386' abi --update
 calls 'drift_test.sh build/release tests/abi/baseline/x86_64 g++' abi
 calls 'demo.sh build/release' demo
 calls 'run.sh build/release --sample 200 --seed 7' corpus --sample 200 --seed 7
+calls 'run.sh build/release --all clicks' test-page --all clicks
 calls 'python3 -B bench/compare.py build/release --rounds 2' bench --rounds 2
 calls 'python3 -B bench/check_instructions.py build/release bench/instruction_baseline.txt --update' \
   instructions --update
@@ -156,6 +165,7 @@ passesOn ctest test-i386
 passesOn in_locale.sh test-locales
 passesOn demo.sh demo
 passesOn run.sh corpus
+passesOn run.sh test-page
 passesOn python3 mutate
 passesOn python3 instructions
 for tool in cmake cpack dpkg-deb make_root.sh contents_test.sh life_test.sh; do
