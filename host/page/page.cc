@@ -1,6 +1,7 @@
 #include "host/page/page.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <exception>
 #include <utility>
 
@@ -29,6 +30,24 @@ std::vector<host::Setting> settingsOf(const std::string& text) {
     settings.push_back(std::move(line.setting));
   }
   return settings;
+}
+
+// What is built into a printer is not for its visitors to take away.
+std::vector<std::string> hardwareOf(const host::Session& session) {
+  std::vector<std::string> names;
+  for (const host::HardwareFeature& feature : session.additions(host::kRulesPart).rules.hardware) {
+    names.push_back(feature.name);
+  }
+  return names;
+}
+
+// Visitors need not know the folders of the printer's machine.
+void leaveOutFolders(Json& model) {
+  const auto leaveOut = [](Json& file) {
+    file = std::filesystem::path(file.get<std::string>()).filename().string();
+  };
+  leaveOut(model["file"]);
+  for (auto& [name, feature] : model["features"].items()) leaveOut(feature["place"]["file"]);
 }
 
 Json listOf(const std::vector<std::string>& texts, const host::SecretOutputs& secrets) {
@@ -73,10 +92,12 @@ Page::Page(std::unique_ptr<host::Session> session, PageRequest request)
       session_(std::move(session)),
       catalog_(*session_),
       layout_(layoutOf(*session_, catalog_)),
-      keeper_(*session_, request_.mode == "preview" ? "--resolve changes " : "possible with "),
+      keeper_(*session_, isOfPrinter() ? "possible with " : "--resolve changes "),
       notices_(*session_, catalog_),
-      changes_(*session_, catalog_, keeper_, layout_.hasForeignRoutines,
-               [this] { writeOutputs(*session_, catalog_, notices_); }) {}
+      changes_(
+          *session_, catalog_, keeper_, layout_.hasForeignRoutines,
+          [this] { writeOutputs(*session_, catalog_, notices_); },
+          isOfPrinter() ? hardwareOf(*session_) : std::vector<std::string>()) {}
 
 std::string Page::reply(const std::string& request) {
   Json reply;
@@ -141,6 +162,7 @@ Json Page::model(const Json& request) {
   reply["revision"] = request_.revision;
   reply["loaded"] = true;
   reply["mode"] = request_.mode;
+  if (isOfPrinter()) leaveOutFolders(reply);
   return reply;
 }
 
@@ -222,7 +244,7 @@ Json Page::preset(const Json& request) {
     name = preset.name;
     wishes = settingsOf(preset.settings);
   }
-  return changed(carryOut([&] { return changes_.preset(name, *conduct); }), wishes);
+  return changed(carryOut([&] { return changes_.preset(name, wishes, *conduct); }), wishes);
 }
 
 Json Page::records(const Json& request) {

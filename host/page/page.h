@@ -37,6 +37,7 @@ class Page {
   std::string reply(const std::string& request);
 
  private:
+  bool isOfPrinter() const { return request_.mode == "printer"; }
   Page(std::unique_ptr<host::Session> session, PageRequest request);
 
   struct Row;  // A kind of request.

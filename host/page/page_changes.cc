@@ -32,12 +32,13 @@ Outcome Outcome::refusal(const host::Problem& problem, const std::string& featur
 }
 
 PageChanges::PageChanges(host::Session& session, const Catalog& catalog, host::RuleKeeper& keeper,
-                         bool mayCrash, std::function<void()> use)
+                         bool mayCrash, std::function<void()> use, std::vector<std::string> lasting)
     : session_(session),
       catalog_(catalog),
       keeper_(keeper),
       mayCrash_(mayCrash),
-      use_(std::move(use)) {}
+      use_(std::move(use)),
+      lasting_(std::move(lasting)) {}
 
 Outcome PageChanges::set(const std::vector<host::Setting>& settings, host::RuleConduct conduct) {
   return make([&] { return judge(conduct, setAll(settings, false)); });
@@ -67,14 +68,15 @@ Outcome PageChanges::openText(const std::string& text) {
   });
 }
 
-Outcome PageChanges::preset(const std::string& name, host::RuleConduct conduct) {
+Outcome PageChanges::preset(const std::string& name, const std::vector<host::Setting>& settings,
+                            host::RuleConduct conduct) {
   return make([&] {
     const auto& presets = session_.additions(host::kPresetsPart).presets;
     const auto preset = host::findPreset(presets, name);
     if (!preset) return Outcome::refusal(preset.error());
     const host::Result<> applied = applyPreset(session_.features(), session_.model(), **preset);
     if (!applied) return Outcome::refusal(applied.error());
-    keeper_.noteAllChanged();
+    for (const host::Setting& setting : settings) keeper_.noteSet(setting.name);
     return judge(conduct, {});
   });
 }
@@ -185,7 +187,14 @@ void PageChanges::mendOrLeaveOut(const std::vector<host::Setting>& settings, Out
 }
 
 void PageChanges::restoreDefaults() {
+  std::vector<host::Setting> lasting;
+  for (const std::string& name : lasting_) {
+    const CatalogFeature* feature = catalog_.find(name);
+    if (feature == nullptr || feature->view->isAtDefault()) continue;
+    if (auto value = settingText(*feature->view)) lasting.push_back({name, std::move(*value)});
+  }
   session_.features().restoreDefaultFeatureValues();
+  for (const auto& [name, value] : lasting) catalog_.find(name)->view->setValue(value);
   for (const CatalogRecords& records : catalog_.records()) {
     const auto group = findDynamicGroup(session_.features(), session_.model().index, records.name);
     if (group && group->count() > 0) group->removeAll();

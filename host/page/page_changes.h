@@ -28,9 +28,10 @@ class PageChanges {
  public:
   // The parts must outlive this object. `mayCrash` says that the description names
   // routines of libraries; then `use`, what is done with the model after each
-  // change, is tried with it.
+  // change, is tried with it. The features `lasting` keep their values when the
+  // defaults are set.
   PageChanges(host::Session& session, const Catalog& catalog, host::RuleKeeper& keeper,
-              bool mayCrash, std::function<void()> use);
+              bool mayCrash, std::function<void()> use, std::vector<std::string> lasting);
 
   // Sets the features in this order, as `emit` does.
   Outcome set(const std::vector<host::Setting>& settings, host::RuleConduct conduct);
@@ -38,9 +39,12 @@ class PageChanges {
   // Sets the defaults first. With `isLenient`, what is refused is left out.
   Outcome open(const PresentSettings& present, host::RuleConduct conduct, bool isLenient);
 
-  // The lines of a settings file; those of a preset.
+  // The lines of a settings file.
   Outcome openText(const std::string& text);
-  Outcome preset(const std::string& name, host::RuleConduct conduct);
+
+  // Those of a preset, whose settings become the newest ones.
+  Outcome preset(const std::string& name, const std::vector<host::Setting>& settings,
+                 host::RuleConduct conduct);
 
   // The default values, and no records.
   Outcome reset();
@@ -65,6 +69,7 @@ class PageChanges {
   host::RuleKeeper& keeper_;
   bool mayCrash_;
   std::function<void()> use_;
+  std::vector<std::string> lasting_;
 };
 
 }  // namespace driver_feature::page

@@ -1,6 +1,7 @@
 // The present values as the state that a page knows.
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "host/page/page.h"
@@ -47,7 +48,7 @@ Json Page::look(const std::vector<host::Setting>& wishes) {
   addNotices(whole_, secrets);
   noteInJournal(wishes, outputs);
   const CommandFrame frame{request_.description, request_.library, request_.routines};
-  whole_["command"] = shown(commandLine(frame, shownPresent(true)));
+  whole_["command"] = isOfPrinter() ? "" : shown(commandLine(frame, shownPresent(true)));
   whole_["query"] = shown(queryOf(shownPresent(false)));
   return before;
 }
@@ -58,16 +59,18 @@ Json Page::lookAtSettings() {
 
 void Page::noteInJournal(const std::vector<host::Setting>& wishes,
                          const std::vector<Output>& outputs) {
+  std::map<std::string, std::string> wished;
+  for (const host::Setting& wish : wishes) wished[wish.name] = wish.value;
+  // What has changed besides, or became something else than was wished.
   std::vector<host::Setting> others;
   std::vector<std::string> values;
   for (const CatalogFeature& feature : catalog_.features()) {
+    const std::size_t place = values.size();
     values.push_back(settingText(*feature.view).value_or(""));
-    const std::size_t place = values.size() - 1;
-    const bool isOther =
-        place < valuesBefore_.size() && valuesBefore_[place] != values.back() &&
-        !feature.isColumn &&
-        std::ranges::find(wishes, feature.name, &host::Setting::name) == wishes.end();
-    if (isOther) others.push_back({feature.name, values.back()});
+    if (feature.isColumn || place >= valuesBefore_.size()) continue;
+    const auto wish = wished.find(feature.name);
+    const std::string& expected = wish != wished.end() ? wish->second : valuesBefore_[place];
+    if (values.back() != expected) others.push_back({feature.name, values.back()});
   }
   valuesBefore_ = std::move(values);
   Journal::Try tries;

@@ -218,6 +218,16 @@ TEST_F(PageChangesTest, Presets_AreSetWithinTheRules) {
   EXPECT_EQ(ask(R"({"do":"state"})")["values"]["MediaType"], "Plain");
 }
 
+TEST_F(PageChangesTest, Preset_ThatChangesOthers_KeepsItsOwnSettings) {
+  set(R"([["MediaType","Film"]])");
+  EXPECT_EQ(ask(R"({"do":"preset","name":"draft"})")["plan"]["changes"],
+            Json::parse(R"([{"feature":"MediaType","from":"Film","to":"Plain"}])"));
+  const Json reply = ask(R"({"do":"preset","name":"draft","conduct":"mend"})");
+  EXPECT_EQ(reply["values"],
+            Json::parse(R"({"Copies":"3","Duplex":"LongEdge","MediaType":"Plain"})"));
+  EXPECT_EQ(reply["query"], "Duplex=LongEdge&Copies=3");
+}
+
 TEST_F(PageChangesTest, Reset_SetsTheDefaults) {
   set(R"([["Duplex","LongEdge"],["Copies","4"]])");
   const Json reply = ask(R"({"do":"reset"})");
@@ -314,11 +324,25 @@ TEST_F(PageChangesTest, Printer_SaysNothingOfCommandLines) {
   request.mode = "printer";
   request.serial = 41;
   PageClient page(request);
-  EXPECT_EQ(page.askText(R"({"do":"state"})")["serial"], 41);
+  const Json state = page.askText(R"({"do":"state"})");
+  EXPECT_EQ(state["serial"], 41);
+  EXPECT_EQ(state["command"], "");
   page.askText(R"({"do":"set","settings":[["Duplex","LongEdge"]]})");
   const Json reply = page.askText(R"({"do":"set","settings":[["MediaType","Film"]]})");
   EXPECT_EQ(reply["problem"].get<std::string>().find("--"), std::string::npos) << reply;
   EXPECT_EQ(reply["serial"], 42);
+}
+
+TEST_F(PageChangesTest, Reset_OfAPrinter_KeepsWhatIsBuiltIn) {
+  page::PageRequest request = requestFor(file_);
+  request.mode = "printer";
+  PageClient page(request);
+  page.askText(R"({"do":"restore","settings":[["Unit","Missing"],["Copies","4"]]})");
+  EXPECT_EQ(page.askText(R"({"do":"reset"})")["values"], Json::parse(R"({"Copies":"1"})"));
+  EXPECT_EQ(page.askText(R"({"do":"open","query":"Copies=2"})")["ok"], true);
+  const Json state = page.askText(R"({"do":"state"})");
+  EXPECT_EQ(state["values"]["Unit"], "Missing");
+  EXPECT_EQ(state["values"]["Copies"], "2");
 }
 
 }  // namespace

@@ -145,6 +145,8 @@ TEST(PageShippedModelTest, LabelPrinter_IsOfAPrinterWhenAsked) {
   EXPECT_EQ(model["mode"], "printer");
   EXPECT_EQ(model["revision"], 5);
   EXPECT_EQ(model["features"]["InstalledCutter"]["hardware"], true);
+  EXPECT_EQ(model["file"], "label_printer.xml");
+  EXPECT_EQ(model["features"]["InstalledCutter"]["place"]["file"], "label_printer.xml");
 }
 
 TEST(PageLoadTest, DescriptionThatIsNotThere_IsToldInTheFirstFrame) {

@@ -21,6 +21,10 @@ class Clicker {
   }
 
   Json click() {
+    if (!model_["presets"].empty() && random_() % 10 == 0) {
+      const Json& preset = model_["presets"][random_() % model_["presets"].size()];
+      return page_.ask({{"do", "preset"}, {"name", preset["name"]}, {"conduct", "mend"}});
+    }
     const std::string& name = names_[random_() % names_.size()];
     Json request = {{"do", "set"}, {"conduct", random_() % 2 == 0 ? "refuse" : "mend"}};
     request["settings"] = Json::array({Json::array({name, valueFor(model_["features"][name])})});

@@ -36,7 +36,7 @@ done
 # The figures are those of a file with conflicts and translations.
 rules=$source/tests/printing/rules.ppd
 queuePpd "$rules"
-expected='1 PPDs, 20 choices, 4 in conflict; 81 texts (0 damaged ones left out), 2 translations; 0 PPDs differ'
+expected='1 PPDs, 20 choices, 4 in conflict; 84 texts (0 damaged ones left out), 2 translations; 0 PPDs differ'
 [ "$(compare "$rules")" = "$expected" ] || fail "$(compare "$rules")"
 
 # Sizes and margins come back as the file has them.

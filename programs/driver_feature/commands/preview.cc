@@ -34,7 +34,7 @@ constexpr const char* kFooter =
 
 constexpr std::array kRows = {
     kDescriptionRow,
-    ArgumentRow{"--port", "NUMBER", "Serve the page at this port; otherwise at a free one"},
+    ArgumentRow{"--port", "N", "Serve the page at this port; otherwise at a free one"},
     ArgumentRow{"--open", "", "Show the page in the browser"},
     ArgumentRow{"--no-open", "", "Only print its address, as without --open", kOptional, "--open"},
 };
