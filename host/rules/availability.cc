@@ -35,8 +35,8 @@ OptionConstraints::OptionConstraints(const host::Model& model, const Tables& tab
     const int count = static_cast<int>(tables.domain(feature).choices.size());
     const auto view = model.features.find(tables.domain(feature).feature);
     for (int position = 0; position < count; ++position) {
-      options_[at(feature)].push_back(
-          view == model.features.end() ? nullptr : view->second.option(position));
+      options_[at(feature)].push_back(view == model.features.end() ? nullptr
+                                                                   : view->second.option(position));
       IntermediateCoreOption* option = optionAt({feature, position});
       if (option == nullptr || isSensitive(*option) || !option->isConstraintSetEmpty()) continue;
       offByThemselves_.emplace(feature, position);

@@ -163,9 +163,9 @@ TEST_F(ImportCommandTest, Import_SeveralFiles_EachHasItsOwn) {
 // too much, and a text and two keywords.
 std::string lossyPpd() {
   std::string ppd = std::string(kSmall) + "*NickName: \"A\"\n*ModelName: \"A\"\n";
-  ppd +=
-      lostConstraint() + "*cupsUIConstraints X: \"*Duplex Off *One *Two\"\n*OpenGroup: G/Texts\n"
-                         "*de.Translation Nothing/Nichts: \"\"\n";
+  ppd += lostConstraint() +
+         "*cupsUIConstraints X: \"*Duplex Off *One *Two\"\n*OpenGroup: G/Texts\n"
+         "*de.Translation Nothing/Nichts: \"\"\n";
   ppd += "*OpenUI *Tray/Paper source: PickOne\n*Tray A: \"\"\n";
   for (int i = 0; i < 8; ++i) ppd += "*Tray {" + std::to_string(i) + ": \"\"\n";
   return ppd + "*CloseUI: *Tray\n*CloseGroup: G\n";
@@ -228,13 +228,12 @@ TEST_F(ImportCommandTest, Import_StrictlyWithLosses_WritesNothingAndEndsWithThre
 }
 
 TEST_F(ImportCommandTest, Import_StrictlyWithTextsAndKeywordsAlone_Succeeds) {
-  write("a.ppd",
-        std::string(kSmall) +
-            "*NickName: \"A\"\n*de.Translation Nothing/Nichts: \"\"\n"
-            "*UIConstraints: *Duplex *Lid\n*UIConstraints: *Tray B *Duplex\n"
-            "*OpenGroup: G/Texts\n*OpenUI *Tray/Paper source: PickOne\n"
-            "*DefaultTray: A\n*Tray A: \"\"\n*Tray B: \"\"\n*CloseUI: *Tray\n"
-            "*CloseGroup: G\n");
+  write("a.ppd", std::string(kSmall) +
+                     "*NickName: \"A\"\n*de.Translation Nothing/Nichts: \"\"\n"
+                     "*UIConstraints: *Duplex *Lid\n*UIConstraints: *Tray B *Duplex\n"
+                     "*OpenGroup: G/Texts\n*OpenUI *Tray/Paper source: PickOne\n"
+                     "*DefaultTray: A\n*Tray A: \"\"\n*Tray B: \"\"\n*CloseUI: *Tray\n"
+                     "*CloseGroup: G\n");
   EXPECT_EQ(run({"import", "--strict", "a.ppd", "--output", "a.xml"}),
             failure(0,
                     "driver-feature: a.ppd: not carried over: 1 text for users, 2 other "

@@ -203,9 +203,9 @@ const std::map<std::string, AddKind>& kinds() {
   static const std::map<std::string, AddKind> kKinds = {
       {"FILE", &addFileNames},    {"PATH", &addFileNames},      {"LIB.so", &addFileNames},
       {"FORM[=FILE]", &addForms}, {"NAME=VALUE", &addSettings}, {"GROUP", &addDynamicGroups},
-      {"TEXT", &addNothing},      {"CODE", &addNothing},        {"DIR", &addFileNames},
-      {"FORMAT", &addFormats},    {"WHEN", &addTimes},          {"CODE,...", &addNothing},
-      {"PRESET", &addPresets},    {"LANGUAGE", &addLanguages}};
+      {"TEXT", &addNothing},      {"N", &addNothing},           {"CODE", &addNothing},
+      {"DIR", &addFileNames},     {"FORMAT", &addFormats},      {"WHEN", &addTimes},
+      {"CODE,...", &addNothing},  {"PRESET", &addPresets},      {"LANGUAGE", &addLanguages}};
   return kKinds;
 }
 
