@@ -32,6 +32,7 @@ set(AVAHI_INCLUDE_FOLDER "${I386_ROOT}/usr/include" CACHE PATH "")
 set(AVAHI_CLIENT_LIBRARY "${I386_ROOT}/usr/lib/i386-linux-gnu/libavahi-client.so.3" CACHE FILEPATH "")
 set(AVAHI_COMMON_LIBRARY "${I386_ROOT}/usr/lib/i386-linux-gnu/libavahi-common.so.3" CACHE FILEPATH "")
 set(ZLIB_INCLUDE_DIR "${I386_ROOT}/usr/include" CACHE PATH "")
-set(ZLIB_LIBRARY "${I386_ROOT}/usr/lib/i386-linux-gnu/libz.so" CACHE FILEPATH "")
+# The link of the development package names a file outside the root.
+set(ZLIB_LIBRARY "${I386_ROOT}/lib/i386-linux-gnu/libz.so.1" CACHE FILEPATH "")
 set(GTest_DIR "${I386_ROOT}/usr/lib/cmake/GTest" CACHE PATH "")
 set(benchmark_DIR "${I386_ROOT}/usr/lib/cmake/benchmark" CACHE PATH "")
