@@ -74,7 +74,9 @@ std::string commandLine(const CommandFrame& frame, const PresentSettings& presen
   }
   command += quotedFile(frame.description);
   for (const auto& [name, value] : settings.options) {
-    command.append(" -o ").append(quoted(name + "=" + value));
+    std::string word = name;
+    word.append("=").append(value);
+    command.append(" -o ").append(quoted(word));
   }
   if (settings.file.empty()) return command;
   return command + " --settings /dev/stdin <<'END'\n" + settings.file + "END\n";

@@ -103,7 +103,8 @@ host::Result<> Service::startEncryption() {
   if (files.key.empty()) {
     std::vector<std::string> names = namesOfMachine();
     if (names.empty()) names = {"localhost"};
-    auto made = ownCertificate(jobs_->spool().folder() / "tls", names, now());
+    auto made =
+        ownCertificate(jobs_->spool().folder() / "tls", names, static_cast<std::time_t>(now()));
     if (!made && isOrdered) return failureOf(made);
     if (!made) cli::printProblem(made.error());
     if (!made) return {};
