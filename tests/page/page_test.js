@@ -4,6 +4,7 @@ import assert from "node:assert/strict";
 import fs from "node:fs";
 import path from "node:path";
 import test from "node:test";
+import { largeDescription } from "./large.js";
 import { chooseInList, copyOf, fileWith, officeRoutines, openPage, openSections, preview, row, settled, shownCommand, shownOutputs } from "./preview.js";
 
 async function openOffice(t, options) {
@@ -78,6 +79,29 @@ test("Piece_Clicked_SelectsItsFeatureAndTheReverse", async (t) => {
   await row(page, "Gamma").locator(".number-input").focus();
   await page.waitForSelector("#panel-ps .is-selected[data-owner=Gamma]");
   await page.waitForFunction(() => document.querySelector("#place .is-place")?.textContent.includes('Name="Gamma"'));
+});
+
+test("Place_InALineOfManyLetters_ShowsThePartAroundIt", async (t) => {
+  const text = largeDescription(5, 1).replaceAll("\n", " ");
+  const served = await preview(t, fileWith(t, "one_line.xml", text));
+  const page = await openPage(t, served.url);
+  await openSections(page);
+  const shown = () => page.evaluate(() => document.querySelector("#place .is-place .line-text")?.textContent ?? "");
+  const look = async (name, control) => {
+    await row(page, name).locator(control).first().focus();
+    await page.waitForFunction((wanted) => document.querySelector("#place-heading").textContent.startsWith(wanted), name);
+    await page.waitForFunction((wanted) => document.querySelector("#place .is-place")?.textContent.includes(`Name="${wanted}"`), name);
+    return shown();
+  };
+  const first = await look("Long0", ".choice-button");
+  assert.equal(first, `${text.slice(0, 400)}…`);
+  const middle = await look("Feature00001", ".number-input");
+  assert.equal(middle.length, 402);
+  assert.ok(middle.startsWith("…") && middle.endsWith("…") && text.includes(middle.slice(1, -1)), middle);
+  assert.equal(middle.indexOf('<Feature FeatureType="IntEntry" Name="Feature00001"'), 81);
+  const last = await look("Feature00003", ".radio-box");
+  assert.ok(last.startsWith("…") && text.includes(last.slice(1).replace(/…$/, "")), last);
+  assert.deepEqual(page.problems, []);
 });
 
 test("TakenOut_Choices_StayWithTheReason", async (t) => {

@@ -151,8 +151,9 @@ async function foretell(option) {
 function choose(option) {
   if (!option || option.getAttribute("aria-disabled") === "true") return;
   const { offer } = shown;
-  close();
+  // The server works while the list closes.
   offer.choose(option.dataset.value);
+  close();
 }
 
 function move(count) {

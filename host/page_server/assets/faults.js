@@ -22,7 +22,7 @@ export function findingItem(finding, sources) {
   if (file && line) {
     const box = element("section", { class: "excerpt", tabindex: "0", "aria-label": `Lines of ${file}, around ${line}` });
     item.append(box);
-    sources.excerpt({ file, line }, 2, 2).then((lines) => {
+    sources.excerpt({ file, line, column }, 2, 2).then((lines) => {
       if (lines.children.length > 0) box.replaceChildren(lines);
       else box.remove();
     });
