@@ -76,7 +76,7 @@ std::string commandLine(const CommandFrame& frame, const PresentSettings& presen
   for (const auto& [name, value] : settings.options) {
     std::string word = name;
     word.append("=").append(value);
-    command.append(" -o ").append(quoted(word));
+    command.append(" -o ").append(page::quoted(word));
   }
   if (settings.file.empty()) return command;
   return command + " --settings /dev/stdin <<'END'\n" + settings.file + "END\n";

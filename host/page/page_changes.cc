@@ -182,7 +182,7 @@ void PageChanges::mendOrLeaveOut(const std::vector<host::Setting>& settings, Out
     outcome.lost.push_back(feature->name);
     std::vector<std::string> set = keeper_.set();
     std::erase(set, feature->name);
-    keeper_.replaceSet(std::move(set));
+    keeper_.replaceSet(set);
   }
 }
 

@@ -107,6 +107,7 @@ rules::Plan RuleKeeper::planFor(const Setting& setting) {
 rules::Plan RuleKeeper::planFor(const std::vector<Setting>& settings) {
   if (!hasRules()) return {};
   std::vector<rules::Assignment> wishes;
+  wishes.reserve(settings.size());
   for (const Setting& setting : settings) wishes.push_back({setting.name, setting.value});
   return book().plan(wishes, rules::Keep::kNewest);
 }
@@ -171,7 +172,7 @@ std::map<std::string, std::vector<std::string>> RuleKeeper::conflictingChoices()
   return book().conflictingChoices();
 }
 
-void RuleKeeper::replaceSet(std::vector<std::string> features) {
+void RuleKeeper::replaceSet(const std::vector<std::string>& features) {
   if (book_) {
     for (const std::string& feature : set_) book_->forgetSet(feature);
   }

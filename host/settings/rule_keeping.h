@@ -77,7 +77,7 @@ class RuleKeeper {
 
   // What a person has set, in its order; and these features in place of them.
   const std::vector<std::string>& set() const { return set_; }
-  void replaceSet(std::vector<std::string> features);
+  void replaceSet(const std::vector<std::string>& features);
 
   // Why a choice is taken out, or a plan needs changes: a line for each rule.
   std::vector<std::string> reasonsOf(const rules::TakenOut& choice);
