@@ -151,23 +151,23 @@ std::optional<MarkupPlace> Markup::placeInEndTag(std::size_t offset) const {
 }
 
 std::optional<MarkupPlace> Markup::placeInStartTag(std::size_t offset) const {
-  using Kind = MarkupPlace::Kind;
+  using PlaceKind = MarkupPlace::Kind;
   const MarkupElement* element = elementBefore(offset);
   if (element == nullptr) return std::nullopt;
   const Range tag = element->startTag;
   if (element->isClosed ? offset >= tag.end : offset > tag.end) return std::nullopt;
   if (element->nameRange.touches(offset)) {
-    return MarkupPlace{Kind::kTagName, element, nullptr, element->nameRange};
+    return MarkupPlace{PlaceKind::kTagName, element, nullptr, element->nameRange};
   }
   for (const MarkupAttribute& attribute : element->attributes) {
     if (attribute.nameRange.touches(offset)) {
-      return MarkupPlace{Kind::kName, element, &attribute, attribute.nameRange};
+      return MarkupPlace{PlaceKind::kName, element, &attribute, attribute.nameRange};
     }
     if (attribute.value && attribute.value->touches(offset)) {
-      return MarkupPlace{Kind::kValue, element, &attribute, *attribute.value};
+      return MarkupPlace{PlaceKind::kValue, element, &attribute, *attribute.value};
     }
   }
-  return MarkupPlace{Kind::kInTag, element, nullptr, {offset, offset}};
+  return MarkupPlace{PlaceKind::kInTag, element, nullptr, {offset, offset}};
 }
 
 MarkupPlace Markup::placeAt(std::size_t offset) const {

@@ -11,9 +11,9 @@
 
 namespace driver_feature::page {
 
-namespace {
-
 using Json = nlohmann::json;
+
+namespace {
 using host::FeatureKind;
 
 struct OffAndOn {

@@ -6,9 +6,9 @@
 
 namespace driver_feature::page {
 
-namespace {
-
 using Json = nlohmann::json;
+
+namespace {
 
 constexpr const char* kSettingsForm = "\"settings\" is not [[\"NAME\",\"VALUE\"], ...]";
 constexpr const char* kRecordsForm = "\"records\" is not {\"GROUP\": [[\"VALUE\", ...], ...]}";

@@ -4,9 +4,9 @@
 
 namespace driver_feature::page {
 
-namespace {
-
 using Json = nlohmann::json;
+
+namespace {
 using Kind = rules::Plan::Kind;
 
 const char* wordOf(Kind kind) {

@@ -11,9 +11,9 @@
 
 namespace driver_feature::page {
 
-namespace {
-
 using Json = nlohmann::json;
+
+namespace {
 
 std::string encoded(std::string_view text) {
   constexpr std::string_view kPlain = "-._~";
