@@ -23,7 +23,10 @@ printer_test(printer_setting printer_setting_test.sh)
 printer_test(printer_device printer_device_test.sh)
 printer_test(printer_killed printer_kill_test.sh 6)
 printer_test(printer_mutated printer_mutation_test.sh 2)
-printer_test(printer_memory printer_memory_test.sh 60 4)
+# Where addresses are checked, memory that is given back is kept for a while.
+if(NOT CMAKE_CXX_FLAGS MATCHES "sanitize")
+  printer_test(printer_memory printer_memory_test.sh 60 4)
+endif()
 printer_test(printer_conflicts printer_conflicts_test.sh 100
   ${CMAKE_CURRENT_LIST_DIR}/printing/rules.ppd)
 file(GLOB printing_ppds CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/printing/*.ppd)

@@ -44,6 +44,7 @@ constexpr const char* kProgram = "driver-feature-preview";
 // Returns only when there is no such program.
 void become(const std::string& program, std::vector<std::string> words) {
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   ::execvp(program.c_str(), pointers.data());
