@@ -62,8 +62,8 @@ for architecture in "$own" i386; do
   expectDependencies "libdriverfeature-dev:$architecture" "libdriverfeature1 (= $kVersion)"
 done
 expectFields "driver-feature:$own" utils allowed
-expectDependencies "driver-feature:$own" libc6 libcups2 "libdriverfeature1 (= $kVersion)" libedit2 \
-  libgcc-s1 libstdc++6 libxml2
+expectDependencies "driver-feature:$own" libavahi-client3 libavahi-common3 libc6 libcups2 \
+  "libdriverfeature1 (= $kVersion)" libedit2 libgcc-s1 libgnutls30 libstdc++6 libxml2 zlib1g
 
 # Debian's own checker finds no error and nothing to warn of.
 for package in "${kAllPackages[@]}"; do file "$package"; done >"$work/files"

@@ -25,7 +25,8 @@ root=$work/root
 libraries=usr/lib/$(triplet "$own")/driver-feature
 mkdir -p "$root/var/lib/dpkg/"{info,updates}
 : >"$root/var/lib/dpkg/available"
-for name in libc6 libcups2 libedit2 libgcc-s1 libstdc++6 libxml2; do
+for name in libavahi-client3 libavahi-common3 libc6 libcups2 libedit2 libgcc-s1 libgnutls30 \
+  libstdc++6 libxml2 zlib1g; do
   dpkg-query --status "$name:$own"
   echo
 done >"$root/var/lib/dpkg/status"
