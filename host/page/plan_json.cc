@@ -1,27 +1,13 @@
 #include "host/page/plan_json.h"
 
 #include "host/page/shown_text.h"
+#include "host/rules/explain.h"
 
 namespace driver_feature::page {
 
 using Json = nlohmann::json;
 
 namespace {
-using Kind = rules::Plan::Kind;
-
-const char* wordOf(Kind kind) {
-  switch (kind) {
-    case Kind::kFits:
-      return "fits";
-    case Kind::kMended:
-      return "mended";
-    case Kind::kImpossible:
-      return "impossible";
-    case Kind::kNotFound:
-      return "not found";
-  }
-  return "";
-}
 
 Json changesJson(const std::vector<rules::Change>& changes) {
   Json list = Json::array();
@@ -36,7 +22,7 @@ Json changesJson(const std::vector<rules::Change>& changes) {
 Json planJson(const rules::Plan& plan, host::RuleKeeper& keeper) {
   Json reasons = Json::array();
   for (const std::string& reason : keeper.reasonsOf(plan)) reasons.push_back(shown(reason));
-  return {{"kind", wordOf(plan.kind)},
+  return {{"kind", rules::wordOf(plan.kind)},
           {"changes", changesJson(plan.changes)},
           {"reasons", std::move(reasons)},
           {"hardware", changesJson(plan.hardware)},

@@ -86,6 +86,20 @@ std::string hardwareWords(const std::vector<Change>& hardware) {
 
 }  // namespace
 
+const char* wordOf(Plan::Kind kind) {
+  switch (kind) {
+    case Plan::Kind::kFits:
+      return "fits";
+    case Plan::Kind::kMended:
+      return "mended";
+    case Plan::Kind::kImpossible:
+      return "impossible";
+    case Plan::Kind::kNotFound:
+      return "not found";
+  }
+  return "";
+}
+
 std::string explainRule(const host::Rule& rule, const std::vector<Assignment>& values,
                         const std::vector<Assignment>& wishes, const host::TextLookUp* texts) {
   std::vector<Part> parts = partsOf(rule, values);

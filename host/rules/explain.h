@@ -23,6 +23,9 @@ namespace driver_feature::rules {
 std::vector<std::string> explain(const Plan& plan, const host::Rules& rules,
                                  const host::TextLookUp* texts = nullptr);
 
+// What came of a plan, for machines: "fits", "mended", "impossible" or "not found".
+const char* wordOf(Plan::Kind kind);
+
 // The line of one rule for a choice that is taken out, or a value of a check.
 std::string explainRule(const host::Rule& rule, const std::vector<Assignment>& values,
                         const std::vector<Assignment>& wishes,

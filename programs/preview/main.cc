@@ -2,10 +2,8 @@
 // dialog would, and follows it while it is written.
 
 #include <fcntl.h>
-#include <poll.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <exception>
 #include <new>
 #include <optional>
@@ -14,6 +12,7 @@
 #include "host/base/child_setting.h"
 #include "host/base/output_file.h"
 #include "host/base/standard_streams.h"
+#include "host/server/stop_signals.h"
 #include "programs/common/console.h"
 #include "programs/preview/arguments.h"
 #include "programs/preview/site.h"
@@ -21,27 +20,6 @@
 namespace driver_feature::preview {
 
 namespace {
-
-int signalPipe[2] = {-1, -1};
-pid_t self = 0;
-
-void noteSignal(int /*signal*/) {
-  // A new process has this handler until it has its own.
-  if (::getpid() != self) ::_exit(cli::kFailure);
-  const char byte = 0;
-  [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
-}
-
-// SIGTERM and SIGINT end the loop.
-void stopBySignal(host::EventLoop& loop) {
-  if (::pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
-  loop.watch(signalPipe[0], POLLIN, [&loop](short) { loop.stop(); });
-  self = ::getpid();
-  struct sigaction action {};
-  action.sa_handler = noteSignal;
-  ::sigaction(SIGTERM, &action, nullptr);
-  ::sigaction(SIGINT, &action, nullptr);
-}
 
 // Starts the browser. It stays when this program ends.
 void open(const std::string& address) {
@@ -65,7 +43,7 @@ int run(int argc, const char* const* argv) {
     return written ? cli::kSuccess : cli::report(written.error());
   }
   host::EventLoop loop;
-  stopBySignal(loop);
+  host::stopBySignal(loop);
   Site site(loop, *line->arguments);
   if (const auto started = site.start(); !started) return cli::report(started.error());
   if (site.page().watchProblem()) {

@@ -1,16 +1,11 @@
 // The program driver-feature-printer: printers made of feature descriptions, which
 // clients reach with the Internet Printing Protocol.
 
-#include <fcntl.h>
-#include <poll.h>
-#include <unistd.h>
-
-#include <array>
-#include <csignal>
 #include <exception>
 #include <new>
 
 #include "host/base/standard_streams.h"
+#include "host/server/stop_signals.h"
 #include "host/base/output_file.h"
 #include "programs/common/console.h"
 #include "programs/printer/arguments.h"
@@ -20,27 +15,6 @@ namespace driver_feature::printer {
 
 namespace {
 
-int signalPipe[2] = {-1, -1};
-pid_t server = 0;
-
-void noteSignal(int /*signal*/) {
-  // A new process has the server's handler until it has its own.
-  if (::getpid() != server) ::_exit(cli::kFailure);
-  const char byte = 0;
-  [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
-}
-
-// SIGTERM and SIGINT end the loop.
-void stopBySignal(host::EventLoop& loop) {
-  if (::pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
-  loop.watch(signalPipe[0], POLLIN, [&loop](short) { loop.stop(); });
-  server = ::getpid();
-  struct sigaction action {};
-  action.sa_handler = noteSignal;
-  ::sigaction(SIGTERM, &action, nullptr);
-  ::sigaction(SIGINT, &action, nullptr);
-}
-
 int run(int argc, const char* const* argv) {
   auto line = readLine(argc, argv);
   if (!line) return cli::report(line.error());
@@ -49,7 +23,7 @@ int run(int argc, const char* const* argv) {
     return written ? cli::kSuccess : cli::report(written.error());
   }
   host::EventLoop loop;
-  stopBySignal(loop);
+  host::stopBySignal(loop);
   Service service(loop, std::move(*line->arguments));
   if (const auto started = service.start(); !started) return cli::report(started.error());
   loop.run();

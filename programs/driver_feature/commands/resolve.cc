@@ -8,6 +8,7 @@
 
 #include "host/base/output_file.h"
 #include "host/base/standard_streams.h"
+#include "host/rules/explain.h"
 #include "host/settings/rule_keeping.h"
 #include "programs/common/console.h"
 #include "programs/driver_feature/change_arguments.h"
@@ -43,20 +44,6 @@ constexpr std::array kRows = {
     ArgumentRow{"--json", "", "Print a JSON document"},
 };
 
-const char* wordOf(Kind kind) {
-  switch (kind) {
-    case Kind::kFits:
-      return "fits";
-    case Kind::kMended:
-      return "mended";
-    case Kind::kImpossible:
-      return "impossible";
-    case Kind::kNotFound:
-      return "not found";
-  }
-  return "";
-}
-
 Json changesJson(const std::vector<rules::Change>& changes) {
   Json list = Json::array();
   for (const auto& [feature, from, to] : changes) {
@@ -82,7 +69,7 @@ Json rulesJson(const rules::Plan& plan, const host::Rules& rules) {
 
 std::string jsonOf(const rules::Plan& plan, host::RuleKeeper& keeper) {
   const Json document = {
-      {"result", wordOf(plan.kind)},
+      {"result", rules::wordOf(plan.kind)},
       {"changes", changesJson(plan.changes)},
       {"rules", keeper.hasRules() ? rulesJson(plan, keeper.rules()) : Json::array()},
       {"hardware", changesJson(plan.hardware)},
