@@ -12,11 +12,11 @@ namespace driver_feature::host {
 namespace {
 
 int signalPipe[2] = {-1, -1};
-pid_t server = 0;
+pid_t signalledProcess = 0;
 
 void noteSignal(int /*signal*/) {
   // A new process has the server's handler until it has its own.
-  if (::getpid() != server) ::_exit(EXIT_FAILURE);
+  if (::getpid() != signalledProcess) ::_exit(EXIT_FAILURE);
   const char byte = 0;
   [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
 }
@@ -26,7 +26,7 @@ void noteSignal(int /*signal*/) {
 void stopBySignal(EventLoop& loop) {
   if (::pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
   loop.watch(signalPipe[0], POLLIN, [&loop](short) { loop.stop(); });
-  server = ::getpid();
+  signalledProcess = ::getpid();
   struct sigaction action {};
   action.sa_handler = noteSignal;
   ::sigaction(SIGTERM, &action, nullptr);
