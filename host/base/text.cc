@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstdint>
 
 namespace driver_feature::host {
@@ -169,6 +170,22 @@ std::string percentEncoded(char byte) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   const auto code = static_cast<unsigned char>(byte);
   return {'%', kDigits[code >> 4U], kDigits[code & 0xFU]};
+}
+
+std::string percentDecoded(std::string_view text, PlusSign plus) {
+  std::string bytes;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    unsigned char byte = 0;
+    const char* const digits = text.data() + at + 1;
+    if (text[at] == '%' && at + 2 < text.size() &&
+        std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
+      bytes += static_cast<char>(byte);
+      at += 2;
+    } else {
+      bytes += text[at] == '+' && plus == PlusSign::kBlank ? ' ' : text[at];
+    }
+  }
+  return bytes;
 }
 
 std::string counted(long count, const std::string& one) {

@@ -33,6 +33,11 @@ std::string escapedByte(char byte);
 // The byte as %NN, with capital digits, as URIs and workflow commands have it.
 std::string percentEncoded(char byte);
 
+// The text with the byte that each %NN stands for; what is no code stays. In the
+// query of a URL a plus sign is a blank, as browsers write it.
+enum class PlusSign { kItself, kBlank };
+std::string percentDecoded(std::string_view text, PlusSign plus = PlusSign::kItself);
+
 // "1 file", "2 files": `several` is for words that take more than an "s".
 std::string counted(long count, const std::string& one);
 std::string counted(long count, const std::string& one, const std::string& several);

@@ -83,6 +83,17 @@ TEST(TextTest, EscapedByte_AnyByte_HasTwoSmallDigits) {
   EXPECT_EQ(escapedByte('\xAF'), "\\xaf");
 }
 
+TEST(TextTest, PercentDecoded_CodesAndOtherText_DecodesTheCodesAlone) {
+  EXPECT_EQ(percentDecoded("a%20b%c3%BC%41"),
+            "a b\xC3\xBC"
+            "A");
+  EXPECT_EQ(percentDecoded("100%"), "100%");
+  EXPECT_EQ(percentDecoded("%4"), "%4");
+  EXPECT_EQ(percentDecoded("%4g%-1% 1%%41"), "%4g%-1% 1%A");
+  EXPECT_EQ(percentDecoded("a+b"), "a+b");
+  EXPECT_EQ(percentDecoded("a+b%2B", PlusSign::kBlank), "a b+");
+}
+
 TEST(TextTest, PercentEncoded_AnyByte_HasTwoCapitalDigits) {
   EXPECT_EQ(percentEncoded('\n'), "%0A");
   EXPECT_EQ(percentEncoded('\xAF'), "%AF");

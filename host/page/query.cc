@@ -27,28 +27,8 @@ std::string encoded(std::string_view text) {
   return result;
 }
 
-std::optional<unsigned> digitOf(char character) {
-  if (character >= '0' && character <= '9') return static_cast<unsigned>(character - '0');
-  const char lower = host::toLower(character);
-  if (lower >= 'a' && lower <= 'f') return static_cast<unsigned>(lower - 'a') + 10U;
-  return std::nullopt;
-}
-
-// As browsers do: a plus sign is a blank, and what is no code stays.
 std::string decoded(std::string_view text) {
-  std::string result;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const bool isCode = text[at] == '%' && at + 2 < text.size();
-    const auto high = isCode ? digitOf(text[at + 1]) : std::nullopt;
-    const auto low = isCode ? digitOf(text[at + 2]) : std::nullopt;
-    if (high && low) {
-      result += static_cast<char>(*high * 16U + *low);
-      at += 2;
-    } else {
-      result += text[at] == '+' ? ' ' : text[at];
-    }
-  }
-  return result;
+  return host::percentDecoded(text, host::PlusSign::kBlank);
 }
 
 std::string arrayOf(const std::vector<host::Setting>& members) {

@@ -4,10 +4,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include "host/page_server/json_text.h"
-
 #include "host/base/descriptor.h"
 #include "host/check/check.h"
+#include "host/page_server/json_text.h"
 #include "host/session/plugin.h"
 
 namespace driver_feature::page_server {

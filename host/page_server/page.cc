@@ -7,9 +7,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "host/page_server/json_text.h"
-
 #include "host/description/beside_files.h"
+#include "host/page_server/json_text.h"
 
 namespace driver_feature::page_server {
 
@@ -80,25 +79,26 @@ void Page::noteFailed(const std::string& why) {
   for (const auto& [number, serial] : std::exchange(pictureWaits_, {})) {
     reply(number, host::plainResponse(HTTP_STATUS_NOT_FOUND));
   }
-  find([this](const std::string& findings) {
+  find(check_, [this](const std::string& findings) {
     findings_ = findings;
     tellModel();
   });
 }
 
 void Page::noteCrash(const std::string& what) {
-  find([this, what](const std::string& findings) {
+  find(crashCheck_, [this, what](const std::string& findings) {
     clients_.send("crash", jsonText({{"text", what}, {"findings", Json::parse(findings)}}));
   });
 }
 
 // A search that has not ended is given up for the new one.
-void Page::find(const std::function<void(const std::string& findings)>& then) {
-  check_.reset();
+void Page::find(std::unique_ptr<ChildText>& check,
+                const std::function<void(const std::string& findings)>& then) {
+  check.reset();
   if (!setting_.check) return then("[]");
-  auto check = setting_.check(loop_, setting_.worker.request, then);
-  if (!check) return then("[]");
-  check_ = std::move(*check);
+  auto started = setting_.check(loop_, setting_.worker.request, then);
+  if (!started) return then("[]");
+  check = std::move(*started);
 }
 
 void Page::tellModel() {

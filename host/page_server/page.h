@@ -80,7 +80,8 @@ class Page final {
   void noteCrash(const std::string& what);
   void noteState(const nlohmann::json& state);
   void noteFile();
-  void find(const std::function<void(const std::string& findings)>& then);
+  void find(std::unique_ptr<ChildText>& check,
+            const std::function<void(const std::string& findings)>& then);
   void tellModel();
   void wantPicture();
   void notePicture(const Picture::Result& result);
@@ -97,8 +98,9 @@ class Page final {
   long drawnSerial_ = 0;       // and the one whose picture has been ordered.
   std::vector<std::pair<host::RequestNumber, long>> pictureWaits_;
   std::unique_ptr<ChildText> check_;
-  std::string ended_;            // Why nothing is loaded.
-  std::string findings_ = "[]";  // What the check has found about that.
+  std::unique_ptr<ChildText> crashCheck_;  // The one that a loaded description does not end.
+  std::string ended_;                      // Why nothing is loaded.
+  std::string findings_ = "[]";            // What the check has found about that.
   std::optional<host::Problem> watchProblem_;
   host::FileWatch watch_;
   std::optional<host::EventLoop::Timer> quiet_;

@@ -5,11 +5,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "host/page_server/json_text.h"
-
 #include "host/base/input_file.h"
 #include "host/page_server/admission.h"
 #include "host/page_server/assets.h"
+#include "host/page_server/json_text.h"
 #include "host/page_server/page.h"
 #include "host/page_server/query.h"
 #include "host/page_server/saved_file.h"

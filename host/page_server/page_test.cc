@@ -1,6 +1,7 @@
 #include "host/page_server/page.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "host/page_server/page_fixture.h"
 
@@ -98,6 +99,25 @@ TEST_F(PageTest, RequestThatCrashes_LeavesTheValuesBefore) {
   EXPECT_EQ(postScript(), "%On 1234\n");
   set("Duplex", "Off");
   EXPECT_EQ(postScript(), "%Off 1234\n");
+}
+
+TEST_F(PageTest, CrashWhoseCheckOutlastsTheNextLoad_IsTold) {
+  const std::string gate = folder_ / "gate";
+  ASSERT_EQ(::mkfifo(gate.c_str(), 0600), 0);
+  setting_.check = [&gate](host::EventLoop& loop, const page::PageRequest&, const auto& done) {
+    const auto findWhenOpen = [&gate](int out) {
+      host::readFile(gate);
+      return host::writeAll(out, R"([{"line":3}])") ? 0 : 1;
+    };
+    return ChildText::start(loop, std::chrono::milliseconds(10000), findWhenOpen,
+                            [done](const std::string& text, std::optional<int>) { done(text); });
+  };
+  start();
+  Listener listener(port_, head("GET /events"));
+  set("Duplex", "Crash");
+  EXPECT_EQ(postScript(), "%Off \n");  // Loaded again.
+  write("gate", "");
+  EXPECT_EQ(listener.next("crash")["findings"], nlohmann::json::parse(R"([{"line":3}])"));
 }
 
 TEST_F(PageTest, RequestThatTakesTooLong_LeavesTheValuesBefore) {

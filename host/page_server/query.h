@@ -7,9 +7,6 @@
 
 namespace driver_feature::page_server {
 
-// The text with the bytes that "%NN" and "+" stand for.
-std::string decoded(std::string_view text);
-
 // The decoded value of a name, as in "language=de&file=a%20b"; empty without it.
 std::string queryValue(std::string_view query, std::string_view name);
 

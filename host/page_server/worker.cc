@@ -12,11 +12,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "host/page_server/json_text.h"
-
 #include "host/base/child_setting.h"
 #include "host/base/frames.h"
 #include "host/base/text.h"
+#include "host/page_server/json_text.h"
 
 namespace driver_feature::page_server {
 

@@ -3,12 +3,11 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 
-#include "host/base/text.h"
+#include "programs/common/parsed_words.h"
 #include "programs/preview/arguments.h"
 
 namespace driver_feature::preview {
@@ -35,7 +34,6 @@ struct Words {
   unsigned port = 0;
   bool opens = false;
   bool opensNot = false;
-  bool isVersion = false;
 };
 
 void addOptions(CLI::App& app, Words& words) {
@@ -50,7 +48,6 @@ void addOptions(CLI::App& app, Words& words) {
   CLI::Option* open = app.add_flag("--open", words.opens, "Show the page in the browser");
   app.add_flag("--no-open", words.opensNot, "Only print its address, as without --open")
       ->excludes(open);
-  app.add_flag("--version", words.isVersion, "Show the version");
   app.add_option("DESC", words.description, "The feature description, an XML file")
       ->type_name("FILE");
 }
@@ -88,18 +85,9 @@ host::Result<Line> readLine(int argc, const char* const* argv) {
                "driver-feature-preview");
   app.footer(kFooter);
   addOptions(app, words);
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::CallForHelp&) {
-    return Line{std::nullopt, app.help()};
-  } catch (const CLI::ParseError& error) {
-    std::string reason = error.what();
-    std::replace(reason.begin(), reason.end(), '\n', ' ');
-    return host::refused(reason + "; driver-feature-preview --help explains the usage");
-  }
-  if (words.isVersion) {
-    return Line{std::nullopt, "driver-feature-preview " DRIVER_FEATURE_VERSION "\n"};
-  }
+  auto text = cli::parseWords(app, argc, argv);
+  if (!text) return failureOf(text);
+  if (*text) return Line{std::nullopt, std::move(**text)};
   auto arguments = argumentsOf(words);
   if (!arguments) return failureOf(arguments);
   return Line{std::move(*arguments), ""};

@@ -4,16 +4,14 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <exception>
-#include <new>
 #include <optional>
 
 #include "host/base/child_process.h"
 #include "host/base/child_setting.h"
 #include "host/base/output_file.h"
-#include "host/base/standard_streams.h"
 #include "host/server/stop_signals.h"
 #include "programs/common/console.h"
+#include "programs/common/guarded_run.h"
 #include "programs/preview/arguments.h"
 #include "programs/preview/site.h"
 
@@ -62,14 +60,5 @@ int run(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
   using namespace driver_feature;
-  host::prepareStandardStreams();
-  cli::startMessagesWith("driver-feature-preview: ");
-  try {
-    return preview::run(argc, argv);
-  } catch (const std::bad_alloc&) {
-    cli::printLackOfMemory();
-  } catch (const std::exception& error) {
-    cli::printError(error.what());
-  }
-  return cli::kFailure;
+  return cli::runGuarded("driver-feature-preview: ", [&] { return preview::run(argc, argv); });
 }

@@ -10,6 +10,7 @@
 #include <filesystem>
 
 #include "host/base/text.h"
+#include "programs/common/parsed_words.h"
 #include "programs/printer/arguments.h"
 #include "programs/printer/device.h"
 
@@ -34,7 +35,6 @@ struct Words {
   std::string spool, device, library, tls, certificate, key;
   unsigned connections = 100;
   unsigned keep = 100;
-  bool isVersion = false;
   bool isSilent = false;
 };
 
@@ -77,7 +77,6 @@ void addOptions(CLI::App& app, Words& words) {
       ->check(CLI::Range(1, 100000))
       ->type_name("NUMBER");
   app.add_flag("--no-dns-sd", words.isSilent, "Do not announce the printers in the network");
-  app.add_flag("--version", words.isVersion, "Show the version");
   app.add_option("PRINTER", words.printers, "A printer and the description it is made of")
       ->type_name("NAME=DESCRIPTION.xml...");
 }
@@ -220,18 +219,9 @@ host::Result<Line> readLine(int argc, const char* const* argv) {
                "driver-feature-printer");
   app.footer(kFooter);
   addOptions(app, words);
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::CallForHelp&) {
-    return Line{std::nullopt, app.help()};
-  } catch (const CLI::ParseError& error) {
-    std::string reason = error.what();
-    std::replace(reason.begin(), reason.end(), '\n', ' ');
-    return host::refused(reason + "; driver-feature-printer --help explains the usage");
-  }
-  if (words.isVersion) {
-    return Line{std::nullopt, "driver-feature-printer " DRIVER_FEATURE_VERSION "\n"};
-  }
+  auto text = cli::parseWords(app, argc, argv);
+  if (!text) return failureOf(text);
+  if (*text) return Line{std::nullopt, std::move(**text)};
   auto arguments = argumentsOf(words);
   if (!arguments) return failureOf(arguments);
   return Line{std::move(*arguments), ""};

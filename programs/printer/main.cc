@@ -1,13 +1,10 @@
 // The program driver-feature-printer: printers made of feature descriptions, which
 // clients reach with the Internet Printing Protocol.
 
-#include <exception>
-#include <new>
-
-#include "host/base/standard_streams.h"
-#include "host/server/stop_signals.h"
 #include "host/base/output_file.h"
+#include "host/server/stop_signals.h"
 #include "programs/common/console.h"
+#include "programs/common/guarded_run.h"
 #include "programs/printer/arguments.h"
 #include "programs/printer/service.h"
 
@@ -38,14 +35,5 @@ int run(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
   using namespace driver_feature;
-  host::prepareStandardStreams();
-  cli::startMessagesWith("driver-feature-printer: ");
-  try {
-    return printer::run(argc, argv);
-  } catch (const std::bad_alloc&) {
-    cli::printLackOfMemory();
-  } catch (const std::exception& error) {
-    cli::printError(error.what());
-  }
-  return cli::kFailure;
+  return cli::runGuarded("driver-feature-printer: ", [&] { return printer::run(argc, argv); });
 }

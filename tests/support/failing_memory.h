@@ -71,6 +71,14 @@ NOINLINE void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noe
   return std::malloc(size != 0 ? size : 1);
 }
 
+// Those of arrays too: a checked build's own do not call the ones above.
+NOINLINE void* operator new[](std::size_t size) {
+  return ::operator new(size);
+}
+NOINLINE void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
+  return ::operator new(size, tag);
+}
+
 NOINLINE void operator delete(void* memory) noexcept {
   std::free(memory);
 }
@@ -78,6 +86,15 @@ NOINLINE void operator delete(void* memory, std::size_t /*size*/) noexcept {
   std::free(memory);
 }
 NOINLINE void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
+  std::free(memory);
+}
+NOINLINE void operator delete[](void* memory) noexcept {
+  std::free(memory);
+}
+NOINLINE void operator delete[](void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
+NOINLINE void operator delete[](void* memory, const std::nothrow_t& /*tag*/) noexcept {
   std::free(memory);
 }
 

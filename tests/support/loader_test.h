@@ -77,8 +77,11 @@ class LoaderTest : public ::testing::Test {
     return build(xml, CreateDynamicFeatureGroup);
   }
 
-  // For an option, which is never freed.
-  static void* takeRoom() { return ::operator new(sizeof(DriverFeatureOption)); }
+  // For an option. Neither is freed, as in the feature lists of a host.
+  static void* takeRoom() {
+    static std::vector<void*>& rooms = *new std::vector<void*>;
+    return rooms.emplace_back(::operator new(sizeof(DriverFeatureOption)));
+  }
 
   std::vector<std::string> takeEvents() { return host_.takeEvents(); }
 
