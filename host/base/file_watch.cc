@@ -54,7 +54,19 @@ Result<> FileWatch::addFile(const std::string& path) {
   const std::string folder = folderOf(path);
   if (addFolder(folder) == -1) return notWatched(folder);
   watched_.push_back({{folder, std::filesystem::path(path).filename().string(), ""}, true});
+  files_.insert(path);
+  addTarget(path);
   return {};
+}
+
+// Where an editor writes through a link, only the other folder notices.
+void FileWatch::addTarget(const std::string& link) {
+  std::error_code error;
+  if (!std::filesystem::is_symlink(link, error)) return;
+  const std::filesystem::path target = std::filesystem::weakly_canonical(link, error);
+  if (error || !targets_.insert(target.string()).second) return;
+  const std::string folder = folderOf(target);
+  if (addFolder(folder) != -1) watched_.push_back({{folder, target.filename().string(), ""}, true});
 }
 
 Result<> FileWatch::addFiles(const FilePattern& pattern) {
@@ -81,7 +93,7 @@ bool FileWatch::takeChanges() {
   while (true) {
     const ssize_t count = ::read(descriptor_, buffer.data(), buffer.size());
     if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return isChanged;
+    if (count <= 0) break;
     for (std::size_t at = 0; at < static_cast<std::size_t>(count);) {
       const auto* event = reinterpret_cast<const inotify_event*>(buffer.data() + at);
       const bool isLost = (event->mask & IN_Q_OVERFLOW) != 0;  // Anything may have happened.
@@ -91,6 +103,10 @@ bool FileWatch::takeChanges() {
       at += sizeof *event + event->len;
     }
   }
+  if (isChanged) {
+    for (const std::string& file : files_) addTarget(file);
+  }
+  return isChanged;
 }
 
 bool FileWatch::isAboutWatched(int folder, unsigned mask, const std::string& name) {

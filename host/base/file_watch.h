@@ -37,8 +37,9 @@ class FileWatch {
   FileWatch(const FileWatch&) = delete;
   FileWatch& operator=(const FileWatch&) = delete;
 
-  // Watches a file, or all those that fit. The folder of a pattern may come later;
-  // the folder that it is in has to exist. Problem: this folder cannot be watched.
+  // Watches a file, or all those that fit; of a file that is a link, the file that it
+  // leads to as well. The folder of a pattern may come later; the folder that it is in
+  // has to exist. Problem: this folder cannot be watched.
   Result<> addFile(const std::string& path);
   Result<> addFiles(const FilePattern& pattern);
 
@@ -65,10 +66,13 @@ class FileWatch {
 
   int addFolder(const std::string& folder);  // -1, with errno set, on failure.
   void addAllFolders();
+  void addTarget(const std::string& link);
   bool isAboutWatched(int folder, unsigned mask, const std::string& name);
 
   int descriptor_;
   std::vector<Watched> watched_;
+  std::set<std::string> files_;                   // As they were added,
+  std::set<std::string> targets_;                 // and what those that are links have led to.
   std::map<int, std::set<std::string>> folders_;  // The spellings of each watched one.
 };
 

@@ -61,6 +61,25 @@ TEST_F(FileWatchTest, TakeChanges_FileIsWrittenReplacedOrRemoved_IsAChangeOnce) 
   EXPECT_TRUE(watch_.takeChanges());
 }
 
+TEST_F(FileWatchTest, TakeChanges_WrittenThroughALink_IsAChange) {
+  for (const char* name : {"first", "second"}) fs::create_directory(path(name));
+  put("first/real.xml");
+  fs::create_symlink("first/real.xml", path("a.xml"));
+  ASSERT_EQ(problemText(watch_.addFile(path("a.xml"))), "");
+  put("first/real.xml");
+  EXPECT_TRUE(watch_.takeChanges());
+  put("first/new");
+  fs::rename(path("first/new"), path("first/real.xml"));
+  EXPECT_TRUE(watch_.takeChanges());
+  put("second/real.xml");
+  EXPECT_FALSE(watch_.takeChanges());
+  fs::create_symlink("second/real.xml", path("new"));
+  fs::rename(path("new"), path("a.xml"));
+  EXPECT_TRUE(watch_.takeChanges());
+  put("second/real.xml");
+  EXPECT_TRUE(watch_.takeChanges());
+}
+
 TEST_F(FileWatchTest, TakeChanges_OtherNames_AreNoChange) {
   ASSERT_EQ(problemText(watch_.addFile(path("a.xml"))), "");
   watchFiles(".", "a.", ".po");
