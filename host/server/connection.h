@@ -58,6 +58,8 @@ class Connection final {
   bool isIdle() const { return phase_ == Phase::kIdle; }
 
  private:
+  static constexpr std::size_t kPiece = 16384;  // Fits into a socket at once.
+
   enum class Phase {
     kIdle,
     kHandshake,
@@ -74,6 +76,7 @@ class Connection final {
   void proceed();
   bool step();
   bool readHead();
+  bool readFields(std::string resource, http_state_t state);
   bool route(http_state_t state);
   bool respondToOptions();
   void beginEncryption();

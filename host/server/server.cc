@@ -19,6 +19,7 @@ namespace driver_feature::host {
 namespace {
 
 constexpr int kWaitingClients = 128;
+constexpr EventLoop::Milliseconds kRest{100};
 
 bool isAddress(const std::string& name) {
   std::array<unsigned char, sizeof(in6_addr)> bytes{};
@@ -95,6 +96,7 @@ Server::Server(EventLoop& loop, const Limits& limits, Handler handler)
 }
 
 Server::~Server() {
+  if (rest_) loop_.cancel(*rest_);
   connections_.clear();
   for (const int listener : listeners_) {
     loop_.forget(listener);
@@ -165,9 +167,18 @@ void Server::finish(RequestNumber request) {
 }
 
 void Server::accept(int listener) {
+  if (rest_) return;
   auto relay = Relay::accept(listener);
-  // The client may have gone again.
-  if (!relay) return;
+  // The client may have gone again; or there are too many open files, and it still
+  // waits.
+  if (!relay) {
+    takeClients(false);
+    rest_ = loop_.after(kRest, [this] {
+      rest_.reset();
+      takeClients(connections_.size() < limits_.connections);
+    });
+    return;
+  }
   const RequestNumber number = ++lastNumber_;
   connections_.emplace(
       number, std::make_unique<Connection>(
@@ -186,13 +197,16 @@ void Server::makeRoom() {
     remove(number);
     return;
   }
-  for (const int listener : listeners_) loop_.change(listener, 0);
+  takeClients(false);
+}
+
+void Server::takeClients(bool isWilling) {
+  for (const int listener : listeners_) loop_.change(listener, isWilling ? POLLIN : 0);
 }
 
 void Server::remove(RequestNumber number) {
   connections_.erase(number);
-  if (connections_.size() >= limits_.connections) return;
-  for (const int listener : listeners_) loop_.change(listener, POLLIN);
+  if (!rest_) takeClients(connections_.size() < limits_.connections);
 }
 
 }  // namespace driver_feature::host

@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -67,6 +68,7 @@ class Server {
  private:
   void accept(int listener);
   void makeRoom();
+  void takeClients(bool isWilling);
   void remove(RequestNumber number);
 
   EventLoop& loop_;
@@ -81,6 +83,7 @@ class Server {
   std::vector<std::string> places_;
   std::map<RequestNumber, std::unique_ptr<Connection>> connections_;
   RequestNumber lastNumber_ = 0;
+  std::optional<EventLoop::Timer> rest_;  // Until clients are taken again.
 };
 
 }  // namespace driver_feature::host

@@ -3,12 +3,14 @@
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <array>
 #include <atomic>
 #include <chrono>
+#include <ctime>
 #include <string>
 #include <thread>
 
@@ -285,6 +287,25 @@ TEST_F(ServerTest, Clients_MoreThanAllowed_IdleOnesMakeRoom) {
   second.send("GET /a HTTP/1.1\r\n" + kHost + "\r\n");
   EXPECT_EQ(brief(second.receiveUpTo("page /a")), "200 OK: page /a");
   EXPECT_EQ(first.receiveUpTo("x"), "(end)");
+}
+
+TEST_F(ServerTest, Client_NoFileDescriptorIsLeft_WaitsForOneAtRest) {
+  start();
+  rlimit before{};
+  ::getrlimit(RLIMIT_NOFILE, &before);
+  const int next = ::dup(STDIN_FILENO);
+  ::close(next);
+  rlimit few = before;
+  few.rlim_cur = static_cast<rlim_t>(next) + 1;  // The client's own.
+  ::setrlimit(RLIMIT_NOFILE, &few);
+  Client client(port_);
+  client.send("GET /a HTTP/1.1\r\n" + kHost + "\r\n");
+  const std::clock_t start = std::clock();
+  std::this_thread::sleep_for(milliseconds(250));
+  const std::clock_t worked = std::clock() - start;
+  ::setrlimit(RLIMIT_NOFILE, &before);
+  EXPECT_LT(worked, CLOCKS_PER_SEC / 10);
+  EXPECT_EQ(brief(client.receiveUpTo("page /a")), "200 OK: page /a");
 }
 
 TEST_F(ServerTest, Requests_ThatAreNotTaken_HaveAStatus) {
