@@ -50,10 +50,10 @@ std::string changesOf(const Counts& counts) {
 
 void printJudged(const Judging& judging) {
   row("judged by z3: resolutions", judging.samples());
-  row("of these mended, with the least number of changes", judging.mended());
+  row("of these resolved, with the least number of changes", judging.mended());
   row("of these impossible, explained by rules none of which can be spared", judging.impossible());
   row("of these possible with other hardware, the least of it", judging.withHardware());
-  row("z3 says something else", static_cast<long>(judging.wrong().size()));
+  row("z3 disagrees", static_cast<long>(judging.wrong().size()));
   for (const std::string& line : judging.wrong()) std::cerr << line << '\n';
 }
 
@@ -73,9 +73,10 @@ void printReport(Counts& counts, const Judging* judging) {
   row("verdicts at random choices", counts.vectorVerdicts);
   row("other verdict than the other side", counts.vectorsDiffer);
   row("choices in conflict", counts.conflicts);
-  row("mended", counts.mended, grouped(counts.peerMended));
+  row("resolved", counts.mended, grouped(counts.peerMended));
   row("missed although there is a way", counts.peerOnly, grouped(counts.peerMissed));
-  row("mended, but still in conflict", counts.stillInConflict, grouped(counts.peerStillInConflict));
+  row("resolved, but still in conflict", counts.stillInConflict,
+      grouped(counts.peerStillInConflict));
   row("more changes than needed", 0, grouped(counts.peerChangesMore));
   row("number of changes", changesOf(counts));
   row("impossible with this hardware", counts.impossible);
