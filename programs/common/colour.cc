@@ -26,7 +26,7 @@ host::Result<bool> wantsColour(const std::string& when) {
   if (when == "always") return true;
   if (when == "never") return false;
   if (when != "auto") {
-    return host::refused("--color: \"" + when + "\" is not a time; give auto, always or never");
+    return host::refused("--color: \"" + when + "\" is unknown; give auto, always or never");
   }
   return terminalWantsColour();
 }

@@ -16,8 +16,7 @@ inline constexpr ArgumentRow kAllowanceRow = {
     "--allow-control-characters", "", "Accept values that can end the printer command around them"};
 
 inline constexpr ArgumentRow kShowSecretsRow = {
-    "--show-secrets", "",
-    "Show values of features marked Encrypted, which otherwise are shown as ****"};
+    "--show-secrets", "", "Show values of features marked Encrypted instead of ****"};
 
 inline constexpr ArgumentRow kResolveRow = {
     "--resolve", "",
@@ -28,8 +27,7 @@ inline constexpr ArgumentRow kIgnoreRulesRow = {
 
 inline constexpr std::array kChangeRows = {
     ArgumentRow{"--preset", "PRESET",
-                "Set what a preset of the description sets, before all other settings; may be "
-                "repeated",
+                "Apply a preset of the description, before all other settings; may be repeated",
                 kRepeats},
     ArgumentRow{"--settings", "FILE", "Load a settings file before any -o is set; may be repeated",
                 kRepeats},

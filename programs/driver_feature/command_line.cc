@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char* kSummary =
     "Loads the feature description of a printer driver, shows its features, and\n"
-    "writes printer-ready output of them.";
+    "writes their printer-ready output.";
 
 constexpr const char* kFooter =
     "Examples:\n"

@@ -17,8 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kFooter =
-    "Prints the address of the page, which only this machine can reach, and which\n"
-    "nobody can guess. The page follows the description, and the files beside it,\n"
+    "Prints the address of the page, which can be reached from this machine only and\n"
+    "cannot be guessed. The page follows the description, and the files beside it,\n"
     "whenever they are saved. Ctrl-C ends the program.\n"
     "\n"
     "Examples:\n"
@@ -37,7 +37,7 @@ struct Words {
 };
 
 void addOptions(CLI::App& app, Words& words) {
-  app.add_option("--port", words.port, "Serve the page at this port; otherwise at a free one")
+  app.add_option("--port", words.port, "Serve the page on this port; by default a free one")
       ->check(CLI::Range(0, 65535))
       ->type_name("NUMBER");
   app.add_option("--library", words.library, "The feature library to load")->type_name("PATH");
@@ -46,8 +46,7 @@ void addOptions(CLI::App& app, Words& words) {
       ->type_name("LIB.so")
       ->allow_extra_args(false);
   CLI::Option* open = app.add_flag("--open", words.opens, "Show the page in the browser");
-  app.add_flag("--no-open", words.opensNot, "Only print its address, as without --open")
-      ->excludes(open);
+  app.add_flag("--no-open", words.opensNot, "Only print its address; the default")->excludes(open);
   app.add_option("DESC", words.description, "The feature description, an XML file")
       ->type_name("FILE");
 }
@@ -59,7 +58,7 @@ host::Result<Arguments> argumentsOf(const Words& words) {
         "a feature description is needed; driver-feature-preview --help explains the usage");
   }
   if (file == "-") {
-    return host::refused("the page follows a file, and this is standard input; give a file");
+    return host::refused("standard input (\"-\") cannot be followed; give a file");
   }
   std::error_code ignored;
   if (fs::is_directory(file, ignored)) {
@@ -81,7 +80,7 @@ host::Result<Arguments> argumentsOf(const Words& words) {
 
 host::Result<Line> readLine(int argc, const char* const* argv) {
   Words words;
-  CLI::App app("Show a feature description as a print dialog, and what comes out of it",
+  CLI::App app("Show a feature description as a print dialog, with its output",
                "driver-feature-preview");
   app.footer(kFooter);
   addOptions(app, words);

@@ -27,8 +27,8 @@ constexpr const char* kFooter =
     "  driver-feature-printer --device socket://printer.example office=office_laser.xml\n"
     "  lpadmin -p office -E -v ipp://localhost:8631/ipp/print/office -m everywhere\n"
     "\n"
-    "Exit status: 0 after SIGTERM or SIGINT, 1 no printer could be made or the server\n"
-    "not started, 2 wrong usage.";
+    "Exit status: 0 after SIGTERM or SIGINT, 1 no printer could be created or the\n"
+    "server not started, 2 wrong usage.";
 
 struct Words {
   std::vector<std::string> listen, hosts, callbacks, printers, hardware;
@@ -46,7 +46,7 @@ void addOptions(CLI::App& app, Words& words) {
                          "Listen here; by default 127.0.0.1:8631. May be repeated"),
           "ADDRESS:PORT");
   repeats(app.add_option("--host", words.hosts,
-                         "Clients may also call this machine so. May be repeated"),
+                         "Another name by which clients address this machine. May be repeated"),
           "NAME");
   app.add_option("--spool", words.spool, "Keep the jobs in this folder")->type_name("DIR");
   app.add_option("--device", words.device,
@@ -55,11 +55,11 @@ void addOptions(CLI::App& app, Words& words) {
       ->type_name("URI");
   app.add_option("--tls", words.tls,
                  "Encryption: never, offered or required; by default it is offered unless all "
-                 "addresses are of the loopback")
+                 "addresses are on the loopback interface")
       ->check(CLI::IsMember({"never", "offered", "required"}))
       ->type_name("USE");
   app.add_option("--certificate", words.certificate,
-                 "The certificate for it, in PEM; by default one is made")
+                 "The certificate for it, in PEM; by default one is created")
       ->type_name("FILE");
   app.add_option("--key", words.key, "The certificate's key, in PEM")->type_name("FILE");
   app.add_option("--library", words.library, "The feature library to load")->type_name("PATH");
@@ -70,14 +70,14 @@ void addOptions(CLI::App& app, Words& words) {
                          "What is built into a printer, such as office:Finisher=Installed; it is "
                          "kept with the jobs. May be repeated"),
           "PRINTER:FEATURE=CHOICE");
-  app.add_option("--connections", words.connections, "Most clients at a time")
+  app.add_option("--connections", words.connections, "Maximum number of clients at a time")
       ->check(CLI::Range(1, 10000))
       ->type_name("NUMBER");
-  app.add_option("--keep", words.keep, "Remember so many jobs that are over")
+  app.add_option("--keep", words.keep, "Remember this many finished jobs")
       ->check(CLI::Range(1, 100000))
       ->type_name("NUMBER");
-  app.add_flag("--no-dns-sd", words.isSilent, "Do not announce the printers in the network");
-  app.add_option("PRINTER", words.printers, "A printer and the description it is made of")
+  app.add_flag("--no-dns-sd", words.isSilent, "Do not announce the printers on the network");
+  app.add_option("PRINTER", words.printers, "A printer, and its description")
       ->type_name("NAME=DESCRIPTION.xml...");
 }
 
@@ -103,7 +103,7 @@ host::Result<PrinterArgument> printerOf(const std::string& word) {
   const std::size_t equals = word.find('=');
   if (equals == std::string::npos || equals + 1 == word.size()) {
     return host::refused("the printer " + host::inQuotes(word) +
-                         " names no description; give NAME=DESCRIPTION.xml");
+                         " has no description; give NAME=DESCRIPTION.xml");
   }
   const std::string name = word.substr(0, equals);
   if (!isPrinterName(name)) {
@@ -142,14 +142,14 @@ host::Result<> takeHardware(const std::vector<std::string>& words, ServiceArgume
     const std::size_t equals = word.find('=', colon == std::string::npos ? 0 : colon);
     if (colon == std::string::npos || equals == std::string::npos || equals == colon + 1) {
       return host::refused("--set " + host::inQuotes(word) +
-                           " says nothing; give PRINTER:FEATURE=CHOICE");
+                           " is incomplete; give PRINTER:FEATURE=CHOICE");
     }
     const std::string name = word.substr(0, colon);
     const auto printer =
         std::find_if(arguments.printers.begin(), arguments.printers.end(),
                      [&name](const PrinterArgument& one) { return one.name == name; });
     if (printer == arguments.printers.end()) {
-      return host::refused("--set " + host::inQuotes(word) + " is for a printer that is not given");
+      return host::refused("--set " + host::inQuotes(word) + " names a printer that is not given");
     }
     printer->hardware.push_back(
         {word.substr(colon + 1, equals - colon - 1), word.substr(equals + 1)});
@@ -188,7 +188,7 @@ host::Result<ServiceArguments> argumentsOf(const Words& words) {
   arguments.isAnnounced = !words.isSilent;
   arguments.spool = words.spool.empty() ? defaultSpool() : words.spool;
   if (arguments.spool.empty())
-    return host::refused("no folder for the jobs is known; give --spool");
+    return host::refused("there is no folder for the jobs; give --spool");
   arguments.device = words.device;
   arguments.library = words.library.empty() ? "" : fs::absolute(words.library).string();
   for (const std::string& file : words.callbacks) {
@@ -215,7 +215,7 @@ bool isPrinterName(const std::string& name) {
 
 host::Result<Line> readLine(int argc, const char* const* argv) {
   Words words;
-  CLI::App app("Make printers of feature descriptions, for every client that speaks IPP",
+  CLI::App app("Turn feature descriptions into printers for every IPP client",
                "driver-feature-printer");
   app.footer(kFooter);
   addOptions(app, words);

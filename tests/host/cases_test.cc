@@ -197,7 +197,7 @@ TEST_F(CasesTest, Update_FileCannotBeWritten_WritesNone) {
 class NewTest : public ProgramTest {};
 
 TEST_F(NewTest, New_Name_WritesAFolderWhoseCasesHoldWithoutTheRoutine) {
-  EXPECT_EQ(run({"new", "desk-2"}), success("wrote desk-2; its README.md says how to go on\n"));
+  EXPECT_EQ(run({"new", "desk-2"}), success("wrote desk-2; its README.md has the next steps\n"));
   EXPECT_EQ(fileNames(), std::vector<std::string>{"desk-2"});
   std::vector<std::string> files;
   for (const auto& entry : fs::directory_iterator(folder() / "desk-2")) {

@@ -24,7 +24,7 @@ const std::string kFaulty =
     "  </Feature>\n"
     "</FeatureDescription>";
 
-const std::string kMended =
+const std::string kFixed =
     "<FeatureDescription>\n"
     "  <BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'\n"
     "                   LoadVORNCallbackHandler='DriverFeatureHostLoad'/>\n"
@@ -62,35 +62,35 @@ TEST_F(CheckFixTest, Fix_SureFaults_AreADiff) {
                        "   </Feature>\n"
                        " </FeatureDescription>\n"
                        "\\ No newline at end of file\n",
-                       "driver-feature: 6 findings in 1 file would be mended; --fix --write does "
-                       "it\n"}));
+                       "driver-feature: 6 findings in 1 file can be fixed; --fix --write makes the "
+                       "changes\n"}));
   EXPECT_EQ(read("d.xml"), kFaulty);
 }
 
-TEST_F(CheckFixTest, Fix_Diff_IsWhatPatchMakesTheMendedFileOf) {
+TEST_F(CheckFixTest, Fix_Diff_PatchMakesTheFixedFile) {
   write("d.diff", run({"check", "d.xml", "--fix"}).output);
   ASSERT_EQ(runIn(folder(), "/usr/bin/patch", {"-s", "-p0", "-i", "d.diff"}).status, 0);
-  EXPECT_EQ(read("d.xml"), kMended);
+  EXPECT_EQ(read("d.xml"), kFixed);
 }
 
-TEST_F(CheckFixTest, Fix_Write_MendsTheFileKeepsItsModeAndReportsTheRest) {
+TEST_F(CheckFixTest, Fix_Write_FixesTheFileKeepsItsModeAndReportsTheRest) {
   write("marked.xml", "\xEF\xBB\xBF" + kFaulty);
   ASSERT_EQ(::chmod((folder() / "d.xml").c_str(), 0640), 0);
   EXPECT_EQ(run({"check", "d.xml", "marked.xml", "--fix", "--write"}),
             (RunResult{0, "2 files checked: 0 errors, 0 warnings\n",
-                       "driver-feature: 12 findings mended in 2 files\n"}));
-  EXPECT_EQ(read("d.xml"), kMended);
-  EXPECT_EQ(read("marked.xml"), "\xEF\xBB\xBF" + kMended);
+                       "driver-feature: 12 findings fixed in 2 files\n"}));
+  EXPECT_EQ(read("d.xml"), kFixed);
+  EXPECT_EQ(read("marked.xml"), "\xEF\xBB\xBF" + kFixed);
   struct stat status {};
   ASSERT_EQ(::stat((folder() / "d.xml").c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 07777U, 0640U);
   EXPECT_EQ(run({"check", "d.xml", "--fix"}),
             (RunResult{0, "",
-                       "driver-feature: there is nothing to mend surely; check without --fix shows "
+                       "driver-feature: no finding has a safe fix; check without --fix shows "
                        "all findings\n"}));
 }
 
-TEST_F(CheckFixTest, Fix_OneFileCannotBeWritten_LeavesAllAsTheyAre) {
+TEST_F(CheckFixTest, Fix_OneFileCannotBeWritten_ChangesNone) {
   write("e.xml", kFaulty);
   std::filesystem::create_symlink("e.xml", folder() / "same.xml");
   EXPECT_EQ(run({"check", "d.xml", "e.xml", "same.xml", "--fix", "--write"}),
@@ -101,14 +101,14 @@ TEST_F(CheckFixTest, Fix_OneFileCannotBeWritten_LeavesAllAsTheyAre) {
   EXPECT_EQ(read("e.xml"), kFaulty);
 }
 
-TEST_F(CheckFixTest, Fix_Selection_MendsOnlyThat) {
+TEST_F(CheckFixTest, Fix_Selection_FixesOnlyThat) {
   run({"check", "d.xml", "--fix", "--write", "--select", "DF302"});
   std::string expected = kFaulty;
   expected.replace(expected.find("'Uper'"), 6, "'Upper'");
   EXPECT_EQ(read("d.xml"), expected);
 }
 
-TEST_F(CheckFixTest, Fix_WhatIsNotSure_IsLeft) {
+TEST_F(CheckFixTest, Fix_UnsafeFix_IsNotMade) {
   const std::string text =
       "<FeatureDescription>\n"
       "<BaseFeatureInfo DefaultCallbackHandler='DriverFeatureHostUpdate'/>\n"
@@ -121,14 +121,13 @@ TEST_F(CheckFixTest, Fix_WhatIsNotSure_IsLeft) {
   EXPECT_EQ(read("d.xml"), text);
 }
 
-TEST_F(CheckFixTest, Fix_OtherEncoding_IsLeftWithAReason) {
+TEST_F(CheckFixTest, Fix_OtherEncoding_IsNotChangedAndSaysWhy) {
   const std::string text = "<?xml version='1.0' encoding='ISO-8859-1'?>\n<!-- \xE4 -->" + kFaulty;
   write("d.xml", text);
-  EXPECT_EQ(
-      run({"check", "d.xml", "--fix"}).errors,
-      "driver-feature: d.xml: is not UTF-8 and is left as it is; save it as UTF-8 to mend it\n"
-      "driver-feature: there is nothing to mend surely; check without --fix shows all "
-      "findings\n");
+  EXPECT_EQ(run({"check", "d.xml", "--fix"}).errors,
+            "driver-feature: d.xml: is not UTF-8 and is not changed; save it as UTF-8 to fix it\n"
+            "driver-feature: no finding has a safe fix; check without --fix shows all "
+            "findings\n");
 }
 
 // Waits until the file has so many lines that end a report; 10 seconds at most.
@@ -185,7 +184,7 @@ class CheckWatchTest : public CheckFixTest {
 TEST_F(CheckWatchTest, Watch_FileIsSavedInPlaceAndByRenaming_ChecksAgainUntilInterrupted) {
   start();
   expectReport(1, false);
-  write("d.xml", kMended);
+  write("d.xml", kFixed);
   expectReport(2, true);
   write("other.xml", kFaulty);
   write("new.xml", kFaulty);
@@ -194,7 +193,7 @@ TEST_F(CheckWatchTest, Watch_FileIsSavedInPlaceAndByRenaming_ChecksAgainUntilInt
 }
 
 TEST_F(CheckWatchTest, Watch_FilesBesideComeAndGo_ChecksAgain) {
-  write("d.xml", kMended);
+  write("d.xml", kFixed);
   start();
   expectReport(1, true);
   write("d.rules.xml", "<FeatureRules><Hardware Feature='Unknown'/></FeatureRules>");

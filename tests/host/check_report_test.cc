@@ -144,7 +144,7 @@ TEST_F(CheckReportTest, Check_WrongUsage_SaysWhatToGive) {
   const std::pair<std::vector<std::string>, std::string> rows[] = {
       {{"d.xml", "--format", "xml"},
        "--format: there is no format \"xml\"; give text, json, sarif or github"},
-      {{"d.xml", "--color", "red"}, "--color: \"red\" is not a time; give auto, always or never"},
+      {{"d.xml", "--color", "red"}, "--color: \"red\" is unknown; give auto, always or never"},
       {{"d.xml", "--select", "DF3,XX"},
        "--select: no code begins with \"XX\"; --explain all lists the codes"},
       {{"d.xml", "--ignore", ""},

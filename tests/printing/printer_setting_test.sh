@@ -119,7 +119,7 @@ stopPrinter
 # Encryption.
 start --tls required
 here=127.0.0.1:$printerPort
-expect "a page in the clear" "426 Upgrade Required" "$(curl -s "http://$here/")"
+expect "an unencrypted page" "426 Upgrade Required" "$(curl -s "http://$here/")"
 curl -sk "https://$here/" | grep -q '/ipp/print/office' || fail "no encrypted page"
 ipptool -tv "ipps://127.0.0.1:$printerPort/ipp/print/office" get-printer-attributes.test \
   >"$folder/reply" || fail "no encrypted attributes:" "$(<"$folder/reply")"
@@ -139,7 +139,7 @@ ipptool -E -tv "ipp://127.0.0.1:$printerPort/ipp/print/office" get-printer-attri
 replied "printer-more-info (uri) = https://"
 stopPrinter
 
-# Words that are wrong.
+# Wrong arguments.
 # wrong MESSAGE ARGUMENT...
 wrong() {
   local message=$1 status=0
@@ -150,8 +150,8 @@ wrong() {
   replied "$message"
   [ "$status" -ne 0 ] || fail "the status is 0 with $*"
 }
-wrong '--set "offce:A=B" is for a printer that is not given' --set offce:A=B
-wrong '--set "A=B" says nothing; give PRINTER:FEATURE=CHOICE' --set A=B
+wrong '--set "offce:A=B" names a printer that is not given' --set offce:A=B
+wrong '--set "A=B" is incomplete; give PRINTER:FEATURE=CHOICE' --set A=B
 wrong 'a certificate needs its key; give both --certificate and --key' --key own.key
 wrong 'office: "PageSize" is nothing that is built into the printer; there is InstalledDuplexUnit, InstalledFinisher' \
   --set office:PageSize=A4

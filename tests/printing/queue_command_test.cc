@@ -102,9 +102,9 @@ TEST_F(QueueCommandTest, PpdThatLibcupsCannotUse_IsNotWritten) {
   EXPECT_EQ(
       queue({"office.xml", "--ppd", "odd.ppd", "--output", "queue.ppd"}),
       failure(2,
-              "driver-feature: odd.ppd: libcups cannot use the queue's PPD that would be made "
-              "of it: it finds filters that are not the queue's; nothing is written; correct "
-              "the PPD (cupstestppd explains more)\n"));
+              "driver-feature: odd.ppd: libcups could not use the queue's PPD: it finds filters "
+              "that are not the queue's; nothing is written; correct the PPD (cupstestppd "
+              "explains more)\n"));
   EXPECT_EQ(read("queue.ppd"), "before");
 }
 

@@ -22,15 +22,15 @@ constexpr const char* kFooter =
     "shows what a code means. \"-\" is standard input. Routines are searched for in the\n"
     "program and in the libraries given with --callbacks.\n"
     "\n"
-    "--fix shows as a diff what surely mends a fault: names that are one letter away\n"
-    "from the only one that fits, and missing line ends. --fix --write makes these\n"
-    "changes, in all files or in none. --watch checks again each time a file is saved.\n"
+    "--fix shows safe fixes as a diff: names that are one letter away from the only one\n"
+    "that fits, and missing line ends. --fix --write makes these changes, in all files\n"
+    "or in none. --watch checks again each time a file is saved.\n"
     "\n"
     "Rules, texts, presets, panels and media sizes, in the file or beside it, are\n"
     "checked as well; findings in a file beside name that file, which --watch follows\n"
     "as well.\n"
     "\n"
-    "A comment allows a code in the element after it and all that is inside:\n"
+    "A comment allows a code in the element after it and everything inside:\n"
     "  <!-- driver-feature: allow DF303: the first tray is always there -->\n"
     "\n"
     "Examples:\n"
@@ -44,20 +44,20 @@ constexpr const char* kFooter =
 
 constexpr std::array kRows = {
     ArgumentRow{"DESC", "FILE", "The feature descriptions, XML files", kRepeats},
-    ArgumentRow{"--format", "FORMAT", "Print text, json, sarif or github; otherwise text"},
+    ArgumentRow{"--format", "FORMAT", "Print text, json, sarif or github; by default text"},
     ArgumentRow{"--json", "", "The same as --format json", kOptional, "--format"},
     ArgumentRow{"--color", "WHEN",
-                "Use colours always or never; otherwise (auto) on a terminal, unless NO_COLOR is "
+                "Use colours always or never; by default (auto) on a terminal, unless NO_COLOR is "
                 "set"},
-    ArgumentRow{"--select", "CODE,...", "Report these codes, or those that begin so, only",
+    ArgumentRow{"--select", "CODE,...", "Report only these codes; DF3 means all that begin with it",
                 kRepeats},
-    ArgumentRow{"--ignore", "CODE,...", "Do not report these codes, or those that begin so",
-                kRepeats},
+    ArgumentRow{"--ignore", "CODE,...",
+                "Do not report these codes; DF3 means all that begin with it", kRepeats},
     ArgumentRow{"--language", "LANGUAGE",
-                "Report the texts that this language lacks, such as de, as an error"},
+                "Report missing texts in this language, such as de, as an error"},
     ArgumentRow{"--strict", "", "Treat warnings as errors"},
-    ArgumentRow{"--explain", "CODE", "Explain a code of a finding, or all of them"},
-    ArgumentRow{"--fix", "", "Show what surely mends faults, as a diff", kOptional, "--json"},
+    ArgumentRow{"--explain", "CODE", "Explain the code of a finding, or \"all\" codes"},
+    ArgumentRow{"--fix", "", "Show safe fixes as a diff", kOptional, "--json"},
     ArgumentRow{"--write", "", "With --fix: make these changes"},
     ArgumentRow{"--watch", "", "Check again when a file changes, until Ctrl-C", kOptional, "--fix"},
 };

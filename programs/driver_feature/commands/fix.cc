@@ -70,7 +70,7 @@ host::Result<std::vector<MendedFile>> mendAll(const CheckRequest& request,
     const long fixes = countFixes(report.findings);
     if (fixes == 0) continue;
     if (!report.isUtf8) {
-      printError(report.file + ": is not UTF-8 and is left as it is; save it as UTF-8 to mend it");
+      printError(report.file + ": is not UTF-8 and is not changed; save it as UTF-8 to fix it");
       continue;
     }
     const std::string fixed = report.mark + applyFixes(report.source, report.findings);
@@ -79,7 +79,7 @@ host::Result<std::vector<MendedFile>> mendAll(const CheckRequest& request,
     if (*better) {
       mended.push_back({report.file, report.mark + report.source, fixed, fixes});
     } else {
-      printError(report.file + ": the changes would not mend it, and it is left as it is");
+      printError(report.file + ": the fixes would not improve it, and it is not changed");
     }
   }
   return mended;
@@ -94,12 +94,12 @@ host::Result<int> printDiffs(const std::vector<MendedFile>& mended) {
   }
   return host::writeToStandardOutput(text).map([&] {
     if (mended.empty()) {
-      printError("there is nothing to mend surely; check without --fix shows all findings");
+      printError("no finding has a safe fix; check without --fix shows all findings");
       return kSuccess;
     }
     printError(host::counted(fixes, "finding") + " in " +
                host::counted(static_cast<long>(mended.size()), "file") +
-               " would be mended; --fix --write does it");
+               " can be fixed; --fix --write makes the changes");
     return kFailure;
   });
 }
@@ -119,7 +119,7 @@ host::Result<int> fixFiles(const CheckRequest& request, bool write) {
     fixes += file.fixes;
   }
   if (host::Result<> written = writeAllOutputs(outputs); !written) return failureOf(written);
-  printError(host::counted(fixes, "finding") + " mended in " +
+  printError(host::counted(fixes, "finding") + " fixed in " +
              host::counted(static_cast<long>(mended->size()), "file"));
   return checkOnce(request);
 }

@@ -1,4 +1,4 @@
-// "check --fix": what surely mends faults.
+// "check --fix": the safe fixes of findings.
 #ifndef PROGRAMS_DRIVER_FEATURE_COMMANDS_FIX_H_
 #define PROGRAMS_DRIVER_FEATURE_COMMANDS_FIX_H_
 

@@ -19,8 +19,8 @@ constexpr const char* kFooter =
     "file, with .xml in place of .ppd or .ppd.gz, and written beside it or to the\n"
     "folder given with --output.\n"
     "\n"
-    "Its constraints become rules, its texts and translations texts, and the sizes of\n"
-    "its sheets media, all beside the features. What a description cannot hold is\n"
+    "Constraints become rules, texts and translations become texts, and sheet sizes\n"
+    "become media sizes, all beside the features. What a description cannot express is\n"
     "summed up on standard error (--verbose lists every item). With --strict, no\n"
     "description is written for a file that loses part of an option or a constraint.\n"
     "The loss of other keywords is not an error.\n"
@@ -38,7 +38,7 @@ constexpr std::array kRows = {
     ArgumentRow{"PPD", "FILE", "The PPD files, compressed with gzip or not", kRepeats},
     ArgumentRow{"--all", "DIR", "Import all PPD files of a folder and its folders"},
     ArgumentRow{"--output", "FILE",
-                "Write the description to this file; of several, the folder for them"},
+                "Write the description to this file; with several PPDs, to this folder"},
     ArgumentRow{"--strict", "", "Refuse a file that loses a part of an option or a constraint"},
 };
 
@@ -72,6 +72,6 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
 }  // namespace
 
 const CommandRow kImportCommand = {
-    "import", "Make feature descriptions of PPD files", kFooter, kRows, {}, &run};
+    "import", "Turn PPD files into feature descriptions", kFooter, kRows, {}, &run};
 
 }  // namespace driver_feature::cli

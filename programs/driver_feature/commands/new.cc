@@ -22,11 +22,11 @@ constexpr const char* kFooter =
     "  driver-feature new desk_printer --folder desk\n"
     "\n"
     "Exit status: 0 success, 1 the folder could not be written, 2 wrong usage or a\n"
-    "folder that exists already. Then nothing is written.";
+    "folder that exists already. On failure nothing is written.";
 
 constexpr std::array kRows = {
     ArgumentRow{"NAME", "TEXT", "The name of the driver", kRequired},
-    ArgumentRow{"--folder", "DIR", "Where to write; without it, a folder of the driver's name"},
+    ArgumentRow{"--folder", "DIR", "Where to write; by default a folder with the driver's name"},
 };
 
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& /*general*/) {
@@ -36,13 +36,13 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& /*
   if (!files) return failureOf(files);
   if (host::Result<> written = writeFolder(folder, *files); !written) return failureOf(written);
   const std::string text =
-      "wrote " + host::printable(folder) + "; its README.md says how to go on\n";
+      "wrote " + host::printable(folder) + "; its README.md has the next steps\n";
   return host::writeToStandardOutput(text).map([] { return kSuccess; });
 }
 
 }  // namespace
 
-const CommandRow kNewCommand = {"new", "Write a folder to begin a driver with", kFooter, kRows, {},
+const CommandRow kNewCommand = {"new", "Create a folder to start a driver from", kFooter, kRows, {},
                                 &run};
 
 }  // namespace driver_feature::cli

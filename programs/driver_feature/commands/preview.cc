@@ -17,10 +17,10 @@ namespace driver_feature::cli {
 namespace {
 
 constexpr const char* kFooter =
-    "The page shows the description as a print dialog would, and beside it what comes\n"
-    "out: PostScript, PJL, the job ticket, the log and a sample page. It changes with\n"
-    "each click, and whenever the description or a file beside it is saved. Only this\n"
-    "machine reaches it; its address is printed. Ctrl-C ends it.\n"
+    "The page shows the description as a print dialog, and beside it the output:\n"
+    "PostScript, PJL, the job ticket, the log and a sample page. It changes with each\n"
+    "click, and whenever the description or a file beside it is saved. Its address is\n"
+    "printed, and can be reached from this machine only. Ctrl-C ends it.\n"
     "\n"
     "The program driver-feature-preview does the work. It is searched for beside this\n"
     "one, and then in PATH.\n"
@@ -34,9 +34,9 @@ constexpr const char* kFooter =
 
 constexpr std::array kRows = {
     kDescriptionRow,
-    ArgumentRow{"--port", "N", "Serve the page at this port; otherwise at a free one"},
+    ArgumentRow{"--port", "N", "Serve the page on this port; by default a free one"},
     ArgumentRow{"--open", "", "Show the page in the browser"},
-    ArgumentRow{"--no-open", "", "Only print its address, as without --open", kOptional, "--open"},
+    ArgumentRow{"--no-open", "", "Only print its address; the default", kOptional, "--open"},
 };
 
 constexpr const char* kProgram = "driver-feature-preview";
@@ -77,7 +77,7 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
 }  // namespace
 
 const CommandRow kPreviewCommand = {
-    "preview", "Show a description as a print dialog in the browser, and what comes out of it",
+    "preview", "Show a description as a print dialog in the browser, with its output",
     kFooter,   kRows,
     {},        &run};
 

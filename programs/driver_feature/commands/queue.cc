@@ -28,9 +28,9 @@ namespace fs = std::filesystem;
 constexpr const char* kFooter =
     "The print scheduler then runs driver-feature-filter for the jobs of the queue.\n"
     "With --ppd, the PPD is that file with the filter's lines added. Without, it is\n"
-    "made from the description: each visible feature that is a list or a number\n"
-    "becomes an option, rules become constraints, and texts and sizes of sheets come\n"
-    "with them. The libraries of the general options are written into the PPD.\n"
+    "generated from the description: each visible feature that is a list or a number\n"
+    "becomes an option, rules become constraints, and texts and sizes of sheets are\n"
+    "included. The libraries of the general options are written into the PPD.\n"
     "\n"
     "Examples:\n"
     "  driver-feature queue office.xml --output queue.ppd\n"
@@ -41,13 +41,13 @@ constexpr const char* kFooter =
 
 constexpr std::array kRows = {
     kDescriptionRow,
-    ArgumentRow{"--ppd", "FILE", "The printer's PPD, of which the description was made"},
+    ArgumentRow{"--ppd", "FILE", "The printer's PPD, from which the description was imported"},
     ArgumentRow{"--output", "FILE", "Write the PPD to this file"},
     ArgumentRow{"--name", "TEXT",
-                "The printer's name in a PPD made without --ppd; by default the description's",
+                "The printer's name in a PPD without --ppd; by default the description's",
                 kOptional, "--ppd"},
     ArgumentRow{"--default-for-refused", "",
-                "Print a job with a refused value with the queue's default, instead of failing it"},
+                "Replace a refused value of a job with the queue's default, instead of failing it"},
     ArgumentRow{"--resolve", "",
                 "Change other features of a job, as few as possible, where a rule forbids values "
                 "together, instead of failing it"},
@@ -96,8 +96,8 @@ host::Failure refusePpd(const Arguments& arguments, const ppd::UnusablePpd& unus
   if (line > 0 && line <= origins.size() && origins[line - 1] > 0) {
     place += ":" + std::to_string(origins[line - 1]);
   }
-  return host::refused(place + ": libcups cannot use the queue's PPD that would be made of it: " +
-                       unusable.reason + "; nothing is written; " +
+  return host::refused(place + ": libcups could not use the queue's PPD: " + unusable.reason +
+                       "; nothing is written; " +
                        (isMade ? "give the printer's PPD with --ppd"
                                : "correct the PPD (cupstestppd explains more)"));
 }

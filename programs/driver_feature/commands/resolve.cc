@@ -24,8 +24,8 @@ using Kind = rules::Plan::Kind;
 
 constexpr const char* kFooter =
     "Shows which other features --resolve would change, and why. The newest value\n"
-    "stays, hardware is never changed, and the fewest others change. Nothing is\n"
-    "written.\n"
+    "stays, hardware is never changed, and as few others as possible change. Nothing\n"
+    "is written.\n"
     "\n"
     "Examples:\n"
     "  driver-feature resolve office.xml -o MediaType=Transparency\n"

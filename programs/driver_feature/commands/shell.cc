@@ -21,7 +21,7 @@ namespace driver_feature::cli {
 namespace {
 
 constexpr const char* kFooter =
-    "\"help\" in the shell lists its commands. Answers go to standard output; what a\n"
+    "\"help\" in the shell lists its commands. Results go to standard output; what a\n"
     "command causes (log lines, notifications, changes) goes to standard error.\n"
     "\n"
     "A script on standard input ends at its first refused line, with that line's\n"
@@ -116,6 +116,7 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
 }  // namespace
 
 const CommandRow kShellCommand = {
-    "shell", "Work on a description line by line, or by a script", kFooter, kRows, {}, &run, true};
+    "shell", "Work on a description line by line, or from a script", kFooter, kRows, {}, &run,
+    true};
 
 }  // namespace driver_feature::cli

@@ -23,9 +23,9 @@ constexpr const char* kFooter =
     "With NAME, one feature or group is shown in full: every property, the limits,\n"
     "the options with their commands, the routines, and the groups around it.\n"
     "\n"
-    "What people see is the text of the language, or of its first part (de of de-AT),\n"
-    "then that of the first language of the description, then the name. Values are set\n"
-    "by names.\n"
+    "With --language, the text of that language is shown, or that of its first part\n"
+    "(de for de-AT), else that of the first language of the description, else the name.\n"
+    "Values are still set by name.\n"
     "\n"
     "Examples:\n"
     "  driver-feature show office.xml\n"
@@ -44,7 +44,7 @@ constexpr std::array kRows = {
     ArgumentRow{"NAME", "TEXT", "One feature or group to show in full"},
     ArgumentRow{"--json", "", "Print a JSON document"},
     ArgumentRow{"--language", "LANGUAGE",
-                "Show what people see in this language, such as de, beside the names"},
+                "Show the texts of this language, such as de, beside the names"},
     ArgumentRow{"--presets", "", "Show the presets of the description"},
     kShowSecretsRow,
 };

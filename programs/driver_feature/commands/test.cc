@@ -33,8 +33,8 @@ constexpr const char* kFooter =
     "  Description=../printer.xml\n"
     "  Routines=../build/libprinter.so\n"
     "\n"
-    "Libraries given with --callbacks replace those. Refused settings are expected\n"
-    "messages like others, so that a case can show that a combination is refused.\n"
+    "Libraries given with --callbacks replace those. Refused settings are messages,\n"
+    "too, so a case can show that a combination is refused.\n"
     "\n"
     "Examples:\n"
     "  driver-feature test cases\n"
@@ -45,7 +45,8 @@ constexpr const char* kFooter =
 
 constexpr std::array kRows = {
     ArgumentRow{"FOLDER", "DIR", "A folder of cases", kRequired},
-    ArgumentRow{"--update", "", "Write what the cases write now as what is expected; all or none"},
+    ArgumentRow{"--update", "",
+                "Accept the present output as the expected one, in all cases or none"},
     kAllowanceRow,
 };
 
@@ -185,6 +186,8 @@ host::Result<int> run(const Arguments& arguments, const host::SessionRequest& ge
 }  // namespace
 
 const CommandRow kTestCommand = {
-    "test", "Compare a folder of cases with what is expected", kFooter, kRows, {}, &run};
+    "test",  "Run a folder of cases and compare their output with what is expected",
+    kFooter, kRows,
+    {},      &run};
 
 }  // namespace driver_feature::cli

@@ -66,7 +66,7 @@ TEST_F(LanguageServerTest, CodeAction_AtAFinding_MendsItAndAll) {
       R"({"changes":{"file:///a.xml":[{"newText":"Name","range":{"end":{"character":31,"line":0},)"
       R"("start":{"character":28,"line":0}}}]}})";
   EXPECT_EQ(actions[0]["edit"].dump(), edits);
-  EXPECT_EQ(actions[1]["title"], "Mend 1 fault of the description");
+  EXPECT_EQ(actions[1]["title"], "Fix 1 fault of the description");
   EXPECT_EQ(actions[1]["kind"], "source.fixAll");
   EXPECT_EQ(actions[1]["edit"].dump(), edits);
 }

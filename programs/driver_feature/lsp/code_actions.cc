@@ -77,7 +77,7 @@ Json codeActionsOf(const OpenText& text, const std::string& uri, editor::Range r
   long count = 0;
   Json edits = allEdits(text, count);
   if (count == 0) return actions;
-  actions.push_back(actionOf("Mend " + host::counted(count, "fault") + " of the description",
+  actions.push_back(actionOf("Fix " + host::counted(count, "fault") + " of the description",
                              kFixAll, uri, std::move(edits)));
   return actions;
 }

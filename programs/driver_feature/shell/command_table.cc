@@ -14,10 +14,10 @@ namespace driver_feature::cli {
 namespace {
 
 constexpr const char* kSetDetails =
-    "With a VALUE alone, it is checked against the description as -o of the other\n"
-    "commands is. With a PROPERTY, the library gets the value as it is, by the\n"
-    "operation of the property's type, and alone decides about it; but values that\n"
-    "are not safe in the feature's command are refused, as -o refuses them.\n"
+    "A VALUE alone is checked against the description, as -o checks it. With a\n"
+    "PROPERTY, the value goes to the library unchecked, through the operation of the\n"
+    "property's type; only values that are not safe in the feature's command are\n"
+    "refused, as -o refuses them.\n"
     "  set Copies 2\n"
     "  set Copies DefaultIntValue 2\n"
     "  set Duplex Sensitivity false\n";
@@ -27,12 +27,12 @@ constexpr const char* kResolveDetails =
     "it together with others, as few other features as possible change.\n";
 
 constexpr const char* kGetDetails =
-    "Without a PROPERTY, the current value of a feature. \"all\" lists every property\n"
-    "that the library gives back, the default, original and deferred values among\n"
-    "them. Texts with blanks or control characters are shown as they may be typed.\n";
+    "Without a PROPERTY, shows the current value of a feature. \"all\" lists every\n"
+    "property that the library returns, such as the default, original and deferred\n"
+    "values. Texts with blanks or control characters are shown as you can type them.\n";
 
 constexpr const char* kOptionDetails =
-    "Without a PROPERTY, all of them. The library gets the value as it is.\n"
+    "Without a PROPERTY, shows all of them. A VALUE goes to the library unchecked.\n"
     "  option Duplex LongEdge PSCommand \"true\"\n";
 
 constexpr const char* kEmitDetails =
@@ -64,25 +64,25 @@ constexpr const char* kRecordsDetails =
     "  select INDEX           puts a record into the selection\n"
     "  deselect INDEX         takes it out again\n"
     "  load INDEX             puts a record's values into the template\n"
-    "  has MEMBER=VALUE...    is there a record of exactly these values?\n";
+    "  has MEMBER=VALUE...    says whether a record has exactly these values\n";
 
 constexpr const char* kConstrainDetails =
     "Makes the option unavailable for the constraint ID, a number of 0 or more. If it\n"
-    "is selected, another available option is selected first. \"hide\" hides the\n"
-    "option, too.\n";
+    "is selected, another available option is selected first. \"hide\" also hides the\n"
+    "option.\n";
 
 constexpr const char* kReleaseDetails =
     "Removes the constraint ID from the option. Once none is left, the option is as\n"
     "available and visible as it was before the first.\n";
 
 constexpr const char* kLogDetails =
-    "quiet: errors; usual: errors and misuse; all: every line. Without an argument, it\n"
+    "quiet: errors; usual: errors and misuse; all: every line. Without an argument,\n"
     "shows which is set.\n";
 
 constexpr ShellCommand kShellCommands[] = {
     {"set", "NAME [PROPERTY] VALUE", "Sets a feature, or one property of a feature or group",
      kSetDetails, 2, 3, &runSet, &proposeSet},
-    {"resolve", "NAME VALUE", "Sets a feature, and changes others where a rule asks for it",
+    {"resolve", "NAME VALUE", "Sets a feature, and changes others where a rule requires it",
      kResolveDetails, 2, 2, &runResolve, &proposeSet},
     {"get", "NAME [PROPERTY|all]", "Shows a value, a property, or all properties", kGetDetails, 1,
      2, &runGet, &proposeGet},
@@ -99,8 +99,8 @@ constexpr ShellCommand kShellCommands[] = {
      &proposeFile},
     {"load", "FILE", "Loads values and records from a settings file", kLoadDetails, 1, 1, &runLoad,
      &proposeFile},
-    {"preset", "NAME", "Sets what a preset of the description sets", kPresetDetails, 1, 1,
-     &runPreset, &proposePreset},
+    {"preset", "NAME", "Applies a preset of the description", kPresetDetails, 1, 1, &runPreset,
+     &proposePreset},
     {"presets", "", "Shows the presets of the description", "", 0, 0, &runPresets, nullptr},
     {"defaults", "", "Sets every feature to its default value", "", 0, 0, &runDefaults, nullptr},
     {"records", "GROUP [ACTION ...]", "Lists or changes the records of a dynamic group",
