@@ -69,9 +69,8 @@ constexpr CodeRow kCodes[] = {
     // Values.
     {Code::kNotConvertible, kError, "DF301",
      "The text is not a value of the attribute's type: true, false, 1 or 0; a decimal 32-bit "
-     "number; a decimal number with a point; yes or no. The library leaves the setting as it is "
-     "without the "
-     "attribute."},
+     "number; a decimal number with a point; yes or no. The library treats the attribute as "
+     "absent."},
     {Code::kUnknownDefault, kError, "DF302",
      "DefaultValue does not name an option of the feature. The library takes the first option."},
     {Code::kNoDefault, kWarning, "DF303",
@@ -96,7 +95,7 @@ constexpr CodeRow kCodes[] = {
      "TextValidationCharSet allows characters that can end the PJL line, the PJL string, or the "
      "PostScript string or token that the value is written into."},
     {Code::kFloatTooLarge, kError, "DF311",
-     "The number is beyond the range of single-precision numbers, in which the library keeps it."},
+     "The number is beyond the range of the single precision in which the library keeps it."},
     {Code::kUnavailableDefault, kWarning, "DF312",
      "The default is an option with Sensitivity=\"false\", which users cannot choose. It is "
      "written until they choose another."},
@@ -122,10 +121,11 @@ constexpr CodeRow kCodes[] = {
      "The name begins or ends with a blank, which belongs to it: A4 with a blank is not A4. Lists "
      "and settings files hide the difference."},
     {Code::kEqualsInName, kWarning, "DF406",
-     "The feature's name or key holds an equals sign, at which the arguments and files of settings "
-     "are split into name and value. They cannot set the feature."},
+     "The feature's name or key holds an equals sign, at which settings on the command line and in "
+     "files are split into name and value. They cannot set the feature."},
     {Code::kRepeatedKey, kWarning, "DF407",
-     "Two features, or two options of a feature, have the same CLOKey. It finds only one of them."},
+     "Two features, or two options of a feature, have the same CLOKey, which finds only one of "
+     "them."},
 
     // Commands.
     {Code::kBadTemplate, kError, "DF501",
@@ -136,13 +136,12 @@ constexpr CodeRow kCodes[] = {
      "The conversion does not fit the value: texts and options take s; integers d, i, u, x, X, o "
      "and c; floats f, F, e, E, g, G, a and A. The library writes nothing."},
     {Code::kNoConversion, kWarning, "DF503",
-     "The command template has no conversion, so that the value or the members' text is not "
-     "written."},
+     "The command template has no conversion, so the value or the members' text is not written."},
     {Code::kNoLineEnd, kWarning, "DF504",
-     "A PJL command does not end its line, so that the next command continues it. The library "
-     "adds no line ends."},
+     "A PJL command does not end its line, so the next command continues it. The library does not "
+     "add line ends."},
     {Code::kNotPjl, kError, "DF505",
-     "PJL lines hold the ASCII characters from blank to tilde, tabs and line ends only."},
+     "A PJL line may hold only the ASCII characters from blank to tilde, tabs and line ends."},
     {Code::kUnusedOptionCommand, kWarning, "DF506",
      "Options have commands that nothing writes: their feature has neither a command or ticket "
      "name to put them into nor a routine."},
@@ -153,20 +152,21 @@ constexpr CodeRow kCodes[] = {
      "A feature without a value (UIOnly, MVCList) has a command. The library cannot format it and "
      "writes nothing."},
     {Code::kUnreadByteEscape, kError, "DF509",
-     "A command holds a character from U+F701 to U+F7FF, which means a byte with "
-     "ByteEscapes=\"yes\" only. Without it, the three bytes of the character are written."},
+     "A command holds a character from U+F701 to U+F7FF, which means a byte only with "
+     "ByteEscapes=\"yes\". Without it, the three bytes of the character are written."},
     {Code::kUnbalanced, kWarning, "DF510",
      "In the whole PostScript output, a bracket or string is opened and not closed, closed and not "
      "opened, or closed by the bracket of another kind; lists and dictionaries that a procedure "
      "opens must end in it. The job ends with an error, or its pages become part of a string."},
     {Code::kOpenComment, kWarning, "DF511",
-     "A PostScript command ends within a comment, which goes on to the next line end and swallows "
-     "what is written after it. The library adds no line ends."},
+     "A PostScript command ends within a comment, which continues to the next line end and "
+     "swallows "
+     "what is written after it. The library does not add line ends."},
     {Code::kJoinedTokens, kWarning, "DF512",
      "One PostScript command ends with a name or number and the next begins with one. They are "
      "read as a single one, because the library writes nothing between them."},
     {Code::kOpenPjlString, kError, "DF513",
-     "A PJL line has a quotation mark without its partner. Printers refuse or skip the line."},
+     "A PJL line has an unmatched quotation mark. Printers refuse or skip the line."},
     {Code::kNoPjlPrefix, kWarning, "DF514",
      "A line of PJL does not begin with @PJL, in capitals. Printers skip it, or take it for the "
      "first line of the document."},
@@ -204,10 +204,10 @@ constexpr CodeRow kCodes[] = {
     {Code::kShadowedRoutine, kWarning, "DF606",
      "The routine is never called, because the command or ticket name beside it comes first."},
     {Code::kMemberWithoutTicketName, kWarning, "DF607",
-     "The group is written to the ticket, but this member has no ticket name of the kind that the "
-     "group goes by and no routine."},
+     "The group is written to the ticket, but this member has neither a ticket name of the group's "
+     "kind nor a routine."},
     {Code::kUnusedTicketName, kWarning, "DF608",
-     "The ticket name is never used: another name comes first, or the member's group goes by the "
+     "The ticket name is never used: another name comes first, or the member's group uses the "
      "other kind."},
     {Code::kDynamicGroupOutput, kWarning, "DF609",
      "Dynamic groups are not written; only a host's routine could read the attribute."},
@@ -217,8 +217,8 @@ constexpr CodeRow kCodes[] = {
 
     // Tickets.
     {Code::kNoTicketCommand, kWarning, "DF701",
-     "The feature has a ticket name and the option no TESKCommand: the feature is left out of the "
-     "ticket while this option is selected."},
+     "The feature has a ticket name, but the option has no TESKCommand: the feature is left out of "
+     "the ticket while this option is selected."},
     {Code::kNoSyntax, kWarning, "DF702",
      "A ticket name is given without TESKAttributeSyntax: the node is written with an empty "
      "syntax."},
@@ -237,7 +237,8 @@ constexpr CodeRow kCodes[] = {
      "Rules, texts, presets or media sizes hold an element that does not belong there. It is not "
      "read; a rule that holds one is left out."},
     {Code::kAdditionAttribute, kError, "DF712",
-     "An element of rules, texts, presets or media sizes has an attribute that it does not know."},
+     "An element of rules, texts, presets or media sizes has an attribute that does not belong to "
+     "it."},
     {Code::kIncompleteAddition, kError, "DF713",
      "An element of rules, texts, presets or media sizes lacks an attribute that it needs, and is "
      "left out."},
@@ -249,8 +250,8 @@ constexpr CodeRow kCodes[] = {
 
     // Rules of what a description forbids.
     {Code::kConditionForm, kError, "DF721",
-     "A condition of a rule must say one thing about its feature: Is, IsNot, Above, Below, or "
-     "elements <Is> or <IsNot>. The rule is left out."},
+     "A condition of a rule must have exactly one of Is, IsNot, Above, Below, elements <Is> or "
+     "elements <IsNot>. The rule is left out."},
     {Code::kNoCondition, kError, "DF722",
      "A rule without a condition would forbid everything. It is left out."},
     {Code::kUnknownRuleFeature, kError, "DF723",
@@ -259,59 +260,59 @@ constexpr CodeRow kCodes[] = {
      "A condition of a rule names an option that its feature does not have."},
     {Code::kUnfitCondition, kError, "DF725",
      "A condition does not fit the type of its feature. Is and IsNot are for \"MultiSelect\", "
-     "Above "
-     "and Below for \"IntEntry\" and \"FloatEntry\"; other types cannot be in rules."},
+     "Above and Below for \"IntEntry\" and \"FloatEntry\"; other types cannot be in rules."},
     {Code::kRuleOnTemplate, kError, "DF726",
-     "A rule names a member of a template. Its values are those of records, which rules do not "
-     "see."},
+     "A rule names a member of a template. Its values belong to records, which rules do not "
+     "examine."},
     {Code::kRepeatedRule, kError, "DF727", "Two rules have the same Id."},
     {Code::kRuleAlways, kError, "DF728",
-     "The conditions of a rule hold for every value, so that it forbids everything; or rules "
-     "together leave no values of a feature."},
+     "The conditions of a rule hold for every value, so it forbids everything; or several rules "
+     "together leave a feature without any value."},
     {Code::kRuleNever, kWarning, "DF729",
-     "The conditions of a rule never hold together, so that it forbids nothing."},
+     "The conditions of a rule never hold together, so it forbids nothing."},
     {Code::kDefaultsBreakRule, kWarning, "DF730",
      "A rule forbids the default values. It is not applied until one of its features is set."},
     {Code::kRepeatedHardware, kWarning, "DF731", "A feature is listed twice as hardware."},
     {Code::kImpossibleChoice, kWarning, "DF732",
-     "A rule, or several together, forbid an option whatever the other features are set to and the "
-     "printer has, so that nobody can choose it. This is searched for within bounds."},
+     "A rule, or several together, forbid an option whatever the other features are set to and "
+     "whatever hardware the printer has, so it can never be chosen. The search is bounded."},
 
     // Texts for people.
     {Code::kTextForNothing, kError, "DF741",
      "A text is for a feature, group, option, rule or preset that does not exist."},
     {Code::kRepeatedText, kWarning, "DF742",
      "A language has two texts for the same thing. The first one counts."},
-    {Code::kEmptyText, kWarning, "DF743", "A text is empty, and does not count."},
+    {Code::kEmptyText, kWarning, "DF743", "A text is empty and is ignored."},
     {Code::kMissingTexts, kWarning, "DF744", "A language lacks texts that another one has."},
     {Code::kIncompleteLanguage, kError, "DF745",
-     "The language that --language names lacks texts for features that people see, their options, "
-     "rules, presets or panels."},
+     "The language given with --language lacks texts for visible features, their options, rules, "
+     "presets or panels."},
 
     // Presets.
     {Code::kRepeatedPreset, kError, "DF751",
-     "Two presets have the same name. The first one counts; those of files come after those of "
+     "Two presets have the same name. The first one counts; presets in files come after those in "
      "the description."},
     {Code::kPresetSetting, kError, "DF752",
-     "A line of a preset is refused, as it would be in a settings file, so that the preset cannot "
-     "be used."},
+     "A line of a preset is refused, as it would be in a settings file, so the preset cannot be "
+     "used."},
     {Code::kPresetBreaksRule, kError, "DF753",
-     "A rule forbids what a preset sets together with the default values of the other features."},
+     "A rule forbids the settings of a preset together with the default values of the other "
+     "features."},
 
     // Sizes of media.
     {Code::kUnknownMedia, kError, "DF761",
-     "Media sizes are for a feature or an option that does not exist, for one that is not a "
-     "\"MultiSelect\", or for a second feature."},
+     "Media sizes are given for a feature or an option that does not exist, for a feature that is "
+     "not a \"MultiSelect\", or for a second feature."},
     {Code::kImpossibleSize, kError, "DF762",
      "A width or height of a medium is not above zero, or its margins leave nothing to print on."},
     {Code::kRepeatedSize, kError, "DF763", "An option has two sizes."},
 
     // Panels.
-    {Code::kUnknownMember, kError, "DF771", "A panel has a feature that does not exist."},
+    {Code::kUnknownMember, kError, "DF771", "A panel names a feature that does not exist."},
     {Code::kRepeatedMember, kWarning, "DF772",
      "A feature is in a panel already. It is shown in the first one."},
     {Code::kRepeatedPanel, kError, "DF773",
-     "Two panels have the same name, so that texts and programs cannot tell them apart."},
+     "Two panels have the same name, so texts and programs cannot distinguish them."},
 
     // Routines.
     {Code::kNoUpdateRoutine, kError, "DF801",
@@ -335,27 +336,27 @@ constexpr CodeRow kCodes[] = {
      "The name of a routine is that of a variable, or of a function of a library that has no "
      "routines for descriptions, such as printf. Calling it would crash."},
     {Code::kFailingRoutine, kError, "DF808",
-     "The check has written the outputs with all defaults, and a routine has crashed, ended the "
-     "process, thrown an exception or not returned within ten seconds."},
+     "While the check wrote the outputs with all defaults, a routine crashed, ended the process, "
+     "threw an exception or did not return within ten seconds."},
 
     // The library's own result.
     {Code::kLoadRefused, kError, "DF901",
-     "The rules found no reason to refuse the description, but the library did not load it. A "
+     "The check found no reason to refuse the description, but the library did not load it. A "
      "routine may have ended the process."},
     {Code::kLoadAccepted, kError, "DF902",
-     "The rules found a reason to refuse the description, but the library loaded it."},
+     "The check found a reason to refuse the description, but the library loaded it."},
     {Code::kOtherReason, kError, "DF903",
-     "The library refused the description for a different reason than the rules give."},
+     "The library refused the description for a different reason than the check gives."},
 
     // Comments that allow a code.
     {Code::kUselessAllowance, kWarning, "DF911",
      "A comment allows a code that is not reported for the next element. The fault may have been "
-     "mended, or the comment is in the wrong place."},
+     "fixed, or the comment is in the wrong place."},
     {Code::kAllowanceWithoutReason, kWarning, "DF912",
-     "A comment allows a code without a reason. It is followed all the same."},
+     "A comment allows a code without a reason. The code is allowed all the same."},
     {Code::kUnreadAllowance, kWarning, "DF913",
-     "A comment begins as one that allows a code, but what follows is not understood, so that it "
-     "allows nothing."},
+     "A comment begins as one that allows a code, but the rest is not understood, so it allows "
+     "nothing."},
 };
 
 consteval bool isComplete() {
