@@ -157,7 +157,7 @@ void checkRules(const AdditionSubject& subject, Findings& findings) {
     const auto [first, isNew] = known.emplace(rule.id, rule.place);
     if (!isNew) {
       findings.push_back(findingAt(subject, Code::kRepeatedRule, rule.place,
-                                   ruleWords(rule) + " is there already, in line " +
+                                   ruleWords(rule) + " already exists, in line " +
                                        std::to_string(first->second.position.line),
                                    "give each rule an Id of its own"));
     }

@@ -17,7 +17,8 @@ void checkMembers(const AdditionSubject& subject, const host::Panel& panel,
     if (subject.features.find(member.feature) == nullptr) {
       findings.push_back(findingAt(
           subject, Code::kUnknownMember, member.place,
-          "panel " + host::inQuotes(panel.name) + " has a feature " + name + " that does not exist",
+          "panel " + host::inQuotes(panel.name) + " names a feature " + name +
+              " that does not exist",
           didYouMean(member.feature, subject.features.names(), "give the name of a feature")));
     } else if (!known.insert(member.feature).second) {
       findings.push_back(findingAt(subject, Code::kRepeatedMember, member.place,

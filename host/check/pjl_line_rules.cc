@@ -100,7 +100,7 @@ class PjlReader {
     if (state_.isInDocument) {
       if (!isPjlCommand(command)) return;
       return report(Code::kAfterEnterLanguage, begin, "is written after ENTER LANGUAGE",
-                    "write it before, by a name that sorts before");
+                    "give it a name that sorts first, or put ENTER LANGUAGE into a group");
     }
     state_.hasCommands = true;
     if (command.starts_with(kDoubledExit)) {
@@ -128,8 +128,8 @@ class PjlReader {
   // An unfinished line may be finished by another command.
   void checkQuotes(std::size_t begin, std::string_view command) {
     if (isUnfinished_ || std::count(command.begin(), command.end(), '"') % 2 == 0) return;
-    report(Code::kOpenPjlString, begin + command.rfind('"'),
-           "has a quotation mark without its partner", "close the string with &quot;");
+    report(Code::kOpenPjlString, begin + command.rfind('"'), "has an unmatched quotation mark",
+           "close the string with &quot;");
   }
 
   void report(Code code, std::size_t offset, const std::string& words, const std::string& remedy) {
@@ -182,7 +182,7 @@ void checkEmptyValue(const Piece& piece, std::string_view text, std::size_t offs
       {Code::kEmptyPjlValue,
        piece.place(0),
        describePiece(piece) + " is written without a value, because the default is empty",
-       "give DefaultValue, or write the command by a routine",
+       "give DefaultValue, or write the command with a routine",
        {}});
 }
 

@@ -104,7 +104,7 @@ void checkTexts(const AdditionSubject& subject, const host::TextsOfLanguage& lan
               "give a feature or group, FEATURE.OPTION, rule:ID, preset:NAME or panel:NAME")));
     } else if (!known.insert(text.key).second) {
       findings.push_back(findingAt(subject, Code::kRepeatedText, text.place,
-                                   "there is a text for " + key + " in this language already",
+                                   "this language already has a text for " + key,
                                    "remove one of the two"));
     } else if (text.text.empty()) {
       findings.push_back(findingAt(subject, Code::kEmptyText, text.place,

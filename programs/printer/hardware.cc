@@ -56,10 +56,9 @@ HardwareSession::HardwareSession(const host::Session& session)
 
 host::Result<> HardwareSession::set(const host::Setting& setting) const {
   if (std::find(lists_.begin(), lists_.end(), setting.name) == lists_.end()) {
-    return host::refused(host::inQuotes(setting.name) +
-                         " is nothing that is built into the printer; " +
-                         (lists_.empty() ? "its description has no such feature"
-                                         : "there is " + host::join(lists_, ", ")));
+    return host::refused(host::inQuotes(setting.name) + " is not hardware of the printer; " +
+                         (lists_.empty() ? "its description has no such features"
+                                         : "choose one of " + host::join(lists_, ", ")));
   }
   return applySetting(session_.model(), setting);
 }

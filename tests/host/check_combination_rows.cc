@@ -86,10 +86,9 @@ const std::vector<CheckRow>& combinationRows() {
       rulesRow("member of a template", rule("a", "<When Feature='Number' Above='1'/>"),
                "@:10:35: error: rule \"a\" names feature \"Number\", which is a member of a "
                "template; remove the rule; rules do not see the values of records [DF726]\n"),
-      rulesRow(
-          "two of an Id", rule("a", kFine) + "\n" + rule("a", kFine),
-          "@:11:8: error: rule \"a\" is there already, in line 10; give each rule an Id of its "
-          "own [DF727]\n"),
+      rulesRow("two of an Id", rule("a", kFine) + "\n" + rule("a", kFine),
+               "@:11:8: error: rule \"a\" already exists, in line 10; give each rule an Id of its "
+               "own [DF727]\n"),
       rulesRow("always",
                rule("a",
                     "<When Feature='Size'><Is Choice='A4'/><Is Choice='A3'/><Is Choice='B5'/>"
@@ -240,7 +239,7 @@ const std::vector<CheckRow>& combinationRows() {
         "</FeatureMedia>"}},
       {"panels",
        kFeatures,
-       "@:11:9: error: panel \"a\" has a feature \"Dupex\" that does not exist; did you mean "
+       "@:11:9: error: panel \"a\" names a feature \"Dupex\" that does not exist; did you mean "
        "\"Duplex\"? [DF771]\n"
        "@:12:8: error: there is a panel \"a\" already; give each panel a name of its own [DF773]\n"
        "@:13:9: warning: feature \"Size\" is in a panel already; remove it from one of the two "
@@ -293,7 +292,7 @@ const std::vector<CheckRow>& translationRows() {
         "<Text For='Duplex.Nune'>x</Text>", "<Text For='rule:a'>x</Text></FeatureTexts>"}},
       {"texts that do not count",
        kFeatures,
-       "@:11:7: warning: there is a text for \"Duplex\" in this language already; remove one of "
+       "@:11:7: warning: this language already has a text for \"Duplex\"; remove one of "
        "the two [DF742]\n"
        "@:12:7: warning: the text for \"Size\" is empty; give a text, or remove it [DF743]\n",
        {"<FeatureTexts Language='en'><Text For='Duplex'>x</Text></FeatureTexts><FeatureTexts "

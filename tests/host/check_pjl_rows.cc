@@ -37,7 +37,7 @@ const std::vector<CheckRow>& pjlRows() {
         "B=%s&#10;'>",
         "<Option Name='x' PJLCommand='&quot;&quot;'/><Option Name='y' PJLCommand='&quot;Y'/>"
         "<Option Name='z' PJLCommand='&quot;Z'/></Feature>"},
-       "@:3:65: error: PJLCommand of feature \"A\" has a quotation mark without its partner; close "
+       "@:3:65: error: PJLCommand of feature \"A\" has an unmatched quotation mark; close "
        "the string with &quot; [DF513]\n"
        "@:5:74: error: PJLCommand of option \"y\" of feature \"B\" has a quotation mark without "
        "its "
@@ -83,12 +83,10 @@ const std::vector<CheckRow>& pjlRows() {
         "PJLCommand='@PJL enter  language = PCL&#10;data %d \"&#10;'/>",
         "<Feature FeatureType='IntEntry' Name='B' PJLCommand='@PJL SET B=%d&#10;'/>",
         "<Feature FeatureType='IntEntry' Name='C' PJLCommand='@PJL SET C=%d&#10;'/>"},
-       "@:4:54: error: PJLCommand of feature \"B\" is written after ENTER LANGUAGE; write it "
-       "before, "
-       "by a name that sorts before [DF515]\n"
-       "@:5:54: error: PJLCommand of feature \"C\" is written after ENTER LANGUAGE; write it "
-       "before, "
-       "by a name that sorts before [DF515]\n"},
+       "@:4:54: error: PJLCommand of feature \"B\" is written after ENTER LANGUAGE; give it "
+       "a name that sorts first, or put ENTER LANGUAGE into a group [DF515]\n"
+       "@:5:54: error: PJLCommand of feature \"C\" is written after ENTER LANGUAGE; give it "
+       "a name that sorts first, or put ENTER LANGUAGE into a group [DF515]\n"},
       {"routines, which may write anything",
        {"<Feature FeatureType='IntEntry' Name='A' PJLCommand='@PJL ENTER LANGUAGE=PCL %d&#10;'/>",
         "<Feature FeatureType='UIOnly' Name='B' AddPJLCallbackRoutine='writeBytes'/>",
@@ -107,10 +105,10 @@ const std::vector<CheckRow>& pjlRows() {
         "PJLCommand='@PJL COMMENT %s&#10;'/>"},
        "@:3:92: warning: PJLCommand of feature \"A\" is written without a value, because the "
        "default "
-       "is empty; give DefaultValue, or write the command by a routine [DF518]\n"
+       "is empty; give DefaultValue, or write the command with a routine [DF518]\n"
        "@:4:116: warning: PJLCommand of feature \"B\" is written without a value, because the "
        "default "
-       "is empty; give DefaultValue, or write the command by a routine [DF518]\n"},
+       "is empty; give DefaultValue, or write the command with a routine [DF518]\n"},
   };
   return kRows;
 }

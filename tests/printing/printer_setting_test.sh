@@ -153,7 +153,7 @@ wrong() {
 wrong '--set "offce:A=B" names a printer that is not given' --set offce:A=B
 wrong '--set "A=B" is incomplete; give PRINTER:FEATURE=CHOICE' --set A=B
 wrong 'a certificate needs its key; give both --certificate and --key' --key own.key
-wrong 'office: "PageSize" is nothing that is built into the printer; there is InstalledDuplexUnit, InstalledFinisher' \
+wrong 'office: "PageSize" is not hardware of the printer; choose one of InstalledDuplexUnit, InstalledFinisher' \
   --set office:PageSize=A4
 wrong 'has no option "x"; choose one of NotInstalled, Stapler, BookletMaker' \
   --set office:InstalledFinisher=x
