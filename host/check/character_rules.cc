@@ -63,7 +63,7 @@ void checkReferences(const host::Element& element, const host::Attribute& attrib
     findings.push_back({Code::kDoubledReference,
                         placeIn(attribute, at),
                         attribute.name + " of " + describeElement(element) + " holds the text \"" +
-                            reference + "\", and not the character that it stands for",
+                            reference + "\" instead of the character",
                         "write " + reference + " in place of &amp;" + reference.substr(1),
                         {}});
     return;

@@ -78,7 +78,7 @@ void checkNamedMember(const host::Element& member, const char* kind, Findings& f
   }
   for (const char* name : kTicketNameAttributes) {
     if (name == std::string(kind) || !member.has(name)) continue;
-    reportUnused(member, name, std::string("its group goes by ") + kind, findings);
+    reportUnused(member, name, std::string("its group uses ") + kind, findings);
   }
 }
 

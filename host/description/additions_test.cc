@@ -320,7 +320,8 @@ TEST_F(AdditionsTest, Read_Translations_UsedOnesAreTexts) {
             "office.de.po:0:0 texts de\n"
             "  office.de.po:4:0 Duplex = Zwei\nGr\xC3\xBC\xC3\x9F\x65\n"
             "  office.de.po:19:0 C = one\n"
-            "office.de.po:25:0 the translation of \"nothing\" is for nothing; give the key of the "
+            "office.de.po:25:0 the translation of \"nothing\" does not belong to anything; give "
+            "the key of the "
             "text, such as \"Duplex.None\", in msgctxt (entry for nothing)\n");
 }
 

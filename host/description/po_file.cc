@@ -154,7 +154,7 @@ class RowTaker {
              "check the file with msgfmt --check");
     } else {
       refuse(place.position, kTextEntryCause,
-             "the translation of " + inQuotes(text) + " is for nothing",
+             "the translation of " + inQuotes(text) + " does not belong to anything",
              "give the key of the text, such as \"Duplex.None\", in msgctxt");
     }
   }

@@ -103,7 +103,7 @@ std::string Page::reply(const std::string& request) {
   Json reply;
   try {
     const Json json = Json::parse(request, nullptr, false);
-    reply = json.is_object() ? answer(json) : Json{{"error", "the request is no JSON object"}};
+    reply = json.is_object() ? answer(json) : Json{{"error", "the request is not a JSON object"}};
   } catch (const std::exception& exception) {
     reply = {
         {"error", shown(std::string("the request could not be carried out: ") + exception.what())}};

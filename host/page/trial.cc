@@ -42,7 +42,7 @@ host::Result<> makeAsEmit(host::Session& session, host::RuleKeeper& keeper, std:
   while (!question.empty()) {
     const auto name = nextText(question);
     const auto value = nextText(question);
-    if (!name || !value) return host::refused("the question is not whole");
+    if (!name || !value) return host::refused("the question is incomplete");
     keeper.noteSet(*name);
     host::Result<> applied = applySetting(session.model(), {*name, *value});
     if (!applied) return applied;

@@ -138,7 +138,7 @@ void Page::takeRequest(host::RequestNumber number, const std::string& name,
   const bool isRequest = request.is_object() && request.contains(name == "do" ? "do" : "as");
   if (!isRequest) {
     return reply(number, {HTTP_STATUS_BAD_REQUEST, "text/plain; charset=utf-8",
-                          "400 Bad Request: the body is to be a JSON object with \"" +
+                          "400 Bad Request: the body must be a JSON object with \"" +
                               std::string(name == "do" ? "do" : "as") + "\"\n"});
   }
   if (name == "save") return save(number, body);
@@ -183,7 +183,7 @@ void Page::replyWithText(host::RequestNumber number, const std::string& file, bo
     result["problem"] = describe(saved.error());
   } else if (*saved == SaveEnd::kOther) {
     result["exists"] = true;
-    result["problem"] = shown + " is there already, with other settings";
+    result["problem"] = shown + " already exists, with other settings";
   } else {
     result["same"] = *saved == SaveEnd::kSame;
   }

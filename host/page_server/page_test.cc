@@ -68,10 +68,9 @@ TEST_F(PageTest, RequestsOfOtherPages_AreRefused) {
 TEST_F(PageTest, RequestsThatAreNone_HaveAStatus) {
   setting_.requestBytes = 100;
   start();
-  EXPECT_EQ(post("do", "[1]"),
-            "400 400 Bad Request: the body is to be a JSON object with \"do\"\n");
+  EXPECT_EQ(post("do", "[1]"), "400 400 Bad Request: the body must be a JSON object with \"do\"\n");
   EXPECT_EQ(post("save", "{}"),
-            "400 400 Bad Request: the body is to be a JSON object with \"as\"\n");
+            "400 400 Bad Request: the body must be a JSON object with \"as\"\n");
   EXPECT_EQ(post("do", "{\"do\":\"\xff\"}").substr(0, 3), "400");
   EXPECT_EQ(post("do", std::string(101, ' ')).substr(0, 3), "413");
   EXPECT_EQ(post("state", "{}").substr(0, 3), "404");
@@ -207,7 +206,7 @@ TEST_F(PageTest, Saving_NeverOverwritesWithoutNeed) {
   set("Duplex", "On");
   EXPECT_EQ(save(R"({"as":"settings"})"),
             R"(200 {"exists":true,"file":"office.settings","ok":false,)"
-            R"("problem":"office.settings is there already, with other settings"})");
+            R"("problem":"office.settings already exists, with other settings"})");
   EXPECT_EQ(host::readFile((folder_ / "office.settings").string()).value(), "Duplex=Off\n");
   EXPECT_EQ(save(R"({"as":"settings","replace":true})"),
             R"(200 {"file":"office.settings","ok":true,"same":false})");

@@ -19,7 +19,7 @@ host::Result<std::string> randomName() {
   } while (count < 0 && errno == EINTR);
   if (count != static_cast<ssize_t>(bytes.size())) {
     return host::fail(host::Problem::Kind::kNotLoaded,
-                      std::string("the system gives no random numbers: ") + std::strerror(errno));
+                      std::string("the system has no random numbers: ") + std::strerror(errno));
   }
   std::string name;
   for (const unsigned char byte : bytes) name += kCharacters[byte & 31];

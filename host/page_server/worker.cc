@@ -159,7 +159,7 @@ void Worker::read() {
     if (!text) break;
     take(*text);
   }
-  if (isMalformed) noteEnd("wrote what it should not");
+  if (isMalformed) noteEnd("sent an invalid reply");
 }
 
 // A process that has closed its socket mostly ends at once; one that does not is
@@ -213,7 +213,7 @@ void Worker::takeReply(const std::string& text) {
   if (timer_) loop_.cancel(*timer_);
   timer_.reset();
   if (phase_ == Phase::kLooking) return finishStart(text);
-  if (!isAsking_) return noteEnd("wrote what it should not");
+  if (!isAsking_) return noteEnd("sent an invalid reply");
   const Question question = std::move(questions_.front());
   questions_.pop_front();
   isAsking_ = false;
@@ -227,7 +227,7 @@ void Worker::takeReply(const std::string& text) {
 
 void Worker::finishStart(const std::string& text) {
   const Json state = Json::parse(text, nullptr, false);
-  if (!state.is_object()) return fail("Its process wrote what it should not.");
+  if (!state.is_object()) return fail("Its process sent an invalid reply.");
   noteState(state, "");
   phase_ = Phase::kReady;
   restores_ = true;

@@ -47,7 +47,7 @@ host::Result<> problemOf(const PageCount& count, const JobTexts& texts) {
                        (texts.end == DocumentEnd::kPages && count.pages() == texts.pages);
   if (!isWhole) {
     return host::refused(
-        "the document is not whole, because the scheduler's filter for pages has ended early");
+        "the document is incomplete, because the scheduler's filter for pages has ended early");
   }
   if (texts.end != DocumentEnd::kAny && count.pages() == 0) {
     writeMessage(Message::kWarning,

@@ -170,11 +170,11 @@ host::Result<> PageFilter::finish() {
   }
   if (WIFSIGNALED(status_)) {
     return host::refused(name + " was ended by signal " + std::to_string(WTERMSIG(status_)) +
-                         "; the document is not whole");
+                         "; the document is incomplete");
   }
   if (WEXITSTATUS(status_) == 0) return {};
   return host::refused(name + " failed with status " + std::to_string(WEXITSTATUS(status_)) +
-                       "; the document is not whole");
+                       "; the document is incomplete");
 }
 
 }  // namespace driver_feature::filter

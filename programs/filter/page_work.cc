@@ -93,7 +93,7 @@ host::Result<> PageWork::decide(bool takesCopies) {
   makesCopies_ = wantsCopies(takesCopies);
   if (!works_ && !makesCopies_) return {};
   if (!hasPageFilter()) {
-    giveUpAll("the scheduler's filter " + pageFilterPath() + " is not there");
+    giveUpAll("the scheduler's filter " + pageFilterPath() + " is missing");
     return {};
   }
   host::Result<> read = document_.read(arguments_.file);

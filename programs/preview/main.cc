@@ -45,7 +45,7 @@ int run(int argc, const char* const* argv) {
   Site site(loop, *line->arguments);
   if (const auto started = site.start(); !started) return cli::report(started.error());
   if (site.page().watchProblem()) {
-    cli::printError("changes are not noticed: " + describe(*site.page().watchProblem()));
+    cli::printError("changes cannot be followed: " + describe(*site.page().watchProblem()));
   }
   const auto written = host::writeToStandardOutput(site.address() + "\n");
   if (!written) return cli::report(written.error());

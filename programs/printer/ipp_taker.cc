@@ -98,7 +98,7 @@ std::optional<host::Response> IppTaker::finish(host::RequestNumber request) {
   if (!isReady_ && inflation != nullptr && exchange_->document && !inflation->isWhole() &&
       exchange_->document->size() > 0) {
     isReady_ = exchange_->respond(IPP_STATUS_ERROR_COMPRESSION_ERROR,
-                                  "The compressed document is not whole.");
+                                  "The compressed document is incomplete.");
   }
   if (isReady_) return responseOf(*exchange_);
   // The exchange is kept by whom it waits for.

@@ -25,7 +25,7 @@ int run(int argc, const char* const* argv) {
   if (const auto started = service.start(); !started) return cli::report(started.error());
   loop.run();
   if (service.hasPrinters()) return cli::kSuccess;
-  cli::printError("no printer is left");
+  cli::printError("no printer remains");
   return cli::kFailure;
 }
 

@@ -77,12 +77,12 @@ void ModelWorker::read() {
     if (!text) break;
     take(*text);
   }
-  if (isMalformed) end("its process writes what it should not");
+  if (isMalformed) end("its process sends an invalid reply");
 }
 
 void ModelWorker::take(const std::string& text) {
   if (isLoaded_) {
-    if (waiting_.empty()) return end("its process writes what it should not");
+    if (waiting_.empty()) return end("its process sends an invalid reply");
     const auto reply = std::move(waiting_.front());
     waiting_.pop_front();
     watchTime();

@@ -51,7 +51,7 @@ bool settleFormat(IppExchange& exchange, std::string& format) {
   if (format.empty() || format == kAnyFormat) format = found;
   if (found.empty() && format.empty()) {
     return !exchange.respond(IPP_STATUS_ERROR_DOCUMENT_FORMAT_NOT_SUPPORTED,
-                             "The document is of no type that is supported.");
+                             "The type of the document is not supported.");
   }
   if (found == format) return true;
   return !exchange.respond(IPP_STATUS_ERROR_DOCUMENT_FORMAT_ERROR,

@@ -59,10 +59,12 @@ bool checkBeginning(IppExchange& exchange) {
                              "Versions 1.0 to 2.x are supported.");
   }
   if (::ippGetRequestId(request) <= 0) {
-    return !exchange.respond(IPP_STATUS_ERROR_BAD_REQUEST, "The request has no number from 1 up.");
+    return !exchange.respond(IPP_STATUS_ERROR_BAD_REQUEST,
+                             "The request-id is not a positive number.");
   }
   if (!hasOrderedGroups(request)) {
-    return !exchange.respond(IPP_STATUS_ERROR_BAD_REQUEST, "The groups are not in their order.");
+    return !exchange.respond(IPP_STATUS_ERROR_BAD_REQUEST,
+                             "The groups of attributes are out of order.");
   }
   ipp_attribute_t* charset = ::ippFirstAttribute(request);
   if (!isOperationAttribute(charset, "attributes-charset", IPP_TAG_CHARSET)) {
@@ -76,7 +78,7 @@ bool checkBeginning(IppExchange& exchange) {
                              "The second attribute is not attributes-natural-language.");
   }
   if (name != "utf-8" && name != "us-ascii") {
-    return !exchange.respond(IPP_STATUS_ERROR_CHARSET, "The charset utf-8 is supported.");
+    return !exchange.respond(IPP_STATUS_ERROR_CHARSET, "Only the charset utf-8 is supported.");
   }
   return true;
 }

@@ -72,7 +72,7 @@ page_server::Page::Answer Visits::begin(const host::Request& request, const std:
   const auto name = page_server::randomName();
   if (!name || !makeRoom()) {
     return refusal(HTTP_STATUS_SERVICE_UNAVAILABLE,
-                   "503 Service Unavailable: too many people look at printers now; try again in "
+                   "503 Service Unavailable: there are too many visitors; try again in "
                    "some minutes");
   }
   page_server::PageSetting setting;

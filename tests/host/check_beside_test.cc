@@ -80,7 +80,8 @@ TEST_F(CheckBesideTest, Check_Translations_AreNamedByTheirFindings) {
             found(1,
                   "d.de.po:4:2: error: there is nothing with the key \"Duplex.Non\"; did you mean "
                   "\"Duplex.None\"? [DF741]\n"
-                  "d.de.po:8:1: error: the translation of \"Long\" is for nothing; give the key of "
+                  "d.de.po:8:1: error: the translation of \"Long\" does not belong to anything; "
+                  "give the key of "
                   "the text, such as \"Duplex.None\", in msgctxt [DF741]\n",
                   "2 errors, 0 warnings"));
 }

@@ -77,7 +77,7 @@ const std::vector<CheckRow>& reachRows() {
        "@:5:42: error: TESKOAAttributeName of feature \"B\" is never written, because static group "
        "\"G\" has no ticket name; give the group TESKJTAttributeName [DF604]\n"
        "@:7:30: warning: TESKJTAttributeName of static group \"I\" is never used, because its "
-       "group goes by TESKOAAttributeName; remove it [DF608]\n"},
+       "group uses TESKOAAttributeName; remove it [DF608]\n"},
       {"groups whose members write nothing, to one output or in a nested group",
        {"<FeatureStaticGroup Name='G' PSCommand='&lt;&lt; %s >>' PJLCommand='%s'>",
         "<Feature FeatureType='IntEntry' Name='A' PJLCommand='@PJL SET A=%d&#10;'/>",
@@ -136,7 +136,7 @@ const std::vector<CheckRow>& reachRows() {
        "TESKJTAttributeName; give it TESKJTAttributeName, as its group has [DF607]\n"
        "    log: processVORNStaticGroup() - Cannot get feature attribute for feature 1\n"
        "@:5:42: warning: TESKOAAttributeName of feature \"B\" is never used, because its group "
-       "goes by TESKJTAttributeName; remove it [DF608]\n"
+       "uses TESKJTAttributeName; remove it [DF608]\n"
        "@:7:96: warning: AddVORNCallbackRoutine of feature \"D\" is never called, because "
        "TESKJTAttributeName comes first; remove one of the two [DF606]\n"},
       {"several ticket names",

@@ -96,14 +96,14 @@ const std::vector<CheckRow>& valueRows() {
         "<Feature FeatureType='MultiSelect' Name='B' DefaultValue='&amp;#xE4;'>"
         "<Option Name='&amp;#xE4;'/></Feature>",
         "<Feature FeatureType='UIOnly' Name='R&amp;D; A &amp; B &amp;#; &amp;#x; &amp;#12'/>"},
-       "@:3:53: warning: PSCommand of feature \"A\" holds the text \"&lt;\", and not the character "
-       "that it stands for; write &lt; in place of &amp;lt; [DF314]\n"
+       "@:3:53: warning: PSCommand of feature \"A\" holds the text \"&lt;\" instead of the "
+       "character; write &lt; in place of &amp;lt; [DF314]\n"
        "@:3:73: warning: \">\" in PSCommand of feature \"A\" closes nothing; open it, or remove it "
        "[DF510]\n"
-       "@:4:59: warning: DefaultValue of feature \"B\" holds the text \"&#xE4;\", and not the "
-       "character that it stands for; write &#xE4; in place of &amp;#xE4; [DF314]\n"
-       "@:4:85: warning: Name of option \"&#xE4;\" of feature \"B\" holds the text \"&#xE4;\", and "
-       "not the character that it stands for; write &#xE4; in place of &amp;#xE4; [DF314]\n"},
+       "@:4:59: warning: DefaultValue of feature \"B\" holds the text \"&#xE4;\" instead of the "
+       "character; write &#xE4; in place of &amp;#xE4; [DF314]\n"
+       "@:4:85: warning: Name of option \"&#xE4;\" of feature \"B\" holds the text \"&#xE4;\" "
+       "instead of the character; write &#xE4; in place of &amp;#xE4; [DF314]\n"},
       {"default too long, in characters",
        {"<Feature FeatureType='TextEntry' Name='A' MaxTextLength='2' "
         "DefaultValue='\xC3\xA4\xC3\xB6'/>",

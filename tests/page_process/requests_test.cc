@@ -16,10 +16,10 @@ TEST(PageRequestsTest, WhatIsNoRequest_IsAnErrorAndThePageLivesOn) {
     const char* error;
   };
   const Row rows[] = {
-      {"", "the request is no JSON object"},
-      {"{", "the request is no JSON object"},
-      {"[]", "the request is no JSON object"},
-      {"{\"do\":\"set\",\"settings\":[[\"a\",\"\xFF\"]]}", "the request is no JSON object"},
+      {"", "the request is not a JSON object"},
+      {"{", "the request is not a JSON object"},
+      {"[]", "the request is not a JSON object"},
+      {"{\"do\":\"set\",\"settings\":[[\"a\",\"\xFF\"]]}", "the request is not a JSON object"},
       {"{}", "there is no request \"\""},
       {R"({"do":7})", "there is no request \"\""},
       {R"({"do":"dance"})", "there is no request \"dance\""},
@@ -39,7 +39,7 @@ TEST(PageRequestsTest, WhatIsNoRequest_IsAnErrorAndThePageLivesOn) {
     EXPECT_EQ(page.askText(request), Json({{"error", error}})) << request;
   }
   EXPECT_EQ(page.askText(std::string(100000, '[')),
-            Json({{"error", "the request is no JSON object"}}));
+            Json({{"error", "the request is not a JSON object"}}));
   EXPECT_EQ(page.askText(R"({"do":"state"})")["serial"], 0);
 }
 

@@ -245,10 +245,10 @@ TEST_F(PageWorkTest, FailingFilter_FailsTheJob) {
     const char* reason;
   };
   for (const Row& row : std::vector<Row>{
-           {"exit 3", " failed with status 3; the document is not whole\n"},
-           {"cat; exit 3", " failed with status 3; the document is not whole\n"},
-           {"head -c 100; kill -SEGV $$", " was ended by signal 11; the document is not whole\n"},
-           {"exec /nowhere", " failed with status 127; the document is not whole\n"}}) {
+           {"exit 3", " failed with status 3; the document is incomplete\n"},
+           {"cat; exit 3", " failed with status 3; the document is incomplete\n"},
+           {"head -c 100; kill -SEGV $$", " was ended by signal 11; the document is incomplete\n"},
+           {"exec /nowhere", " failed with status 127; the document is incomplete\n"}}) {
     replaceFilter(row.script);
     const RunResult result = filter("number-up=2");
     EXPECT_THAT(result.errors, EndsWith("ERROR: " + ofFilter(row.reason))) << row.script;
@@ -265,7 +265,7 @@ TEST_F(PageWorkTest, FailingFilter_FailsTheJob) {
 // A filter that is ended from outside exits cleanly but early.
 TEST_F(PageWorkTest, OutputThatEndsEarly_FailsTheJob) {
   const std::string failure =
-      "ERROR: the document is not whole, because the scheduler's filter for pages has ended "
+      "ERROR: the document is incomplete, because the scheduler's filter for pages has ended "
       "early\n";
   replaceFilter("sed '/^%%Trailer/,$d'");
   RunResult result = filter("number-up=2");

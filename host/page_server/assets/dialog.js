@@ -189,7 +189,7 @@ export class Dialog {
     else await this.#usePreset(name, text);
   }
 
-  // A preset that does not go with other settings asks first, as a choice does.
+  // A preset that conflicts with other settings asks first, as a choice does.
   #offerPreset(name, text, plan) {
     const button = (label, kind, act) => {
       const made = element("button", { class: `button small ${kind}`, type: "button", text: label });
@@ -202,7 +202,7 @@ export class Dialog {
     this.presetNotice = element(
       "div",
       { class: "notice notice-offer" },
-      element("p", { class: "notice-title", text: `“${text}” does not go with other settings. All that it changes:` }),
+      element("p", { class: "notice-title", text: `“${text}” conflicts with other settings. It would change:` }),
       changeList(plan, "", this.context.store),
       ...reasonList(plan.reasons),
       element(
@@ -213,7 +213,7 @@ export class Dialog {
       ),
     );
     byId("presets").after(this.presetNotice);
-    announce(`${text} does not go with other settings. Not changed yet: "Change them" follows.`);
+    announce(`${text} conflicts with other settings. Nothing has changed yet: choose "Change them".`);
   }
 }
 

@@ -33,7 +33,7 @@ export class Log {
     if (this.drawn) return;
     this.drawn = true;
     if (this.entries.length === 0) {
-      this.element.replaceChildren(element("p", { class: "quiet", text: "Nothing has been logged, and nobody notified." }));
+      this.element.replaceChildren(element("p", { class: "quiet", text: "No log lines and no notifications yet." }));
       return;
     }
     this.element.replaceChildren(...this.entries.map((entry) => this.#entry(entry)));

@@ -24,7 +24,7 @@ export class Picture {
         element("h3", { class: "device-heading", text: "What the page device does" }),
         this.drawing,
         this.facts,
-        element("h3", { class: "device-heading", text: "What it was told" }),
+        element("h3", { class: "device-heading", text: "What was set" }),
         this.entries,
       ),
     );

@@ -139,7 +139,7 @@ export class Row {
       ),
     );
     this.offered = value;
-    announce(`${inOneLine(plan, this.name, store)}. Not changed yet: "Change them" follows.`);
+    announce(`${inOneLine(plan, this.name, store)}. Nothing has changed yet: choose "Change them".`);
   }
 
   /** Shows a refusal in the server's words. */
