@@ -1,4 +1,5 @@
-// What a new process leaves of the server that it is a copy of.
+// What a copy of a server's process does first: it gives up what belongs to the
+// server.
 #ifndef HOST_BASE_CHILD_SETTING_H_
 #define HOST_BASE_CHILD_SETTING_H_
 

@@ -19,7 +19,8 @@
 
 namespace driver_feature::host {
 
-// The files of a folder whose names are `begin`, anything but nothing, and `end`.
+// The files of a folder whose names are `begin`, at least one character, and
+// `end`.
 struct FilePattern {
   std::string folder;  // "." for the current one.
   std::string begin;
@@ -37,9 +38,9 @@ class FileWatch {
   FileWatch(const FileWatch&) = delete;
   FileWatch& operator=(const FileWatch&) = delete;
 
-  // Watches a file, or all those that fit; of a file that is a link, the file that it
-  // leads to as well. The folder of a pattern may come later; the folder that it is in
-  // has to exist. Problem: this folder cannot be watched.
+  // Watches a file, or all those that fit; if a file is a link, also the file that it
+  // leads to. The folder of a pattern may be created later, but its parent must exist.
+  // Problem: that folder cannot be watched.
   Result<> addFile(const std::string& path);
   Result<> addFiles(const FilePattern& pattern);
 

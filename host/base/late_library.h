@@ -10,8 +10,8 @@ class LateLibrary {
   // `package` is the Debian package that has it. Both texts must outlive this object.
   constexpr LateLibrary(const char* file, const char* package) : file_(file), package_(package) {}
 
-  // Loads the library unless it is there. Throws std::runtime_error when it cannot
-  // be loaded or is another one.
+  // Loads the library unless it is loaded already. Throws std::runtime_error when
+  // it cannot be loaded or does not have the function.
   template <class Function>
   Function* function(const char* name) const {
     return reinterpret_cast<Function*>(find(name));

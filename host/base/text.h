@@ -19,7 +19,7 @@ std::vector<std::string_view> splitCharacters(std::string_view text);
 std::size_t displayWidth(std::string_view text);
 
 // The text on one line and harmless to a terminal: a line end, a tab and a
-// carriage return come out as \n, \t and \r, other control characters as \xNN.
+// carriage return are written as \n, \t and \r, other control characters as \xNN.
 std::string printable(std::string_view text);
 
 // The text with U+XXXX in place of each character beyond ASCII that cannot be
@@ -33,12 +33,13 @@ std::string escapedByte(char byte);
 // The byte as %NN, with capital digits, as URIs and workflow commands have it.
 std::string percentEncoded(char byte);
 
-// The text with the byte that each %NN stands for; what is no code stays. In the
+// The text with each %NN replaced by its byte; anything else is kept. In the
 // query of a URL a plus sign is a blank, as browsers write it.
 enum class PlusSign { kItself, kBlank };
 std::string percentDecoded(std::string_view text, PlusSign plus = PlusSign::kItself);
 
-// "1 file", "2 files": `several` is for words that take more than an "s".
+// "1 file", "2 files": `several` is the plural of words that need more than an
+// "s".
 std::string counted(long count, const std::string& one);
 std::string counted(long count, const std::string& one, const std::string& several);
 

@@ -1,4 +1,4 @@
-// The rules of the check on what a description has beside its features. Each
+// The rules of the check for what a description has beside its features. Each
 // adds its findings in any order.
 #ifndef HOST_CHECK_ADDITION_RULES_H_
 #define HOST_CHECK_ADDITION_RULES_H_
@@ -18,7 +18,7 @@ namespace driver_feature::check {
 // The values of features, as settings write them.
 using Values = std::map<std::string, std::string>;
 
-// What the library has made of the presets.
+// The result of a preset in the library.
 struct PresetTrial {
   host::Problems problems;       // The refused lines.
   std::optional<Values> values;  // With the preset; nothing when it is refused.
@@ -30,8 +30,8 @@ struct ValueTrial {
   std::vector<PresetTrial> presets;  // In their order.
 };
 
-// Loads the description in a child process, and tries each preset in a copy of it.
-// Nothing when the child does not come to an end.
+// Loads the description in a child process, and tries each preset in a copy of
+// it. Nothing when the child does not finish.
 std::optional<ValueTrial> tryValues(const host::Plugin& plugin, const host::Document& document,
                                     const std::vector<host::Preset>& presets);
 
@@ -45,7 +45,7 @@ struct AdditionSubject {
 
 void checkReading(const AdditionSubject& subject, Findings& findings);
 void checkRules(const AdditionSubject& subject, Findings& findings);
-// What rules forbid together, each of which has been found to be in order.
+// Finds what rules forbid together. `rules` are those without a fault.
 void checkTogether(const AdditionSubject& subject, std::vector<host::Rule> rules,
                    Findings& findings);
 void checkHardware(const AdditionSubject& subject, Findings& findings);

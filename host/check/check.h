@@ -13,8 +13,9 @@ namespace driver_feature::check {
 enum class Trial : unsigned char { kLoad, kLoadAndOutputs };
 
 // Checks a file, and the files beside it. Routines that it names are looked up
-// among what the process has loaded by now. Texts in `language` are to be
-// complete, unless it is empty. Problem: no child process can be made for the load.
+// among those of the process as it is now. A missing text in `language` is an
+// error, unless `language` is empty. Problem: no child process can be made for
+// the load.
 host::Result<FileReport> checkFile(const std::string& path, const host::Plugin& plugin,
                                    Trial trial = Trial::kLoadAndOutputs,
                                    const std::string& language = "");

@@ -167,7 +167,7 @@ struct Finding {
   std::string remedy;
   std::vector<std::string> log;      // The lines that the library logs for it, in their order.
   bool refused = false;              // Whether the library ends the load there.
-  std::optional<TextEdit> fix = {};  // What surely mends it; nothing when that is not sure.
+  std::optional<TextEdit> fix = {};  // The safe fix; nothing when there is none.
   std::string file = {};             // Beside the description; empty for its own.
 };
 

@@ -1,4 +1,4 @@
-// Findings as the workflow commands of GitHub, which shows them in a change.
+// Findings as GitHub's workflow commands, which make them visible in a change.
 #ifndef HOST_CHECK_GITHUB_REPORT_H_
 #define HOST_CHECK_GITHUB_REPORT_H_
 

@@ -1,4 +1,4 @@
-// What a line of PJL is.
+// What makes a line PJL.
 #ifndef HOST_CHECK_PJL_WORDS_H_
 #define HOST_CHECK_PJL_WORDS_H_
 
@@ -16,7 +16,7 @@ bool isPlain(std::string_view text);
 bool isPjlCommand(std::string_view command);
 
 // Whether a line without the prefix is meant as PJL: another word with an at
-// sign, a command of PJL, or an assignment. Other languages begin otherwise.
+// sign, a command of PJL, or an assignment. Other languages begin differently.
 bool looksLikePjl(std::string_view command);
 
 // Whether a command ends PJL.

@@ -1,6 +1,6 @@
 // Reads PostScript piece by piece, as a printer would, and notes what cannot be
-// meant so: brackets without partners, comments and tokens that run on into the
-// next command, structure comments with one per cent sign.
+// intended: unmatched brackets, comments and tokens that run on into the next
+// command, structure comments with one per cent sign.
 #ifndef HOST_CHECK_POSTSCRIPT_SCAN_H_
 #define HOST_CHECK_POSTSCRIPT_SCAN_H_
 

@@ -37,7 +37,7 @@ void checkReach(const host::Element& description, Findings& findings);
 void checkTicketReach(const host::Element& description, Findings& findings);
 void checkTicketNames(const host::Element& description, Findings& findings);
 
-// Names of routines that stand for something else.
+// Reports names of routines that are variables, or functions of other libraries.
 void checkRoutineKinds(const host::Element& description, Findings& findings);
 
 // What to do about a routine that does not exist: the name that was most likely

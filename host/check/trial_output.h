@@ -1,4 +1,4 @@
-// Tries the routines that write: a real output of each form in a child process.
+// Runs the output routines: writes a real output of each form in a child process.
 #ifndef HOST_CHECK_TRIAL_OUTPUT_H_
 #define HOST_CHECK_TRIAL_OUTPUT_H_
 

@@ -1,4 +1,4 @@
-// The values of a feature that conditions leave.
+// The values of a feature that remain under conditions.
 #ifndef HOST_CHECK_VALUE_SPACE_H_
 #define HOST_CHECK_VALUE_SPACE_H_
 
@@ -30,7 +30,8 @@ class ValueSpace {
   // All values that the feature can have.
   explicit ValueSpace(const FeatureRow& feature);
 
-  // Leaves those for which the condition holds, which fits the feature.
+  // Keeps only the values for which the condition, which must fit the feature, is
+  // true.
   void narrow(const host::Condition& condition);
 
   bool isEmpty() const { return isNumber_ ? span_.isEmpty() : options_.empty(); }

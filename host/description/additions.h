@@ -16,7 +16,7 @@
 
 namespace driver_feature::host {
 
-// The parts, which can be read one without the other.
+// The parts, each of which can be read without the others.
 enum AdditionPart : unsigned {
   kRulesPart = 1,
   kTextsPart = 2,

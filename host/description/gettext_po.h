@@ -1,5 +1,6 @@
-// The functions of the library of gettext that read a translator's file. Only who
-// has such a file needs them, so that no program is linked with the library.
+// The functions of gettext's library that read a translator's file. They are
+// needed only where there is such a file, so no program is linked with the
+// library.
 #ifndef HOST_DESCRIPTION_GETTEXT_PO_H_
 #define HOST_DESCRIPTION_GETTEXT_PO_H_
 
@@ -22,8 +23,8 @@ struct GettextPo {
   decltype(&::po_message_is_fuzzy) isFuzzy;
 };
 
-// Loads the library at the first call. Throws std::runtime_error when it is not
-// there.
+// Loads the library at the first call. Throws std::runtime_error when it cannot
+// be loaded.
 const GettextPo& gettextPo();
 
 }  // namespace driver_feature::host

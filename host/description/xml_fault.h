@@ -1,5 +1,5 @@
-// What is wrong with a text that is not XML, in the words of this system: the
-// parser's own say little to somebody who writes a description.
+// What is wrong with a text that is not XML, in words for authors of
+// descriptions: the parser's own messages say little to them.
 #ifndef HOST_DESCRIPTION_XML_FAULT_H_
 #define HOST_DESCRIPTION_XML_FAULT_H_
 

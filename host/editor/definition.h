@@ -17,9 +17,9 @@ struct Definition {
   bool operator==(const Definition&) const = default;
 };
 
-// Of a default, its option; of the name or tag of a feature, wherever it is, the
-// feature that the library takes for that name: the last one; the same where rules
-// and media name a feature. Of an end tag, its start tag.
+// For a default value, its option. For the name or tag of a feature, and where
+// rules and media name one, the feature that the library uses for that name: the
+// last one. For an end tag, its start tag. Nothing elsewhere.
 std::optional<Definition> definitionAt(const Markup& markup, std::size_t offset);
 
 }  // namespace driver_feature::editor

@@ -1,5 +1,5 @@
 // The grammar of descriptions: which elements, attributes and values there are,
-// with the sentence on each. It is made of the schema for editors.
+// with the sentence on each. It is read from the schema for editors.
 #ifndef HOST_EDITOR_GRAMMAR_H_
 #define HOST_EDITOR_GRAMMAR_H_
 
@@ -19,7 +19,7 @@ struct GrammarWord {
   std::string sentence;  // May be empty.
 };
 
-// What holds for elements only in which an attribute has this value.
+// A condition on an element: this attribute has this value.
 struct GrammarCondition {
   std::string attribute;  // Empty: for all.
   std::string value;
@@ -60,7 +60,8 @@ class Grammar {
   // uses it.
   explicit Grammar(const Markup& schema);
 
-  // What the element is there, below its ancestors; null when it is not known.
+  // The grammar's element for this one, by its tag and ancestors; null when it is
+  // unknown.
   const GrammarElement* find(const Markup& markup, const MarkupElement& element) const;
 
   // What may be in an element, or at top level and in unknown elements (null).
@@ -76,8 +77,8 @@ class Grammar {
   std::vector<std::size_t> tops_;
 };
 
-// What the attribute is in this element: of several the one whose condition is
-// met. Null when there is none of that name.
+// The attribute of that name whose condition the element meets; null when there
+// is none.
 const GrammarAttribute* findAttribute(const GrammarElement& grammar, const MarkupElement& element,
                                       std::string_view name);
 

@@ -1,5 +1,5 @@
-// An XML text as somebody is typing it: elements and attributes with their
-// places, whatever is missing yet.
+// An XML text while it is being typed: elements and attributes with their places,
+// however incomplete.
 #ifndef HOST_EDITOR_MARKUP_H_
 #define HOST_EDITOR_MARKUP_H_
 

@@ -1,5 +1,5 @@
-// What IPP clients are to learn about a description, as plain data: taken once
-// from a session, and passed as JSON to a process that never loads the plug-in.
+// What IPP clients learn about a description, as plain data: read once from a
+// session, and passed as JSON to a process that never loads the plug-in.
 #ifndef HOST_IPP_CAPABILITIES_H_
 #define HOST_IPP_CAPABILITIES_H_
 
@@ -42,7 +42,7 @@ struct FeatureCapability {
   std::string key;          // "CLOKey".
   std::string ticketName;   // The first of its names in tickets; empty without one.
   std::string syntax;       // "TESKAttributeSyntax".
-  bool isHardware = false;  // Says what the printer has: told once, not with each job.
+  bool isHardware = false;  // Says what the printer has: set once, not with each job.
   bool isEncrypted = false;
   // Lists.
   std::vector<ChoiceCapability> choices;

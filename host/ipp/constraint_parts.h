@@ -24,7 +24,7 @@ struct Part {
 // The parts of a rule, once for each combination of attributes.
 using Variants = std::vector<std::vector<Part>>;
 
-// None when the rule cannot be said, or never holds.
+// None when the rule cannot be expressed, or never applies.
 Variants variantsOf(const AttributeTable& table, const Capabilities& all,
                     const RuleCapability& rule);
 

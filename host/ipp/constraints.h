@@ -1,5 +1,5 @@
-// Rules as IPP has them: combinations of attributes that a printer refuses, and one
-// way out of each.
+// Rules in IPP: combinations of attributes that a printer refuses, and one
+// resolution for each.
 #ifndef HOST_IPP_CONSTRAINTS_H_
 #define HOST_IPP_CONSTRAINTS_H_
 
@@ -9,10 +9,10 @@
 
 namespace driver_feature::ipp {
 
-// Adds job-constraints-supported and job-resolvers-supported, and a default by which
-// libcups finds them. A rule with a condition
-// that is no matter of a job's attributes is left out, unless hardware decides it: a
-// rule whose hardware is there never holds.
+// Adds job-constraints-supported and job-resolvers-supported, and a default by
+// which libcups finds them. A rule with a condition that jobs cannot express is
+// left out, unless the hardware decides that condition: a rule that the present
+// hardware rules out never applies.
 void addConstraints(ipp_t* printer, const AttributeTable& table, const Capabilities& all);
 
 }  // namespace driver_feature::ipp

@@ -12,9 +12,10 @@ namespace driver_feature::ipp {
 // table's page sizes have a choice for them.
 void addCustomSizes(AttributeTable& table, const Capabilities& all);
 
-// Without page sizes: a list that tickets call "media-width", in hundredths of a
-// millimetre, and a number that they call "media-length" are those of a roll. Adds a
-// sheet of each width with the usual length. False when there are no such features.
+// Without page sizes: a list with the ticket name "media-width", in hundredths of
+// a millimetre, and a number with the name "media-length" are those of a roll.
+// Adds a sheet of each width with the usual length. False when there are no such
+// features.
 bool addRoll(AttributeTable& table, const Capabilities& all);
 
 // A length in hundredths of a millimetre as a value of the feature, within its limits

@@ -6,10 +6,10 @@
 
 namespace driver_feature::ipp {
 
-// Notes for each unavailable feature the first choice of another one that makes it
-// available, such as "Custom" of the page size for a page width. The choices are
-// tried, because only the description's routines know; the model is as before
-// afterwards.
+// Notes for each unavailable feature the first choice of another one that makes
+// it available, such as "Custom" of the page size for a page width. The choices
+// are tried, because only the description's routines know; afterwards the model
+// is unchanged.
 void addEnablers(Capabilities& all, const host::Model& model);
 
 }  // namespace driver_feature::ipp

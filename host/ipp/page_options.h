@@ -1,5 +1,5 @@
-// Attributes of a job that no feature carries, but the printer or
-// driver-feature-filter.
+// Attributes of a job that are carried out by the printer or
+// driver-feature-filter instead of a feature.
 #ifndef HOST_IPP_PAGE_OPTIONS_H_
 #define HOST_IPP_PAGE_OPTIONS_H_
 

@@ -1,4 +1,4 @@
-// What presets are called.
+// The names of presets.
 #ifndef HOST_IPP_PRESET_NAMES_H_
 #define HOST_IPP_PRESET_NAMES_H_
 
@@ -6,9 +6,9 @@
 
 namespace driver_feature::ipp {
 
-// Adds the presets with keywords that differ from each other and from finishings in
-// more than case and hyphens: queues of CUPS make names of PPDs of them, which have no
-// hyphens. The finishings must be there already.
+// Adds the presets with keywords that differ from each other and from finishings
+// in more than case and hyphens: queues of CUPS turn them into names of PPDs,
+// which have no hyphens. The finishings must be there already.
 void addPresetEntries(AttributeTable& table, const Capabilities& all);
 
 }  // namespace driver_feature::ipp

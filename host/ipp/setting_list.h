@@ -1,4 +1,4 @@
-// Settings that a request gathers: each feature once, the latest value.
+// The settings of a request: each feature once, with the latest value.
 #ifndef HOST_IPP_SETTING_LIST_H_
 #define HOST_IPP_SETTING_LIST_H_
 
@@ -27,8 +27,9 @@ class SettingList {
 
   bool has(const std::string& feature) const { return find(feature) != nullptr; }
 
-  // Adds what makes features available that are set and are not, unless it was asked
-  // otherwise; then returns the settings, lists before the others.
+  // Adds settings that make unavailable features of the list available, unless
+  // the request says otherwise; then returns the settings, lists before the
+  // others.
   std::vector<host::Setting> take();
 
  private:

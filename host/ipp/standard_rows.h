@@ -12,8 +12,8 @@
 
 namespace driver_feature::ipp {
 
-// A word of IPP, and what descriptions and PPDs call it: bare names between blanks
-// (host/ipp/words.h).
+// A word of IPP, and the names for it in descriptions and PPDs: bare names
+// between blanks (host/ipp/words.h).
 struct WordRow {
   std::string_view word;
   std::string_view names;
@@ -26,7 +26,7 @@ struct StandardRow {
   bool isClosed;              // Has no words but those of IPP.
   std::string_view features;  // Bare names of features, the surest first.
   std::span<const WordRow> words;
-  std::string_view usual;  // The default if no feature says it; empty: not without one.
+  std::string_view usual;  // The default if no feature has one; empty: not without one.
 };
 
 std::span<const StandardRow> standardRows();

@@ -1,4 +1,4 @@
-// What a value of an attribute, as text, means for its feature.
+// The meaning of an attribute's value, as text, for its feature.
 #ifndef HOST_IPP_WORD_MEANING_H_
 #define HOST_IPP_WORD_MEANING_H_
 
@@ -12,8 +12,8 @@ namespace driver_feature::ipp {
 // The value of a number or a text; nothing when its limits do not allow it.
 std::optional<std::string> valueFor(const FeatureCapability& feature, const std::string& word);
 
-// The value of the attribute's feature. An empty one for a word of a list that changes
-// nothing; nothing for a word that is not supported.
+// The value for the attribute's feature. An empty one for a word of a list that
+// changes nothing; nothing for an unsupported word.
 std::optional<std::string> valueOf(const JobAttribute& attribute, const std::string& word);
 
 }  // namespace driver_feature::ipp

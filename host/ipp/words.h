@@ -17,8 +17,8 @@ bool isKeyword(std::string_view text);
 // "plus-3", "2 Holes" "n-2-holes". Different names may get the same.
 std::string keywordFor(std::string_view name);
 
-// The name without what names differ in although they mean the same: capital
-// letters, blanks, hyphens, dots and underscores.
+// The name without the differences that do not matter: capital letters, blanks,
+// hyphens, dots and underscores.
 std::string bareName(std::string_view name);
 
 // Whether the word is one of those between blanks.

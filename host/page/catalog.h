@@ -1,4 +1,5 @@
-// The features of a loaded description, found again quickly at each change.
+// The features of a loaded description, indexed so that a change finds them
+// quickly.
 #ifndef HOST_PAGE_CATALOG_H_
 #define HOST_PAGE_CATALOG_H_
 
@@ -25,7 +26,7 @@ struct CatalogFeature {
   bool isHardware = false;
   std::vector<CatalogChoice> choices;
 
-  // The choice that the page shows as this; null when there is none.
+  // The choice that the page shows as this text; null when there is none.
   const CatalogChoice* choiceShownAs(const std::string& text) const;
 };
 
@@ -49,12 +50,12 @@ class Catalog {
   // Null when there is none of that name.
   const CatalogFeature* find(const std::string& name) const;
 
-  // By its name, else by what the page shows of it. Two features whose names are not
-  // UTF-8 may look alike: the first of them is found.
+  // By its name, else by the text that the page shows for it. Two features whose
+  // names are not UTF-8 may look alike: the first of them is found.
   const CatalogFeature* findShown(const std::string& text) const;
   const CatalogRecords* findRecords(const std::string& text) const;
 
-  // What the page shows as this, as the feature takes it.
+  // The value for a text that the page shows.
   static std::string valueShownAs(const CatalogFeature& feature, const std::string& text);
 
   // Whether routines of the description may change values when others change.

@@ -19,7 +19,7 @@ struct PageRecord {
 };
 
 struct PresentSettings {
-  std::vector<host::Setting> settings;  // In the order in which they are to be made.
+  std::vector<host::Setting> settings;  // In the order in which to make them.
   std::vector<PageRecord> records;
 };
 
@@ -30,14 +30,14 @@ struct CommandFrame {
   std::vector<std::string> routines;
 };
 
-// How `emit` is given settings: as options, and as a settings file that is loaded
+// How `emit` receives settings: as options, and as a settings file that is loaded
 // before them.
 struct EmitSettings {
   std::vector<host::Setting> options;
   std::string file;  // Its text.
 };
 
-// Records, and what cannot be a word of a command line, are in the file.
+// Records, and what cannot be a word of a command line, go into the file.
 EmitSettings emitSettingsOf(const PresentSettings& present);
 
 // "driver-feature emit --to ps DESC -o NAME=VALUE": run by a POSIX shell, it gives the
@@ -47,8 +47,9 @@ std::string commandLine(const CommandFrame& frame, const PresentSettings& presen
 // NAME=VALUE&NAME=VALUE, percent-encoded. A record is [GROUP]=VALUES, a JSON array.
 std::string queryOf(const PresentSettings& present);
 
-// The opposite, with texts as a page shows them. Whatever is not of this form is left
-// out. The members of the records have no names: they are the columns in their order.
+// The reverse, with texts as a page shows them. Parts that do not have this form
+// are ignored. The members of the records have no names: they are the columns in
+// their order.
 PresentSettings readQuery(const std::string& query);
 
 }  // namespace driver_feature::page

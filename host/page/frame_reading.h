@@ -7,8 +7,8 @@
 
 namespace driver_feature::page {
 
-// The next frame; waits for it. Nothing when the other end is closed, or when what
-// comes is no frame. `arrived` keeps what has come of later ones.
+// Waits for the next frame and returns it. Nothing when the other end is closed,
+// or when the bytes are not a frame. `arrived` keeps what has come of later ones.
 std::optional<std::string> nextFrame(int socket, std::string& arrived);
 
 }  // namespace driver_feature::page

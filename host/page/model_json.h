@@ -1,4 +1,4 @@
-// What a page shows of a description that does not change while it is loaded.
+// What a page shows of a description and does not change while it is loaded.
 #ifndef HOST_PAGE_MODEL_JSON_H_
 #define HOST_PAGE_MODEL_JSON_H_
 

@@ -31,7 +31,7 @@ class Notices {
   Notices(const Notices&) = delete;
   Notices& operator=(const Notices&) = delete;
 
-  // Forgets what it has noticed; the values of this moment are the old ones.
+  // Forgets what it has noticed; changes are counted from the present values.
   void begin();
 
   // To be called with each line of the log.

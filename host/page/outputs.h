@@ -25,7 +25,7 @@ struct Output {
   std::vector<OwnedPart> parts;  // As far as it is certain who has written them.
 };
 
-// Writes them; what is logged meanwhile goes to the notices.
+// Writes them; the notices receive what is logged meanwhile.
 std::vector<Output> writeOutputs(host::Session& session, const Catalog& catalog, Notices& notices);
 
 // {"text", "spans", "problem"}.

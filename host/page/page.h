@@ -32,8 +32,8 @@ class Page {
   // `socket` is closed in the copies of the process that last; -1 for none.
   static host::Result<std::unique_ptr<Page>> open(const PageRequest& request, int socket);
 
-  // The reply to a request, both JSON objects. What is no request is replied to with
-  // {"error": "..."}.
+  // The reply to a request, both JSON objects. For anything that is not a
+  // request, it is {"error": "..."}.
   std::string reply(const std::string& request);
 
  private:
@@ -56,7 +56,7 @@ class Page {
   Json reset(const Json& request);
   Json records(const Json& request);
 
-  // The reply to a change: what is different now, or why nothing is.
+  // The reply to a change: what is different now, or why nothing has changed.
   Json changed(const Outcome& outcome, const std::vector<host::Setting>& wishes);
   Json refused(const Outcome& outcome, const std::vector<host::Setting>& wishes);
   Json error(const host::Problem& problem) const;

@@ -18,7 +18,7 @@ struct Outcome {
   bool isMade = true;
   std::string problem;            // Why nothing has changed.
   std::string feature;            // At which the problem is, when it is one.
-  std::vector<std::string> also;  // What rules have changed besides, a line for each.
+  std::vector<std::string> also;  // What rules have changed as well, a line for each.
   std::vector<std::string> lost;  // What could not be made and was left out.
 
   static Outcome refusal(const host::Problem& problem, const std::string& feature = "");
@@ -49,7 +49,7 @@ class PageChanges {
   // The default values, and no records.
   Outcome reset();
 
-  // Makes what `work` does, or nothing of it.
+  // Makes all that `work` does, or none of it.
   using Work = std::function<Outcome()>;
   Outcome make(const Work& work);
 

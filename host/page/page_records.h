@@ -22,8 +22,8 @@ struct RecordsAction {
   std::vector<std::optional<std::string>> values;
 };
 
-// Carries out the action. Refused with the words of `emit` for a value, and for an
-// action that there is not.
+// Carries out the action. Refused, in the words of `emit`, for a value, and for
+// an unknown action.
 host::Result<> carryOut(const host::Session& session, const Catalog& catalog,
                         const RecordsAction& action);
 

@@ -1,4 +1,4 @@
-// Parts of a request, which comes from a page and may hold anything.
+// Parts of a request, which comes from a page and may contain anything.
 #ifndef HOST_PAGE_PAGE_REQUEST_H_
 #define HOST_PAGE_PAGE_REQUEST_H_
 
@@ -25,8 +25,9 @@ bool flagIn(const nlohmann::json& request, const char* name);
 // "refuse" or "mend"; without it, "refuse".
 host::Result<host::RuleConduct> conductIn(const nlohmann::json& request);
 
-// "settings": [["NAME","VALUE"], ...], with the names and values of the description in
-// place of what the page shows. Numbers are taken as texts. None without it.
+// "settings": [["NAME","VALUE"], ...], with the names and values of the
+// description in place of those that the page shows. Numbers are taken as texts.
+// None without it.
 host::Result<std::vector<host::Setting>> settingsIn(const nlohmann::json& request,
                                                     const Catalog& catalog);
 

@@ -1,5 +1,5 @@
-// A copy of the process in which nothing has been set: what settings make of a
-// description that has just been loaded can be seen there.
+// A copy of the process in which nothing has been set: it shows the effect of
+// settings on a description that has just been loaded.
 #ifndef HOST_PAGE_PRISTINE_COPY_H_
 #define HOST_PAGE_PRISTINE_COPY_H_
 
@@ -14,8 +14,9 @@ namespace driver_feature::page {
 
 class PristineCopy {
  public:
-  // What is tried in a copy of the copy: from a text makes a text. It must not refer
-  // to what the process that asks may have destroyed or changed since.
+  // What is tried in a copy of the copy: turns a text into a text. It must not
+  // refer to anything that the asking process may have destroyed or changed
+  // since.
   using Work = std::function<std::string(const std::string& question)>;
 
   // Makes the copy, which ends with this object or with the process. `socket` is
@@ -28,7 +29,7 @@ class PristineCopy {
   PristineCopy(const PristineCopy&) = delete;
   PristineCopy& operator=(const PristineCopy&) = delete;
 
-  // What the work makes of the text; nothing when it has ended its process.
+  // The result of the work for the text; nothing when it has ended its process.
   std::optional<std::string> ask(const std::string& question);
 
  private:

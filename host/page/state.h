@@ -33,7 +33,7 @@ class RuledOut {
 // The records of all dynamic groups, their columns alone.
 std::vector<PageRecord> recordsOf(const host::Session& session, const Catalog& catalog);
 
-// Where secrets of the present values, of `records` and of `tried` are in texts.
+// Finds the secrets of the present values, of `records` and of `tried` in texts.
 host::SecretOutputs secretsOf(const Catalog& catalog, const std::vector<PageRecord>& records,
                               const std::vector<host::Setting>& tried);
 

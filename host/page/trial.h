@@ -16,7 +16,7 @@
 
 namespace driver_feature::page {
 
-// What is the same of the same state: its outputs; its values and what can be set.
+// What is equal for equal states: the outputs; the values and what can be set.
 struct Digest {
   std::string outputs;
   std::string settings;

@@ -1,4 +1,5 @@
-// Which requests a page takes, and what browsers are told about it.
+// Which requests a page accepts, and the fields that restrict what browsers do
+// with it.
 #ifndef HOST_PAGE_SERVER_ADMISSION_H_
 #define HOST_PAGE_SERVER_ADMISSION_H_
 
@@ -9,15 +10,15 @@
 namespace driver_feature::page_server {
 
 // Whether the request comes from the page itself, or from no page: a foreign page
-// must neither read nor change anything. A request that changes something has to
+// must neither read nor change anything. A request that changes something must
 // say that it comes from the page itself.
 bool isFromOwnPage(const host::Request& request);
 
 // The same for what a person may open from anywhere, such as from a mail.
 bool mayOpen(const host::Request& request);
 
-// What every response of a page has: nothing is loaded from elsewhere, nothing is
-// shown elsewhere, and nothing is kept.
+// The fields of every response of a page: nothing is loaded from elsewhere,
+// nothing is shown elsewhere, and nothing is cached.
 std::vector<host::Field> safeFields();
 
 }  // namespace driver_feature::page_server

@@ -1,4 +1,4 @@
-// What another process writes, read while a loop runs.
+// The output of another process, read while a loop runs.
 #ifndef HOST_PAGE_SERVER_CHILD_TEXT_H_
 #define HOST_PAGE_SERVER_CHILD_TEXT_H_
 

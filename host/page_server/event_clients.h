@@ -1,4 +1,4 @@
-// The clients that listen to what happens on a page, by server-sent events.
+// The clients that receive a page's events, as server-sent events.
 #ifndef HOST_PAGE_SERVER_EVENT_CLIENTS_H_
 #define HOST_PAGE_SERVER_EVENT_CLIENTS_H_
 

@@ -1,4 +1,4 @@
-// What the checker finds in a description that cannot be used.
+// The checker's findings for a description that cannot be used.
 #ifndef HOST_PAGE_SERVER_FINDINGS_H_
 #define HOST_PAGE_SERVER_FINDINGS_H_
 

@@ -1,4 +1,4 @@
-// JSON as the page gets it.
+// JSON in the form that the page receives.
 #ifndef HOST_PAGE_SERVER_JSON_TEXT_H_
 #define HOST_PAGE_SERVER_JSON_TEXT_H_
 

@@ -18,7 +18,7 @@ class KeptValues {
   // Takes over a reply with a state, whole or what has changed, to this request.
   void take(const nlohmann::json& state, const std::string& request);
 
-  // The request that makes these values again; nothing when all are the defaults.
+  // The request that restores these values; nothing when all are the defaults.
   std::optional<std::string> restoring() const;
 
  private:

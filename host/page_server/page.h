@@ -1,4 +1,4 @@
-// The live page of one description: what a browser asks for, and what it is told.
+// The live page of one description: a browser's requests, and their responses.
 #ifndef HOST_PAGE_SERVER_PAGE_H_
 #define HOST_PAGE_SERVER_PAGE_H_
 
@@ -45,17 +45,18 @@ class Page final {
   Page(const Page&) = delete;
   Page& operator=(const Page&) = delete;
 
-  // What is made of a request for `name`, which is what follows the page's own
-  // address; empty for the page itself.
+  // The response to a request for `name`, the part after the page's own address;
+  // empty for the page itself.
   Answer handle(const host::Request& request, const std::string& name);
 
-  // What cannot be watched; nothing when all is well.
+  // What cannot be watched; nothing if everything can.
   const std::optional<host::Problem>& watchProblem() const { return watchProblem_; }
 
   bool hasClients() const { return !clients_.isEmpty(); }
 
  private:
-  // Makes the response of the worker's reply, which is empty when nothing is loaded.
+  // Turns the worker's reply, which is empty when nothing is loaded, into the
+  // response.
   using Made = std::function<host::Response(const std::string& reply)>;
 
   Answer answer(const host::Request& request, const std::string& name);

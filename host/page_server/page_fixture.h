@@ -1,4 +1,4 @@
-// A page with a process that plays the description's part.
+// A page with a process that plays the part of the description.
 #ifndef HOST_PAGE_SERVER_PAGE_FIXTURE_H_
 #define HOST_PAGE_SERVER_PAGE_FIXTURE_H_
 

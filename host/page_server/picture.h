@@ -12,8 +12,8 @@
 
 namespace driver_feature::page_server {
 
-// One picture is drawn at a time, and of those that are wanted meanwhile only the
-// newest.
+// Draws one picture at a time. Of those requested meanwhile, only the newest is
+// drawn.
 class Picture final {
  public:
   struct Result {

@@ -1,4 +1,4 @@
-// Names that nobody guesses.
+// Names that cannot be guessed.
 #ifndef HOST_PAGE_SERVER_RANDOM_NAME_H_
 #define HOST_PAGE_SERVER_RANDOM_NAME_H_
 

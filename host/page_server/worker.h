@@ -1,5 +1,5 @@
-// The process that has a page's description loaded, seen from the server: it is
-// started again with the values that it had when it ends or is to load anew.
+// The process that has loaded a page's description, as the server sees it. It is
+// restarted, with its values, when it ends or has to load the description again.
 #ifndef HOST_PAGE_SERVER_WORKER_H_
 #define HOST_PAGE_SERVER_WORKER_H_
 
@@ -33,7 +33,7 @@ class Worker final {
     host::EventLoop::Milliseconds replyTime{10000};                   // For one request.
   };
 
-  // What becomes of it. Called from the loop, and not by the operations below.
+  // What happens to it. Called from the loop, and not by the operations below.
   struct Listener {
     // With the first state after each start.
     std::function<void(const nlohmann::json& state)> loaded;
@@ -96,7 +96,7 @@ class Worker final {
   host::EventLoop::Milliseconds replyTime_;
   Listener listener_;
   KeptValues kept_;
-  bool restores_ = true;  // Whether the kept values are to be made in the next process.
+  bool restores_ = true;  // Whether to restore the kept values in the next process.
   bool isToLoadAnew_ = false;
   Phase phase_ = Phase::kLoading;
   std::optional<host::ChildProcess> child_;

@@ -9,7 +9,7 @@
 
 namespace driver_feature::ppd {
 
-// Why something that libcups itself leaves out is lost.
+// Why something is lost that libcups itself leaves out.
 inline constexpr const char* kNeverWritten =
     "libcups never writes it, because its order dependency is below 0";
 
@@ -21,7 +21,7 @@ std::string sectionText(ppd_section_t section, const std::string& title, const s
 // Empty for a null pointer.
 std::string_view textOf(const char* text);
 
-// Whether it is the choice of a value of one's own.
+// Whether it is the custom choice.
 bool isCustom(const ppd_choice_t& choice);
 
 // The code of a choice; empty when it has none.

@@ -1,5 +1,5 @@
-// Choices that nothing can allow with the present hardware, and how the model
-// is told of them.
+// Choices that nothing can allow with the present hardware, and how they are
+// taken out of the model.
 #ifndef HOST_RULES_AVAILABILITY_H_
 #define HOST_RULES_AVAILABILITY_H_
 
@@ -25,9 +25,9 @@ struct ImpossibleChoice {
   bool operator==(const ImpossibleChoice&) const = default;
 };
 
-// In the order of the features and of their choices. The features that say
-// what hardware there is keep all choices: a person must be able to tell. Each
-// choice may take so many steps; one that takes more counts as possible.
+// In the order of the features and of their choices. Features that say what
+// hardware there is keep all choices, so that a person can still change them.
+// `stepLimit` bounds the search for each choice; one that takes more counts as possible.
 std::vector<ImpossibleChoice> findImpossible(Resolver& resolver, const Tables& tables,
                                              long stepLimit);
 

@@ -1,4 +1,4 @@
-// What the features that rules speak of can be set to.
+// The values that the features in rules can be set to.
 #ifndef HOST_RULES_DOMAIN_H_
 #define HOST_RULES_DOMAIN_H_
 

@@ -1,4 +1,4 @@
-// What programs hear of a resolution: names and texts in place of numbers.
+// A resolution as programs see it: names and texts in place of numbers.
 #ifndef HOST_RULES_PLAN_H_
 #define HOST_RULES_PLAN_H_
 

@@ -66,8 +66,9 @@ class Resolver {
   // The same for each choice of a feature that has choices.
   std::vector<bool> wouldRefuse(int feature);
 
-  // The rules that hold now and are not to be borne: those of the defaults of
-  // which a person has set no feature are left out. In ascending order.
+  // The rules that are broken now and refuse the values: those broken by the
+  // defaults are left out until a person sets one of their features. In ascending
+  // order.
   std::vector<int> refusing();
 
  private:

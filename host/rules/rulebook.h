@@ -103,7 +103,7 @@ class Rulebook {
   Resolver resolver_;
   std::optional<OptionConstraints> constraints_;
   std::optional<std::vector<int>> examinedHardware_;  // At the last examination.
-  std::optional<std::vector<int>> takenOutWith_;      // Of what the model has been told.
+  std::optional<std::vector<int>> takenOutWith_;      // As of the last takeOut().
   std::vector<ImpossibleChoice> impossible_;
   std::vector<TakenOut> takenOut_;
 };

@@ -1,4 +1,4 @@
-// Rules, made ready for quick answers: features and values are numbers, and
+// Rules in a form that is quick to judge: features and values are numbers, and
 // each value knows the conditions that it makes true or false.
 //
 //   Tables tables(rules, domainsOf(model, rules));

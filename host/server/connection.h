@@ -28,7 +28,8 @@ struct ConnectionSetting {
   EventLoop& loop;
   const Limits& limits;
   const Handler& handler;
-  // Whether a client may call this server so: the field Host without the port.
+  // Whether clients may address this server by that name: the field Host without
+  // the port.
   const std::function<bool(const std::string& name)>& isOwnName;
   const Identity& identity;
   const Encryption& encryption;

@@ -21,7 +21,7 @@ class EventLoop {
   // before it is closed. An earlier watch of the same descriptor ends.
   void watch(int descriptor, short events, std::function<void(short)> ready);
 
-  // Other events from now on; 0 waits for the other end's going only.
+  // Changes the events to wait for; 0 waits only until the other end is gone.
   void change(int descriptor, short events);
 
   void forget(int descriptor);

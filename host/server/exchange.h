@@ -1,4 +1,4 @@
-// A request and what is made of it.
+// A request and its response.
 #ifndef HOST_SERVER_EXCHANGE_H_
 #define HOST_SERVER_EXCHANGE_H_
 
@@ -22,7 +22,7 @@ using RequestNumber = std::uint64_t;
 
 struct Request {
   Method method = Method::kGet;
-  std::string path;         // Decoded by nobody; without the part after "?".
+  std::string path;         // Not decoded; without the part after "?".
   std::string query;        // That part, without the "?"; not decoded either.
   std::string host;         // Of the field Host, with the port.
   std::string origin;       // Of the field Origin.
@@ -61,8 +61,8 @@ class BodyTaker {
   virtual std::optional<Response> finish(RequestNumber request) = 0;
 };
 
-// What is made of a request whose head has arrived. A body that nobody takes is
-// dropped.
+// Handles a request whose head has arrived: the response, or the taker of its
+// body. A body without a taker is dropped.
 using Handler = std::function<std::variant<Response, std::unique_ptr<BodyTaker>>(const Request&)>;
 
 // A response that says what the status means, as plain text.

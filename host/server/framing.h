@@ -1,4 +1,4 @@
-// Where the parts of a request end, so that libcups gets whole ones only.
+// Finds the ends of a request's parts, so that libcups receives only whole ones.
 #ifndef HOST_SERVER_FRAMING_H_
 #define HOST_SERVER_FRAMING_H_
 

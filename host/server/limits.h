@@ -1,4 +1,4 @@
-// What a client may cost.
+// Limits for each client.
 #ifndef HOST_SERVER_LIMITS_H_
 #define HOST_SERVER_LIMITS_H_
 
@@ -16,7 +16,7 @@ struct Limits {
   std::size_t unsentBytes = 16 << 20;      // Of a response that stays open.
   std::chrono::milliseconds idle{30000};   // Between two requests.
   std::chrono::milliseconds head{10000};   // From its first byte to its end.
-  std::chrono::milliseconds quiet{30000};  // Without the bytes of a body, or of room for ours.
+  std::chrono::milliseconds quiet{30000};  // Without the bytes of a body, or without room for ours.
   std::chrono::milliseconds linger{2000};  // For what a client sends after it was refused.
 };
 

@@ -57,7 +57,7 @@ class Relay {
   // Takes over what libcups has written.
   void collect();
 
-  // Adds to what has been taken over.
+  // Adds to what is to be sent.
   void add(std::string_view text) { outgoing_ += text; }
 
   // Sends what has been taken over, as much as there is room for. False after an

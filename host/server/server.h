@@ -39,21 +39,22 @@ class Server {
   // The addresses at which it listens; with the ports that were chosen for port 0.
   const std::vector<std::string>& places() const { return places_; }
 
-  // Clients may also call it by this name. Requests with other names in their
-  // field Host than "localhost", the addresses of the loopback and those at which
-  // it listens are refused.
+  // Clients may also address it by this name. Requests are refused if their field
+  // Host has another name than this, "localhost", the addresses of the loopback
+  // interface and those at which it listens.
   void addName(const std::string& name);
 
-  // Before clients come.
+  // To be called before clients come.
   void introduceAs(const Identity& identity) { identity_ = identity; }
 
-  // Encrypts connections whose clients want it, or have to; before clients come.
+  // Encrypts connections if clients ask for it, or all of them. To be called
+  // before clients come.
   void encrypt(const Encryption& encryption) { encryption_ = encryption; }
 
-  // Whether only programs of this machine reach it.
+  // Whether it can be reached from this machine only.
   bool isLoopbackOnly() const { return reachablePort() == 0; }
 
-  // The first port at which others reach it; 0 for none.
+  // The first port at which other machines reach it; 0 for none.
   int reachablePort() const;
 
   // The response to a request that waits for one. Does nothing when the client

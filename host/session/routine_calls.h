@@ -42,13 +42,13 @@ const RoutineRecord& routineRecord();
 void clearRoutineRecord();
 
 // From now on the routines that the feature-description element names are noted
-// while they run; those of the program itself are not, since they return. Returns
-// a problem (kNotLoaded) for each name that stands for something else than a
-// routine, which would crash when it is called. `file` is for the places.
+// while they run. Those of the program itself are not, since they return. Returns
+// a problem (kNotLoaded) for each name that is not a routine's, which would crash
+// when it is called. `file` is for the places.
 Problems noteRoutineCalls(void* description, const std::string& file);
 
-// From now on, what a look-up of a routine that writes PostScript or PJL finds
-// becomes what `exchange` makes of it; null ends that.
+// From now on, looking up a routine that writes PostScript or PJL gives what
+// `exchange` returns for it; null ends that.
 using TextRoutineExchange = void* (*)(const char* name, void* routine);
 void exchangeTextRoutines(TextRoutineExchange exchange);
 
@@ -61,9 +61,9 @@ std::string describeRoutineEnd(const RoutineRecord& record, int status);
 // none has.
 std::string describeThrow(const RoutineRecord& record);
 
-// That as a problem (kNotWritten), for the present record. To be asked after work
-// in which routines may have run: the feature library lets some exceptions end
-// where it calls a routine.
+// That as a problem (kNotWritten), for the present record. Call it after work in
+// which routines may have run: the feature library catches some exceptions where
+// it calls a routine.
 Result<> successOfRoutines();
 
 }  // namespace driver_feature::host

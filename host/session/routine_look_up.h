@@ -1,4 +1,4 @@
-// Which routines there are, and what a name that a description gives stands for.
+// Which routines there are, and what a name in a description refers to.
 #ifndef HOST_SESSION_ROUTINE_LOOK_UP_H_
 #define HOST_SESSION_ROUTINE_LOOK_UP_H_
 
@@ -24,13 +24,13 @@ struct RoutineLookUp {
 // What the feature library would find and call.
 RoutineLookUp lookUpRoutine(const std::string& name);
 
-// What is wrong with a name that stands for something else than a routine, as
-// the rest of a sentence: "is a function of libc.so.6, not a routine". Empty for
-// a routine and for a missing one.
+// What is wrong with a name that is not a routine's, as the rest of a sentence:
+// "is a function of libc.so.6, not a routine". Empty for a routine and for a
+// missing one.
 std::string objectionTo(const RoutineLookUp& routine);
 
-// Loads a library, of which lookUpRoutine() then knows that it has routines, as
-// what it brings along. Null on failure, with dlerror() set.
+// Loads a library; from then on lookUpRoutine() counts it, and the libraries
+// loaded with it, as libraries of routines. Null on failure, with dlerror() set.
 void* openRoutines(const std::string& path);
 
 // The names of the functions of all libraries of routines, sorted, with those of

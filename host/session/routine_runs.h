@@ -1,5 +1,5 @@
 // Work that runs routines of a description, in a copy of the process: whatever
-// they do there, this process can say which one has done it.
+// they do there, this process can name the one that did it.
 #ifndef HOST_SESSION_ROUTINE_RUNS_H_
 #define HOST_SESSION_ROUTINE_RUNS_H_
 

@@ -12,11 +12,11 @@ namespace driver_feature::host {
 struct RoutineText {
   std::string routine;
   std::size_t before = 0;  // How long the text was when the routine was called.
-  std::string added;       // What was behind that afterwards.
+  std::string added;       // What came after that when it returned.
 };
 
-// Notes the calls while it lives, in their order. One at a time. Calls of routines
-// that a description names for something else, too, are noted like the others.
+// Notes the calls while it lives, in their order. One at a time. A routine that
+// the description also names for other purposes is noted in those calls, too.
 class RoutineTexts {
  public:
   RoutineTexts();

@@ -19,8 +19,8 @@ std::optional<std::string> featureWithKey(const Model& model, const std::string&
 std::optional<std::string> valueWithKey(const Model& model, const std::string& feature,
                                         const std::string& text);
 
-// The setting with names in place of keys. A name that there is wins over a key;
-// what is neither stays as it is.
+// The setting with names in place of keys. An existing name takes precedence over
+// a key; what is neither is kept.
 Setting withoutKeys(const Model& model, const Setting& setting);
 
 }  // namespace driver_feature::host

@@ -1,5 +1,5 @@
-// Where the objects of a JSON array and their members are: the reader of JSON
-// does not say.
+// Where the objects of a JSON array and their members are, which the JSON library
+// does not report.
 #ifndef HOST_SETTINGS_JSON_PLACES_H_
 #define HOST_SETTINGS_JSON_PLACES_H_
 

@@ -25,8 +25,9 @@ std::string presetFile(const std::string& description, const std::string& name);
 // description of standard input.
 Result<> checkPresetName(const Session& session, const std::string& name);
 
-// Sets what the preset sets, as loadSettings() does with a file: all of it, or
-// nothing and a problem for each refused line, with the preset's file and line.
+// Applies the settings of the preset, as loadSettings() does with a file: all of
+// them, or none and a problem for each refused line, with the preset's file and
+// line.
 Result<> applyPreset(CoreFeatureSet& set, const Model& model, const Preset& preset);
 
 // The same in a copy of the process. Returns the values that the features then

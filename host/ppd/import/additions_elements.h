@@ -10,8 +10,8 @@
 
 namespace driver_feature::ppd {
 
-// The rules without what they say of features and options that the import could
-// not make. Rules of which nothing is left are noted.
+// The rules without the parts about features and options that could not be
+// imported. Rules of which nothing remains are noted.
 host::Rules importedRules(host::Rules rules, const ImportedNames& names, Losses& losses);
 
 ImportedElement rulesElement(const host::Rules& rules);
