@@ -139,7 +139,7 @@ class PostScriptCheck {
     for (const auto& open : scan.open()) reportOpen(open);
   }
 
-  // Where more is open than anybody nests, the output is beyond telling which
+  // Where more is open than anybody nests, the output does not show which
   // option is to blame.
   void beginList(std::size_t index, PostScriptScan& scan) {
     constexpr std::size_t kDeepest = 64;

@@ -16,7 +16,7 @@ namespace driver_feature::check {
 namespace {
 
 // Features and groups of every kind, in an order that is not that of the output.
-// "SELECTED" stands for the option that is selected.
+// "SELECTED" means the option that is selected.
 constexpr const char* kDescription = R"xml(<FeatureDescription ByteEscapes="yes">
   <BaseFeatureInfo DefaultCallbackHandler="DriverFeatureHostUpdate"/>
   <FeatureStaticGroup Name="G" PSCommand="&lt;&lt; %s>> 100%%&#10;" PJLCommand="@PJL G&#10;%s">

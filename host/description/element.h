@@ -65,7 +65,7 @@ struct Element {
 // The elements of a document's feature description, with their places.
 struct DescriptionElements {
   std::unique_ptr<Element> description;
-  std::optional<Position> second;  // Of a second description, which nobody reads.
+  std::optional<Position> second;  // Of a second description, which is not read.
 };
 
 // Needs the document's text.

@@ -9,7 +9,7 @@ namespace driver_feature::host {
 
 namespace {
 
-// A message of the parser and what we say. Each "*" of the message stands for
+// A message of the parser and ours. Each "*" of the message means
 // any text, which $1, $2 and $3 repeat.
 struct FaultRow {
   const char* message;

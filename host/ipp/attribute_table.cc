@@ -180,7 +180,7 @@ class TableWriter {
     return attribute;
   }
 
-  // What the printer has is no matter of a job.
+  // Jobs cannot set what the printer has.
   void addHardware(const FeatureCapability& feature) {
     JobAttribute attribute = ownAttribute(feature);
     attribute.name += "-configured";

@@ -175,7 +175,7 @@ TEST(JobSettingsTest, Preset_OfThePrinterUri_ComesFirst) {
   EXPECT_EQ(settingsFor(officePrinter(), jobRequest().integer("copies", 3), "quick-draft"),
             "TonerSave=On PageSize=A5 Copies=3");
   EXPECT_EQ(settingsFor(officePrinter(), jobRequest(), "unknown"), "");
-  // At this address A4 is no default.
+  // At this address A4 is not the default.
   EXPECT_EQ(settingsFor(officePrinter(), jobRequest().keyword("media", "iso_a4_210x297mm"),
                         "quick-draft"),
             "TonerSave=On PageSize=A4 Copies=2");

@@ -80,7 +80,7 @@ TEST(QueryTest, EncodedSettings_AreReadBack) {
 TEST(QueryTest, WhatIsNoSetting_IsLeftOut) {
   EXPECT_TRUE(readQuery("").settings.empty());
   EXPECT_TRUE(readQuery("Duplex&=x&&").settings.empty());
-  // A record that is no array of texts is a setting of a strange name.
+  // A record that is not an array of texts is a setting with a strange name.
   EXPECT_TRUE(readQuery("%5BPages%5D=%5B1%5D").records.empty());
   EXPECT_TRUE(readQuery("%5BPages%5D=%5B").records.empty());
 }

@@ -1,4 +1,4 @@
-// Rules that nobody writes, except to do harm.
+// Rules that are written only to do harm.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

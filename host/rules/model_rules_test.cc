@@ -163,7 +163,7 @@ TEST_F(ModelRules, Impossible_AreTheSameChoices_WhichStayInTheModel) {
               ElementsAre(TakenOut{"Duplex", "Long", {0}}, TakenOut{"Duplex", "Short", {0}}));
   EXPECT_THAT(available("Duplex"), ElementsAre("None", "Long", "Short"));
   EXPECT_TRUE(option("Duplex", 1).isConstraintSetEmpty());
-  // They can still be taken out, and are told the same after that.
+  // They can still be taken out, and give the same result afterwards.
   book.takeOut();
   EXPECT_THAT(available("Duplex"), ElementsAre("None"));
   EXPECT_EQ(book.impossible().size(), 2U);

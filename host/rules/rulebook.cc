@@ -84,7 +84,7 @@ std::vector<std::string> Rulebook::conflictingChoicesOf(int feature) {
 Plan Rulebook::plan(const std::vector<Assignment>& wishes, Keep keep, long stepLimit) {
   readModel();
   Question question{.wishes = {}, .keepsAll = keep == Keep::kAll, .stepLimit = stepLimit};
-  // What changes is told with the wished values as those that are left.
+  // Changes are reported with the wished values as those that remain.
   Trial trial(state_);
   for (const Assignment& assignment : wishes) {
     const std::optional<Wish> wish = wishOf(assignment);

@@ -138,7 +138,7 @@ void Connection::watchRate() {
   });
 }
 
-// Ends an open response when the client has been behind since the last look.
+// Ends an open response when the client has been slow since the last look.
 void Connection::watchOpen() {
   timer_ = setting_.loop.after(setting_.limits.quiet, [this] {
     timer_.reset();

@@ -49,7 +49,7 @@ void Connection::writeOut(const Response& response) {
   ::httpSetField(http, HTTP_FIELD_SERVER, server.c_str());
   ::httpSetField(http, HTTP_FIELD_CONTENT_TYPE, response.contentType.c_str());
   const bool isOpen = response.isOver && request_.method != Method::kHead;
-  // 0 stands for chunks.
+  // 0 means chunks.
   ::httpSetLength(http, isOpen ? 0 : response.body.size());
   ::httpSetKeepAlive(http, isLast_ ? HTTP_KEEPALIVE_OFF : HTTP_KEEPALIVE_ON);
   if (isLast_) ::httpSetField(http, HTTP_FIELD_CONNECTION, "close");

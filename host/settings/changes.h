@@ -15,7 +15,7 @@
 namespace driver_feature::host {
 
 struct Changes {
-  std::vector<std::string> settings;      // NAME=VALUE, made in this order; keys stand for names.
+  std::vector<std::string> settings;      // NAME=VALUE, made in this order; keys may replace names.
   std::vector<RecordsRequest> records;    // Made after the settings.
   std::vector<std::string> files = {};    // Settings files, set before these.
   std::vector<std::string> presets = {};  // Of the description, set before all else.

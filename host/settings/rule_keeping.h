@@ -33,7 +33,7 @@ class RuleKeeper {
   // False when the description has no rules; then nothing is ever refused.
   bool hasRules() { return !rules().rules.empty(); }
 
-  // From now on rules are told in this language, where the description has it.
+  // From now on messages about rules are in this language, where the description has it.
   void useLanguage(const std::string& language);
 
   // A person has set the feature, later than all others.

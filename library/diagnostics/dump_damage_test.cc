@@ -36,7 +36,7 @@ std::string dump() {
   return ::testing::internal::GetCapturedStdout();
 }
 
-// An option that answers its PostScript command alone.
+// An option that returns only its PostScript command.
 class HalfReadableOption : public UnreadableOption {
  public:
   using UnreadableOption::getOptionProperty;

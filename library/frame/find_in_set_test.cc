@@ -155,7 +155,7 @@ TEST_F(FindInSetTest, FindByAttribute_AsksForFeaturesThroughTheSlot) {
   EXPECT_EQ(set.FindFeatureInFeatureList(std::string("Name"), std::string("B")), &b_);
 }
 
-// Groups that answer as a test tells them to.
+// Groups that return what a test sets.
 class UnreadableStaticGroup : public DriverFeatureStaticGroup {
  public:
   using DriverFeatureStaticGroup::getFeatureProperty;

@@ -29,7 +29,7 @@ std::string nameOf(int number) {
   return "f" + std::string(3 - digits.size(), '0') + digits;
 }
 
-// A feature that answers no read of its number.
+// A feature whose number cannot be read.
 class UnreadableNumber : public DriverFeature {
  public:
   using DriverFeature::DriverFeature;

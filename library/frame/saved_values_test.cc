@@ -21,7 +21,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// A feature that answers no read, as a damaged one would.
+// A feature that cannot be read, as a damaged one.
 class UnreadableFeature : public DriverFeature {
  public:
   using DriverFeature::DriverFeature;

@@ -66,7 +66,7 @@ class TicketHandlersTest : public ::testing::Test {
   }
   ~TicketHandlersTest() override { script = {}; }
 
-  // Calls a handler and answers what it wrote to standard output.
+  // Calls a handler and returns what it wrote to standard output.
   std::string outputOf(Handler handler, int expectedResult = 1) {
     CaptureStdout();
     const int result = handler(&element_);

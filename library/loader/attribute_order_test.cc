@@ -27,7 +27,7 @@ bool load(const char* symbol, const AttributeMap& map, const std::string& name, 
 
 }  // namespace
 
-// These stand in front of the platform's.
+// These come before the platform's.
 
 #define LOAD_OF_TEXT_NAME "_ZNK12AttributeMap15loadMapVariableERKNSt7__cxx1112basic_stringIcSt11"
 

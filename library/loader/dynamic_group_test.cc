@@ -19,7 +19,7 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
-// The texts that a dynamic group answers for.
+// The texts that a dynamic group returns.
 constexpr const char* kReadableAttributes[] = {
     "TESKOAAttributeName",
     "TESKJTAttributeName",

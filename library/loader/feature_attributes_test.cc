@@ -31,7 +31,7 @@ constexpr const char* kTextAttributes[] = {
     "CLOKey",
 };
 
-// What a feature answers for a text that is empty. Required: one of them
+// What a feature returns for a text that is empty. Required: one of them
 // cannot be read then.
 std::string emptyAnswer(const std::string& property) {
   return property == "AddPSCallbackRoutine" ? kUnreadable : "";

@@ -123,7 +123,7 @@ TEST_F(StaticGroupTest, Children_WrongTag_FailsAndQuotesIt) {
                   {"CreateStaticFeatureGroup() - Invalid node tag \"" + tag + "\"."});
   }
   EXPECT_THAT(staticGroupNames(), IsEmpty());
-  // What stood before the failure stays filed.
+  // What was there before the failure stays filed.
   EXPECT_THAT(featureNames(), ElementsAre("A"));
 }
 

@@ -116,7 +116,7 @@ TEST_F(ModelAllocationFailureTest, OwnNames_NoMemoryForTheIndex_FindNothingUntil
   EXPECT_GE(failures, 2);
 }
 
-// An option that answers no read or, once it is told to, throws at each.
+// An option that fails each read or, when set so, throws at each.
 class ThrowingOption : public UnreadableOption {
  public:
   bool throws = false;
@@ -133,7 +133,7 @@ class ThrowingOption : public UnreadableOption {
   }
 };
 
-// Calls an operation; answers the text of what it throws.
+// Calls an operation; returns the text of what it throws.
 template <class Operation>
 std::string thrownBy(const Operation& operation) {
   try {

@@ -93,7 +93,7 @@ class ChangingListsTest : public ::testing::Test {
  protected:
   ~ChangingListsTest() override { SetLogHandler(nullptr, nullptr); }
 
-  // A list whose first option adds others behind itself when it is asked.
+  // A list whose first option adds others after itself when it is asked.
   void startList() { list_.addOptionToFeature(&growing_); }
 
   void addOptions() {

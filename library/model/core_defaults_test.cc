@@ -1,4 +1,4 @@
-// The answers of the interfaces' own bodies, which are silent.
+// What the interfaces' own bodies return, without a log line.
 
 #include <set>
 #include <string>

@@ -182,7 +182,7 @@ TEST_F(CopyTest, Copy_UnreadableOption_StopsAtIt) {
   EXPECT_EQ(copy.getFeatureOptionCount(), 1);
 }
 
-// Answers through its operations what its fields do not hold.
+// Returns through its operations what its fields do not hold.
 class Impostor : public DriverFeature {
  public:
   Impostor() { DriverFeature::setFeatureProperty(std::string("FeatureType"), 3); }

@@ -135,7 +135,7 @@ TEST_F(RecordsTest, Add_MissingName_IsRefused) {
   EXPECT_EQ(group_.fetchNumberOfDynamicEntries(), 0);
   const std::string text =
       "addStaticGroupToDynamicGroupWithSort() - Feature not found in map:Title";
-  // The option "1" of the first member is looked for and not found in silence.
+  // The option "1" of the first member is searched for and not found, without a log line.
   EXPECT_THAT(host_.takeEvents(), ElementsAre(logLine(2, text)));
   EXPECT_EQ(LogMessageBuffer.utf8(), text);
 }
@@ -159,7 +159,7 @@ TEST_F(RecordsTest, Add_MembersOfOtherTypes_AreNotCopied) {
   AttributeMap map;
   for (const char* name : {"Label", "List", "Nested", "Foreign", "First"}) map[name] = "4";
   EXPECT_TRUE(group.addStaticGroupToDynamicGroup(map));
-  // The record holds one value, so the whole map is no duplicate of it.
+  // The record holds one value, so the whole map is not a duplicate of it.
   EXPECT_FALSE(group.detectDuplicateRecord(map));
   EXPECT_THAT(host_.takeEvents(),
               ElementsAre(kUpdateCalled,

@@ -96,7 +96,7 @@ TEST_F(DynamicRecordTest, ManyMembers_TheFirstOfANameIsFound) {
   EXPECT_EQ(record.find("member"), nullptr);
 }
 
-// Where the allocator tells how much is in use.
+// Where the allocator reports how much is in use.
 TEST_F(DynamicRecordTest, RemovedRecords_GiveTheirMemoryBack) {
   DriverFeature& text = model_.feature("Text", 3);
   DriverFeatureStaticGroup& shape = model_.group("shape", {}, {&text});
@@ -108,7 +108,7 @@ TEST_F(DynamicRecordTest, RemovedRecords_GiveTheirMemoryBack) {
     for (int i = 0; i < 100; ++i) group.addStaticGroupToDynamicGroup(values);
   };
   const auto used = [] { return mallinfo2().uordblks; };
-  // Of the 100,000 bytes the allocator keeps some at hand, which it counts as used.
+  // Of the 100,000 bytes the allocator keeps some in reserve, which it counts as used.
   constexpr std::size_t kKept = 20000;
   const std::size_t empty = used();
   addAll();

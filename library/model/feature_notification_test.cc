@@ -1,4 +1,4 @@
-// Who is told when a feature changes.
+// Who is notified when a feature changes.
 
 #include <limits>
 #include <string>

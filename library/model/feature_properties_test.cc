@@ -42,7 +42,7 @@ void setValueType(DriverFeature& feature, int type) {
 
 using Table = std::vector<PropertyFacts>;
 
-// Those of a table that are told to somebody, and those that need a value type.
+// Those of a table that notify, and those that need a value type.
 Table toldTo(Told told, Table table) {
   std::erase_if(table, [=](const PropertyFacts& facts) { return facts.told != told; });
   return table;
@@ -136,7 +136,7 @@ TYPED_TEST(FeaturePropertiesTest, Set_FeatureOfAnotherType_IsLoggedAndKeepsTheVa
   }
 }
 
-// The bits of a property's number tell any two properties apart, flags too.
+// The bits of a property's number distinguish any two properties, flags too.
 TYPED_TEST(FeaturePropertiesTest, Get_NameThatCanBeRead_ReturnsWhatIsStoredUnderIt) {
   using Op = Operation<TypeParam>;
   for (const int bit : {0, 1, 2}) {

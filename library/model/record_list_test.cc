@@ -108,7 +108,7 @@ TEST_F(RecordListTest, CloseHoles_KeepsTheRecordsAndLaterChanges) {
   EXPECT_THAT(numbers(), ElementsAre(0, 2, 3, 6, 8, 9));
 }
 
-// Where the allocator tells how much is in use.
+// Where the allocator reports how much is in use.
 TEST_F(RecordListTest, Erase_ManyTimes_GivesTheMemoryBack) {
   constexpr int kMany = 10000;
   constexpr std::size_t kKept = 20000;  // By the allocator, which counts it as used.

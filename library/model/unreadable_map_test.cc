@@ -17,7 +17,7 @@
 namespace driver_feature::testing {
 namespace {
 
-// The position that a map answers false for.
+// The position for which a map returns false.
 long unreadablePosition = -1;
 
 using Fetch = bool (*)(const AttributeMap*, const long&, std::string&, std::string&);

@@ -1,4 +1,4 @@
-// How names reach the platform's look-up, and how its answers are taken. This
+// How names reach the platform's look-up, and how its results are used. This
 // test program defines the look-up itself, in front of the platform's.
 
 #include <climits>

@@ -8,7 +8,7 @@
 namespace driver_feature::testing {
 namespace {
 
-// Objects of a host's own answer as they like, so that they are asked for each
+// Objects of a host's own return what they like, so they are asked for each
 // output.
 
 class CountingOption : public DriverFeatureOption {
@@ -56,7 +56,7 @@ TEST_F(HostInOutputTest, OptionOfAHostGivesNoText_NoOtherTextIsWrittenForIt) {
   EXPECT_EQ(write(), "<1st>[0]()before 1;after ;");
 }
 
-// Answers no flag, and another command at each read; none at the first.
+// Returns no flag, and another command at each read; none at the first.
 class CountingFeature : public DriverFeature {
  public:
   CountingFeature(const std::string& name, int type) : DriverFeature(name), type_(type) {}

@@ -8,8 +8,8 @@
 
 namespace driver_feature::cli {
 
-// Whether standard output is a terminal that knows colours, and the environment
-// does not ask for none (NO_COLOR).
+// Whether standard output is a terminal with colours, and the environment does
+// not turn them off (NO_COLOR).
 bool terminalWantsColour();
 
 // "always", "never", or "auto": as terminalWantsColour() says. Refused for other

@@ -46,10 +46,10 @@ inline constexpr std::array kChangeRows = {
                 "only its owner can read"},
     kAllowanceRow};
 
-// What becomes of values that a rule forbids together.
+// What to do about values that a rule forbids together.
 host::RuleConduct conductOf(const Arguments& arguments);
 
-// What these rows ask for.
+// The changes that these rows ask for.
 host::Changes changesOf(const Arguments& arguments);
 
 // The session that the line asks for: the general options, and DESC.

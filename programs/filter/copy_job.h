@@ -26,9 +26,9 @@ struct JobTexts {
 };
 
 // Copies the job from its file, or from standard input, to standard output.
-// Answers why that failed; nothing for success, and for a job that was
-// cancelled. In every case the trailer follows what has been written, so that
-// no device is left inside of a job.
+// Returns why that failed; success also for a job that was cancelled. In every
+// case the trailer follows what has been written, so that no device is left in
+// the middle of a job.
 host::Result<> copyJob(const FilterArguments& arguments, const JobTexts& texts);
 
 }  // namespace driver_feature::filter

@@ -19,8 +19,8 @@ class Device : public ByteSink {
   void put(std::string_view bytes) override;
   void flush();
 
-  // Writes the bytes, even when the job has been cancelled; but then waits a
-  // few seconds at most for a device that takes nothing.
+  // Writes the bytes, even when the job has been cancelled; but then waits a few
+  // seconds at most for a device that accepts nothing.
   void putLast(std::string_view bytes);
 
   bool hasBegun() const { return hasBegun_; }  // The device has got a byte.

@@ -223,7 +223,7 @@ std::string JobSettings::translated(const host::Setting& setting) const {
 
 // Applies the wishes, and again those that were refused as long as others have
 // changed something: an option may be available because of another one.
-// Answers the wishes that stay refused.
+// Returns the wishes that remain refused.
 std::vector<JobSettings::Wish> JobSettings::settle(std::vector<Wish> wishes) const {
   for (std::size_t before = wishes.size() + 1; wishes.size() < before;) {
     before = wishes.size();

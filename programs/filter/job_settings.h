@@ -45,7 +45,7 @@ class JobSettings {
   // feature.
   int copiesMade(int asked) const;
 
-  // Marks in the PPD what the job has in the end, also what it has asked of
+  // Marks in the PPD the job's final values, including those that it has set on
   // features directly.
   void markAll();
 
@@ -90,7 +90,7 @@ class JobSettings {
   host::RuleConduct rules_;
   host::RuleKeeper keeper_;
   PageWork& pages_;
-  bool isDirect_;                               // The PPD's marks are not for the features.
+  bool isDirect_;                               // The PPD's marks do not set features.
   const FilterArguments* arguments_ = nullptr;  // Of the job that is applied.
   std::string copiesFeature_;                   // Empty without one.
   bool hasFailed_ = false;

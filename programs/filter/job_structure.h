@@ -50,8 +50,8 @@ class JobStructure : public ByteSink, private LineListener {
 
   Kind kind() const { return kind_; }
 
-  // Whether another document follows the PJL trailer that was taken off.
-  // It is left out.
+  // Whether another document follows the PJL trailer that was taken off. It is
+  // not printed.
   bool hasSecondDocument() const { return hasSecondDocument_; }
 
   // The pages so far.
@@ -63,14 +63,14 @@ class JobStructure : public ByteSink, private LineListener {
  private:
   // Which part of the job the next line is in.
   enum class Place {
-    kFront,         // In front of the PostScript.
+    kFront,         // Before the PostScript.
     kHeader,        // In the header comments.
-    kBehindHeader,  // Behind them, and no prolog yet.
+    kBehindHeader,  // After them, and no prolog yet.
     kProlog,
     kBehindProlog,
     kSetup,
     kBehindSetup,  // Also between pages.
-    kPageHeader,   // Behind %%Page, and no code of the page yet.
+    kPageHeader,   // After %%Page, and no code of the page yet.
     kPage,
     kBehindJob,  // In another document, which is left out.
   };
@@ -113,9 +113,9 @@ class JobStructure : public ByteSink, private LineListener {
   LineCutter lines_;
   Kind kind_ = Kind::kUnknown;
   Place place_ = Place::kFront;
-  std::string waitingFor_;       // The comment that ends a block which is passed over.
-  std::string_view bytesEnd_;    // What ends the data being passed over; empty outside.
-  std::uint64_t dataLines_ = 0;  // Lines of data still to pass over.
+  std::string waitingFor_;       // The comment that ends a block which is skipped.
+  std::string_view bytesEnd_;    // What ends the data being skipped; empty outside.
+  std::uint64_t dataLines_ = 0;  // Lines of data still to skip.
   long documents_ = 0;           // Embedded documents around this line.
   PageCount pages_;
   bool promisesPages_ = false;  // The header comments give a number of pages.

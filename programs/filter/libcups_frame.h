@@ -25,7 +25,7 @@ struct LibcupsFrame {
   std::string begin;           // How the front begins; empty when there is none.
   std::string toPostScript;    // How it ends.
   bool hasHeaderLike = false;  // Lines of the front may begin with %!.
-  std::string end;             // Behind the document.
+  std::string end;             // After the document.
   bool replacesEnd = false;    // The end is written again: it may go even without a front.
 };
 

@@ -36,9 +36,9 @@ class LineListener {
   ~LineListener() = default;
 };
 
-// Where the next one of a byte is. What has been found is kept until it has been
-// passed, so that each byte of a piece is looked at once, however many lines end
-// with another byte.
+// Where the next one of a byte is. A place is kept until it has been passed, so
+// each byte of a piece is examined once, however many lines end with another
+// byte.
 class NextByte {
  public:
   explicit NextByte(char byte) : byte_(byte) {}

@@ -1,5 +1,5 @@
-// What the filter reports to the print scheduler: lines on standard error, each
-// with a word in front that says what it is.
+// Messages to the print scheduler: lines on standard error, each beginning with a
+// word for its kind.
 #ifndef PROGRAMS_FILTER_MESSAGES_H_
 #define PROGRAMS_FILTER_MESSAGES_H_
 

@@ -154,7 +154,7 @@ void PageFilter::stop() {
 host::Result<> PageFilter::finish() {
   if (child_ == -1) return {};
   const bool isRead = hasEnded(STDIN_FILENO);
-  // A filter that still writes finds out that nobody reads.
+  // A filter that still writes notices that its output is not read.
   const int nothing = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
   if (nothing == -1) return failure("/dev/null", errno);
   ::dup2(nothing, STDIN_FILENO);

@@ -1,8 +1,8 @@
-// What a job asks of its document's pages, and who does it.
+// Work on the pages of a job's document, and who does it.
 //
 // A document that was sent as PostScript goes through the scheduler's own
 // filter for pages when an option, the queue's PPD or the scheduler asks for
-// something that is done to pages. Every other one is copied as it comes.
+// work on pages. Every other one is copied unchanged.
 #ifndef PROGRAMS_FILTER_PAGE_WORK_H_
 #define PROGRAMS_FILTER_PAGE_WORK_H_
 
@@ -30,10 +30,10 @@ class PageWork {
   // Mirrors the pages if it can be done; there is no message if not.
   void takeMirror() { isMirrored_ = true; }
 
-  // Finds out who works on the pages, for which the job may be read. Each
-  // option that cannot be carried out gets a WARNING line. The PPD has the
-  // job's choices marked. `takesCopies` says that a feature makes copies.
-  // Returns why the job fails.
+  // Decides who works on the pages; for that the job may be read. Each option
+  // that cannot be carried out gets a WARNING line. The PPD has the job's choices
+  // marked. `takesCopies` says that a feature makes copies. Returns why the job
+  // fails.
   host::Result<> decide(bool takesCopies);
 
   // Whether the pages are worked on.

@@ -21,7 +21,7 @@
 
 namespace driver_feature::filter {
 
-// What becomes of a job with a value that must be refused.
+// What to do about a job with a value that must be refused.
 enum class RefusedValue {
   kFail,     // It fails.
   kDefault,  // It is printed with the queue's default.
@@ -38,8 +38,8 @@ struct Queue {
 // The value of an environment variable; null without one.
 using Environment = std::function<const char*(const char* name)>;
 
-// What the PPD and the environment say. `ppd` may be null. Relative names of
-// files in a PPD are those of files beside it. Refused when there is no
+// The settings of the PPD and the environment. `ppd` may be null. Relative names
+// of files in a PPD are those of files beside it. Refused when there is no
 // description or something else cannot be understood.
 host::Result<Queue> readQueue(const ppd::QueuePpd* ppd, const Environment& environment);
 

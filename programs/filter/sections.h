@@ -12,7 +12,7 @@ namespace driver_feature::filter {
 // but for the header, which is written as it is.
 struct Sections {
   std::string header;         // In front of the job: PJL.
-  std::string exitServer;     // Behind the header comments.
+  std::string exitServer;     // After the header comments.
   std::string prolog;         // At the beginning of the prolog.
   std::string documentSetup;  // At the beginning of the document set-up.
   std::string pageSetup;      // At the beginning of the set-up of each page.

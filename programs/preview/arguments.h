@@ -18,8 +18,9 @@ struct Arguments {
   bool opens = false;
 };
 
-// Reads the words of the command line. Nothing in `arguments` when `text` is to be
-// printed instead, for --help and --version. Refused when they cannot be understood.
+// Reads the words of the command line. `arguments` is empty when `text` must be
+// printed instead, for --help and --version. Refused when they cannot be
+// understood.
 struct Line {
   std::optional<Arguments> arguments;
   std::string text;

@@ -1,4 +1,4 @@
-// The page of a description at an address that nobody guesses.
+// The page of a description at an address that cannot be guessed.
 #ifndef PROGRAMS_PREVIEW_SITE_H_
 #define PROGRAMS_PREVIEW_SITE_H_
 

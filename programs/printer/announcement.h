@@ -1,5 +1,5 @@
-// Printers that clients find without being told their addresses: by DNS-SD, through
-// the machine's Avahi daemon.
+// Announces printers by DNS-SD, through the machine's Avahi daemon, so that
+// clients find them without their addresses.
 #ifndef PROGRAMS_PRINTER_ANNOUNCEMENT_H_
 #define PROGRAMS_PRINTER_ANNOUNCEMENT_H_
 
@@ -33,7 +33,7 @@ struct Announcement {
 AnnouncedPrinter announcedPrinter(const Printer& printer, const std::string& uuid,
                                   bool isTlsOffered);
 
-// Announces from a process of its own, which does the waiting for D-Bus and Avahi.
+// Announces from a process of its own, which waits for D-Bus and Avahi.
 class Announcer final {
  public:
   // `named` is called with the name by which clients will call this machine. The loop

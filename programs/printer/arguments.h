@@ -21,7 +21,7 @@ struct PrinterArgument {
 
 // Whether clients can, or must, encrypt what they send.
 enum class TlsUse {
-  kAsReachable,  // Offered unless only programs of this machine reach the server.
+  kAsReachable,  // Offered unless the server can be reached from this machine only.
   kNever,
   kOffered,
   kRequired,
@@ -33,7 +33,7 @@ struct ServiceArguments {
   std::string key;
   std::vector<std::string> places;  // At which to listen.
   std::vector<std::string> hosts;   // More names by which clients may call the server.
-  bool isAnnounced = true;          // Where not only programs of this machine reach it.
+  bool isAnnounced = true;          // Where other machines can reach the server.
   std::string spool;
   std::string device;
   std::string library;                // Empty for the installed one.
@@ -44,8 +44,9 @@ struct ServiceArguments {
   JobLimits jobLimits;
 };
 
-// Reads the words of the command line. Nothing in `arguments` when `text` is to be
-// printed instead, for --help and --version. Refused when they cannot be understood.
+// Reads the words of the command line. `arguments` is empty when `text` must be
+// printed instead, for --help and --version. Refused when they cannot be
+// understood.
 struct Line {
   std::optional<ServiceArguments> arguments;
   std::string text;

@@ -16,9 +16,9 @@ struct CertificateFiles {
   std::string key;
 };
 
-// A certificate that vouches for itself, in a folder that only this user may read. The
-// one that is there is kept, so that clients find the printer that they know, unless
-// it is over in a month or lacks one of the names. The first name is its main one.
+// A self-signed certificate, in a folder that only this user may read. An
+// existing one is kept, so that clients recognise the printer, unless it expires
+// within a month or lacks one of the names. The first name is its main one.
 // Problem: kNotWritten.
 host::Result<CertificateFiles> ownCertificate(const std::filesystem::path& folder,
                                               const std::vector<std::string>& names,

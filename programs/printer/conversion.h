@@ -11,8 +11,8 @@
 
 namespace driver_feature::printer {
 
-// The types of documents that are taken; the first one is that of any document
-// whose type its first bytes say.
+// The types of documents that are accepted; the first one means that the first
+// bytes of a document say its type.
 std::span<const char* const> documentFormats();
 
 bool isDocumentFormat(std::string_view format);

@@ -1,4 +1,4 @@
-// What is built into a printer: told once, and kept beside the jobs.
+// What is built into a printer: given once, and kept beside the jobs.
 #ifndef PROGRAMS_PRINTER_HARDWARE_H_
 #define PROGRAMS_PRINTER_HARDWARE_H_
 
@@ -14,8 +14,8 @@
 namespace driver_feature::printer {
 
 struct Hardware {
-  std::vector<host::Setting> kept;   // Told to an earlier server.
-  std::vector<host::Setting> given;  // Told to this one; they come after the others.
+  std::vector<host::Setting> kept;   // Given to an earlier server.
+  std::vector<host::Setting> given;  // Given to this one; they come after the others.
 };
 
 // What is kept for a printer, in the form of a settings file. Nothing without a file.
@@ -31,9 +31,9 @@ class HardwareSession final {
   // Notes what is available without the hardware. The session must outlive this object.
   explicit HardwareSession(const host::Session& session);
 
-  // Refused when something that is given is no hardware or has no such choice. What is
-  // kept and does not fit is left out: the description may be another one since. Lines
-  // for the log are added to `lines`.
+  // Refused when something that is given is not hardware or has no such choice.
+  // What is kept and no longer fits is left out: the description may have changed
+  // since. Lines for the log are added to `lines`.
   host::Result<> install(const Hardware& hardware, std::vector<std::string>& lines);
 
   // Leaves out what the hardware does not allow: choices, features, and presets that

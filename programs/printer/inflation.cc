@@ -10,7 +10,7 @@ namespace driver_feature::printer {
 namespace {
 
 constexpr std::size_t kPiece = 65536;
-// As zlib wants it: 15 is the size of the window, 16 stands for gzip's frame, and a
+// For zlib: 15 is the size of the window, 16 means gzip's frame, and a
 // negative size for none.
 constexpr int kGzip = 15 + 16;
 constexpr int kBare = -15;

@@ -25,7 +25,7 @@ class Inflation final {
   // document turns out to be damaged.
   bool inflate(std::string_view bytes, const std::function<bool(std::string_view)>& take);
 
-  // Its end has come.
+  // Whether the end of the document has been reached.
   bool isWhole() const { return isWhole_; }
 
  private:

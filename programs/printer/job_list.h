@@ -14,8 +14,8 @@
 namespace driver_feature::printer {
 
 struct JobLimits {
-  std::size_t waiting = 1000;             // Jobs that are not over.
-  std::size_t kept = 100;                 // Jobs that are over, so that clients can ask about them.
+  std::size_t waiting = 1000;             // Jobs that are not finished.
+  std::size_t kept = 100;                 // Finished jobs, so that clients can ask about them.
   std::uint64_t spoolBytes = 8ULL << 30;  // Of all documents.
 };
 

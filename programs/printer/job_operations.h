@@ -1,4 +1,4 @@
-// Operations on jobs that are there.
+// Operations on existing jobs.
 #ifndef PROGRAMS_PRINTER_JOB_OPERATIONS_H_
 #define PROGRAMS_PRINTER_JOB_OPERATIONS_H_
 

@@ -48,7 +48,7 @@ struct ImageForm {
   unsigned height = 0;
   unsigned bits = 8;        // Of each component.
   unsigned components = 1;  // 1 grey, 3 RGB, 4 CMYK.
-  bool isInverted = false;  // The highest number is no light, or no ink.
+  bool isInverted = false;  // The highest number means no light, or no ink.
   std::string decoder;      // "RunLengthDecode" or "DCTDecode".
 };
 

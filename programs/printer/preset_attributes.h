@@ -1,4 +1,4 @@
-// A preset under an address of its own.
+// The attributes of a preset at its own address.
 #ifndef PROGRAMS_PRINTER_PRESET_ATTRIBUTES_H_
 #define PROGRAMS_PRINTER_PRESET_ATTRIBUTES_H_
 

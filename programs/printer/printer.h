@@ -27,7 +27,7 @@ inline IppPointer noIpp() {
 struct Printer {
   std::string name;
   std::string description;  // The file.
-  Hardware hardware;        // As it was told to the worker.
+  Hardware hardware;        // As it was given to the worker.
   std::unique_ptr<ModelWorker> worker;
   std::optional<ipp::Translation> translation;  // Nothing before the description is loaded.
   IppPointer attributes = noIpp();              // What does not change while it prints.
@@ -36,7 +36,7 @@ struct Printer {
   int current = 0;                   // Its number; 0 for none.
   std::vector<std::string> reasons;  // Keywords of printer-state-reasons; none: all is well.
   std::string message;               // What the device shows, for people.
-  std::vector<Supply> supplies;      // As the device tells; empty: unknown.
+  std::vector<Supply> supplies;      // As the device reports them; empty: unknown.
   std::int64_t stateChanged = 0;
   std::int64_t configured = 0;
 

@@ -270,7 +270,7 @@ bool sendDocument(Service& service, const std::shared_ptr<IppExchange>& shared) 
   }
   Job changed = *job;
   changed.format = textOf(exchange.request.get(), "document-format", IPP_TAG_MIMETYPE);
-  // The end of a job can be told without a document.
+  // A request may end a job without sending a document.
   const bool isLast = booleanOf(exchange.request.get(), "last-document", true);
   if (exchange.document->size() == 0 && isLast) {
     service.cancel(*job, "The job has no document.");

@@ -94,7 +94,7 @@ std::vector<std::string> Service::namesOfMachine() const {
   return names;
 }
 
-// Without an order to encrypt, a certificate that cannot be made is no reason to end.
+// Unless encryption is requested, a certificate that cannot be created is not fatal.
 host::Result<> Service::startEncryption() {
   if (arguments_.tls == TlsUse::kNever) return {};
   const bool isOrdered = arguments_.tls != TlsUse::kAsReachable;

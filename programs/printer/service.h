@@ -29,7 +29,7 @@ class Service final {
   // Problems: those of the spool and of the places to listen at.
   host::Result<> start();
 
-  // Some description could be loaded, or none has failed yet.
+  // Whether a description could be loaded, or none has failed yet.
   bool hasPrinters() const { return !printers_.empty(); }
 
   Printer* find(const std::string& name);
@@ -56,7 +56,7 @@ class Service final {
     server_.reply(request, response);
   }
 
-  // A name that no other server gives, the same for the same text.
+  // A name that no other server uses, always the same for the same text.
   std::string uuidOf(const std::string& text) const;
 
   std::int64_t upTime() const { return now() - started_; }

@@ -1,4 +1,4 @@
-// What a description has to say about the settings of a job.
+// What is wrong with the settings of a job, as a description judges them.
 #ifndef PROGRAMS_PRINTER_SETTINGS_VERDICT_H_
 #define PROGRAMS_PRINTER_SETTINGS_VERDICT_H_
 
@@ -19,8 +19,8 @@ struct SettingsVerdict {
   std::vector<host::Setting> changes;
 };
 
-// Makes the settings, one after the other, and asks the rules. The model is not the
-// same afterwards.
+// Makes the settings, one after the other, and judges them by the rules. The
+// model is changed afterwards.
 SettingsVerdict judge(const host::Session& session, const std::vector<host::Setting>& settings);
 
 // As one text, and back.

@@ -4,10 +4,10 @@
 
 namespace driver_feature::printer {
 
-// Copies `input` to the connection, and waits for its end, for some time. Writes what
-// the printer says of its state as lines to standard error, when the job is in PJL and
-// `asksForStatus` allows it; a printer that says nothing is not waited for. False with
-// errno set when the printer does not take the whole job.
+// Copies `input` to the connection, and waits for its end, for some time. Writes
+// the printer's reports of its state as lines to standard error, when the job is
+// in PJL and `asksForStatus` allows it; does not wait for a printer that sends
+// none. False with errno set when the printer does not take the whole job.
 bool sendJob(int input, int connection, bool asksForStatus);
 
 }  // namespace driver_feature::printer

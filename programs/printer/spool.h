@@ -9,7 +9,7 @@
 //   DIR/tls/           the certificate of encrypted connections
 //
 // A job is accepted when its folder has its place below jobs: everything in it
-// is on the disk by then, and a client is told only afterwards. Files change by
+// is on the disk by then, and a client is notified only afterwards. Files change by
 // a new one taking their name. So the jobs are whole whenever the server ends.
 #ifndef PROGRAMS_PRINTER_SPOOL_H_
 #define PROGRAMS_PRINTER_SPOOL_H_

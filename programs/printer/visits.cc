@@ -15,7 +15,7 @@ using std::chrono::seconds;
 
 // Each has a process.
 constexpr std::size_t kMostVisits = 8;
-// For pages that nobody looks at any more, and for pages that are open unused.
+// For pages that were closed, and for pages that are open but unused.
 constexpr minutes kLongestAlone{5};
 constexpr minutes kLongestOpen{60};
 // A page that has just been asked for has not begun to listen.

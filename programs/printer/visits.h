@@ -13,9 +13,9 @@
 
 namespace driver_feature::printer {
 
-// Whoever opens /page/PRINTER/ gets a page of their own, with a process of its own,
-// at /page/PRINTER/VISIT/: nobody sees what another visitor has typed. A page that
-// is not used for some minutes ends.
+// Everybody who opens /page/PRINTER/ gets a page of their own, with a process of
+// its own, at /page/PRINTER/VISIT/, so visitors do not see what others type. A
+// page that is not used for some minutes ends.
 class Visits final {
  public:
   // Loop and server must outlive it.

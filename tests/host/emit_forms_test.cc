@@ -67,7 +67,7 @@ TEST_F(EmitFormsTest, Emit_OneFileCannotBeWritten_LeavesAllAsTheyWere) {
   EXPECT_EQ(fileNames(), (std::vector<std::string>{"a.ps", "office.xml"}));
 }
 
-// The pipe, which nobody reads yet, holds the program up between the file that
+// The pipe, which is not read yet, holds the program up between the file that
 // is on the disk and its name.
 TEST_F(EmitFormsTest, Emit_SignalWhileWriting_LeavesNoTemporaryFile) {
   write("a.ps", "old");

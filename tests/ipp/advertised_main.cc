@@ -96,7 +96,7 @@ class Examination {
       for (const std::string& carrier : carriers) {
         const bool isThere =
             feature.isHardware || std::count(names.begin(), names.end(), carrier) > 0;
-        if (!isThere) fault(feature.name + ": " + carrier + " is no attribute of a job");
+        if (!isThere) fault(feature.name + ": " + carrier + " is not an attribute of a job");
       }
     }
   }

@@ -13,7 +13,7 @@ const kClicks = isLong ? 200 : 60;
 // Other work on the machine can only add to a time: the best of some rounds counts.
 const kRounds = 3;
 
-// With much other work even the best round tells nothing of the page: the figures are
+// With much other work even the best round says nothing about the page: the figures are
 // printed, and not judged.
 function machineIsBusy() {
   return os.loadavg()[0] > 1.5 * os.cpus().length;

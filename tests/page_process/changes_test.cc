@@ -1,4 +1,4 @@
-// Changes, and what a page is told of them.
+// Changes, and the replies about them.
 
 #include "page_process/page_fixture.h"
 
@@ -180,7 +180,7 @@ TEST_F(PageChangesTest, Hardware_TakesOutChoicesWithTheReason) {
   EXPECT_EQ(
       reply["off"]["Duplex"]["LongEdge"],
       rule("Duplex=LongEdge cannot be combined with Unit=Missing: Two sides need the unit", 21));
-  EXPECT_EQ(reply["conflicts"], Json::object());  // What is off is not told twice.
+  EXPECT_EQ(reply["conflicts"], Json::object());  // What is off is reported once.
   reply = set(R"([["Duplex","LongEdge"]])", R"(,"conduct":"mend")");
   EXPECT_EQ(reply["ok"], false);
   EXPECT_EQ(reply["plan"]["kind"], "impossible");

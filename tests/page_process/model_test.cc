@@ -1,4 +1,4 @@
-// What a page is told of a description once.
+// What a page receives of a description once.
 
 #include "page_process/page_fixture.h"
 

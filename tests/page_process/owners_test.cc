@@ -62,7 +62,7 @@ TEST(PageOwnersTest, Groups_OwnWhatIsAroundTheirMembers) {
 )x");
   EXPECT_EQ(piecesOf(outputs["ps"]),
             (Pieces{"Z: z4;", "G: <100% ", "B: b1", "H: (", "C: c2", "H: )", "A: a3", "G: >"}));
-  // What is filled up cannot be told apart.
+  // Padded values cannot be distinguished.
   EXPECT_EQ(piecesOf(outputs["pjl"]), (Pieces{"G:    b1|"}));
 }
 

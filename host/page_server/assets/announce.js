@@ -1,4 +1,4 @@
-// What a screen reader is told of changes that happen elsewhere on the page than
+// Tells screen readers about changes that happen elsewhere on the page than
 // where its reader is.
 
 import { byId } from "./dom.js";

@@ -2,7 +2,7 @@
 //   element      what goes into the row
 //   focusTarget  what takes the focus
 //   update(view) shows a state
-//   note(view)   what stands below it (may be missing)
+//   note(view)   what is below it (may be missing)
 //   setRefused   marks what was typed as refused (may be missing)
 // and handles the row's events with change, click, keydown and input where it has them.
 

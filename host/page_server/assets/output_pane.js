@@ -7,7 +7,7 @@ import { compare, cut, middle } from "./pieces.js";
 // Pieces in one block. The browser lays out a block at a time, and skips those that
 // are out of sight.
 const kBlock = 40;
-// What is no letter is shown as a sign; the text itself stays what it is.
+// Control characters are shown as symbols; the text itself is unchanged.
 const kControl = /[\u0000-\u0008\u000b-\u001f\u007f]/;
 const kControls = /([\u0000-\u0008\u000b-\u001f\u007f])/;
 

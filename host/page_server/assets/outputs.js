@@ -132,7 +132,7 @@ export class Outputs {
     const panels = byId("panels");
     panels.addEventListener("click", (event) => {
       const piece = event.target.closest("[data-owner]");
-      // A text that is being selected for copying is no click on a piece.
+      // Selecting text to copy it is not a click on a piece.
       if (piece && document.getSelection().isCollapsed) this.context.select(piece.dataset.owner, "output");
     });
     panels.addEventListener("keydown", (event) => this.#key(event));

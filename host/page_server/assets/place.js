@@ -1,4 +1,4 @@
-// What belongs to the feature that is looked at: where it stands in the file, and the
+// What belongs to the selected feature: its place in the file, and the
 // outputs that it has written to.
 
 import { byId, element } from "./dom.js";

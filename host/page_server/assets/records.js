@@ -172,7 +172,7 @@ export class RecordsTable {
     const line = control.closest("tr");
     const values = this.section.members.map((name, column) => {
       const cell = line.cells[column].firstElementChild;
-      // A secret that nobody has typed anew keeps what it is.
+      // A secret that was not typed again is unchanged.
       const kept = this.context.store.model.features[name]?.secret && cell !== control;
       return kept ? null : cell.dataset.value;
     });

@@ -1,4 +1,4 @@
-// A note beside what the pointer or the focus is on. It is no part of the layout, so
+// A note beside what the pointer or the focus is on. It is not part of the layout, so
 // that rows do not jump below the pointer.
 
 import { byId, element } from "./dom.js";

@@ -10,7 +10,7 @@ namespace {
 
 using Kind = host::Condition::Kind;
 
-// Whether the condition can still hold: a choice that nobody can make is never
+// Whether the condition can still hold: a choice that cannot be made is never
 // the current one.
 bool restrict(host::Condition& condition, const ImportedNames& names) {
   if (!names.hasFeature(condition.feature)) return false;

@@ -16,7 +16,7 @@ constexpr std::size_t kLongestName = 40;  // libcups takes no more of one.
 constexpr std::string_view kBlanks = " \t\n\v\f\r";
 constexpr std::string_view kCustom = "Custom";
 
-// "*CustomPageSize True" stands for the choice "Custom" of the option PageSize.
+// "*CustomPageSize True" means the choice "Custom" of the option PageSize.
 ConstrainedChoice constrained(std::string option, std::string choice) {
   const bool isCustom = equalKeywords(option.substr(0, kCustom.size()), kCustom);
   if (!isCustom || !equalKeywords(choice, "True")) return {std::move(option), std::move(choice)};

@@ -9,7 +9,7 @@
 
 namespace driver_feature::ppd {
 
-// An option and one of its choices; an empty choice stands for any.
+// An option and one of its choices; an empty choice means any.
 struct ConstrainedChoice {
   std::string option;
   std::string choice;

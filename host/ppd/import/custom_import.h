@@ -15,10 +15,10 @@ namespace driver_feature::ppd {
 //   *NonUIOrderDependency: 30 AnySetup *CustomPageSize True
 std::map<std::string, WritingPlace> customPlacesOf(ppd_file_t& ppd);
 
-// Adds what writes the text of the choice, and a feature for each of its
-// values. `entry` is that of its option, and `chosen` names the feature and the
-// option by which the user chooses it. Returns the command of that option
-// itself, empty when something else writes the text.
+// Adds the element that writes the text of the choice, and a feature for each of
+// its values. `entry` is that of its option, and `chosen` names the feature and
+// the option by which the user chooses it. Returns the command of that option
+// itself, empty when another element writes the text.
 std::string importCustomChoice(ImportState& state, const ppd_choice_t& choice,
                                const SectionEntry& entry, const CustomPlan& chosen);
 

@@ -110,7 +110,7 @@ ImportedElement descriptionOf(ImportState& state) {
   return root;
 }
 
-// The description and what stands beside it, under a common root.
+// The description and what is beside it, under a common root.
 ImportedElement documentOf(ImportState& state, const std::string& path) {
   ImportedElement document{"DriverConfiguration", {}, {}};
   document.children.push_back(descriptionOf(state));

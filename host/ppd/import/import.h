@@ -16,7 +16,7 @@ struct ImportedDescription {
   long options = 0;
 };
 
-// Reads a PPD file and makes a description of it. Problems: those of readPpd().
+// Reads a PPD file and turns it into a description. Problems: those of readPpd().
 host::Result<ImportedDescription> importPpd(const std::string& path);
 
 }  // namespace driver_feature::ppd

@@ -1,4 +1,4 @@
-// What an import has made: the features and the names of their options.
+// The features that an import has created, and the names of their options.
 #ifndef HOST_PPD_IMPORT_IMPORTED_NAMES_H_
 #define HOST_PPD_IMPORT_IMPORTED_NAMES_H_
 

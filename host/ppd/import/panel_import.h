@@ -13,10 +13,10 @@
 
 namespace driver_feature::ppd {
 
-// The groups with the features that the import has made of their options, and with
-// the file's texts; groups without any are left out. libcups has a group for options
-// outside of all others, General or JCL. It is left out unless the file gives it a
-// text or, in `bytes`, a translation.
+// The groups with the features that the import has created from their options,
+// and with the file's texts; groups without any are left out. libcups has a group
+// for options outside of all others, General or JCL. It is left out unless the
+// file gives it a text or, in `bytes`, a translation.
 std::vector<host::Panel> panelsOf(ppd_file_t& ppd, std::string_view bytes,
                                   const ImportedNames& names);
 

@@ -1,4 +1,4 @@
-// The features that the rules of an import speak of, and their choices.
+// The features in the rules of an import, and their choices.
 #ifndef HOST_PPD_IMPORT_RULE_FEATURES_H_
 #define HOST_PPD_IMPORT_RULE_FEATURES_H_
 
@@ -29,14 +29,14 @@ struct Term {
   auto operator<=>(const Term&) const = default;
 };
 
-// Of the terms one must hold. None: the condition never holds.
+// Terms of which at least one must hold. Empty: the condition never holds.
 using Alternatives = std::vector<Term>;
 
 class RuleFeatures {
  public:
   explicit RuleFeatures(ppd_file_t& ppd) : ppd_(ppd) {}
 
-  // The condition that the option has the choice; an empty one stands for any.
+  // The condition that the option has the choice; an empty choice means any.
   // Nothing when the file has no such option or choice.
   std::optional<Alternatives> condition(const std::string& option, const std::string& choice);
 

@@ -1,4 +1,4 @@
-// Few rules that say the same as many constraints.
+// Turns many constraints into few rules that forbid the same.
 #ifndef HOST_PPD_IMPORT_RULE_GATHERING_H_
 #define HOST_PPD_IMPORT_RULE_GATHERING_H_
 
@@ -24,7 +24,7 @@ class RuleGathering {
   void add(const Conflict& conflict);
 
   // The rules, in the order in which their features were added first. The
-  // identifier of each is made of the names of its features, and a number if
+  // identifier of each consists of the names of its features, and a number if
   // there are several for the same.
   std::vector<host::Rule> rules();
 

@@ -17,7 +17,7 @@ namespace driver_feature::ppd {
 
 namespace {
 
-// A constraint on several options that take several choices each stands for many
+// A constraint on several options that take several choices each means many
 // conflicts; beyond this it is lost.
 constexpr std::size_t kMostConflicts = 1000;
 // The same for all constraints of a file together. No printer's has a tenth of it.

@@ -25,7 +25,7 @@ struct MinimalPpd {
 // or when the size of none of its choices is known, standard ones, which then
 // only say to filters that convert documents how large a page is.
 //
-// What stands beside the features comes with them: rules as constraints, hardware
+// What is beside the features is included: rules as constraints, hardware
 // as the group InstallableOptions, texts in all languages, and the sizes and
 // margins of sheets.
 //

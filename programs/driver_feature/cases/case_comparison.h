@@ -1,4 +1,4 @@
-// A case beside what is expected of it.
+// A case compared with its expected outputs.
 #ifndef PROGRAMS_DRIVER_FEATURE_CASES_CASE_COMPARISON_H_
 #define PROGRAMS_DRIVER_FEATURE_CASES_CASE_COMPARISON_H_
 

@@ -27,7 +27,7 @@ struct CheckRequest {
   ReportForm form = ReportForm::kText;
   bool colour = false;
   bool strict = false;
-  std::string language = {};  // Whose texts are to be complete.
+  std::string language = {};  // The language whose texts must be complete.
 };
 
 // Loads the feature library and the libraries of routines. Problem: kNotLoaded.

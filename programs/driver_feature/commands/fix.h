@@ -7,10 +7,10 @@
 
 namespace driver_feature::cli {
 
-// Prints a diff of what surely mends findings of the files; `write` makes these
-// changes, in all files or in none, and prints the report of the mended files
-// in place of the diff. Returns the exit status: for a diff 1 if there is one.
-// Problems: those of checkAll(), and kNotWritten.
+// Prints a diff of the safe fixes; `write` makes these changes, in all files or
+// in none, and prints the report of the fixed files in place of the diff. Returns
+// the exit status: for a diff 1 if there is one. Problems: those of checkAll(),
+// and kNotWritten.
 host::Result<int> fixFiles(const CheckRequest& request, bool write);
 
 }  // namespace driver_feature::cli

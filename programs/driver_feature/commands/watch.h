@@ -1,4 +1,4 @@
-// Doing something again whenever a description changes.
+// Repeats work whenever a description changes.
 #ifndef PROGRAMS_DRIVER_FEATURE_COMMANDS_WATCH_H_
 #define PROGRAMS_DRIVER_FEATURE_COMMANDS_WATCH_H_
 

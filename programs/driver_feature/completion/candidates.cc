@@ -83,7 +83,7 @@ void addNamed(Composer& composer, host::Role role, const char* meaning) {
 
 using Elements = std::vector<const host::Element*>;
 
-// What stands for an element on a command line.
+// How an element is written on a command line.
 struct Words {
   const host::Element* element;
   std::string name;

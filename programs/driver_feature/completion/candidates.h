@@ -1,4 +1,4 @@
-// What the word that is being typed may become.
+// Completions of the word that is being typed.
 #ifndef PROGRAMS_DRIVER_FEATURE_COMPLETION_CANDIDATES_H_
 #define PROGRAMS_DRIVER_FEATURE_COMPLETION_CANDIDATES_H_
 

@@ -1,5 +1,5 @@
-// What the program would read the next word of a command line as. Taken from the
-// rows of the command line, so that no command or option is named here.
+// What the next word of a command line is. Taken from the rows of the command
+// line, so that no command or option is named here.
 #ifndef PROGRAMS_DRIVER_FEATURE_COMPLETION_PLACE_H_
 #define PROGRAMS_DRIVER_FEATURE_COMPLETION_PLACE_H_
 

@@ -1,4 +1,4 @@
-// What the language server tells a client about a text, as JSON of the protocol.
+// The language server's replies about a text, as JSON of the protocol.
 #ifndef PROGRAMS_DRIVER_FEATURE_LSP_ANSWERS_H_
 #define PROGRAMS_DRIVER_FEATURE_LSP_ANSWERS_H_
 
@@ -38,8 +38,8 @@ Json outlineOf(const OpenText& text, const std::string& uri, bool asTree);
 // `canLink`: the client can show what the definition is called by.
 Json definitionOf(const OpenText& text, const std::string& uri, std::size_t offset, bool canLink);
 
-// The changes that mend findings of a range: of each one, and of all at once. `only`
-// are the kinds that the client asks for; empty for all.
+// The changes that fix findings of a range: of each one, and of all at once.
+// `only` are the kinds that the client asks for; empty for all.
 Json codeActionsOf(const OpenText& text, const std::string& uri, editor::Range range,
                    const std::vector<std::string>& only);
 

@@ -19,8 +19,9 @@ class MessageReader {
 
   void add(std::string_view bytes) { bytes_ += bytes; }
 
-  // The next message, if it is there as a whole. Refused when the head is not one,
-  // or the message is too long: then nobody knows where the next one begins.
+  // The next message, if it is there as a whole. Refused when the head is not
+  // one, or the message is too long: then the beginning of the next one is
+  // unknown.
   host::Result<std::optional<std::string>> take();
 
  private:

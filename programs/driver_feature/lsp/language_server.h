@@ -1,5 +1,5 @@
 // The language server: takes the messages of a client one by one and sends its
-// own. It neither reads nor waits; whoever runs it does.
+// own. It neither reads nor waits; its caller does.
 #ifndef PROGRAMS_DRIVER_FEATURE_LSP_LANGUAGE_SERVER_H_
 #define PROGRAMS_DRIVER_FEATURE_LSP_LANGUAGE_SERVER_H_
 
@@ -25,11 +25,12 @@ class LanguageServer {
 
   explicit LanguageServer(Send send) : send_(std::move(send)) {}
 
-  // Takes a message. Whatever is wrong with it, the client gets an error in reply.
+  // Takes a message. If anything is wrong with it, the client gets an error in
+  // reply.
   void take(const std::string& message);
 
-  // Whether the client has told the server to end; and the exit status then, which
-  // is 0 only if it has asked for the end before.
+  // Whether the client has asked the server to exit; and the exit status then,
+  // which is 0 only if it has asked for the shutdown before.
   bool hasEnded() const { return hasEnded_; }
   int status() const { return isShutDown_ ? 0 : 1; }
 
@@ -48,7 +49,7 @@ class LanguageServer {
   // text is wanted again before.
   void noteStart(const std::string& uri) { unchecked_.erase(uri); }
   bool wants(const std::string& uri) const { return unchecked_.contains(uri); }
-  void wantAll();  // All open texts are to be checked again.
+  void wantAll();  // Marks all open texts to be checked again.
   void takeReport(const std::string& uri, host::Result<TextReport> report);
 
   // The libraries of routines that the client has named.

@@ -45,7 +45,7 @@ check::Finding findingOf(const Json& json) {
   return finding;
 }
 
-// What is wrong in a file beside the description is told at its beginning: only the
+// A fault in a file beside the description is reported at its beginning: only the
 // open text has places.
 check::Finding inOpenText(check::Finding finding) {
   if (finding.file.empty()) return finding;

@@ -1,4 +1,4 @@
-// The names by which clients know files.
+// Names of files in the protocol.
 #ifndef PROGRAMS_DRIVER_FEATURE_LSP_URI_H_
 #define PROGRAMS_DRIVER_FEATURE_LSP_URI_H_
 

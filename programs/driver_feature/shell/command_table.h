@@ -1,5 +1,5 @@
-// The commands of the shell: one record each, which reading, help and
-// completion go by.
+// The commands of the shell: one record each, which reading, help and completion
+// use.
 #ifndef PROGRAMS_DRIVER_FEATURE_SHELL_COMMAND_TABLE_H_
 #define PROGRAMS_DRIVER_FEATURE_SHELL_COMMAND_TABLE_H_
 
@@ -28,8 +28,8 @@ struct ShellCommand {
   const char* details;    // The rest of its help: lines with line ends; may be empty.
   std::size_t fewest;     // Numbers of arguments.
   std::size_t most;
-  // Does its work, and answers through the shell. The number of arguments is
-  // within the limits.
+  // Does its work, and writes its result through the shell. The number of
+  // arguments is within the limits.
   host::Result<> (*run)(Shell& shell, const Words& arguments);
   // Proposes for the argument after `before`, of which `word` is written; what
   // does not begin with `word` is left out by the caller. Null for none.

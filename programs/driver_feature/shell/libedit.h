@@ -25,8 +25,8 @@ struct Libedit {
   decltype(&::history_wend) endHistory;
 };
 
-// Loads the library at the first call. Throws std::runtime_error when it is not
-// there.
+// Loads the library at the first call. Throws std::runtime_error when it cannot
+// be loaded.
 const Libedit& libedit();
 
 }  // namespace driver_feature::cli

@@ -14,7 +14,7 @@
 namespace driver_feature::cli {
 
 // One at a time. It writes the prompt and the line to standard error, so that
-// answers can go elsewhere.
+// results can go elsewhere.
 class LineEditor {
  public:
   // Reads the history. The shell must outlive the editor.

@@ -60,7 +60,7 @@ host::Result<> Shell::execute(const std::string& line) {
 
 // A routine that throws refuses the line and not the whole work.
 host::Result<> Shell::run(const ShellCommand& command, const std::vector<std::string>& words) {
-  // Routines of the description may print, which is not part of the answer.
+  // Routines of the description may print, which is not part of the result.
   const host::StandardOutputDiversion diversion;
   host::clearRoutineRecord();
   host::Result<> done;

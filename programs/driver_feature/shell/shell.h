@@ -28,7 +28,7 @@ class Shell {
   Shell(const Shell&) = delete;
   Shell& operator=(const Shell&) = delete;
 
-  // Runs one line and writes its answer. A refused line gives no answer; what
+  // Runs one line and writes its result. A refused line writes none; what
   // it has changed before it was refused stays.
   host::Result<> execute(const std::string& line);
 
@@ -40,7 +40,7 @@ class Shell {
   const host::Session& session() const { return session_; }
   const host::Model& model() const { return session_.model(); }
   const Transcript& transcript() const { return transcript_; }
-  // Columns of the terminal that answers go to; 0 when they go elsewhere.
+  // Columns of the terminal that results go to; 0 when they go elsewhere.
   std::size_t width() const { return width_; }
   void answer(const std::string& text) { answer_ += text; }
   // Writes `bytes` to a file, whole or not at all, once the command has ended.

@@ -1,4 +1,4 @@
-// Where the shell writes: answers to standard output, and everything that
+// Where the shell writes: results to standard output, and everything that
 // happens on the way, as indented lines, to standard error. Both are written
 // at once, so that they keep their order where they meet.
 #ifndef PROGRAMS_DRIVER_FEATURE_SHELL_TRANSCRIPT_H_
@@ -24,7 +24,7 @@ class Transcript {
   // A refusal, for a person at a terminal.
   void refuse(const std::string& text) const;
 
-  // Writes an answer as it is.
+  // Writes a result unchanged.
   static host::Result<> answer(const std::string& text);
 
   // Output for a printer: as it is, but spelled out line by line when standard
