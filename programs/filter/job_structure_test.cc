@@ -1,60 +1,16 @@
-#include "programs/filter/job_structure.h"
-
+// Where the sections of a description go in jobs of every structure.
 #include <gmock/gmock.h>
 
-#include <memory>
+#include <algorithm>
+#include <cstdint>
 #include <string>
-#include <vector>
+
+#include "programs/filter/job_structure_fixture.h"
 
 namespace driver_feature::filter {
 namespace {
 
 using testing::ElementsAre;
-
-class Memory : public ByteSink {
- public:
-  void put(std::string_view bytes) override { text += bytes; }
-  std::string text;
-};
-
-struct Outcome {
-  std::string text;
-  std::vector<long> pages;
-  JobStructure::Kind kind = JobStructure::Kind::kUnknown;
-  bool isSetUp = false;
-  bool hasSecondDocument = false;
-};
-
-Sections allSections() {
-  return {"<header>", "exit\n", "prolog\n", "document\n", "page\n"};
-}
-
-// What comes out of a job that comes in pieces of that many bytes.
-Outcome run(const std::string& job, std::size_t piece, const Sections& sections = allSections()) {
-  Memory memory;
-  Outcome outcome;
-  JobStructure structure(sections, memory,
-                         [&outcome](long page) { outcome.pages.push_back(page); });
-  for (std::size_t at = 0; at < job.size(); at += piece) {
-    structure.put(std::string_view(job).substr(at, piece));
-  }
-  structure.finish();
-  outcome.text = memory.text;
-  outcome.kind = structure.kind();
-  outcome.isSetUp = structure.isSetUp();
-  outcome.hasSecondDocument = structure.hasSecondDocument();
-  return outcome;
-}
-
-// The same text, whatever the pieces are.
-std::string written(const std::string& job, const Sections& sections = allSections()) {
-  std::string text = run(job, job.size() + 1, sections).text;
-  for (std::size_t piece = 1; piece < job.size(); ++piece) {
-    const std::string other = run(job, piece, sections).text;
-    if (other != text) return "with pieces of " + std::to_string(piece) + ": " + other;
-  }
-  return text;
-}
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
   for (std::size_t at = text.find(from); at != std::string::npos;
@@ -177,19 +133,6 @@ TEST(JobStructure, DefaultsAndPreview_StayInFrontOfTheProlog) {
             "prolog\n%%EndProlog\n%%BeginSetup\ndocument\n");
 }
 
-// The parts that no comment in them may change.
-std::string jobWith(const std::string& inside) {
-  return "%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\n%%BeginProlog\n%%EndProlog\n%%BeginSetup\n"
-         "%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\n%%EndPageSetup\n" +
-         inside + "showpage\n%%Page: 2 2\n%%BeginPageSetup\n";
-}
-std::string writtenWith(const std::string& inside) {
-  return "<header>%!PS-Adobe-3.0\n%%Pages: 1\n%%EndComments\nexit\n%%BeginProlog\nprolog\n"
-         "%%EndProlog\n%%BeginSetup\ndocument\n%%EndSetup\n%%Page: 1 1\n%%BeginPageSetup\npage\n"
-         "%%EndPageSetup\n" +
-         inside + "showpage\n%%Page: 2 2\n%%BeginPageSetup\npage\n";
-}
-
 TEST(JobStructure, EmbeddedDocuments_PassUntouched) {
   for (const std::string inside :
        {"%%BeginDocument: a.eps\n%!PS-Adobe-3.0 EPSF\n%%Page: 1 "
@@ -244,113 +187,6 @@ TEST(JobStructure, LineOfHundredMegabytes_PassesInPieces) {
   // comments.
   EXPECT_EQ(counter.count - before, 1600U * 65536U + 1 + 5 + 33 + 38);
   EXPECT_LE(counter.longest, 65536U);
-}
-
-TEST(JobStructure, PjlOfTheJobItself_IsTakenOff) {
-  const std::string exit = "\x1b%-12345X";
-  for (const std::string& front :
-       {exit + "@PJL\r\n@PJL SET COPIES=3\r\n@PJL ENTER LANGUAGE=POSTSCRIPT\r\n", exit,
-        "\x04" + exit + "@PJL\n\n@PJL ENTER LANGUAGE = POSTSCRIPT \n\x04", exit + exit + "\n"}) {
-    for (const std::string& back : {exit, exit + "@PJL EOJ\r\n" + exit + "\n", "\x04" + exit}) {
-      EXPECT_EQ(written(front + jobWith("") + back), writtenWith("")) << front << back;
-    }
-  }
-  EXPECT_EQ(written("\x04" + jobWith("")), writtenWith(""));
-}
-
-// PJL knows no capital letters; CUPS sends these jobs for PostScript.
-TEST(JobStructure, LanguageInOtherLetters_IsPostScript) {
-  const std::string exit = "\x1b%-12345X";
-  for (const std::string language : {"ENTER LANGUAGE = PostScript", "ENTER LANGUAGE = Postscript",
-                                     "Enter Language=postscript"}) {
-    EXPECT_EQ(written(exit + "@PJL " + language + "\n" + jobWith("") + exit), writtenWith(""))
-        << language;
-  }
-  EXPECT_EQ(written(exit + "@PJL enter language=pclxl\n" + jobWith("")), "");
-}
-
-TEST(JobStructure, PjlAfterAnyPart_IsTakenOff) {
-  const std::string exit = "\x1b%-12345X";
-  for (const std::string job :
-       {"%!PS\n", "%!PS\ncode\n", "%!PS\n%%EndComments\n%%BeginDefaults\n",
-        "%!PS\n%%EndComments\n%%BeginProlog\ncode\n",
-        "%!PS\n%%EndComments\n%%BeginProlog\n%%EndProlog\n",
-        "%!PS\n%%EndComments\n%%BeginProlog\n%%EndProlog\ncode\nshowpage\n",
-        "%!PS\n%%BeginSetup\ncode\n", "%!PS\n%%Page: 1 1\n", "%!PS\n%%Page: 1 1\ncode\n"}) {
-    EXPECT_EQ(written(exit + "@PJL\n" + job + exit + "@PJL EOJ\n" + exit), written(job)) << job;
-  }
-}
-
-TEST(JobStructure, PjlWithoutAnExitInFront_IsTakenOff) {
-  const std::string exit = "\x1b%-12345X";
-  EXPECT_EQ(written("@PJL\n@PJL ENTER LANGUAGE=POSTSCRIPT\n" + jobWith("")), writtenWith(""));
-  EXPECT_EQ(written("@PJL SET COPIES=2\r\n" + jobWith("") + exit), writtenWith(""));
-}
-
-TEST(JobStructure, RemarkOnALanguage_EntersNone) {
-  const std::string exit = "\x1b%-12345X";
-  const std::string remark = "@PJL COMMENT ENTER LANGUAGE = PCL\n";
-  EXPECT_EQ(written(exit + remark + "@PJL ENTER LANGUAGE=POSTSCRIPT\n" + jobWith("") + exit +
-                    remark + exit),
-            writtenWith(""));
-}
-
-// Binary data may hold anything, such as another job for printers.
-TEST(JobStructure, ExitInTheDataOfAJobWithPjl_Passes) {
-  const std::string exit = "\x1b%-12345X";
-  const std::string end = exit + "@PJL EOJ\n" + exit;
-  for (const std::string& inside :
-       {exit + "\n", exit + "abc\n", exit + "@PJL\n@PJL EOJ\n\nabc\n", exit + exit + "\xff\r\n",
-        exit + std::string(2000, 'x') + "\n", "\x04" + exit + "\nabc\n" + exit + "\nabc\n",
-        exit + "@PJL COMMENT ENTER LANGUAGE=PCL\nabc\n",
-        exit + "@PJL COMMENT " + std::string(2000, 'x') + "\nabc\n"}) {
-    EXPECT_EQ(written(exit + "@PJL\n" + jobWith(inside) + end), writtenWith(inside)) << inside;
-    EXPECT_EQ(written(exit + "@PJL\n" + jobWith(inside)), writtenWith(inside)) << inside;
-    EXPECT_FALSE(run(exit + "@PJL\n" + jobWith(inside) + end, 1).hasSecondDocument) << inside;
-  }
-}
-
-TEST(JobStructure, TrailerLongerThanAnyIs_Passes) {
-  const std::string exit = "\x1b%-12345X";
-  std::string lines;
-  for (int i = 0; i < 300; ++i) lines += "@PJL COMMENT " + std::to_string(i) + "\n";
-  EXPECT_EQ(run(exit + "@PJL\n" + jobWith("") + exit + "\n" + lines, 4096).text,
-            writtenWith("") + exit + "\n" + lines);
-}
-
-TEST(JobStructure, SecondDocumentAfterThePjl_IsReported) {
-  const std::string exit = "\x1b%-12345X";
-  const std::string first = exit + "@PJL\n%!PS\nshowpage\n";
-  EXPECT_FALSE(run(first + exit + "@PJL EOJ\n" + exit, 1).hasSecondDocument);
-  EXPECT_TRUE(run(first + exit + "@PJL\n%!PS\nshowpage\n" + exit, 1).hasSecondDocument);
-  EXPECT_TRUE(run(first + exit + "%!PS\nshowpage\n" + exit, 1).hasSecondDocument);
-  const std::string pcl = exit +
-                          "@PJL ENTER LANGUAGE=PCL\n\x1b"
-                          "E\n" +
-                          exit + "abc\n";
-  EXPECT_TRUE(run(first + pcl, 1).hasSecondDocument);
-  EXPECT_EQ(run(first + pcl, 1).text, run(first, 1).text);
-  EXPECT_FALSE(run(first + exit + "@PJL ENTER LANGUAGE=PCL\n" + exit, 1).hasSecondDocument);
-}
-
-TEST(JobStructure, ExitInAJobWithoutPjl_Passes) {
-  const std::string inside = "\x1b%-12345X@PJL\n";
-  EXPECT_EQ(written(jobWith(inside)), writtenWith(inside));
-}
-
-TEST(JobStructure, WhatIsNoPostScript_IsDropped) {
-  const std::string exit = "\x1b%-12345X";
-  for (const std::string& job :
-       {std::string("%PDF-1.4\n%!PS\n"), std::string("hello\n%!PS\n"),
-        std::string("@PJL ENTER LANGUAGE=PCL\n%!PS\n"), std::string("@PJL\nhello\n%!PS\n"),
-        exit + "@PJL ENTER LANGUAGE=PCL\n%!PS\n", exit + "E\n", std::string(5000, 'x')}) {
-    EXPECT_EQ(written(job), "") << job;
-    EXPECT_EQ(run(job, 1).kind, JobStructure::Kind::kNotPostScript) << job;
-  }
-  for (const std::string job : {"", "\x04", "\n\n"}) {
-    EXPECT_EQ(run(job, 1).kind, JobStructure::Kind::kUnknown) << job;
-  }
-  EXPECT_EQ(run("%!", 1).kind, JobStructure::Kind::kPostScript);
 }
 
 TEST(JobStructure, PrologWithoutEndAndPages_LeavesTheSetupOut) {
