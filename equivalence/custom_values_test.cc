@@ -16,7 +16,7 @@ ppd_cparam_t parameterOf(ppd_cptype_t type) {
   return parameter;
 }
 
-TEST(ShortestText, FloatReadsBack) {
+TEST(ShortestText, Float_ReadsBack) {
   EXPECT_EQ(shortestText(0), "0");
   EXPECT_EQ(shortestText(595.25F), "595.25");
   EXPECT_EQ(shortestText(841.89F), "841.89");

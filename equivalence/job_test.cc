@@ -6,7 +6,7 @@ namespace driver_feature::equivalence {
 
 namespace {
 
-TEST(Job, HoldsTheSectionsAroundAPage) {
+TEST(Job, Sections_AreAroundAPage) {
   std::string postScript;
   for (const char* name : {"ExitServer", "Prolog", "DocumentSetup", "AnySetup", "PageSetup"}) {
     postScript += std::string("%DriverSection ") + name + "\n/" + name + "\n\n%EndDriverSection\n";

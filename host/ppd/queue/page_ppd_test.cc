@@ -28,6 +28,13 @@ class PagePpdTest : public testing::Test {
     return ppd ? std::move(*ppd) : nullptr;
   }
 
+  // The page PPD of a printer's PPD with its marks, as libcups reads it.
+  PpdPointer readBack(ppd_file_t* ppd) {
+    PpdPointer page = read(pagePpd(ppd).substr(std::string("*PPD-Adobe: \"4.3\"\n").size()));
+    ppdMarkDefaults(page.get());
+    return page;
+  }
+
   std::filesystem::path file_ = std::filesystem::temp_directory_path() /
                                 ("driver-feature-page-ppd-" + std::to_string(::getpid()));
 };
@@ -51,24 +58,31 @@ TEST_F(PagePpdTest, Sheet_IsTheMarkedOneWithItsMargins) {
   EXPECT_THAT(pagePpd(ppd.get()), HasSubstr("*ImageableArea Sheet: \"0 0 595 842\"\n"));
 }
 
-TEST_F(PagePpdTest, Text_HasNoCommandAndNamesAFilter) {
-  for (const std::string& lines : {std::string(), kPageSizes + kDuplex}) {
-    PpdPointer ppd = read(lines);
-    if (ppdFindOption(ppd.get(), "Duplex") != nullptr) {
-      ppdMarkOption(ppd.get(), "Duplex", "DuplexTumble");
-    }
-    ppd = read(pagePpd(ppd.get()).substr(std::string("*PPD-Adobe: \"4.3\"\n").size()));
-    ppdMarkDefaults(ppd.get());
-    EXPECT_EQ(ppd->num_filters, 1);
-    for (const ppd_section_t section :
-         {PPD_ORDER_ANY, PPD_ORDER_DOCUMENT, PPD_ORDER_EXIT, PPD_ORDER_PAGE, PPD_ORDER_PROLOG}) {
-      EXPECT_EQ(ppd::emittedText(*ppd, section), "");
-    }
-    const ppd_size_t* size = ppdPageSize(ppd.get(), nullptr);
-    EXPECT_EQ(size != nullptr ? size->length : 0, lines.empty() ? 0 : 595);
-    EXPECT_EQ(printsBothSides(*ppd), !lines.empty());
+void expectFilterWithoutCommands(ppd_file_t& ppd) {
+  EXPECT_EQ(ppd.num_filters, 1);
+  for (const ppd_section_t section :
+       {PPD_ORDER_ANY, PPD_ORDER_DOCUMENT, PPD_ORDER_EXIT, PPD_ORDER_PAGE, PPD_ORDER_PROLOG}) {
+    EXPECT_EQ(ppd::emittedText(ppd, section), "");
   }
+}
+
+TEST_F(PagePpdTest, Text_PpdWithoutOptions_NamesAFilterOnly) {
+  const PpdPointer page = readBack(read("").get());
+  expectFilterWithoutCommands(*page);
+  EXPECT_EQ(ppdPageSize(page.get(), nullptr), nullptr);
+  EXPECT_FALSE(printsBothSides(*page));
   EXPECT_THAT(pagePpd(nullptr), HasSubstr("*cupsFilter: "));
+}
+
+TEST_F(PagePpdTest, Text_SizeAndSidesAreMarked_HasThemWithoutCommands) {
+  const PpdPointer ppd = read(kPageSizes + kDuplex);
+  ppdMarkOption(ppd.get(), "Duplex", "DuplexTumble");
+  const PpdPointer page = readBack(ppd.get());
+  expectFilterWithoutCommands(*page);
+  const ppd_size_t* size = ppdPageSize(page.get(), nullptr);
+  ASSERT_NE(size, nullptr);
+  EXPECT_EQ(size->length, 595);
+  EXPECT_TRUE(printsBothSides(*page));
 }
 
 TEST_F(PagePpdTest, BothSides_AreThoseOfTheMarkedChoice) {
