@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes of the grammar feature_description.rng what must say the same: the same
+"""Derives from the grammar feature_description.rng what must say the same: the
 grammar in the compact syntax, for Emacs, and the sentences in the tables of the
 document on descriptions.
 
