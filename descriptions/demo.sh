@@ -89,7 +89,7 @@ run dump "$kOffice" --records PageExceptions descriptions/page_exceptions.json |
 heading "Settings that are refused"
 refuse emit "$kOffice" --to ps -o Copies=1000
 refuse emit "$kOffice" --to ps -o PageSise=A3
-printf '%s\n\n' "Transparencies are not turned over: a rule forbids it, and --resolve finds a way."
+printf '%s\n\n' "Transparencies cannot be printed on both sides; --resolve finds a way."
 refuse emit "$kOffice" --to ps -o Duplex=LongEdge -o MediaType=Transparency
 run resolve "$kOffice" -o Duplex=LongEdge -o MediaType=Transparency
 

@@ -95,7 +95,7 @@ ask() {
 }
 # replied TEXT: whether the response has it.
 replied() { grep -qF -- "$1" "$folder/reply" || fail "no \"$1\" in" "$(<"$folder/reply")"; }
-rule='MediaType=Transparency and Duplex=LongEdge: Card stock, envelopes, labels and transparencies are not turned over.'
+rule='MediaType=Transparency and Duplex=LongEdge: Card stock, envelopes, labels and transparencies cannot be printed on both sides.'
 sed -i 's/\$file//' "$folder/conflict.test"
 ask Validate-Job false
 replied "status-code = successful-ok-conflicting-attributes ($rule)"

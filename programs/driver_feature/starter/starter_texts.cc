@@ -119,7 +119,7 @@ cases that keep its output from changing unnoticed.
 )md";
 
 constexpr std::string_view kDriver =
-    "# What the cases of this folder are about, as seen from here.\n"
+    "# The description and routines of these cases; paths begin at this folder.\n"
     "Description=../@NAME@.xml\n"
     "Routines=../build/lib@NAME@.so\n";
 
