@@ -29,8 +29,8 @@ TEST(XmlFaultTest, Document_NotXml_IsToldInOurWordsAtTheCharacter) {
        "entity \"x\" is declared, which is not accepted; remove the declaration and write the text "
        "itself where the entity is used"},
       {"<a>\n &#1;</a>", 2, 2,
-       "character number 1 is not allowed in XML; remove it; byte escapes can write any byte "
-       "(ByteEscapes=\"true\")"},
+       "character number 1 is not allowed in XML; remove it, or write a byte escape such as "
+       "&#xF71B; with ByteEscapes=\"yes\""},
       {"<a x='1 < 2'/>", 1, 9,
        "\"<\" is not allowed in a value; write &lt; for it, or end the value before it with a "
        "quotation mark"},

@@ -150,8 +150,8 @@ TEST_F(CheckReportTest, Check_WrongUsage_SaysWhatToGive) {
       {{"d.xml", "--ignore", ""},
        "--ignore: no code begins with \"\"; --explain all lists the codes"},
       {{"d.xml", "--write"}, "--write is for --fix; give both"},
-      {{"-", "--fix", "--write"}, "--write needs files; standard input (\"-\") is none"},
-      {{"-", "--watch"}, "--watch needs files; standard input (\"-\") is none"},
+      {{"-", "--fix", "--write"}, "--write needs files; standard input (\"-\") is not one"},
+      {{"-", "--watch"}, "--watch needs files; standard input (\"-\") is not one"},
       {{"-", "-"}, "standard input (\"-\") is given twice; give it once"},
   };
   for (const auto& [arguments, problem] : rows) {

@@ -88,7 +88,7 @@ host::Result<> refuseUsage(const Arguments& arguments) {
   const bool needsFiles = arguments.has("--write") || arguments.has("--watch");
   if (needsFiles && std::count(files.begin(), files.end(), host::kStandardInput) > 0) {
     return host::refused(std::string(arguments.has("--watch") ? "--watch" : "--write") +
-                         " needs files; standard input (\"-\") is none");
+                         " needs files; standard input (\"-\") is not one");
   }
   return {};
 }
