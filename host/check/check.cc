@@ -13,8 +13,8 @@
 #include "host/description/document.h"
 #include "host/description/element.h"
 #include "host/description/source_text.h"
-#include "host/description/start_tags.h"
 #include "host/session/routine_look_up.h"
+#include "host/description/text_encoding.h"
 
 namespace driver_feature::check {
 

@@ -10,6 +10,7 @@
 #include "host/description/start_tags.h"
 #include "host/description/xml_fault.h"
 #include "host/description/xml_element.h"
+#include "host/description/text_encoding.h"
 
 namespace driver_feature::host {
 

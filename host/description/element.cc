@@ -7,6 +7,7 @@
 #include "XMLParser.h"
 
 #include "host/description/xml_element.h"
+#include "host/description/text_encoding.h"
 
 namespace driver_feature::host {
 

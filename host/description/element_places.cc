@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/description/xml_element.h"
+#include "host/description/text_encoding.h"
 
 namespace driver_feature::host {
 

@@ -12,7 +12,7 @@
 #include "host/base/text.h"
 #include "host/description/addition_reader.h"
 #include "host/description/gettext_po.h"
-#include "host/description/start_tags.h"
+#include "host/description/text_encoding.h"
 
 namespace driver_feature::host {
 

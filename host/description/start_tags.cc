@@ -1,13 +1,8 @@
 #include "host/description/start_tags.h"
 
-#include <iconv.h>
-
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <utility>
-
-#include "host/base/text.h"
 
 namespace driver_feature::host {
 
@@ -214,28 +209,6 @@ class TagReader {
   std::size_t commentsWithElement_ = 0;
 };
 
-std::string convertToUtf8(const std::string& bytes, const char* encoding) {
-  iconv_t converter = iconv_open("UTF-8", encoding);
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): the failure value of iconv_open().
-  if (converter == reinterpret_cast<iconv_t>(-1)) return bytes;
-  std::string input = bytes;
-  char* next = input.data();
-  std::size_t left = input.size();
-  std::string output;
-  std::array<char, 4096> buffer{};
-  bool failed = false;
-  while (left > 0 && !failed) {
-    char* end = buffer.data();
-    std::size_t room = buffer.size();
-    const std::size_t before = left;
-    iconv(converter, &next, &left, &end, &room);
-    output.append(buffer.data(), buffer.size() - room);
-    failed = left == before;
-  }
-  iconv_close(converter);
-  return failed ? bytes : output;
-}
-
 }  // namespace
 
 std::vector<StartTag> findStartTags(std::string_view utf8) {
@@ -247,26 +220,6 @@ std::vector<XmlComment> findComments(std::string_view utf8) {
   TagReader reader(utf8);
   reader.read();
   return reader.takeComments();
-}
-
-std::string decodeText(const std::string& bytes, const std::string& encoding) {
-  if (bytes.starts_with("\xEF\xBB\xBF")) return bytes.substr(3);
-  const bool marked = bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
-  if (marked) return convertToUtf8(bytes, "UTF-16");
-  if (encoding.empty() || toLower(encoding) == "utf-8") return bytes;
-  return convertToUtf8(bytes, encoding.c_str());
-}
-
-std::string declaredEncoding(const std::string& bytes) {
-  if (!bytes.starts_with("<?xml")) return "";
-  const std::string declaration = bytes.substr(0, bytes.find("?>"));
-  const std::size_t word = declaration.find("encoding");
-  if (word == std::string::npos) return "";
-  const std::size_t open = declaration.find_first_of("\"'", word);
-  if (open == std::string::npos) return "";
-  const std::size_t close = declaration.find(declaration[open], open + 1);
-  if (close == std::string::npos) return "";
-  return declaration.substr(open + 1, close - open - 1);
 }
 
 }  // namespace driver_feature::host

@@ -47,15 +47,6 @@ struct XmlComment {
 // The comments outside of the document type, with the same reservations.
 std::vector<XmlComment> findComments(std::string_view utf8);
 
-// `bytes` as UTF-8 without a byte order mark. `encoding` is the name that the
-// document's declaration gives, or empty. A text that does not convert comes
-// back as it is.
-std::string decodeText(const std::string& bytes, const std::string& encoding);
-
-// The encoding that an XML declaration at the start of `bytes` names; empty
-// without one.
-std::string declaredEncoding(const std::string& bytes);
-
 }  // namespace driver_feature::host
 
 #endif  // HOST_DESCRIPTION_START_TAGS_H_
