@@ -43,13 +43,13 @@ void askForEverything(const std::string& text, std::size_t offset) {
   EXPECT_LE(lines.offsetOf(lines.placeOf(offset)), offset) << text;
 }
 
-TEST(Typing, EveryBeginning_AtItsEnd_IsAnswered) {
+TEST(Typing, EveryBeginning_AtItsEnd_GivesRangesWithinTheText) {
   for (std::size_t size = 0; size <= kTyped.size(); ++size) {
     askForEverything(kTyped.substr(0, size), size);
   }
 }
 
-TEST(Typing, EveryTextWithoutABit_WhereItIsMissing_IsAnswered) {
+TEST(Typing, EveryTextWithoutABit_WhereItIsMissing_GivesRangesWithinTheText) {
   for (std::size_t at = 0; at < kTyped.size(); ++at) {
     for (const std::size_t length : {1U, 7U}) {
       std::string text = kTyped;
