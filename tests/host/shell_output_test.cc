@@ -180,8 +180,7 @@ TEST_F(ShellOutputTest, Help_Command_ShowsUsageAndDetails) {
                     "log [quiet|usual|all]\n"
                     "Chooses which log lines are shown.\n"
                     "quiet: errors; usual: errors and misuse; all: every line. Without an "
-                    "argument, it\n"
-                    "shows which is set.\n"));
+                    "argument,\nshows which is set.\n"));
   EXPECT_EQ(runScript({"help lgo"}),
             failure(2,
                     "driver-feature: standard input:1: there is no command \"lgo\"; did you "
@@ -195,7 +194,7 @@ TEST_F(ShellOutputTest, Help_Alone_ListsEveryCommand) {
           "set NAME [PROPERTY] VALUE               Sets a feature, or one property of a feature or "
           "group\n"
           "resolve NAME VALUE                      Sets a feature, and changes others where a rule "
-          "asks for it\n"
+          "requires it\n"
           "get NAME [PROPERTY|all]                 Shows a value, a property, or all properties\n"
           "show [NAME]                             Shows all features and groups, or one\n"
           "option NAME OPTION [PROPERTY [VALUE]]   Shows or sets the properties of an option\n"
@@ -205,7 +204,7 @@ TEST_F(ShellOutputTest, Help_Alone_ListsEveryCommand) {
           "write FILE                              Writes all values and records to a settings "
           "file\n"
           "load FILE                               Loads values and records from a settings file\n"
-          "preset NAME                             Sets what a preset of the description sets\n"
+          "preset NAME                             Applies a preset of the description\n"
           "presets                                 Shows the presets of the description\n"
           "defaults                                Sets every feature to its default value\n"
           "records GROUP [ACTION ...]              Lists or changes the records of a dynamic "
