@@ -180,7 +180,8 @@ TEST_F(ShellOutputTest, Help_Command_ShowsUsageAndDetails) {
                     "log [quiet|usual|all]\n"
                     "Chooses which log lines are shown.\n"
                     "quiet: errors; usual: errors and misuse; all: every line. Without an "
-                    "argument,\nshows which is set.\n"));
+                    "argument,\n"
+                    "shows which is set.\n"));
   EXPECT_EQ(runScript({"help lgo"}),
             failure(2,
                     "driver-feature: standard input:1: there is no command \"lgo\"; did you "
