@@ -113,7 +113,7 @@ TEST_F(PageWorkTest, UnknownValue_IsWarnedOf) {
 TEST_F(PageWorkTest, MissingFilter_IsWarnedOfByEachOption) {
   set("CUPS_SERVERBIN", "/nowhere");
   const std::string reason =
-      " has no effect, because the scheduler's filter /nowhere/filter/pstops is not there\n";
+      " has no effect, because the scheduler's filter /nowhere/filter/pstops is missing\n";
   const RunResult result = filter("number-up=2 mirror=true collate=true", "2");
   EXPECT_EQ(reported(result), "WARNING: option mirror" + reason + "WARNING: option number-up" +
                                   reason + "WARNING: option collate" + reason +
