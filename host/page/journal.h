@@ -2,7 +2,7 @@
 //
 // Where routines change values and availability, the changed features alone need not
 // lead there: a text that can be set only while a watermark is chosen keeps its value
-// when there is none. So what is told to other programs is tried on a description
+// when there is none. So what other programs get is tried on a description
 // that has just been loaded, and longer ways are kept only where short ones fail.
 #ifndef HOST_PAGE_JOURNAL_H_
 #define HOST_PAGE_JOURNAL_H_

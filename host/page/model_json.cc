@@ -42,6 +42,15 @@ Json numberOf(float number) {
   return std::isfinite(number) ? Json::parse(host::numberText(number), nullptr, false) : Json();
 }
 
+// Where a feature or a group is in the description.
+Json placeJson(const host::Model& model, const Layout& layout, const std::string& name) {
+  const auto place = layout.places.find(name);
+  const host::Position position = place != layout.places.end()
+                                      ? place->second
+                                      : host::Position{model.index.limitsOf(name).line, 0};
+  return {{"file", shown(model.file)}, {"line", position.line}, {"column", position.column}};
+}
+
 class FeatureWriter {
  public:
   FeatureWriter(const host::Session& session, const Layout& layout, const host::TextLookUp& texts)
@@ -52,7 +61,7 @@ class FeatureWriter {
     Json json = {{"text", shown(texts_.textOf(feature.name, feature.name))},
                  {"secret", view.isEncrypted()},
                  {"hardware", feature.isHardware},
-                 {"place", placeOf(feature.name)}};
+                 {"place", placeJson(model_, layout_, feature.name)}};
     if (feature.isColumn) json["column"] = true;
     switch (view.kind()) {
       case FeatureKind::kMultiSelect:
@@ -74,14 +83,6 @@ class FeatureWriter {
   }
 
  private:
-  Json placeOf(const std::string& name) const {
-    const auto place = layout_.places.find(name);
-    const host::Position position = place != layout_.places.end()
-                                        ? place->second
-                                        : host::Position{model_.index.limitsOf(name).line, 0};
-    return {{"file", shown(model_.file)}, {"line", position.line}, {"column", position.column}};
-  }
-
   void writeList(const CatalogFeature& feature, Json& json) const {
     Json choices = Json::array();
     for (const CatalogChoice& choice : feature.choices) {
@@ -136,7 +137,7 @@ class FeatureWriter {
   const host::TextLookUp& texts_;
 };
 
-Json sectionsJson(const Layout& layout, const host::TextLookUp& texts) {
+Json sectionsJson(const host::Model& model, const Layout& layout, const host::TextLookUp& texts) {
   Json sections = Json::array();
   for (const Section& section : layout.sections) {
     Json members = Json::array();
@@ -147,8 +148,25 @@ Json sectionsJson(const Layout& layout, const host::TextLookUp& texts) {
          {"kind", wordOf(section.kind)},
          {"outer", shown(section.outer)},
          {"members", std::move(members)}});
+    if (!section.id.empty()) sections.back()["place"] = placeJson(model, layout, section.id);
   }
   return sections;
+}
+
+// The first language of TextLookUp that the description has, as it spells it.
+std::string languageOf(const std::vector<host::TextsOfLanguage>& languages,
+                       const std::string& wanted) {
+  const auto plain = [](std::string tag) {
+    std::ranges::replace(tag, '_', '-');
+    return host::toLower(std::move(tag));
+  };
+  for (const std::string& tag :
+       {plain(wanted), plain(wanted.substr(0, wanted.find_first_of("-_")))}) {
+    for (const host::TextsOfLanguage& texts : languages) {
+      if (plain(texts.language) == tag) return texts.language;
+    }
+  }
+  return languages.empty() ? "" : languages.front().language;
 }
 
 Json presetsJson(const host::Session& session, const host::TextLookUp& texts) {
@@ -180,10 +198,10 @@ Json modelJson(const host::Session& session, const Catalog& catalog, const Layou
   const std::filesystem::path file(session.model().file);
   return {{"name", shown(file.stem().string())},
           {"file", shown(session.model().file)},
-          {"language", language.empty() && !names.empty() ? names.front() : Json(shown(language))},
+          {"language", shown(languageOf(languages, language))},
           {"languages", std::move(names)},
           {"presets", presetsJson(session, texts)},
-          {"sections", sectionsJson(layout, texts)},
+          {"sections", sectionsJson(session.model(), layout, texts)},
           {"features", std::move(features)},
           {"outputs", {"ps", "pjl", "ticket"}}};
 }

@@ -13,8 +13,8 @@
 namespace driver_feature::page {
 
 // "name", "file", "language", "languages", "presets", "sections", "features" and
-// "outputs", with the texts of that language or of those that stand in for it. An
-// empty language is the first one of the description.
+// "outputs", with the texts of that language or of those that stand in for it, of which
+// "language" is the first. An empty language is the first one of the description.
 nlohmann::json modelJson(const host::Session& session, const Catalog& catalog, const Layout& layout,
                          const std::string& language);
 

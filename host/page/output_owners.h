@@ -2,8 +2,8 @@
 //
 // The output is written again here, as the library does it, from the commands and
 // values that the features have now and from what routines have written. Where the
-// result is the output, byte for byte, the parts are certain; otherwise none is
-// told.
+// result is the output, byte for byte, the parts are certain; otherwise there are
+// none.
 #ifndef HOST_PAGE_OUTPUT_OWNERS_H_
 #define HOST_PAGE_OUTPUT_OWNERS_H_
 

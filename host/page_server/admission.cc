@@ -27,7 +27,7 @@ bool isFromOwnPage(const host::Request& request) {
 
 std::vector<host::Field> safeFields() {
   return {{"Content-Security-Policy",
-           "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' data:; "
+           "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self'; "
            "connect-src 'self'; base-uri 'none'; form-action 'none'; frame-ancestors 'none'"},
           {"X-Content-Type-Options", "nosniff"},
           {"Referrer-Policy", "no-referrer"},

@@ -7,6 +7,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/base/utf16.h"
 #include "host/description/beside_files.h"
 #include "host/page_server/json_text.h"
 
@@ -20,12 +21,23 @@ using Milliseconds = host::EventLoop::Milliseconds;
 // An editor may save in several steps, which belong together.
 constexpr Milliseconds kQuiet{40};
 
+// The text of an output as a state has it: whole, or what has changed.
+std::string textAfter(const Json& output, const std::string& before) {
+  std::string text = output.value("text", "");
+  if (!output.contains("at")) return text;
+  const std::size_t begin = host::bytesBeforeUnits(before, output.value("at", std::size_t{0}));
+  const std::string_view rest = std::string_view(before).substr(begin);
+  const std::size_t count = host::bytesBeforeUnits(rest, output.value("gone", std::size_t{0}));
+  return before.substr(0, begin) + text + std::string(rest.substr(count));
+}
+
 }  // namespace
 
 Page::Page(host::EventLoop& loop, host::Server& server, PageSetting setting)
     : loop_(loop),
       server_(server),
       setting_(std::move(setting)),
+      life_(std::make_shared<const bool>(true)),
       clients_(loop, server),
       picture_(loop, setting_.ghostscript,
                [this](const Picture::Result& result) { notePicture(result); }) {
@@ -83,6 +95,8 @@ void Page::noteFailed(const std::string& why) {
     findings_ = findings;
     tellModel();
   });
+  // A check may take long.
+  if (check_) tellModel();
 }
 
 void Page::noteCrash(const std::string& what) {
@@ -102,8 +116,13 @@ void Page::find(std::unique_ptr<ChildText>& check,
 }
 
 void Page::tellModel() {
-  clients_.send("model",
-                jsonText({{"revision", worker_->revision()}, {"serial", worker_->serial()}}));
+  clients_.send("model", presence());
+}
+
+std::string Page::presence() const {
+  return jsonText({{"revision", worker_->revision()},
+                   {"serial", worker_->serial()},
+                   {"loaded", !worker_->hasFailed()}});
 }
 
 std::string Page::notLoaded() const {
@@ -120,11 +139,11 @@ std::string Page::notLoaded() const {
 
 // A picture is drawn again when the PostScript is another one.
 void Page::noteState(const Json& state) {
-  const auto text = Json::json_pointer("/outputs/ps/text");
-  if (!state.contains(text) || !state[text].is_string()) return;
-  const bool isSame = postScript_ == state[text].get_ref<const std::string&>();
-  if (isSame && postScriptSerial_ != 0) return;
-  postScript_ = state[text];
+  const auto output = Json::json_pointer("/outputs/ps");
+  if (!state.contains(output) || !state[output].contains("text")) return;
+  std::string text = textAfter(state[output], postScript_);
+  if (text == postScript_ && postScriptSerial_ != 0) return;
+  postScript_ = std::move(text);
   postScriptSerial_ = worker_->serial();
   wantPicture();
 }

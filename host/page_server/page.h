@@ -69,7 +69,7 @@ class Page final {
   host::Response getSource(const host::Request& request) const;
   Answer ask(const std::string& request, Made made);
   void takeRequest(host::RequestNumber number, const std::string& name, const std::string& body);
-  void save(host::RequestNumber number, const std::string& body);
+  void save(host::RequestNumber number, const nlohmann::json& request);
   void replyWithText(host::RequestNumber number, const std::string& file, bool replaces,
                      const std::string& settings);
   void expect(host::RequestNumber number) { expected_.insert(number); }
@@ -84,12 +84,15 @@ class Page final {
   void find(std::unique_ptr<ChildText>& check,
             const std::function<void(const std::string& findings)>& then);
   void tellModel();
+  // Which model and state there are now, and whether there are any.
+  std::string presence() const;
   void wantPicture();
   void notePicture(const Picture::Result& result);
 
   host::EventLoop& loop_;
   host::Server& server_;
   PageSetting setting_;
+  std::shared_ptr<const bool> life_;        // Ends with the page.
   std::set<host::RequestNumber> expected_;  // Requests that wait for their response.
   EventClients clients_;
   Picture picture_;

@@ -26,7 +26,8 @@
 namespace driver_feature::page_server {
 
 // Loads a file of words: "fatal" ends it, "refused" is not loaded, "silent" crashes
-// with its first state, "fragile" when values are restored. Two features: Duplex, which crashes
+// with its first state, "fragile" when values are restored, "brief" replies with only what has
+// changed of its output. Two features: Duplex, which crashes
 // when it becomes "Crash", hangs with "Hang", and is not there if the file says "simplex"; and Pin,
 // a secret.
 class PlayedProcess {
@@ -66,8 +67,11 @@ class PlayedProcess {
     if (what == "state" && has("silent")) ::raise(SIGKILL);
     if (what == "restore" && has("fragile")) ::raise(SIGKILL);
     if (what == "set" || what == "restore") {
+      const std::size_t gone = duplex_.size();
       for (const auto& setting : request["settings"]) set(setting[0], setting[1]);
       ++serial_;
+      // The printer's sign before takes two units, and four bytes.
+      if (has("brief")) return briefReply({{"at", 3}, {"gone", gone}, {"text", duplex_}});
     }
     nlohmann::json changed = nlohmann::json::array();
     if (duplex_ != "Off") changed.push_back("Duplex");
@@ -77,7 +81,18 @@ class PlayedProcess {
             {"values", {{"Duplex", duplex_}, {"Pin", ""}}},
             {"masked", {"Pin"}},
             {"changed", changed},
-            {"outputs", {{"ps", {{"text", "%" + duplex_ + " " + pin_ + "\n" + words_}}}}}};
+            {"outputs", {{"ps", {{"text", sign() + duplex_ + " " + pin_ + "\n" + words_}}}}}};
+  }
+
+  std::string sign() const { return has("brief") ? "%\xF0\x9F\x96\xA8" : "%"; }
+
+  nlohmann::json briefReply(const nlohmann::json& change) const {
+    return {{"ok", true},
+            {"whole", false},
+            {"serial", serial_},
+            {"values", {{"Duplex", duplex_}}},
+            {"changed", {"Duplex"}},
+            {"outputs", {{"ps", change}}}};
   }
 
   void set(const std::string& name, const std::string& value) {
@@ -191,6 +206,18 @@ class PageTest : public ::testing::Test {
   std::unique_ptr<test::LoopThread> thread_;
   int port_ = 0;
 };
+
+// A check that finds something when the named pipe is written to.
+inline PageSetting::Check checkThatWaitsFor(const std::string& gate) {
+  return [gate](host::EventLoop& loop, const page::PageRequest&, const auto& done) {
+    const auto findWhenOpen = [gate](int out) {
+      host::readFile(gate);
+      return host::writeAll(out, R"([{"line":3}])") ? 0 : 1;
+    };
+    return ChildText::start(loop, std::chrono::milliseconds(10000), findWhenOpen,
+                            [done](const std::string& text, std::optional<int>) { done(text); });
+  };
+}
 
 // A client of the page's events.
 class Listener {

@@ -55,7 +55,8 @@ Page::Answer Page::answer(const host::Request& request, const std::string& name)
     return host::plainResponse(HTTP_STATUS_UNSUPPORTED_MEDIATYPE);
   }
   return std::make_unique<WholeBody>(
-      setting_.requestBytes, [this, name](host::RequestNumber number, const std::string& body) {
+      setting_.requestBytes, life_,
+      [this, name](host::RequestNumber number, const std::string& body) {
         takeRequest(number, name, body);
       });
 }
@@ -93,8 +94,7 @@ Page::Answer Page::get(const host::Request& request, const std::string& name) {
 
 // The newcomer learns what the others know.
 host::Response Page::listen(const host::Request& request) {
-  const Json hello = {{"revision", worker_->revision()}, {"serial", worker_->serial()}};
-  std::string first = EventClients::text("hello", jsonText(hello));
+  std::string first = EventClients::text("hello", presence());
   if (isPictureCurrent()) first += EventClients::text("picture", pictureText());
   auto response = clients_.add(request, first);
   wantPicture();
@@ -103,7 +103,8 @@ host::Response Page::listen(const host::Request& request) {
 
 Page::Answer Page::ask(const std::string& request, Made made) {
   return std::make_unique<WholeBody>(
-      0, [this, request, made = std::move(made)](host::RequestNumber number, const std::string&) {
+      0, life_,
+      [this, request, made = std::move(made)](host::RequestNumber number, const std::string&) {
         expect(number);
         worker_->ask(request,
                      [this, number, made](const std::string& text) { reply(number, made(text)); });
@@ -115,7 +116,7 @@ Page::Answer Page::getPicture(const host::Request& request) {
   if (isPictureCurrent()) return pictureResponse();
   const long serial = std::strtol(queryValue(request.query, "serial").c_str(), nullptr, 10);
   return std::make_unique<WholeBody>(
-      0, [this, serial](host::RequestNumber number, const std::string&) {
+      0, life_, [this, serial](host::RequestNumber number, const std::string&) {
         expect(number);
         pictureWaits_.emplace_back(number, serial);
         wantPicture();
@@ -141,14 +142,13 @@ void Page::takeRequest(host::RequestNumber number, const std::string& name,
                           "400 Bad Request: the body must be a JSON object with \"" +
                               std::string(name == "do" ? "do" : "as") + "\"\n"});
   }
-  if (name == "save") return save(number, body);
+  if (name == "save") return save(number, request);
   worker_->ask(body, [this, number](const std::string& text) {
     reply(number, jsonResponse(text.empty() ? notLoaded() : text));
   });
 }
 
-void Page::save(host::RequestNumber number, const std::string& body) {
-  const Json request = Json::parse(body, nullptr, false);
+void Page::save(host::RequestNumber number, const Json& request) {
   const auto text = [&request](const char* key) {
     const auto found = request.find(key);
     return found != request.end() && found->is_string() ? found->get<std::string>() : "";

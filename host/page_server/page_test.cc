@@ -26,7 +26,7 @@ TEST_F(PageTest, Responses_KeepBrowsersFromEverythingElse) {
   for (const std::string name : {"state", "nothing", "settings.conf", "source?file=office.xml"}) {
     const std::string response = exchange("GET /" + name);
     EXPECT_NE(response.find("\r\nContent-Security-Policy: default-src 'none'; script-src 'self'; "
-                            "style-src 'self'; img-src 'self' data:; connect-src 'self'; base-uri "
+                            "style-src 'self'; img-src 'self'; connect-src 'self'; base-uri "
                             "'none'; form-action 'none'; frame-ancestors 'none'\r\n"
                             "X-Content-Type-Options: nosniff\r\nReferrer-Policy: no-referrer\r\n"
                             "Cross-Origin-Opener-Policy: same-origin\r\n"
@@ -103,20 +103,29 @@ TEST_F(PageTest, RequestThatCrashes_LeavesTheValuesBefore) {
 TEST_F(PageTest, CrashWhoseCheckOutlastsTheNextLoad_IsTold) {
   const std::string gate = folder_ / "gate";
   ASSERT_EQ(::mkfifo(gate.c_str(), 0600), 0);
-  setting_.check = [&gate](host::EventLoop& loop, const page::PageRequest&, const auto& done) {
-    const auto findWhenOpen = [&gate](int out) {
-      host::readFile(gate);
-      return host::writeAll(out, R"([{"line":3}])") ? 0 : 1;
-    };
-    return ChildText::start(loop, std::chrono::milliseconds(10000), findWhenOpen,
-                            [done](const std::string& text, std::optional<int>) { done(text); });
-  };
+  setting_.check = checkThatWaitsFor(gate);
   start();
   Listener listener(port_, head("GET /events"));
   set("Duplex", "Crash");
   EXPECT_EQ(postScript(), "%Off \n");  // Loaded again.
   write("gate", "");
   EXPECT_EQ(listener.next("crash")["findings"], nlohmann::json::parse(R"([{"line":3}])"));
+}
+
+TEST_F(PageTest, CheckThatTakesLong_IsNotWaitedForToTellOfTheFault) {
+  const std::string gate = folder_ / "gate";
+  ASSERT_EQ(::mkfifo(gate.c_str(), 0600), 0);
+  setting_.check = checkThatWaitsFor(gate);
+  start();
+  Listener listener(port_, head("GET /events"));
+  const auto model = [this] { return nlohmann::json::parse(get("model").substr(4)); };
+  write("office.xml", "fatal");
+  EXPECT_EQ(listener.next("model"),
+            nlohmann::json::parse(R"({"loaded":false,"revision":1,"serial":2})"));
+  EXPECT_EQ(model()["findings"], nlohmann::json::array());
+  write("gate", "");
+  EXPECT_EQ(listener.next("model")["loaded"], false);
+  EXPECT_EQ(model()["findings"], nlohmann::json::parse(R"([{"line":3}])"));
 }
 
 TEST_F(PageTest, RequestThatTakesTooLong_LeavesTheValuesBefore) {
@@ -163,6 +172,21 @@ TEST_F(PageTest, Picture_IsToldOfToEveryListener_AlsoToALateOne) {
   EXPECT_EQ(get("page.png?serial=1"), "404 " + problem + "\n");
 }
 
+TEST_F(PageTest, Picture_IsThatOfTheTextAfterAChangeOfAPartOfIt) {
+  const std::filesystem::path program = folder_ / "gs";
+  write("gs", "#!/bin/sh\ncp settings.ps '" + folder_.string() + "/drawn.ps'\nexit 1\n");
+  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  setting_.ghostscript = program;
+  write("office.xml", "brief");
+  start();
+  Listener listener(port_, head("GET /events"));
+  EXPECT_EQ(listener.next("picture")["serial"], 1);
+  set("Duplex", "LongEdge");
+  EXPECT_EQ(listener.next("picture")["serial"], 2);
+  EXPECT_EQ(host::readFile((folder_ / "drawn.ps").string()).value(),
+            "%\xF0\x9F\x96\xA8LongEdge \nbrief");
+}
+
 TEST_F(PageTest, DescriptionThatEndsItsProcess_IsShownWithFindings_UntilItLoads) {
   int checks = 0;
   setting_.check = [&checks](host::EventLoop&, const page::PageRequest&,
@@ -193,66 +217,6 @@ TEST_F(PageTest, DescriptionThatEndsItsProcess_IsShownWithFindings_UntilItLoads)
   write("office.xml", "good");
   listener.next("model");
   EXPECT_EQ(postScript(), "%On \ngood");
-}
-
-TEST_F(PageTest, Saving_NeverOverwritesWithoutNeed) {
-  start();
-  const auto save = [this](const std::string& request) { return post("save", request); };
-  EXPECT_EQ(save(R"({"as":"settings"})"),
-            R"(200 {"file":"office.settings","ok":true,"same":false})");
-  EXPECT_EQ(host::readFile((folder_ / "office.settings").string()).value(), "Duplex=Off\n");
-  EXPECT_EQ(save(R"({"as":"settings","name":"office"})"),
-            R"(200 {"file":"office.settings","ok":true,"same":true})");
-  set("Duplex", "On");
-  EXPECT_EQ(save(R"({"as":"settings"})"),
-            R"(200 {"exists":true,"file":"office.settings","ok":false,)"
-            R"("problem":"office.settings already exists, with other settings"})");
-  EXPECT_EQ(host::readFile((folder_ / "office.settings").string()).value(), "Duplex=Off\n");
-  EXPECT_EQ(save(R"({"as":"settings","replace":true})"),
-            R"(200 {"file":"office.settings","ok":true,"same":false})");
-  EXPECT_EQ(host::readFile((folder_ / "office.settings").string()).value(), "Duplex=On\n");
-}
-
-TEST_F(PageTest, Saving_StaysInTheFolder) {
-  start();
-  std::filesystem::create_symlink("/tmp/elsewhere", folder_ / "link.settings");
-  for (const std::string name : {"../x", "a/b", "..", ".hidden", "a\\\\b", "a\\nb", "link"}) {
-    const std::string reply = post("save", R"({"as":"settings","name":")" + name + "\"}");
-    EXPECT_NE(reply.find("\"ok\":false,\"problem\""), std::string::npos) << reply;
-  }
-  EXPECT_NE(post("save", R"({"as":"preset"})").find("\"ok\":false"), std::string::npos);
-  EXPECT_FALSE(std::filesystem::exists("/tmp/elsewhere"));
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 2);
-}
-
-TEST_F(PageTest, Source_IsThatOfTheDescriptionAndTheFilesBesideIt) {
-  write("office.xml", "text");
-  write("office.de.po", "texte");
-  write("secret.xml", "secret");
-  start();
-  EXPECT_EQ(get("source?file=office.xml"), "200 text");
-  EXPECT_EQ(get("source?file=office.de.po"), "200 texte");
-  for (const std::string file : {"secret.xml", "../etc/passwd", "", "/etc/passwd", "."}) {
-    EXPECT_EQ(get("source?file=" + file).substr(0, 3), "404") << file;
-  }
-}
-
-TEST_F(PageTest, VisitorsPage_HasNothingForAuthors) {
-  setting_.isForAuthor = false;
-  start();
-  Listener listener(port_, head("GET /events"));
-  EXPECT_EQ(get("source?file=office.xml").substr(0, 3), "404");
-  EXPECT_EQ(post("save", R"({"as":"settings"})").substr(0, 3), "404");
-  write("office.xml", "new");
-  EXPECT_EQ(set("Duplex", "On")["outputs"]["ps"]["text"], "%On \n");
-}
-
-TEST_F(PageTest, LastWords_AreGoodbye) {
-  start();
-  auto listener = std::make_unique<Listener>(port_, head("GET /events"));
-  thread_.reset();
-  page_.reset();
-  EXPECT_EQ(listener->next("bye"), nlohmann::json::object());
 }
 
 }  // namespace

@@ -12,9 +12,9 @@
 
 #include <nlohmann/json_fwd.hpp>
 
-#include "host/base/child_process.h"
 #include "host/page/page_process.h"
 #include "host/page_server/kept_values.h"
+#include "host/page_server/socket_process.h"
 #include "host/server/event_loop.h"
 
 namespace driver_feature::page_server {
@@ -71,9 +71,6 @@ class Worker final {
   };
 
   void start();
-  void stop();
-  void handle(short events);
-  void read();
   void take(const std::string& text);
   void takeLoad(const std::string& text);
   void takeReply(const std::string& text);
@@ -81,14 +78,10 @@ class Worker final {
   void noteState(const nlohmann::json& reply, const std::string& request);
   void look();
   void next();
-  void send(const std::string& request);
-  bool write();
   void noteEnd(const std::string& how);
-  void awaitEnd(int looks);
   void fail(const std::string& why);
   void failLater(const std::string& why);
   void dropQuestions();
-  void limitTime(host::EventLoop::Milliseconds time);
 
   host::EventLoop& loop_;
   page::PageRequest request_;
@@ -99,12 +92,10 @@ class Worker final {
   bool restores_ = true;  // Whether to restore the kept values in the next process.
   bool isToLoadAnew_ = false;
   Phase phase_ = Phase::kLoading;
-  std::optional<host::ChildProcess> child_;
-  int socket_ = -1;
-  std::string arrived_, leaving_;
   std::deque<Question> questions_;
   bool isAsking_ = false;  // The first question has been sent.
-  std::optional<host::EventLoop::Timer> timer_;
+  std::optional<host::EventLoop::Timer> failure_;
+  SocketProcess process_;
 };
 
 }  // namespace driver_feature::page_server

@@ -89,7 +89,8 @@ TEST_F(PageChangesTest, Change_IsToldAsDifference) {
   EXPECT_EQ(reply["off"], Json::object());
   EXPECT_EQ(reply["records"], Json::object());
   EXPECT_EQ(reply["outputs"].size(), 1U);
-  EXPECT_EQ(reply["outputs"]["ps"]["spans"][1], Json::parse(R"([15,33,"Duplex"])"));
+  EXPECT_EQ(reply["outputs"]["ps"], Json::parse(R"({"at":26,"gone":4,"text":"tru","head":1,
+      "tail":1,"spans":[[15,33,"Duplex"]]})"));
   EXPECT_EQ(reply["notifications"], Json::parse(R"(["Duplex"])"));
   EXPECT_EQ(reply["query"], "Duplex=LongEdge");
 }

@@ -14,6 +14,7 @@
 
 #include "host/base/descriptor.h"
 #include "host/base/frames.h"
+#include "host/base/utf16.h"
 
 namespace driver_feature::testing {
 
@@ -48,7 +49,37 @@ PageClient::~PageClient() {
 
 Json PageClient::askText(const std::string& request) {
   host::writeAll(socket_, host::frame(request));
-  return next();
+  Json reply = next();
+  // Those of a model are their names only.
+  const bool hasOutputs = reply.is_object() && reply.contains("values");
+  if (hasOutputs) takeOutputs(reply);
+  return reply;
+}
+
+// As docs/page-requests.md has it.
+void PageClient::takeOutputs(const Json& reply) {
+  for (const auto& [name, change] : reply["outputs"].items()) {
+    if (!change.contains("at")) {
+      outputs_[name] = change;
+      continue;
+    }
+    if (!outputs_.contains(name)) continue;  // No state has been asked for.
+    std::string text = outputs_[name]["text"];
+    const std::size_t at = host::bytesBeforeUnits(text, change["at"]);
+    const std::size_t gone = host::bytesBeforeUnits(text.substr(at), change["gone"]);
+    const std::string come = change["text"];
+    text.replace(at, gone, come);
+    const Json old = outputs_[name]["spans"];
+    Json spans = Json::array();
+    for (std::size_t i = 0; i < change["head"]; ++i) spans.push_back(old[i]);
+    for (const Json& span : change["spans"]) spans.push_back(span);
+    for (std::size_t i = old.size() - change["tail"].get<std::size_t>(); i < old.size(); ++i) {
+      spans.push_back(old[i]);
+      spans.back()[0] =
+          old[i][0].get<std::size_t>() + host::utf16Units(come) - change["gone"].get<std::size_t>();
+    }
+    outputs_[name] = {{"text", text}, {"spans", spans}};
+  }
 }
 
 int PageClient::end() {

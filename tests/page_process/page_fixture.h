@@ -28,16 +28,22 @@ class PageClient {
   Json ask(const Json& request) { return askText(request.dump()); }
   Json askText(const std::string& request);
 
+  // The outputs with all the changes that replies have told of since the first state.
+  const Json& outputs() const { return outputs_; }
+  const Json& output(const char* name) { return outputs_[name]; }
+
   // The status of the process, as waitpid() gives it, once its socket is closed.
   int end();
 
  private:
   Json next();
+  void takeOutputs(const Json& reply);
 
   int socket_ = -1;
   int process_ = -1;
   std::string arrived_;
   Json greeting_;
+  Json outputs_;
 };
 
 // With the library of the build and the routines of the shipped printers.

@@ -59,14 +59,17 @@ int clickCount() {
 void expectCommandsToMatch(const page::PageRequest& request, unsigned seed) {
   PageClient page(request);
   Clicker clicker(page, seed);
+  page.ask({{"do", "state"}});
   int made = 0;
   for (int i = 0; i < clickCount(); ++i) {
     const Json reply = clicker.click();
     ASSERT_FALSE(reply.contains("error")) << reply;
     if (!reply["ok"].get<bool>()) continue;
     ++made;
+    const Json changed = page.outputs();
     const Json state = page.ask({{"do", "state"}});
     const std::string command = state["command"];
+    ASSERT_EQ(changed, state["outputs"]) << "click " << i << ": " << reply["outputs"];
     ASSERT_EQ(outputsOf(state), runCommand(command)) << "click " << i << ": " << command;
   }
   EXPECT_GT(made, clickCount() / 2);

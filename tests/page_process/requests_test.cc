@@ -66,11 +66,12 @@ TEST(PageHostileTest, NamesOfAllKinds_AreShownAndFound) {
 )"))));
   const Json model = page.askText(R"({"do":"model"})");
   EXPECT_EQ(model["features"]["<i>"]["choices"][1]["name"], "'\"\n");
+  page.askText(R"({"do":"state"})");
   const Json reply = page.askText(
       R"({"do":"set","settings":[["a\"b","9"],["<i>","'\"\n"],["a=b","9"],["-x","9"],
           ["'q' $(x) `y`","9"],["[t]","\u00e4 END"],["n","END\nEND\n"]]})");
   ASSERT_EQ(reply["ok"], true) << reply;
-  EXPECT_EQ(reply["outputs"]["ps"]["text"], "69 59 3 7(\u00e4 END) 19 49 ");
+  EXPECT_EQ(page.output("ps")["text"], "69 59 3 7(\u00e4 END) 19 49 ");
   EXPECT_EQ(runCommand(reply["command"]), outputsOf(page.askText(R"({"do":"state"})")));
   EXPECT_EQ(runCommand(reply["command"]).ps, "69 59 3 7(\u00e4 END) 19 49 ");
   EXPECT_EQ(page.askText(Json({{"do", "open"}, {"query", reply["query"]}}).dump())["ok"], true);
@@ -122,7 +123,8 @@ TEST(PageRoutinesTest, ChangeRoutineThatCrashes_IsNamedAndThePageLivesOn) {
             "it in the routine");
   const Json reply = page.askText(R"({"do":"set","settings":[["C","2"]]})");
   EXPECT_EQ(reply["ok"], true) << reply;
-  EXPECT_EQ(reply["outputs"]["ps"]["text"], "1c2");
+  EXPECT_EQ(reply["outputs"]["ps"],
+            Json::parse(R"({"at":2,"gone":1,"text":"2","head":2,"tail":0,"spans":[]})"));
 }
 
 TEST(PageRoutinesTest, OutputRoutineThatCrashes_EndsTheProcessAtTheStart) {
