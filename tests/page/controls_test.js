@@ -20,7 +20,7 @@ function listed(description, routines) {
   return { features: shown.features.filter((one) => one.visible), columns };
 }
 
-// Runs in the page: what stands in each row.
+// Runs in the page: what is in each row.
 function rowsOfPage() {
   const rows = {};
   for (const node of document.querySelectorAll("#sections [data-feature]")) {
@@ -98,7 +98,7 @@ test("Controls_ShippedPrinters_EveryVisibleFeatureHasItsOwn", async (t) => {
   }
 });
 
-// The whole descriptions that stand in documents.
+// The whole descriptions in documents.
 function examplesOfDocuments() {
   const examples = [];
   for (const name of fs.readdirSync(path.join(root, "docs")).concat("../README.md")) {

@@ -49,12 +49,13 @@ function processorTime(pid) {
  * @param {object} test of node:test
  * @param {string} description
  * @param {string[]} routines libraries of routines
- * @returns {Promise<{url: string, stop: function(): Promise<void>, complaints: function(): string}>}
+ * @param {Object<string, string>} environment more of it
+ * @returns {Promise<{url: string, pid: number, stop: function(): Promise<void>, complaints: function(): string}>}
  */
-export async function preview(test, description, routines = []) {
+export async function preview(test, description, routines = [], environment = {}) {
   const folder = path.dirname(description);
   const words = [...routines.flatMap((one) => ["--callbacks", path.relative(folder, one)]), path.basename(description)];
-  const child = spawn(path.join(build, "bin/driver-feature-preview"), words, { cwd: folder });
+  const child = spawn(path.join(build, "bin/driver-feature-preview"), words, { cwd: folder, env: { ...process.env, ...environment } });
   const ended = new Promise((resolve) => child.on("exit", resolve));
   let complaints = "";
   child.stderr.on("data", (data) => {
@@ -74,7 +75,7 @@ export async function preview(test, description, routines = []) {
     });
     child.on("exit", (status) => reject(new Error(`the program ended with status ${status}: ${complaints}`)));
   });
-  return { url, stop, complaints: () => complaints, processorTime: () => processorTime(child.pid) };
+  return { url, pid: child.pid, stop, complaints: () => complaints, processorTime: () => processorTime(child.pid) };
 }
 
 // With PAGE_TEST_ASSETS=DIR the files of the page are those of a folder, not those that the

@@ -21,7 +21,10 @@ export function showBanner(kind, level, text, details = []) {
     element("div", { class: "banner-body" }, element("p", { class: "banner-text", text }), ...details),
     close,
   );
-  close.addEventListener("click", () => hideBanner(kind));
+  close.addEventListener("click", () => {
+    hideBanner(kind);
+    byId("main").querySelector("section:not([hidden])").focus();
+  });
   shown.set(kind, banner);
   byId("banners").append(banner);
 }

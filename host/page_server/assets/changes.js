@@ -14,6 +14,7 @@ export class Changes {
     this.complain = complain;
     this.plans = new Map();
     this.asking = null;
+    this.again = false;
     this.pending = 0;
     store.subscribe(() => this.plans.clear());
   }
@@ -28,17 +29,29 @@ export class Changes {
     if (judged === "gap") await this.askState();
   }
 
-  /** Asks for the whole state, once at a time. */
+  /**
+   * Asks for the whole state, once at a time. What is asked for meanwhile may be newer
+   * than the reply that is under way: then it is asked for once more.
+   */
   askState() {
-    this.asking ??= fetchState()
-      .then((state) => {
-        if (this.store.judge(state) !== "old" || state.whole) this.store.apply(state);
-      })
-      .catch((problem) => this.complain(problem.message))
-      .finally(() => {
-        this.asking = null;
-      });
+    this.again = this.asking !== null;
+    this.asking ??= this.#askUntilNew().finally(() => {
+      this.asking = null;
+    });
     return this.asking;
+  }
+
+  async #askUntilNew() {
+    do {
+      this.again = false;
+      try {
+        const state = await fetchState(this.store.model?.language);
+        if (state.values && this.store.judge(state) === "new") this.store.apply(state);
+      } catch (problem) {
+        if (!(problem instanceof Refused)) throw problem;
+        this.complain(problem.message);
+      }
+    } while (this.again);
   }
 
   /**
@@ -51,6 +64,7 @@ export class Changes {
     this.#pend(1);
     try {
       const reply = await send({ ...request, language: this.store.model?.language });
+      if (reply.error !== undefined) return { ok: false, problem: reply.error };
       if (reply.ok !== false && reply.serial !== undefined) await this.receive(reply);
       return reply;
     } catch (problem) {

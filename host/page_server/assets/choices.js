@@ -76,6 +76,7 @@ function fill() {
   const { offer } = shown;
   shown.changing = new Set(offer.conflicts);
   const listId = freshId("choices");
+  byId("choices").lang = byId("sections").lang;
   shown.list = element("div", { class: "option-list", role: "listbox", id: listId, "aria-label": offer.label, tabindex: "-1" });
   shown.options = offer.choices.map(makeOption);
   shown.words = offer.choices.map((choice) => `${choice.text ?? ""}\n${choice.name}`.toLowerCase());

@@ -27,7 +27,7 @@ export function fitsRadios(choices) {
 
 /** What has a value to show and nothing to choose. */
 function makeShown(row) {
-  const shown = element("output", { class: "shown", "aria-labelledby": row.labelId });
+  const shown = element("output", { class: "shown", tabindex: "-1", "aria-labelledby": row.labelId });
   return {
     element: shown,
     focusTarget: shown,

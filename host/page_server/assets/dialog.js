@@ -2,6 +2,7 @@
 // rows.
 
 import { announce } from "./announce.js";
+import { close as closeChoices } from "./choices.js";
 import { changeList, reasonList } from "./consequences.js";
 import { byId, element } from "./dom.js";
 import { Search } from "./search.js";
@@ -55,11 +56,17 @@ export class Dialog {
     this.#listen();
   }
 
-  /** Builds it for a model that is new; sections that were open stay open. */
+  /**
+   * Builds it for a model that is new. Sections that were open stay open; the search, the
+   * place that is in sight and the focus stay.
+   */
   build() {
     const { store, rows } = this.context;
     const { sections, features } = store.model;
+    closeChoices();
     const wasOpen = new Map([...this.sections].map(([id, section]) => [id, section.element.open]));
+    const focused = document.activeElement.closest?.("#sections [data-feature], #results [data-feature]");
+    const seen = rowInSight();
     rows.clear();
     this.sections.clear();
     const openAtFirst = Object.keys(features).length <= kOpenAtFirst;
@@ -77,8 +84,10 @@ export class Dialog {
     byId("sections").replaceChildren(top);
     byId("sections").lang = store.model.language ?? "";
     this.#buildPresets();
-    this.search.reset();
     this.homes = null;
+    this.search.rebuild();
+    if (seen) bringBack(rows.visible(seen.name), seen.top, kFrames);
+    if (focused) rows.visible(focused.dataset.feature)?.focus({ preventScroll: true });
   }
 
   #byId(id) {
@@ -88,12 +97,14 @@ export class Dialog {
   #buildPresets() {
     const buttons = byId("preset-buttons");
     const { presets } = this.context.store.model;
+    const { preset: focused } = buttons.contains(document.activeElement) ? document.activeElement.dataset : {};
     buttons.replaceChildren(
       element("button", { class: "chip", type: "button", "data-preset": "", text: "Defaults" }),
       ...(presets ?? []).map((preset) =>
         element("button", { class: "chip", type: "button", "data-preset": preset.name, text: preset.text || preset.name }),
       ),
     );
+    if (focused !== undefined) this.#focusPreset(focused);
   }
 
   /** Shows a change. */
@@ -135,9 +146,8 @@ export class Dialog {
     }
     const target = row?.element ?? section.element;
     target.scrollIntoView({ block: "center" });
-    const control = row?.control;
-    if (control?.focus) control.focus();
-    else (control?.focusTarget ?? section.element.firstChild).focus({ preventScroll: true });
+    if (row) row.focus({ preventScroll: true });
+    else section.element.firstChild.focus({ preventScroll: true });
     return true;
   }
 
@@ -181,8 +191,13 @@ export class Dialog {
     else this.context.complain(`${text}: ${reply.problem}`);
   }
 
+  #focusPreset(name) {
+    byId("preset-buttons").querySelector(`[data-preset="${CSS.escape(name)}"]`)?.focus();
+  }
+
   // What was shown comes first, so that the preset then goes with the other settings.
   async #mendForPreset(name, text, plan) {
+    this.#focusPreset(name);
     const settings = plan.changes.map((change) => [change.feature, change.to]);
     const reply = await this.context.changes.request({ do: "set", settings, conduct: "mend" });
     if (reply.ok === false) this.context.complain(`${text}: ${reply.problem}`);
@@ -209,12 +224,34 @@ export class Dialog {
         "div",
         { class: "notice-buttons" },
         button("Change them", "primary", () => this.#mendForPreset(name, text, plan)),
-        button("Keep as it is", "", () => byId("preset-buttons").querySelector(`[data-preset="${CSS.escape(name)}"]`)?.focus()),
+        button("Keep as it is", "", () => this.#focusPreset(name)),
       ),
     );
     byId("presets").after(this.presetNotice);
     announce(`${text} conflicts with other settings. Nothing has changed yet: choose "Change them".`);
   }
+}
+
+// Below the head of a section, which stays at the top.
+const kBelowHead = 80;
+
+/** The row at the top of what is seen, and where. */
+function rowInSight() {
+  const box = [byId("sections"), byId("results")].find((one) => one.scrollTop > 0);
+  if (!box) return null;
+  const { left, width, top } = box.getBoundingClientRect();
+  const row = document.elementFromPoint(left + width / 2, top + kBelowHead)?.closest("[data-feature]");
+  return row && { name: row.dataset.feature, top: row.getBoundingClientRect().top };
+}
+
+// Rows have their own heights only once the browser has drawn them.
+const kFrames = 3;
+
+function bringBack(row, top, frames) {
+  const box = row?.element.closest(".sections");
+  if (!box?.isConnected) return;
+  box.scrollTop += row.element.getBoundingClientRect().top - top;
+  if (frames > 1) requestAnimationFrame(() => bringBack(row, top, frames - 1));
 }
 
 function titleOf(section, unnamed) {

@@ -1,17 +1,39 @@
 // Copying, opening and saving.
 
 import { announce } from "./announce.js";
-import { byId, setText } from "./dom.js";
+import { byId, element, setText } from "./dom.js";
 import { Refused, save } from "./transport.js";
 
 // How long a button says that it has copied.
 const kSaid = 1600;
 
-async function copy(button, text, what) {
+// Browsers offer the clipboard to pages of this machine and to encrypted ones only; a
+// printer's page may be neither, and copies a selection.
+function copySelection(text) {
+  const field = element("textarea", { class: "visually-hidden", readonly: true });
+  field.value = text;
+  document.body.append(field);
+  field.select();
+  const done = document.execCommand("copy");
+  field.remove();
+  return done;
+}
+
+async function copied(text) {
   try {
+    if (!navigator.clipboard) return copySelection(text);
     await navigator.clipboard.writeText(text);
+    return true;
   } catch {
-    announce(`${what} could not be copied; the browser does not allow it.`);
+    return false;
+  }
+}
+
+async function copy(button, text, what, complain) {
+  const done = await copied(text);
+  button.focus();
+  if (!done) {
+    complain(`${what} could not be copied: the browser does not allow it.`);
     return;
   }
   const before = button.dataset.label ?? button.textContent;
@@ -46,10 +68,11 @@ export class Files {
   }
 
   #listenToCopies() {
-    const { store, outputs, address } = this.context;
-    byId("copy-command").addEventListener("click", (event) => copy(event.currentTarget, store.command, "The command"));
-    byId("copy-link").addEventListener("click", (event) => copy(event.currentTarget, address.whole(), "The address of these settings"));
-    byId("copy-output").addEventListener("click", (event) => copy(event.currentTarget, outputs.currentText(), "The output"));
+    const { store, outputs, address, complain } = this.context;
+    const copies = (id, textOf, what) => byId(id).addEventListener("click", (event) => copy(event.currentTarget, textOf(), what, complain));
+    copies("copy-command", () => store.command, "The command");
+    copies("copy-link", () => address.whole(), "The address of these settings");
+    copies("copy-output", () => outputs.currentText(), "The output");
   }
 
   #listenToMenu() {
@@ -95,7 +118,7 @@ export class Files {
     setText(
       byId("save-hint"),
       isPreset
-        ? "What differs from the defaults is written beside the description, without secrets. It then stands among the presets."
+        ? "What differs from the defaults is written beside the description, without secrets. It is then one of the presets."
         : "A settings file is written beside the description, without secrets.",
     );
     byId("save-name").value = "";

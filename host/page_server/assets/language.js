@@ -24,11 +24,9 @@ export class Language {
   /** Shows the languages of a model that is new. */
   show(model) {
     const languages = model.languages ?? [];
-    // Of "de-AT" people see "de", where that is what the description has.
-    const wanted = [model.language, model.language?.split("-")[0]].find((tag) => languages.includes(tag));
     byId("language-field").hidden = languages.length < 2;
     byId("language").replaceChildren(
-      ...languages.map((tag) => element("option", { value: tag, text: nameOf(tag), selected: tag === wanted, lang: tag })),
+      ...languages.map((tag) => element("option", { value: tag, text: nameOf(tag), selected: tag === model.language, lang: tag })),
     );
   }
 }

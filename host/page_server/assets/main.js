@@ -17,7 +17,7 @@ import { Place } from "./place.js";
 import { Sources } from "./source_view.js";
 import { Store } from "./store.js";
 import { startTheme } from "./theme.js";
-import { fetchModel, listen } from "./transport.js";
+import { Refused, fetchModel, listen } from "./transport.js";
 import { startViews } from "./views.js";
 
 const store = new Store();
@@ -40,6 +40,7 @@ const language = new Language(() => load());
 
 store.subscribe((change) => {
   hideBanner("problem");
+  if (!change.whole) hideBanner("info");
   context.dialog.update(change);
   context.outputs.update(change);
   context.files.update();
@@ -66,22 +67,30 @@ function select(name, from) {
   context.place.show(name, from === "output" || !again);
 }
 
-/** Loads the model and the state. */
+let loads = 0;
+let isLoaded = null;
+let hasOpened = false;
+
+/** Loads the model and the state. Of several loads under way the last one counts. */
 async function load() {
+  const mine = ++loads;
   let model;
   try {
     model = await fetchModel(language.chosen);
   } catch (problem) {
-    context.complain(problem.message);
+    if (!(problem instanceof Refused)) throw problem;
+    if (mine === loads) context.complain(problem.message);
     return;
   }
+  if (mine !== loads) return;
   context.sources.forget();
+  isLoaded = model.loaded !== false;
   const title = model.name || model.file || "Printer settings";
   document.title = model.loaded === false ? `Faults in ${title}` : `${title} – settings`;
   setText(byId("title"), title);
-  setText(byId("subtitle"), model.mode === "printer" ? "" : (model.file ?? ""));
+  setText(byId("subtitle"), model.mode === "printer" || model.file === title ? "" : (model.file ?? ""));
   byId("main").setAttribute("aria-busy", "false");
-  if (model.loaded === false) {
+  if (!isLoaded) {
     // The state of the last model stays in the background.
     store.model = store.model ? { ...store.model, revision: model.revision } : null;
     showFaults(model, context.sources);
@@ -91,9 +100,18 @@ async function load() {
   hideFaults();
   show(model);
   await context.changes.askState();
+  await openAddress();
+}
+
+// The address with which the page was opened counts once, when there is something to set.
+async function openAddress() {
+  if (hasOpened || store.serial < 0) return;
+  hasOpened = true;
+  if (Address.query() !== "") await context.address.open();
 }
 
 function show(model) {
+  if (model.revision !== store.model?.revision) hideBanner("crash");
   store.model = model;
   store.serial = -1;
   document.body.dataset.mode = model.mode ?? "preview";
@@ -109,23 +127,29 @@ function showCrash(crash) {
   showBanner("crash", "error", crash.text, details);
 }
 
+// What there is now: the page may have missed it, and findings may have been added.
+function follow({ revision, serial, loaded }) {
+  if (revision !== store.model?.revision || loaded !== isLoaded || !loaded) load();
+  else if (serial !== store.serial) context.changes.askState();
+}
+
+function textOfEnd() {
+  return document.body.dataset.mode === "printer"
+    ? "This visit has ended. Reload the page to begin a new one; its address keeps the settings."
+    : "The program has ended. Start it again, and open the address that it shows.";
+}
+
 const handlers = {
-  // Begins each connection: says what a page has missed since the last one.
-  hello: ({ revision, serial }) => {
-    if (revision !== store.model?.revision) load();
-    else if (serial !== store.serial) context.changes.askState();
-  },
+  hello: follow,
   awaits: (serial) => serial > store.serial,
   state: (state) => context.changes.receive(state),
-  model: (model) => {
-    if (store.model === null || model.revision !== store.model.revision || model.revision === undefined) load();
-  },
+  model: follow,
   crash: showCrash,
   picture: (picture) => context.outputs.picture.take(picture),
   bye: () => {
     events.close();
     showConnection("ended");
-    showBanner("connection", "warning", "The program has ended. Start it again, and open the address that it shows.");
+    showBanner("connection", "warning", textOfEnd());
   },
   open: () => {
     showConnection("live");
@@ -134,7 +158,7 @@ const handlers = {
   lost: (forGood) => {
     showConnection(forGood ? "ended" : "lost");
     const text = forGood
-      ? "The program at this address has ended. Start it again, and open the address that it shows."
+      ? textOfEnd()
       : "The program does not reply. What you see is the last state; the page tries to reach it again.";
     showBanner("connection", "warning", text);
   },
@@ -145,5 +169,4 @@ startChoices();
 startViews(context);
 await load();
 const events = listen(handlers);
-if (Address.query() !== "" && store.model) await context.address.open();
 document.documentElement.dataset.ready = "true";

@@ -33,6 +33,9 @@ export class Outputs {
     const { outputs } = this.context.store.model;
     const names = [...outputs, "log", "page"];
     const was = this.current;
+    const focused = document.activeElement.closest?.("#tabs, #panels") ? document.activeElement : null;
+    const shown = this.panes[was]?.element;
+    const top = shown?.scrollTop ?? 0;
     // What was there before the file was saved is what the difference is marked to.
     this.earlier = this.panes;
     this.panes = {};
@@ -41,6 +44,9 @@ export class Outputs {
     byId("tabs").replaceChildren(...[...this.tabs.values()].map((tab) => tab.button));
     byId("panels").replaceChildren(...[...this.tabs.values()].map((tab) => tab.panel));
     this.show(names.includes(was) ? was : names[0]);
+    // What leaves the page and comes back has lost both.
+    if (shown) shown.scrollTop = top;
+    if (focused) (focused.isConnected ? focused : this.tabs.get(this.current).button).focus({ preventScroll: true });
   }
 
   #makeTab(name) {

@@ -29,7 +29,7 @@ export class Picture {
       ),
     );
     this.latest = null;
-    this.drawnSerial = -1;
+    this.drawn = null;
     this.visible = false;
     this.image.addEventListener("load", () => {
       this.image.hidden = false;
@@ -55,8 +55,10 @@ export class Picture {
 
   #draw() {
     const serial = this.latest?.serial ?? this.context.store.serial;
-    if (serial === this.drawnSerial) return;
-    this.drawnSerial = serial;
+    // The first picture is asked for before it is ready.
+    const wanted = this.latest ?? serial;
+    if (wanted === this.drawn) return;
+    this.drawn = wanted;
     const problem = this.latest?.problem ?? "";
     setText(this.problem, problem);
     this.problem.hidden = problem === "";

@@ -12,6 +12,8 @@ export class Place {
     byId("place-close").addEventListener("click", () => {
       this.closed = true;
       byId("place").hidden = true;
+      // The button that had the focus has gone.
+      byId("output").focus();
     });
     byId("place-outputs").addEventListener("click", (event) => {
       const button = event.target.closest("[data-output]");
@@ -26,12 +28,12 @@ export class Place {
   async show(name, asked) {
     const { store, outputs, sources } = this.context;
     if (asked) this.closed = false;
+    this.name = name;
     const place = store.model.features[name]?.place ?? store.model.sections.find((one) => one.id === name)?.place;
     if (this.closed || store.model.mode === "printer" || !place) {
       byId("place").hidden = true;
       return;
     }
-    this.name = name;
     byId("place-heading").replaceChildren(store.textOf(name), element("code", { class: "place-file", title: place.file, text: ` ${place.file.replace(/^.*\//, "")}:${place.line}` }));
     const written = outputs.writtenBy(name);
     byId("place-outputs").replaceChildren(
@@ -39,7 +41,7 @@ export class Place {
       ...written.map((output) => element("button", { class: "link", type: "button", "data-output": output, text: titleOf(output) })),
     );
     const lines = await sources.excerpt(place);
-    if (this.name !== name) return;
+    if (this.name !== name || this.closed) return;
     byId("place-excerpt").replaceChildren(lines);
     byId("place").hidden = false;
   }

@@ -25,7 +25,7 @@ export function makeRadios(row) {
   return {
     element: whole,
     focusTarget: whole,
-    focus: () => (inputs.find((input) => input.checked) ?? inputs.find((input) => !input.disabled))?.focus(),
+    focus: (options) => (inputs.find((input) => input.checked) ?? inputs.find((input) => !input.disabled))?.focus(options),
     update(view) {
       current = view.value;
       mark();

@@ -96,13 +96,29 @@ export class RecordsTable {
     this.empty.hidden = !none;
     this.element.firstChild.hidden = none;
     for (const button of this.buttons.children) button.hidden = none && button.dataset.record !== "add";
-    if (at) this.#cell(at.row, at.column)?.focus();
+    if (at) this.#focusAgain(at);
   }
 
   #focusedCell() {
     const cell = document.activeElement?.closest?.("td");
     if (!cell || !this.body.contains(cell)) return null;
-    return { row: cell.parentElement.rowIndex - 1, column: cell.cellIndex };
+    const input = document.activeElement;
+    // What is being typed is nobody's yet.
+    const isTyped = input.localName === "input" && input.value !== input.dataset.value;
+    return {
+      row: cell.parentElement.rowIndex - 1,
+      column: cell.cellIndex,
+      typed: isTyped ? input.value : null,
+      selection: input.localName === "input" ? [input.selectionStart, input.selectionEnd] : null,
+    };
+  }
+
+  #focusAgain({ row, column, typed, selection }) {
+    const cell = this.#cell(row, column);
+    cell?.focus();
+    if (cell?.localName !== "input") return;
+    if (typed !== null) cell.value = typed;
+    if (selection) cell.setSelectionRange(...selection);
   }
 
   #cell(row, column) {

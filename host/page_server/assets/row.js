@@ -44,6 +44,12 @@ export class Row {
     this.element.row = this;
   }
 
+  /** Gives it the focus: the choice made, of choices side by side. */
+  focus(options) {
+    if (this.control.focus) this.control.focus(options);
+    else this.control.focusTarget.focus(options);
+  }
+
   /** What the control needs to know. */
   view() {
     const { store } = this.context;
@@ -158,7 +164,7 @@ export class Row {
   async #mend() {
     const value = this.offered;
     this.clearNotice();
-    this.control.focusTarget.focus();
+    this.focus();
     const reply = await this.context.changes.set(this.name, value, "mend");
     if (reply.ok === false) this.refuse(reply.problem, reply.plan);
     else this.#tellWhat(reply);
@@ -170,10 +176,10 @@ export class Row {
     if (what === "dismiss") {
       this.clearNotice();
       this.control.update(this.view());
-      this.control.focusTarget.focus();
+      this.focus();
     }
     if (what === "reset") {
-      this.control.focusTarget.focus();
+      this.focus();
       this.choose(this.feature.default ?? "");
     }
   }

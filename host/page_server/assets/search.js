@@ -38,7 +38,13 @@ export class Search {
   reset() {
     this.field.value = "";
     this.onlyChanged.checked = false;
+    this.show();
+  }
+
+  /** The same search in a model that is new. */
+  rebuild() {
     this.haystack = null;
+    this.rows = [];
     this.show();
   }
 
@@ -73,6 +79,7 @@ export class Search {
   /** Shows the results of what is typed, or the sections when nothing is. */
   show() {
     const results = byId("results");
+    const focused = results.contains(document.activeElement) ? document.activeElement.closest("[data-feature]") : null;
     for (const row of this.rows) this.context.rows.drop(row);
     this.rows = [];
     const active = this.field.value.trim() !== "" || this.onlyChanged.checked;
@@ -84,24 +91,36 @@ export class Search {
     }
     const found = this.#found();
     this.rows = found.slice(0, kResults).map((one) => new Row(one.name, this.context));
-    const heading = element("p", { class: "results-head", role: "status", text: headingFor(found.length, this.rows.length) });
+    const heading = element("p", { class: "results-head", role: "status", text: this.#heading(found.length) });
     const body = element("div", { class: "section-body" }, ...this.rows.map((row) => this.context.rows.add(row)));
     results.lang = this.context.store.model.language ?? "";
-    results.replaceChildren(heading, element("div", { class: "section" }, ...(found.length > 0 ? [body] : [])));
+    results.replaceChildren(heading, ...(found.length > 0 ? [element("div", { class: "section" }, body)] : []));
+    this.rows.find((row) => row.name === focused?.dataset.feature)?.focus({ preventScroll: true });
   }
 
-  /** After a change: the counter, and the results when they depend on it. */
+  // Rows that have been reset meanwhile stay where they are, so that nothing jumps.
+  #addChanged(change) {
+    const { store } = this.context;
+    const there = new Set(this.rows.map((row) => row.name));
+    const isNew = (name) => store.changed.has(name) && !there.has(name);
+    if (change.whole || [...change.features].some(isNew)) this.show();
+  }
+
+  /** After a change: the counter, and what else is changed now. */
   update(change) {
     const { store } = this.context;
     setText(byId("changed-count"), String(store.changed.size));
+    if (this.onlyChanged.checked) this.#addChanged(change);
     if (!change.whole) return;
     const count = Object.entries(store.model.features).filter(([name, one]) => !one.column && !store.hidden.has(name)).length;
     this.field.placeholder = `Search ${count} settings`;
   }
-}
 
-function headingFor(found, shown) {
-  if (found === 0) return "Nothing found.";
-  if (shown < found) return `${found} found; the first ${shown} are shown.`;
-  return found === 1 ? "1 setting" : `${found} settings`;
+  #heading(found) {
+    const words = this.field.value.trim();
+    if (found > this.rows.length) return `${found} found; the first ${this.rows.length} are shown.`;
+    if (found > 0) return found === 1 ? "1 setting" : `${found} settings`;
+    if (this.onlyChanged.checked) return words ? "No changed setting has these words." : "All settings have their default values.";
+    return "No setting and no choice has these words.";
+  }
 }

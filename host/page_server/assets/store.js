@@ -15,7 +15,22 @@ const kWhole = ["changed", "hidden", "masked"];
  * @property {object} state as it came in: its log and notifications
  */
 
-/** Holds the model and the state, and tells listeners of changes. */
+/**
+ * An output after a change, which has only what differs: the text in between, and the
+ * spans in between. A whole one is what it is.
+ */
+export function spliced(before, change) {
+  if (change.at === undefined) return change;
+  const { at, gone, text, head, tail, spans } = change;
+  const moved = text.length - gone;
+  const last = before.spans.slice(before.spans.length - tail);
+  return {
+    text: before.text.slice(0, at) + text + before.text.slice(at + gone),
+    spans: [...before.spans.slice(0, head), ...spans, ...last.map(([offset, length, owner]) => [offset + moved, length, owner])],
+  };
+}
+
+/** Holds the model and the state, and calls listeners after changes. */
 export class Store {
   constructor() {
     this.model = null;
@@ -52,7 +67,7 @@ export class Store {
     return state.serial === this.serial + 1 ? "new" : "gap";
   }
 
-  /** Takes a state in and tells the listeners. */
+  /** Takes a state in and calls the listeners. */
   apply(state) {
     const change = {
       whole: Boolean(state.whole),
@@ -74,8 +89,9 @@ export class Store {
     const mine = this[part];
     const ofFeatures = part !== "records" && part !== "outputs";
     for (const name in entries) {
-      if (entries[name] === null) delete mine[name];
-      else mine[name] = entries[name];
+      const entry = entries[name];
+      if (entry === null) delete mine[name];
+      else mine[name] = part === "outputs" ? spliced(mine[name], entry) : entry;
       if (ofFeatures) change.features.add(name);
     }
   }

@@ -1,6 +1,7 @@
 // A note beside what the pointer or the focus is on. It is not part of the layout, so
 // that rows do not jump below the pointer.
 
+import { announce } from "./announce.js";
 import { byId, element } from "./dom.js";
 import { placeBeside } from "./place_beside.js";
 
@@ -24,6 +25,8 @@ export function showTip(near, text) {
   near.addEventListener("focusout", hideTip, { once: true });
   tip.showPopover();
   placeBeside(tip, near, { gap: 6, sameWidth: false });
+  // The pointer shows it; at the keyboard it is read.
+  if (near.contains(document.activeElement)) announce(text);
 }
 
 /** Hides it. */

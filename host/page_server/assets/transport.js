@@ -57,15 +57,18 @@ export async function save(as, name, replace) {
   return reply.json();
 }
 
-/** What does not change until the description is loaded again. */
-export async function fetchModel(language) {
-  const query = language ? `?language=${encodeURIComponent(language)}` : "";
-  return (await fetched(`model${query}`)).json();
+function inLanguage(language) {
+  return language ? `?language=${encodeURIComponent(language)}` : "";
 }
 
-/** The whole state. */
-export async function fetchState() {
-  return (await fetched("state")).json();
+/** What does not change until the description is loaded again. */
+export async function fetchModel(language) {
+  return (await fetched(`model${inLanguage(language)}`)).json();
+}
+
+/** The whole state, with the reasons in a language. */
+export async function fetchState(language) {
+  return (await fetched(`state${inLanguage(language)}`)).json();
 }
 
 /** The text of the description or of a file beside it. */
@@ -81,7 +84,7 @@ function serialIn(text) {
 }
 
 /**
- * Listens to what the server tells by itself.
+ * Listens to what the server sends by itself.
  * @param {Object<string, function(*): *>} handlers by the name of the event; "open" and
  *   "lost" for the connection; "awaits" says whether the state of a serial is news
  * @returns {EventSource}
