@@ -39,6 +39,27 @@ void leaveOutFolders(Json& model) {
   }
 }
 
+// Sentences that name places in files.
+void leaveOutOf(const std::string& folder, Json& sentences) {
+  if (sentences.is_structured()) {
+    for (Json& each : sentences) leaveOutOf(folder, each);
+  }
+  if (!sentences.is_string()) return;
+  std::string text = sentences;
+  for (std::size_t at = text.find(folder); at != std::string::npos; at = text.find(folder, at)) {
+    text.erase(at, folder.size());
+  }
+  sentences = std::move(text);
+}
+
+void shortenPlaces(const std::string& description, Json& reply) {
+  const std::string folder = std::filesystem::path(description).parent_path().string();
+  if (folder.empty()) return;
+  for (const char* part : {"also", "error", "log", "off", "plan", "problem", "reasons"}) {
+    if (const auto found = reply.find(part); found != reply.end()) leaveOutOf(folder + "/", *found);
+  }
+}
+
 }  // namespace
 
 host::Result<std::unique_ptr<Page>> Page::open(const PageRequest& request, int socket) {
@@ -93,6 +114,7 @@ std::string Page::reply(const std::string& request) {
   }
   // The page shows the lines of a change.
   session_->log().discard();
+  if (isOfPrinter()) shortenPlaces(request_.description, reply);
   return reply.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 

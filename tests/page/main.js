@@ -4,7 +4,7 @@
 import { after } from "node:test";
 import { closeBrowser } from "./tools.js";
 
-const kFiles = ["pieces", "controls", "page", "follow", "layout", "keyboard", "accessibility", "faults", "printer", "clicks", "speed", "screenshots"];
+const kFiles = ["pieces", "controls", "page", "follow", "details", "layout", "keyboard", "accessibility", "faults", "printer", "clicks", "speed", "screenshots"];
 
 const wanted = process.argv.slice(2);
 const unknown = wanted.filter((name) => !kFiles.includes(name));

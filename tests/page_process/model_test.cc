@@ -161,6 +161,15 @@ TEST(PageShippedModelTest, OfPrinters_NameNoFolders) {
   const std::string model = page.askText(R"({"do":"model"})").dump();
   EXPECT_NE(model.find("\"file\":\"office_laser.xml\""), std::string::npos);
   EXPECT_EQ(model.find(DESCRIPTIONS), std::string::npos);
+  const Json refused =
+      page.askText(R"({"do":"set","settings":[["MediaType","CardStock"],["Duplex","LongEdge"]]})");
+  const std::string problem = refused["problem"];
+  EXPECT_NE(problem.find(" (office_laser.xml:"), std::string::npos) << problem;
+  const Json none =
+      page.askText(R"({"do":"set","settings":[["InstalledFinisher","NotInstalled"]]})");
+  for (const Json& reply : {refused, none}) {
+    EXPECT_EQ(reply.dump().find(DESCRIPTIONS), std::string::npos) << reply;
+  }
 }
 
 TEST(PageLoadTest, DescriptionThatIsNotThere_IsToldInTheFirstFrame) {

@@ -82,6 +82,8 @@ export function makeText(row) {
       input.readOnly = view.disabled !== undefined;
       setAttribute(input, "aria-disabled", input.readOnly ? "true" : null);
       if (eye) eye.hidden = input.readOnly;
+      // Nobody knows how long a secret is that is masked.
+      count.hidden = !feature.maxLength || (view.masked && input.value === "");
       showCount();
     },
     note: () => hintOf(feature),
@@ -90,6 +92,7 @@ export function makeText(row) {
     },
     input() {
       dirty = true;
+      count.hidden = !feature.maxLength;
       showCount();
     },
     change: send,
