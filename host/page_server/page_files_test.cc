@@ -32,6 +32,14 @@ TEST_F(PageTest, Saving_StaysInTheFolder) {
     const std::string reply = post("save", R"({"as":"settings","name":")" + name + "\"}");
     EXPECT_NE(reply.find("\"ok\":false,\"problem\""), std::string::npos) << reply;
   }
+  std::filesystem::create_directory_symlink("/tmp/elsewhere", folder_ / "office.presets");
+  for (const std::string request : {R"({"as":"settings","name":"link","replace":true})",
+                                    R"({"as":"preset","name":"draft","replace":true})"}) {
+    EXPECT_NE(post("save", request).find(" is a link, or in one; give another name"),
+              std::string::npos)
+        << request;
+  }
+  std::filesystem::remove(folder_ / "office.presets");
   EXPECT_NE(post("save", R"({"as":"preset"})").find("\"ok\":false"), std::string::npos);
   EXPECT_FALSE(std::filesystem::exists("/tmp/elsewhere"));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 2);

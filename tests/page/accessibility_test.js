@@ -96,7 +96,7 @@ async function expectValid(text, what, rules = {}) {
 }
 
 test("Html_FileAndPage_AreValid", async (t) => {
-  await expectValid(fs.readFileSync(path.join(root, "host/page_server/assets/index.html"), "utf8"), "the file");
+  await expectValid(fs.readFileSync(path.join(assets, "index.html"), "utf8"), "the file");
   const served = await preview(t, copyOf(t, "office_laser.xml"), [officeRoutines]);
   const page = await openPage(t, served.url);
   await openSections(page);

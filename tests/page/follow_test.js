@@ -6,7 +6,7 @@ import fs from "node:fs";
 import path from "node:path";
 import test from "node:test";
 import { chooseInList, copyOf, fileWith, officeRoutines, openPage, openSections, preview, row, settled, temporaryFolder } from "./preview.js";
-import { root } from "./tools.js";
+import { assets } from "./tools.js";
 
 async function openOffice(t, options, address = "") {
   const description = copyOf(t, "office_laser.xml");
@@ -59,7 +59,7 @@ test("Changes_AskedForWhileAReplyIsUnderWay_AreAskedForAgain", async (t) => {
 });
 
 test("Store_ChangeOfAPartOfAnOutput_IsPutIntoIt", async () => {
-  const text = fs.readFileSync(path.join(root, "host/page_server/assets/store.js"), "utf8");
+  const text = fs.readFileSync(path.join(assets, "store.js"), "utf8");
   const { spliced } = await import(`data:text/javascript,${encodeURIComponent(text)}`);
   const before = { text: "aaabbbccc", spans: [[0, 3, "A"], [3, 3, "B"], [6, 3, "C"]] };
   const whole = { text: "x", spans: [] };

@@ -4,9 +4,9 @@ import assert from "node:assert/strict";
 import fs from "node:fs";
 import path from "node:path";
 import test from "node:test";
-import { root } from "./tools.js";
+import { assets } from "./tools.js";
 
-const text = fs.readFileSync(path.join(root, "host/page_server/assets/pieces.js"), "utf8");
+const text = fs.readFileSync(path.join(assets, "pieces.js"), "utf8");
 const { compare, cut, middle } = await import(`data:text/javascript,${encodeURIComponent(text)}`);
 
 const pieces = (...pairs) => pairs.map(([owner, words]) => ({ owner, text: words }));

@@ -9,6 +9,8 @@ import { fileURLToPath } from "node:url";
 export const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), "../..");
 /** The build that is tested. */
 export const build = path.resolve(root, process.env.PAGE_TEST_BUILD ?? "build/release");
+/** The files of the page. */
+export const assets = process.env.PAGE_TEST_ASSETS ?? path.join(root, "host/page_server/assets");
 /** Where results go. */
 export const results = path.resolve(root, "build/page-tests/results");
 /** The long run rather than the quick one. */
