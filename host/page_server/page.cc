@@ -129,11 +129,13 @@ std::string Page::notLoaded() const {
   return jsonText({{"revision", worker_->revision()},
                    {"serial", worker_->serial()},
                    {"loaded", false},
+                   {"mode", setting_.isForAuthor ? "preview" : "printer"},
                    {"ok", false},
                    {"problem", "The description is not loaded."},
                    {"file", setting_.worker.request.description.substr(
                                 setting_.worker.request.description.rfind('/') + 1)},
-                   {"ended", ended_},
+                   // Visitors can do nothing about it.
+                   {"ended", setting_.isForAuthor ? ended_ : ""},
                    {"findings", Json::parse(findings_)}});
 }
 

@@ -15,6 +15,15 @@ TEST_F(PageTest, LastWords_AreGoodbye) {
   EXPECT_EQ(listener->next("bye"), nlohmann::json::object());
 }
 
+TEST_F(PageTest, ListenersBeyondTheLimit_AreRefused) {
+  start();
+  std::vector<std::unique_ptr<Listener>> listeners;
+  while (listeners.size() < 40) {
+    listeners.push_back(std::make_unique<Listener>(port_, head("GET /events")));
+  }
+  EXPECT_EQ(get("events").substr(0, 3), "503");
+}
+
 TEST_F(PageTest, BodyThatIsWholeAfterThePagesEnd_IsRefused) {
   start();
   const std::string body = R"({"do":"state"})";

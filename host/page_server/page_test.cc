@@ -187,6 +187,16 @@ TEST_F(PageTest, Picture_IsThatOfTheTextAfterAChangeOfAPartOfIt) {
             "%\xF0\x9F\x96\xA8LongEdge \nbrief");
 }
 
+TEST_F(PageTest, VisitorOfADescriptionThatCannotBeLoaded_IsNotToldWhy) {
+  setting_.isForAuthor = false;
+  write("office.xml", "refused");
+  start();
+  const nlohmann::json model = nlohmann::json::parse(get("model").substr(4));
+  EXPECT_EQ(model["loaded"], false);
+  EXPECT_EQ(model["mode"], "printer");
+  EXPECT_EQ(model["ended"], "");
+}
+
 TEST_F(PageTest, DescriptionThatEndsItsProcess_IsShownWithFindings_UntilItLoads) {
   int checks = 0;
   setting_.check = [&checks](host::EventLoop&, const page::PageRequest&,

@@ -26,6 +26,7 @@ TEST_F(PageRecordsTest, Added_AreInTheOrderOfTheSortRoutine) {
   EXPECT_EQ(reply["records"],
             Json::parse(R"({"PageExceptions":[["12","14","Recycled","LongEdge"]]})"));
   EXPECT_EQ(reply["outputs"].size(), 1U);  // The ticket alone.
+  EXPECT_EQ(reply["notifications"], Json::array({""}));
   EXPECT_EQ(records(kEarly)["records"], Json::parse(R"({"PageExceptions":
       [["1","2","CardStock","OneSided"],["12","14","Recycled","LongEdge"]]})"));
 }

@@ -36,7 +36,10 @@ export function findingItem(finding, sources) {
  * @param {import("./source_view.js").Sources} sources
  */
 export function showFaults(model, sources) {
-  setText(byId("faults-heading"), `${model.file || "The description"} cannot be loaded`);
+  const isVisitor = model.mode === "printer";
+  const heading = isVisitor ? "The settings of this printer cannot be shown now" : `${model.file || "The description"} cannot be loaded`;
+  setText(byId("faults-heading"), heading);
+  byId("faults-hint").hidden = isVisitor;
   setText(byId("faults-ended"), model.ended || "");
   byId("faults-ended").hidden = !model.ended;
   byId("findings").replaceChildren(...(model.findings ?? []).map((finding) => findingItem(finding, sources)));
