@@ -6,6 +6,7 @@
 #include "host/base/text.h"
 #include "host/check/addition_rules.h"
 #include "host/check/rules.h"
+#include "host/description/switch_name.h"
 
 namespace driver_feature::check {
 
@@ -49,6 +50,15 @@ void add(std::set<std::string>& keys, const std::vector<std::string>& more) {
   keys.insert(more.begin(), more.end());
 }
 
+// What features are switches of has a text of its own.
+std::vector<std::string> switchKeys(const AdditionSubject& subject) {
+  std::vector<std::string> keys;
+  for (const auto& [name, row] : subject.features.features()) {
+    if (const auto parts = host::switchNameOf(name, row.options)) keys.push_back(parts->thing);
+  }
+  return keys;
+}
+
 // All that can have a text.
 std::set<std::string> allKeys(const AdditionSubject& subject) {
   std::set<std::string> keys = subject.features.groups();
@@ -59,6 +69,7 @@ std::set<std::string> allKeys(const AdditionSubject& subject) {
   add(keys, ruleKeys(subject));
   add(keys, presetKeys(subject));
   add(keys, panelKeys(subject));
+  add(keys, switchKeys(subject));
   return keys;
 }
 
@@ -88,6 +99,8 @@ std::vector<std::string> keysLike(const AdditionSubject& subject, const std::str
   }
   std::vector<std::string> names = subject.features.names();
   names.insert(names.end(), subject.features.groups().begin(), subject.features.groups().end());
+  const std::vector<std::string> switches = switchKeys(subject);
+  names.insert(names.end(), switches.begin(), switches.end());
   return names;
 }
 

@@ -10,8 +10,9 @@
 
 namespace driver_feature::host {
 
-// A text, and the thing that it is for: "Duplex" for a feature or a group,
-// "Duplex.None" for an option, "rule:ID", "preset:NAME" and "panel:NAME".
+// A text, and the thing that it is for: "Duplex" for a feature, a group or what
+// features are switches of, "Duplex.None" for an option, "rule:ID", "preset:NAME" and
+// "panel:NAME".
 struct Text {
   std::string key;
   std::string text;

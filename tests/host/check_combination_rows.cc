@@ -26,6 +26,9 @@ CheckRow rulesRow(const std::string& name, const std::string& rules, const std::
   return {name, kFeatures, expected, {"<FeatureRules>" + rules + "</FeatureRules>"}};
 }
 
+const std::string kOnOff = "<Feature FeatureType='MultiSelect' DefaultValue='False' Name=";
+const std::string kOnOffEnd = "><Option Name='False'/><Option Name='True'/></Feature>";
+
 const std::string kFine = "<When Feature='Duplex' Is='Long'/><When Feature='Size' Is='A3'/>";
 
 }  // namespace
@@ -290,6 +293,15 @@ const std::vector<CheckRow>& translationRows() {
        "FEATURE.OPTION, rule:ID, preset:NAME or panel:NAME [DF741]\n",
        {"<FeatureTexts Language='en'><Text For='Dupex'>x</Text>",
         "<Text For='Duplex.Nune'>x</Text>", "<Text For='rule:a'>x</Text></FeatureTexts>"}},
+      {"texts of what features are switches of",
+       {kOnOff + "'Staple.Left'" + kOnOffEnd, kOnOff + "'Staple.Right'" + kOnOffEnd},
+       "@:9:15: warning: language \"de\" lacks 2 of 2 texts: Staple, Staple.Left; add them, or "
+       "leave them to the first language [DF744]\n"
+       "@:9:35: error: there is nothing with the key \"Stable\"; did you mean \"Staple\"? "
+       "[DF741]\n",
+       {"<FeatureTexts Language='en'><Text For='Staple'>Staples</Text>",
+        "<Text For='Staple.Left'>Left</Text></FeatureTexts>",
+        "<FeatureTexts Language='de'><Text For='Stable'>Klammern</Text></FeatureTexts>"}},
       {"texts that do not count",
        kFeatures,
        "@:11:7: warning: this language already has a text for \"Duplex\"; remove one of "

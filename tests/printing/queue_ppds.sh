@@ -5,10 +5,11 @@
 # the printers' PPDs, for all choices of trays, manual feed and page size; and it
 # must find the same conflicts and texts in those made of the descriptions.
 #
-# usage: queue_ppds.sh BUILD [COUNT]
+# usage: queue_ppds.sh BUILD [COUNT | FIRST-LAST]
 #
 # COUNT PPDs of the corpus are taken, 200 without it, "all" for each of them; those
-# of equivalence/sample.txt first. BUILD is the folder of a preset, such as
+# of equivalence/sample.txt first, then the others in the order of their checksums.
+# 201-3000 takes those of these numbers. BUILD is the folder of a preset, such as
 # build/release. The report is build/corpus/queue_ppds.txt.
 set -euo pipefail
 
@@ -67,7 +68,11 @@ folder=$(mktemp -d)
 trap 'rm -rf -- "$folder"' EXIT
 mkdir "$folder/queue" "$folder/made"
 names >"$folder/names"
-if [ "$count" != all ]; then sed -i -n "1,${count}p" "$folder/names"; fi
+case $count in
+all) ;;
+*-*) sed -i -n "${count%-*},${count#*-}p" "$folder/names" ;;
+*) sed -i -n "1,${count}p" "$folder/names" ;;
+esac
 cat -n "$folder/names" >"$folder/numbered"
 split -n "r/$(nproc)" "$folder/numbered" "$folder/part."
 for part in "$folder"/part.*; do

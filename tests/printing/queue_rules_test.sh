@@ -33,11 +33,19 @@ for ppd in "$source"/tests/ppd/files/{custom,pages}.ppd "$source"/tests/printing
   found=$(compare "$ppd") || fail "$found"
 done
 
-# The figures are those of a file with conflicts and translations.
+# expectFigures PPD TEXT
+expectFigures() {
+  queuePpd "$1"
+  [ "$(compare "$1")" = "$2" ] || fail "$(compare "$1")"
+}
+
+# The figures are those of a file with conflicts and translations; and of one with
+# options that have several choices at once.
+expectFigures "$source/tests/printing/staples.ppd" \
+  '1 PPDs, 6 choices, 3 in conflict; 22 texts (0 damaged ones left out), 1 translations; 0 PPDs differ'
 rules=$source/tests/printing/rules.ppd
-queuePpd "$rules"
-expected='1 PPDs, 20 choices, 4 in conflict; 84 texts (0 damaged ones left out), 2 translations; 0 PPDs differ'
-[ "$(compare "$rules")" = "$expected" ] || fail "$(compare "$rules")"
+expectFigures "$rules" \
+  '1 PPDs, 20 choices, 4 in conflict; 84 texts (0 damaged ones left out), 2 translations; 0 PPDs differ'
 
 # Sizes and margins come back as the file has them.
 for keyword in ImageableArea PaperDimension; do

@@ -72,23 +72,22 @@ class TextImport {
     for (auto key = first; key != last; ++key) {
       languageNamed(translation.language).texts.push_back({key->second, translation.text});
     }
-    if (first == last) {
-      const bool isText = equalKeywords(translation.keyword, "Translation");
-      losses_.note(isText ? LossKind::kText : LossKind::kKeyword,
-                   "*" + translation.language + "." + translation.keyword);
-    }
+    if (first == last) noteUnused(translation);
   }
 
   void addOption(ppd_option_t& option) {
     const std::string keyword = option.keyword;
-    const bool takesSeveral = option.ui == PPD_UI_PICKMANY;
-    if (!takesSeveral) {
-      if (!names_.hasFeature(keyword)) return;
-      addOwn(placeOf("Translation", keyword), keyword, keyword, option.text);
-    } else if (hasText(keyword, option.text)) {
-      losses_.note(LossKind::kText, "*" + keyword);
-    }
-    for (ppd_choice_t* choice : choicesOf(option)) addChoice(option, *choice);
+    const std::vector<ppd_choice_t*> choices = choicesOf(option);
+    const bool isImported =
+        option.ui == PPD_UI_PICKMANY
+            ? std::any_of(choices.begin(), choices.end(),
+                          [&](const ppd_choice_t* choice) {
+                            return names_.hasFeature(choiceFeatureName(option, *choice));
+                          })
+            : names_.hasFeature(keyword);
+    if (!isImported) return;
+    addOwn(placeOf("Translation", keyword), keyword, keyword, option.text);
+    for (ppd_choice_t* choice : choices) addChoice(option, *choice);
     addParameters(keyword);
   }
 
@@ -110,6 +109,18 @@ class TextImport {
   }
 
  private:
+  // The printer's names have translations, too: they are lost with the names.
+  void noteUnused(const Translation& translation) {
+    const std::string what = "*" + translation.language + "." + translation.keyword;
+    if (!equalKeywords(translation.keyword, "Translation")) {
+      losses_.note(LossKind::kKeyword, what);
+    } else if (ppdFindAttr(&ppd_, translation.spec.c_str(), nullptr) != nullptr) {
+      losses_.note(LossKind::kKeyword, "translation of *" + translation.spec);
+    } else {
+      losses_.note(LossKind::kText, what);
+    }
+  }
+
   struct KeyedText {
     std::size_t key = 0;  // Its place among the names of the keys.
     std::string text;

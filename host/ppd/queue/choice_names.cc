@@ -88,7 +88,7 @@ std::optional<std::string> fixedNameOf(const host::Model& model, const std::stri
 // Why a PPD cannot have the choice; empty when it can.
 std::string obstacleOf(const std::optional<std::string>& name) {
   if (!name) return "a PPD has other names for the choices of this option";
-  if (host::toLower(*name) == "custom") return "a PPD has this name for values of the user's own";
+  if (host::toLower(*name) == "custom") return kNameOfOwnValues;
   return isChoiceName(*name) ? "" : "a PPD cannot have this name";
 }
 

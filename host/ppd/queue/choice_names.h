@@ -14,6 +14,9 @@ namespace driver_feature::ppd {
 inline constexpr const char* kSameNameInPpd =
     "another one has this name, and a PPD does not distinguish capital from small letters";
 
+// Why a choice Custom is left out.
+inline constexpr const char* kNameOfOwnValues = "a PPD has this name for values of the user's own";
+
 // A choice of a PPD's option.
 struct NamedChoice {
   std::string name;    // In the PPD.

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/base/text.h"
+#include "host/description/switch_name.h"
 
 namespace driver_feature::ppd {
 
@@ -66,7 +67,7 @@ class Writer {
 
   // An option, and the places of its choices.
   struct Option {
-    const std::vector<NamedChoice>* choices = nullptr;
+    const MadeOption* made = nullptr;
     std::unordered_map<std::string, std::size_t> places;  // By their names in the description.
     std::vector<std::size_t> off;                         // Those that say so.
     std::vector<std::size_t> on;                          // The others.
@@ -81,8 +82,15 @@ class Writer {
     if (condition.kind == Kind::kAbove || condition.kind == Kind::kBelow) {
       return "a PPD has no constraints on numbers";
     }
-    if (options_.contains(condition.feature)) return "";
-    return "the PPD has no option " + condition.feature + " with choices";
+    const auto option = options_.find(condition.feature);
+    if (option == options_.end()) {
+      return "the PPD has no option " + condition.feature + " with choices";
+    }
+    if (!option->second.isSwitch) return "";
+    const auto& named = condition.choices;
+    const bool isOffNamed = std::count(named.begin(), named.end(), host::kSwitchedOff) != 0;
+    const bool holdsForOff = isOffNamed == (condition.kind == Kind::kIs);
+    return holdsForOff ? "a PPD has no constraints on what is not chosen" : "";
   }
 
   // The places of the choices that fulfil the condition, in their order; nothing
@@ -98,10 +106,10 @@ class Writer {
     named.erase(std::unique(named.begin(), named.end()), named.end());
     if (condition.kind == Kind::kIs) return named;
     if (named == option.off) return option.on;
-    listed_ += option.choices->size();
+    listed_ += option.made->choices.size();
     if (listed_ > kMostListed) return std::nullopt;
     std::vector<std::size_t> others;
-    for (std::size_t i = 0; i < option.choices->size(); ++i) {
+    for (std::size_t i = 0; i < option.made->choices.size(); ++i) {
       if (!std::binary_search(named.begin(), named.end(), i)) others.push_back(i);
     }
     return others;
@@ -111,12 +119,13 @@ class Writer {
     const Option& option = optionOf(condition.feature);
     const auto choices = choicesOf(option, condition);
     if (!choices) return std::nullopt;
-    const bool isAnyButOff = *choices == option.on && !choices->empty() &&
+    const std::string keyword = "*" + option.made->keyword;
+    const bool isAnyButOff = *choices == option.on && !choices->empty() && !option.made->isSwitch &&
                              (condition.kind == Kind::kIsNot || !isPage(condition.feature));
-    if (isAnyButOff) return Alternatives{"*" + condition.feature};
+    if (isAnyButOff) return Alternatives{keyword};
     Alternatives alternatives;
     for (const std::size_t choice : *choices) {
-      alternatives.push_back("*" + condition.feature + " " + (*option.choices)[choice].name);
+      alternatives.push_back(keyword + " " + option.made->choices[choice].name);
     }
     return alternatives;
   }
@@ -125,9 +134,9 @@ class Writer {
     const auto [known, isNew] = known_.try_emplace(feature);
     Option& option = known->second;
     if (!isNew) return option;
-    option.choices = &options_.at(feature);
-    for (std::size_t i = 0; i < option.choices->size(); ++i) {
-      const NamedChoice& choice = (*option.choices)[i];
+    option.made = &options_.at(feature);
+    for (std::size_t i = 0; i < option.made->choices.size(); ++i) {
+      const NamedChoice& choice = option.made->choices[i];
       option.places.try_emplace(choice.option, i);
       (saysOff(choice) ? option.off : option.on).push_back(i);
     }

@@ -11,8 +11,15 @@
 
 namespace driver_feature::ppd {
 
-// The choices of the options that the PPD has, by the names of their features.
-using MadeOptions = std::map<std::string, std::vector<NamedChoice>>;
+// What the PPD has of a feature.
+struct MadeOption {
+  std::string keyword;  // The option.
+  std::vector<NamedChoice> choices;
+  bool isSwitch = false;  // The feature is one choice of an option that has several at once.
+};
+
+// The options that the PPD has, by the names of their features.
+using MadeOptions = std::map<std::string, MadeOption>;
 
 // The statements, with line ends. libcups finds a conflict between choices of the
 // PPD exactly when a rule holds for them. A rule that a PPD cannot hold is added

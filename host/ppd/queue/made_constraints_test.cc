@@ -7,6 +7,7 @@ namespace driver_feature::ppd {
 
 namespace {
 
+using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Kind = host::Condition::Kind;
@@ -19,10 +20,12 @@ class MadeConstraintsTest : public testing::Test {
 
   // The PPD has another name for a choice of Duplex.
   MadeOptions options_ = {
-      {"Duplex", {{"None", "Simplex"}, {"DuplexTumble", "Short"}, {"DuplexNoTumble", "Long"}}},
-      {"Film", {{"Off", "Off"}, {"A", "A"}, {"B", "B"}, {"C", "C"}}},
-      {"Lid", {{"Up", "Up"}, {"Down", "Down"}}},
-      {"PageSize", {{"A4", "A4"}, {"A5", "A5"}}}};
+      {"Duplex",
+       {"Duplex", {{"None", "Simplex"}, {"DuplexTumble", "Short"}, {"DuplexNoTumble", "Long"}}}},
+      {"Film", {"Film", {{"Off", "Off"}, {"A", "A"}, {"B", "B"}, {"C", "C"}}}},
+      {"Lid", {"Lid", {{"Up", "Up"}, {"Down", "Down"}}}},
+      {"PageSize", {"PageSize", {{"A4", "A4"}, {"A5", "A5"}}}},
+      {"Staple.Left", {"Staple", {{"Left", "True"}}, true}}};
   std::vector<std::string> losses_;
 };
 
@@ -55,7 +58,7 @@ TEST_F(MadeConstraintsTest, MoreConditions_AreOneStatement) {
                      {"Duplex", Kind::kIsNot, {"Simplex"}}}),
             "*cupsUIConstraints: \"*Film B *Lid Up *Duplex\"\n");
   const std::string name(40, 'x');
-  options_[name] = {{name, name}, {"y", "y"}};
+  options_[name] = {name, {{name, name}, {"y", "y"}}};
   const host::Condition condition{name, Kind::kIs, {name}};
   EXPECT_EQ(linesOf({condition, condition, condition}),
             "*cupsUIConstraints: \"*" + name + " " + name + "\n*" + name + " " + name + "\n*" +
@@ -69,12 +72,29 @@ TEST_F(MadeConstraintsTest, ConditionThatNeverHolds_HasNoStatement) {
   EXPECT_THAT(losses_, IsEmpty());
 }
 
+TEST_F(MadeConstraintsTest, SwitchThatIsOn_IsAChoice) {
+  const std::string expected = "*UIConstraints: *Staple Left *Lid Up\n";
+  const host::Condition lid{"Lid", Kind::kIs, {"Up"}};
+  EXPECT_EQ(linesOf({{"Staple.Left", Kind::kIs, {"True"}}, lid}), expected);
+  EXPECT_EQ(linesOf({{"Staple.Left", Kind::kIsNot, {"False"}}, lid}), expected);
+  EXPECT_THAT(losses_, IsEmpty());
+}
+
+TEST_F(MadeConstraintsTest, SwitchThatIsOff_IsALoss) {
+  const host::Condition lid{"Lid", Kind::kIs, {"Up"}};
+  EXPECT_EQ(linesOf({{"Staple.Left", Kind::kIs, {"False"}}, lid}), "");
+  EXPECT_EQ(linesOf({{"Staple.Left", Kind::kIsNot, {"True"}}, lid}), "");
+  EXPECT_EQ(linesOf({{"Staple.Left", Kind::kIs, {"True", "False"}}, lid}), "");
+  EXPECT_THAT(losses_, Each("rule r: a PPD has no constraints on what is not chosen"));
+  EXPECT_EQ(losses_.size(), 3U);
+}
+
 TEST_F(MadeConstraintsTest, WhatAPpdCannotSay_IsALoss) {
   EXPECT_EQ(linesOf({{"Film", Kind::kIs, {"A"}}, {"Copies", Kind::kAbove, {}, 10}}), "");
   EXPECT_EQ(linesOf({{"Film", Kind::kIs, {"A"}}, {"Text", Kind::kIs, {"A"}}}), "");
   for (int i = 0; i < 200; ++i) {
-    options_["Lid"].push_back({std::to_string(i), std::to_string(i)});
-    options_["Film"].push_back({std::to_string(i), std::to_string(i)});
+    options_["Lid"].choices.push_back({std::to_string(i), std::to_string(i)});
+    options_["Film"].choices.push_back({std::to_string(i), std::to_string(i)});
   }
   EXPECT_EQ(linesOf({{"Film", Kind::kIsNot, {"A"}}, {"Lid", Kind::kIsNot, {"Up"}}}), "");
   EXPECT_THAT(losses_, ElementsAre("rule r: a PPD has no constraints on numbers",

@@ -112,6 +112,8 @@ void MadeOptionWriter::add(const std::string& name, const host::FeatureView& fea
     lose(name, "a PPD has no options for texts");
   } else if ((name == kPageSize || name == kPageRegion)) {
     if (!isPageSizeList(feature)) lose(name, "a PPD has this name for the sizes of sheets");
+  } else if (const auto parts = switchOf(name, feature)) {
+    addSwitches(name, parts->thing);
   } else if (!isOptionName(name, isList)) {
     lose(name, "a PPD cannot have this name");
   } else if (!names_.insert(host::toLower(name)).second) {
@@ -128,8 +130,8 @@ void MadeOptionWriter::lose(const std::string& what, const std::string& reason) 
 }
 
 void MadeOptionWriter::open(const std::string& name, const std::string& value,
-                            const std::string& textOf) {
-  line("*OpenUI *", name, texts_.textFor("Translation " + name, textOf), ": PickOne");
+                            const std::string& textOf, const char* type) {
+  line("*OpenUI *", name, texts_.textFor("Translation " + name, textOf), ": ", type);
   line("*OrderDependency: 10 AnySetup *" + name);
   line("*Default" + name + ": " + value);
 }
@@ -161,7 +163,7 @@ void MadeOptionWriter::writeList(const std::string& name, const std::vector<Name
          ": \"\"");
   }
   line("*CloseUI: *" + name);
-  options_[name] = choices;
+  options_[name] = {name, choices};
 }
 
 void MadeOptionWriter::addNumber(const std::string& name, const host::FeatureView& feature) {

@@ -2,6 +2,7 @@
 #ifndef HOST_PPD_QUEUE_MADE_OPTIONS_H_
 #define HOST_PPD_QUEUE_MADE_OPTIONS_H_
 
+#include <optional>
 #include <set>
 #include <string>
 #include <unordered_map>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "host/description/additions.h"
+#include "host/description/switch_name.h"
 #include "host/ppd/queue/made_constraints.h"
 #include "host/ppd/queue/made_texts.h"
 #include "host/ppd/queue/page_sizes.h"
@@ -38,6 +40,16 @@ class MadeOptionWriter {
   // Marks none of the choices, so that the description's default is used.
   static constexpr const char* kUnknown = "Unknown";
 
+  // A feature that is on or off, as a choice of an option of the PPD.
+  struct Switch {
+    std::string feature;
+    std::string choice;
+    bool isOn = false;
+  };
+
+  // What the feature is a switch of, as far as people see it.
+  static std::optional<host::SwitchName> switchOf(const std::string& name,
+                                                  const host::FeatureView& feature);
   // Whether the choices of the feature are those of the PPD's page sizes.
   static bool isPageSizeList(const host::FeatureView& feature);
 
@@ -49,12 +61,17 @@ class MadeOptionWriter {
   void add(const std::string& name, const host::FeatureView& feature);
   void addList(const std::string& name, const host::FeatureView& feature);
   void addNumber(const std::string& name, const host::FeatureView& feature);
+  void addSwitches(const std::string& feature, const std::string& thing);
+  std::vector<Switch> switchesOf(const std::string& thing, bool isHardware) const;
+  std::string obstacleOf(const std::string& thing, const std::vector<Switch>& switches);
+  std::vector<Switch> withUsableNames(const std::vector<Switch>& switches);
   void lose(const std::string& what, const std::string& reason);
   std::vector<PageSize> sizesOf(const host::FeatureView& feature);
   void writePageSizes(const std::vector<PageSize>& sizes, const std::string& usual);
   void writeList(const std::string& name, const std::vector<NamedChoice>& choices,
                  const std::string& current, const std::string& textsOf);
-  void open(const std::string& name, const std::string& value, const std::string& textOf);
+  void open(const std::string& name, const std::string& value, const std::string& textOf,
+            const char* type = "PickOne");
 
   template <class... Texts>
   void line(const Texts&... texts) {
@@ -67,11 +84,12 @@ class MadeOptionWriter {
   MadeTexts texts_;
   MadeOptions options_;
   std::string text_;
-  std::set<std::string> names_;  // Of features, with small letters.
+  std::set<std::string> names_;  // Of options, with small letters.
   std::string usualSize_;
   std::unordered_map<std::string, host::MediaSize> media_;  // By the options' names.
   std::unordered_set<std::string> hardware_;                // Names of features.
   std::unordered_set<std::string> placed_;                  // Those that are in a group.
+  std::unordered_set<std::string> switches_;                // Those that are done.
 };
 
 }  // namespace driver_feature::ppd
