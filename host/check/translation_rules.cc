@@ -135,7 +135,7 @@ struct Language {
 
 // The attribute Text is in the description's own language, which is the first.
 void addOwnTexts(const AdditionSubject& subject, std::map<std::string, Language>& languages) {
-  auto& keys = languages[host::toLower(subject.additions.texts.front().language)].keys;
+  auto& keys = languages[host::plainTag(subject.additions.texts.front().language)].keys;
   for (const host::Rule& rule : subject.additions.rules.rules) {
     if (!rule.text.empty()) keys.insert(host::ruleKey(rule.id));
   }
@@ -151,7 +151,7 @@ std::map<std::string, Language> languagesOf(const AdditionSubject& subject) {
   std::map<std::string, Language> languages;
   for (const host::TextsOfLanguage& texts : subject.additions.texts) {
     const auto [language, isNew] =
-        languages.try_emplace(host::toLower(texts.language), Language{texts.place, {}});
+        languages.try_emplace(host::plainTag(texts.language), Language{texts.place, {}});
     for (const host::Text& text : texts.texts) {
       if (!text.text.empty()) language->second.keys.insert(text.key);
     }
@@ -174,23 +174,30 @@ std::string missingTexts(const std::vector<std::string>& wanted,
 
 void checkAskedLanguage(const AdditionSubject& subject,
                         const std::map<std::string, Language>& languages, Findings& findings) {
-  const auto found = languages.find(host::toLower(subject.language));
-  const bool isThere = found != languages.end();
-  const std::string missing =
-      missingTexts(wantedKeys(subject), isThere ? found->second.keys : std::set<std::string>());
+  const std::string tag = host::plainTag(subject.language);
+  const Language* own = nullptr;
+  std::set<std::string> keys;
+  // People of a region see the texts of the language, too.
+  for (const std::string& name : {tag, host::withoutRegion(tag)}) {
+    const auto found = languages.find(name);
+    if (found == languages.end()) continue;
+    if (own == nullptr) own = &found->second;
+    keys.insert(found->second.keys.begin(), found->second.keys.end());
+  }
+  const std::string missing = missingTexts(wantedKeys(subject), keys);
   if (missing.empty()) return;
-  findings.push_back(
-      findingAt(subject, Code::kIncompleteLanguage,
-                isThere ? found->second.place : host::SourcePlace{subject.document.path(), {}},
-                "language " + host::inQuotes(subject.language) + " lacks " + missing,
-                isThere ? "add them"
-                        : "add <FeatureTexts Language=" + host::inQuotes(subject.language) + ">"));
+  findings.push_back(findingAt(
+      subject, Code::kIncompleteLanguage,
+      own != nullptr ? own->place : host::SourcePlace{subject.document.path(), {}},
+      "language " + host::inQuotes(subject.language) + " lacks " + missing,
+      own != nullptr ? "add them"
+                     : "add <FeatureTexts Language=" + host::inQuotes(subject.language) + ">"));
 }
 
 // A region's texts are those that differ from the language's.
 bool isRegion(const std::map<std::string, Language>& languages, const std::string& name) {
-  const std::size_t end = name.find_first_of("-_");
-  return end != std::string::npos && languages.contains(name.substr(0, end));
+  const std::string whole = host::withoutRegion(name);
+  return whole != name && languages.contains(whole);
 }
 
 }  // namespace
@@ -202,7 +209,7 @@ void checkTranslations(const AdditionSubject& subject, Findings& findings) {
   const std::set<std::string> keys = allKeys(subject);
   std::map<std::string, std::set<std::string>> known;
   for (const host::TextsOfLanguage& language : subject.additions.texts) {
-    checkTexts(subject, language, keys, known[host::toLower(language.language)], findings);
+    checkTexts(subject, language, keys, known[host::plainTag(language.language)], findings);
   }
   std::set<std::string> wanted;
   for (const auto& [name, language] : languages) {
@@ -211,7 +218,7 @@ void checkTranslations(const AdditionSubject& subject, Findings& findings) {
     }
   }
   for (const auto& [name, language] : languages) {
-    const bool isAsked = name == host::toLower(subject.language);
+    const bool isAsked = name == host::plainTag(subject.language);
     if (isAsked || language.keys.empty() || isRegion(languages, name)) continue;
     const std::string missing = missingTexts({wanted.begin(), wanted.end()}, language.keys);
     if (missing.empty()) continue;

@@ -1,5 +1,7 @@
 #include "host/description/texts.h"
 
+#include <algorithm>
+
 #include "host/base/text.h"
 
 namespace driver_feature::host {
@@ -9,22 +11,6 @@ namespace {
 // "de_AT" of "de_AT.UTF-8", as locales are named.
 std::string withoutEncoding(const std::string& language) {
   return language.substr(0, language.find_first_of(".@"));
-}
-
-// "de" of "de-AT" and "de_AT".
-std::string withoutRegion(const std::string& language) {
-  return language.substr(0, language.find_first_of("-_"));
-}
-
-// Tags differ in case, and in the character before the region.
-bool areSame(const std::string& one, const std::string& other) {
-  const auto plain = [](std::string tag) {
-    for (char& character : tag) {
-      if (character == '_') character = '-';
-    }
-    return toLower(std::move(tag));
-  };
-  return plain(one) == plain(other);
 }
 
 }  // namespace
@@ -45,11 +31,22 @@ std::string panelKey(const std::string& name) {
   return "panel:" + name;
 }
 
+// Tags differ in case, and in the character before the region.
+std::string plainTag(const std::string& language) {
+  std::string tag = toLower(withoutEncoding(language));
+  std::replace(tag.begin(), tag.end(), '_', '-');
+  return tag;
+}
+
+std::string withoutRegion(const std::string& language) {
+  return language.substr(0, language.find_first_of("-_"));
+}
+
 TextLookUp::TextLookUp(const std::vector<TextsOfLanguage>& languages, const std::string& language) {
   if (languages.empty()) return;
   const auto add = [&](const std::string& wanted) {
     for (const TextsOfLanguage& texts : languages) {
-      if (!areSame(texts.language, wanted)) continue;
+      if (plainTag(texts.language) != plainTag(wanted)) continue;
       for (const Text& text : texts.texts) {
         if (!text.text.empty()) texts_.emplace(text.key, text.text);
       }
@@ -57,8 +54,8 @@ TextLookUp::TextLookUp(const std::vector<TextsOfLanguage>& languages, const std:
   };
   // What an earlier language has, a later one does not replace.
   if (!language.empty()) {
-    add(withoutEncoding(language));
-    add(withoutRegion(withoutEncoding(language)));
+    add(language);
+    add(withoutRegion(plainTag(language)));
   }
   add(languages.front().language);
 }

@@ -32,6 +32,12 @@ std::string ruleKey(const std::string& id);
 std::string presetKey(const std::string& name);
 std::string panelKey(const std::string& name);
 
+// Tags as they are compared: "de-at" of "de-AT", "de_AT" and "de_AT.UTF-8".
+std::string plainTag(const std::string& language);
+
+// "de" of "de-AT" and "de_AT".
+std::string withoutRegion(const std::string& language);
+
 // The texts of one language, and of those that stand in for it: first the
 // language without its region, then the first language of the description.
 class TextLookUp {

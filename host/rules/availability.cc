@@ -15,13 +15,16 @@ bool isSensitive(IntermediateCoreOption& option) {
 }  // namespace
 
 std::vector<ImpossibleChoice> findImpossible(Resolver& resolver, const Tables& tables,
-                                             long stepLimit) {
+                                             const StepLimits& limits) {
   std::vector<ImpossibleChoice> impossible;
+  long steps = 0;
   for (int feature = 0; feature < tables.featureCount(); ++feature) {
     if (tables.isHardware(feature) || tables.isNumber(feature)) continue;
     const int count = static_cast<int>(tables.domain(feature).choices.size());
     for (int value = 0; value < count; ++value) {
-      Resolution resolution = resolver.isAllowed({feature, value}, stepLimit);
+      if (steps > limits.ofAll) return impossible;
+      Resolution resolution = resolver.isAllowed({feature, value}, limits.ofAChoice);
+      steps += resolution.steps;
       if (resolution.kind != Resolution::Kind::kImpossible) continue;
       impossible.push_back({feature, value, std::move(resolution.rules)});
     }

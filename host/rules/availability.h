@@ -25,11 +25,16 @@ struct ImpossibleChoice {
   bool operator==(const ImpossibleChoice&) const = default;
 };
 
+// The most steps that the search may take. What it does not reach counts as possible.
+struct StepLimits {
+  long ofAChoice = 0;
+  long ofAll = 0;
+};
+
 // In the order of the features and of their choices. Features that say what
 // hardware there is keep all choices, so that a person can still change them.
-// `stepLimit` bounds the search for each choice; one that takes more counts as possible.
 std::vector<ImpossibleChoice> findImpossible(Resolver& resolver, const Tables& tables,
-                                             long stepLimit);
+                                             const StepLimits& limits);
 
 // The number by which the model knows a rule among the constraints of an option.
 constexpr long constraintOf(int rule) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/rules/availability.h"
 #include "host/rules/rulebook.h"
 #include "support/rule_notation.h"
 
@@ -105,6 +106,38 @@ TEST(HostileRules, ChainThatIsTooLongForAPerson_IsGivenUp) {
   }
   Rulebook book(manyFeatures(1101, {"a", "b"}), rulesOf(texts));
   EXPECT_EQ(book.plan({{"F0", "b"}}).kind, Kind::kNotFound);
+}
+
+// Of which a hundred choices are impossible.
+struct ManyImpossible {
+  Tables tables = [] {
+    std::vector<std::string> texts;
+    for (int feature = 1; feature <= 100; ++feature) {
+      texts.push_back("r: F0=a " + numbered("F", feature) + "=b");
+    }
+    return Tables(rulesOf(texts, {"F0"}), manyFeatures(101, {"a", "b"}));
+  }();
+  State state{tables};
+  Resolver resolver{state};
+};
+
+TEST(HostileRules, ChoicesThatTakeManyStepsTogether_CountAsPossible) {
+  ManyImpossible many;
+  const auto findWithin = [&many](long steps) {
+    return findImpossible(many.resolver, many.tables, {.ofAChoice = 1'000, .ofAll = steps});
+  };
+  EXPECT_THAT(findWithin(1'000'000), SizeIs(100));
+  const std::vector<ImpossibleChoice> found = findWithin(100);
+  EXPECT_THAT(found, SizeIs(testing::AllOf(testing::Gt(5U), testing::Lt(95U))));
+  EXPECT_EQ(found.front().feature, 1);
+}
+
+TEST(HostileRules, RulesOfTheDefaults_AreStepsOfEachQuestion) {
+  std::vector<std::string> texts(500, "r: F0=a F1=a");
+  const Tables tables(rulesOf(texts), manyFeatures(3, {"a", "b"}));
+  State state(tables);
+  Resolver resolver(state);
+  EXPECT_GE(resolver.isAllowed({2, 1}, 1'000).steps, 500);
 }
 
 TEST(HostileRules, ManyThresholds_CostWhatLiesBetween) {

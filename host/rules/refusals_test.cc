@@ -108,6 +108,17 @@ TEST(Rulebook, ConflictingChoices_OfEachFeature_AreThoseThatWouldConflict) {
                           Pair("Staple", ElementsAre("Off"))));
 }
 
+TEST(Rulebook, ConflictingChoices_RulesOfTheDefaults_CountForTheirOwnFeatures) {
+  Book book({"a: Duplex=None Staple=Off", "b: Media=Plain Duplex=None"});
+  EXPECT_THAT(book.conflictingChoices(),
+              ElementsAre(Pair("Duplex", ElementsAre("None")), Pair("Media", ElementsAre("Plain")),
+                          Pair("Staple", ElementsAre("Off"))));
+  for (const auto& [feature, choices] : book.conflictingChoices()) {
+    EXPECT_EQ(book.conflictingChoices(feature), choices);
+  }
+  EXPECT_THAT(book.refusing(), IsEmpty());
+}
+
 TEST(Rulebook, WouldConflict_Numbers_AreComparedWithTheirThresholds) {
   Book book({"a: Media=Plain Copies>10"});
   EXPECT_TRUE(book.wouldConflict({"Copies", "11"}));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 #include <utility>
 
 namespace driver_feature::rules {
@@ -56,6 +57,25 @@ std::vector<bool> Resolver::wouldRefuse(int feature) {
   return refuses;
 }
 
+// A rule of the defaults counts for a feature of its own as soon as a person sets
+// that.
+std::map<int, std::vector<bool>> Resolver::wouldRefuse() {
+  const std::vector<int> borne = bearDefaults(ranks_);
+  std::vector<std::vector<int>> ofFeature(ranks_.size());
+  for (const int rule : borne) {
+    for (const int feature : tables_->featuresOf(rule)) ofFeature[at(feature)].push_back(rule);
+  }
+  std::map<int, std::vector<bool>> refuses;
+  for (int feature = 0; feature < tables_->featureCount(); ++feature) {
+    if (tables_->isNumber(feature)) continue;
+    heed(ofFeature[at(feature)]);
+    refuses.emplace(feature, state_->wouldHold(feature));
+    for (const int rule : ofFeature[at(feature)]) state_->ignore(rule);
+  }
+  heed(borne);
+  return refuses;
+}
+
 // As if a person had set the feature as well.
 std::vector<int> Resolver::bearDefaultsWith(int feature) {
   int& rank = ranks_[at(feature)];
@@ -83,9 +103,11 @@ Resolution Resolver::find(const Question& question, const std::vector<int>& rank
     const bool isKept = question.keepsAll || wish.feature == question.wishes.back().feature;
     search_.freedom()[at(wish.feature)].isFixed = isKept;
   }
+  putAside_ = static_cast<long>(heldByDefault_.size());
   const std::vector<int> borne = bearDefaults(ranks);
   Resolution resolution = solve(question.stepLimit, namesHardware);
   heed(borne);
+  resolution.steps += putAside_;
   return resolution;
 }
 
@@ -182,6 +204,7 @@ std::vector<int> Resolver::explain() {
   for (int rule = 0; rule < tables_->ruleCount(); ++rule) {
     if (!std::binary_search(rules.begin(), rules.end(), rule)) others.push_back(rule);
   }
+  putAside_ += tables_->ruleCount();
   for (const int rule : others) state_->ignore(rule);
   const std::vector<int> first = withoutSpare(rules);
   std::reverse(rules.begin(), rules.end());

@@ -9,6 +9,7 @@
 #ifndef HOST_RULES_RESOLVER_H_
 #define HOST_RULES_RESOLVER_H_
 
+#include <map>
 #include <vector>
 
 #include "host/rules/search.h"
@@ -39,7 +40,7 @@ struct Resolution {
   // When impossible: the fewest changes of hardware that make it possible, and
   // what else changes then. Empty if there are none.
   std::vector<Move> withHardware = {};
-  long steps = 0;
+  long steps = 0;  // Of the search; and the rules that had to be put aside for it.
 };
 
 class Resolver {
@@ -66,6 +67,10 @@ class Resolver {
   // The same for each choice of a feature that has choices.
   std::vector<bool> wouldRefuse(int feature);
 
+  // The same of all features that have choices, in less time than one after the
+  // other takes.
+  std::map<int, std::vector<bool>> wouldRefuse();
+
   // The rules that are broken now and refuse the values: those broken by the
   // defaults are left out until a person sets one of their features. In ascending
   // order.
@@ -90,6 +95,7 @@ class Resolver {
   Search search_;
   std::vector<int> ranks_;
   std::vector<int> heldByDefault_;
+  long putAside_ = 0;  // Rules, for the present question.
   Budget budget_;
   std::vector<Move> best_;
 };

@@ -9,8 +9,9 @@ namespace driver_feature::rules {
 
 namespace {
 
-// All choices of a description are examined one after the other.
-constexpr long kStepsOfAChoice = 100'000;
+// All choices of a description are examined one after the other: half a second at
+// most.
+constexpr StepLimits kAvailabilitySteps = {.ofAChoice = 100'000, .ofAll = 100'000'000};
 
 template <class Number>
 std::optional<double> numberIn(const std::string& text) {
@@ -58,25 +59,24 @@ bool Rulebook::wouldConflict(const Assignment& assignment) {
 std::vector<std::string> Rulebook::conflictingChoices(const std::string& feature) {
   readModel();
   const std::optional<int> found = tables_.find(feature);
-  return found ? conflictingChoicesOf(*found) : std::vector<std::string>();
+  if (!found || tables_.isNumber(*found)) return {};
+  return choicesOf(*found, resolver_.wouldRefuse(*found));
 }
 
 std::map<std::string, std::vector<std::string>> Rulebook::conflictingChoices() {
   readModel();
   std::map<std::string, std::vector<std::string>> all;
-  for (int feature = 0; feature < tables_.featureCount(); ++feature) {
-    std::vector<std::string> names = conflictingChoicesOf(feature);
+  for (const auto& [feature, refused] : resolver_.wouldRefuse()) {
+    std::vector<std::string> names = choicesOf(feature, refused);
     if (!names.empty()) all.emplace(tables_.domain(feature).feature, std::move(names));
   }
   return all;
 }
 
-std::vector<std::string> Rulebook::conflictingChoicesOf(int feature) {
+std::vector<std::string> Rulebook::choicesOf(int feature, const std::vector<bool>& which) const {
   std::vector<std::string> names;
-  if (tables_.isNumber(feature)) return names;
-  const std::vector<bool> refused = resolver_.wouldRefuse(feature);
-  for (std::size_t value = 0; value < refused.size(); ++value) {
-    if (refused[value]) names.push_back(tables_.domain(feature).choices[value].name);
+  for (std::size_t value = 0; value < which.size(); ++value) {
+    if (which[value]) names.push_back(tables_.domain(feature).choices[value].name);
   }
   return names;
 }
@@ -126,7 +126,7 @@ const std::vector<TakenOut>& Rulebook::impossible() {
   std::vector<int> hardware = hardwareValues();
   if (examinedHardware_ == hardware) return takenOut_;
   examinedHardware_ = std::move(hardware);
-  impossible_ = findImpossible(resolver_, tables_, kStepsOfAChoice);
+  impossible_ = findImpossible(resolver_, tables_, kAvailabilitySteps);
   takenOut_.clear();
   for (const ImpossibleChoice& choice : impossible_) {
     const Domain& domain = tables_.domain(choice.feature);

@@ -94,7 +94,7 @@ class Rulebook {
   std::vector<Change> changesOf(const std::vector<Move>& moves, bool ofHardware) const;
   std::vector<BrokenRule> brokenRules(const std::vector<int>& rules) const;
   std::vector<int> hardwareValues() const;
-  std::vector<std::string> conflictingChoicesOf(int feature);
+  std::vector<std::string> choicesOf(int feature, const std::vector<bool>& which) const;
 
   host::Rules rules_;
   const host::Model* model_ = nullptr;

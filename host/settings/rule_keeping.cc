@@ -37,6 +37,19 @@ std::string hardwareText(const rules::Plan& plan) {
   return "possible with " + join(parts, " and ") + others;
 }
 
+// The first of many reasons say enough.
+std::string reasonsText(std::vector<std::string> reasons) {
+  constexpr std::size_t kMost = 10;
+  const std::size_t count = reasons.size();
+  if (count > kMost) reasons.resize(kMost);
+  std::string text = join(reasons, "; and ");
+  if (count > kMost) {
+    text += "; and " + counted(static_cast<long>(count - kMost), "more rule") + " forbid" +
+            (count == kMost + 1 ? "s" : "") + " it";
+  }
+  return text;
+}
+
 bool names(const rules::BrokenRule& broken, const std::string& feature) {
   return std::any_of(broken.values.begin(), broken.values.end(),
                      [&](const rules::Assignment& value) { return value.feature == feature; });
@@ -141,7 +154,7 @@ Result<std::vector<std::string>> RuleKeeper::carryOut(const rules::Plan& plan) {
 
 Problem RuleKeeper::refusalOf(const rules::Plan& plan) {
   Problem problem{Problem::Kind::kRefused, "", ""};
-  problem.text = join(reasonsOf(plan), "; and ");
+  problem.text = reasonsText(reasonsOf(plan));
   switch (plan.kind) {
     case Kind::kFits:
       break;

@@ -106,4 +106,18 @@ TEST_F(CheckBesideTest, Check_Language_IsToBeComplete) {
   EXPECT_EQ(check({"d.xml"}), found(0, "", "0 errors, 0 warnings"));
 }
 
+TEST_F(CheckBesideTest, Check_LanguageOfARegion_HasTheTextsOfTheLanguage) {
+  const std::string head = "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n\n";
+  write("d.de.po", head +
+                       "msgctxt \"Duplex\"\nmsgid \"Two sides\"\nmsgstr \"Beidseitig\"\n\n"
+                       "msgctxt \"Duplex.None\"\nmsgid \"Off\"\nmsgstr \"Aus\"\n");
+  EXPECT_EQ(check({"d.xml", "--language", "de_AT.UTF-8"}),
+            found(1,
+                  "d.de.po: error: language \"de_AT.UTF-8\" lacks 1 of 3 texts: Duplex.Long; add "
+                  "them [DF745]\n",
+                  "1 error, 0 warnings"));
+  write("d.de-AT.po", head + "msgctxt \"Duplex.Long\"\nmsgid \"Long\"\nmsgstr \"Lang\"\n");
+  EXPECT_EQ(check({"d.xml", "--language", "de_AT.UTF-8"}).status, 0);
+}
+
 }  // namespace

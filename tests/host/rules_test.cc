@@ -291,4 +291,18 @@ TEST_F(RulesTest, RuleThatCannotBeRead_IsReportedAndLeftOut) {
             success("1\none side\nplain\nloose\n"));
 }
 
+TEST_F(RulesTest, ManyRulesOfOneRefusal_AreCounted) {
+  std::string rules;
+  for (int i = 0; i < 12; ++i) {
+    rules += "<Never Id='r" + std::to_string(i) +
+             "'><When Feature='Media' Is='Film'/><When Feature='Duplex' Is='On'/></Never>";
+  }
+  std::string office = read("office.xml");
+  office.insert(office.find("</FeatureRules>"), rules);
+  write("office.xml", office);
+  const std::string errors = emit({"Media=Film", "Duplex=On"}).errors;
+  EXPECT_THAT(errors, testing::EndsWith("(rule r8) (office.xml:14); and 3 more rules forbid it; "
+                                        "--resolve changes Media: Film -> Plain\n"));
+}
+
 }  // namespace
