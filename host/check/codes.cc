@@ -262,8 +262,8 @@ constexpr CodeRow kCodes[] = {
      "A condition does not fit the type of its feature. Is and IsNot are for \"MultiSelect\", "
      "Above and Below for \"IntEntry\" and \"FloatEntry\"; other types cannot be in rules."},
     {Code::kRuleOnTemplate, kError, "DF726",
-     "A rule names a member of a template. Its values belong to records, which rules do not "
-     "examine."},
+     "A rule or the list of hardware names a member of a template. Its values are those of "
+     "records, which rules do not see."},
     {Code::kRepeatedRule, kError, "DF727", "Two rules have the same Id."},
     {Code::kRuleAlways, kError, "DF728",
      "The conditions of a rule hold for every value, so it forbids everything; or several rules "

@@ -175,11 +175,17 @@ void checkHardware(const AdditionSubject& subject, Findings& findings) {
   std::map<std::string, host::SourcePlace> known;
   for (const host::HardwareFeature& hardware : subject.additions.rules.hardware) {
     const std::string name = host::inQuotes(hardware.name);
-    if (subject.features.find(hardware.name) == nullptr) {
+    const FeatureRow* feature = subject.features.find(hardware.name);
+    if (feature == nullptr) {
       findings.push_back(findingAt(
           subject, Code::kUnknownRuleFeature, hardware.place,
           "the list of hardware names a feature " + name + " that does not exist",
           didYouMean(hardware.name, subject.features.names(), "give the name of a feature")));
+    } else if (feature->element->inTemplate) {
+      findings.push_back(findingAt(
+          subject, Code::kRuleOnTemplate, hardware.place,
+          "the list of hardware names feature " + name + ", which is a member of a template",
+          "remove it; rules do not see the values of records"));
     } else if (!known.emplace(hardware.name, hardware.place).second) {
       findings.push_back(findingAt(subject, Code::kRepeatedHardware, hardware.place,
                                    "feature " + name + " is listed twice as hardware",

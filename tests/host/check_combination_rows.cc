@@ -86,6 +86,10 @@ const std::vector<CheckRow>& combinationRows() {
                "type is \"IntEntry\"; use Above or Below [DF725]\n"
                "@:10:100: error: the condition of rule \"a\" does not fit feature \"Note\", whose "
                "type is \"TextEntry\"; remove the condition [DF725]\n"),
+      rulesRow(
+          "hardware that is a member of a template", "<Hardware Feature='Number'/>",
+          "@:10:25: error: the list of hardware names feature \"Number\", which is a member of a "
+          "template; remove it; rules do not see the values of records [DF726]\n"),
       rulesRow("member of a template", rule("a", "<When Feature='Number' Above='1'/>"),
                "@:10:35: error: rule \"a\" names feature \"Number\", which is a member of a "
                "template; remove the rule; rules do not see the values of records [DF726]\n"),
