@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory_resource>
 #include <new>
 #include <string_view>
 #include <utility>
@@ -42,8 +43,15 @@ Bytes allocate(std::size_t size) {
   return bytes;
 }
 
+// Bytes for the elements of a text of this size, if they are not unusually many.
+std::size_t roomForElements(std::size_t size) {
+  using driver_feature::Element;
+  return driver_feature::usualElements(size) * sizeof(Element) + alignof(Element);
+}
+
 // A text of a document, which the pages of a file are read into once. A NUL
-// character follows it.
+// character follows it, and room for the elements of most texts: in the same
+// large pages they take little of the kernel's time.
 class Text {
  public:
   Text() = default;
@@ -54,7 +62,7 @@ class Text {
   }
 
   void grow(std::size_t capacity) {
-    Bytes bytes = allocate(capacity + 1);
+    Bytes bytes = allocate(capacity + 1 + roomForElements(capacity));
     if (size_ > 0) std::memcpy(bytes.get(), bytes_.get(), size_);
     bytes_ = std::move(bytes);
     capacity_ = capacity;
@@ -65,6 +73,10 @@ class Text {
     size_ = size;
     bytes_[size] = '\0';
   }
+
+  // For the elements.
+  char* room() const { return bytes_.get() + capacity_ + 1; }
+  std::size_t sizeOfRoom() const { return roomForElements(capacity_); }
 
   char* data() const { return bytes_.get(); }
   std::size_t size() const { return size_; }
@@ -110,36 +122,39 @@ bool readFile(std::FILE* file, const struct stat& status, Text& text, XMLProblem
 }  // namespace
 
 struct XMLDocument::Tree {
-  explicit Tree(Text source) : text(std::move(source)) {}
-
-  bool scan(driver_feature::Names names) {
+  // The root is null if the text cannot be scanned.
+  Tree(Text source, driver_feature::Names names)
+      : text(std::move(source)), room(text.room(), text.sizeOfRoom()), elements(&room) {
     root = driver_feature::scanPlainText(text.data(), text.size(), names, elements);
-    return root != nullptr;
   }
 
   // Reads a text that is not plain XML, or not XML. A tree of libxml2 takes ten
   // times as much memory as this one: it is copied and freed.
-  bool readCarefully(std::string_view source, const std::string& name, XMLProblem& problem) {
+  static std::unique_ptr<Tree> readCarefully(std::string_view source, const std::string& name,
+                                             XMLProblem& problem) {
     if (source.empty()) {
       problem = {1, 1, "is empty"};
-      return false;
+      return nullptr;
     }
-    auto tree = driver_feature::readTree(source, name, problem);
-    if (!tree) return false;
-    const auto plain = driver_feature::plainTextOf(*tree);
-    tree.reset();
-    text = Text(plain.text);
-    if (!scan(driver_feature::Names::kAny)) {
+    auto careful = driver_feature::readTree(source, name, problem);
+    if (!careful) return nullptr;
+    const auto plain = driver_feature::plainTextOf(*careful);
+    careful.reset();
+    auto tree = std::make_unique<Tree>(Text(plain.text), driver_feature::Names::kAny);
+    if (tree->root == nullptr) {
       problem = {1, 1, "cannot be read"};
-      return false;
+      return nullptr;
     }
-    for (std::size_t i = 0; i < elements.size(); ++i) elements[i].setLine(plain.lines[i]);
-    return true;
+    for (std::size_t i = 0; i < tree->elements.size(); ++i) {
+      tree->elements[i].setLine(plain.lines[i]);
+    }
+    return tree;
   }
 
   Text text;
+  std::pmr::monotonic_buffer_resource room;  // In the text's memory, as long as it lasts.
   driver_feature::Elements elements;
-  driver_feature::Element* root = nullptr;
+  driver_feature::Element* root;
 };
 
 XMLDocument::XMLDocument(std::unique_ptr<Tree> tree) : tree_(std::move(tree)) {}
@@ -162,14 +177,15 @@ std::unique_ptr<XMLDocument> XMLDocument::parseFile(const std::string& path, XML
   if (!readFile(file.get(), status, text, problem)) return nullptr;
   // A pipe gives its text once.
   Text original = S_ISREG(status.st_mode) ? Text() : Text(text.view());
-  auto tree = std::make_unique<Tree>(std::move(text));
-  if (!tree->scan(driver_feature::Names::kPlain)) {
-    tree->text = Text();
+  auto tree = std::make_unique<Tree>(std::move(text), driver_feature::Names::kPlain);
+  if (tree->root == nullptr) {
+    tree.reset();
     if (S_ISREG(status.st_mode)) {
       std::rewind(file.get());
       if (!readFile(file.get(), status, original, problem)) return nullptr;
     }
-    if (!tree->readCarefully(original.view(), path, problem)) return nullptr;
+    tree = Tree::readCarefully(original.view(), path, problem);
+    if (!tree) return nullptr;
   }
   return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
 }
@@ -181,10 +197,9 @@ std::unique_ptr<XMLDocument> XMLDocument::parseText(const std::string& text,
     problem.text = kTooLarge;
     return nullptr;
   }
-  auto tree = std::make_unique<Tree>(Text(text));
-  if (!tree->scan(driver_feature::Names::kPlain) && !tree->readCarefully(text, name, problem)) {
-    return nullptr;
-  }
+  auto tree = std::make_unique<Tree>(Text(text), driver_feature::Names::kPlain);
+  if (tree->root == nullptr) tree = Tree::readCarefully(text, name, problem);
+  if (!tree) return nullptr;
   return std::unique_ptr<XMLDocument>(new XMLDocument(std::move(tree)));
 }
 

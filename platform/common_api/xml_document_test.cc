@@ -211,6 +211,16 @@ TEST_F(XMLDocumentTest, Parse_ValuesOfManyMegabytes_AreRead) {
   EXPECT_TRUE(readName("<a Name='" + value + "'>" + value + "<!--" + value + "--></a>") == value);
 }
 
+TEST_F(XMLDocumentTest, ParseFile_ElementsOfFourBytes_AreAllRead) {
+  constexpr int kElements = 300000;
+  std::string text = "<r>";
+  for (int i = 0; i < kElements; ++i) text += "<e/>";
+  XMLProblem problem;
+  const auto document = XMLDocument::parseFile(write(text + "</r>"), problem);
+  ASSERT_NE(document, nullptr) << problem.text;
+  EXPECT_EQ(pParserInstance->childCount(document->root()), kElements);
+}
+
 TEST_F(XMLDocumentTest, Parse_TwoDocuments_ExistSideBySide) {
   XMLProblem problem;
   const auto one = XMLDocument::parseText("<one/>", "test.xml", problem);

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory_resource>
 #include <string_view>
 #include <vector>
 
@@ -55,7 +56,7 @@ class Element {
   unsigned isParent_ : 1 = 0;
 };
 
-using Elements = std::vector<Element>;
+using Elements = std::pmr::vector<Element>;
 
 // The name at the beginning of a start tag or of an attribute.
 inline std::string_view nameAt(const char* text) {

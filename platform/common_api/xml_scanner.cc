@@ -183,10 +183,8 @@ class Scanner : private XMLCursor {
 }  // namespace
 
 Element* scanPlainText(char* text, std::size_t size, Names names, Elements& elements) {
-  // Few elements take less text. Memory that none uses costs nothing.
-  constexpr std::size_t kUsualText = 64;
   elements.clear();
-  elements.reserve(size / kUsualText + 1);
+  elements.reserve(usualElements(size));  // Memory that none uses costs nothing.
   return Scanner(text, size, names, elements).scanDocument();
 }
 

@@ -12,6 +12,12 @@ namespace driver_feature {
 
 constexpr int kHighestDepth = 256;  // Of nested elements.
 
+// How many elements a text of this size has at most, apart from unusual ones.
+constexpr std::size_t usualElements(std::size_t size) {
+  constexpr std::size_t kUsualText = 64;  // Of one element.
+  return size / kUsualText + 1;
+}
+
 // The root of a document in UTF-8, with its elements in `elements`; or null if
 // the document is not plain or not well-formed. It is for readTree() to
 // decide which of the two it is, and to name the place.
