@@ -102,6 +102,7 @@ bool addOptions(void* element, DriverFeature& feature, const std::string& featur
   // one for each.
   const auto size = static_cast<std::size_t>(std::max(count, 0)) * sizeof(DriverFeatureOption);
   auto* room = static_cast<std::byte*>(::operator new(size));
+  PropertyRoom& properties = masterSet().list().room();
   // Every child is an option, whatever its tag.
   ChildElements child(element);
   std::string text;
@@ -112,6 +113,7 @@ bool addOptions(void* element, DriverFeature& feature, const std::string& featur
       logFixed(Level::kError, "CreateFeature() - Could not create MultiSelect feature option");
       return false;
     }
+    option->movePropertiesTo(properties);
     if (!feature.addOptionToFeature(option)) {
       std::string optionName;
       option->getOptionProperty(std::string("Name"), optionName);

@@ -114,6 +114,22 @@ TEST_F(OptionsTest, Option_DisplayTextAndVisibility_AreNotRead) {
   EXPECT_THAT(takeEvents(), IsEmpty());
 }
 
+TEST_F(OptionsTest, List_TextsOfOneOptionChange_TheOthersStay) {
+  DriverFeature* built = buildFeature(
+      R"(<Feature FeatureType="MultiSelect" Name="Media" DefaultValue="A4">)"
+      R"(<Option Name="A4" PSCommand="four"/><Option Name="A3" PSCommand="three"/></Feature>)");
+  ASSERT_NE(built, nullptr);
+  CoreOption& first = *built->fetchOptionByIndex(0);
+  CoreOption& second = *built->fetchOptionByIndex(1);
+  for (const std::string text : {"FOUR", "a longer text than before", "", "4"}) {
+    EXPECT_TRUE(first.setOptionProperty(std::string("PSCommand"), text));
+    EXPECT_EQ(readText(first, "PSCommand"), text);
+    EXPECT_EQ(readText(first, "Name"), "A4");
+    EXPECT_EQ(readText(second, "PSCommand"), "three");
+    EXPECT_EQ(readText(second, "Name"), "A3");
+  }
+}
+
 TEST_F(OptionsTest, List_NoChildren_Fails) {
   const std::string line = logLine(1, "CreateFeature() - No options for MultiSelect feature");
   LogMessageBuffer = "untouched";

@@ -39,6 +39,10 @@ class DriverFeatureOption : public IntermediateCoreOption {
 
   bool isSensitive() const { return sensitive_; }
 
+  // For the loader, when it has set all: moves the properties into the room,
+  // which must outlive the option.
+  void movePropertiesTo(driver_feature::PropertyRoom& room) { kept_.moveTo(room); }
+
  private:
   struct Properties;
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "model/name_index.h"
+#include "model/property_room.h"
 
 class DriverFeature;
 class DriverFeatureDynamicGroup;
@@ -60,6 +61,9 @@ class FeatureList {
     return position >= 0 ? features_[static_cast<std::size_t>(position)]->feature : nullptr;
   }
 
+  // For the properties of the features' options, which are never removed.
+  PropertyRoom& room() { return room_; }
+
   // A state to go back to, for a load that fails. All that was added after it is
   // taken out again, and replaced features are filed again.
   struct Mark {
@@ -99,6 +103,7 @@ class FeatureList {
   std::vector<Replacement> replacements_;
   std::vector<DriverFeatureStaticGroup*> staticGroups_;
   std::vector<DriverFeatureDynamicGroup*> dynamicGroups_;
+  PropertyRoom room_;
 };
 
 }  // namespace driver_feature

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <new>
-#include <utility>
 
 namespace driver_feature {
 
@@ -30,14 +30,14 @@ char* writeHead(std::size_t property, std::size_t size, char* at) {
 // again does not move the others.
 void PropertyStore::setText(std::size_t property, std::string_view text) {
   const Entry old = find(static_cast<unsigned char>(property));
-  char* const begin = entries_.get() + (old.begin - entries_.get());
+  char* const begin = entries_ + (old.begin - entries_);
   char* const content = begin + (old.content.data() - begin);
   if (text.size() == old.content.size()) {
     std::copy(text.begin(), text.end(), content);
     return;
   }
   const char* const after = content + old.content.size();
-  const char* const end = entries_.get() + size_;
+  const char* const end = entries_ + size_;
   const std::size_t left = size_ - static_cast<std::size_t>(after - begin);
   const std::size_t added = text.empty() ? 0 : headSize(text.size()) + text.size();
   if (left + added > capacity_) {
@@ -47,7 +47,7 @@ void PropertyStore::setText(std::size_t property, std::string_view text) {
   }
   size_ = static_cast<std::uint32_t>(left);
   if (text.empty()) return;
-  char* const place = writeHead(property, text.size(), entries_.get() + size_);
+  char* const place = writeHead(property, text.size(), entries_ + size_);
   std::copy(text.begin(), text.end(), place);
   size_ += static_cast<std::uint32_t>(added);
 }
@@ -57,10 +57,20 @@ void PropertyStore::setText(std::size_t property, std::string_view text) {
 void PropertyStore::grow(std::size_t capacity, const char* begin, const char* after) {
   if (capacity > std::numeric_limits<std::uint32_t>::max()) throw std::bad_alloc();
   auto grown = std::make_unique_for_overwrite<char[]>(capacity);
-  const char* const first = entries_.get();
+  const char* const first = entries_;
   std::copy(after, first + size_, std::copy(first, begin, grown.get()));
-  entries_ = std::move(grown);
+  freeOwn();
+  entries_ = grown.release();
   capacity_ = static_cast<std::uint32_t>(capacity);
+}
+
+void PropertyStore::moveTo(PropertyRoom& room) {
+  char* const place = room.take(size_);
+  if (place == nullptr) return;
+  std::copy_n(entries_, size_, place);
+  freeOwn();
+  entries_ = place;
+  capacity_ = 0;
 }
 
 }  // namespace driver_feature

@@ -8,8 +8,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <memory>
 #include <string_view>
+
+#include "model/property_room.h"
 
 namespace driver_feature {
 
@@ -17,6 +18,11 @@ namespace driver_feature {
 // empty, a number 0.
 class PropertyStore {
  public:
+  PropertyStore() = default;
+  ~PropertyStore() { freeOwn(); }
+  PropertyStore(const PropertyStore&) = delete;
+  PropertyStore& operator=(const PropertyStore&) = delete;
+
   // Valid until the next change of any property in this store.
   std::string_view text(std::size_t property) const {
     return find(static_cast<unsigned char>(property)).content;
@@ -41,6 +47,10 @@ class PropertyStore {
     setText(property, isUnset ? std::string_view() : std::string_view(bytes, sizeof number));
   }
 
+  // Moves all properties into the room, which must outlive the store. It is for
+  // those that will hardly change: a change of a size takes memory of its own.
+  void moveTo(PropertyRoom& room);
+
  private:
   struct Entry {
     const char* begin;
@@ -48,10 +58,13 @@ class PropertyStore {
   };
 
   void grow(std::size_t capacity, const char* begin, const char* after);
+  void freeOwn() {
+    if (capacity_ > 0) delete[] entries_;
+  }
 
   // Without an entry of that property: nothing at the end.
   Entry find(unsigned char property) const {
-    const char* at = entries_.get();
+    const char* at = entries_;
     const char* const end = at + size_;
     while (at != end) {
       const char* const begin = at;
@@ -78,9 +91,9 @@ class PropertyStore {
 
   // One entry after another: the property's number, the size, the content.
   // Smaller than a std::string, for there are many stores.
-  std::unique_ptr<char[]> entries_;
+  char* entries_ = nullptr;
   std::uint32_t size_ = 0;
-  std::uint32_t capacity_ = 0;
+  std::uint32_t capacity_ = 0;  // 0 in a room.
 };
 
 }  // namespace driver_feature

@@ -1,5 +1,6 @@
 #include "model/property_store.h"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -67,6 +68,7 @@ TEST(PropertyStoreTest, Numbers_AreKept) {
 }
 
 TEST(PropertyStoreTest, ManyChanges_AgreeWithAMap) {
+  PropertyRoom room;
   PropertyStore store;
   std::map<std::size_t, std::string> expected;
   std::uint32_t random = 1;
@@ -76,9 +78,64 @@ TEST(PropertyStoreTest, ManyChanges_AgreeWithAMap) {
     const std::string text((random >> 16U) % 200, static_cast<char>(random >> 24U));
     store.setText(property, text);
     expected[property] = text;
+    if (i % 100 == 0) store.moveTo(room);
     const std::size_t other = (random >> 4U) % 45;
     ASSERT_EQ(store.text(other), expected[other]) << i;
   }
+}
+
+TEST(PropertyStoreTest, ManyStoresInOneRoom_EachKeepsItsOwn) {
+  PropertyRoom room;
+  std::array<PropertyStore, 1000> stores;
+  const auto textOf = [](std::size_t i) { return std::string(i % 150, static_cast<char>(i)); };
+  for (std::size_t i = 0; i < stores.size(); ++i) {
+    stores[i].setText(1, textOf(i));
+    stores[i].setText(2, std::to_string(i));
+    stores[i].moveTo(room);
+  }
+  for (std::size_t i = 0; i < stores.size(); ++i) {
+    EXPECT_EQ(stores[i].text(1), textOf(i)) << i;
+    EXPECT_EQ(stores[i].text(2), std::to_string(i)) << i;
+  }
+}
+
+TEST(PropertyStoreTest, ChangesInARoom_LeaveTheNeighbourAlone) {
+  PropertyRoom room;
+  PropertyStore store;
+  PropertyStore neighbour;
+  for (PropertyStore* each : {&store, &neighbour}) {
+    each->setText(1, "first");
+    each->setText(2, "second");
+    each->moveTo(room);
+  }
+  for (const char* text : {"FIRST", "longer than it was", "", "1", ""}) {
+    store.setText(1, text);
+    EXPECT_EQ(store.text(1), text);
+    EXPECT_EQ(store.text(2), "second") << text;
+    EXPECT_EQ(neighbour.text(1), "first") << text;
+    EXPECT_EQ(neighbour.text(2), "second") << text;
+  }
+  neighbour.setText(2, "");
+  neighbour.setText(1, "");
+  EXPECT_EQ(neighbour.text(1), "");
+  EXPECT_EQ(store.text(2), "second");
+}
+
+// Three of the 2,000 bytes say which property it is and how long.
+TEST(PropertyStoreTest, MoveToARoom_OnlySmallStoresMove) {
+  const auto moves = [](std::size_t size) {
+    PropertyStore store;
+    store.setText(1, std::string(size, 'x'));
+    const char* before = store.text(1).data();
+    PropertyRoom room;
+    store.moveTo(room);
+    EXPECT_EQ(store.text(1), std::string(size, 'x'));
+    return store.text(1).data() != before;
+  };
+  EXPECT_TRUE(moves(1));
+  EXPECT_TRUE(moves(1997));
+  EXPECT_FALSE(moves(1998));
+  EXPECT_FALSE(moves(100000));
 }
 
 }  // namespace
