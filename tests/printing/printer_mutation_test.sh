@@ -27,7 +27,7 @@ mkdir "$folder/findings"
 # Routines and libraries keep what they have for as long as they live.
 export ASAN_OPTIONS="log_path=$folder/findings/asan:detect_leaks=0:${ASAN_OPTIONS:-}"
 export UBSAN_OPTIONS="log_path=$folder/findings/ubsan:print_stacktrace=1:${UBSAN_OPTIONS:-}"
-startPrinter "$folder" --callbacks "$build/lib/liboffice_routines.so" \
+startPrinter "$folder" --tls offered --callbacks "$build/lib/liboffice_routines.so" \
   "office=$source/descriptions/office_laser.xml" "labels=$source/descriptions/label_printer.xml"
 status=0
 python3 -B "$source/tests/printing/trial/mutated_requests.py" "$seconds" "$seed" "$printerPort" \

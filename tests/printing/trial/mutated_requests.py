@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Sends mutated requests to a printer program for some time: IPP of each operation with
-attributes of all kinds, documents of all types, and the HTTP around them. The program must
-stay, and respond to a request of each hundred that is not mutated.
+attributes of all kinds, documents of all types, and the HTTP around them. Some of them are
+encrypted, in some the encryption itself is mutated. The program must stay, and respond to
+requests that are not mutated after each hundred, in the clear and encrypted.
 
 usage: mutated_requests.py SECONDS SEED PORT PROCESS DOCUMENT...
 
@@ -10,6 +11,7 @@ The names of documents end with ps, pdf, jpg or pwg. Prints how many requests we
 import os
 import random
 import socket
+import ssl
 import struct
 import sys
 import time
@@ -139,30 +141,102 @@ class Mutator:
         return http + body
 
 
-def exchange(data, whole=False):
+def tlsContext():
+    context = ssl.SSLContext(ssl.PROTOCOL_TLS_CLIENT)
+    context.check_hostname = False
+    context.verify_mode = ssl.CERT_NONE
+    return context
+
+
+TLS = tlsContext()
+
+
+class TlsBytes:
+    """Encrypts on its own, so that what goes over the network can be changed on its way."""
+
+    def __init__(self, peer):
+        self.peer, self.arriving, self.leaving = peer, ssl.MemoryBIO(), ssl.MemoryBIO()
+        self.tls = TLS.wrap_bio(self.arriving, self.leaving)
+
+    def flush(self, change):
+        if data := self.leaving.read():
+            self.peer.sendall(change(data))
+
+    def handshake(self, change):
+        while True:
+            try:
+                self.tls.do_handshake()
+                return self.flush(change)
+            except ssl.SSLWantReadError:
+                self.flush(change)
+                data = self.peer.recv(65536)
+                if not data:
+                    raise ConnectionError from None
+                self.arriving.write(data)
+
+    def send(self, data, change):
+        self.handshake(change)
+        self.tls.write(data)
+        self.flush(change)
+
+
+def receive(peer, whole):
+    answer = b''
+    try:
+        while part := peer.recv(65536):
+            answer += part
+            if whole and b'media-col-default' in answer:
+                break
+    except OSError:
+        pass
+    return answer
+
+
+def exchange(data, whole=False, isEncrypted=False):
     with socket.create_connection(('127.0.0.1', PORT), timeout=20) as peer:
         peer.settimeout(20 if whole else 0.3)
-        answer = b''
         try:
+            if isEncrypted:
+                # Sanitizers make the handshake slow.
+                peer.settimeout(20)
+                peer = TLS.wrap_socket(peer)
+                peer.settimeout(20 if whole else 0.3)
             peer.sendall(data)
-            if not whole:
+            if not whole and not isEncrypted:
                 peer.shutdown(socket.SHUT_WR)
-            while part := peer.recv(65536):
-                answer += part
-                if whole and b'media-col-default' in answer:
-                    break
         except OSError:
             pass
+        answer = receive(peer, whole)
+        peer.close()
         return answer
 
 
-def isAlive():
+def exchangeMutatedTls(data, mutator):
+    """Bytes of the handshake or of the encrypted request arrive changed."""
+    begin = mutator.random.choice((0, 0, 1, 2))
+    seen = 0
+
+    def change(piece):
+        nonlocal seen
+        seen += 1
+        return mutator.mutated(piece, mutator.random.randint(1, 4)) if seen > begin else piece
+    with socket.create_connection(('127.0.0.1', PORT), timeout=20) as peer:
+        peer.settimeout(1)
+        try:
+            TlsBytes(peer).send(data, change)
+            peer.settimeout(0.3)
+        except (OSError, ssl.SSLError):
+            pass
+        receive(peer, False)
+
+
+def isAlive(isEncrypted):
     head = (struct.pack('>BBHI', 2, 0, 0x0b, 1) + b'\1' + value(CHARSET, 'attributes-charset', b'utf-8')
             + value(LANGUAGE, 'attributes-natural-language', b'en')
             + value(URI, 'printer-uri', b'ipp://localhost/ipp/print/office') + b'\3')
     http = f'POST /ipp/print/office HTTP/1.1\r\nHost: localhost\r\nContent-Type: application/ipp\r\n' \
            f'Content-Length: {len(head)}\r\n\r\n'
-    return b'media-col-default' in exchange(http.encode() + head, True)
+    return b'media-col-default' in exchange(http.encode() + head, True, isEncrypted)
 
 
 def main():
@@ -173,14 +247,17 @@ def main():
     mutator = Mutator(SEED, documents)
     end, sent = time.monotonic() + SECONDS, 0
     while time.monotonic() < end:
-        message = mutator.message()
-        exchange(message)
+        message, way = mutator.message(), mutator.random.random()
+        if way < 0.05:
+            exchangeMutatedTls(message, mutator)
+        else:
+            exchange(message, isEncrypted=way < 0.15)
         sent += 1
         if sent % 100:
             continue
         try:
             os.kill(PROCESS, 0)
-            if isAlive():
+            if isAlive(False) and isAlive(True):
                 continue
         except OSError:
             pass
