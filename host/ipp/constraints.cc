@@ -13,6 +13,9 @@ namespace {
 
 constexpr std::size_t kMostCollections = 500;
 
+// About twice as many as the largest PPD has rules.
+constexpr std::size_t kMostConstraints = 10000;
+
 // What every constraint is called, besides its name. libcups (2.4, and 3.0) finds a
 // conflict only when the job has all members of a constraint, and looks for a value of
 // this one, too: among the job's options, and then among the printer's defaults. With a
@@ -111,6 +114,8 @@ class ConstraintLists {
     if (ipp_t* resolver = resolverOf(parts, name)) resolvers_.push_back(resolver);
   }
 
+  bool isFull() const { return constraints_.size() >= kMostConstraints; }
+
   void write(ipp_t* printer) {
     if (constraints_.empty()) return;
     addCollections(printer, IPP_TAG_PRINTER, "job-constraints-supported", std::move(constraints_));
@@ -126,9 +131,12 @@ class ConstraintLists {
 
 }  // namespace
 
-void addConstraints(ipp_t* printer, const AttributeTable& table, const Capabilities& all) {
+std::size_t addConstraints(ipp_t* printer, const AttributeTable& table, const Capabilities& all) {
   ConstraintLists lists;
+  std::size_t leftOut = all.rules.size();
   for (const RuleCapability& rule : all.rules) {
+    if (lists.isFull()) break;
+    --leftOut;
     for (const std::vector<Part>& parts : variantsOf(table, all, rule)) {
       if (parts.empty()) continue;
       lists.add(rule.id, parts);
@@ -138,6 +146,7 @@ void addConstraints(ipp_t* printer, const AttributeTable& table, const Capabilit
     }
   }
   lists.write(printer);
+  return leftOut;
 }
 
 }  // namespace driver_feature::ipp

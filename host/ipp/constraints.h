@@ -5,6 +5,8 @@
 
 #include <cups/ipp.h>
 
+#include <cstddef>
+
 #include "host/ipp/attribute_table.h"
 
 namespace driver_feature::ipp {
@@ -13,7 +15,10 @@ namespace driver_feature::ipp {
 // which libcups finds them. A rule with a condition that jobs cannot express is
 // left out, unless the hardware decides that condition: a rule that the present
 // hardware rules out never applies.
-void addConstraints(ipp_t* printer, const AttributeTable& table, const Capabilities& all);
+//
+// Clients fetch all of them each time they ask for the printer, so there is a limit.
+// Returns how many rules, the last ones, are left out because of it.
+std::size_t addConstraints(ipp_t* printer, const AttributeTable& table, const Capabilities& all);
 
 }  // namespace driver_feature::ipp
 

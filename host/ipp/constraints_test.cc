@@ -98,5 +98,23 @@ TEST(ConstraintsTest, Rule_ThatAttributesCannotSay_IsLeftOut) {
   EXPECT_EQ(advertised(printer, "resolver-name-default"), "(none)");
 }
 
+// Three rules more than there is room for.
+TEST(ConstraintsTest, Rules_MoreThanClientsCanBeTold_TheLastOnesAreLeftOut) {
+  std::vector<RuleCapability> rules;
+  for (int number = 1; number <= 10003; ++number) {
+    rules.push_back({"r" + std::to_string(number),
+                     {{"Duplex", Kind::kIsNot, {"None"}, 0}, {"PageSize", Kind::kIs, {"A5"}, 0}}});
+  }
+  const Translation translation = printerWith(std::move(rules));
+  const IppPointer printer(ippNew());
+  EXPECT_EQ(translation.addPrinterAttributes(printer.get()), 3U);
+  ipp_attribute_t* constraints =
+      ippFindAttribute(printer.get(), "job-constraints-supported", IPP_TAG_BEGIN_COLLECTION);
+  ASSERT_EQ(ippGetCount(constraints), 10000);
+  ipp_attribute_t* last =
+      ippFindAttribute(ippGetCollection(constraints, 9999), "resolver-name", IPP_TAG_NAME);
+  EXPECT_STREQ(ippGetString(last, 0, nullptr), "r10000");
+}
+
 }  // namespace
 }  // namespace driver_feature::ipp

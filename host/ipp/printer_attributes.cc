@@ -5,7 +5,6 @@
 
 #include "host/base/text.h"
 #include "host/description/description_index.h"
-#include "host/ipp/constraints.h"
 #include "host/ipp/finishings.h"
 #include "host/ipp/ipp_values.h"
 #include "host/ipp/media_attributes.h"
@@ -152,7 +151,7 @@ void addHardware(ipp_t* printer, const AttributeTable& table) {
 
 }  // namespace
 
-void addAllAttributes(ipp_t* printer, const AttributeTable& table, const Capabilities& all,
+void addAllAttributes(ipp_t* printer, const AttributeTable& table,
                       std::vector<std::string>& names) {
   addCopies(printer, table.copies);
   addMediaAttributes(printer, table, names);
@@ -170,7 +169,6 @@ void addAllAttributes(ipp_t* printer, const AttributeTable& table, const Capabil
                              "job-hold-until", "overrides"});
   addPresets(printer, table);
   addHardware(printer, table);
-  addConstraints(printer, table, all);
   // The pages of a job are all printed alike: these are only what must be named. The
   // tests of IPP Everywhere and of IPP/2.2 ask for one of two spellings each.
   addKeywords(printer, kPrinter, "overrides-supported",

@@ -19,10 +19,9 @@ void addSettingAttributes(ipp_t* target, ipp_tag_t group, const AttributeTable& 
 // The names of the attributes that carry the feature.
 std::vector<std::string> carriersOf(const AttributeTable& table, const std::string& feature);
 
-// Everything that Translation::addPrinterAttributes() adds, and the names of the
-// attributes of jobs.
-void addAllAttributes(ipp_t* printer, const AttributeTable& table, const Capabilities& all,
-                      std::vector<std::string>& names);
+// Everything that Translation::addPrinterAttributes() adds, except for constraints,
+// and the names of the attributes of jobs.
+void addAllAttributes(ipp_t* printer, const AttributeTable& table, std::vector<std::string>& names);
 
 }  // namespace driver_feature::ipp
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/ipp/attribute_table.h"
+#include "host/ipp/constraints.h"
 #include "host/ipp/job_reader.h"
 #include "host/ipp/media_table.h"
 #include "host/ipp/setting_attributes.h"
@@ -24,15 +25,16 @@ const Capabilities& Translation::capabilities() const {
   return *capabilities_;
 }
 
-void Translation::addPrinterAttributes(ipp_t* response) const {
+std::size_t Translation::addPrinterAttributes(ipp_t* response) const {
   std::vector<std::string> names;
-  addAllAttributes(response, *table_, *capabilities_, names);
+  addAllAttributes(response, *table_, names);
+  return addConstraints(response, *table_, *capabilities_);
 }
 
 std::vector<std::string> Translation::jobAttributeNames() const {
   std::vector<std::string> names;
   ipp_t* response = ippNew();
-  addAllAttributes(response, *table_, *capabilities_, names);
+  addAllAttributes(response, *table_, names);
   ippDelete(response);
   return names;
 }

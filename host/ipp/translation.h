@@ -37,8 +37,9 @@ class Translation {
   // Adds to the printer group: XXX-supported, XXX-default and XXX-ready of all
   // attributes of a job that this class reads, job-creation-attributes-supported
   // with their names, the presets, and the rules as constraints. Not: what is about
-  // the printer as a device, its formats and its jobs.
-  void addPrinterAttributes(ipp_t* response) const;
+  // the printer as a device, its formats and its jobs. Returns how many rules, the
+  // last ones, are not among the constraints because there are too many.
+  std::size_t addPrinterAttributes(ipp_t* response) const;
 
   // The names in job-creation-attributes-supported.
   std::vector<std::string> jobAttributeNames() const;

@@ -105,11 +105,12 @@ std::optional<double> decimalIn(std::string_view text) {
 }
 
 std::string DistinctWords::add(const std::string& word) {
-  std::string distinct = word;
-  for (int number = 2; !words_.insert(distinct).second; ++number) {
-    distinct = word + "-" + std::to_string(number);
+  const auto [same, isNew] = words_.try_emplace(word, 1);
+  if (isNew) return word;
+  for (;;) {
+    std::string distinct = word + "-" + std::to_string(++same->second);
+    if (words_.try_emplace(distinct, 1).second) return distinct;
   }
-  return distinct;
 }
 
 }  // namespace driver_feature::ipp

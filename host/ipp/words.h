@@ -3,7 +3,7 @@
 #define HOST_IPP_WORDS_H_
 
 #include <optional>
-#include <set>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -37,7 +37,8 @@ class DistinctWords {
   std::string add(const std::string& word);
 
  private:
-  std::set<std::string> words_;
+  // Each word, and the last number that it was tried with: thousands may be alike.
+  std::map<std::string, int> words_;
 };
 
 }  // namespace driver_feature::ipp

@@ -19,5 +19,16 @@ TEST(WordsTest, KeywordFor_Names_AreWordsWithHyphens) {
   EXPECT_EQ(keywordFor(std::string(400, 'a')).size(), 200U);
 }
 
+TEST(WordsTest, DistinctWords_SameWordAgain_GetsTheNextFreeNumber) {
+  DistinctWords words;
+  EXPECT_EQ(words.add("tray"), "tray");
+  EXPECT_EQ(words.add("tray-3"), "tray-3");
+  EXPECT_EQ(words.add("tray"), "tray-2");
+  EXPECT_EQ(words.add("tray"), "tray-4");
+  EXPECT_EQ(words.add("tray-3"), "tray-3-2");
+  EXPECT_TRUE(words.has("tray-4"));
+  EXPECT_FALSE(words.has("tray-5"));
+}
+
 }  // namespace
 }  // namespace driver_feature::ipp

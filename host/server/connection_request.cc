@@ -78,7 +78,10 @@ bool Connection::readFields(std::string resource, http_state_t state) {
   type.erase(std::min(type.find(';'), type.size()));
   request_.contentType = toLower(std::string(trimmed(type, " \t")));
   request_.isEncrypted = relay_.isEncrypted();
-  isLast_ = ::httpGetKeepAlive(relay_.http()) == HTTP_KEEPALIVE_OFF;
+  // libcups knows from the version of HTTP only.
+  const std::string connection = toLower(fieldOf(relay_.http(), HTTP_FIELD_CONNECTION));
+  isLast_ = ::httpGetKeepAlive(relay_.http()) == HTTP_KEEPALIVE_OFF ||
+            connection.find("close") != std::string::npos;
   if (status != HTTP_STATUS_OK) {
     respond(plainResponse(HTTP_STATUS_BAD_REQUEST), true);
     return true;

@@ -143,6 +143,15 @@ TEST_F(ServerTest, Get_TwoOnOneConnection_HaveTheirResponses) {
   EXPECT_EQ(brief(client.receiveUpTo("page /b")), "200 OK: page /b");
 }
 
+TEST_F(ServerTest, Get_ClientWantsTheEnd_ConnectionEndsAfterTheResponse) {
+  start();
+  Client client(port_);
+  client.send("GET /a HTTP/1.1\r\n" + kHost + "Connection: Close\r\n\r\n");
+  const std::string response = client.receiveUpTo("never");
+  EXPECT_EQ(brief(response), "200 OK: page /a(end)");
+  EXPECT_NE(response.find("\r\nConnection: close\r\n"), std::string::npos) << response;
+}
+
 TEST_F(ServerTest, Head_OfAPage_HasNoBody) {
   start();
   Client client(port_);

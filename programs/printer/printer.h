@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,7 @@ struct Printer {
   std::unique_ptr<ModelWorker> worker;
   std::optional<ipp::Translation> translation;  // Nothing before the description is loaded.
   IppPointer attributes = noIpp();              // What does not change while it prints.
+  std::set<std::string> jobAttributes;          // The names of those that jobs can have.
   std::string queueFile;
   std::unique_ptr<JobRun> run;       // Of the job that is being printed.
   int current = 0;                   // Its number; 0 for none.

@@ -201,7 +201,13 @@ IppPointer fixedAttributes(const Service& service, const Printer& printer) {
   addProtocol(list);
   addIdentity(list, service, printer);
   addDocuments(list);
-  printer.translation->addPrinterAttributes(message.get());
+  const std::size_t leftOut = printer.translation->addPrinterAttributes(message.get());
+  if (leftOut > 0) {
+    const std::size_t rules = printer.translation->capabilities().rules.size();
+    cli::printError(printer.name + ": too many rules: clients are not told the last " +
+                    std::to_string(leftOut) + " of " + std::to_string(rules) +
+                    "; jobs are checked against all");
+  }
   addRasterResolutions(message.get());
   list.boolean("color-supported", hasColour(message.get()));
   if (hasColour(message.get())) list.integer("pages-per-minute-color", 1);
@@ -223,10 +229,7 @@ void addPrinterAttributes(Service& service, IppExchange& exchange) {
     return;
   }
   const Requested requested(request, {"all"});
-  std::set<std::string> templates;
-  for (std::string& name : exchange.printer->translation->jobAttributeNames()) {
-    templates.insert(std::move(name));
-  }
+  const std::set<std::string>& templates = exchange.printer->jobAttributes;
   const IppPointer own = presetAttributes(service, *exchange.printer, exchange.preset);
   requested.copyPrinter(exchange.response.get(), exchange.printer->attributes.get(), templates,
                         own.get(), true);

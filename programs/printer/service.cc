@@ -173,6 +173,9 @@ void Service::takeModel(Printer& printer, host::Result<LoadedModel> model) {
   printer.translation.emplace(std::move(model->capabilities));
   printer.configured = now();
   printer.attributes = fixedAttributes(*this, printer);
+  for (std::string& name : printer.translation->jobAttributeNames()) {
+    printer.jobAttributes.insert(std::move(name));
+  }
   log(printer.name + ": ready");
   announce();
   startNext(printer);
