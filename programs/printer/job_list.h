@@ -40,7 +40,8 @@ class JobList final {
 
   Spool& spool() { return *spool_; }
 
-  // Keeps a new job. Problem: kNotWritten, and there is no job.
+  // Takes a new job, which can be printed and is kept from commit() on. Problem:
+  // kNotWritten, and there is no job.
   host::Result<Job*> add(Job job, std::string_view attributes, IncomingDocument* document);
 
   // Keeps what has been changed of a job. A state that cannot be kept is reported

@@ -30,7 +30,9 @@ class JobListTest : public ::testing::Test {
     Job job;
     job.printer = printer;
     job.state = state;
-    return **list_->add(job, "", nullptr);
+    Job& added = **list_->add(job, "", nullptr);
+    EXPECT_TRUE(list_->spool().commit(added));
+    return added;
   }
 
   fs::path folder_;
@@ -72,7 +74,8 @@ TEST_F(JobListTest, Load_DocumentHasNotCome_IsAbortedAfterSomeTime) {
     job.state = IPP_JSTATE_HELD;
     job.isIncoming = true;
     job.created = created;
-    ASSERT_TRUE(list_->add(job, "", nullptr));
+    auto added = list_->add(job, "", nullptr);
+    ASSERT_TRUE(added && list_->spool().commit(**added));
   }
   start();
   EXPECT_EQ(list_->find(1)->state, IPP_JSTATE_ABORTED);
@@ -84,6 +87,7 @@ TEST_F(JobListTest, End_JobHadOptions_NoneIsKept) {
   job.printer = "office";
   job.options = {{"HoldPin", "1234"}};
   Job& added = **list_->add(job, "", nullptr);
+  ASSERT_TRUE(list_->spool().commit(added));
   EXPECT_EQ(list_->find(1)->options.size(), 1U);
   ASSERT_TRUE(list_->end(added, IPP_JSTATE_COMPLETED, "none", "", 5));
   start();

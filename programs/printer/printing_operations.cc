@@ -179,17 +179,18 @@ void addJob(Service& service, IppExchange& exchange, Job job) {
   const auto added =
       service.jobs().add(std::move(job), attributesToKeep(exchange), exchange.document.get());
   exchange.document.reset();
-  if (!added) {
-    cli::printProblem(added.error());
+  if (!added) cli::printProblem(added.error());
+  if (added) {
+    const Job& taken = **added;
+    log(taken, "accepted from " + taken.user + ", " + std::to_string(taken.bytes) + " bytes of " +
+                   (taken.format.empty() ? "a document to come" : taken.format));
+  }
+  if (!added || !service.accept(*exchange.printer, **added)) {
     exchange.respond(IPP_STATUS_ERROR_INTERNAL, "The job cannot be kept.");
     return;
   }
-  const Job& kept = **added;
-  log(kept, "accepted from " + kept.user + ", " + std::to_string(kept.bytes) + " bytes of " +
-                (kept.format.empty() ? "a document to come" : kept.format));
-  service.startNext(*exchange.printer);
   addJobResponse(service, exchange, **added);
-  if (kept.isIncoming) service.limitWait(kept.number);
+  if ((*added)->isIncoming) service.limitWait((*added)->number);
 }
 
 }  // namespace
@@ -292,7 +293,9 @@ bool sendDocument(Service& service, const std::shared_ptr<IppExchange>& shared) 
   }
   *job = std::move(changed);
   log(*job, "received " + std::to_string(job->bytes) + " bytes of " + job->format);
-  service.startNext(*exchange.printer);
+  if (!service.accept(*exchange.printer, *job)) {
+    return exchange.respond(IPP_STATUS_ERROR_INTERNAL, "The document cannot be kept.");
+  }
   addJobResponse(service, exchange, *job);
   return true;
 }

@@ -205,6 +205,15 @@ void Service::keep(Job& job) {
   if (const auto kept = jobs_->keep(job); !kept) cli::printProblem(kept.error());
 }
 
+bool Service::accept(Printer& printer, Job& job) {
+  startNext(printer);
+  const auto kept = jobs_->spool().commit(job);
+  if (kept) return true;
+  cli::printProblem(kept.error());
+  cancel(job, "The job cannot be kept.");
+  return false;
+}
+
 void Service::startNext(Printer& printer) {
   if (printer.current != 0 || !printer.isReady()) return;
   Job* job = jobs_->next(printer.name);

@@ -49,6 +49,11 @@ class Service final {
   // Keeps a changed job; a failure goes to the log.
   void keep(Job& job);
 
+  // Prints a job that the spool has just taken, or lets it wait, and keeps it: clients
+  // may hear of it after that only. While the disk works, printing begins. False when
+  // it cannot be kept; the job is cancelled, then.
+  bool accept(Printer& printer, Job& job);
+
   // Lets a job that waits for its document wait for some time only.
   void limitWait(int number);
 

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/random.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -37,25 +38,42 @@ host::Failure notWritten(const fs::path& path, int error) {
   return host::Failure(std::move(problem));
 }
 
-// Names of a folder reach the disk when the folder does.
-void flushFolder(const fs::path& folder) {
-  const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor == -1) return;
-  ::fsync(descriptor);
+// Brings a file or a folder to the disk. Names in a folder get there with the folder.
+host::Result<> flush(const fs::path& path) {
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor == -1) return notWritten(path, errno);
+  const int error = ::fsync(descriptor) == 0 ? 0 : errno;
   ::close(descriptor);
+  // Not every file system can do so with folders.
+  if (error != 0 && error != EINVAL) return notWritten(path, error);
+  return {};
+}
+
+host::Result<> writeFile(const fs::path& path, std::string_view bytes) {
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+  if (file == -1) return notWritten(path, errno);
+  const bool isWritten = host::writeAll(file, bytes);
+  const int error = errno;
+  ::close(file);
+  if (!isWritten) return notWritten(path, error);
+  return {};
+}
+
+host::Result<> giveName(const fs::path& from, const fs::path& to) {
+  if (::rename(from.c_str(), to.c_str()) != 0) return notWritten(to, errno);
+  return {};
+}
+
+// What becomes the file when it is on the disk.
+fs::path newOf(const fs::path& path) {
+  return path.string() + ".new";
 }
 
 // Makes the bytes the content of a file, on the disk.
 host::Result<> writeDurably(const fs::path& path, std::string_view bytes) {
-  const fs::path temporary = path.string() + ".new";
-  const int file = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-  if (file == -1) return notWritten(temporary, errno);
-  const bool isWritten = host::writeAll(file, bytes) && ::fsync(file) == 0;
-  const int error = errno;
-  ::close(file);
-  if (!isWritten) return notWritten(temporary, error);
-  if (::rename(temporary.c_str(), path.c_str()) != 0) return notWritten(path, errno);
-  return {};
+  if (auto done = writeFile(newOf(path), bytes); !done) return done;
+  if (auto done = flush(newOf(path)); !done) return done;
+  return giveName(newOf(path), path);
 }
 
 int numberOf(const std::string& name) {
@@ -102,10 +120,9 @@ host::Result<> IncomingDocument::write(std::string_view bytes) {
   return {};
 }
 
-// Gives it its final name, when all of it is on the disk.
-host::Result<> IncomingDocument::finish(const fs::path& target) {
-  if (::fsync(descriptor_) != 0) return notWritten(path_, errno);
-  if (::rename(path_.c_str(), target.c_str()) != 0) return notWritten(target, errno);
+// Gives it its final name.
+host::Result<> IncomingDocument::moveTo(const fs::path& target) {
+  if (auto done = giveName(path_, target); !done) return done;
   path_.clear();
   return {};
 }
@@ -167,25 +184,35 @@ std::vector<Job> Spool::load(host::Problems& problems) {
     const int number = numberOf(entry.path().filename().string());
     if (number == 0) continue;
     lastNumber_ = std::max(lastNumber_, number);
-    const std::string record = (entry.path() / kRecord).string();
-    const auto text = host::readFile(record);
-    if (!text) {
-      problems.push_back(text.error());
-      continue;
-    }
-    auto job = jobOfRecord(*text);
-    if (!job || job->number != number) {
-      problems.push_back({host::Problem::Kind::kMalformed, "is not the record of a job", ""});
-      problems.back().file = record;
-      continue;
-    }
-    if (job->isOver()) dropDocument(number);
-    used_ += sizeOf(document(number));
-    jobs.push_back(std::move(*job));
+    if (auto job = loadJob(number, problems)) jobs.push_back(std::move(*job));
   }
   std::sort(jobs.begin(), jobs.end(),
             [](const Job& a, const Job& b) { return a.number < b.number; });
   return jobs;
+}
+
+std::optional<Job> Spool::loadJob(int number, host::Problems& problems) {
+  const fs::path record = jobFolder(number) / kRecord;
+  std::error_code ignored;
+  if (!fs::exists(record, ignored)) {
+    // It was never accepted.
+    fs::remove_all(jobFolder(number), ignored);
+    return std::nullopt;
+  }
+  const auto text = host::readFile(record.string());
+  if (!text) {
+    problems.push_back(text.error());
+    return std::nullopt;
+  }
+  auto job = jobOfRecord(*text);
+  if (!job || job->number != number) {
+    problems.push_back({host::Problem::Kind::kMalformed, "is not the record of a job", ""});
+    problems.back().file = record.string();
+    return std::nullopt;
+  }
+  if (job->isOver()) dropDocument(number);
+  used_ += sizeOf(document(number));
+  return std::move(*job);
 }
 
 host::Result<std::unique_ptr<IncomingDocument>> Spool::receive() {
@@ -196,43 +223,52 @@ host::Result<std::unique_ptr<IncomingDocument>> Spool::receive() {
 }
 
 host::Result<> Spool::add(Job& job, std::string_view attributes, IncomingDocument* document) {
-  job.number = lastNumber_ + 1;
-  const fs::path folder = folder_ / "incoming" / std::to_string(job.number);
-  std::error_code error;
-  fs::remove_all(folder, error);
-  if (!fs::create_directory(folder, error)) return notWritten(folder, error.value());
-  const auto write = [&]() -> host::Result<> {
-    if (auto done = writeDurably(folder / kRecord, recordOf(job)); !done) return done;
-    if (auto done = writeDurably(folder / kAttributes, attributes); !done) return done;
-    if (document != nullptr) {
-      if (auto done = document->finish(folder / kDocument); !done) return done;
-    }
-    flushFolder(folder);
-    if (::rename(folder.c_str(), jobFolder(job.number).c_str()) != 0) {
-      return notWritten(jobFolder(job.number), errno);
-    }
-    return {};
+  job.number = ++lastNumber_;
+  const fs::path folder = jobFolder(job.number);
+  if (::mkdir(folder.c_str(), 0700) != 0) return notWritten(folder, errno);
+  const auto take = [&]() -> host::Result<> {
+    if (auto done = writeFile(folder / kAttributes, attributes); !done) return done;
+    if (auto done = writeFile(newOf(folder / kRecord), recordOf(job)); !done) return done;
+    return document == nullptr ? host::Result<>() : document->moveTo(folder / kDocument);
   };
-  if (auto written = write(); !written) {
-    fs::remove_all(folder, error);
-    return written;
+  if (auto taken = take(); !taken) {
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+    return taken;
   }
-  flushFolder(folder_ / "jobs");
-  lastNumber_ = job.number;
   if (document != nullptr) used_ += document->size();
+  files_ = {folder / kAttributes, newOf(folder / kRecord)};
+  if (document != nullptr) files_.push_back(folder / kDocument);
+  folders_ = {folder, folder_ / "jobs"};
   return {};
 }
 
 host::Result<> Spool::addDocument(const Job& job, IncomingDocument& incoming) {
-  if (auto done = incoming.finish(document(job.number)); !done) return done;
+  const fs::path record = newOf(jobFolder(job.number) / kRecord);
+  if (auto done = writeFile(record, recordOf(job)); !done) return done;
+  if (auto done = incoming.moveTo(document(job.number)); !done) return done;
   used_ += incoming.size();
-  return update(job);
+  files_ = {record, document(job.number)};
+  folders_ = {jobFolder(job.number)};
+  return {};
+}
+
+host::Result<> Spool::commit(const Job& job) {
+  for (const fs::path& file : files_) {
+    if (auto done = flush(file); !done) return done;
+  }
+  const fs::path record = jobFolder(job.number) / kRecord;
+  if (auto done = giveName(newOf(record), record); !done) return done;
+  for (const fs::path& folder : folders_) {
+    if (auto done = flush(folder); !done) return done;
+  }
+  return {};
 }
 
 host::Result<> Spool::update(const Job& job) {
   const fs::path folder = jobFolder(job.number);
   if (auto done = writeDurably(folder / kRecord, recordOf(job)); !done) return done;
-  flushFolder(folder);
+  if (auto done = flush(folder); !done) return done;
   if (job.isOver()) dropDocument(job.number);
   return {};
 }

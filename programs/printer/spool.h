@@ -2,21 +2,23 @@
 //
 //   DIR/lock           held while a server uses the folder
 //   DIR/jobs/12/       one job: job.json, attributes, document
-//   DIR/incoming/12/   a job that is being received
+//   DIR/incoming/      documents that are being received
 //   DIR/identity       a random text
 //   DIR/queues/        the PPDs that jobs are printed with
 //   DIR/hardware/      what is built into each printer
 //   DIR/tls/           the certificate of encrypted connections
 //
-// A job is accepted when its folder has its place below jobs: everything in it
-// is on the disk by then, and a client is notified only afterwards. Files change by
-// a new one taking their name. So the jobs are whole whenever the server ends.
+// A job is accepted when job.json has its name: everything that belongs to the job
+// is on the disk by then, and a client is notified only afterwards. A folder without
+// it belongs to a job that no client was told about. Files change by a new one taking
+// their name. So the jobs are whole whenever the server or the machine ends.
 #ifndef PROGRAMS_PRINTER_SPOOL_H_
 #define PROGRAMS_PRINTER_SPOOL_H_
 
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,7 +47,7 @@ class IncomingDocument final {
 
  private:
   friend class Spool;
-  host::Result<> finish(const std::filesystem::path& target);
+  host::Result<> moveTo(const std::filesystem::path& target);
 
   std::filesystem::path path_;
   int descriptor_;
@@ -69,12 +71,17 @@ class Spool final {
   // A place for a document.
   host::Result<std::unique_ptr<IncomingDocument>> receive();
 
-  // Keeps a new job, to which it gives its number, with the attributes as they
-  // are to be returned, and the document, which may be null.
+  // Takes a new job, to which it gives its number, with the attributes as they
+  // are to be returned, and the document, which may be null. The job can be printed
+  // then; it is kept from the next commit() on.
   host::Result<> add(Job& job, std::string_view attributes, IncomingDocument* document);
 
-  // Adds the document to a job that waits for it, and keeps the job's new state.
+  // Adds the document to a job that waits for it, and takes the job's new state. It
+  // is kept from the next commit() on.
   host::Result<> addDocument(const Job& job, IncomingDocument& incoming);
+
+  // Brings to the disk what was taken of the job.
+  host::Result<> commit(const Job& job);
 
   // Keeps the job's new state. One that is over loses its document.
   host::Result<> update(const Job& job);
@@ -98,6 +105,7 @@ class Spool final {
   std::filesystem::path jobFolder(int number) const;
   void dropDocument(int number);
   host::Result<> identify();
+  std::optional<Job> loadJob(int number, host::Problems& problems);
 
   std::filesystem::path folder_;
   int lock_;
@@ -105,6 +113,9 @@ class Spool final {
   int lastNumber_ = 0;
   std::uint64_t lastIncoming_ = 0;
   std::uint64_t used_ = 0;
+  // What commit() has to bring to the disk, before and after the record has its name.
+  std::vector<std::filesystem::path> files_;
+  std::vector<std::filesystem::path> folders_;
 };
 
 }  // namespace driver_feature::printer

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -11,6 +13,20 @@
 #include <thread>
 
 #include "programs/printer/job_record.h"
+
+namespace {
+
+// The files and folders that were brought to the disk.
+std::vector<std::string> flushed;
+
+}  // namespace
+
+// In place of the system's, for the whole test program.
+extern "C" int fsync(int descriptor) {
+  flushed.push_back(
+      std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor)).string());
+  return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
 
 namespace driver_feature::printer {
 namespace {
@@ -43,6 +59,11 @@ class SpoolTest : public ::testing::Test {
     return job;
   }
 
+  // As the client hears of it.
+  bool accept(Job& job, const std::string& attributes, IncomingDocument* document) {
+    return spool_->add(job, attributes, document) && spool_->commit(job);
+  }
+
   std::unique_ptr<IncomingDocument> received(const std::string& text) {
     auto document = spool_->receive();
     EXPECT_TRUE(document);
@@ -63,7 +84,7 @@ class SpoolTest : public ::testing::Test {
 TEST_F(SpoolTest, Add_JobWithDocument_IsThereAfterANewStart) {
   Job job = pending();
   auto document = received("%PDF-");
-  ASSERT_TRUE(spool_->add(job, "attributes", document.get()));
+  ASSERT_TRUE(accept(job, "attributes", document.get()));
   EXPECT_EQ(job.number, 1);
   document.reset();
   open();
@@ -81,6 +102,72 @@ TEST_F(SpoolTest, Add_JobWithDocument_IsThereAfterANewStart) {
   struct stat status {};
   ASSERT_EQ(::stat(spool_->document(1).c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
+}
+
+TEST_F(SpoolTest, Add_MachineEndsBeforeCommit_JobWasNeverAccepted) {
+  Job job = pending();
+  auto document = received("hello");
+  ASSERT_TRUE(spool_->add(job, "attributes", document.get()));
+  EXPECT_EQ(read(spool_->document(1)), "hello");
+  document.reset();
+  open();
+  host::Problems problems;
+  EXPECT_TRUE(spool_->load(problems).empty());
+  EXPECT_TRUE(problems.empty());
+  EXPECT_TRUE(fs::is_empty(folder_ / "spool" / "jobs"));
+}
+
+TEST_F(SpoolTest, AddDocument_MachineEndsBeforeCommit_JobWaitsForIt) {
+  Job job = pending();
+  job.isIncoming = true;
+  ASSERT_TRUE(accept(job, "", nullptr));
+  job.isIncoming = false;
+  auto document = received("hello");
+  ASSERT_TRUE(spool_->addDocument(job, *document));
+  document.reset();
+  open();
+  host::Problems problems;
+  const std::vector<Job> jobs = spool_->load(problems);
+  ASSERT_EQ(jobs.size(), 1U);
+  EXPECT_TRUE(jobs[0].isIncoming);
+}
+
+// All files get to the disk before the record has its name, and the names after that.
+TEST_F(SpoolTest, Commit_EverythingOfTheJob_IsOnTheDisk) {
+  const std::string jobs = folder_ / "spool" / "jobs";
+  Job job = pending();
+  job.isIncoming = true;
+  flushed.clear();
+  ASSERT_TRUE(spool_->add(job, "attributes", nullptr));
+  EXPECT_EQ(flushed, std::vector<std::string>());
+  ASSERT_TRUE(spool_->commit(job));
+  EXPECT_EQ(flushed, (std::vector<std::string>{jobs + "/1/attributes", jobs + "/1/job.json.new",
+                                               jobs + "/1", jobs}));
+  flushed.clear();
+  auto document = received("hello");
+  ASSERT_TRUE(spool_->addDocument(job, *document));
+  ASSERT_TRUE(spool_->commit(job));
+  EXPECT_EQ(flushed, (std::vector<std::string>{jobs + "/1/job.json.new", jobs + "/1/document",
+                                               jobs + "/1"}));
+  flushed.clear();
+  Job second = pending();
+  document = received("hello");
+  ASSERT_TRUE(accept(second, "attributes", document.get()));
+  EXPECT_EQ(flushed, (std::vector<std::string>{jobs + "/2/attributes", jobs + "/2/job.json.new",
+                                               jobs + "/2/document", jobs + "/2", jobs}));
+  flushed.clear();
+  ASSERT_TRUE(spool_->update(second));
+  EXPECT_EQ(flushed, (std::vector<std::string>{jobs + "/2/job.json.new", jobs + "/2"}));
+}
+
+TEST_F(SpoolTest, Commit_FolderIsGone_IsAProblem) {
+  Job job = pending();
+  ASSERT_TRUE(spool_->add(job, "", nullptr));
+  fs::remove_all(folder_ / "spool" / "jobs");
+  const auto kept = spool_->commit(job);
+  ASSERT_FALSE(kept);
+  EXPECT_EQ(describe(kept.error()), (folder_ / "spool/jobs/1/attributes").string() +
+                                        ": cannot be written: No such file or directory");
 }
 
 TEST_F(SpoolTest, Receive_DocumentIsNotKept_LeavesNothing) {
@@ -139,7 +226,7 @@ TEST_F(SpoolTest, Add_FolderIsGone_NothingIsLeft) {
 TEST_F(SpoolTest, Update_JobIsOver_KeepsItsRecordOnly) {
   Job job = pending();
   auto document = received("hello");
-  ASSERT_TRUE(spool_->add(job, "", document.get()));
+  ASSERT_TRUE(accept(job, "", document.get()));
   job.state = IPP_JSTATE_COMPLETED;
   ASSERT_TRUE(spool_->update(job));
   EXPECT_FALSE(fs::exists(spool_->document(1)));
@@ -152,7 +239,7 @@ TEST_F(SpoolTest, Update_JobIsOver_KeepsItsRecordOnly) {
 TEST_F(SpoolTest, AddDocument_JobWaitedForIt_HasIt) {
   Job job = pending();
   job.isIncoming = true;
-  ASSERT_TRUE(spool_->add(job, "", nullptr));
+  ASSERT_TRUE(accept(job, "", nullptr));
   EXPECT_FALSE(fs::exists(spool_->document(1)));
   job.isIncoming = false;
   auto document = received("hello");
@@ -164,20 +251,20 @@ TEST_F(SpoolTest, AddDocument_JobWaitedForIt_HasIt) {
 TEST_F(SpoolTest, Add_AfterANewStart_NoNumberIsGivenTwice) {
   Job first = pending();
   Job second = pending();
-  ASSERT_TRUE(spool_->add(first, "", nullptr));
-  ASSERT_TRUE(spool_->add(second, "", nullptr));
+  ASSERT_TRUE(accept(first, "", nullptr));
+  ASSERT_TRUE(accept(second, "", nullptr));
   spool_->remove(1);
   open();
   host::Problems problems;
   EXPECT_EQ(spool_->load(problems).size(), 1U);
   Job third = pending();
-  ASSERT_TRUE(spool_->add(third, "", nullptr));
+  ASSERT_TRUE(accept(third, "", nullptr));
   EXPECT_EQ(third.number, 3);
 }
 
 TEST_F(SpoolTest, Load_DamagedRecord_IsReportedAndKept) {
   Job job = pending();
-  ASSERT_TRUE(spool_->add(job, "", nullptr));
+  ASSERT_TRUE(accept(job, "", nullptr));
   const fs::path record = folder_ / "spool/jobs/1/job.json";
   std::ofstream(record) << "{";
   host::Problems problems;
@@ -185,7 +272,7 @@ TEST_F(SpoolTest, Load_DamagedRecord_IsReportedAndKept) {
   ASSERT_EQ(problems.size(), 1U);
   EXPECT_EQ(describe(problems[0]), record.string() + ": is not the record of a job");
   Job next = pending();
-  ASSERT_TRUE(spool_->add(next, "", nullptr));
+  ASSERT_TRUE(accept(next, "", nullptr));
   EXPECT_EQ(next.number, 2);
 }
 
