@@ -60,8 +60,8 @@ AnnouncedPrinter announcedPrinter(const Printer& printer, const std::string& uui
   return announced;
 }
 
-Announcer::Announcer(host::EventLoop& loop, std::function<void(const std::string&)> named)
-    : loop_(loop), named_(std::move(named)) {}
+Announcer::Announcer(host::EventLoop& loop, Notices notices)
+    : loop_(loop), notices_(std::move(notices)) {}
 
 Announcer::~Announcer() {
   stop();
@@ -93,7 +93,6 @@ void Announcer::stop() {
   arrived_.clear();
 }
 
-// Each line is a name of this machine.
 void Announcer::read() {
   std::array<char, 1024> buffer;
   const ssize_t count = ::read(child_->pipe(), buffer.data(), buffer.size());
@@ -104,9 +103,16 @@ void Announcer::read() {
   }
   arrived_.append(buffer.data(), static_cast<std::size_t>(count));
   for (std::size_t end = 0; (end = arrived_.find('\n')) != std::string::npos;) {
-    named_(arrived_.substr(0, end));
+    take(arrived_.substr(0, end));
     arrived_.erase(0, end + 1);
   }
+}
+
+// "HOST", or "PRINTER<tab>NAME".
+void Announcer::take(const std::string& line) {
+  const std::size_t tab = line.find('\t');
+  if (tab == std::string::npos) return notices_.host(line);
+  notices_.announced(line.substr(0, tab), line.substr(tab + 1));
 }
 
 }  // namespace driver_feature::printer

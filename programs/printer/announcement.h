@@ -36,9 +36,16 @@ AnnouncedPrinter announcedPrinter(const Printer& printer, const std::string& uui
 // Announces from a process of its own, which waits for D-Bus and Avahi.
 class Announcer final {
  public:
-  // `named` is called with the name by which clients will call this machine. The loop
-  // must outlive this object.
-  Announcer(host::EventLoop& loop, std::function<void(const std::string& host)> named);
+  struct Notices {
+    // The name by which clients will call this machine.
+    std::function<void(const std::string& host)> host;
+    // The name that a printer has in the network. It differs from the printer's own
+    // where another printer had that first.
+    std::function<void(const std::string& printer, const std::string& name)> announced;
+  };
+
+  // The loop must outlive this object.
+  Announcer(host::EventLoop& loop, Notices notices);
   ~Announcer();
   Announcer(const Announcer&) = delete;
   Announcer& operator=(const Announcer&) = delete;
@@ -50,9 +57,10 @@ class Announcer final {
   void start();
   void stop();
   void read();
+  void take(const std::string& line);
 
   host::EventLoop& loop_;
-  std::function<void(const std::string&)> named_;
+  Notices notices_;
   Announcement announcement_;
   std::optional<host::ChildProcess> child_;
   std::string arrived_;

@@ -90,8 +90,10 @@ class Publisher {
 
   static void takeGroupState(AvahiEntryGroup* group, AvahiEntryGroupState state, void* data) {
     Entry& entry = *static_cast<Entry*>(data);
-    if (state == AVAHI_ENTRY_GROUP_ESTABLISHED)
+    if (state == AVAHI_ENTRY_GROUP_ESTABLISHED) {
       log(entry.printer->name + ": is announced as " + entry.name);
+      host::writeAll(entry.publisher->pipe_, entry.printer->name + "\t" + entry.name + "\n");
+    }
     if (state != AVAHI_ENTRY_GROUP_COLLISION) return;
     rename(entry);
     entry.group = group;

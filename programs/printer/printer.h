@@ -27,6 +27,7 @@ inline IppPointer noIpp() {
 
 struct Printer {
   std::string name;
+  std::string networkName;  // By DNS-SD.
   std::string description;  // The file.
   Hardware hardware;        // As it was given to the worker.
   std::unique_ptr<ModelWorker> worker;

@@ -82,7 +82,6 @@ void addIdentity(AttributeList& list, const Service& service, const Printer& pri
   list.text("printer-make-and-model", "libDriverFeature " + printer.name);
   list.text("printer-device-id", "MFG:libDriverFeature;MDL:" + printer.name +
                                      ";CMD:PDF,PS,JPEG,PWGRaster,URF;CLS:PRINTER;");
-  list.name("printer-dns-sd-name", printer.name);
   list.uri("printer-uuid", service.uuidOf(printer.name));
   list.unknown("printer-geo-location");
   list.text("printer-organization", "");
@@ -123,6 +122,7 @@ std::vector<std::string> languagesOf(const Printer& printer) {
 void addState(ipp_t* message, Service& service, const IppExchange& exchange) {
   AttributeList list(message);
   const Printer& printer = *exchange.printer;
+  list.name("printer-dns-sd-name", printer.networkName);
   addSupplies(message, list, printer);
   const bool isPrinting = printer.current != 0;
   list.enumeration("printer-state", printer.isStopped() ? IPP_PSTATE_STOPPED
@@ -238,7 +238,7 @@ void addPrinterAttributes(Service& service, IppExchange& exchange) {
   addAddresses(state.get(), service, exchange);
   addState(state.get(), service, exchange);
   // These do not live as long as the response.
-  requested.copyPrinter(exchange.response.get(), state.get(), templates, nullptr, false);
+  requested.copyPrinter(exchange.response.get(), state.get(), templates, own.get(), false);
 }
 
 void reportIdentification(Service& /*service*/, IppExchange& exchange) {

@@ -77,7 +77,10 @@ host::Result<> Service::start() {
   for (const std::string& place : server_.places()) log("listening at " + place);
   if (arguments_.isAnnounced && !server_.isLoopbackOnly()) {
     announcer_ = std::make_unique<Announcer>(
-        loop_, [this](const std::string& name) { server_.addName(name); });
+        loop_, Announcer::Notices{[this](const std::string& name) { server_.addName(name); },
+                                  [this](const std::string& name, const std::string& announced) {
+                                    takeAnnouncedName(name, announced);
+                                  }});
   }
   for (const PrinterArgument& argument : arguments_.printers) addPrinter(argument);
   return {};
@@ -140,6 +143,7 @@ void Service::addPrinter(const PrinterArgument& argument) {
   auto made = std::make_unique<Printer>();
   Printer& printer = *made;
   printer.name = argument.name;
+  printer.networkName = argument.name;
   printer.description = argument.description;
   printer.queueFile = jobs_->spool().queueFile(argument.name);
   printer.hardware = {readHardware(hardwareFile(argument.name)), argument.hardware};
@@ -199,6 +203,13 @@ void Service::announce() {
     announcement.printers.push_back(announcedPrinter(*printer, uuidOf(name), isTlsOffered()));
   }
   announcer_->announce(std::move(announcement));
+}
+
+void Service::takeAnnouncedName(const std::string& name, const std::string& announced) {
+  Printer* printer = find(name);
+  if (printer == nullptr || printer->networkName == announced) return;
+  printer->networkName = announced;
+  printer->configured = now();
 }
 
 void Service::keep(Job& job) {

@@ -81,6 +81,7 @@ class Service final {
   host::Result<> startEncryption();
   std::filesystem::path hardwareFile(const std::string& printer) const;
   void announce();
+  void takeAnnouncedName(const std::string& name, const std::string& announced);
   void addPrinter(const PrinterArgument& argument);
   void takeModel(Printer& printer, host::Result<LoadedModel> model);
   void leaveOut(const std::string& name);

@@ -92,6 +92,19 @@ ippfind -T 1 _ipps._tcp,_universal --txt-pdl '.*image/urf.*' --txt-rp 'ipp/print
 # The name that Avahi has given the machine is one of ours.
 curl -s -H 'Host: printhost.local' "http://127.0.0.1:$printerPort/" | grep -q labels ||
   fail "the announced name is refused"
+# A second printer of that name gets another one, and knows it. The first one is still there.
+first=$printerProcess
+mkdir "$folder/second"
+startPrinter "$folder/second" --listen '*:8633' "labels=$source/descriptions/label_printer.xml"
+daemons+=("$printerProcess")
+secondSays() {
+  ipptool -tv "ipp://127.0.0.1:$printerPort/ipp/print/labels" get-printer-attributes.test 2>&1 |
+    grep -c "printer-dns-sd-name (nameWithoutLanguage) = $1\$" | grep -qx 1
+}
+secondSays labels || fail "it has no name before it is announced"
+waitFor 20 secondSays 'labels #2' || fail "the second printer is not called labels #2"
+stopPrinter
+printerProcess=$first
 # A daemon that starts anew learns of them again.
 kill "$avahi"
 wait "$avahi" || :
