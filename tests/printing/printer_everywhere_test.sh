@@ -88,6 +88,10 @@ writeRefusals() {
   refuse 'no charset' client-error-bad-request "$language" "$uri"
   refuse 'the language first' client-error-bad-request "$language" "$charset" "$uri"
   refuse 'no printer' client-error-bad-request "$charset" "$language"
+  begin 'no user, which is allowed' Get-Printer-Attributes bare
+  printf '%s\n' "$charset" "$language" "$uri"
+  expect 'printer-uri-supported OF-TYPE uri IN-GROUP printer-attributes-tag' printer-name
+  end successful-ok
   refuse 'version 0.0' server-error-version-not-supported 'VERSION 0.0' "$charset" "$language" "$uri"
 }
 
@@ -115,14 +119,25 @@ length='([1-9][0-9]*(\.[0-9]*[1-9])?|0\.[0-9]*[1-9])'
 size="(custom|na|asme|roc|oe|roll)_[a-z0-9][-a-z0-9]*_${length}x${length}in"
 size+="|(custom|iso|jis|jpn|prc|om|roll)_[a-z0-9][-a-z0-9]*_${length}x${length}mm"
 
+# What a printer says of its supplies, in the order of the printer's choice.
+supply='(type|class|unit|colorantrole|colorantname)=[A-Za-z]+;'
+supply+='|(index|markerindex|colorantindex|coloranttonality)=[0-9]+;|(maxcapacity|level)=-?[0-9]+;'
+
 # The kinds and values of the attributes.
 writeAttributes() {
-  local code
+  local code name
+  begin 'the group of the attributes' Get-Printer-Attributes
+  for name in "${description[@]}" "${template[@]}"; do
+    expect "$name IN-GROUP printer-attributes-tag"
+  done
+  end successful-ok
   begin 'all attributes' Get-Printer-Attributes
   for code in "${operations[@]}"; do expect "operations-supported WITH-VALUE $code"; done
   expect '!media-col-database' \
     'charset-configured OF-TYPE charset COUNT 1' 'charset-supported OF-TYPE charset WITH-VALUE utf-8' \
-    'color-supported OF-TYPE boolean COUNT 1' 'compression-supported OF-TYPE keyword WITH-VALUE none' \
+    'color-supported OF-TYPE boolean COUNT 1' 'color-supported WITH-VALUE true DEFINE-MATCH HAS_COLOR' \
+    'pages-per-minute-color OF-TYPE integer COUNT 1 IF-DEFINED HAS_COLOR' \
+    '!pages-per-minute-color IF-NOT-DEFINED HAS_COLOR' 'compression-supported OF-TYPE keyword WITH-VALUE none' \
     'document-format-default OF-TYPE mimeMediaType COUNT 1' \
     'document-format-supported OF-TYPE mimeMediaType WITH-VALUE "image/pwg-raster"' \
     'document-format-supported WITH-VALUE "image/jpeg"' \
@@ -136,6 +151,9 @@ writeAttributes() {
     'job-constraints-supported OF-TYPE collection' 'job-resolvers-supported OF-TYPE collection' \
     'job-creation-attributes-supported OF-TYPE keyword WITH-VALUE media' \
     'job-creation-attributes-supported WITH-VALUE print-color-mode' \
+    'job-password-supported OF-TYPE integer COUNT 1 DEFINE-MATCH TAKES_PASSWORD' \
+    'job-password-encryption-supported OF-TYPE keyword WITH-VALUE none IF-DEFINED TAKES_PASSWORD' \
+    '!job-password-encryption-supported IF-NOT-DEFINED TAKES_PASSWORD' \
     'job-ids-supported OF-TYPE boolean COUNT 1 WITH-VALUE true' \
     'multiple-document-jobs-supported OF-TYPE boolean COUNT 1' \
     'multiple-operation-time-out OF-TYPE integer COUNT 1 WITH-VALUE >0' \
@@ -157,7 +175,8 @@ writeAttributes() {
     'printer-state OF-TYPE enum COUNT 1 WITH-VALUE 3,4,5' \
     'printer-state-change-date-time OF-TYPE dateTime COUNT 1' \
     'printer-state-change-time OF-TYPE integer COUNT 1 WITH-VALUE >-1' 'printer-state-message OF-TYPE text' \
-    'printer-state-reasons OF-TYPE keyword' 'printer-supply OF-TYPE octetString' \
+    'printer-state-reasons OF-TYPE keyword' \
+    "printer-supply OF-TYPE octetString WITH-ALL-VALUES \"/^($supply)+\$\$/\"" \
     'printer-supply-description OF-TYPE text SAME-COUNT-AS printer-supply' \
     'printer-supply-info-uri OF-TYPE uri COUNT 1 WITH-VALUE "/^https?:.+$$/"' \
     'printer-supply-info-uri WITH-HOSTNAME "$hostname"' 'printer-up-time OF-TYPE integer COUNT 1 WITH-VALUE >0' \
@@ -194,6 +213,7 @@ writeTemplates() {
       "$name" "media-size/y-dimension OF-TYPE integer COUNT 1 WITH-VALUE >0" \
       "$name" "media-source OF-TYPE keyword|name COUNT 1" "$name" "media-type OF-TYPE keyword|name COUNT 1"
   done
+  printf 'EXPECT-ALL media-size-supported/%s-dimension OF-TYPE integer|rangeOfInteger COUNT 1\n' x y
   for name in media-size media-source media-type; do expect "media-col-supported WITH-VALUE $name"; done
   expect "media-default OF-TYPE keyword COUNT 1 WITH-VALUE \"/^($size)\$\$/\"" \
     "media-ready OF-TYPE keyword WITH-ALL-VALUES \"/^($size)\$\$/\"" \
@@ -230,7 +250,7 @@ writeRest() {
   done
   end successful-ok
   begin 'a job with the defaults' Validate-Job 'ATTR boolean ipp-attribute-fidelity true' \
-    'ATTR name job-name defaults' 'ATTR keyword compression none' \
+    'ATTR name job-name defaults' 'ATTR name document-name page' 'ATTR keyword compression none' \
     'ATTR mimeMediaType document-format image/pwg-raster' 'GROUP job-attributes-tag'
   for name in media print-color-mode print-content-optimize print-rendering-intent; do
     printf 'ATTR keyword %s "$%s"\n' "$name" "$name"
@@ -272,13 +292,13 @@ if [ "$extent" = all ]; then
   done
 fi
 
-examine() { # PRINTER TEST NAME FAULTS
+examine() { # PRINTER TEST NAME FAULTS [LEAST]
   local result=result.$1.$3 passed faults
   ipptool -I -tf page.ps "ipp://localhost:$printerPort/ipp/print/$1" "$2" >"$result" 2>&1 || :
   passed=$(grep -c '\[PASS\]' "$result" || :)
   faults=$(grep -c '\[FAIL\]' "$result" || :)
   echo "$1: $3: $passed passed, $faults failed"
-  if [ "$faults" -eq "$4" ] && [ "$passed" -gt 0 ]; then return 0; fi
+  if [ "$faults" -eq "$4" ] && [ "$passed" -ge "${5:-1}" ]; then return 0; fi
   grep -A 15 '\[FAIL\]' "$result" || tail -5 "$result"
   return 1
 }
@@ -291,7 +311,8 @@ startPrinters() {
 failed=0
 startPrinters
 for printer in office labels; do
-  examine "$printer" everywhere.test everywhere 0 || failed=1
+  # ipptool ends without a word of failure at a test that it cannot read.
+  examine "$printer" everywhere.test everywhere 0 "$(grep -c '^NAME' everywhere.test)" || failed=1
 done
 for name in "${!files[@]}"; do
   # Some leave jobs without documents, for which others would wait.
