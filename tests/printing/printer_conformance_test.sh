@@ -26,8 +26,14 @@ gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=pdfwrite -sOutputFile=page.pdf page.ps
 gs -q -dSAFER -dBATCH -dNOPAUSE -dLastPage=1 -r50 -sDEVICE=jpeg -sOutputFile=page.jpg page.ps
 gs -q -dSAFER -dBATCH -dNOPAUSE -dNOINTERPOLATE -r50 -sDEVICE=pwgraster -sOutputFile=page.pwg \
   page.ps >/dev/null 2>&1
+grey() { # DEVICE OUTPUT: two pages with words on them.
+  gs -q -dSAFER -dBATCH -dNOPAUSE -dNOINTERPOLATE -r50 "-sDEVICE=$1" -dcupsColorSpace=18 \
+    -dcupsBitsPerColor=8 "-sOutputFile=$2" "$source/tests/printing/trial/pages.ps" >/dev/null 2>&1
+}
+grey appleraster page.urf
+grey pwgraster words.pwg
 printers=()
-for i in 1 2 3 4 5 6; do printers+=("office$i=$source/descriptions/office_laser.xml"); done
+for i in 1 2 3 4 5 6 7 8; do printers+=("office$i=$source/descriptions/office_laser.xml"); done
 startPrinter "$folder" --callbacks "$build/lib/liboffice_routines.so" "${printers[@]}"
 
 # examine PRINTER VERSION TEST TYPE LEAST: so many tests must have passed, and none
@@ -49,11 +55,20 @@ examiners=()
 examine office1 1.1 ipp-1.1.test ps 30 & examiners+=("$!")
 examine office2 2.0 ipp-2.0.test jpg 31 & examiners+=("$!")
 number=3
-for type in pdf ps jpg pwg; do
+for type in pdf ps jpg pwg urf; do
   examine "office$number" 2.0 ipp-everywhere.test "$type" 32 & examiners+=("$!")
   number=$((number + 1))
 done
 failed=0
 for examiner in "${examiners[@]}"; do wait "$examiner" || failed=1; done
+
+# The same pixels print alike, whichever of the two forms they come in.
+for file in page.urf words.pwg; do
+  ipptool -tf "$file" "ipp://127.0.0.1:$printerPort/ipp/print/office8" print-job-and-wait.test \
+    >result.words 2>&1 || :
+  grep -q '\[PASS\]' result.words || { cat result.words; failed=1; }
+done
+mapfile -t words < <(grep -o 'office8: job [0-9]*: printed' printer.log | grep -o ' [0-9]*:' | tr -d ' :')
+if ! cmp "printed/office8-${words[0]:-none}.prn" "printed/office8-${words[1]:-none}.prn"; then failed=1; fi
 kill -0 "$printerProcess" || { echo "the printer has ended"; failed=1; }
 exit "$failed"
