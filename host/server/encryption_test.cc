@@ -1,8 +1,10 @@
 // Encrypted connections, with libcups as the client.
 #include <arpa/inet.h>
 #include <cups/cups.h>
+#include <gnutls/gnutls.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -269,6 +271,39 @@ TEST(Encryption, AnyAddress_IsNotOfTheLoopbackOnly) {
   Server server(loop, {}, mirror);
   ASSERT_TRUE(server.listen("0.0.0.0:0"));
   EXPECT_FALSE(server.isLoopbackOnly());
+}
+
+// Each of them is one step, so that others get their turn.
+TEST_F(EncryptionTest, Warnings_InTheHandshake_AreTakenOneByOne) {
+  const auto loaded = TlsCredentials::load(*folder_ / "localhost.crt", *folder_ / "localhost.key");
+  ASSERT_TRUE(loaded);
+  std::array<int, 2> ends{-1, -1};
+  ASSERT_EQ(::socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0, ends.data()), 0);
+  auto session = TlsSession::start(*loaded, ends[0]);
+  ASSERT_TRUE(session);
+  gnutls_session_t client = nullptr;
+  gnutls_certificate_credentials_t trust = nullptr;
+  ASSERT_EQ(::gnutls_certificate_allocate_credentials(&trust), 0);
+  ASSERT_EQ(::gnutls_init(&client, GNUTLS_CLIENT | GNUTLS_NONBLOCK), 0);
+  ASSERT_EQ(::gnutls_priority_set_direct(client, "NORMAL:-VERS-ALL:+VERS-TLS1.2", nullptr), 0);
+  ASSERT_EQ(::gnutls_credentials_set(client, GNUTLS_CRD_CERTIFICATE, trust), 0);
+  ::gnutls_transport_set_int(client, ends[1]);
+  EXPECT_EQ(::gnutls_handshake(client), GNUTLS_E_AGAIN);
+  EXPECT_EQ((*session)->shakeHands(), TlsSession::Step::kNeedsInput);
+  const std::string warning("\x15\x03\x03\x00\x02\x01\x5a", 7);
+  for (int i = 0; i < 3; ++i) ::send(ends[1], warning.data(), warning.size(), 0);
+  for (int left = 14; left >= 0; left -= 7) {
+    EXPECT_EQ((*session)->shakeHands(), TlsSession::Step::kNeedsInput);
+    int unread = -1;
+    ::ioctl(ends[0], FIONREAD, &unread);
+    EXPECT_EQ(unread, left);
+  }
+  EXPECT_EQ(::gnutls_handshake(client), GNUTLS_E_AGAIN);
+  EXPECT_EQ((*session)->shakeHands(), TlsSession::Step::kDone);
+  EXPECT_EQ(::gnutls_handshake(client), GNUTLS_E_SUCCESS);
+  ::gnutls_deinit(client);
+  ::gnutls_certificate_free_credentials(trust);
+  for (const int end : ends) ::close(end);
 }
 
 }  // namespace

@@ -95,18 +95,16 @@ Result<std::unique_ptr<TlsSession>> TlsSession::start(
 }
 
 TlsSession::Step TlsSession::shakeHands() {
-  for (;;) {
-    const int result = ::gnutls_handshake(parts_->session);
-    if (result == GNUTLS_E_SUCCESS) return Step::kDone;
-    if (result == GNUTLS_E_AGAIN) {
-      return ::gnutls_record_get_direction(parts_->session) != 0 ? Step::kNeedsRoom
-                                                                 : Step::kNeedsInput;
-    }
-    // Clients know from the alert what was wrong; the other results are warnings.
-    if (::gnutls_error_is_fatal(result) == 0) continue;
+  const int result = ::gnutls_handshake(parts_->session);
+  if (result == GNUTLS_E_SUCCESS) return Step::kDone;
+  if (::gnutls_error_is_fatal(result) != 0) {
+    // Clients know from the alert what was wrong.
     ::gnutls_alert_send_appropriate(parts_->session, result);
     return Step::kFailed;
   }
+  // Also after a warning of the client: one that sends nothing else must not keep the
+  // others waiting.
+  return ::gnutls_record_get_direction(parts_->session) != 0 ? Step::kNeedsRoom : Step::kNeedsInput;
 }
 
 ssize_t TlsSession::receive(char* buffer, std::size_t size) {
