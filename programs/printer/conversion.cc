@@ -1,6 +1,7 @@
 #include "programs/printer/conversion.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -24,6 +25,28 @@ constexpr const char* kAppleRaster = "image/urf";
 
 constexpr std::array kFormats = {
     "application/octet-stream", kPdf, kPostScript, kJpeg, kPwgRaster, kAppleRaster};
+
+// A small document may become a large one, and may take for ever.
+constexpr rlim64_t kMostSeconds = 3600;  // Of a processor.
+constexpr rlim64_t kMostBytes = 8ULL << 30;
+
+// Less of a resource for this process, and the programs that it starts, as long as the
+// object lives. Who takes more is ended by the system.
+class LessOf final {
+ public:
+  LessOf(int resource, rlim64_t amount) : resource_(resource) {
+    ::getrlimit64(resource_, &before_);
+    const rlimit64 less{std::min(amount, before_.rlim_cur), before_.rlim_max};
+    ::setrlimit64(resource_, &less);
+  }
+  ~LessOf() { ::setrlimit64(resource_, &before_); }
+  LessOf(const LessOf&) = delete;
+  LessOf& operator=(const LessOf&) = delete;
+
+ private:
+  int resource_;
+  rlimit64 before_{};
+};
 
 struct Beginning {
   std::string_view bytes;
@@ -100,6 +123,8 @@ std::string formatOf(std::string_view beginning) {
 
 host::Result<> convert(const std::string& format, const std::string& document, int output,
                        const Paper& paper) {
+  const LessOf time(RLIMIT_CPU, kMostSeconds);
+  const LessOf size(RLIMIT_FSIZE, kMostBytes);
   if (format == kPdf) return convertPdf(document, output, paper);
   const int input = ::open(document.c_str(), O_RDONLY | O_CLOEXEC);
   if (input == -1) {

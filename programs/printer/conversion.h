@@ -22,7 +22,8 @@ std::string formatOf(std::string_view beginning);
 
 // Writes the document as PostScript into the file `output`. Problem: kMalformed
 // for a document that cannot be converted, kNotLoaded without the program for it,
-// kNotWritten. Called in the process of a job: starts programs and waits.
+// kNotWritten. Called in the process of a job: starts programs and waits. What takes
+// more than an hour of a processor, or 8 GiB, is ended by the system.
 host::Result<> convert(const std::string& format, const std::string& document, int output,
                        const Paper& paper);
 

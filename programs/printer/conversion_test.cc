@@ -3,8 +3,10 @@
 #include <cups/raster.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -77,6 +79,22 @@ TEST(FormatOf, FirstBytes_SayTheType) {
   EXPECT_EQ(formatOf(""), "");
   EXPECT_TRUE(isDocumentFormat("application/octet-stream"));
   EXPECT_FALSE(isDocumentFormat("text/plain"));
+}
+
+// A program that writes its limits in place of pages.
+TEST_F(ConversionTest, Converter_HasLimitsThatEndWithIt) {
+  std::ofstream(folder_ / "pdftops") << "#!/bin/sh\nulimit -t\nulimit -f\n";
+  fs::permissions(folder_ / "pdftops", fs::perms::owner_all);
+  const std::string path = ::getenv("PATH");
+  ::setenv("PATH", (folder_.string() + ":" + path).c_str(), 1);
+  rlimit before{};
+  ::getrlimit(RLIMIT_FSIZE, &before);
+  // In blocks of half a kibibyte.
+  EXPECT_EQ(converted("application/pdf", "%PDF-"), "3600\n16777216\n");
+  rlimit after{};
+  ::getrlimit(RLIMIT_FSIZE, &after);
+  EXPECT_EQ(after.rlim_cur, before.rlim_cur);
+  ::setenv("PATH", path.c_str(), 1);
 }
 
 TEST_F(ConversionTest, Raster_OfGrey_IsAnImage) {
