@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <cstring>
+#include <type_traits>
 
 #include "host/ipp/words.h"
 
@@ -57,19 +59,28 @@ void addBooleans(ipp_t* target, ipp_tag_t group, const std::string& name,
 
 // Clients that count in centimetres round: 236 is 600 to an inch, not 599.
 int perInch(int perCentimetre) {
+  constexpr int kMost = 1000000;
+  if (perCentimetre > kMost) return kMost;
   const double inch = perCentimetre * 2.54;
   const double even = std::round(inch / 10) * 10;
   const double rounding = 1.5;
   return static_cast<int>(std::fabs(even - inch) <= rounding ? even : std::round(inch));
 }
 
+// A resolution in a unit that is not known is no resolution of a printer.
 std::string resolutionText(ipp_attribute_t* attribute, int at) {
   int down = 0;
-  ipp_res_t unit = IPP_RES_PER_INCH;
-  int across = ippGetResolution(attribute, at, &down, &unit);
+  ipp_res_t named = IPP_RES_PER_INCH;
+  int across = ippGetResolution(attribute, at, &down, &named);
+  // Any byte that the client has sent, which must not be read as one of the names.
+  std::underlying_type_t<ipp_res_t> unit = 0;
+  static_assert(sizeof unit == sizeof named);
+  std::memcpy(&unit, &named, sizeof unit);
   if (unit == IPP_RES_PER_CM) {
     across = perInch(across);
     down = perInch(down);
+  } else if (unit != IPP_RES_PER_INCH) {
+    return "in an unknown unit";
   }
   return std::to_string(across) + "x" + std::to_string(down) + "dpi";
 }

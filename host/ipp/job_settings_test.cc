@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+#include <string_view>
+
 #include "support/ipp_support.h"
 
 namespace driver_feature::ipp {
@@ -57,6 +60,34 @@ TEST(JobSettingsTest, Settings_ResolutionPerCentimetre_IsThatPerInch) {
   EXPECT_EQ(
       settingsFor(printer, jobRequest().resolution("printer-resolution", 118, 118, IPP_RES_PER_CM)),
       " !printer-resolution");
+  EXPECT_EQ(settingsFor(printer, jobRequest().resolution("printer-resolution", INT_MAX, INT_MAX,
+                                                         IPP_RES_PER_CM)),
+            " !printer-resolution");
+}
+
+ssize_t readPart(void* context, ipp_uchar_t* buffer, size_t size) {
+  auto& rest = *static_cast<std::string_view*>(context);
+  const std::size_t count = rest.copy(reinterpret_cast<char*>(buffer), size);
+  rest.remove_prefix(count);
+  return static_cast<ssize_t>(count);
+}
+
+// 600 by 600 in units that IPP has no name for, as a client may send them.
+TEST(JobSettingsTest, Settings_ResolutionInAnUnknownUnit_IsRefused) {
+  const Translation printer(capabilitiesWith({listOf("Resolution", {"600dpi", "1200dpi"})}));
+  for (const char unit : {'\0', '\2', '\5', 'C', '\xff'}) {
+    std::string bytes("\2\0\0\4\0\0\0\1\2\x32\0\x12printer-resolution\0\x09", 32);
+    bytes += std::string("\0\0\2\x58\0\0\2\x58", 8) + unit + '\3';
+    std::string_view rest = bytes;
+    const IppPointer request(ippNew());
+    while (ippReadIO(&rest, &readPart, 1, nullptr, request.get()) != IPP_STATE_DATA) {
+      ASSERT_NE(ippGetState(request.get()), IPP_STATE_ERROR);
+    }
+    const JobSettings job = printer.settingsOf(request.get());
+    EXPECT_TRUE(job.settings.empty());
+    ASSERT_EQ(job.unsupported.size(), 1U) << static_cast<int>(unit);
+    EXPECT_EQ(job.unsupported[0].name, "printer-resolution");
+  }
 }
 
 TEST(JobSettingsTest, Settings_OwnAttributes_TakeKeywordsNamesAndNumbers) {

@@ -293,7 +293,7 @@ if [ "$extent" = all ]; then
 fi
 
 examine() { # PRINTER TEST NAME FAULTS [LEAST]
-  local result=result.$1.$3 passed faults
+  local result=result.${1%/*}.$3 passed faults
   ipptool -I -tf page.ps "ipp://localhost:$printerPort/ipp/print/$1" "$2" >"$result" 2>&1 || :
   passed=$(grep -c '\[PASS\]' "$result" || :)
   faults=$(grep -c '\[FAIL\]' "$result" || :)
@@ -314,6 +314,8 @@ for printer in office labels; do
   # ipptool ends without a word of failure at a test that it cannot read.
   examine "$printer" everywhere.test everywhere 0 "$(grep -c '^NAME' everywhere.test)" || failed=1
 done
+# A preset's address has some attributes of its own, in place of the printer's.
+examine office/handout get-printer-attributes.test preset 0 || failed=1
 for name in "${!files[@]}"; do
   # Some leave jobs without documents, for which others would wait.
   if [ "$extent" = all ]; then
