@@ -34,3 +34,12 @@ endif()
 # Everything a loader resolves is resolved at once and then made read-only.
 target_link_options(driver_feature_compile_options INTERFACE
   LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack)
+
+# driver_feature_plain(TARGET...): programs whose own code runs for moments, so that
+# optimising it takes longer than it saves.
+function(driver_feature_plain)
+  foreach(target ${ARGN})
+    set_target_properties(${target} PROPERTIES DRIVER_FEATURE_PLAIN ON)
+    target_compile_options(${target} PRIVATE -O0)
+  endforeach()
+endfunction()

@@ -12,6 +12,7 @@ set_target_properties(ipp_advertised PROPERTIES ENABLE_EXPORTS ON)
 add_executable(ipp_conflicts ipp/conflicts_main.cc)
 target_link_libraries(ipp_conflicts PRIVATE host_ipp)
 set_target_properties(ipp_conflicts PROPERTIES ENABLE_EXPORTS ON)
+driver_feature_plain(ipp_advertised ipp_conflicts)
 
 target_compile_definitions(ipp_unit_tests PRIVATE
   DRIVER_FEATURE_LIBRARY="$<TARGET_FILE:DriverFeature>"

@@ -31,6 +31,7 @@ target_compile_options(queue_media PRIVATE -Wno-deprecated-declarations)
 add_executable(queue_rules printing/queue_rules_main.cc)
 target_link_libraries(queue_rules PRIVATE driver_feature_compile_options Cups::Cups)
 target_compile_options(queue_rules PRIVATE -Wno-deprecated-declarations)
+driver_feature_plain(queue_media queue_rules)
 add_test(NAME queue_rules
   COMMAND ${BASH_PROGRAM} ${CMAKE_CURRENT_LIST_DIR}/printing/queue_rules_test.sh
           ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
