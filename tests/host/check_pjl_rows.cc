@@ -39,7 +39,8 @@ const std::vector<CheckRow>& pjlRows() {
         "<Option Name='z' PJLCommand='&quot;Z'/></Feature>"},
        "@:3:65: error: PJLCommand of feature \"A\" has an unmatched quotation mark; close "
        "the string with &quot; [DF513]\n"
-       "@:5:74: error: PJLCommand of option \"y\" of feature \"B\" has an unmatched quotation mark; "
+       "@:5:74: error: PJLCommand of option \"y\" of feature \"B\" has an unmatched quotation "
+       "mark; "
        "close the string with &quot; [DF513]\n"},
       {"line of an option that its group finishes",
        {"<FeatureStaticGroup Name='G' PJLCommand='%s&quot;&#10;'>",
