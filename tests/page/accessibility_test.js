@@ -5,7 +5,7 @@ import fs from "node:fs";
 import path from "node:path";
 import test from "node:test";
 import { chooseInList, copyOf, officeRoutines, openPage, openSections, preview, row, settled } from "./preview.js";
-import { HtmlValidate, axeSource, root } from "./tools.js";
+import { HtmlValidate, assets, axeSource } from "./tools.js";
 
 async function expectNoViolations(page, what) {
   await page.waitForTimeout(50);
