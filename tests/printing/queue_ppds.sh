@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Imports PPDs of the corpus, writes the PPDs of their queues and looks at
 # these: cupstestppd must find nothing in those made of the descriptions, except
-# constraints out of which libcups finds no way in the printer's PPD either, and
+# conflicts of the defaults, and constraints out of which libcups finds no way, which
+# the printer's PPD has as well; and
 # nothing further in the others; libcups must write the same of the others as of
 # the printers' PPDs, for all choices of trays, manual feed and page size; and it
 # must find the same conflicts and texts in those made of the descriptions.
@@ -45,7 +46,7 @@ examine() {
   found=$(queuePpd "$made") || echo "$1: without: $found"
   if [ -z "$(failuresOf "$ppd")" ]; then echo "$1" >>"$folder/passing.$$"; fi
   furtherFailures "$ppd" "$queue" | sed "s|^|$1: with --ppd: |"
-  comm -13 <(failuresOf "$ppd" | grep -F 'causes a loop') <(failuresOf "$made") |
+  comm -13 <(failuresOf "$ppd" | grep -E 'causes a loop|conflict') <(failuresOf "$made") |
     sed "s|^|$1: without: |"
   printf '%s\t%s\n' "$ppd" "$queue" >>"$folder/pairs.$$"
   printf '%s\t%s\n' "$ppd" "$made" >>"$folder/made_pairs.$$"
