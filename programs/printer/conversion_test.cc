@@ -205,7 +205,7 @@ TEST(ReadLine, WrongUsage_IsRefused) {
             "no printer is given; give NAME=DESCRIPTION.xml; driver-feature-printer --help "
             "explains the usage");
   EXPECT_EQ(lineProblem({"office"}),
-            "the printer \"office\" names no description; give NAME=DESCRIPTION.xml");
+            "the printer \"office\" has no description; give NAME=DESCRIPTION.xml");
   EXPECT_EQ(lineProblem({"../a=x"}),
             "a printer cannot be called \"../a\"; use up to 127 letters, digits, \"-\" and \"_\"");
   EXPECT_EQ(lineProblem({"a=/none.xml"}), "/none.xml: cannot be read: No such file or directory");
