@@ -5,11 +5,11 @@
 # forgets an include is found.
 option(DRIVER_FEATURE_BATCHES "Compile several sources of a library as one" ON)
 
-# driver_feature_batch(TARGET... [SIZE COUNT]): COUNT sources at once, 8 unless given.
+# driver_feature_batch(TARGET... [SIZE COUNT]): COUNT sources at once, 17 unless given.
 function(driver_feature_batch)
   cmake_parse_arguments(ARG "" "SIZE" "" ${ARGN})
   if(NOT ARG_SIZE)
-    set(ARG_SIZE 8)
+    set(ARG_SIZE 17)
   endif()
   set_target_properties(${ARG_UNPARSED_ARGUMENTS} PROPERTIES
     UNITY_BUILD ${DRIVER_FEATURE_BATCHES} UNITY_BUILD_BATCH_SIZE ${ARG_SIZE})

@@ -10,8 +10,8 @@ namespace driver_feature::check {
 
 namespace {
 
-void checkMembers(const AdditionSubject& subject, const host::Panel& panel,
-                  std::set<std::string>& known, Findings& findings) {
+void checkPanelMembers(const AdditionSubject& subject, const host::Panel& panel,
+                       std::set<std::string>& known, Findings& findings) {
   for (const host::PanelMember& member : panel.members) {
     const std::string name = host::inQuotes(member.feature);
     if (subject.features.find(member.feature) == nullptr) {
@@ -39,7 +39,7 @@ void checkPanels(const AdditionSubject& subject, Findings& findings) {
                                    "there is a panel " + host::inQuotes(panel.name) + " already",
                                    "give each panel a name of its own"));
     }
-    checkMembers(subject, panel, members, findings);
+    checkPanelMembers(subject, panel, members, findings);
   }
 }
 
