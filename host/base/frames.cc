@@ -1,5 +1,9 @@
 #include "host/base/frames.h"
 
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
 #include <charconv>
 
 namespace driver_feature::host {
@@ -28,6 +32,19 @@ std::optional<std::string> takeFrame(std::string& arrived, bool& isMalformed) {
   std::string text = arrived.substr(colon + 1, size);
   arrived.erase(0, colon + 1 + size);
   return text;
+}
+
+std::optional<std::string> nextFrame(int socket, std::string& arrived) {
+  for (;;) {
+    bool isMalformed = false;
+    if (auto text = takeFrame(arrived, isMalformed)) return text;
+    if (isMalformed) return std::nullopt;
+    std::array<char, 65536> buffer;
+    const ssize_t count = ::read(socket, buffer.data(), buffer.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return std::nullopt;
+    arrived.append(buffer.data(), static_cast<std::size_t>(count));
+  }
 }
 
 }  // namespace driver_feature::host

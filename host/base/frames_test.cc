@@ -1,6 +1,9 @@
 #include "host/base/frames.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <array>
 
 namespace driver_feature::host {
 namespace {
@@ -22,6 +25,21 @@ TEST(Frames, NoLength_IsMalformed) {
     EXPECT_EQ(takeFrame(arrived, isMalformed), std::nullopt);
     EXPECT_TRUE(isMalformed) << text;
   }
+}
+
+TEST(Frames, NextFrame_TextsThenTheEnd_ComeOneByOne) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(::pipe(ends.data()), 0);
+  const std::string sent = frame("first") + frame("second") + "9:cut";
+  ASSERT_EQ(::write(ends[1], sent.data(), sent.size()), static_cast<ssize_t>(sent.size()));
+  ::close(ends[1]);
+  std::string arrived;
+  EXPECT_EQ(nextFrame(ends[0], arrived), "first");
+  EXPECT_EQ(nextFrame(ends[0], arrived), "second");
+  EXPECT_EQ(nextFrame(ends[0], arrived), std::nullopt);
+  std::string malformed = "x:";
+  EXPECT_EQ(nextFrame(ends[0], malformed), std::nullopt);
+  ::close(ends[0]);
 }
 
 }  // namespace

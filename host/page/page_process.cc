@@ -5,7 +5,6 @@
 #include "host/base/descriptor.h"
 #include "host/base/frames.h"
 #include "host/base/standard_streams.h"
-#include "host/page/frame_reading.h"
 #include "host/page/page.h"
 #include "host/page/shown_text.h"
 #include "host/session/routine_calls.h"
@@ -32,7 +31,7 @@ int runPageProcess(int socket, const PageRequest& request) {
   }
   if (!host::writeAll(socket, host::frame(R"({"loaded":true})"))) return 1;
   std::string arrived;
-  while (const auto text = nextFrame(socket, arrived)) {
+  while (const auto text = host::nextFrame(socket, arrived)) {
     if (!host::writeAll(socket, host::frame((*page)->reply(*text)))) break;
   }
   return 0;

@@ -7,6 +7,7 @@
 #include "host/page/page.h"
 #include "host/page/shown_text.h"
 #include "host/page/trial.h"
+#include "host/session/log.h"
 #include "host/settings/setting.h"
 #include "host/settings/settings_file.h"
 
@@ -16,19 +17,6 @@ namespace {
 
 // What replies to changes hold as it is.
 constexpr const char* kWholeParts[] = {"masked", "changed", "hidden"};
-
-const char* wordOf(int level) {
-  switch (level) {
-    case 1:
-      return "error";
-    case 2:
-      return "misuse";
-    case 3:
-      return "warning";
-    default:
-      return "info";
-  }
-}
 
 }  // namespace
 
@@ -86,7 +74,7 @@ void Page::noteInJournal(const std::vector<host::Setting>& wishes,
 void Page::addNotices(Json& reply, const host::SecretOutputs& secrets) const {
   Json log = Json::array();
   for (const auto& [level, text] : notices_.lines()) {
-    log.push_back({{"level", wordOf(level)}, {"text", shown(secrets.masked(text))}});
+    log.push_back({{"level", host::wordOfLevel(level)}, {"text", shown(secrets.masked(text))}});
   }
   if (notices_.linesLeftOut() > 0) {
     log.push_back(

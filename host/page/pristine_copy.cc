@@ -10,7 +10,6 @@
 
 #include "host/base/descriptor.h"
 #include "host/base/frames.h"
-#include "host/page/frame_reading.h"
 #include "host/session/routine_calls.h"
 
 namespace driver_feature::page {
@@ -22,7 +21,7 @@ constexpr char kMade = '+';
 
 int serve(int socket, const PristineCopy::Work& work) {
   std::string arrived;
-  while (const auto question = nextFrame(socket, arrived)) {
+  while (const auto question = host::nextFrame(socket, arrived)) {
     const auto texts = host::runInChild(host::ChildStreams::kDropped,
                                         [&] { return std::vector<std::string>{work(*question)}; });
     // Who has asked makes no difference to who writes the record.
@@ -65,7 +64,7 @@ PristineCopy::PristineCopy(PristineCopy&& other) noexcept
 
 std::optional<std::string> PristineCopy::ask(const std::string& question) {
   if (!host::writeAll(socket_, host::frame(question))) return std::nullopt;
-  auto reply = nextFrame(socket_, arrived_);
+  auto reply = host::nextFrame(socket_, arrived_);
   if (!reply || !reply->starts_with(kMade)) return std::nullopt;
   return reply->substr(1);
 }

@@ -9,14 +9,15 @@
 #include <unistd.h>
 
 #include <array>
-#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <thread>
 
 #include "host/server/server.h"
+#include "support/loopback_client.h"
 
 namespace driver_feature::host {
 namespace {
@@ -70,28 +71,18 @@ class EncryptionTest : public ::testing::Test {
     ASSERT_TRUE(server_->listen("127.0.0.1:0"));
     const std::string place = server_->places().front();
     port_ = std::stoi(place.substr(place.rfind(':') + 1));
-    thread_ = std::thread([this] {
-      watchEnd();
-      loop_.run();
-    });
+    thread_.emplace(loop_);
   }
 
   void TearDown() override {
-    isEnding_ = true;
-    if (thread_.joinable()) thread_.join();
+    thread_.reset();
     server_.reset();
-  }
-
-  void watchEnd() {
-    if (isEnding_) return loop_.stop();
-    loop_.after(milliseconds(5), [this] { watchEnd(); });
   }
 
   static fs::path* folder_;
   EventLoop loop_;
   std::unique_ptr<Server> server_;
-  std::thread thread_;
-  std::atomic<bool> isEnding_ = false;
+  std::optional<test::LoopThread> thread_;
   int port_ = 0;
 };
 

@@ -1,20 +1,18 @@
 #include "host/server/server.h"
 
-#include <arpa/inet.h>
 #include <gtest/gtest.h>
-#include <poll.h>
 #include <sys/resource.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
-#include <array>
-#include <atomic>
 #include <chrono>
 #include <ctime>
+#include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 
 #include "support/address_checks.h"
+#include "support/loopback_client.h"
 
 namespace driver_feature::host {
 namespace {
@@ -60,71 +58,29 @@ class ServerTest : public ::testing::Test {
     ASSERT_TRUE(server_->listen("127.0.0.1:0"));
     const std::string place = server_->places().front();
     port_ = std::stoi(place.substr(place.rfind(':') + 1));
-    thread_ = std::thread([this] {
-      watchEnd();
-      loop_.run();
-    });
+    thread_.emplace(loop_);
   }
 
   void TearDown() override {
-    isEnding_ = true;
-    if (thread_.joinable()) thread_.join();
+    thread_.reset();
     server_.reset();
-  }
-
-  // The loop belongs to its thread.
-  void watchEnd() {
-    if (isEnding_) return loop_.stop();
-    loop_.after(milliseconds(5), [this] { watchEnd(); });
   }
 
   EventLoop loop_;
   std::unique_ptr<Server> server_;
-  std::thread thread_;
-  std::atomic<bool> isEnding_ = false;
+  std::optional<test::LoopThread> thread_;
   RequestNumber waiting_ = 0;
   int port_ = 0;
 };
 
-class Client {
- public:
-  explicit Client(int port) : socket_(::socket(AF_INET, SOCK_STREAM, 0)) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    EXPECT_EQ(::connect(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-  }
-  ~Client() { ::close(socket_); }
+using Client = test::LoopbackClient;
 
-  void send(const std::string& text) { ::send(socket_, text.data(), text.size(), MSG_NOSIGNAL); }
-  void sendSlowly(const std::string& text) {
-    for (const char byte : text) {
-      send(std::string(1, byte));
-      std::this_thread::sleep_for(milliseconds(1));
-    }
+void sendSlowly(Client& client, const std::string& text) {
+  for (const char byte : text) {
+    client.send(std::string(1, byte));
+    std::this_thread::sleep_for(milliseconds(1));
   }
-
-  // What comes until `end` has come, or the connection is over, or some seconds.
-  std::string receiveUpTo(const std::string& end) {
-    while (received_.find(end) == std::string::npos) {
-      pollfd polled{socket_, POLLIN, 0};
-      std::array<char, 65536> buffer;
-      if (::poll(&polled, 1, 5000) <= 0) return received_ + "(time is over)";
-      const ssize_t count = ::recv(socket_, buffer.data(), buffer.size(), 0);
-      if (count <= 0) return std::exchange(received_, "") + "(end)";
-      received_.append(buffer.data(), static_cast<std::size_t>(count));
-    }
-    const std::size_t size = received_.find(end) + end.size();
-    const std::string text = received_.substr(0, size);
-    received_.erase(0, size);
-    return text;
-  }
-
- private:
-  int socket_;
-  std::string received_;
-};
+}
 
 // The status line without HTTP/1.1 and the body.
 std::string brief(const std::string& response) {
@@ -183,8 +139,8 @@ TEST_F(ServerTest, Post_WithLength_BodyArrives) {
 TEST_F(ServerTest, Post_ChunksByteByByte_BodyArrives) {
   start();
   Client client(port_);
-  client.sendSlowly(kPost +
-                    "Transfer-Encoding: chunked\r\n\r\n3\r\nhel\r\n2;a=b\r\nlo\r\n0\r\n\r\n");
+  sendSlowly(client,
+             kPost + "Transfer-Encoding: chunked\r\n\r\n3\r\nhel\r\n2;a=b\r\nlo\r\n0\r\n\r\n");
   EXPECT_EQ(brief(client.receiveUpTo("hello")), "200 OK: hello");
   client.send("GET /b HTTP/1.1\r\n" + kHost + "\r\n");
   EXPECT_EQ(brief(client.receiveUpTo("page /b")), "200 OK: page /b");

@@ -13,19 +13,6 @@ namespace {
 constexpr std::string_view kNoLoadRoutine =
     "FeatureXMLTagHandler() - No Custom Load VORN Callback Handler element";
 
-const char* wordOf(int level) {
-  switch (level) {
-    case 1:
-      return "error";
-    case 2:
-      return "misuse";
-    case 3:
-      return "warning";
-    default:
-      return "info";
-  }
-}
-
 // The tag handler writes the reason for which it ends the process to standard
 // error, too. Of its level 1 lines only the one about the load routine is not
 // such a reason.
@@ -37,6 +24,19 @@ bool isWrittenByLibrary(int level, std::string_view text) {
 LogPrinter* installed = nullptr;
 
 }  // namespace
+
+const char* wordOfLevel(int level) {
+  switch (level) {
+    case 1:
+      return "error";
+    case 2:
+      return "misuse";
+    case 3:
+      return "warning";
+    default:
+      return "info";
+  }
+}
 
 LogPrinter::LogPrinter(LogDetail detail, LineSink report)
     : detail_(detail), report_(std::move(report)) {
@@ -103,7 +103,7 @@ void LogPrinter::take(int level, std::string_view text) {
     lastError_ = text;
   }
   if (!isShown(level, text)) return;
-  const std::string line = std::string(wordOf(level)) + ": " + std::string(text);
+  const std::string line = std::string(wordOfLevel(level)) + ": " + std::string(text);
   if (holding_ && level > 1) {
     held_.push_back(line);
   } else {

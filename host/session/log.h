@@ -20,6 +20,9 @@ enum class LogDetail {
 // Receives a line for people. The program decides what to do with it.
 using LineSink = std::function<void(const std::string& line)>;
 
+// "error", "misuse", "warning" or "info", for the levels 1 to 4 of the log.
+const char* wordOfLevel(int level);
+
 // While it lives, it receives the platform's log: every line that the detail
 // asks for is reported as "error: TEXT", with "misuse", "warning" or "info" for
 // levels 2 to 4. A line that the library itself writes to standard error before

@@ -1,17 +1,12 @@
 #include "programs/printer/model_process.h"
 
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
-
 #include "host/base/child_process.h"
 #include "host/base/descriptor.h"
+#include "host/base/frames.h"
 #include "host/base/standard_streams.h"
 #include "host/ipp/capabilities.h"
 #include "host/session/session.h"
 #include "programs/common/console.h"
-#include "host/base/frames.h"
 #include "programs/printer/queue_text.h"
 #include "programs/printer/settings_verdict.h"
 
@@ -26,20 +21,6 @@ std::string verdictOn(const host::Session& session, const std::vector<host::Sett
     return std::vector<std::string>{pack(judge(session, settings))};
   });
   return texts ? texts->front() : pack({describe(texts.error()), "", {}, {}});
-}
-
-// One more frame of the server; nothing when it has closed its end.
-std::optional<std::string> nextFrame(int socket, std::string& arrived) {
-  for (;;) {
-    bool isMalformed = false;
-    if (auto text = host::takeFrame(arrived, isMalformed)) return text;
-    if (isMalformed) return std::nullopt;
-    std::array<char, 65536> buffer;
-    const ssize_t count = ::read(socket, buffer.data(), buffer.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) return std::nullopt;
-    arrived.append(buffer.data(), static_cast<std::size_t>(count));
-  }
 }
 
 int fail(int socket, const host::Problem& problem) {
@@ -80,7 +61,7 @@ int runModelProcess(int socket, const std::string& name, const ppd::QueueRequest
   if (!host::writeAll(socket, host::frame("+") + host::frame(json) + host::frame(*queue)))
     return cli::kFailure;
   std::string arrived;
-  while (const auto text = nextFrame(socket, arrived)) {
+  while (const auto text = host::nextFrame(socket, arrived)) {
     if (!host::writeAll(socket, host::frame(verdictOn(**session, unpackSettings(*text))))) break;
   }
   return cli::kSuccess;
