@@ -137,6 +137,25 @@ TEST_F(MadePpdTest, GroupsOfAnImportedPpd_ComeBack) {
   EXPECT_THAT(frameOf(result.output), HasSubstr(groups));
 }
 
+// The second keeps its asterisk, since the first has the name without, and is lost.
+TEST_F(MadePpdTest, GroupsNamedAsKeywords_LoseTheAsterisk) {
+  const auto option = [](const std::string& group, const std::string& name) {
+    return "*OpenGroup: " + group + "\n*OpenUI *" + name + ": PickOne\n*Default" + name + ": A\n*" +
+           name + " A: \"\"\n*" + name + " B: \"x\"\n*CloseUI: *" + name +
+           "\n*CloseGroup: " + group.substr(0, group.find('/')) + "\n";
+  };
+  write("in.ppd", "*PPD-Adobe: \"4.3\"\n" + option("*Images/Pictures", "Dots") +
+                      option("Fonts/Letters", "Bold") + option("*Fonts/More letters", "Thin"));
+  command({"import", "in.ppd", "--output", "in.xml"});
+  command({"check", "in.xml", "--strict"});
+  const RunResult result = queue({"in.xml"});
+  EXPECT_THAT(frameOf(result.output),
+              HasSubstr("*OpenGroup: Images/Pictures\n*OpenUI *Dots: PickOne\n"
+                        "*CloseGroup: Images\n*OpenGroup: Fonts/Letters\n*OpenUI *Bold: PickOne\n"
+                        "*CloseGroup: Fonts\n"));
+  EXPECT_THAT(result.output, Not(HasSubstr("More letters")));
+}
+
 TEST_F(MadePpdTest, NamesThatDifferInCaseOnly_SecondIsNamed) {
   describe("small.xml",
            {feature("MultiSelect", "Tray", "DefaultValue='b' PSCommand='%s '",

@@ -1,5 +1,6 @@
 #include "host/ppd/import/panel_import.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -16,8 +17,19 @@ bool isOfLibcups(const ppd_group_t& group, std::string_view bytes) {
   return bytes.find(".Translation " + name + "/") == std::string_view::npos;
 }
 
-host::Panel panelOf(ppd_group_t& group, const ImportedNames& names) {
-  host::Panel panel{group.name, group.text, {}};
+// A few PPDs write the names of their groups as keywords, with an asterisk, which no
+// group can have in the PPD of a queue. It stays where another group has the name
+// without.
+std::string panelName(const ppd_file_t& ppd, const std::string& group) {
+  if (!group.starts_with('*')) return group;
+  std::string name = group.substr(1);
+  const bool isTaken = std::any_of(ppd.groups, ppd.groups + ppd.num_groups,
+                                   [&](const ppd_group_t& other) { return other.name == name; });
+  return name.empty() || isTaken ? group : name;
+}
+
+host::Panel panelOf(const ppd_file_t& ppd, ppd_group_t& group, const ImportedNames& names) {
+  host::Panel panel{panelName(ppd, group.name), group.text, {}};
   const auto add = [&](const std::string& feature) {
     if (names.hasFeature(feature)) panel.members.push_back({feature});
   };
@@ -39,7 +51,7 @@ std::vector<host::Panel> panelsOf(ppd_file_t& ppd, std::string_view bytes,
   std::vector<host::Panel> panels;
   for (int i = 0; i < ppd.num_groups; ++i) {
     if (isOfLibcups(ppd.groups[i], bytes)) continue;
-    host::Panel panel = panelOf(ppd.groups[i], names);
+    host::Panel panel = panelOf(ppd, ppd.groups[i], names);
     if (!panel.members.empty()) panels.push_back(std::move(panel));
   }
   return panels;
