@@ -108,7 +108,7 @@ calls() {
   dev 0 "$@"
   expectLine calls "$line"
 }
-ctestCall='--output-on-failure --no-tests=error -j4'
+ctestCall='--output-on-failure --no-tests=error -j5'
 calls 'cmake --build --preset release --parallel 3' build
 calls 'cmake --build --preset clang --parallel 3' build clang
 calls "ctest --preset release $ctestCall -R Option" test -R Option
@@ -117,7 +117,7 @@ calls 'make_root.sh build/i386-root' test-i386
 calls 'cmake --build --preset i386 --parallel 3 --target core_tests all_products' test-i386
 calls "ctest --preset i386 $ctestCall -L ^core$ -R Option" test-i386 -R Option
 calls "ctest --preset i386 $ctestCall -R Option" test-i386 --all -R Option
-calls "in_locale.sh build/release tr_TR.UTF-8 ctest --preset release ${ctestCall/4/3} -R Option" \
+calls "in_locale.sh build/release tr_TR.UTF-8 ctest --preset release ${ctestCall/5/3} -R Option" \
   test-locales -R Option
 calls 'compare.sh build/i386 tests/abi/baseline/i386' abi
 calls 'compare.sh --update build/i386 tests/abi/baseline/i386' abi --update

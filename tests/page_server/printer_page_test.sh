@@ -8,17 +8,7 @@ source=$(realpath "$1")
 build=$(realpath "$2")
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
-folder=$(mktemp -d)
-trap 'stopPrinter; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
-
-fail() {
-  printf '%s\n' "$*"
-  tail -5 "$folder/printer.log"
-  exit 1
-}
+beginPrinterTest
 
 # expect NAME EXPECTED ACTUAL
 expect() { [ "$3" = "$2" ] || fail "$1:" "$3" "instead of" "$2"; }

@@ -2,6 +2,27 @@
 # A printer program of its own for tests, on a free port of the loopback
 # interface. To be sourced by bash.
 
+# shellcheck source=tests/printing/waiting.sh
+. "$(dirname -- "${BASH_SOURCE[0]}")/waiting.sh"
+
+# beginPrinterTest: makes $folder. When the test ends, the program ends, endOfTest is
+# called, which a test may define, and the folder is removed.
+beginPrinterTest() {
+  asUser=()
+  printerProcess=
+  folder=$(mktemp -d)
+  trap 'endOfTest; stopPrinter; rm -rf -- "$folder"' EXIT
+  trap 'exit 1' INT TERM HUP
+}
+endOfTest() { :; }
+
+# fail WORD...: says so, shows the end of the log, and ends the test.
+fail() {
+  printf '%s\n' "$*"
+  tail -20 "$folder/printer.log"
+  exit 1
+}
+
 # startPrinter FOLDER ARGUMENT...: sets printerProcess and printerPort. The log is
 # FOLDER/printer.log, the spool FOLDER/spool; jobs go to FOLDER/printed/, or to the device
 # that $printerDevice names.

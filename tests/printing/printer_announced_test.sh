@@ -23,26 +23,14 @@ fi
 
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
-folder=$(mktemp -d)
 daemons=()
-trap 'stopPrinter; kill "${daemons[@]}" 2>/dev/null || :; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
+beginPrinterTest
+endOfTest() { kill "${daemons[@]}" 2>/dev/null || :; }
 
 fail() {
   printf '%s\n' "$*"
   tail -n 20 "$folder/printer.log" "$folder/avahi.log" "$folder/bus.log"
   exit 1
-}
-
-waitFor() {
-  local end=$((SECONDS + $1))
-  shift
-  until "$@"; do
-    [ "$SECONDS" -lt "$end" ] || return 1
-    sleep 0.1
-  done
 }
 
 logHas() { grep -qF -- "$1" "$folder/printer.log"; }

@@ -13,26 +13,7 @@ build=$(realpath "$2")
 jobs=${3:-3}
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
-folder=$(mktemp -d)
-trap 'stopPrinter; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
-
-fail() {
-  printf '%s\n' "$*"
-  tail -20 "$folder/printer.log"
-  exit 1
-}
-
-waitFor() {
-  local end=$((SECONDS + $1))
-  shift
-  until "$@"; do
-    [ "$SECONDS" -lt "$end" ] || return 1
-    sleep 0.05
-  done
-}
+beginPrinterTest
 
 # request NAME OPERATION LINE...: writes a test file for ipptool.
 request() {

@@ -15,11 +15,7 @@ pairs=$3
 shift 3
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
-folder=$(mktemp -d)
-trap 'stopPrinter; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
+beginPrinterTest
 export CUPS_SERVER=127.0.0.1 LANG=C
 
 files=("$@")

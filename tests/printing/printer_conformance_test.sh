@@ -10,11 +10,7 @@ source=$(realpath "$1")
 build=$(realpath "$2")
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
-folder=$(mktemp -d)
-trap 'stopPrinter; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
+beginPrinterTest
 
 for program in ipptool gs; do
   command -v "$program" >/dev/null ||

@@ -11,27 +11,9 @@ source=$(realpath "$1")
 build=$(realpath "$2")
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
 device=
-folder=$(mktemp -d)
-trap 'stopPrinter; kill "$device" 2>/dev/null || :; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
-
-fail() {
-  printf '%s\n' "$*"
-  tail -20 "$folder/printer.log"
-  exit 1
-}
-
-waitFor() {
-  local end=$((SECONDS + $1))
-  shift
-  until "$@"; do
-    [ "$SECONDS" -lt "$end" ] || return 1
-    sleep 0.05
-  done
-}
+beginPrinterTest
+endOfTest() { kill "$device" 2>/dev/null || :; }
 
 # A printer that has no paper until the file "paper" is there, then prints.
 cat >"$folder/device.py" <<'END'

@@ -16,11 +16,7 @@ build=$(realpath "$2")
 extent=${3:-}
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
-folder=$(mktemp -d)
-trap 'stopPrinter; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
+beginPrinterTest
 command -v ipptool >/dev/null || { echo "ipptool is missing: apt-get install cups-ipp-utils"; exit 1; }
 cd "$folder"
 cp -- "$source/tests/printing/two_pages.ps" page.ps

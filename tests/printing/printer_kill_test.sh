@@ -13,12 +13,9 @@ build=$(realpath "$2")
 times=$3
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
 sender=
-folder=$(mktemp -d)
-trap 'kill "$sender" 2>/dev/null || :; stopPrinter; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
+beginPrinterTest
+endOfTest() { kill "$sender" 2>/dev/null || :; }
 
 cat >"$folder/print.test" <<'END'
 {

@@ -13,11 +13,7 @@ jobs=$3
 printers=${4:-0}
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
-folder=$(mktemp -d)
-trap 'stopPrinter; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
+beginPrinterTest
 routines=$build/lib/liboffice_routines.so
 
 startPrinter "$folder" --callbacks "$routines" \

@@ -11,11 +11,7 @@ seconds=$3
 seed=${4:-1}
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
-folder=$(mktemp -d)
-trap 'stopPrinter; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
+beginPrinterTest
 
 cp -- "$source/tests/printing/two_pages.ps" "$folder/page.ps"
 gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=pdfwrite -sOutputFile="$folder/page.pdf" "$folder/page.ps"

@@ -11,19 +11,9 @@ source=$(realpath "$1")
 build=$(realpath "$2")
 # shellcheck source=tests/printing/printer.sh
 . "$source/tests/printing/printer.sh"
-asUser=()
-printerProcess=
-folder=$(mktemp -d)
+beginPrinterTest
 # Where libcups notes the certificates that it has seen.
 export HOME=$folder
-trap 'stopPrinter; rm -rf -- "$folder"' EXIT
-trap 'exit 1' INT TERM HUP
-
-fail() {
-  printf '%s\n' "$*"
-  tail -20 "$folder/printer.log"
-  exit 1
-}
 
 # start ARGUMENT...: a printer called office, whose routines know the hardware, and one
 # called rules, whose rules do.

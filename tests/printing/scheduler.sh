@@ -3,6 +3,9 @@
 # interface, with its own configuration, spool and programs, as an ordinary
 # user. To be sourced by bash; nothing of the system's scheduler is touched.
 
+# shellcheck source=tests/printing/waiting.sh
+. "$(dirname -- "${BASH_SOURCE[0]}")/waiting.sh"
+
 # needPrograms: fails when something of the scheduler is missing.
 needPrograms() {
   local program
@@ -146,16 +149,6 @@ stopScheduler() {
   kill -KILL "$schedulerProcess" 2>/dev/null || :
   wait "$schedulerProcess" 2>/dev/null || :
   schedulerProcess=
-}
-
-# waitFor SECONDS COMMAND...: until the command succeeds.
-waitFor() {
-  local end=$((SECONDS + $1))
-  shift
-  until "$@"; do
-    [ "$SECONDS" -lt "$end" ] || return 1
-    sleep 0.1
-  done
 }
 
 # isIdle: no job is waiting or printing.
