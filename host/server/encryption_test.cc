@@ -1,9 +1,7 @@
 // Encrypted connections, with libcups as the client.
-#include <arpa/inet.h>
 #include <cups/cups.h>
 #include <gnutls/gnutls.h>
 #include <gtest/gtest.h>
-#include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -129,40 +127,6 @@ class CupsClient {
   http_t* http_;
 };
 
-// A client that sends bytes of its choice.
-class RawClient {
- public:
-  explicit RawClient(int port) : socket_(::socket(AF_INET, SOCK_STREAM, 0)) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    EXPECT_EQ(::connect(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-  }
-  ~RawClient() { ::close(socket_); }
-  RawClient(const RawClient&) = delete;
-  RawClient& operator=(const RawClient&) = delete;
-
-  void send(const std::string& text) { ::send(socket_, text.data(), text.size(), MSG_NOSIGNAL); }
-
-  // What comes until `end`, or the connection is over, or some seconds.
-  std::string receiveUpTo(const std::string& end) {
-    std::string received;
-    while (end.empty() || received.find(end) == std::string::npos) {
-      pollfd polled{socket_, POLLIN, 0};
-      std::array<char, 4096> buffer;
-      if (::poll(&polled, 1, 5000) <= 0) return received + "(time is over)";
-      const ssize_t count = ::recv(socket_, buffer.data(), buffer.size(), 0);
-      if (count <= 0) return received + "(end)";
-      received.append(buffer.data(), static_cast<std::size_t>(count));
-    }
-    return received;
-  }
-
- private:
-  int socket_;
-};
-
 const std::string kUpgrade =
     "OPTIONS * HTTP/1.1\r\nHost: localhost\r\nConnection: upgrade\r\n"
     "Upgrade: TLS/1.2,TLS/1.1\r\n\r\n";
@@ -186,7 +150,7 @@ TEST_F(EncryptionTest, Client_MayEncryptFromTheBeginningOrLaterOrNot) {
 
 TEST_F(EncryptionTest, RequiredEncryption_RefusesRequestsInTheClear) {
   start(/*isRequired=*/true);
-  RawClient plain(port_);
+  test::LoopbackClient plain(port_);
   plain.send("GET / HTTP/1.1\r\nHost: localhost\r\n\r\n");
   EXPECT_TRUE(plain.receiveUpTo("\r\n\r\n").starts_with("HTTP/1.1 426 Upgrade Required\r\n"));
   EXPECT_EQ(CupsClient(port_, HTTP_ENCRYPTION_REQUIRED).get("/page"), "/page encrypted");
@@ -197,23 +161,23 @@ TEST_F(EncryptionTest, SlowHandshake_KeepsNobodyWaitingAndEnds) {
   Limits limits;
   limits.head = milliseconds(300);
   start(/*isRequired=*/false, limits);
-  RawClient silent(port_);
+  test::LoopbackClient silent(port_);
   silent.send("\x16\x03\x01");
-  RawClient upgrading(port_);
+  test::LoopbackClient upgrading(port_);
   upgrading.send(kUpgrade);
   EXPECT_TRUE(
       upgrading.receiveUpTo("\r\n\r\n").starts_with("HTTP/1.1 101 Switching Protocols\r\n"));
   EXPECT_EQ(CupsClient(port_, HTTP_ENCRYPTION_ALWAYS).get("/page"), "/page encrypted");
-  EXPECT_EQ(silent.receiveUpTo(""), "(end)");
-  EXPECT_EQ(upgrading.receiveUpTo(""), "(end)");
+  EXPECT_EQ(silent.receiveAll(), "(end)");
+  EXPECT_EQ(upgrading.receiveAll(), "(end)");
 }
 
 TEST_F(EncryptionTest, NoHandshake_EndsTheConnection) {
   start();
-  RawClient client(port_);
+  test::LoopbackClient client(port_);
   // A message that servers send.
   client.send(std::string("\x16\x03\x01\0\x04\x02\0\0\0", 9));
-  const std::string received = client.receiveUpTo("");
+  const std::string received = client.receiveAll();
   // The alert that says so.
   EXPECT_TRUE(received.starts_with("\x15\x03")) << received;
   EXPECT_TRUE(received.ends_with("(end)")) << received;
@@ -223,7 +187,7 @@ TEST_F(EncryptionTest, NoHandshake_EndsTheConnection) {
 // the client's.
 TEST_F(EncryptionTest, BytesInTheClearAfterTheUpgrade_EndTheConnection) {
   start();
-  RawClient client(port_);
+  test::LoopbackClient client(port_);
   client.send(kUpgrade + "GET /page HTTP/1.1\r\nHost: localhost\r\n\r\n");
   EXPECT_EQ(client.receiveUpTo("(none)"),
             "HTTP/1.1 101 Switching Protocols\r\nConnection: Upgrade\r\n"
@@ -232,14 +196,14 @@ TEST_F(EncryptionTest, BytesInTheClearAfterTheUpgrade_EndTheConnection) {
 
 TEST_F(EncryptionTest, OptionsWithoutUpgrade_SayWhatIsAllowed) {
   start();
-  RawClient client(port_);
+  test::LoopbackClient client(port_);
   client.send(
       "OPTIONS * HTTP/1.1\r\nHost: localhost\r\n\r\nGET /p HTTP/1.1\r\nHost: localhost\r\n\r\n");
   const std::string received = client.receiveUpTo("/p in the clear");
   EXPECT_TRUE(received.starts_with("HTTP/1.1 200 OK\r\n")) << received;
   EXPECT_NE(received.find("Allow: GET, HEAD, OPTIONS, POST\r\n"), std::string::npos) << received;
   EXPECT_TRUE(received.ends_with("/p in the clear")) << received;
-  RawClient foreign(port_);
+  test::LoopbackClient foreign(port_);
   foreign.send("OPTIONS * HTTP/1.1\r\nHost: evil.example\r\n\r\n");
   EXPECT_TRUE(foreign.receiveUpTo("\r\n\r\n").starts_with("HTTP/1.1 400 Bad Request\r\n"));
 }
@@ -250,11 +214,11 @@ TEST(Encryption, ServerWithoutCertificate_TakesNoHandshake) {
   ASSERT_TRUE(server.listen("127.0.0.1:0"));
   EXPECT_TRUE(server.isLoopbackOnly());
   const std::string place = server.places().front();
-  RawClient client(std::stoi(place.substr(place.rfind(':') + 1)));
+  test::LoopbackClient client(std::stoi(place.substr(place.rfind(':') + 1)));
   client.send("\x16\x03\x01\n\n");
   loop.after(milliseconds(300), [&loop] { loop.stop(); });
   loop.run();
-  EXPECT_EQ(client.receiveUpTo(""), "(end)");
+  EXPECT_EQ(client.receiveAll(), "(end)");
 }
 
 TEST(Encryption, AnyAddress_IsNotOfTheLoopbackOnly) {

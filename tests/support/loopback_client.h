@@ -41,12 +41,9 @@ class LoopbackClient {
   // What comes until `end` has come, or the connection is over, or some seconds.
   std::string receiveUpTo(const std::string& end) {
     while (received_.find(end) == std::string::npos) {
-      pollfd polled{socket_, POLLIN, 0};
-      char buffer[65536];
-      if (::poll(&polled, 1, 5000) <= 0) return received_ + "(time is over)";
-      const ssize_t count = ::recv(socket_, buffer, sizeof buffer, 0);
-      if (count <= 0) return std::exchange(received_, "") + "(end)";
-      received_.append(buffer, static_cast<std::size_t>(count));
+      if (const std::string why = receiveMore(); !why.empty()) {
+        return std::exchange(received_, "") + why;
+      }
     }
     const std::size_t size = received_.find(end) + end.size();
     const std::string text = received_.substr(0, size);
@@ -54,7 +51,25 @@ class LoopbackClient {
     return text;
   }
 
+  // What comes until the connection is over, or some seconds.
+  std::string receiveAll() {
+    std::string why;
+    while (why.empty()) why = receiveMore();
+    return std::exchange(received_, "") + why;
+  }
+
  private:
+  // Adds to what has been received. Says why there is nothing more, or nothing.
+  std::string receiveMore() {
+    pollfd polled{socket_, POLLIN, 0};
+    char buffer[65536];
+    if (::poll(&polled, 1, 5000) <= 0) return "(time is over)";
+    const ssize_t count = ::recv(socket_, buffer, sizeof buffer, 0);
+    if (count <= 0) return "(end)";
+    received_.append(buffer, static_cast<std::size_t>(count));
+    return {};
+  }
+
   int socket_;
   std::string received_;
 };
