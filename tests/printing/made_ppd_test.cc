@@ -137,7 +137,8 @@ TEST_F(MadePpdTest, GroupsOfAnImportedPpd_ComeBack) {
   EXPECT_THAT(frameOf(result.output), HasSubstr(groups));
 }
 
-// The second keeps its asterisk, since the first has the name without, and is lost.
+// The second of two keeps its asterisk, since the first has the name without, and is
+// lost, as is a group without a name.
 TEST_F(MadePpdTest, GroupsNamedAsKeywords_LoseTheAsterisk) {
   const auto option = [](const std::string& group, const std::string& name) {
     return "*OpenGroup: " + group + "\n*OpenUI *" + name + ": PickOne\n*Default" + name + ": A\n*" +
@@ -145,7 +146,8 @@ TEST_F(MadePpdTest, GroupsNamedAsKeywords_LoseTheAsterisk) {
            "\n*CloseGroup: " + group.substr(0, group.find('/')) + "\n";
   };
   write("in.ppd", "*PPD-Adobe: \"4.3\"\n" + option("*Images/Pictures", "Dots") +
-                      option("Fonts/Letters", "Bold") + option("*Fonts/More letters", "Thin"));
+                      option("Fonts/Letters", "Bold") + option("*Fonts/More letters", "Thin") +
+                      option("", "Alone"));
   command({"import", "in.ppd", "--output", "in.xml"});
   command({"check", "in.xml", "--strict"});
   const RunResult result = queue({"in.xml"});

@@ -52,7 +52,8 @@ std::vector<host::Panel> panelsOf(ppd_file_t& ppd, std::string_view bytes,
   for (int i = 0; i < ppd.num_groups; ++i) {
     if (isOfLibcups(ppd.groups[i], bytes)) continue;
     host::Panel panel = panelOf(ppd, ppd.groups[i], names);
-    if (!panel.members.empty()) panels.push_back(std::move(panel));
+    // A damaged PPD can have a group without a name, which says nothing to anybody.
+    if (!panel.name.empty() && !panel.members.empty()) panels.push_back(std::move(panel));
   }
   return panels;
 }
