@@ -10,6 +10,7 @@
 #include "frame/master_set.h"
 #include "model/driver_feature.h"
 #include "model/notification.h"
+#include "support/failing_memory.h"
 #include "support/model_builder.h"
 #include "support/recording_host.h"
 
@@ -83,6 +84,14 @@ TEST_F(ManySavedValuesTest, SaveAndRestore_AllValuesComeBack) {
   }
   RestoreOriginalFeatureValues(names_);
   for (int i = 0; i < kMany; ++i) EXPECT_EQ(read(i, "CurrentIntValue"), i);
+}
+
+TEST_F(ManySavedValuesTest, Save_NoMemoryForTheListOfNames_SavesAllByWalkingOverTheMap) {
+  failingMemory.failAfter(0);
+  SaveCurrentFeatureValues(names_);
+  EXPECT_TRUE(failingMemory.hasFailed());
+  failingMemory.stop();
+  for (int i = 0; i < kMany; ++i) EXPECT_EQ(read(i, "OriginalIntValue"), i);
 }
 
 TEST_F(ManySavedValuesTest, Save_FeatureThatIsNotNamed_IsLeftAlone) {
