@@ -120,6 +120,26 @@ TEST_F(DynamicRecordTest, RemovedRecords_GiveTheirMemoryBack) {
   EXPECT_LT(used(), empty + kKept);
 }
 
+// The options that were copied for a record, the first of them as well.
+TEST_F(DynamicRecordTest, RemovedRecordsOfLists_GiveTheMemoryOfTheirOptionsBack) {
+  DriverFeature& list = model_.feature("List", 1);
+  for (const char* name : {"one", "two"}) model_.option(list, name);
+  DriverFeatureStaticGroup& shape = model_.group("shape", {}, {&list});
+  DriverFeatureDynamicGroup& group = model_.dynamicGroup("records");
+  group.addDefaultStaticGroupTemplate(&shape);
+  AttributeMap values;
+  values["List"] = "two";
+  const auto addAndRemove = [&] {
+    for (int i = 0; i < 500; ++i) group.addStaticGroupToDynamicGroup(values);
+    group.removeAllDynamicEntries();
+  };
+  addAndRemove();
+  const std::size_t before = mallinfo2().uordblks;
+  if (before == 0) GTEST_SKIP() << "the allocator keeps no account";
+  addAndRemove();
+  EXPECT_LT(mallinfo2().uordblks, before + 20000);
+}
+
 // Records whose template changes the group while one of them is loaded.
 DriverFeatureDynamicGroup* changedGroup = nullptr;
 
