@@ -120,8 +120,9 @@ TEST_F(DynamicRecordTest, RemovedRecords_GiveTheirMemoryBack) {
   EXPECT_LT(used(), empty + kKept);
 }
 
-// The options that were copied for a record, the first of them as well.
-TEST_F(DynamicRecordTest, RemovedRecordsOfLists_GiveTheMemoryOfTheirOptionsBack) {
+// The options that were copied for a record, the first of them as well, and records
+// that have been used.
+TEST_F(DynamicRecordTest, RemovedRecordsOfLists_GiveTheirMemoryBack) {
   DriverFeature& list = model_.feature("List", 1);
   for (const char* name : {"one", "two"}) model_.option(list, name);
   DriverFeatureStaticGroup& shape = model_.group("shape", {}, {&list});
@@ -130,7 +131,10 @@ TEST_F(DynamicRecordTest, RemovedRecordsOfLists_GiveTheMemoryOfTheirOptionsBack)
   AttributeMap values;
   values["List"] = "two";
   const auto addAndRemove = [&] {
-    for (int i = 0; i < 500; ++i) group.addStaticGroupToDynamicGroup(values);
+    for (unsigned i = 0; i < 500; ++i) {
+      group.addStaticGroupToDynamicGroup(values);
+      group.getDynamicEntryByIndex(i);
+    }
     group.removeAllDynamicEntries();
   };
   addAndRemove();
