@@ -14,6 +14,7 @@
 #include <cups/cups.h>
 #include <cups/ppd.h>
 
+#include <clocale>
 #include <cstdlib>
 #include <fstream>
 #include <functional>
@@ -47,6 +48,9 @@ struct Differences {
 
 // libcups takes the language from the environment whenever it opens a PPD.
 Ppd open(const std::string& path, const std::string& language) {
+  // These would win over the language.
+  std::setlocale(LC_ALL, "C");
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANGUAGE"}) ::unsetenv(name);
   ::setenv("LANG", language.c_str(), 1);
   Ppd ppd(ppdOpenFile(path.c_str()), &ppdClose);
   if (!ppd) return ppd;
