@@ -46,7 +46,7 @@ endfunction()
 
 # driver_feature_lightly_optimized(TARGET...): libraries that wait for people, files or
 # clients. Compiling them takes a third less than with everything that the preset
-# release asks for. What runs in each print job and in each change of a value has it.
+# release asks for. The library and what takes the time of a print job have it.
 function(driver_feature_lightly_optimized)
   foreach(target ${ARGN})
     target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)

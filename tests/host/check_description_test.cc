@@ -137,12 +137,14 @@ TEST_F(CheckTest, Check_LongDescriptions_TakeATimeInProportion) {
     options += "<Option Name='o" + number + "' PJLCommand='" + number + "'/>";
   }
   const std::string count = std::to_string(20 * kThousand);
+  const std::string last = "o" + std::to_string(20 * kThousand - 1);
   describe("options.xml", {kBaseInfo,
-                           "<Feature FeatureType='MultiSelect' Name='A' DefaultValue='o1' "
-                           "PJLCommand='@PJL SET A=%s'>",
+                           "<Feature FeatureType='MultiSelect' Name='A' DefaultValue='" + last +
+                               "' PJLCommand='@PJL SET A=%s'>",
                            options + "</Feature>"});
   EXPECT_EQ(check({"options.xml"}),
-            success("options.xml:3:86: warning: PJLCommand of feature \"A\" does not end its line, "
+            success("options.xml:3:" + std::to_string(84 + last.size()) +
+                    ": warning: PJLCommand of feature \"A\" does not end its line, "
                     "nor does any of its " +
                     count +
                     " options; end it with &#13;&#10; [DF504]\n"
