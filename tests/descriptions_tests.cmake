@@ -9,7 +9,7 @@ target_link_libraries(descriptions_test_text PUBLIC driver_feature_compile_optio
 
 driver_feature_test(descriptions_tests
   GLOB descriptions/*_test.cc LINK descriptions_test_text driver_feature_program)
-driver_feature_test(golden_tests
+driver_feature_test(golden_tests FIRST
   GLOB tests/golden/*.cc tests/host/program_runner.cc)
 target_link_libraries(golden_tests PRIVATE nlohmann_json::nlohmann_json)
 # GCC 12 warns of the inside of std::regex when it compiles run-time checks in.

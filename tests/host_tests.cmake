@@ -9,7 +9,7 @@ target_link_libraries(host_unit_tests PRIVATE LibXml2::LibXml2)
 target_compile_definitions(host_unit_tests PRIVATE
   DESCRIPTION_SCHEMA="${PROJECT_SOURCE_DIR}/descriptions/feature_description.rng")
 driver_feature_test(host_shell_tests GLOB programs/driver_feature/shell/*_test.cc LINK driver_feature_program)
-driver_feature_test(host_program_tests
+driver_feature_test(host_program_tests FIRST
   GLOB tests/host/*_test.cc tests/host/check_*_rows.cc tests/host/program_runner.cc
        tests/host/shell_fixture.cc
   LINK util)

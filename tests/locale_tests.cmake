@@ -24,12 +24,13 @@ set_tests_properties(locale_outputs PROPERTIES FIXTURES_REQUIRED locales LABELS 
 
 # The unit tests of what reads and writes numbers and names. Numbers in Turkish are
 # as in German, with a comma and grouped digits. `./dev test-locales` runs all tests
-# in each locale.
+# in each locale. The agreement with the schema is about names alone, and takes seconds.
 set(locale tr_TR.UTF-8)
 foreach(program diagnostics frame loader model output templates platform host_unit filter_unit)
   add_test(NAME locale_${locale}_${program}
     COMMAND ${BASH_PROGRAM} ${locale_folder}/in_locale.sh ${PROJECT_BINARY_DIR} ${locale}
-            $<TARGET_FILE:${program}_tests> --gtest_brief=1)
+            $<TARGET_FILE:${program}_tests>
+            --gtest_brief=1 --gtest_filter=-SchemaAgreement.*)
   set_tests_properties(locale_${locale}_${program} PROPERTIES
     FIXTURES_REQUIRED locales LABELS once)
 endforeach()

@@ -37,7 +37,9 @@ TEST(PluginTest, Load_LibraryWithoutRecord_NamesTheMissingSymbol) {
                 "_KirvoSOVersion; name another one with --library PATH");
 }
 
-TEST(PluginTest, Load_OtherVersion_IsRefused) {
+// In a process of its own: checked builds do not let a second library define the record
+// of the one that was loaded.
+TEST(PluginVersionTest, Load_OtherVersion_IsRefused) {
   EXPECT_EQ(problemText(Plugin::load(OTHER_PLUGIN_LIBRARY)),
             std::string(OTHER_PLUGIN_LIBRARY) +
                 ": has version \"v2.0\" of the plug-in interface, not \"v1.0\"; name "

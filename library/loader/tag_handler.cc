@@ -86,11 +86,13 @@ void buildChild(ChildElements& child) {
 }
 
 // Required: the handler converts its log category and keeps the result for as
-// long as the process lives. Nothing reads it.
+// long as the process lives. Nothing reads it. The pointer is there for checks for
+// leaks, which look up the names of functions, slowly, only where something is lost.
 void convertLogCategory() {
+  static unsigned char* converted;
   int inputLength = static_cast<int>(std::strlen(kLogCategory));
   int outputLength = 2 * inputLength + 1;
-  auto* converted = new unsigned char[static_cast<std::size_t>(outputLength)];
+  converted = new unsigned char[static_cast<std::size_t>(outputLength)];
   isolat1ToUTF8(converted, &outputLength, reinterpret_cast<const unsigned char*>(kLogCategory),
                 &inputLength);
 }
