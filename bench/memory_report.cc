@@ -16,6 +16,7 @@
 #include "bench/loaded_model.h"
 #include "bench/operation.h"
 #include "frame/state.h"
+#include "host/base/decimal.h"
 #include "model/core_feature_group.h"
 #include "model/driver_feature.h"
 #include "model/driver_feature_option.h"
@@ -91,5 +92,5 @@ int main(int argc, char** argv) {
     return 2;
   }
   const double mebibytes = driver_feature::bench::report(std::atoi(argv[1]));
-  return argc > 2 && mebibytes > std::atof(argv[2]) ? 1 : 0;
+  return argc > 2 && mebibytes > driver_feature::host::decimal(argv[2]) ? 1 : 0;
 }

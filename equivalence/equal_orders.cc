@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "host/base/decimal.h"
+
 namespace driver_feature::equivalence {
 
 namespace {
@@ -34,7 +36,7 @@ std::optional<float> ownOrder(ppd_file_t& file, const std::string& keyword) {
        attribute != nullptr;
        attribute = ::ppdFindNextAttr(&file, "NonUIOrderDependency", nullptr)) {
     const std::string value = attribute->value != nullptr ? attribute->value : "";
-    if (value.ends_with(suffix)) return std::stof(value);
+    if (value.ends_with(suffix)) return host::decimal<float>(value);
   }
   return std::nullopt;
 }

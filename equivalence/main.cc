@@ -20,6 +20,7 @@
 #include "equivalence/report.h"
 #include "equivalence/run_progress.h"
 #include "equivalence/runner.h"
+#include "host/base/language.h"
 #include "host/session/log.h"
 
 namespace driver_feature::equivalence {
@@ -198,6 +199,7 @@ int runProgram(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
+    driver_feature::host::useEnglish();
     return driver_feature::equivalence::runProgram(argc, argv);
   } catch (const std::exception& error) {
     return driver_feature::equivalence::refuse(error.what());

@@ -10,6 +10,7 @@
 #include <set>
 
 #include "equivalence/custom_values.h"
+#include "host/base/decimal.h"
 
 namespace driver_feature::equivalence {
 
@@ -91,8 +92,10 @@ ppd_coption_t* Peer::customOption(const ppd_option_t& option) const {
 void Peer::storeValue(const ppd_option_t& option, const CustomValue& value) {
   if (isPageSize(option)) {
     ppd_size_t* size = ::ppdPageSize(file_.get(), "Custom");
-    if (size != nullptr && value.parameter == "Width") size->width = std::stof(value.value);
-    if (size != nullptr && value.parameter == "Height") size->length = std::stof(value.value);
+    if (size != nullptr && value.parameter == "Width")
+      size->width = host::decimal<float>(value.value);
+    if (size != nullptr && value.parameter == "Height")
+      size->length = host::decimal<float>(value.value);
   }
   ppd_coption_t* custom = customOption(option);
   ppd_cparam_t* parameter =

@@ -7,6 +7,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/base/decimal.h"
 #include "host/page_server/json_text.h"
 
 namespace driver_feature::page_server {
@@ -35,10 +36,12 @@ bool isNothing(const std::string& value) {
 
 // "[595 842]"
 Json sizeOf(const std::string& value) {
-  char* rest = nullptr;
-  const double width = std::strtod(value.c_str() + std::min<std::size_t>(1, value.size()), &rest);
-  const double height = std::strtod(rest, nullptr);
-  return {width, height};
+  const std::size_t width = value.find_first_not_of("[ ");
+  const std::size_t height = value.find_first_not_of(' ', value.find(' ', width));
+  const auto numberAt = [&](std::size_t place) {
+    return place < value.size() ? host::decimal(std::string_view(value).substr(place)) : 0;
+  };
+  return {numberAt(width), numberAt(height)};
 }
 
 void take(const std::string& name, const std::string& value, Json& device) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include "host/base/decimal.h"
 
 namespace driver_feature::ppd {
 
@@ -23,7 +23,7 @@ TEST(PointsTest, Millimetres_AreAsShortAsPossible) {
 TEST(PointsTest, Millimetres_OfAnyLength_GiveItBack) {
   float points = 0.0001F;
   for (; points < 1e6F; points = points * 1.37F + 0.1F) {
-    EXPECT_EQ(pointsOf(std::strtod(textOfLength(points).c_str(), nullptr)), points);
+    EXPECT_EQ(pointsOf(host::decimal(textOfLength(points))), points);
   }
 }
 

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <map>
 #include <random>
+#include <sstream>
 
 #include "host/rules/rulebook.h"
 #include "support/rule_notation.h"
@@ -87,12 +88,17 @@ Case randomCase(unsigned seed) {
   return made;
 }
 
+std::string textOf(double number) {
+  std::ostringstream text;
+  text << number;
+  return text.str();
+}
+
 Values defaultsOf(const Domains& domains) {
   Values values;
   for (const Domain& domain : domains) {
-    values[domain.feature] = domain.kind == Domain::Kind::kChoices
-                                 ? domain.defaultChoice
-                                 : std::to_string(domain.defaultNumber);
+    values[domain.feature] =
+        domain.kind == Domain::Kind::kChoices ? domain.defaultChoice : textOf(domain.defaultNumber);
   }
   return values;
 }

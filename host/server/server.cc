@@ -12,6 +12,7 @@
 #include <cstring>
 #include <utility>
 
+#include "host/base/language.h"
 #include "host/base/text.h"
 
 namespace driver_feature::host {
@@ -87,6 +88,7 @@ std::string placeOf(int listener) {
 
 Server::Server(EventLoop& loop, const Limits& limits, Handler handler)
     : loop_(loop), limits_(limits), handler_(std::move(handler)) {
+  useEnglish();
   names_ = {"localhost", "127.0.0.1", "::1"};
   // Whoever listens at all addresses has names that it does not know. A name that
   // is an address was not given by another place's name server.

@@ -25,7 +25,7 @@ namespace driver_feature::host {
 
 class Server {
  public:
-  // The loop must outlive the server.
+  // The loop must outlive the server. From now on libraries give their words in English.
   Server(EventLoop& loop, const Limits& limits, Handler handler);
   ~Server();
   Server(const Server&) = delete;

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <ctime>
 #include <memory>
 #include <optional>
@@ -323,6 +324,19 @@ TEST_F(ServerTest, Requests_ByOwnNames_AreTaken) {
     client.send("GET /a HTTP/1.1\r\nHost: " + host + "\r\n\r\n");
     EXPECT_EQ(brief(client.receiveUpTo("/a")), "200 OK: page /a") << host;
   }
+}
+
+// A suite of its own, and so a process: libcups keeps the language it was asked in first.
+class ServerInGermanyTest : public ServerTest {
+ protected:
+  ServerInGermanyTest() { ::setenv("LC_ALL", "de_DE.UTF-8", 1); }
+};
+
+TEST_F(ServerInGermanyTest, Status_HasEnglishWords) {
+  start();
+  Client client(port_);
+  client.send("GET / HTTP/1.1\r\n\r\n");
+  EXPECT_EQ(brief(client.receiveUpTo("\n(never)")), "400 Bad Request: 400 Bad Request\n(end)");
 }
 
 TEST(Server, Listen_WrongPlace_IsRefused) {

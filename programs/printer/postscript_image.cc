@@ -1,6 +1,7 @@
 #include "programs/printer/postscript_image.h"
 
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 
@@ -15,10 +16,10 @@ constexpr std::size_t kLineLength = 75;
 constexpr std::size_t kLongestRun = 128;
 
 std::string number(double value) {
-  std::array<char, 32> text{};
-  // The program never leaves the locale "C".
-  const int size = std::snprintf(text.data(), text.size(), "%.2f", value);
-  return {text.data(), static_cast<std::size_t>(size)};
+  std::array<char, 32> text;
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 2);
+  return {text.data(), end.ptr};
 }
 
 // How many bytes at the beginning are the same, up to a longest run.

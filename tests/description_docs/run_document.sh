@@ -37,6 +37,9 @@ cd "$folder/work"
 driver-feature() { command "$program" "$@"; }
 # shellcheck disable=SC2317  # called by the sessions
 c++() { command "$compiler" "${flags[@]}" "$@"; }
+# The order of names is that of the document.
+# shellcheck disable=SC2317  # called by the sessions
+ls() { LC_ALL=C command ls "$@"; }
 
 fail() {
   printf '%s:%s: %s\n' "$document" "$line" "$1"

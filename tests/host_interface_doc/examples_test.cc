@@ -43,8 +43,10 @@ std::string anchorOf(const std::string& heading) {
   std::string anchor;
   for (const char character : heading.substr(heading.find(' ') + 1)) {
     const auto byte = static_cast<unsigned char>(character);
-    if (std::isalnum(byte) != 0 || character == '-' || character == '_') {
-      anchor += static_cast<char>(std::tolower(byte));
+    if (std::isupper(byte) != 0) {
+      anchor += static_cast<char>(byte - 'A' + 'a');
+    } else if (std::isalnum(byte) != 0 || character == '-' || character == '_') {
+      anchor += character;
     } else if (character == ' ') {
       anchor += '-';
     }

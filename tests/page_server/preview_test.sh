@@ -86,7 +86,7 @@ cp "$source"/descriptions/office_laser.* .
 
 # Who may ask.
 start --callbacks "$build/lib/liboffice_routines.so" office_laser.xml
-[[ $page =~ ^http://127\.0\.0\.1:[0-9]+/[0-9a-v]{32}/$ ]] || fail "the address is $page"
+[[ $page =~ ^http://127\.0\.0\.1:[0-9]+/[[:alnum:]]{32}/$ ]] || fail "the address is $page"
 expect "the page" 200 "$(statusOf "$page")"
 expect "a file of the page" 200 "$(statusOf "${page}style.css")"
 expect "no token" 404 "$(statusOf "$origin/")"

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "host/base/decimal.h"
 #include "host/description/rules.h"
 #include "host/rules/domain.h"
 
@@ -21,7 +22,7 @@ inline host::Condition conditionOf(const std::string& text) {
   condition.feature = text.substr(0, sign);
   if (text[sign] == '<' || text[sign] == '>') {
     condition.kind = text[sign] == '>' ? Kind::kAbove : Kind::kBelow;
-    condition.number = std::stod(text.substr(sign + 1));
+    condition.number = host::decimal(text.substr(sign + 1));
     return condition;
   }
   if (text[sign] == '!') condition.kind = Kind::kIsNot;

@@ -6,6 +6,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "host/base/decimal.h"
+
 namespace driver_feature::rules {
 
 namespace {
@@ -128,7 +130,7 @@ std::string SmtJudge::nameOf(const std::string& feature) const {
 std::string SmtJudge::valueOf(const std::string& feature, const std::string& value) const {
   const Domain& domain = *byName_.at(feature);
   if (domain.kind != Domain::Kind::kChoices) {
-    return numeral(std::stod(value), domain.kind == Domain::Kind::kWhole);
+    return numeral(host::decimal(value), domain.kind == Domain::Kind::kWhole);
   }
   const auto found = std::find_if(domain.choices.begin(), domain.choices.end(),
                                   [&](const auto& choice) { return choice.name == value; });
@@ -154,7 +156,8 @@ std::string SmtJudge::conditionOf(const host::Condition& condition) const {
 std::vector<std::string> SmtJudge::disagreements(const std::string& z3,
                                                  const std::string& scriptFile) {
   std::ofstream(scriptFile) << script_;
-  const std::vector<std::string> answers = linesOf("'" + z3 + "' '" + scriptFile + "' 2>&1");
+  const std::vector<std::string> answers =
+      linesOf("LC_ALL=C '" + z3 + "' '" + scriptFile + "' 2>&1");
   std::vector<std::string> wrong;
   if (answers.size() != expected_.size()) {
     wrong.push_back(z3 + ": " + std::to_string(answers.size()) + " answers to " +

@@ -1,11 +1,10 @@
 // "import": feature descriptions of PPD files.
 
 #include <array>
-#include <clocale>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "host/base/language.h"
 #include "programs/driver_feature/commands/commands.h"
 #include "programs/driver_feature/commands/import_run.h"
 
@@ -42,20 +41,12 @@ constexpr std::array kRows = {
     ArgumentRow{"--strict", "", "Refuse a file that loses a part of an option or a constraint"},
 };
 
-// libcups takes the language of the environment, for its messages and for
-// which translations of a file it reads. The program speaks English, and what
-// is said of a file must not depend on who runs the program.
-void chooseLanguage() {
-  std::setlocale(LC_MESSAGES, "C");
-  ::setenv("LC_MESSAGES", "C", 1);
-}
-
 host::Result<int> run(const Arguments& arguments, const host::SessionRequest& general) {
   const ImportStyle style{general.detail, arguments.has("--strict")};
   const std::vector<std::string>& files = arguments.texts("PPD");
   const std::string source = arguments.text("--all");
   const std::string output = arguments.text("--output");
-  chooseLanguage();
+  host::useEnglish();
   if (files.empty() == source.empty()) {
     return host::refused(
         "either PPD files or --all DIR is needed; driver-feature import --help explains the usage");
