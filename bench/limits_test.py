@@ -48,9 +48,12 @@ class LimitsTest(unittest.TestCase):
 
     def test_comparison_is_one_of_those_that_are_counted(self):
         limits = Limits()
-        limits.add_comparison({"compare records of five members/1000": 1_501_000})
+        for count in (1_500_000, 1_501_000, 2_201_000):
+            limits.add_comparison({"compare records of five members/1000": count})
+        row = "| compare records of five members, instructions |"
         self.assertEqual(table_of(limits), (1, [
-            "| compare records of five members, instructions | 1,501 | 1,500 | missed |"]))
+            f"{row} 1,500 | 1,500 |  |", f"{row} 1,501 | 1,500 | accepted up to 2,200 |",
+            f"{row} 2,201 | 1,500 | missed |"]))
 
     def test_memory_is_read_from_the_report(self):
         limits = Limits()
