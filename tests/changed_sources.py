@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Prints the project's sources that a change touches, each ended by NUL: those
-that it adds or alters, and those that include such a header, directly or through
-others.
+"""Prints the project's sources that show what is wrong with a change, each ended by NUL:
+those that it adds or alters, and, for each such header that none of them includes,
+directly or through others, one that does. What is wrong with a header is the same in
+all sources that include it.
 
 usage: changed_sources.py BASE < SOURCES
 
@@ -36,19 +37,35 @@ def altered_files(base):
     return altered
 
 
-def users_of(altered, names):
-    """The altered files and all that include them."""
+def direct_users(names):
+    """For each file those that include it."""
     users = {}
     for name in names:
         for _, included in project_includes(_ROOT, pathlib.Path(name)):
             users.setdefault(str(included), set()).add(name)
-    touched, todo = set(), list(altered)
+    return users
+
+
+def all_users(header, users):
+    """All that include it, directly or through others."""
+    found, todo = set(), [header]
     while todo:
-        name = todo.pop()
-        if name not in touched:
-            touched.add(name)
-            todo += users.get(name, ())
-    return touched
+        for name in users.get(todo.pop(), set()) - found:
+            found.add(name)
+            todo.append(name)
+    return found
+
+
+def shown_by(altered, sources, users):
+    """The altered sources, and one for each altered header that they do not include: its
+    own, if it has one."""
+    shown = sources & altered
+    for header in sorted(altered - sources):
+        able = all_users(header, users) & sources
+        if able and not able & shown:
+            own = str(pathlib.Path(header).with_suffix(".cc"))
+            shown.add(own if own in able else min(able))
+    return shown
 
 
 def main():
@@ -60,7 +77,7 @@ def main():
                              "*.h", "*.cc"],
                             cwd=_ROOT, stdout=subprocess.PIPE, text=True, check=True)
     names = {name for name in listed.stdout.split("\0") if name and (_ROOT / name).is_file()}
-    for name in sorted(sources & users_of(altered_files(sys.argv[1]), names)):
+    for name in sorted(shown_by(altered_files(sys.argv[1]), sources, direct_users(names))):
         sys.stdout.write(f"{_ROOT / name}\0")
 
 

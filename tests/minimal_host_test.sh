@@ -19,7 +19,10 @@ unset DESTDIR PKG_CONFIG_LIBDIR MAKEFLAGS
 export ASAN_OPTIONS=${ASAN_OPTIONS-detect_leaks=0}
 
 mkdir "$folder/first place"
-cmake --install "$build" --prefix "$folder/first place" >"$folder/install.log"
+for component in library development; do
+  cmake --install "$build" --prefix "$folder/first place" --component "$component" \
+    >>"$folder/install.log"
+done
 mkdir "$folder/elsewhere"
 mv "$folder/first place" "$folder/elsewhere/moved"
 prefix=$folder/elsewhere/moved
