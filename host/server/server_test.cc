@@ -1,80 +1,20 @@
 #include "host/server/server.h"
 
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <ctime>
-#include <memory>
-#include <optional>
 #include <string>
 #include <thread>
 
+#include "host/server/server_fixture.h"
 #include "support/address_checks.h"
-#include "support/loopback_client.h"
 
 namespace driver_feature::host {
 namespace {
 
 using std::chrono::milliseconds;
-
-// Responds with the body it got; "early" ends a request, "later" is answered by
-// another one.
-class EchoTaker final : public BodyTaker {
- public:
-  explicit EchoTaker(RequestNumber* waiting) : waiting_(waiting) {}
-  std::optional<Response> take(std::string_view bytes) override {
-    body_ += bytes;
-    if (body_.starts_with("early")) return plainResponse(HTTP_STATUS_REQUEST_TOO_LARGE);
-    return std::nullopt;
-  }
-  std::optional<Response> finish(RequestNumber request) override {
-    if (body_ == "later") {
-      *waiting_ = request;
-      return std::nullopt;
-    }
-    return Response{HTTP_STATUS_OK, "text/x", body_};
-  }
-
- private:
-  RequestNumber* waiting_;
-  std::string body_;
-};
-
-class ServerTest : public ::testing::Test {
- protected:
-  void start(Limits limits = {}) {
-    server_ = std::make_unique<Server>(
-        loop_, limits,
-        [this](const Request& request) -> std::variant<Response, std::unique_ptr<BodyTaker>> {
-          if (request.method == Method::kPost) return std::make_unique<EchoTaker>(&waiting_);
-          if (request.path == "/reply")
-            server_->reply(waiting_, {HTTP_STATUS_OK, "text/x", "late"});
-          if (request.path == "/long")
-            return Response{HTTP_STATUS_OK, "text/x", std::string(3000000, 'x')};
-          return Response{HTTP_STATUS_OK, "text/x", "page " + request.path};
-        });
-    ASSERT_TRUE(server_->listen("127.0.0.1:0"));
-    const std::string place = server_->places().front();
-    port_ = std::stoi(place.substr(place.rfind(':') + 1));
-    thread_.emplace(loop_);
-  }
-
-  void TearDown() override {
-    thread_.reset();
-    server_.reset();
-  }
-
-  EventLoop loop_;
-  std::unique_ptr<Server> server_;
-  std::optional<test::LoopThread> thread_;
-  RequestNumber waiting_ = 0;
-  int port_ = 0;
-};
-
-using Client = test::LoopbackClient;
 
 void sendSlowly(Client& client, const std::string& text) {
   for (const char byte : text) {
@@ -82,17 +22,6 @@ void sendSlowly(Client& client, const std::string& text) {
     std::this_thread::sleep_for(milliseconds(1));
   }
 }
-
-// The status line without HTTP/1.1 and the body.
-std::string brief(const std::string& response) {
-  const std::size_t line = response.find("\r\n");
-  const std::size_t head = response.find("\r\n\r\n");
-  if (head == std::string::npos) return response;
-  return response.substr(9, line - 9) + ": " + response.substr(head + 4);
-}
-
-const std::string kHost = "Host: localhost\r\n";
-const std::string kPost = "POST /x HTTP/1.1\r\n" + kHost;
 
 TEST_F(ServerTest, Get_TwoOnOneConnection_HaveTheirResponses) {
   start();
@@ -277,79 +206,6 @@ TEST_F(ServerTest, Client_NoFileDescriptorIsLeft_WaitsForOneAtRest) {
   ::setrlimit(RLIMIT_NOFILE, &before);
   EXPECT_LT(worked, CLOCKS_PER_SEC / 10);
   EXPECT_EQ(brief(client.receiveUpTo("page /a")), "200 OK: page /a");
-}
-
-TEST_F(ServerTest, Requests_ThatAreNotTaken_HaveAStatus) {
-  Limits limits;
-  limits.bodyBytes = 100;
-  start(limits);
-  struct Row {
-    const char* name;
-    std::string request, status;
-  };
-  const std::vector<Row> rows = {
-      {"no host", "GET / HTTP/1.1\r\n\r\n", "400 Bad Request"},
-      {"other host", "GET / HTTP/1.1\r\nHost: example.com\r\n\r\n", "400 Bad Request"},
-      {"other address", "GET / HTTP/1.1\r\nHost: 10.0.0.1:631\r\n\r\n", "400 Bad Request"},
-      {"unknown method", "GARBAGE / HTTP/1.1\r\n" + kHost + "\r\n", "501 Not Implemented"},
-      {"version", "GET / HTTP/9.9\r\n" + kHost + "\r\n", "501 Not Implemented"},
-      {"method", "DELETE / HTTP/1.1\r\n" + kHost + "\r\n", "501 Not Implemented"},
-      {"body of GET", "GET / HTTP/1.1\r\n" + kHost + "Content-Length: 3\r\n\r\nabc",
-       "400 Bad Request"},
-      {"no length", kPost + "\r\n", "400 Bad Request"},
-      {"two lengths", kPost + "Content-Length: 3\r\nTransfer-Encoding: chunked\r\n\r\n",
-       "400 Bad Request"},
-      {"too long", kPost + "Content-Length: 101\r\n\r\n", "413 Request Entity Too Large"},
-      {"too long in chunks",
-       kPost + "Transfer-Encoding: chunked\r\n\r\n65\r\n" + std::string(101, 'x') + "\r\n",
-       "413 Request Entity Too Large"},
-      {"no chunk", kPost + "Transfer-Encoding: chunked\r\n\r\nhello\r\n", "400 Bad Request"},
-      {"coded", kPost + "Content-Length: 3\r\nContent-Encoding: gzip\r\n\r\nabc",
-       "400 Bad Request"},
-  };
-  for (const Row& row : rows) {
-    Client client(port_);
-    client.send(row.request);
-    EXPECT_EQ(brief(client.receiveUpTo("\n(never)")), row.status + ": " + row.status + "\n(end)")
-        << row.name;
-  }
-}
-
-TEST_F(ServerTest, Requests_ByOwnNames_AreTaken) {
-  start();
-  server_->addName("Printer.example");
-  for (const std::string host :
-       {"localhost", "LOCALHOST:8631", "127.0.0.1:1", "[::1]:631", "printer.example."}) {
-    Client client(port_);
-    client.send("GET /a HTTP/1.1\r\nHost: " + host + "\r\n\r\n");
-    EXPECT_EQ(brief(client.receiveUpTo("/a")), "200 OK: page /a") << host;
-  }
-}
-
-// A suite of its own, and so a process: libcups keeps the language it was asked in first.
-class ServerInGermanyTest : public ServerTest {
- protected:
-  ServerInGermanyTest() { ::setenv("LC_ALL", "de_DE.UTF-8", 1); }
-};
-
-TEST_F(ServerInGermanyTest, Status_HasEnglishWords) {
-  start();
-  Client client(port_);
-  client.send("GET / HTTP/1.1\r\n\r\n");
-  EXPECT_EQ(brief(client.receiveUpTo("\n(never)")), "400 Bad Request: 400 Bad Request\n(end)");
-}
-
-TEST(Server, Listen_WrongPlace_IsRefused) {
-  EventLoop loop;
-  Server server(loop, {}, {});
-  for (const std::string place :
-       {"", "8631", ":8631", "localhost:", "localhost:x", "localhost:65536"}) {
-    const auto listened = server.listen(place);
-    ASSERT_FALSE(listened) << place;
-    EXPECT_EQ(describe(listened.error()),
-              "cannot listen at \"" + place +
-                  "\"; give ADDRESS:PORT, such as 127.0.0.1:8631, [::1]:8631 or *:8631");
-  }
 }
 
 }  // namespace
