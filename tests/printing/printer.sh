@@ -40,7 +40,7 @@ startPrinter() {
     --device "${printerDevice:-file:$folder/printed/}" "$@" 2>>"$folder/printer.log" &
   printerProcess=$!
   for ((wait = 0; wait < 200; wait++)); do
-    if [ "$(grep -c ': ready$' "$folder/printer.log")" -ge "$(printf '%s\n' "$@" | grep -c '^[^-=][^=]*=')" ]; then
+    if [ "$(grep -c ': ready$' "$folder/printer.log")" -ge "$(printf '%s\n' "$@" | grep -c '^[^-=:][^=:]*=')" ]; then
       break
     fi
     kill -0 "$printerProcess" 2>/dev/null || break
