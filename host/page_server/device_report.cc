@@ -36,7 +36,7 @@ bool isNothing(const std::string& value) {
 
 // "[595 842]"
 Json sizeOf(const std::string& value) {
-  const std::size_t width = value.find_first_not_of("[ ");
+  const std::size_t width = value.find_first_of("-.0123456789");
   const std::size_t height = value.find_first_not_of(' ', value.find(' ', width));
   const auto numberAt = [&](std::size_t place) {
     return place < value.size() ? host::decimal(std::string_view(value).substr(place)) : 0;

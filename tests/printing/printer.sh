@@ -36,7 +36,8 @@ startPrinter() {
   shift
   mkdir -p "$folder/printed"
   : >"$folder/printer.log"
-  env LC_ALL="$callersLocale" "${asUser[@]}" "$build/bin/driver-feature-printer" --listen 127.0.0.1:0 --spool "$folder/spool" \
+  env LC_ALL="$callersLocale" "${asUser[@]}" "$build/bin/driver-feature-printer" \
+    --listen 127.0.0.1:0 --spool "$folder/spool" \
     --device "${printerDevice:-file:$folder/printed/}" "$@" 2>>"$folder/printer.log" &
   printerProcess=$!
   for ((wait = 0; wait < 200; wait++)); do
