@@ -1,6 +1,7 @@
 // Lists of so many options that they are found through an index: what is found is
 // what a search one by one would find.
 
+#include <deque>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -21,7 +22,7 @@ std::string nameOf(int number) {
 }
 
 // An option of a host's own class, which says another name than it holds.
-class HostOption : public DriverFeatureOption {
+class HostOption final : public DriverFeatureOption {
  public:
   using DriverFeatureOption::DriverFeatureOption;
   using DriverFeatureOption::getOptionProperty;
@@ -93,6 +94,15 @@ TEST_F(LongOptionListTest, OptionOfAHostAmongThem_IsAskedForItsName) {
   EXPECT_EQ(find("what it holds"), -1);
   EXPECT_EQ(find("after it"), kOptions + 1);
   EXPECT_EQ(find(nameOf(70)), 70);
+}
+
+TEST_F(LongOptionListTest, OptionsOfAHostAlone_AreAskedInEverySearch) {
+  DriverFeature& hosts = model_.feature("list of the host", 1);
+  std::deque<HostOption> options;
+  for (int i = 0; i < kOptions; ++i) {
+    hosts.addOptionToFeature(&options.emplace_back(std::string("what it holds")));
+  }
+  for (int i = 0; i < 2 * kOptions; ++i) EXPECT_EQ(hosts.fetchOptionIndexByName("of the host"), 0);
 }
 
 TEST_F(LongOptionListTest, AnotherProperty_TheFirstOptionThatHoldsItIsFound) {
