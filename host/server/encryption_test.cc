@@ -13,8 +13,10 @@
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "host/server/server.h"
+#include "host/server/server_fixture.h"
 #include "support/loopback_client.h"
 
 namespace driver_feature::host {
@@ -44,7 +46,7 @@ std::variant<Response, std::unique_ptr<BodyTaker>> mirror(const Request& request
                   request.path + (request.isEncrypted ? " encrypted" : " in the clear")};
 }
 
-class EncryptionTest : public ::testing::Test {
+class EncryptionTest : public ServingTest {
  protected:
   // Keys take long to make: one for all tests.
   static void SetUpTestSuite() {
@@ -64,24 +66,12 @@ class EncryptionTest : public ::testing::Test {
   void start(bool isRequired = false, Limits limits = {}) {
     auto loaded = TlsCredentials::load(*folder_ / "localhost.crt", *folder_ / "localhost.key");
     ASSERT_TRUE(loaded);
-    server_ = std::make_unique<Server>(loop_, limits, mirror);
-    server_->encrypt({*loaded, isRequired});
-    ASSERT_TRUE(server_->listen("127.0.0.1:0"));
-    const std::string place = server_->places().front();
-    port_ = std::stoi(place.substr(place.rfind(':') + 1));
-    thread_.emplace(loop_);
-  }
-
-  void TearDown() override {
-    thread_.reset();
-    server_.reset();
+    auto server = std::make_unique<Server>(loop_, limits, mirror);
+    server->encrypt({*loaded, isRequired});
+    serve(std::move(server));
   }
 
   static fs::path* folder_;
-  EventLoop loop_;
-  std::unique_ptr<Server> server_;
-  std::optional<test::LoopThread> thread_;
-  int port_ = 0;
 };
 
 fs::path* EncryptionTest::folder_ = nullptr;

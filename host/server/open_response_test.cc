@@ -6,10 +6,12 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "host/server/head_field.h"
 #include "host/server/server.h"
+#include "host/server/server_fixture.h"
 #include "support/loopback_client.h"
 
 namespace driver_feature::host {
@@ -21,18 +23,14 @@ constexpr int kMostWaits = 1000;
 const std::string kOwnHost = "Host: localhost\r\n";
 
 // "/open" stays open, "/more" sends a piece to those that are, "/end" ends them.
-class OpenResponseTest : public ::testing::Test {
+class OpenResponseTest : public ServingTest {
  protected:
   void start(const Limits& limits = {}, const Identity& identity = {}) {
-    server_ = std::make_unique<Server>(loop_, limits,
-                                       [this](const Request& request) { return handle(request); });
-    server_->introduceAs(identity);
-    ASSERT_TRUE(server_->listen("127.0.0.1:0"));
-    const std::string place = server_->places().front();
-    port_ = std::stoi(place.substr(place.rfind(':') + 1));
-    thread_ = std::make_unique<test::LoopThread>(loop_);
+    auto server = std::make_unique<Server>(
+        loop_, limits, [this](const Request& request) { return handle(request); });
+    server->introduceAs(identity);
+    serve(std::move(server));
   }
-  void TearDown() override { thread_.reset(); }
 
   std::variant<Response, std::unique_ptr<BodyTaker>> handle(const Request& request) {
     if (request.path == "/open") {
@@ -70,13 +68,9 @@ class OpenResponseTest : public ::testing::Test {
     return gone_ == count;
   }
 
-  EventLoop loop_;
-  std::unique_ptr<Server> server_;
-  std::unique_ptr<test::LoopThread> thread_;
   std::vector<RequestNumber> open_;
   std::string piece_ = "more\n";
   std::atomic<int> gone_ = 0;
-  int port_ = 0;
 };
 
 TEST_F(OpenResponseTest, Pieces_ArriveAsTheyAreSent_UntilTheEnd) {

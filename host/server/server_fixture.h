@@ -1,4 +1,4 @@
-// For tests: a server in a thread of its own that gives back what it is sent.
+// For tests: servers in threads of their own, and one that gives back what it is sent.
 #ifndef HOST_SERVER_SERVER_FIXTURE_H_
 #define HOST_SERVER_SERVER_FIXTURE_H_
 
@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "host/server/server.h"
 #include "support/loopback_client.h"
@@ -36,19 +37,12 @@ class EchoTaker final : public BodyTaker {
   std::string body_;
 };
 
-class ServerTest : public ::testing::Test {
+// A server in a thread of its own, which ends with the test.
+class ServingTest : public ::testing::Test {
  protected:
-  void start(Limits limits = {}) {
-    server_ = std::make_unique<Server>(
-        loop_, limits,
-        [this](const Request& request) -> std::variant<Response, std::unique_ptr<BodyTaker>> {
-          if (request.method == Method::kPost) return std::make_unique<EchoTaker>(&waiting_);
-          if (request.path == "/reply")
-            server_->reply(waiting_, {HTTP_STATUS_OK, "text/x", "late"});
-          if (request.path == "/long")
-            return Response{HTTP_STATUS_OK, "text/x", std::string(3000000, 'x')};
-          return Response{HTTP_STATUS_OK, "text/x", "page " + request.path};
-        });
+  // Begins to listen, at a port that is free.
+  void serve(std::unique_ptr<Server> server) {
+    server_ = std::move(server);
     ASSERT_TRUE(server_->listen("127.0.0.1:0"));
     const std::string place = server_->places().front();
     port_ = std::stoi(place.substr(place.rfind(':') + 1));
@@ -63,8 +57,25 @@ class ServerTest : public ::testing::Test {
   EventLoop loop_;
   std::unique_ptr<Server> server_;
   std::optional<test::LoopThread> thread_;
-  RequestNumber waiting_ = 0;
   int port_ = 0;
+};
+
+class ServerTest : public ServingTest {
+ protected:
+  void start(Limits limits = {}) {
+    serve(std::make_unique<Server>(
+        loop_, limits,
+        [this](const Request& request) -> std::variant<Response, std::unique_ptr<BodyTaker>> {
+          if (request.method == Method::kPost) return std::make_unique<EchoTaker>(&waiting_);
+          if (request.path == "/reply")
+            server_->reply(waiting_, {HTTP_STATUS_OK, "text/x", "late"});
+          if (request.path == "/long")
+            return Response{HTTP_STATUS_OK, "text/x", std::string(3000000, 'x')};
+          return Response{HTTP_STATUS_OK, "text/x", "page " + request.path};
+        }));
+  }
+
+  RequestNumber waiting_ = 0;
 };
 
 using Client = test::LoopbackClient;
