@@ -11,7 +11,7 @@ execute_process(
   WORKING_DIRECTORY "${FOLDER}"
   OUTPUT_VARIABLE listing
   RESULT_VARIABLE status)
-# Suites stand at the beginning of a line and end with a dot; tests are indented.
+# The line of a suite begins with its name and a dot; those of tests are indented.
 string(REGEX MATCHALL "(^|\n)[A-Za-z0-9_/]+\\." suites "${listing}")
 if(NOT status EQUAL 0 OR NOT suites)
   message(FATAL_ERROR "${PROGRAM} lists no tests: ${status}\n${listing}")

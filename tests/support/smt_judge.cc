@@ -156,8 +156,7 @@ std::string SmtJudge::conditionOf(const host::Condition& condition) const {
 std::vector<std::string> SmtJudge::disagreements(const std::string& z3,
                                                  const std::string& scriptFile) {
   std::ofstream(scriptFile) << script_;
-  const std::vector<std::string> answers =
-      linesOf("LC_ALL=C '" + z3 + "' '" + scriptFile + "' 2>&1");
+  const std::vector<std::string> answers = linesOf("'" + z3 + "' '" + scriptFile + "' 2>&1");
   std::vector<std::string> wrong;
   if (answers.size() != expected_.size()) {
     wrong.push_back(z3 + ": " + std::to_string(answers.size()) + " answers to " +
